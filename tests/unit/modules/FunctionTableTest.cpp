@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: Apache-2.0
+// Filling the tables from complete modules that the loader finds by bare name.
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstring>
+#include <iterator>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include "FunctionNames.h"
+#include "modules/SSTGFunc.h"
+#include "modules/STGFunc.h"
+#include "modules/Singleton.h"
+#include "modules/WTGFunc.h"
+
+namespace {
+
+struct Word {
+    using Table = WTGFunc;
+    static constexpr const char* kFile = "WordToGoModule.so";
+    static std::vector<std::string> names() { return {std::begin(kWordFunctions), std::end(kWordFunctions)}; }
+    static constexpr auto kStopFind = &WTGFunc::wtg_stop_find;
+};
+
+struct Sheet {
+    using Table = STGFunc;
+    static constexpr const char* kFile = "SheetToGoModule.so";
+    static std::vector<std::string> names() {
+        return {std::begin(kSheetFunctions), std::end(kSheetFunctions)};
+    }
+    static constexpr auto kStopFind = &STGFunc::stg_stop_find;
+};
+
+struct Slides {
+    using Table = SSTGFunc;
+    static constexpr const char* kFile = "SlideshowToGoModule.so";
+    static std::vector<std::string> names() {
+        return {std::begin(kSlideFunctions), std::end(kSlideFunctions)};
+    }
+    static constexpr auto kStopFind = &SSTGFunc::sstg_stop_find;
+};
+
+// The members in memory order.
+template<typename Table>
+std::vector<void*> addresses(const Table& table) {
+    std::vector<void*> members(sizeof(Table) / sizeof(void*));
+    std::memcpy(members.data(), &table, sizeof(Table));
+    return members;
+}
+
+std::string nameOf(void* address) {
+    Dl_info info{};
+    return dladdr(address, &info) != 0 && info.dli_sname != nullptr ? info.dli_sname : "";
+}
+
+bool isLoaded(const char* file) {
+    void* handle = dlopen(file, RTLD_LAZY | RTLD_NOLOAD);
+    if (handle == nullptr) {
+        return false;
+    }
+    dlclose(handle);
+    return true;
+}
+
+template<typename Kind>
+class FunctionTable : public testing::Test {};
+using Kinds = testing::Types<Word, Sheet, Slides>;
+TYPED_TEST_SUITE(FunctionTable, Kinds);
+
+TYPED_TEST(FunctionTable, IsAPlainRecordOfOnePointerForEachFunction) {
+    using Table = typename TypeParam::Table;
+    static_assert(std::is_standard_layout_v<Table> && std::is_trivially_destructible_v<Table>);
+    EXPECT_EQ(sizeof(Table), TypeParam::names().size() * sizeof(void*));
+}
+
+TYPED_TEST(FunctionTable, StartsOutNull) {
+    // On memory that is not, so that nulls must have been written.
+    alignas(typename TypeParam::Table) unsigned char memory[sizeof(typename TypeParam::Table)];
+    std::memset(memory, 0xA5, sizeof memory);
+    const auto* table = new (memory) typename TypeParam::Table();
+    const std::vector<void*> members = addresses(*table);
+    EXPECT_EQ(std::count(members.begin(), members.end(), nullptr), static_cast<ptrdiff_t>(members.size()));
+}
+
+TYPED_TEST(FunctionTable, HoldsInEachMemberTheFunctionOfItsPlace) {
+    typename TypeParam::Table table;
+    void* handle = table.SetFunctionPointers();
+    ASSERT_NE(handle, nullptr);
+    std::vector<std::string> found;
+    for (void* address : addresses(table)) {
+        found.push_back(nameOf(address));
+    }
+    EXPECT_EQ(found, TypeParam::names());
+    dlclose(handle);
+}
+
+TYPED_TEST(FunctionTable, FilledAgainKeepsItsAddressesAndTakesASecondReference) {
+    auto& table = Singleton<typename TypeParam::Table>::Instance();
+    ASSERT_FALSE(isLoaded(TypeParam::kFile));
+    void* first = table.SetFunctionPointers();
+    const std::vector<void*> before = addresses(table);
+    void* second = table.SetFunctionPointers();
+    EXPECT_EQ(second, first);
+    EXPECT_EQ(addresses(table), before);
+
+    dlclose(first);
+    EXPECT_TRUE(isLoaded(TypeParam::kFile));
+    EXPECT_EQ((table.*TypeParam::kStopFind)(nullptr), 0);
+    dlclose(second);
+    EXPECT_FALSE(isLoaded(TypeParam::kFile));
+    EXPECT_EQ(addresses(table), before); // stale, but never taken back
+}
+
+TYPED_TEST(FunctionTable, IsUsableAgainAfterItsModuleWasUnloaded) {
+    auto& table = Singleton<typename TypeParam::Table>::Instance();
+    dlclose(table.SetFunctionPointers());
+    void* handle = table.SetFunctionPointers();
+    EXPECT_EQ((table.*TypeParam::kStopFind)(&table), 1);
+    dlclose(handle);
+}
+
+TEST(SheetTable, KeepsTwoMembersOutOfAlphabeticalOrder) {
+    std::vector<std::string> names = Sheet::names();
+    EXPECT_EQ(names.size(), 43U);
+    EXPECT_EQ(names.back(), "stg_get_cell_reference_at_location");
+    names.pop_back();
+    const auto marks = std::find(names.begin(), names.end(), "stg_get_comment_marks_rects");
+    EXPECT_EQ(*std::next(marks), "stg_get_comment");
+    std::iter_swap(marks, std::next(marks));
+    EXPECT_TRUE(std::is_sorted(names.begin(), names.end()));
+}
+
+TEST(WordTable, HasThirtySixFunctionsInAlphabeticalOrder) {
+    const std::vector<std::string> names = Word::names();
+    EXPECT_EQ(names.size(), 36U);
+    EXPECT_TRUE(std::is_sorted(names.begin(), names.end()));
+}
+
+TEST(SlideTable, HasTwentyTwoFunctionsInAlphabeticalOrder) {
+    const std::vector<std::string> names = Slides::names();
+    EXPECT_EQ(names.size(), 22U);
+    EXPECT_TRUE(std::is_sorted(names.begin(), names.end()));
+}
+
+} // namespace
