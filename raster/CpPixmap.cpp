@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: Apache-2.0
+// Lifetime and the straight copies.
+#include "raster/CpPixmap.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+
+#include "raster/PixelKernels.h"
+
+namespace {
+
+// Pixels of an image; 0 where a side is empty.
+size_t pixelCount(const CpRect& bounds) {
+    return bounds.Empty() ? 0 : static_cast<size_t>(bounds.Width()) * static_cast<size_t>(bounds.Height());
+}
+
+// The image and, behind it, the furthest that the line fills reach: row
+// Height(), up to column Width() or Height().
+size_t allocatedCount(const CpRect& bounds) {
+    return pixelCount(bounds) + static_cast<size_t>(std::max(bounds.Width(), bounds.Height())) + 1;
+}
+
+uint32_t* allocatePixels(const CpRect& bounds) {
+    return bounds.Area() > 0 && pixelCount(bounds) == static_cast<size_t>(bounds.Area())
+               ? static_cast<uint32_t*>(std::calloc(allocatedCount(bounds), sizeof(uint32_t)))
+               : nullptr;
+}
+
+} // namespace
+
+void FillPixels(uint32_t* pixels, size_t count, uint32_t colour) {
+    pixelKernels().fill(pixels, count, colour);
+}
+
+CpPixmap::CpPixmap(int width, int height) : CpPixmap(CpRect(0, 0, width, height)) {}
+
+CpPixmap::CpPixmap(const CpRect& bounds)
+    : CpRect(bounds), mPixels(allocatePixels(bounds)), mOwnsPixels(true) {}
+
+CpPixmap::CpPixmap(uint32_t* pixels, int width, int height)
+    : CpRect(0, 0, width, height), mPixels(pixels), mOwnsPixels(false) {}
+
+CpPixmap::~CpPixmap() {
+    if (mOwnsPixels) {
+        std::free(mPixels);
+    }
+}
+
+size_t CpPixmap::reachablePixels() const {
+    if (mPixels == nullptr) {
+        return 0;
+    }
+    return mOwnsPixels ? allocatedCount(*this) : pixelCount(*this);
+}
+
+CpRect CpPixmap::readablePart(const CpRect& s) const {
+    CpRect r(s);
+    r.clip(Width(), Height());
+    if (mPixels == nullptr || r.Empty()) {
+        r.setEmpty();
+    }
+    return r;
+}
+
+void CpPixmap::copyRows(const CpRect& r, uint32_t* dst, ptrdiff_t dstStride) const {
+    if (r.Empty()) {
+        return;
+    }
+    const size_t width = static_cast<size_t>(r.Width());
+    const size_t height = static_cast<size_t>(r.Height());
+    const uint32_t* src = pixelAt(r.Left(), r.Top());
+    if (r.Width() == Width() && dstStride == Width()) {
+        std::memcpy(dst, src, width * height * sizeof(uint32_t));
+        return;
+    }
+    for (size_t row = 0; row < height; row++, src += Width(), dst += dstStride) {
+        std::memcpy(dst, src, width * sizeof(uint32_t));
+    }
+}
+
+void CpPixmap::CopyBits(const CpRect& s, uint32_t* dst) const {
+    const CpRect r = readablePart(s);
+    const ptrdiff_t rowsCut = ptrdiff_t{r.Top()} - s.Top();
+    const ptrdiff_t columnsCut = ptrdiff_t{r.Left()} - s.Left();
+    if (!r.Empty()) {
+        copyRows(r, dst + rowsCut * s.Width() + columnsCut, s.Width());
+    }
+}
+
+void CpPixmap::CopyBitsTo(const CpRect& s, uint32_t* dst, const CpRect& at, int dstStride) const {
+    const CpRect r = readablePart(s);
+    if (!r.Empty()) {
+        copyRows(r, dst + ptrdiff_t{at.Top()} * dstStride + at.Left(), dstStride);
+    }
+}
+
+void CpPixmap::CopyBitsFilling(const CpRect& s, uint32_t fill, uint32_t* dst, uint32_t* second) const {
+    if (s.Empty()) {
+        return;
+    }
+    const auto fillNext = [&](size_t count) {
+        FillPixels(dst, count, fill);
+        FillPixels(second, count, fill);
+        dst += count;
+        second += count;
+    };
+    const size_t width = static_cast<size_t>(s.Width());
+    const size_t height = static_cast<size_t>(s.Height());
+    const CpRect r = readablePart(s);
+    if (r.Empty()) {
+        fillNext(width * height);
+        return;
+    }
+    const size_t above = static_cast<size_t>(r.Top() - s.Top());
+    const size_t before = static_cast<size_t>(r.Left() - s.Left());
+    const size_t kept = static_cast<size_t>(r.Width());
+    const size_t keptRows = static_cast<size_t>(r.Height());
+    fillNext(above * width);
+    const uint32_t* src = pixelAt(r.Left(), r.Top());
+    for (size_t row = 0; row < keptRows; row++, src += Width()) {
+        fillNext(before);
+        std::memcpy(dst, src, kept * sizeof(uint32_t));
+        std::memcpy(second, src, kept * sizeof(uint32_t));
+        dst += kept;
+        second += kept;
+        fillNext(width - before - kept);
+    }
+    fillNext((height - above - keptRows) * width);
+}

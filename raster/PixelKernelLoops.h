@@ -1,0 +1,253 @@
+// SPDX-License-Identifier: Apache-2.0
+// The kernels, compiled once for each instruction set by the source files that
+// include this one. Everything is local to them, and no header with inline
+// functions is included: the linker must not pick a function that was compiled
+// for a processor which is not there.
+#pragma once
+
+#include "raster/PixelKernels.h"
+#ifdef __AVX2__
+#include <immintrin.h>
+#endif
+
+namespace {
+
+// As many pixels as a register holds.
+#ifdef __AVX2__
+constexpr size_t kLanes = 8;
+#else
+constexpr size_t kLanes = 4;
+#endif
+constexpr size_t kLineBytes = 64; // of the cache
+constexpr size_t kLinePixels = kLineBytes / sizeof(uint32_t);
+constexpr size_t kStripColumns = 32; // measured: up to 64 much the same
+
+typedef uint32_t Quad __attribute__((vector_size(16)));
+typedef uint32_t Lanes __attribute__((vector_size(4 * kLanes)));
+typedef uint16_t Halves __attribute__((vector_size(4 * kLanes)));
+// The same in memory, wherever pixels lie.
+typedef uint32_t QuadInMemory __attribute__((vector_size(16), aligned(4), may_alias));
+typedef uint32_t LanesInMemory __attribute__((vector_size(4 * kLanes), aligned(4), may_alias));
+
+inline size_t smaller(size_t a, size_t b) {
+    return a < b ? a : b;
+}
+
+// How far p is behind the last place where a register's worth of pixels starts
+// that lies in one cache line.
+inline size_t pixelsPastRegister(const uint32_t* p) {
+    return reinterpret_cast<uintptr_t>(p) / sizeof(uint32_t) % kLanes;
+}
+
+inline Lanes load(const uint32_t* p) {
+    return *reinterpret_cast<const LanesInMemory*>(p);
+}
+
+inline void store(uint32_t* p, Lanes v) {
+    *reinterpret_cast<LanesInMemory*>(p) = v;
+}
+
+void fill(uint32_t* dst, size_t count, uint32_t colour) {
+    const Lanes lanes = Lanes{} + colour;
+    size_t i = 0;
+    if (count >= kLanes) {
+        // From here on in whole registers that cross no line.
+        store(dst, lanes);
+        i = kLanes - pixelsPastRegister(dst);
+    }
+    for (; i + 4 * kLanes <= count; i += 4 * kLanes) {
+        store(dst + i, lanes);
+        store(dst + i + kLanes, lanes);
+        store(dst + i + 2 * kLanes, lanes);
+        store(dst + i + 3 * kLanes, lanes);
+    }
+    for (; i < count; i++) {
+        dst[i] = colour;
+    }
+}
+
+inline Lanes reversed(Lanes v) {
+#ifdef __AVX2__
+    return __builtin_shufflevector(v, v, 7, 6, 5, 4, 3, 2, 1, 0);
+#else
+    return __builtin_shufflevector(v, v, 3, 2, 1, 0);
+#endif
+}
+
+void reverse(const uint32_t* src, uint32_t* dst, size_t count) {
+    size_t left = count;
+    const auto reversePixels = [&](size_t until) {
+        while (left > until) {
+            dst[--left] = *src++;
+        }
+    };
+    // Down to where the registers that are stored cross no line.
+    reversePixels(left - smaller(left, pixelsPastRegister(dst + left)));
+    for (; left >= 2 * kLanes; left -= 2 * kLanes, src += 2 * kLanes) {
+        store(dst + left - kLanes, reversed(load(src)));
+        store(dst + left - 2 * kLanes, reversed(load(src + kLanes)));
+    }
+    reversePixels(0);
+}
+
+// A row's first four pixels and, in wider registers, those of the row four further on.
+inline Lanes loadQuads(const uint32_t* src, ptrdiff_t srcStep) {
+    const Quad low = *reinterpret_cast<const QuadInMemory*>(src);
+#ifdef __AVX2__
+    const Quad high = *reinterpret_cast<const QuadInMemory*>(src + 4 * srcStep);
+    return __builtin_shufflevector(low, high, 0, 1, 2, 3, 4, 5, 6, 7);
+#else
+    (void)srcStep;
+    return low;
+#endif
+}
+
+// The interleavings of two registers, quad by quad.
+#ifdef __AVX2__
+#define LECTERN_LOW_PIXELS(a, b) __builtin_shufflevector(a, b, 0, 8, 1, 9, 4, 12, 5, 13)
+#define LECTERN_HIGH_PIXELS(a, b) __builtin_shufflevector(a, b, 2, 10, 3, 11, 6, 14, 7, 15)
+#define LECTERN_LOW_PAIRS(a, b) __builtin_shufflevector(a, b, 0, 1, 8, 9, 4, 5, 12, 13)
+#define LECTERN_HIGH_PAIRS(a, b) __builtin_shufflevector(a, b, 2, 3, 10, 11, 6, 7, 14, 15)
+#else
+#define LECTERN_LOW_PIXELS(a, b) __builtin_shufflevector(a, b, 0, 4, 1, 5)
+#define LECTERN_HIGH_PIXELS(a, b) __builtin_shufflevector(a, b, 2, 6, 3, 7)
+#define LECTERN_LOW_PAIRS(a, b) __builtin_shufflevector(a, b, 0, 1, 4, 5)
+#define LECTERN_HIGH_PAIRS(a, b) __builtin_shufflevector(a, b, 2, 3, 6, 7)
+#endif
+
+// Four columns of kLanes rows.
+inline void transposeTile(const uint32_t* src, ptrdiff_t srcStep, uint32_t* dst, ptrdiff_t dstStep) {
+    const Lanes row0 = loadQuads(src, srcStep);
+    const Lanes row1 = loadQuads(src + srcStep, srcStep);
+    const Lanes row2 = loadQuads(src + 2 * srcStep, srcStep);
+    const Lanes row3 = loadQuads(src + 3 * srcStep, srcStep);
+    const Lanes low01 = LECTERN_LOW_PIXELS(row0, row1);
+    const Lanes high01 = LECTERN_HIGH_PIXELS(row0, row1);
+    const Lanes low23 = LECTERN_LOW_PIXELS(row2, row3);
+    const Lanes high23 = LECTERN_HIGH_PIXELS(row2, row3);
+    store(dst, LECTERN_LOW_PAIRS(low01, low23));
+    store(dst + dstStep, LECTERN_HIGH_PAIRS(low01, low23));
+    store(dst + 2 * dstStep, LECTERN_LOW_PAIRS(high01, high23));
+    store(dst + 3 * dstStep, LECTERN_HIGH_PAIRS(high01, high23));
+}
+
+#undef LECTERN_LOW_PIXELS
+#undef LECTERN_HIGH_PIXELS
+#undef LECTERN_LOW_PAIRS
+#undef LECTERN_HIGH_PAIRS
+
+void transposePlain(const uint32_t* src, ptrdiff_t srcStep, uint32_t* dst, ptrdiff_t dstStep, size_t columns,
+                    size_t rows) {
+    for (size_t c = 0; c < columns; c++, dst += dstStep) {
+        const uint32_t* from = src + c;
+        for (size_t r = 0; r < rows; r++, from += srcStep) {
+            dst[r] = *from;
+        }
+    }
+}
+
+// As many rows as fill a cache line of the destination, so that each line is
+// written once and whole.
+void transposeBand(const uint32_t* src, ptrdiff_t srcStep, uint32_t* dst, ptrdiff_t dstStep, size_t columns) {
+    size_t c = 0;
+    for (; c + 4 <= columns; c += 4, src += 4, dst += 4 * dstStep) {
+        const uint32_t* from = src;
+        for (size_t r = 0; r < kLinePixels; r += kLanes, from += static_cast<ptrdiff_t>(kLanes) * srcStep) {
+            transposeTile(from, srcStep, dst + r, dstStep);
+        }
+    }
+    transposePlain(src, srcStep, dst, dstStep, columns - c, kLinePixels);
+}
+
+// Strips of columns keep the destination's rows to as many as the processor has
+// page translations and cache lines at hand for.
+void transpose(const uint32_t* src, ptrdiff_t srcStep, uint32_t* dst, ptrdiff_t dstStep, size_t columns,
+               size_t rows) {
+    // Up to the first whole cache line of the destination.
+    const size_t past = reinterpret_cast<uintptr_t>(dst) % kLineBytes / sizeof(uint32_t);
+    const size_t peeled = smaller((kLinePixels - past) % kLinePixels, rows);
+    const size_t whole = (rows - peeled) / kLinePixels * kLinePixels;
+    for (size_t c = 0; c < columns; c += kStripColumns) {
+        const size_t width = smaller(kStripColumns, columns - c);
+        const uint32_t* from = src + c;
+        uint32_t* to = dst + static_cast<ptrdiff_t>(c) * dstStep;
+        transposePlain(from, srcStep, to, dstStep, width, peeled);
+        for (size_t r = peeled; r < peeled + whole; r += kLinePixels) {
+            transposeBand(from + static_cast<ptrdiff_t>(r) * srcStep, srcStep, to + r, dstStep, width);
+        }
+        const size_t done = peeled + whole;
+        transposePlain(from + static_cast<ptrdiff_t>(done) * srcStep, srcStep, to + done, dstStep, width,
+                       rows - done);
+    }
+}
+
+#ifdef __AVX2__
+// The pixels of src, eight or sixteen side by side, that eight rising offsets
+// below sixteen name.
+inline __m256i pickEight(const uint32_t* src, __m256i offsets, bool fromFirstEight) {
+    const auto* window = reinterpret_cast<const __m256i*>(src);
+    const __m256i low = _mm256_permutevar8x32_epi32(_mm256_loadu_si256(window), offsets);
+    if (fromFirstEight) {
+        return low;
+    }
+    const __m256i high = _mm256_permutevar8x32_epi32(_mm256_loadu_si256(window + 1), offsets);
+    return _mm256_blendv_epi8(low, high, _mm256_cmpgt_epi32(offsets, _mm256_set1_epi32(7)));
+}
+#endif
+
+void pick(const uint32_t* src, const int* columns, uint32_t* dst, size_t count) {
+    size_t i = 0;
+#ifdef __AVX2__
+    for (; i + 8 <= count; i += 8) {
+        const int base = columns[i];
+        const int span = columns[i + 7] - base;
+        if (span > 15 || base + 15 > columns[count - 1]) {
+            break;
+        }
+        const __m256i wanted = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(columns + i));
+        _mm256_storeu_si256(
+            reinterpret_cast<__m256i*>(dst + i),
+            pickEight(src + base, _mm256_sub_epi32(wanted, _mm256_set1_epi32(base)), span < 8));
+    }
+#endif
+    for (; i + 4 <= count; i += 4) {
+        dst[i] = src[columns[i]];
+        dst[i + 1] = src[columns[i + 1]];
+        dst[i + 2] = src[columns[i + 2]];
+        dst[i + 3] = src[columns[i + 3]];
+    }
+    for (; i < count; i++) {
+        dst[i] = src[columns[i]];
+    }
+}
+
+// A channel of the pixel weighs 255 - alpha, one of the colour alpha, and each
+// product loses its low eight bits on its own. The sums stay below 256, so the
+// channels of a pixel are added in one go.
+void blend(uint32_t* pixels, size_t count, uint32_t colour) {
+    const uint32_t alpha = colour >> 24;
+    const uint32_t keep = 255 - alpha;
+    const uint32_t share = (((colour & 0x00FF00FF) * alpha >> 8) & 0x00FF00FF) |
+                           (((colour & 0x0000FF00) * alpha >> 8) & 0x0000FF00);
+    // Blue and red are the low bytes of 16-bit lanes, green and alpha the high
+    // ones; times 256, the pixel's alpha comes back as it was.
+    const Halves keepLow = reinterpret_cast<Halves>(Lanes{} + (keep << 16 | keep));
+    const Halves keepHigh = reinterpret_cast<Halves>(Lanes{} + (256U << 16 | keep));
+    size_t i = 0;
+    for (; i + kLanes <= count; i += kLanes) {
+        const Lanes old = load(pixels + i);
+        const Halves low = (reinterpret_cast<Halves>(old & 0x00FF00FF) * keepLow) >> 8;
+        const Halves high = (reinterpret_cast<Halves>(old) >> 8) * keepHigh;
+        store(pixels + i,
+              (reinterpret_cast<Lanes>(low) | (reinterpret_cast<Lanes>(high) & 0xFF00FF00)) + share);
+    }
+    for (; i < count; i++) {
+        const uint32_t old = pixels[i];
+        pixels[i] = (((old & 0x00FF00FF) * keep >> 8) & 0x00FF00FF) +
+                    (((old & 0x0000FF00) * keep >> 8) & 0x0000FF00) + (old & 0xFF000000) + share;
+    }
+}
+
+constexpr PixelKernels kKernels = {fill, reverse, transpose, pick, blend};
+
+} // namespace

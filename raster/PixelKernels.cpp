@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "raster/PixelKernels.h"
+
+#if defined(__x86_64__) || defined(__i386__)
+const PixelKernels& pixelKernels() {
+    static const PixelKernels& fastest = __builtin_cpu_supports("avx2") ? kAvx2Kernels : kBaselineKernels;
+    return fastest;
+}
+#else
+const PixelKernels& pixelKernels() {
+    return kBaselineKernels;
+}
+#endif

@@ -1,0 +1,298 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <climits>
+#include <numeric>
+#include <type_traits>
+
+#include "raster/CpPixmap.h"
+
+namespace {
+
+constexpr uint32_t kUntouched = 0xDEADBEEF;
+
+// A pixmap whose pixels are their own indices.
+class Numbered : public CpPixmap {
+public:
+    Numbered(int width, int height) : CpPixmap(width, height) { std::iota(Pixels(), Pixels() + Area(), 0U); }
+};
+
+using Pixels = std::vector<uint32_t>;
+
+TEST(Pixmap, HasNoSecondOwner) {
+    static_assert(!std::is_copy_constructible_v<CpPixmap> && !std::is_copy_assignable_v<CpPixmap>);
+    static_assert(!std::is_move_constructible_v<CpPixmap> && !std::is_move_assignable_v<CpPixmap>);
+}
+
+TEST(Pixmap, OwnsClearedPixelsOfItsSize) {
+    const CpPixmap pixmap(30, 20);
+    ASSERT_NE(pixmap.Pixels(), nullptr);
+    EXPECT_EQ(Pixels(pixmap.Pixels(), pixmap.Pixels() + 600), Pixels(600, 0));
+    EXPECT_EQ(pixmap.Left(), 0);
+    EXPECT_EQ(pixmap.Top(), 0);
+    EXPECT_EQ(CpPixmap::depth(), 4);
+    EXPECT_EQ(pixmap.pixelsperline(), 120);
+}
+
+TEST(Pixmap, KeepsThePlaceOfItsRectangle) {
+    const CpPixmap pixmap(CpRect(-7, 100, 3, 104));
+    ASSERT_NE(pixmap.Pixels(), nullptr);
+    EXPECT_EQ(pixmap.Left(), -7);
+    EXPECT_EQ(pixmap.Top(), 100);
+    EXPECT_EQ(pixmap.Width(), 10);
+    EXPECT_EQ(pixmap.Height(), 4);
+}
+
+TEST(Pixmap, WithoutASizeHasNoPixels) {
+    EXPECT_EQ(CpPixmap(0, 10).Pixels(), nullptr);
+    EXPECT_EQ(CpPixmap(10, 0).Pixels(), nullptr);
+    EXPECT_EQ(CpPixmap(-1, 10).Pixels(), nullptr);
+    EXPECT_EQ(CpPixmap(-10, -10).Pixels(), nullptr);
+    EXPECT_EQ(CpPixmap(CpRect(5, 5, 5, 9)).Pixels(), nullptr);
+}
+
+TEST(Pixmap, WithASizeBeyondIntHasNoPixels) {
+    EXPECT_EQ(CpPixmap(65536, 65536).Pixels(), nullptr); // wraps to 0
+    EXPECT_EQ(CpPixmap(65536, 65537).Pixels(), nullptr); // wraps to 65536
+    EXPECT_EQ(CpPixmap(INT_MAX, INT_MAX).Pixels(), nullptr);
+    EXPECT_EQ(CpPixmap(CpRect(INT_MIN, INT_MIN, INT_MAX, INT_MAX)).Pixels(), nullptr);
+}
+
+TEST(Pixmap, NeverFreesWhatItWraps) {
+    uint32_t pixels[6] = {1, 2, 3, 4, 5, 6};
+    {
+        CpPixmap pixmap(pixels, 3, 2);
+        EXPECT_EQ(pixmap.Pixels(), pixels);
+        pixmap.Pixels()[4] = 50;
+    }
+    EXPECT_EQ(pixels[4], 50U);
+    EXPECT_EQ(pixels[5], 6U);
+}
+
+TEST(Pixmap, PrintsItsBounds) {
+    testing::internal::CaptureStdout();
+    CpPixmap(CpRect(3, 4, 13, 24)).Print("surface");
+    std::fflush(stdout);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "surface: (3, 4) 10 x 20\n");
+}
+
+TEST(Pixmap, StoresBlueFirstAndAlphaLast) {
+    CpPixmap pixmap(1, 1);
+    pixmap.Pixels()[0] = 0xAA112233;
+    const auto* bytes = reinterpret_cast<const unsigned char*>(pixmap.Pixels());
+    EXPECT_EQ(bytes[0], 0x33);
+    EXPECT_EQ(bytes[1], 0x22);
+    EXPECT_EQ(bytes[2], 0x11);
+    EXPECT_EQ(bytes[3], 0xAA);
+}
+
+TEST(CopyBits, PutsTheOverlapWhereTheWholeRectangleWouldHaveIt) {
+    const Numbered pixmap(2, 2);
+    Pixels dst(16, kUntouched);
+    pixmap.CopyBits(CpRect(-1, -1, 3, 3), dst.data());
+    const uint32_t u = kUntouched;
+    EXPECT_EQ(dst, (Pixels{u, u, u, u, u, 0, 1, u, u, 2, 3, u, u, u, u, u}));
+}
+
+TEST(CopyBits, CountsSourceRowsFromThePixmapsOwnCorner) {
+    CpPixmap pixmap(CpRect(100, 100, 102, 102));
+    std::iota(pixmap.Pixels(), pixmap.Pixels() + 4, 10U);
+    Pixels dst(2, kUntouched);
+    pixmap.CopyBits(CpRect(0, 1, 2, 2), dst.data());
+    EXPECT_EQ(dst, (Pixels{12, 13}));
+}
+
+TEST(CopyBits, OfARectangleThatGoesOnForEverStopsAtThePixmap) {
+    const Numbered pixmap(2, 3);
+    Pixels dst(8, kUntouched);
+    pixmap.CopyBits(CpRect(0, 1, 2, INT_MAX), dst.data());
+    const uint32_t u = kUntouched;
+    EXPECT_EQ(dst, (Pixels{2, 3, 4, 5, u, u, u, u}));
+}
+
+TEST(CopyBitsTo, StartsAtThePlacesCornerWithTheFirstKeptPixel) {
+    const Numbered pixmap(2, 2);
+    Pixels dst(20, kUntouched);
+    pixmap.CopyBitsTo(CpRect(-3, -3, 2, 2), dst.data(), CpRect(1, 2, 0, 0), 5);
+    const uint32_t u = kUntouched;
+    EXPECT_EQ(dst, (Pixels{u, u, u, u, u, u, u, u, u, u, u, 0, 1, u, u, u, 2, 3, u, u}));
+}
+
+// 0 1 2
+// 3 4 5
+TEST(CopyBitsRotatedLeft, LeavesTheFirstRowAndEndsOneBeyondTheImage) {
+    const Numbered pixmap(3, 2);
+    Pixels dst(9, kUntouched);
+    pixmap.CopyBitsRotatedLeft(CpRect(0, 0, 3, 2), dst.data());
+    const uint32_t u = kUntouched;
+    EXPECT_EQ(dst, (Pixels{u, u, 2, 5, 1, 4, 0, 3, u}));
+}
+
+TEST(CopyBitsRotatedRight, StartsAtColumnWidthOfRowsAsLongAsTheHeight) {
+    const Numbered pixmap(3, 2);
+    Pixels dst(9, kUntouched);
+    pixmap.CopyBitsRotatedRight(CpRect(0, 0, 3, 2), dst.data());
+    const uint32_t u = kUntouched;
+    EXPECT_EQ(dst, (Pixels{u, u, 3, 0, 4, 1, 5, 2, u}));
+}
+
+TEST(CopyBitsRotated180, LandsOneRowAndOnePixelBeyondTheMirrorPosition) {
+    const Numbered pixmap(3, 2);
+    Pixels dst(11, kUntouched);
+    pixmap.CopyBitsRotated180(CpRect(0, 0, 3, 2), dst.data());
+    const uint32_t u = kUntouched;
+    EXPECT_EQ(dst, (Pixels{u, u, u, u, 5, 4, 3, 2, 1, 0, u}));
+}
+
+TEST(ScaleCopyToFit, ToHalfTheSizeTakesEverySecondPixel) {
+    const Numbered pixmap(100, 100);
+    Pixels dst(2500, kUntouched);
+    pixmap.ScaleCopyToFit(pixmap, dst.data(), CpRect(0, 0, 50, 50), 50, 50);
+    for (uint32_t y = 0; y < 50; y++) {
+        for (uint32_t x = 0; x < 50; x++) {
+            ASSERT_EQ(dst[50 * y + x], 200 * y + 2 * x);
+        }
+    }
+}
+
+TEST(ScaleCopyToFit, WithAnEmptyTargetDoesNothing) {
+    const Numbered pixmap(4, 4);
+    Pixels dst(16, kUntouched);
+    pixmap.ScaleCopyToFit(pixmap, dst.data(), CpRect(0, 0, 0, 4), 4, 4);
+    pixmap.ScaleCopyToFit(pixmap, dst.data(), CpRect(0, 0, 4, 0), 4, 4);
+    pixmap.ScaleCopyToFit(pixmap, dst.data(), CpRect(4, 4, 0, 0), 4, 4);
+    pixmap.ScaleCopyToFit(pixmap, dst.data(), CpRect(0, 0, 4, 4), 0, 4);
+    pixmap.ScaleCopyToFit(pixmap, dst.data(), CpRect(0, 0, 4, 4), 4, -1);
+    EXPECT_EQ(dst, Pixels(16, kUntouched));
+}
+
+TEST(ScaleCopyToFit, OfASourceOutsideThePixmapReadsNothingOutside) {
+    const Numbered pixmap(4, 4);
+    for (const CpRect& src : {CpRect(50, 50, 60, 60), CpRect(-60, -60, -50, -50), CpRect(0, 50, 4, 60),
+                              CpRect(INT_MAX, INT_MAX, INT_MIN, INT_MIN), CpRect(3, 3, 1, 1)}) {
+        Pixels dst(64, kUntouched);
+        pixmap.ScaleCopyToFit(src, dst.data(), CpRect(0, 0, 8, 8), 8, 8);
+        for (const uint32_t pixel : dst) {
+            EXPECT_TRUE(pixel == kUntouched || pixel < 16) << pixel;
+        }
+    }
+}
+
+// 3 pixels drawn 3017 wide: in single precision the running sum passes the
+// source's right edge, and on the last row there is nothing behind it.
+TEST(ScaleCopyToFit, StopsAtTheLastPixelWhenTheSumPassesTheEdge) {
+    const Numbered pixmap(16673, 1);
+    Pixels dst(3017, kUntouched);
+    pixmap.ScaleCopyToFit(CpRect(16670, 0, 16673, 1), dst.data(), CpRect(0, 0, 3017, 1), 3017, 1);
+    EXPECT_EQ(dst.front(), 16670U);
+    EXPECT_EQ(dst.back(), kUntouched);
+}
+
+TEST(ScaleCopyToFit, OfARowThatSticksOutGoesOnInTheNextOne) {
+    const Numbered pixmap(4, 2);
+    Pixels dst(8, kUntouched);
+    pixmap.ScaleCopyToFit(pixmap, dst.data(), CpRect(2, 0, 6, 2), 4, 2);
+    const uint32_t u = kUntouched;
+    EXPECT_EQ(dst, (Pixels{u, u, 0, 1, 2, 3, 4, 5}));
+}
+
+TEST(ScaleCopyToFit, ToATargetFarBeyondTheImageFillsTheImage) {
+    const Numbered pixmap(4, 2);
+    Pixels dst(50, kUntouched);
+    pixmap.ScaleCopyToFit(pixmap, dst.data(), CpRect(0, 0, 1 << 20, 1 << 20), 10, 5);
+    EXPECT_EQ(dst, Pixels(50, 0));
+    dst.assign(50, kUntouched);
+    pixmap.ScaleCopyToFit(pixmap, dst.data(), CpRect(-(1 << 19), -(1 << 19), 1 << 19, 1 << 19), 10, 5);
+    // Of each row the first pixels of the target come to rest in the image: the
+    // last row that has them there wins.
+    EXPECT_EQ(std::count(dst.begin(), dst.end(), kUntouched), 0);
+}
+
+TEST(ScaleCopyToFit, ToATargetOfMillionsOfPixelsASideDoesNothing) {
+    const Numbered pixmap(4, 2);
+    Pixels dst(50, kUntouched);
+    pixmap.ScaleCopyToFit(pixmap, dst.data(), CpRect(0, 0, INT_MAX, 5), 10, 5);
+    pixmap.ScaleCopyToFit(pixmap, dst.data(), CpRect(INT_MIN, INT_MIN, INT_MAX, INT_MAX), 10, 5);
+    EXPECT_EQ(dst, Pixels(50, kUntouched));
+}
+
+TEST(ScaleCopyToFit, ToATargetAsideOfTheImageDoesNothing) {
+    const Numbered pixmap(4, 2);
+    Pixels dst(50, kUntouched);
+    for (const CpRect& aside : {CpRect(0, 5, 10, 9), CpRect(0, -4, 10, 0), CpRect(0, INT_MAX - 4, 4, INT_MAX),
+                                CpRect(INT_MIN, 0, INT_MIN + 4, 4), CpRect(0, INT_MIN, 4, INT_MIN + 4)}) {
+        pixmap.ScaleCopyToFit(pixmap, dst.data(), aside, 10, 5);
+    }
+    EXPECT_EQ(dst, Pixels(50, kUntouched));
+}
+
+TEST(CopyBitsFilling, SurroundsTheDocumentAndGivesBothTheSamePicture) {
+    const Numbered pixmap(2, 2);
+    Pixels frame(17, kUntouched);
+    Pixels last(17, kUntouched);
+    pixmap.CopyBitsFilling(CpRect(-1, -1, 3, 3), 9, frame.data(), last.data());
+    EXPECT_EQ(frame, (Pixels{9, 9, 9, 9, 9, 0, 1, 9, 9, 2, 3, 9, 9, 9, 9, 9, kUntouched}));
+    EXPECT_EQ(last, frame);
+}
+
+TEST(CopyBitsFilling, OfARectangleOutsideOnlyFills) {
+    const Numbered pixmap(2, 2);
+    Pixels frame(5, kUntouched);
+    Pixels last(5, kUntouched);
+    pixmap.CopyBitsFilling(CpRect(2, 0, 4, 2), 9, frame.data(), last.data());
+    EXPECT_EQ(frame, (Pixels{9, 9, 9, 9, kUntouched}));
+    EXPECT_EQ(last, frame);
+}
+
+class NoPixels : public testing::TestWithParam<CpRect> {};
+
+TEST_P(NoPixels, LeaveEveryDestinationAlone) {
+    const CpPixmap owning(0, 10);
+    const CpPixmap wrapping(nullptr, 10, 10);
+    const CpRect s = GetParam();
+    for (const CpPixmap* pixmap : {&owning, &wrapping}) {
+        Pixels dst(4, kUntouched);
+        pixmap->CopyBits(s, dst.data());
+        pixmap->CopyBitsTo(s, dst.data(), s, 2);
+        pixmap->CopyBitsRotatedLeft(s, dst.data());
+        pixmap->CopyBitsRotatedRight(s, dst.data());
+        pixmap->CopyBitsRotated180(s, dst.data());
+        pixmap->ScaleCopyToFit(s, dst.data(), CpRect(0, 0, 2, 2), 2, 2);
+        EXPECT_EQ(dst, Pixels(4, kUntouched));
+    }
+}
+
+TEST_P(NoPixels, TakeEveryFill) {
+    CpPixmap owning(0, 10);
+    CpPixmap inverted(-5, -5);
+    CpPixmap wrapping(nullptr, 10, 10);
+    for (CpPixmap* pixmap : {&owning, &inverted, &wrapping}) {
+        CpRect r = GetParam();
+        EXPECT_EQ(pixmap->DrawAlphaRectOnPix(r, 0x80FFFFFF), 0);
+        EXPECT_EQ(pixmap->DrawAlphaTriOnPix(0, 0, 5, 0x80FFFFFF), 0);
+        EXPECT_EQ(pixmap->DrawVerticalAlphaLine(0, 0, 10, 0x80FFFFFF), 0);
+        EXPECT_EQ(pixmap->DrawHorizontalAlphaLine(0, 0, 10, 0x80FFFFFF), 0);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Whichever, NoPixels,
+                         testing::Values(CpRect(0, 0, 2, 2), CpRect(), CpRect(2, 2, 0, 0),
+                                         CpRect(INT_MIN, INT_MIN, INT_MAX, INT_MAX)));
+
+// Rectangles that keep nothing must not move the destination pointer either.
+TEST(Copies, OfNothingWriteNothing) {
+    const Numbered pixmap(4, 4);
+    for (const CpRect& s : {CpRect(), CpRect(3, 3, 1, 1), CpRect(4, 0, 9, 4), CpRect(-9, 0, 0, 4),
+                            CpRect(INT_MAX, 0, INT_MIN, 4), CpRect(INT_MIN, INT_MIN, 0, 0)}) {
+        Pixels dst(1, kUntouched);
+        pixmap.CopyBits(s, dst.data());
+        pixmap.CopyBitsTo(s, dst.data(), CpRect(INT_MAX, INT_MAX, 0, 0), INT_MAX);
+        pixmap.CopyBitsRotatedLeft(s, dst.data());
+        pixmap.CopyBitsRotatedRight(s, dst.data());
+        pixmap.CopyBitsRotated180(s, dst.data());
+        EXPECT_EQ(dst[0], kUntouched);
+    }
+}
+
+} // namespace

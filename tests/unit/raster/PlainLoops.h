@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: Apache-2.0
+// The raster operations as one loop over rows and one over columns, straight
+// from their definitions: what the tests compare with and the benchmark
+// measures against.
+#pragma once
+
+#include <cstdint>
+
+#include "raster/CpRect.h"
+
+namespace plain {
+
+struct Image {
+    const uint32_t* pixels;
+    int width;
+    int height;
+};
+
+// `reachable` pixels from the first one may be changed; others are passed over.
+struct Canvas {
+    uint32_t* pixels;
+    int width;
+    int height;
+    long long reachable;
+};
+
+void copyBits(const Image& image, const CpRect& s, uint32_t* dst);
+void copyBitsTo(const Image& image, const CpRect& s, uint32_t* dst, const CpRect& at, int dstStride);
+void turnLeft(const Image& image, const CpRect& s, uint32_t* dst);
+void turnRight(const Image& image, const CpRect& s, uint32_t* dst);
+void turnAround(const Image& image, const CpRect& s, uint32_t* dst);
+void scaleToFit(const Image& image, const CpRect& src, uint32_t* dst, const CpRect& dstRect, int dstWidth,
+                int dstHeight);
+// Erases dst, copies s to it and then the whole of it to second.
+void paint(const Image& image, const CpRect& s, uint32_t fill, uint32_t* dst, uint32_t* second);
+
+uint32_t blended(uint32_t old, uint32_t colour);
+void alphaRect(const Canvas& canvas, CpRect& r, uint32_t colour);
+void alphaTriangle(const Canvas& canvas, int x, int y, int size, uint32_t colour);
+void verticalLine(const Canvas& canvas, int x, int y0, int y1, uint32_t colour);
+void horizontalLine(const Canvas& canvas, int y, int x0, int x1, uint32_t colour);
+
+} // namespace plain
