@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "hub/BusConnection.h"
+
+#include "hub/Errors.h"
+
+#include <string>
+#include <string_view>
+
+namespace hub {
+namespace {
+
+// Flags and answers of RequestName, as the D-Bus specification numbers them.
+constexpr guint32 kDoNotQueue = 4;
+constexpr guint32 kPrimaryOwner = 1;
+
+// The bus that activates a process tells it so in its environment; a process
+// started otherwise, by a service manager for one, belongs to the session.
+GBusType busType() {
+    const char* starter = g_getenv("DBUS_STARTER_BUS_TYPE");
+    return starter != nullptr && std::string_view(starter) == "system" ? G_BUS_TYPE_SYSTEM
+                                                                       : G_BUS_TYPE_SESSION;
+}
+
+TextPtr busAddress(GError** cause) {
+    if (const char* starter = g_getenv("DBUS_STARTER_ADDRESS"))
+        return TextPtr(g_strdup(starter));
+    return TextPtr(g_dbus_address_get_for_bus_sync(busType(), nullptr, cause));
+}
+
+// Calls the bus itself. parameters is floating and taken over; null on failure.
+VariantPtr callBus(GDBusConnection* connection, const char* method, GVariant* parameters,
+                   const GVariantType* replyType, const std::string& action, HubError* error) {
+    GError* cause = nullptr;
+    VariantPtr reply(g_dbus_connection_call_sync(connection, "org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                                 "org.freedesktop.DBus", method, parameters, replyType,
+                                                 G_DBUS_CALL_FLAGS_NONE, -1, nullptr, &cause));
+    if (!reply) {
+        const ErrorPtr owned(cause);
+        failFromBus(error, action, cause);
+    }
+    return reply;
+}
+
+bool failTaken(HubError* error, const char* name) {
+    return fail(error, HUB_ERROR_NAME_TAKEN, std::string("the name ") + name + " has an owner already");
+}
+
+} // namespace
+
+ObjectPtr<GDBusConnection> connectToBus(HubError* error) {
+    constexpr auto flags = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                                                             G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
+    GError* cause = nullptr;
+    ObjectPtr<GDBusConnection> connection;
+    if (const TextPtr address = busAddress(&cause)) {
+        connection.reset(
+            g_dbus_connection_new_for_address_sync(address.get(), flags, nullptr, nullptr, &cause));
+    }
+    if (!connection) {
+        const ErrorPtr owned(cause);
+        failFromBus(error, "can't connect to the bus", cause);
+        return nullptr;
+    }
+    g_dbus_connection_set_exit_on_close(connection.get(), FALSE);
+    return connection;
+}
+
+bool checkNameIsFree(GDBusConnection* connection, const char* name, HubError* error) {
+    const VariantPtr reply =
+        callBus(connection, "NameHasOwner", g_variant_new("(s)", name), G_VARIANT_TYPE("(b)"),
+                std::string("can't look up the name ") + name, error);
+    if (!reply)
+        return false;
+    gboolean owned = FALSE;
+    g_variant_get(reply.get(), "(b)", &owned);
+    return owned == FALSE || failTaken(error, name);
+}
+
+bool takeName(GDBusConnection* connection, const char* name, HubError* error) {
+    const VariantPtr reply =
+        callBus(connection, "RequestName", g_variant_new("(su)", name, kDoNotQueue), G_VARIANT_TYPE("(u)"),
+                std::string("can't take the name ") + name, error);
+    if (!reply)
+        return false;
+    guint32 answer = 0;
+    g_variant_get(reply.get(), "(u)", &answer);
+    return answer == kPrimaryOwner || failTaken(error, name);
+}
+
+} // namespace hub

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: Apache-2.0
+// A registered service and its categories.
+#pragma once
+
+#include "hub/GLibHolders.h"
+#include "hub/Introspection.h"
+#include "hub/hubservice.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace hub {
+
+// One exported object with its one interface.
+struct Category {
+    Category(HubHandle* owner, const HubMethod* table, std::string interfaceName)
+        : handle(owner), methods(table), interface(std::move(interfaceName), table) {}
+
+    HubHandle* handle;
+    const HubMethod* methods;
+    InterfaceDescription interface;
+};
+
+} // namespace hub
+
+// Made by HubRegister and never destroyed: GDBus calls into its categories as
+// long as the connection lives, which is as long as the process.
+struct HubHandle {
+    HubHandle(const char* serviceName, hub::ObjectPtr<GDBusConnection> bus)
+        : name(serviceName), connection(std::move(bus)), context(g_main_context_ref_thread_default()) {}
+
+    std::string name;
+    hub::ObjectPtr<GDBusConnection> connection;
+    hub::ContextPtr context; // where GDBus delivers the calls
+    std::vector<std::unique_ptr<hub::Category>> categories;
+    bool attached = false;
+};

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: Apache-2.0
+// A caller of services, on a connection of its own.
+#pragma once
+
+#include "hub/GLibHolders.h"
+
+#include <functional>
+#include <iosfwd>
+#include <optional>
+#include <string>
+
+// Runs the default main context until the condition, which the context's
+// sources make true, holds; false when it does not within ten seconds.
+bool runUntil(const std::function<bool()>& condition);
+
+// What came back from a call: the text (of another type than string, its
+// printed form), or the name of a D-Bus error and the error's text.
+struct Answer {
+    std::string error;
+    std::string text;
+
+    bool operator==(const Answer&) const = default;
+};
+std::ostream& operator<<(std::ostream& stream, const Answer& answer);
+
+// A call on its way. Stays where it is until it is answered.
+class PendingCall {
+public:
+    PendingCall(GDBusConnection* connection, const char* service, const char* path, const char* interface,
+                const char* method, GVariant* parameters);
+    PendingCall(const PendingCall&) = delete;
+    PendingCall& operator=(const PendingCall&) = delete;
+    ~PendingCall();
+
+    bool isAnswered() const { return mAnswer.has_value(); }
+    // Runs the default main context until the answer is there.
+    Answer wait();
+
+private:
+    static void finish(GObject* connection, GAsyncResult* result, gpointer self);
+
+    hub::ObjectPtr<GCancellable> mCancellable{g_cancellable_new()};
+    std::optional<Answer> mAnswer;
+};
+
+class BusClient {
+public:
+    // The connection is null when the bus can't be reached.
+    explicit BusClient(const std::string& address);
+
+    GDBusConnection* connection() const { return mConnection.get(); }
+
+    // parameters is a floating tuple, taken over.
+    Answer call(const char* service, const char* path, const char* interface, const char* method,
+                GVariant* parameters) const;
+    // Makes this client the owner of a name.
+    bool own(const char* name) const;
+    // Runs the default main context until the name has no owner.
+    bool waitUntilUnowned(const char* name) const;
+    // The process that owns a name.
+    std::optional<pid_t> processOf(const char* name) const;
+
+private:
+    hub::ObjectPtr<GDBusConnection> mConnection;
+};

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: Apache-2.0
+// A service in the test's own process, on a private bus.
+#pragma once
+
+#include "hub/hubservice.h"
+#include "tests/unit/hub/BusClient.h"
+#include "tests/unit/hub/PrivateBus.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+inline constexpr const char* kService = "com.kestrel.hubtest";
+inline constexpr const char* kNoReply = "org.freedesktop.DBus.Error.NoReply";
+inline constexpr const char* kUnknownMethod = "org.freedesktop.DBus.Error.UnknownMethod";
+
+// A HubError that releases itself.
+class ErrorHolder {
+public:
+    ErrorHolder() { HubErrorInit(&mError); }
+    ~ErrorHolder() { HubErrorFree(&mError); }
+    ErrorHolder(const ErrorHolder&) = delete;
+    ErrorHolder& operator=(const ErrorHolder&) = delete;
+
+    HubError* get() { return &mError; }
+    int code() const { return mError.code; }
+    std::string text() const { return mError.message != nullptr ? mError.message : ""; }
+
+private:
+    HubError mError{};
+};
+
+// What the handlers of the running test saw, and what "raw" is to reply.
+// Handlers get no data of their own, hence the one global record.
+struct Record {
+    std::vector<std::string> payloads;
+    std::string rawReply;
+    std::vector<int> replyCodes; // HubError codes, 0 for a reply that was sent
+};
+extern Record gRecord;
+
+// "echo", "silent", "refuse", "raw", "twice", "replyAndRefuse", "badReplies"
+extern const HubMethod kEventMethods[];
+// "echo"
+extern const HubMethod kCommonMethods[];
+
+class HubFixture : public testing::Test {
+protected:
+    HubFixture();
+    ~HubFixture() override;
+
+    void SetUp() override;
+
+    // Registers the service with "/events" and "/common".
+    void registerService();
+    // registerService, and the name is taken.
+    void attachService();
+
+    Answer call(const char* method, const std::string& payload) const;
+
+    PrivateBus mBus;
+    BusClient mClient;
+    GMainLoop* mLoop;
+    HubHandle* mHandle = nullptr;
+    ErrorHolder mError;
+};
