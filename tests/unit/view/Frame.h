@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: Apache-2.0
+// A client's frame buffer with room before and behind it, where turned paints
+// may write and everything else must not.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <vector>
+
+class Frame {
+public:
+    static constexpr unsigned int untouched = 0xDEADBEEFU;
+
+    Frame(int width, int height)
+        : mSlack(static_cast<size_t>(width + height) * 4), mSize(static_cast<size_t>(width) * height),
+          mMemory(2 * mSlack + mSize, untouched) {}
+
+    unsigned int* pixels() { return mMemory.data() + mSlack; }
+    unsigned int& operator[](long index) { return pixels()[index]; }
+    size_t size() const { return mSize; }
+    void fill(unsigned int colour) { std::fill_n(pixels(), mSize, colour); }
+    // Frame and slack alike.
+    bool operator==(const Frame& other) const { return mMemory == other.mMemory; }
+    bool isUntouched() const {
+        return std::all_of(mMemory.begin(), mMemory.end(), [](unsigned int p) { return p == untouched; });
+    }
+    bool slackIsUntouched() const {
+        const auto same = [](unsigned int p) { return p == untouched; };
+        return std::all_of(mMemory.begin(), mMemory.begin() + static_cast<long>(mSlack), same) &&
+               std::all_of(mMemory.end() - static_cast<long>(mSlack), mMemory.end(), same);
+    }
+
+private:
+    size_t mSlack;
+    size_t mSize;
+    std::vector<unsigned int> mMemory;
+};

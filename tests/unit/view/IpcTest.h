@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: Apache-2.0
+// Tests that make segments and queues, each in an IPC namespace that is as
+// fresh as after boot.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <sched.h>
+#include <sys/ipc.h>
+#include <sys/shm.h>
+
+class IpcTest : public testing::Test {
+protected:
+    void SetUp() override { ASSERT_EQ(unshare(CLONE_NEWIPC), 0); }
+
+    static int segmentsInUse() {
+        shm_info info{};
+        shmctl(0, SHM_INFO, reinterpret_cast<shmid_ds*>(&info));
+        return info.used_ids;
+    }
+    // What the segment's status says; an empty one when there is no segment.
+    static shmid_ds segmentStatus(unsigned int id) {
+        shmid_ds status{};
+        return shmctl(static_cast<int>(id), IPC_STAT, &status) == 0 ? status : shmid_ds{};
+    }
+    static unsigned int makeSegment(size_t size, int mode = 0666) {
+        return static_cast<unsigned int>(shmget(IPC_PRIVATE, size, IPC_CREAT | mode));
+    }
+    // A segment as a client keeps it from an earlier view: above all reserved identifiers.
+    static unsigned int makeClientSegment(size_t size) {
+        unsigned int id = makeSegment(size);
+        while (id < 4096) {
+            shmctl(static_cast<int>(id), IPC_RMID, nullptr);
+            id = makeSegment(size);
+        }
+        return id;
+    }
+};

@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: Apache-2.0
+// A view without a document that tells what was called on it.
+#pragma once
+
+#include <cerrno>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "view/OfficeBase.h"
+
+class ProbeView : public OfficeBase {
+public:
+    explicit ProbeView(int width = 40, int height = 60, unsigned int dataStoreShmId = 0)
+        : OfficeBase(width, height, 0, dataStoreShmId, _WORD) {}
+
+    using OfficeBase::attachGivenStateRecord;
+    using OfficeBase::attachStateRecord;
+    using OfficeBase::makeStateRecord;
+    using OfficeBase::mBaseScale;
+    using OfficeBase::mClicked;
+    using OfficeBase::mCurrentResult;
+    using OfficeBase::mDataStore;
+    using OfficeBase::mDataStoreShmId;
+    using OfficeBase::mDirty;
+    using OfficeBase::mDocId;
+    using OfficeBase::mDocPixmap;
+    using OfficeBase::mDrawMode;
+    using OfficeBase::mFlicking;
+    using OfficeBase::mFlickUp;
+    using OfficeBase::mGestureActive;
+    using OfficeBase::mGestureAppliedScale;
+    using OfficeBase::mGestureRequestScale;
+    using OfficeBase::mGestureScroll;
+    using OfficeBase::mHeight;
+    using OfficeBase::mLastFrame;
+    using OfficeBase::mMaxScale;
+    using OfficeBase::mMimeInfo;
+    using OfficeBase::mMinScale;
+    using OfficeBase::mModuleHandle;
+    using OfficeBase::mOffscreenDirty;
+    using OfficeBase::mPenDown;
+    using OfficeBase::mPenDownPoint;
+    using OfficeBase::mPenDownScroll;
+    using OfficeBase::mScale;
+    using OfficeBase::mScaleLevel;
+    using OfficeBase::mScroll;
+    using OfficeBase::mScroller;
+    using OfficeBase::mTapStoppedScroll;
+    using OfficeBase::mWidth;
+
+    int openFile(const char* /*path*/, const char* /*password*/) override { return 0; }
+    void handlePaint(unsigned int* frameBuffer) override {
+        record("handlePaint");
+        OfficeBase::handlePaint(frameBuffer);
+    }
+    void handlePaintGesture(unsigned int* /*frameBuffer*/) override { record("handlePaintGesture"); }
+    void handlePaintWide(unsigned int* frameBuffer) override {
+        record("handlePaintWide");
+        OfficeBase::handlePaintWide(frameBuffer);
+    }
+    bool tick() override {
+        record("tick");
+        return OfficeBase::tick();
+    }
+    int drawOffscreenBuffer() override {
+        record("drawOffscreenBuffer");
+        return 0;
+    }
+    std::string getDocProperties() override { return {}; }
+    std::string doSearch(const char* /*text*/) override { return {}; }
+    int nextResult() override { return 0; }
+    int previousResult() override { return 0; }
+    int stopFind() override { return 0; }
+    int clearSelection() override { return 0; }
+    int drawCurrentResult(CpPixmap* frame) override {
+        record("drawCurrentResult");
+        if (onDrawResult) {
+            onDrawResult(*frame);
+        }
+        return 0;
+    }
+    using OfficeBase::clampPosition;
+    bool clampPosition(int& x, int& y) const override {
+        record("clampPosition");
+        return OfficeBase::clampPosition(x, y);
+    }
+    void resizeDocument() override { record("resizeDocument"); }
+    int ReinitSearchRects() override {
+        record("ReinitSearchRects");
+        return 0;
+    }
+    void recenterDocument() override { record("recenterDocument"); }
+    void eraseBuffer(unsigned int* frameBuffer, unsigned int count) const override {
+        record("eraseBuffer " + std::to_string(count));
+        OfficeBase::eraseBuffer(frameBuffer, count);
+    }
+
+    // "name", or "name locked" when the view's mutex was held during the call.
+    mutable std::vector<std::string> calls;
+    std::function<void(CpPixmap&)> onDrawResult;
+
+private:
+    void record(const std::string& name) const {
+        auto* lock = const_cast<ProbeView*>(this)->mutex();
+        const bool held = pthread_mutex_trylock(lock) == EBUSY;
+        if (!held) {
+            pthread_mutex_unlock(lock);
+        }
+        calls.push_back(held ? name + " locked" : name);
+    }
+};
+
+// A pixel that tells where in its surface it was.
+inline unsigned int patternPixel(int x, int y) {
+    return 0x40000000U + static_cast<unsigned int>(y) * 0x1000U + static_cast<unsigned int>(x);
+}
+
+inline void fillPattern(CpPixmap& surface) {
+    for (int y = 0; y < surface.Height(); ++y) {
+        for (int x = 0; x < surface.Width(); ++x) {
+            surface.Pixels()[y * surface.Width() + x] = patternPixel(x, y);
+        }
+    }
+}

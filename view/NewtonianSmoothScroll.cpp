@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "view/NewtonianSmoothScroll.h"
+
+#include <cmath>
+#include <ctime>
+
+#include "raster/Saturate.h"
+
+namespace {
+
+constexpr double frictionScale = 22.0;
+// The document moves against the finger, at half its speed.
+constexpr double velocityFactor = -0.5;
+constexpr long nanosecondsPerMillisecond = 1000000;
+constexpr double millisecondsPerSecond = 1000.0;
+
+double prvSystemClock() {
+    timespec now{};
+    clock_gettime(CLOCK_REALTIME, &now);
+    const long milliseconds = now.tv_nsec / nanosecondsPerMillisecond;
+    return static_cast<double>(now.tv_sec) + static_cast<double>(milliseconds) / millisecondsPerSecond;
+}
+
+double (*gClock)() = prvSystemClock;
+
+} // namespace
+
+void NewtonianSmoothScroll::Setup(int startX, int startY, int velocityX, int velocityY) {
+    const double vx = velocityX * velocityFactor;
+    const double vy = velocityY * velocityFactor;
+    const double speed = std::sqrt(vx * vx + vy * vy);
+    mStartTime = getTime();
+    if (speed == 0.0) {
+        mDuration = 0.0;
+        mEndTime = mStartTime;
+        mStopped = true;
+        return;
+    }
+    // Each axis gets its share of the friction, so that both come to rest at
+    // the same instant and the path is a straight line.
+    mMotionX.Initialize(mStartTime, startX, vx, frictionScale * vx / speed);
+    mMotionY.Initialize(mStartTime, startY, vy, frictionScale * vy / speed);
+    mDuration = mMotionY.duration();
+    mEndTime = mStartTime + mDuration;
+    mStopped = false;
+}
+
+bool NewtonianSmoothScroll::tick(int& x, int& y) {
+    if (mStopped) {
+        return true;
+    }
+    // A wall clock may be set back; the glide then waits at its start.
+    double elapsed = std::fmax(getTime() - mStartTime, 0.0);
+    // Never true for a glide without vertical speed: its duration is not a number.
+    if (elapsed >= mDuration) {
+        mStopped = true;
+        elapsed = mDuration;
+    }
+    get2DPosition(elapsed, x, y);
+    return mStopped;
+}
+
+void NewtonianSmoothScroll::get2DPosition(double secondsSinceStart, int& x, int& y) const {
+    x = saturateToInt(mMotionX.getPosition(secondsSinceStart));
+    y = saturateToInt(mMotionY.getPosition(secondsSinceStart));
+}
+
+void NewtonianSmoothScroll::ScrollTo(int& /*x*/, int& /*y*/) {}
+
+void NewtonianSmoothScroll::Offset(int dx, int dy) {
+    mMotionX.Offset(dx);
+    mMotionY.Offset(dy);
+}
+
+double NewtonianSmoothScroll::getTime() {
+    return gClock();
+}
+
+void NewtonianSmoothScroll::setClock(double (*clock)()) {
+    gClock = clock != nullptr ? clock : prvSystemClock;
+}

@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: Apache-2.0
+// What a view does with pens, clicks, flicks, keys and pinches.
+#include <algorithm>
+#include <cmath>
+
+#include "raster/Saturate.h"
+#include "view/OfficeBase.h"
+
+namespace {
+constexpr int keyStep = 5; // pixels
+constexpr int scaleLevels = 3;
+} // namespace
+
+bool OfficeBase::handleKeyDown(int key, int /*modifiers*/) {
+    switch (key) {
+    case 'a':
+        mScroll.x = saturatedDifference(mScroll.x, keyStep);
+        break;
+    case 'd':
+        mScroll.x = saturatedSum(mScroll.x, keyStep);
+        break;
+    case 'w':
+        mScroll.y = saturatedDifference(mScroll.y, keyStep);
+        break;
+    case 's':
+        mScroll.y = saturatedSum(mScroll.y, keyStep);
+        break;
+    default:
+        break;
+    }
+    return true;
+}
+
+bool OfficeBase::handleKeyUp(int /*key*/, int /*modifiers*/) {
+    return true;
+}
+
+bool OfficeBase::handlePenDown(int x, int y) {
+    if (mScroller.isMoving()) {
+        mScroller.Stop();
+        mTapStoppedScroll = true;
+    }
+    if (!mGestureActive) {
+        mPenDown = true;
+        mPenDownPoint.set(x, y);
+        mPenDownScroll = mScroll;
+    }
+    return true;
+}
+
+CpPoint OfficeBase::draggedPosition(int x, int y) const {
+    return {saturateToInt(static_cast<long long>(mPenDownScroll.x) + mPenDownPoint.x - x),
+            saturateToInt(static_cast<long long>(mPenDownScroll.y) + mPenDownPoint.y - y)};
+}
+
+bool OfficeBase::handlePenMove(int x, int y) {
+    if (mPenDown && !mGestureActive) {
+        mScroll = draggedPosition(x, y);
+        clampScroll();
+    }
+    return true;
+}
+
+bool OfficeBase::handlePenUp(int x, int y) {
+    if (mPenDown && !mGestureActive && !mClicked && !mFlicking) {
+        mScroll = draggedPosition(x, y);
+        clampScroll();
+    }
+    mFlicking = false;
+    mClicked = false;
+    mPenDown = false;
+    return true;
+}
+
+bool OfficeBase::handleClick(int /*x*/, int /*y*/) {
+    if (mGestureActive) {
+        return true;
+    }
+    mClicked = true;
+    // A tap that stopped a glide is used up by that.
+    const bool used = mTapStoppedScroll;
+    mTapStoppedScroll = false;
+    return used;
+}
+
+int OfficeBase::centredPosition(int scroll, int point, float ratio, int viewLength) {
+    const double zoomed = static_cast<double>(ratio) * (static_cast<double>(point) + scroll);
+    const int half = viewLength / 2;
+    return saturateToInt(zoomed - half);
+}
+
+bool OfficeBase::handleDoubleClick(int x, int y) {
+    if (mGestureActive) {
+        return true;
+    }
+    mClicked = true;
+    float ratio = 1.0F;
+    {
+        MutexLock guard;
+        if (guard.lock(&mMutex) != 0) {
+            return true;
+        }
+        const double oldScale = mScale;
+        mScaleLevel = (mScaleLevel + 1) % scaleLevels;
+        mScale = mMinScale + (mScaleLevel + 1) * ((mMaxScale - mMinScale) * 0.25);
+        ratio = static_cast<float>(mScale / oldScale);
+        relayout();
+    }
+    mScroll.set(centredPosition(mScroll.x, x, ratio, mWidth), centredPosition(mScroll.y, y, ratio, mHeight));
+    clampScroll();
+    InvalidateScreen();
+    return true;
+}
+
+bool OfficeBase::handleFlick(int vx, int vy) {
+    if (mGestureActive) {
+        return true;
+    }
+    mFlicking = true;
+    mScroller.Setup(mScroll.x, mScroll.y, vx, vy);
+    mFlickUp = vy < 0;
+    InvalidateScreen();
+    return true;
+}
+
+bool OfficeBase::tick() {
+    if (mScroller.isMoving()) {
+        mScroller.tick(mScroll.x, mScroll.y);
+        InvalidateScreen();
+    }
+    clampScroll();
+    return mScroller.isMoving();
+}
+
+bool OfficeBase::handleGestureStart(double scale, double /*unused*/) {
+    mGestureActive = true;
+    mGestureAppliedScale = 1.0;
+    mGestureRequestScale = std::isnan(scale) ? 1.0 : scale;
+    return true;
+}
+
+bool OfficeBase::handleGestureChange(double scale, double /*unused*/) {
+    if (!std::isnan(scale)) {
+        mGestureRequestScale = std::max(mMinScale, std::min(mScale * scale, mMaxScale)) / mScale;
+    }
+    return true;
+}
+
+bool OfficeBase::handleGestureEnd(double /*scale*/, double /*unused*/) {
+    mGestureActive = false;
+    mPenDown = false;
+    if (!takeGestureScale()) {
+        return true;
+    }
+    mScroll = mGestureScroll;
+    {
+        MutexLock guard;
+        if (guard.lock(&mMutex) != 0) {
+            return true;
+        }
+        relayout();
+    }
+    InvalidateScreen();
+    return true;
+}
+
+bool OfficeBase::takeGestureScale() {
+    const double scale = mScale * mGestureAppliedScale;
+    if (mGestureAppliedScale == 1.0 || !std::isfinite(scale) || scale <= 0.0) {
+        return false;
+    }
+    mScale = scale;
+    return true;
+}
+
+void OfficeBase::relayout() {
+    recenterDocument();
+    resizeDocument();
+    mOffscreenDirty = true;
+    ReinitSearchRects();
+}

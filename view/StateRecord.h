@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#pragma pack(push, 4)
+
+// A view's state as it lies in the shared segment that the client hands back
+// when it opens the document again: a wire format of 28 bytes.
+struct StateRecord {
+    int32_t scrollX; // document pixels
+    int32_t scrollY;
+    double scale;
+    int32_t scaleLevel; // 0 to 2
+    // The view's own. Word: the character at the stretch's top, then the
+    // document row of the stretch's top.
+    int32_t extra[2];
+};
+
+#pragma pack(pop)
+
+static_assert(sizeof(StateRecord) == 28);
+static_assert(offsetof(StateRecord, scale) == 8);
+static_assert(offsetof(StateRecord, extra) == 20);

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "view/TextHelpers.h"
+
+#include <glib.h>
+
+#include <cstdio>
+#include <ctime>
+
+namespace {
+
+constexpr size_t dateSize = 32;
+
+const char* prvMonthName(int month) {
+    static const char* const names[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                                        "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+    return month >= 0 && month < 12 ? names[month] : "Ukn";
+}
+
+} // namespace
+
+char* Time2String(long t) {
+    const time_t seconds = t;
+    tm local{};
+    if (localtime_r(&seconds, &local) == nullptr) {
+        local = tm{};
+        local.tm_mon = -1;
+    }
+    const int hour = local.tm_hour % 12 == 0 ? 12 : local.tm_hour % 12;
+    const long year = 1900L + local.tm_year;
+    const char* suffix = local.tm_hour > 11 ? "pm" : "am";
+    auto* text = new char[dateSize];
+    std::snprintf(text, dateSize, "%s %d, %ld, %d:%02d%s", prvMonthName(local.tm_mon), local.tm_mday, year,
+                  hour, local.tm_min, suffix);
+    return text;
+}
+
+char* ToUTF8(const unsigned short* text) {
+    return text != nullptr ? g_utf16_to_utf8(text, -1, nullptr, nullptr, nullptr) : nullptr;
+}
+
+unsigned short* ToUTF16(const char* text) {
+    return text != nullptr ? g_utf8_to_utf16(text, -1, nullptr, nullptr, nullptr) : nullptr;
+}
+
+std::string utf8OrEmpty(const unsigned short* text) {
+    char* converted = ToUTF8(text);
+    std::string result = converted != nullptr ? converted : "";
+    g_free(converted);
+    return result;
+}
+
+Utf16Text::~Utf16Text() {
+    g_free(mText);
+}
+
+const unsigned short* Utf16Text::get() const {
+    static const unsigned short empty = 0;
+    return mText != nullptr ? mText : &empty;
+}
