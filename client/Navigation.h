@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: Apache-2.0
+// Fingers for programs: moves of a view that a person would make by hand, each
+// followed by a paint, so that frame() and state() show where it led.
+#pragma once
+
+#include "client/Document.h"
+#include "client/ScrollPlan.h"
+
+namespace lectern {
+
+// Spreads two fingers by this factor (below 1: brings them together). The view
+// keeps within its limits of scale, and keeps the neighbourhood, not the row.
+Failure pinch(Document& document, double factor, const CallLimits& limits = {});
+
+// Drags the view to a scroll position in document pixels, or as far as the
+// document goes: true when it got there.
+Result<bool> scrollTo(Document& document, Point target, const CallLimits& limits = {});
+
+} // namespace lectern

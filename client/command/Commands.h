@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: Apache-2.0
+// The sub-commands. Each gives the exit status of the command.
+#pragma once
+
+#include "client/Result.h"
+#include "client/command/Arguments.h"
+#include "client/command/Interrupt.h"
+
+namespace lectern {
+
+inline constexpr int statusDone = 0;
+inline constexpr int statusFailed = 1;
+inline constexpr int statusMisuse = 2;
+
+int runOpen(const OpenArguments& arguments, Interrupt& interrupt);
+int runInfo(const InfoArguments& arguments, Interrupt& interrupt);
+int runServe(const ServeArguments& arguments, Interrupt& interrupt);
+
+// Says on standard error what went wrong, unless the user knows because he has
+// interrupted it; the exit status for it.
+int report(const Error& error);
+
+} // namespace lectern

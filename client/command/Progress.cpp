@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/command/Progress.h"
+
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdio>
+#include <utility>
+
+namespace lectern {
+
+namespace {
+
+constexpr std::chrono::milliseconds quick{500};
+constexpr std::chrono::milliseconds quickUnseen{5'000}; // where nobody watches
+constexpr std::chrono::milliseconds second{1'000};
+
+} // namespace
+
+Progress::Progress(std::string activity)
+    : mActivity(std::move(activity)), mThread([this](const std::stop_token& stop) {
+          if (isatty(STDERR_FILENO) != 0) {
+              count(stop);
+          } else {
+              tellOnce(stop);
+          }
+      }) {}
+
+Progress::~Progress() = default;
+
+bool Progress::pause(const std::stop_token& stop, std::chrono::milliseconds time) {
+    std::unique_lock lock(mMutex);
+    return !mEnded.wait_for(lock, stop, time, [&stop] { return stop.stop_requested(); });
+}
+
+void Progress::count(const std::stop_token& stop) {
+    if (!pause(stop, quick)) {
+        return;
+    }
+    int seconds = 0;
+    do {
+        std::fprintf(stderr, "\rlectern: %s ... %d s", mActivity.c_str(), seconds++);
+    } while (pause(stop, second));
+    std::fputs("\r\033[K", stderr);
+}
+
+void Progress::tellOnce(const std::stop_token& stop) {
+    if (pause(stop, quickUnseen)) {
+        std::fprintf(stderr, "lectern: %s ...\n", mActivity.c_str());
+    }
+}
+
+} // namespace lectern

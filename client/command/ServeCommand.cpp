@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <condition_variable>
+#include <cstdio>
+#include <mutex>
+
+#include "client/Bus.h"
+#include "client/Calls.h"
+#include "client/PrivateBus.h"
+#include "client/command/Commands.h"
+
+namespace lectern {
+
+namespace {
+
+// "ping" is the one call that a service that works leaves unanswered.
+Failure startService(const Bus& bus, const CallLimits& limits) {
+    const Result<std::string> answer = bus.call("/events", "ping", JsonMembers().text(), limits);
+    const bool unanswered = !answer && answer.error().name == "org.freedesktop.DBus.Error.NoReply";
+    if (answer || (unanswered && bus.serviceRuns())) {
+        return std::nullopt;
+    }
+    return answer.error();
+}
+
+void explain(const std::string& address) {
+    std::printf("%s\n", address.c_str());
+    std::fflush(stdout);
+    std::fprintf(stderr,
+                 "The document service is at the address above. To use it, in another terminal:\n"
+                 "  export DBUS_SESSION_BUS_ADDRESS='%s'\n"
+                 "  lectern open FILE -o OUT.png\n"
+                 "  busctl --user call %s /common %s.common getDocProperties s '{\"docid\": 0}'\n"
+                 "It stops when it is idle, and starts again at the next call. Ctrl-C ends it all.\n",
+                 address.c_str(), serviceName, serviceName);
+}
+
+Failure waitForEnd(const Bus& bus, const std::stop_token& stop) {
+    constexpr std::chrono::milliseconds betweenChecks{1'000};
+    std::mutex mutex;
+    std::condition_variable_any never;
+    std::unique_lock lock(mutex);
+    while (!stop.stop_requested()) {
+        if (bus.isClosed()) {
+            return Error{Error::Kind::bus, "the private bus has ended", 0, {}};
+        }
+        never.wait_for(lock, stop, betweenChecks, [] { return false; });
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+// In the machine's IPC namespace, unlike the other sub-commands: its users are
+// other processes, which share memory with the service.
+int runServe(const ServeArguments& /*none*/, Interrupt& interrupt) {
+    interrupt.watch();
+    const Result<PrivateBus> privateBus = PrivateBus::start(Complaints::shown);
+    if (!privateBus) {
+        return report(privateBus.error());
+    }
+    const Result<Bus> bus = Bus::connect(privateBus->address(), interrupt.token());
+    if (!bus) {
+        return report(bus.error());
+    }
+    if (const Failure failure = startService(*bus, {.stop = interrupt.token()})) {
+        return report(*failure);
+    }
+    explain(privateBus->address());
+    const Failure failure = waitForEnd(*bus, interrupt.token());
+    return failure ? report(*failure) : statusDone;
+}
+
+} // namespace lectern

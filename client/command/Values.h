@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: Apache-2.0
+// Values of options. The whole word must be a value; anything else is nothing.
+#pragma once
+
+#include <optional>
+#include <string_view>
+#include <utility>
+
+namespace lectern {
+
+// "480x800": two sides of 1 to FrameBuffer::maxSide pixels.
+std::optional<std::pair<int, int>> parseSize(std::string_view word);
+// "0,1200": two numbers of at least 0.
+std::optional<std::pair<int, int>> parsePosition(std::string_view word);
+// A finite number above 0.
+std::optional<double> parseFactor(std::string_view word);
+
+} // namespace lectern

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/keeper/BusFolder.h"
+
+#include <filesystem>
+#include <fstream>
+
+#include "client/Bus.h"
+#include "client/GLibHolder.h"
+
+namespace lectern {
+
+namespace {
+
+bool writeFile(const std::string& path, const std::string& text) {
+    std::ofstream file(path);
+    file << text;
+    file.close();
+    return !file.fail();
+}
+
+std::string markup(const std::string& text) {
+    const GLibHolder<char> escaped(g_markup_escape_text(text.data(), static_cast<gssize>(text.size())));
+    return escaped.get();
+}
+
+std::string busConfiguration(const std::string& folder) {
+    const GLibHolder<char> socket(g_dbus_address_escape_value((folder + "/bus").c_str()));
+    return "<!DOCTYPE busconfig PUBLIC \"-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN\"\n"
+           " \"http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd\">\n"
+           "<busconfig>\n"
+           "  <type>session</type>\n"
+           "  <listen>unix:path=" +
+           markup(socket.get()) +
+           "</listen>\n"
+           "  <auth>EXTERNAL</auth>\n"
+           "  <servicedir>" +
+           markup(folder) +
+           "/services</servicedir>\n"
+           "  <policy context=\"default\">\n"
+           "    <allow send_destination=\"*\"/>\n"
+           "    <allow receive_sender=\"*\"/>\n"
+           "    <allow own=\"*\"/>\n"
+           "  </policy>\n"
+           "</busconfig>\n";
+}
+
+std::string activation(const std::string& folder) {
+    return std::string("[D-BUS Service]\nName=") + serviceName + "\nExec=" + folder + "/service\n";
+}
+
+} // namespace
+
+BusFolder::BusFolder(const std::string& service) {
+    // The daemon reads the folder's path in three grammars (XML, an address, a
+    // command line): a fixed place needs no care in any, and /tmp is one that
+    // the protocol relies on already. The service is reached through a link,
+    // because its own path may hold anything.
+    std::string pattern = "/tmp/lectern-bus-XXXXXX";
+    if (g_mkdtemp(pattern.data()) == nullptr) {
+        return;
+    }
+    mPath = pattern;
+    std::error_code failure;
+    const std::filesystem::path program = std::filesystem::absolute(service, failure);
+    std::filesystem::create_directory(mPath + "/services", failure);
+    std::filesystem::create_symlink(program, mPath + "/service", failure);
+    mComplete = !failure && writeFile(configuration(), busConfiguration(mPath)) &&
+                writeFile(mPath + "/services/" + serviceName + ".service", activation(mPath));
+}
+
+BusFolder::~BusFolder() {
+    if (!mPath.empty()) {
+        std::error_code ignored;
+        std::filesystem::remove_all(mPath, ignored);
+    }
+}
+
+} // namespace lectern

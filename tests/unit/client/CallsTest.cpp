@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <gtest/gtest.h>
+
+#include "client/CommonCalls.h"
+#include "client/EventCalls.h"
+#include "client/Json.h"
+#include "client/KeepAlive.h"
+#include "client/WordCalls.h"
+#include "tests/unit/client/FakeService.h"
+
+namespace {
+
+using namespace lectern;
+using namespace std::chrono_literals;
+
+class CallsTest : public testing::Test {
+protected:
+    CallsTest() : mBus(std::move(*Bus::connect(mService.address()))) {}
+
+    JsonMembers payload() { return std::move(*JsonMembers::parse(mService.calls().back().payload)); }
+    std::string place() { return mService.calls().back().place; }
+
+    FakeService mService;
+    Bus mBus;
+};
+
+TEST_F(CallsTest, CommonMethodsNameTheDocument) {
+    using Method = Failure (*)(const Bus&, int, const CallLimits&);
+    const std::pair<const char*, Method> methods[] = {{"/common nextResult", common::nextResult},
+                                                      {"/common previousResult", common::previousResult},
+                                                      {"/common closeSearch", common::closeSearch},
+                                                      {"/common clearSelection", common::clearSelection}};
+    for (const auto& [name, method] : methods) {
+        EXPECT_FALSE(method(mBus, 7, {}));
+        EXPECT_EQ(place(), name);
+        EXPECT_EQ(payload().integer("docid"), 7);
+    }
+}
+
+TEST_F(CallsTest, SearchGivesTheNumberOfHits) {
+    mService.answer("/common Search", R"({"resultcount": 12})");
+    const auto hits = common::search(mBus, 1, "Größe");
+    ASSERT_TRUE(hits);
+    EXPECT_EQ(*hits, 12);
+    EXPECT_EQ(payload().string("search"), "Größe");
+    mService.answer("/common Search", "{}");
+    EXPECT_FALSE(common::search(mBus, 1, "x"));
+}
+
+TEST_F(CallsTest, PropertiesAndMimeInfoComeAsTheyAre) {
+    mService.answer("/common getDocProperties", R"({ "name": "A" })");
+    mService.answer("/common getMimeInfo", "");
+    EXPECT_EQ(*common::getDocProperties(mBus, 0), R"({ "name": "A" })");
+    EXPECT_EQ(*common::getMimeInfo(mBus, 0), "");
+}
+
+TEST_F(CallsTest, ErrorsOfTheServiceComeThrough) {
+    mService.answer("/common nextResult",
+                    R"({"errorCode": "errDoesNotExist", "errorText": "Document does not exist"})");
+    const auto failure = common::nextResult(mBus, 9);
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->name, "errDoesNotExist");
+}
+
+TEST_F(CallsTest, CreateSendsIdentifiersAsTextAndReadsThemBack) {
+    mService.answer("/events create", R"({"docid": 2, "doctype": 3, "datastoreshmid": "40000"})");
+    const auto reply = events::create(mBus, {"/a.ppt", 320, 480, 17, 614404, 5, "secret"}, {});
+    ASSERT_TRUE(reply);
+    EXPECT_EQ(reply->docid, 2);
+    EXPECT_EQ(reply->kind, 3);
+    EXPECT_EQ(reply->state, 40000U);
+    const JsonMembers sent = payload();
+    EXPECT_EQ(sent.string("filename"), "/a.ppt");
+    EXPECT_EQ(sent.integer("width"), 320);
+    EXPECT_EQ(sent.integer("height"), 480);
+    EXPECT_EQ(sent.string("shmid"), "17");
+    EXPECT_EQ(sent.integer("size"), 614404);
+    EXPECT_EQ(sent.string("datastoreshmid"), "5");
+    EXPECT_EQ(sent.string("password"), "secret");
+}
+
+TEST_F(CallsTest, CreateSendsNoPasswordWhereNoneIsGiven) {
+    mService.answer("/events create", R"({"docid": 0, "doctype": 2, "datastoreshmid": "40000"})");
+    ASSERT_TRUE(events::create(mBus, {"/a.doc", 1, 1, 1, 8, 0, {}}, {}));
+    EXPECT_FALSE(payload().has("password"));
+}
+
+TEST_F(CallsTest, CreateMissesNothingInTheReply) {
+    for (const char* reply : {"", "{}", R"({"docid": 0, "doctype": 2})",
+                              R"({"docid": 0, "doctype": 2, "datastoreshmid": 40000})"}) {
+        mService.answer("/events create", reply);
+        EXPECT_FALSE(events::create(mBus, {"/a.doc", 1, 1, 1, 8, 0, {}}, {})) << reply;
+    }
+}
+
+TEST_F(CallsTest, PointerEventsCarryTheirPlace) {
+    using Method = Failure (*)(const Bus&, int, int, int, const CallLimits&);
+    const std::pair<const char*, Method> methods[] = {
+        {"/events handlePenDown", events::handlePenDown},
+        {"/events handlePenUp", events::handlePenUp},
+        {"/events handlePenMove", events::handlePenMove},
+        {"/events handleClick", events::handleClick},
+        {"/events handleFlick", events::handleFlick},
+        {"/events handleDoubleClick", events::handleDoubleClick}};
+    for (const auto& [name, method] : methods) {
+        EXPECT_FALSE(method(mBus, 1, 20, -30, {}));
+        EXPECT_EQ(place(), name);
+        EXPECT_EQ(payload().integer("xCoord"), 20);
+        EXPECT_EQ(payload().integer("yCoord"), -30);
+    }
+}
+
+TEST_F(CallsTest, AFlickIsNeverPurelySideways) {
+    EXPECT_FALSE(events::handleFlick(mBus, 1, 500, 0));
+    EXPECT_EQ(payload().integer("xCoord"), 500);
+    EXPECT_EQ(payload().integer("yCoord"), 1);
+}
+
+TEST_F(CallsTest, KeysCarryCharacterAndModifiers) {
+    EXPECT_FALSE(events::handleKeyDown(mBus, 1, 97, 2));
+    EXPECT_EQ(place(), "/events handleKeyDown");
+    EXPECT_EQ(payload().integer("chr"), 97);
+    EXPECT_EQ(payload().integer("modifiers"), 2);
+    EXPECT_FALSE(events::handleKeyUp(mBus, 1, 97, 2));
+    EXPECT_EQ(place(), "/events handleKeyUp");
+}
+
+TEST_F(CallsTest, WideModeIsAFlag) {
+    EXPECT_FALSE(word::wideMode(mBus, 1, true));
+    EXPECT_EQ(mService.calls().back(),
+              (FakeService::Call{"/word wideMode", R"({ "docid": 1, "wideMode": true })"}));
+}
+
+TEST_F(CallsTest, DestroyAndPingAreNotWaitedFor) {
+    EXPECT_FALSE(events::destroy(mBus, 4));
+    EXPECT_EQ(mService.waitForCall("/events destroy"), R"({ "docid": 4 })");
+    EXPECT_FALSE(events::ping(mBus));
+    mService.waitForCall("/events ping");
+}
+
+TEST_F(CallsTest, KeepAlivePingsAgainAndAgainUntilItGoes) {
+    {
+        const KeepAlive alive(mBus, 1ms);
+        mService.waitForCall("/events ping", 3);
+    }
+    const KeepAlive quiet(mBus, 1h); // ends without waiting out its period
+}
+
+} // namespace

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tests/unit/client/FakeService.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "client/Bus.h"
+#include "client/Json.h"
+
+using lectern::GLibHolder;
+using lectern::JsonMembers;
+
+FakeService::FakeService() {
+    auto bus = lectern::PrivateBus::start();
+    if (!bus) {
+        ADD_FAILURE() << bus.error().text;
+        return;
+    }
+    mBus.emplace(std::move(*bus));
+    mAnswers["/events ping"] = std::nullopt;
+    mAnswers["/events destroy"] = std::nullopt;
+    mConnection.reset(g_dbus_connection_new_for_address_sync(
+        mBus->address().c_str(),
+        static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                                          G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
+        nullptr, nullptr, nullptr));
+    if (!mConnection) {
+        ADD_FAILURE() << "no connection to the private bus";
+        return;
+    }
+    mFilter = g_dbus_connection_add_filter(mConnection.get(), &FakeService::filter, this, nullptr);
+    const GLibHolder<GVariant> owned(g_dbus_connection_call_sync(
+        mConnection.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+        "RequestName", g_variant_new("(su)", lectern::serviceName, 4U), nullptr, G_DBUS_CALL_FLAGS_NONE, -1,
+        nullptr, nullptr));
+    EXPECT_NE(owned, nullptr);
+}
+
+FakeService::~FakeService() {
+    if (mConnection) {
+        g_dbus_connection_close_sync(mConnection.get(), nullptr, nullptr);
+        g_dbus_connection_remove_filter(mConnection.get(), mFilter);
+    }
+}
+
+void FakeService::answer(const std::string& place, std::optional<std::string> reply) {
+    const std::lock_guard lock(mMutex);
+    mAnswers[place] = std::move(reply);
+}
+
+std::vector<FakeService::Call> FakeService::calls() const {
+    const std::lock_guard lock(mMutex);
+    return mCalls;
+}
+
+std::string FakeService::waitForCall(const std::string& place, int count) {
+    std::unique_lock lock(mMutex);
+    std::string payload;
+    mCalled.wait(lock, [&] {
+        int seen = 0;
+        return std::any_of(mCalls.begin(), mCalls.end(), [&](const Call& call) {
+            payload = call.payload;
+            return call.place == place && ++seen == count;
+        });
+    });
+    return payload;
+}
+
+GDBusMessage* FakeService::filter(GDBusConnection* connection, GDBusMessage* message, gboolean incoming,
+                                  void* self) {
+    if (incoming == FALSE || g_dbus_message_get_message_type(message) != G_DBUS_MESSAGE_TYPE_METHOD_CALL) {
+        return message;
+    }
+    const GLibHolder<GDBusMessage> owner(message);
+    static_cast<FakeService*>(self)->handle(connection, message);
+    return nullptr;
+}
+
+void FakeService::handle(GDBusConnection* connection, GDBusMessage* message) {
+    const char* payload = nullptr;
+    g_variant_get(g_dbus_message_get_body(message), "(&s)", &payload);
+    const Call call{std::string(g_dbus_message_get_path(message)) + " " + g_dbus_message_get_member(message),
+                    payload};
+    const std::optional<std::string> text = replyTo(call);
+    if (text) {
+        const GLibHolder<GDBusMessage> reply(g_dbus_message_new_method_reply(message));
+        g_dbus_message_set_body(reply.get(), g_variant_new("(s)", text->c_str()));
+        g_dbus_connection_send_message(connection, reply.get(), G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr,
+                                       nullptr);
+    }
+}
+
+std::optional<std::string> FakeService::replyTo(const Call& call) {
+    const std::lock_guard lock(mMutex);
+    mCalls.push_back(call);
+    mCalled.notify_all();
+    const auto told = mAnswers.find(call.place);
+    if (told != mAnswers.end()) {
+        return told->second;
+    }
+    return call.place == "/events create" ? create(call.payload) : R"({"returnValue": true})";
+}
+
+std::string FakeService::create(const std::string& payload) {
+    constexpr int docid = 3;
+    const auto members = JsonMembers::parse(payload);
+    mView = std::make_unique<FakeView>(docid, static_cast<int>(members->identifier("shmid").value_or(0)),
+                                       members->integer("width").value_or(0),
+                                       members->integer("height").value_or(0));
+    if (mSendsOpened) {
+        mView->notify(_OPENED, docid, mOpenResult);
+    }
+    return JsonMembers()
+        .add("docid", docid)
+        .add("doctype", mKind.load())
+        .addIdentifier("datastoreshmid", mView->stateIdentifier())
+        .text();
+}

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <condition_variable>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "client/GLibHolder.h"
+#include "client/PrivateBus.h"
+#include "tests/unit/client/FakeView.h"
+
+// The document service's name on a private bus, answering as it is told to.
+// "create" makes a FakeView. Calls are answered on the connection's own thread.
+class FakeService {
+public:
+    struct Call {
+        std::string place; // for example "/common Search"
+        std::string payload;
+        bool operator==(const Call&) const = default;
+    };
+
+    FakeService();
+    ~FakeService();
+    FakeService(const FakeService&) = delete;
+    FakeService& operator=(const FakeService&) = delete;
+
+    const std::string& address() const { return mBus->address(); }
+
+    // What a method answers instead of {"returnValue": true}; nothing means
+    // that it never answers.
+    void answer(const std::string& place, std::optional<std::string> reply);
+    // What an open gives the client in its opened record; by default 0.
+    void openResult(int code) { mOpenResult = code; }
+    // Whether an open is followed by an opened record at all.
+    void sendsOpened(bool does) { mSendsOpened = does; }
+    void documentKind(int kind) { mKind = kind; }
+
+    std::vector<Call> calls() const;
+    // Waits for the count-th call of a method; its payload.
+    std::string waitForCall(const std::string& place, int count = 1);
+    // The view of the last "create". REQUIRES: there was one.
+    FakeView& view() { return *mView; }
+
+private:
+    static GDBusMessage* filter(GDBusConnection* connection, GDBusMessage* message, gboolean incoming,
+                                void* self);
+    void handle(GDBusConnection* connection, GDBusMessage* message);
+    std::optional<std::string> replyTo(const Call& call);
+    std::string create(const std::string& payload);
+
+    std::optional<lectern::PrivateBus> mBus;
+    lectern::GLibHolder<GDBusConnection> mConnection;
+    unsigned int mFilter = 0;
+    mutable std::mutex mMutex;
+    std::condition_variable mCalled;
+    std::map<std::string, std::optional<std::string>> mAnswers;
+    std::vector<Call> mCalls;
+    std::unique_ptr<FakeView> mView;
+    std::atomic<int> mOpenResult{0};
+    std::atomic<bool> mSendsOpened{true};
+    std::atomic<int> mKind{2};
+};

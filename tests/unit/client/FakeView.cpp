@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tests/unit/client/FakeView.h"
+
+#include <sys/ipc.h>
+#include <sys/shm.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+// A record of this type, which no client sends, ends the worker.
+constexpr long endOfWork = 98;
+
+// A segment whose identifier can be a record's type.
+int makeStateSegment() {
+    for (;;) {
+        const int identifier = shmget(IPC_PRIVATE, sizeof(lectern::ViewState), IPC_CREAT | 0600);
+        if (identifier < 0 || identifier >= 4096) {
+            return identifier;
+        }
+        shmctl(identifier, IPC_RMID, nullptr);
+    }
+}
+
+} // namespace
+
+FakeView::FakeView(int docid, int frameBuffer, int width, int height)
+    : mDocid(docid), mWidth(width), mHeight(height), mFrame(frameBuffer) {
+    const int identifier = makeStateSegment();
+    mStateIdentifier = static_cast<unsigned int>(identifier);
+    mStateMemory = lectern::Attachment(identifier);
+    shmctl(identifier, IPC_RMID, nullptr);
+    writeState();
+    mQueue.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId);
+    mWorker = std::thread([this] { run(); });
+}
+
+FakeView::~FakeView() {
+    mQueue.SendMessage(ClientServerMessage(endOfWork, -1));
+    mWorker.join();
+}
+
+void FakeView::notify(ClientMessageId id, int value, int extra) {
+    ServerClientMessage message(static_cast<long>(mStateIdentifier), id);
+    message.value = value;
+    message.extra = extra;
+    mQueue.SendMessage(message);
+}
+
+std::vector<long> FakeView::taken() const {
+    const std::lock_guard lock(mMutex);
+    return mTaken;
+}
+
+void FakeView::run() {
+    ClientServerMessage message;
+    while (mQueue.ReadMessage(DocAdapterMessageQueue::anyClientMessage, message) > 0 &&
+           message.type != endOfWork) {
+        const std::lock_guard lock(mMutex);
+        mTaken.push_back(message.type);
+        take(message);
+    }
+}
+
+void FakeView::take(const ClientServerMessage& message) {
+    switch (message.type) {
+    case _PAINT:
+        paint();
+        break;
+    case _PEN_DOWN:
+        mPenY = message.y;
+        mScrollAtPen = mState.scrollY;
+        break;
+    case _PEN_UP:
+        dragTo(message.y);
+        break;
+    case _GESTURE_CHANGE:
+        mFactor = std::clamp(message.firstReal(), 1.0 / mState.scale, largestScale / mState.scale);
+        break;
+    case _GESTURE_END:
+        mState.scale *= mPainted;
+        mState.scrollY = static_cast<int>(mState.scrollY * mPainted) + 700; // a neighbourhood, not the row
+        mFactor = mPainted = 1.0;
+        break;
+    default:
+        break;
+    }
+}
+
+// Rows above row 0 are found a hundred at a time, and move everything down.
+void FakeView::dragTo(int y) {
+    int wanted = mScrollAtPen + mPenY - y;
+    while (wanted < 0 && rowsAbove > 0) {
+        const int found = std::min(rowsAbove.load(), 100);
+        rowsAbove -= found;
+        lastRow += found;
+        wanted += found;
+    }
+    mState.scrollY = std::clamp(wanted, std::min(lastRow.load(), 0), std::max(lastRow.load(), 0));
+}
+
+void FakeView::paint() {
+    if (!answersPaints) {
+        return;
+    }
+    mPainted = mFactor;
+    auto* pixels = static_cast<uint32_t*>(mFrame.address());
+    std::fill_n(pixels, mWidth * mHeight, colour);
+    writeState();
+    ServerClientMessage done(mDocid + DocAdapterMessageQueue::paintDoneBase, _PAINT_DONE);
+    done.value = paintResult;
+    mQueue.SendMessage(done);
+}
+
+void FakeView::writeState() {
+    std::memcpy(mStateMemory.address(), &mState, sizeof mState);
+}

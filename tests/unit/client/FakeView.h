@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <array>
+#include <atomic>
+#include <cstdint>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+#include "channel/DocAdapterCommon.h"
+#include "client/SharedMemory.h"
+#include "client/StateSegment.h"
+
+// The queue's side of a service with one document: takes records as the service
+// does, paints one colour, scrolls a document of a given height, zooms.
+class FakeView {
+public:
+    // Holds paints of this frame buffer; width and height of it in pixels.
+    FakeView(int docid, int frameBuffer, int width, int height);
+    // Ends the worker.
+    ~FakeView();
+    FakeView(const FakeView&) = delete;
+    FakeView& operator=(const FakeView&) = delete;
+
+    unsigned int stateIdentifier() const { return mStateIdentifier; }
+    bool attached() const { return mFrame.attached(); }
+    void notify(ClientMessageId id, int value, int extra);
+    // The types of the records taken so far, in order.
+    std::vector<long> taken() const;
+
+    std::atomic<bool> answersPaints{true};
+    std::atomic<int> paintResult{0};
+    std::atomic<int> lastRow{5'000};       // largest scroll y
+    std::atomic<int> rowsAbove{0};         // rows before row 0 that a push against it shows
+    std::atomic<double> largestScale{4.0}; // of a pinch
+
+    static constexpr uint32_t colour = 0x80123456;
+
+private:
+    void run();
+    void take(const ClientServerMessage& message);
+    void dragTo(int y);
+    void paint();
+    void writeState();
+
+    const int mDocid;
+    const int mWidth;
+    const int mHeight;
+    DocAdapterMessageQueue mQueue;
+    lectern::Attachment mFrame;
+    unsigned int mStateIdentifier = 0;
+    lectern::Attachment mStateMemory;
+    lectern::ViewState mState{0, 0, 1.0, 0, {0, 0}};
+    int mPenY = 0;
+    int mScrollAtPen = 0;
+    double mFactor = 1.0;
+    double mPainted = 1.0;
+    mutable std::mutex mMutex;
+    std::vector<long> mTaken;
+    std::thread mWorker;
+};

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/Navigation.h"
+
+#include <gmock/gmock.h>
+
+#include "tests/unit/client/FakeService.h"
+
+namespace {
+
+using namespace lectern;
+using testing::ElementsAre;
+
+class NavigationTest : public testing::Test {
+protected:
+    NavigationTest()
+        : mBus(std::move(*Bus::connect(mService.address()))),
+          mDocument(std::move(*Document::open(mBus, "/a.doc", {.width = 48, .height = 80}))) {}
+
+    FakeService mService;
+    Bus mBus;
+    std::unique_ptr<Document> mDocument;
+};
+
+TEST_F(NavigationTest, APinchIsPaintedBetweenItsChangeAndItsEnd) {
+    ASSERT_FALSE(pinch(*mDocument, 2.0));
+    EXPECT_THAT(mService.view().taken(), ElementsAre(1, 7, 8, 1, 9, 1));
+    EXPECT_EQ(mDocument->state().scale, 2.0);
+}
+
+TEST_F(NavigationTest, APinchGoesAsFarAsTheViewDoes) {
+    ASSERT_FALSE(pinch(*mDocument, 100.0));
+    EXPECT_EQ(mDocument->state().scale, 4.0);
+}
+
+TEST_F(NavigationTest, ScrollsToAPlaceInViewsHeights) {
+    const auto arrived = scrollTo(*mDocument, {0, 1'234});
+    ASSERT_TRUE(arrived);
+    EXPECT_TRUE(*arrived);
+    EXPECT_EQ(mDocument->state().scrollY, 1'234);
+}
+
+TEST_F(NavigationTest, ScrollsToTheStartAfterAPinchThatLedAwayFromIt) {
+    mService.view().rowsAbove = 450;
+    ASSERT_FALSE(pinch(*mDocument, 1.5));
+    ASSERT_NE(mDocument->state().scrollY, 0);
+    const auto arrived = scrollTo(*mDocument, {0, 0});
+    ASSERT_TRUE(arrived);
+    EXPECT_TRUE(*arrived);
+    EXPECT_EQ(mService.view().rowsAbove, 0);
+}
+
+TEST_F(NavigationTest, TellsThatTheDocumentEndsBeforeThePlace) {
+    mService.view().lastRow = 200;
+    const auto arrived = scrollTo(*mDocument, {0, 1'000});
+    ASSERT_TRUE(arrived);
+    EXPECT_FALSE(*arrived);
+    EXPECT_EQ(mDocument->state().scrollY, 200);
+}
+
+TEST_F(NavigationTest, GivesUpWhenPaintsFail) {
+    mService.view().paintResult = -4;
+    EXPECT_TRUE(pinch(*mDocument, 2.0));
+    EXPECT_FALSE(scrollTo(*mDocument, {0, 10}));
+}
+
+} // namespace
