@@ -115,16 +115,20 @@ def office():
 def save_as(desktop, source, target, **properties):
     import uno
 
-    def values(entries):
+    def values(entries, kind='PropertyValue'):
         made = []
         for name, value in entries.items():
-            entry = uno.createUnoStruct('com.sun.star.beans.PropertyValue')
+            entry = uno.createUnoStruct(f'com.sun.star.beans.{kind}')
             entry.Name, entry.Value = name, value
             made.append(entry)
         return tuple(made)
 
+    if 'Password' in properties and target.suffix == '.docx':
+        # This format takes the password in another wrapping.
+        secret = values({'CryptoType': 'Standard', 'OOXPassword': properties.pop('Password')}, 'NamedValue')
+        properties['EncryptionData'] = uno.Any('[]com.sun.star.beans.NamedValue', secret)
     document = desktop.loadComponentFromURL(source.as_uri(), '_blank', 0, values({'Hidden': True}))
-    document.storeToURL(target.as_uri(), values(properties))
+    uno.invoke(document, 'storeToURL', (target.as_uri(), uno.Any('[]com.sun.star.beans.PropertyValue', values(properties))))
     document.close(True)
 
 
