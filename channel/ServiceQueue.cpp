@@ -1,0 +1,218 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "channel/ServiceQueue.h"
+
+#include <pthread.h>
+
+#include <cerrno>
+#include <cstddef>
+#include <cstring>
+#include <limits>
+#include <vector>
+
+#include "channel/QueueRecord.h"
+#include "channel/Undelivered.h"
+
+ServiceQueue g_msgQueue;
+
+namespace {
+
+constexpr char kReadFailed[] = "Can't read message from client";
+constexpr char kSendFailed[] = "Failure sending messages";
+constexpr int32_t kNoDocument = -1;
+
+bool isWake(const ClientServerMessage& message) {
+    return message.type == DocAdapterMessageQueue::highestClientType && message.docid == kNoDocument;
+}
+
+// Allows the cancellation of this thread for a while.
+class Cancellable {
+public:
+    Cancellable() { pthread_setcancelstate(PTHREAD_CANCEL_ENABLE, &mBefore); }
+    ~Cancellable() { pthread_setcancelstate(mBefore, nullptr); }
+    Cancellable(const Cancellable&) = delete;
+    Cancellable& operator=(const Cancellable&) = delete;
+
+private:
+    int mBefore = PTHREAD_CANCEL_ENABLE;
+};
+
+} // namespace
+
+long ServiceQueue::ReadMessage(ClientServerMessage& message) {
+    for (;;) {
+        const int id = mQueueId;
+        {
+            const std::lock_guard lock(mMutex);
+            const long size = takeNext(message);
+            if (size >= 0) {
+                ++mMessagesRead;
+                return size;
+            }
+            if (errno != ENOMSG) {
+                return fail(kReadFailed, id);
+            }
+        }
+        const long size = awaitRecord(message);
+        if (size >= 0) {
+            ++mMessagesRead;
+            return size;
+        }
+        if (errno != E2BIG) {
+            return fail(kReadFailed, id);
+        }
+    }
+}
+
+// What is waiting, without waiting for it; -1 with ENOMSG when nothing is.
+long ServiceQueue::takeNext(ClientServerMessage& message) {
+    // Only what goes before the backlog's first record may overtake it.
+    const long lastType = mBacklog.empty() ? highestClientType : mBacklog.lowestType() - 1;
+    errno = ENOMSG;
+    const long size = lastType > 0 ? TakeRecord(mQueueId, -lastType, IPC_NOWAIT, message) : -1;
+    if (size == -1 && errno == ENOMSG && !mBacklog.empty()) {
+        message = mBacklog.pop();
+        return static_cast<long>(ClientServerMessage::textSize);
+    }
+    return size;
+}
+
+// Sleeps until a client record is there: -1 with E2BIG. One without any text
+// cannot stay and is the message, all zeros: 0.
+long ServiceQueue::awaitRecord(ClientServerMessage& message) {
+    long type = 0;
+    ssize_t size = 0;
+    {
+        const Cancellable whileAsleep;
+        size = msgrcv(mQueueId, &type, 0, anyClientMessage, 0);
+    }
+    if (size == 0) {
+        message = ClientServerMessage(type, 0);
+    }
+    return size;
+}
+
+int ServiceQueue::SendMessage(const ServerClientMessage& message) {
+    if (message.type <= highestClientType) {
+        errno = EINVAL;
+        return fail(kSendFailed, notOpen);
+    }
+    const std::lock_guard lock(mMutex);
+    return post(message, message.type);
+}
+
+int ServiceQueue::SendMessage(const ClientServerMessage& message) {
+    const std::lock_guard lock(mMutex);
+    return post(message, 0);
+}
+
+int ServiceQueue::SendPaintDone(int32_t docid, int32_t value) {
+    const int64_t addressee = static_cast<int64_t>(docid) + paintDoneBase;
+    // A client may be a 32-bit program, whose types end here.
+    if (addressee <= highestClientType || addressee > std::numeric_limits<int32_t>::max()) {
+        return 0;
+    }
+    ServerClientMessage message(static_cast<long>(addressee), _PAINT_DONE);
+    message.value = value;
+    return SendMessage(message);
+}
+
+void ServiceQueue::Discard(long addressee) {
+    const std::lock_guard lock(mMutex);
+    ServerClientMessage scrap;
+    while (addressee > highestClientType && TakeRecord(mQueueId, addressee, IPC_NOWAIT, scrap) >= 0) {
+    }
+}
+
+template<typename Record>
+int ServiceQueue::post(const Record& message, long addressee) {
+    const int result = sendNow(message, addressee);
+    if (mWakeOwed && sendNow(ClientServerMessage(highestClientType, kNoDocument), 0) == 0) {
+        mWakeOwed = false;
+    }
+    return result;
+}
+
+template<typename Record>
+int ServiceQueue::sendNow(const Record& message, long addressee) {
+    const int id = mQueueId;
+    bool hadAnything = true;
+    while (msgsnd(id, &message, Record::textSize, IPC_NOWAIT) == -1) {
+        if (errno != EAGAIN || !hadAnything) {
+            return fail(kSendFailed, id);
+        }
+        hadAnything = makeRoom(addressee, Record::textSize);
+    }
+    ++mMessagesSent;
+    return 0;
+}
+
+// False when the queue is empty, and so whatever does not fit never will.
+bool ServiceQueue::makeRoom(long addressee, size_t textSize) {
+    msqid_ds status = {};
+    if (msgctl(mQueueId, IPC_STAT, &status) == 0 && status.msg_qnum == 0) {
+        return false;
+    }
+    if (!moveToBacklog()) {
+        giveUpOutput(addressee, status.msg_qbytes - textSize);
+    }
+    return true;
+}
+
+// False when no client record was there.
+bool ServiceQueue::moveToBacklog() {
+    bool moved = false;
+    ClientServerMessage message;
+    while (TakeRecord(mQueueId, anyClientMessage, IPC_NOWAIT, message) >= 0) {
+        moved = true;
+        keep(message);
+    }
+    return moved;
+}
+
+void ServiceQueue::keep(const ClientServerMessage& message) {
+    if (!isWake(message)) {
+        mBacklog.push(message);
+    }
+    mWakeOwed = true;
+}
+
+// Gives up undelivered output until the rest is of `capacity` bytes, and before
+// it all that nobody can read. A queue cannot be looked into: everything comes
+// off, and goes back without the victims, in the same order.
+void ServiceQueue::giveUpOutput(long addressee, size_t capacity) {
+    std::vector<ServerClientMessage> waiting;
+    ServerClientMessage first;
+    if (addressee > highestClientType && TakeRecord(mQueueId, addressee, IPC_NOWAIT, first) >= 0) {
+        // The usual case, a client that never reads, needs no look at the rest.
+        if (first.id == _INVALIDATED) {
+            return;
+        }
+        waiting.push_back(first);
+    }
+    takeOutput(waiting);
+    while (waiting.size() * ServerClientMessage::textSize > capacity) {
+        waiting.erase(waiting.begin() + static_cast<std::ptrdiff_t>(LeastMissed(waiting, addressee)));
+    }
+    for (const ServerClientMessage& message : waiting) {
+        // Clients that waited for room may have taken some of it meanwhile.
+        while (msgsnd(mQueueId, &message, ServerClientMessage::textSize, IPC_NOWAIT) == -1 &&
+               errno == EAGAIN && moveToBacklog()) {
+        }
+    }
+}
+
+// Takes everything off: output into `waiting`, client records into the backlog,
+// and what has not the size of an output record nowhere.
+void ServiceQueue::takeOutput(std::vector<ServerClientMessage>& waiting) {
+    ClientServerMessage any; // the longer of the two records holds both
+    ssize_t size = 0;
+    while ((size = TakeRecord(mQueueId, 0, IPC_NOWAIT, any)) >= 0) {
+        if (any.type <= highestClientType) {
+            keep(any);
+        } else if (size == static_cast<ssize_t>(ServerClientMessage::textSize)) {
+            ServerClientMessage message;
+            std::memcpy(static_cast<void*>(&message), &any, sizeof message);
+            waiting.push_back(message);
+        }
+    }
+}

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "channel/QueueOwner.h"
+
+#include <gtest/gtest.h>
+#include <sched.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "channel/DocAdapterCommon.h"
+
+namespace {
+
+using testing::internal::CaptureStderr;
+using testing::internal::GetCapturedStderr;
+
+constexpr char kProject = DocAdapterMessageQueue::projectId;
+
+TEST(QueueOwner, OneAtATime) {
+    QueueOwner first;
+    ASSERT_TRUE(first.acquire(kProject));
+    QueueOwner second;
+    CaptureStderr();
+    EXPECT_FALSE(second.acquire(kProject));
+    EXPECT_EQ(GetCapturedStderr(), "Another service already serves the message queue.\n");
+}
+
+TEST(QueueOwner, TheNextOneMayHaveItAfterwards) {
+    { EXPECT_TRUE(QueueOwner().acquire(kProject)); }
+    EXPECT_TRUE(QueueOwner().acquire(kProject));
+}
+
+TEST(QueueOwner, AnotherQueueIsAnotherMatter) {
+    QueueOwner first;
+    QueueOwner second;
+    EXPECT_TRUE(first.acquire(kProject));
+    EXPECT_TRUE(second.acquire('P'));
+}
+
+TEST(QueueOwner, AnotherIpcNamespaceHasAnotherQueue) {
+    QueueOwner here;
+    ASSERT_TRUE(here.acquire(kProject));
+    const pid_t child = fork();
+    if (child == 0) {
+        QueueOwner there;
+        _exit(unshare(CLONE_NEWIPC) == 0 && there.acquire(kProject) ? 0 : 1);
+    }
+    int status = -1;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+}
+
+TEST(QueueOwner, AProcessThatDiesLetsGo) {
+    const pid_t child = fork();
+    if (child == 0) {
+        auto* owner = new QueueOwner;
+        _exit(owner->acquire(kProject) ? 0 : 1);
+    }
+    int status = -1;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_EQ(status, 0);
+    EXPECT_TRUE(QueueOwner().acquire(kProject));
+}
+
+} // namespace

@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: Apache-2.0
+// The records' bytes: what crosses the queue is the same for 32- and 64-bit ends.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstring>
+#include <new>
+
+#include "channel/DocAdapterCommon.h"
+
+namespace {
+
+template<typename Record>
+std::array<unsigned char, Record::textSize> textOf(const Record& message) {
+    std::array<unsigned char, Record::textSize> text;
+    std::memcpy(text.data(), reinterpret_cast<const unsigned char*>(&message) + sizeof(long), text.size());
+    return text;
+}
+
+TEST(ClientRecord, TextIsTwentyBytesInTheOrderDocidXYAndLittleEndian) {
+    ClientServerMessage message(_PEN_DOWN, 0x01020304);
+    message.x = 0x11121314;
+    message.y = -1;
+    std::memset(message.tail, 0x55, sizeof message.tail);
+    const std::array<unsigned char, 20> expected = {4,    3,    2,    1,    0x14, 0x13, 0x12,
+                                                    0x11, 0xFF, 0xFF, 0xFF, 0xFF, 0x55, 0x55,
+                                                    0x55, 0x55, 0x55, 0x55, 0x55, 0x55};
+    EXPECT_EQ(textOf(message), expected);
+    EXPECT_EQ(sizeof message, sizeof(long) + 20);
+}
+
+TEST(ClientRecord, DoublesLieOverXAndYAndTheTail) {
+    ClientServerMessage message(_GESTURE_CHANGE, 7);
+    message.setReals(1.5, -2.25);
+    const auto text = textOf(message);
+    double first = 0;
+    double second = 0;
+    std::memcpy(&first, text.data() + 4, sizeof first);
+    std::memcpy(&second, text.data() + 12, sizeof second);
+    EXPECT_EQ(first, 1.5);
+    EXPECT_EQ(second, -2.25);
+    EXPECT_EQ(message.firstReal(), 1.5);
+    EXPECT_EQ(message.secondReal(), -2.25);
+    EXPECT_EQ(message.docid, 7);
+}
+
+TEST(ClientRecord, DoublesCanBeReadAtAnyAddress) {
+    alignas(8) unsigned char memory[sizeof(ClientServerMessage) + 4];
+    auto* message = new (memory + 4) ClientServerMessage(_GESTURE_START, 1);
+    message->setReals(3.0, 4.0);
+    EXPECT_EQ(message->firstReal(), 3.0);
+    EXPECT_EQ(message->secondReal(), 4.0);
+}
+
+TEST(ClientRecord, WideModeFlagIsTheFirstByteOfX) {
+    ClientServerMessage message(_WIDE_MODE, 0);
+    EXPECT_FALSE(message.flag());
+    message.setFlag(true);
+    EXPECT_EQ(textOf(message)[4], 1);
+    message.setFlag(false);
+    message.x = 0x7FFFFF00; // the other bytes do not count
+    EXPECT_FALSE(message.flag());
+    message.x = 0x80;
+    EXPECT_TRUE(message.flag());
+}
+
+TEST(ClientRecord, ConstructorsLeaveTheTailAlone) {
+    alignas(8) unsigned char memory[sizeof(ClientServerMessage)];
+    std::memset(memory, 0xA5, sizeof memory);
+    const auto* message = new (memory) ClientServerMessage;
+    EXPECT_EQ(message->type, 0);
+    EXPECT_EQ(message->docid, 0);
+    EXPECT_EQ(message->x, 0);
+    EXPECT_EQ(message->y, 0);
+    const auto* typed = new (memory) ClientServerMessage(_KEY_UP, 12);
+    EXPECT_EQ(typed->type, 3);
+    EXPECT_EQ(typed->docid, 12);
+    EXPECT_EQ(typed->x, 0);
+    EXPECT_EQ(typed->y, 0);
+}
+
+TEST(ServiceRecord, TextIsTwelveBytes) {
+    ServerClientMessage message(4096, _OPENED);
+    message.value = 2;
+    message.extra = 0x0A0B0C0D;
+    const std::array<unsigned char, 12> expected = {8, 0, 0, 0, 2, 0, 0, 0, 0x0D, 0x0C, 0x0B, 0x0A};
+    EXPECT_EQ(textOf(message), expected);
+    EXPECT_EQ(sizeof message, sizeof(long) + 12);
+}
+
+TEST(ServiceRecord, ConstructorsClearTheRest) {
+    const ServerClientMessage empty;
+    EXPECT_EQ(empty.type, 0);
+    EXPECT_EQ(empty.id, 0);
+    EXPECT_EQ(empty.value, 0);
+    EXPECT_EQ(empty.extra, 0);
+    const ServerClientMessage typed(102, _PAINT_DONE);
+    EXPECT_EQ(typed.type, 102);
+    EXPECT_EQ(typed.id, 9);
+    EXPECT_EQ(typed.value, 0);
+    EXPECT_EQ(typed.extra, 0);
+}
+
+} // namespace
