@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "service/BusCall.h"
+
+#include <cstdio>
+
+#include "service/IdleClock.h"
+#include "view/JsonReply.h"
+
+json_object* HubMessageGetPayloadCJSON(HubMessage* message) {
+    const char* text = HubMessageGetPayload(message);
+    return text == nullptr ? nullptr : json_tokener_parse(text);
+}
+
+bool HubMessageReplyWrapper(HubHandle* handle, HubMessage* message, const char* text) {
+    HubError error;
+    HubErrorInit(&error);
+    const bool sent = HubMessageReply(handle, message, text, &error);
+    if (!sent) {
+        HubErrorPrint(&error, stderr);
+        HubErrorFree(&error);
+    }
+    return sent;
+}
+
+namespace {
+
+// The clock is set before the payload is read, which may take its time.
+json_object* beginCall(HubMessage* message) {
+    prvUpdateTimer();
+    return HubMessageGetPayloadCJSON(message);
+}
+
+} // namespace
+
+BusCall::BusCall(HubHandle* handle, HubMessage* message)
+    : mHandle(handle), mMessage(message), mPayload(beginCall(message)) {}
+
+BusCall::~BusCall() {
+    prvUpdateTimer();
+}
+
+void BusCall::reply(const std::string& text) {
+    HubMessageReplyWrapper(mHandle, mMessage, text.c_str());
+}
+
+void BusCall::replyDone() {
+    reply(formatSimpleJsonObject("returnValue", true));
+}
+
+void BusCall::replyError(const char* code, const char* text) {
+    reply(formatErrorJsonObject(code, text));
+}

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <string>
+
+#include "hub/hubservice.h"
+#include "service/Json.h"
+
+// The message's text as an object; the caller owns it. Null for a text that is
+// no JSON, which then has no members.
+json_object* HubMessageGetPayloadCJSON(HubMessage* message);
+
+// Sends a reply. False, after the bus library's message on standard error, when
+// the bus refuses it; there is nothing else that a caller could do.
+bool HubMessageReplyWrapper(HubHandle* handle, HubMessage* message, const char* text);
+
+// What the errors of bus methods are called; clients match on these texts.
+inline constexpr char kParamFailed[] = "errParamFailed";
+inline constexpr char kDoesNotExist[] = "errDoesNotExist";
+inline constexpr char kWrongType[] = "errWrongType";
+inline constexpr char kDocType[] = "errDocType";
+
+inline constexpr char kNoDocid[] = "failed to get docid";
+inline constexpr char kNoParameter[] = "failed to get required parameter";
+
+// One call of a bus method, on the stack of its handler: refreshes the idle
+// clock when it begins and when it ends, holds the payload and sends the reply.
+// Texts read from the payload live as long as the call.
+class BusCall {
+public:
+    BusCall(HubHandle* handle, HubMessage* message);
+    ~BusCall();
+    BusCall(const BusCall&) = delete;
+    BusCall& operator=(const BusCall&) = delete;
+
+    json_object* payload() const { return mPayload.get(); }
+
+    void reply(const std::string& text);
+    // {"returnValue": true}
+    void replyDone();
+    void replyError(const char* code, const char* text);
+
+private:
+    HubHandle* mHandle;
+    HubMessage* mMessage;
+    JsonObject mPayload;
+};

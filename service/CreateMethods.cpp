@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "service/CreateMethods.h"
+
+#include <sys/shm.h>
+#include <syslog.h>
+
+#include <cstdio>
+#include <utility>
+
+#include "channel/ServiceQueue.h"
+#include "service/BusCall.h"
+#include "service/DocumentKind.h"
+#include "service/DocumentMethod.h"
+#include "service/Registry.h"
+#include "view/JsonReply.h"
+
+namespace {
+
+struct CreateRequest {
+    const char* fileName = nullptr;
+    int width = 0;
+    int height = 0;
+    unsigned int shmid = 0;
+    int size = 0;
+    unsigned int dataStoreShmId = 0;
+    const char* password = nullptr; // optional
+};
+
+// False when a required parameter is missing.
+bool readRequest(json_object* payload, CreateRequest& request) {
+    json_get_string(payload, "password", &request.password);
+    return json_get_string(payload, "filename", &request.fileName) &&
+           json_get_int(payload, "width", &request.width) &&
+           json_get_int(payload, "height", &request.height) &&
+           json_get_uint(payload, "shmid", &request.shmid) && json_get_int(payload, "size", &request.size) &&
+           json_get_uint(payload, "datastoreshmid", &request.dataStoreShmId);
+}
+
+Documents makeRecord(const CreateRequest& request, FrameBuffer frame, std::unique_ptr<OfficeBase> view) {
+    Documents document;
+    document.view = std::move(view);
+    document.shmid = request.shmid;
+    document.size = request.size;
+    document.buffer = frame.pixels();
+    document.status = frame.status();
+    document.frame = std::move(frame);
+    return document;
+}
+
+// The reply to a "create", and the marks in shared memory that go with it. False
+// when there is no memory for it.
+bool answerCreated(BusCall& call, const Documents& document, int docid) {
+    const JsonOwner reply(json_object_new_object());
+    if (reply == nullptr) {
+        return false;
+    }
+    const unsigned int dataStore = document.view->dataStoreShmId();
+    json_object_object_add(reply.get(), "docid", json_object_new_int(docid));
+    json_object_object_add(reply.get(), "doctype", json_object_new_int(document.view->docType()));
+    json_object_object_add(reply.get(), "datastoreshmid", json_object_new_uint(dataStore));
+    // The client learns the identifier now; with its and our last detach the
+    // segment goes. A view without a segment must not take another one down.
+    if (dataStore > static_cast<unsigned int>(DocAdapterMessageQueue::highestClientType)) {
+        shmctl(static_cast<int>(dataStore), IPC_RMID, nullptr);
+    }
+    *document.status = static_cast<unsigned char>(docid);
+    *document.buffer = dataStore;
+    call.reply(jsonText(reply));
+    return true;
+}
+
+void reportOpened(const CreateRequest& request, const Documents& document, int docid, int result) {
+    if (result != 0) {
+        syslog(LOG_NOTICE, "Error 0x%x opening '%s'.", static_cast<unsigned int>(result), request.fileName);
+    }
+    ServerClientMessage opened(static_cast<long>(document.view->dataStoreShmId()), _OPENED);
+    opened.value = docid;
+    opened.extra = result;
+    g_msgQueue.SendMessage(opened);
+}
+
+// REQUIRES: the registry is held.
+void openDocument(BusCall& call, const CreateRequest& request, FrameBuffer frame, ViewMaker makeView) {
+    const auto docid = static_cast<int>(gDocuments.size());
+    // Answers to an earlier document of this number are nobody's any more.
+    g_msgQueue.Discard(docid + DocAdapterMessageQueue::paintDoneBase);
+
+    Documents& document = gDocuments.emplace_back(makeRecord(
+        request, std::move(frame), makeView(request.width, request.height, docid, request.dataStoreShmId)));
+    const int result = document.view->openFile(request.fileName, request.password);
+    if (answerCreated(call, document, docid)) {
+        reportOpened(request, document, docid, result);
+    }
+}
+
+} // namespace
+
+bool create(HubHandle* handle, HubMessage* message, void* /*data*/) {
+    BusCall call(handle, message);
+    CreateRequest request;
+    if (!readRequest(call.payload(), request)) {
+        call.replyError(kParamFailed, kNoParameter);
+        return true;
+    }
+    const char* problem = nullptr;
+    std::optional<FrameBuffer> frame =
+        FrameBuffer::attach(request.shmid, request.width, request.height, request.size, problem);
+
+    const RegistryLock lock;
+    if (!lock.held()) {
+        return true;
+    }
+    const ViewMaker makeView = ViewMakerOf(KindOf(request.fileName));
+    if (makeView == nullptr) {
+        call.replyError(kDocType, "doctype is unkown");
+    } else if (!frame) {
+        std::fprintf(stderr, "Frame buffer refused: %s.\n", problem);
+        call.replyError(kParamFailed, kNoParameter);
+    } else {
+        openDocument(call, request, std::move(*frame), makeView);
+    }
+    return true;
+}
+
+bool destroy(HubHandle* handle, HubMessage* message, void* /*data*/) {
+    BusCall call(handle, message);
+    int docid = 0;
+    if (readParameters(call, {{"docid", &docid}}, kNoDocid)) {
+        doDestroy(docid);
+    }
+    return true;
+}

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "service/DocumentKind.h"
+
+#include <glib.h>
+
+#include <cstring>
+
+#include "word/Word.h"
+
+namespace {
+
+struct Extension {
+    const char* name;
+    doctype_t kind;
+};
+
+constexpr Extension kExtensions[] = {
+    {"xls", _EXCEL}, {"xlsx", _EXCEL}, {"doc", _WORD}, {"docx", _WORD},
+    {"txt", _WORD},  {"ppt", _PPT},    {"pptx", _PPT},
+};
+
+template<typename View>
+std::unique_ptr<OfficeBase> makeView(int width, int height, int docId, unsigned int dataStoreShmId) {
+    return std::make_unique<View>(width, height, docId, dataStoreShmId);
+}
+
+} // namespace
+
+doctype_t KindOf(const char* fileName) {
+    const char* dot = std::strrchr(fileName, '.');
+    if (dot == nullptr) {
+        return _UNKNOWN;
+    }
+    for (const Extension& extension : kExtensions) {
+        if (g_ascii_strcasecmp(dot + 1, extension.name) == 0) {
+            return extension.kind;
+        }
+    }
+    return _UNKNOWN;
+}
+
+ViewMaker ViewMakerOf(doctype_t kind) {
+    return kind == _WORD ? makeView<Word> : nullptr;
+}

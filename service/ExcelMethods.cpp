@@ -1,0 +1,7 @@
+// SPDX-License-Identifier: Apache-2.0
+// The category "/excel": no method so far, as there is no view of the kind.
+#include "service/MethodTables.h"
+
+const HubMethod excelMethods[] = {
+    {nullptr, nullptr, 0},
+};

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "service/IdleClock.h"
+
+#include <syslog.h>
+
+#include <ctime>
+
+int32_t gLastActive = 0;
+GMainLoop* g_mainloop = nullptr;
+
+void prvUpdateTimer() {
+    gLastActive = static_cast<int32_t>(time(nullptr));
+}
+
+gboolean prvCheckTimeout(void* /*data*/) {
+    // The difference is right also after 2038, when the 32 bits start again.
+    const auto idle =
+        static_cast<int32_t>(static_cast<uint32_t>(time(nullptr)) - static_cast<uint32_t>(gLastActive));
+    if (gLastActive == 0 || idle > kIdleSeconds) {
+        g_main_loop_quit(g_mainloop);
+        syslog(LOG_INFO, "Stopping LecternServer: timeout");
+    }
+    return TRUE;
+}

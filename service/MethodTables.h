@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: Apache-2.0
+// The method tables of the five categories, each ended by an all-zero entry.
+#pragma once
+
+#include "hub/hubservice.h"
+
+extern const HubMethod commonMethods[];
+extern const HubMethod eventMethods[];
+extern const HubMethod wordMethods[];
+extern const HubMethod excelMethods[];
+extern const HubMethod pptMethods[];

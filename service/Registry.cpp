@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "service/Registry.h"
+
+#include <algorithm>
+#include <cstdio>
+
+#include "channel/ServiceQueue.h"
+
+std::vector<Documents>& gDocuments = *new std::vector<Documents>();
+pthread_mutex_t gDocumentsMutex = PTHREAD_MUTEX_INITIALIZER;
+
+RegistryLock::RegistryLock() {
+    const int result = pthread_mutex_lock(&gDocumentsMutex);
+    mHeld = result == 0;
+    if (!mHeld) {
+        std::fprintf(stderr, "Unable to acquire mutex: %d.", result);
+    }
+}
+
+RegistryLock::~RegistryLock() {
+    if (!mHeld) {
+        return;
+    }
+    const int result = pthread_mutex_unlock(&gDocumentsMutex);
+    if (result != 0) {
+        std::fprintf(stderr, "Unable to release mutex: %d.", result);
+    }
+}
+
+bool DocumentExists(unsigned int docid) {
+    return docid < gDocuments.size() && gDocuments[docid].view != nullptr;
+}
+
+namespace {
+
+void destroyRecord(Documents& document) {
+    document.view->SaveStateToDataStore();
+    const unsigned int addressee = document.view->dataStoreShmId();
+    document.view.reset();
+    // The identifier may be another view's next.
+    g_msgQueue.Discard(static_cast<long>(addressee));
+
+    if (document.shmid == 0) {
+        // By definition no segment: it stays attached.
+        if (document.frame) {
+            document.frame->abandon();
+        }
+        return;
+    }
+    document.shmid = 0;
+    document.size = 0;
+    document.frame.reset();
+    document.buffer = nullptr;
+    document.status = nullptr;
+}
+
+} // namespace
+
+void doDestroy(int docid) {
+    const RegistryLock lock;
+    if (!lock.held()) {
+        return;
+    }
+    if (DocumentExists(static_cast<unsigned int>(docid))) {
+        destroyRecord(gDocuments[static_cast<size_t>(docid)]);
+    }
+    if (std::all_of(gDocuments.begin(), gDocuments.end(),
+                    [](const Documents& document) { return document.view == nullptr; })) {
+        gDocuments.clear();
+    }
+}

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "service/RenderWorker.h"
+
+#include <unistd.h>
+
+#include <atomic>
+#include <cassert>
+#include <cerrno>
+#include <cstdio>
+#include <semaphore>
+
+#include "channel/ServiceQueue.h"
+#include "service/DocumentMethod.h"
+#include "service/Registry.h"
+#include "word/Word.h"
+
+namespace {
+
+constexpr int32_t kNoSuchDocument = -4;
+constexpr unsigned char kPainted = 1;
+constexpr useconds_t kRetryMicroseconds = 10000;
+
+std::counting_semaphore<> workerReady(0);
+
+// The client may look at the status byte instead of waiting for the answer:
+// pixels come first.
+int paint(const Documents& document, int32_t docid) {
+    document.view->handlePaintRouter(document.buffer);
+    std::atomic_ref(*document.status).store(kPainted, std::memory_order_release);
+    return g_msgQueue.SendPaintDone(docid, 0);
+}
+
+void setWideMode(OfficeBase& view, bool on) {
+    if (view.docType() == _WORD) {
+        static_cast<Word&>(view).setWideMode(on);
+    } else {
+        std::fprintf(stderr, "Only Word supports wide mode: %d\n", view.docType());
+    }
+}
+
+void handleInput(OfficeBase& view, const ClientServerMessage& message) {
+    view.setDirty();
+    switch (message.type) {
+    case _KEY_DOWN:
+        view.handleKeyDown(message.x, message.y);
+        break;
+    case _KEY_UP:
+        view.handleKeyUp(message.x, message.y);
+        break;
+    case _PEN_DOWN:
+        withViewLocked(view, [&] { return view.handlePenDown(message.x, message.y); });
+        break;
+    case _PEN_UP:
+        withViewLocked(view, [&] { return view.handlePenUp(message.x, message.y); });
+        break;
+    case _PEN_MOVE:
+        view.handlePenMove(message.x, message.y);
+        break;
+    case _GESTURE_START:
+        view.handleGestureStart(message.firstReal(), message.secondReal());
+        break;
+    case _GESTURE_CHANGE:
+        view.handleGestureChange(message.firstReal(), message.secondReal());
+        break;
+    case _GESTURE_END:
+        view.handleGestureEnd(message.firstReal(), message.secondReal());
+        break;
+    case _WIDE_MODE:
+        setWideMode(view, message.flag());
+        break;
+    default:
+        std::printf("Unknown message type %ld\n", message.type);
+        break;
+    }
+}
+
+// Where, besides the wait for a record, the thread may be cancelled: a client
+// that never stops posting must not keep the service from ending.
+void testCancel() {
+    int before = 0;
+    pthread_setcancelstate(PTHREAD_CANCEL_ENABLE, &before);
+    pthread_testcancel();
+    pthread_setcancelstate(before, nullptr);
+}
+
+} // namespace
+
+bool serveMessage(const ClientServerMessage& message) {
+    const bool isPaint = message.type == _PAINT;
+    {
+        const RegistryLock lock;
+        if (!lock.held()) {
+            return false;
+        }
+        const auto index = static_cast<unsigned int>(message.docid);
+        if (DocumentExists(index)) {
+            const Documents& record = gDocuments[index];
+            OfficeBase* document = record.view.get();
+            assert(document != __null); // NOLINT(modernize-use-nullptr): as the mutex guard's
+            if (isPaint) {
+                return paint(record, message.docid) == 0;
+            }
+            handleInput(*document, message);
+            return true;
+        }
+    }
+    // Nobody's input is dropped; who asked for a paint waits for an answer.
+    return !isPaint || g_msgQueue.SendPaintDone(message.docid, kNoSuchDocument) == 0;
+}
+
+void* server_func(void* /*arg*/) {
+    pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, nullptr);
+    g_msgQueue.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId);
+    g_msgQueue.Drain();
+    workerReady.release();
+    while (g_msgQueue.isOpen()) {
+        testCancel();
+        ClientServerMessage message;
+        if (g_msgQueue.ReadMessage(message) == -1) {
+            if (g_msgQueue.isOpen() && errno != EINTR) {
+                usleep(kRetryMicroseconds); // an error that stays must not spin
+            }
+            continue;
+        }
+        if (!serveMessage(message)) {
+            break;
+        }
+    }
+    return nullptr;
+}
+
+void awaitWorkerReady() {
+    workerReady.acquire();
+}

@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "service/Signals.h"
+
+#include <fcntl.h>
+#include <syslog.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cerrno>
+#include <csignal>
+
+#include "channel/ServiceQueue.h"
+#include "service/IdleClock.h"
+#include "service/ModuleStop.h"
+
+namespace {
+
+constexpr unsigned int kFaultSeconds = 2;
+// What goes through the pipe beside numbers of signals, none of which are these.
+constexpr unsigned char kEndOfThread = 0;
+constexpr unsigned char kOrderlyStop = 255;
+
+// The pipe's end that handlers write to; -1 while no thread listens.
+std::atomic<int> passOnTo{-1};
+static_assert(std::atomic<int>::is_always_lock_free);
+
+// The fault that the process is dying of, 0 while there is none.
+std::atomic<int> fault{0};
+
+// One orderly stop is enough.
+std::atomic<bool> stopAsked{false};
+
+void passOn(unsigned char what) {
+    const int interrupted = errno;
+    const ssize_t written = write(passOnTo, &what, 1);
+    static_cast<void>(written); // a full pipe holds a reason to end already
+    errno = interrupted;
+}
+
+bool isFault(int signal) {
+    return signal == SIGABRT || signal == SIGILL || signal == SIGFPE || signal == SIGBUS || signal == SIGSEGV;
+}
+
+// Says why, lets the client see the queue vanish, and ends.
+[[noreturn]] void endBySignal(int signal) {
+    syslog(LOG_DEBUG, "LecternServer got signal: %d", signal);
+    g_msgQueue.Remove();
+    _exit(signal == SIGHUP || signal == SIGQUIT ? 0 : signal);
+}
+
+// The log hung, or faulted again.
+[[noreturn]] void endWithoutLog(int /*signal*/) {
+    g_msgQueue.Remove();
+    _exit(fault);
+}
+
+[[noreturn]] void endByFault(int signal) {
+    int none = 0;
+    if (!fault.compare_exchange_strong(none, signal)) {
+        endWithoutLog(signal);
+    }
+    struct sigaction alarmed = {};
+    alarmed.sa_handler = endWithoutLog;
+    sigaction(SIGALRM, &alarmed, nullptr);
+    alarm(kFaultSeconds);
+    endBySignal(signal);
+}
+
+// Nested signals are let through, so that a fault inside of the handler of a
+// fault is seen.
+void install(int signal, void (*handler)(int), int flags) {
+    struct sigaction action = {};
+    action.sa_handler = handler;
+    action.sa_flags = flags;
+    sigemptyset(&action.sa_mask);
+    sigaction(signal, &action, nullptr);
+}
+
+gboolean quitMainLoop(void* /*data*/) {
+    g_main_loop_quit(g_mainloop);
+    return G_SOURCE_REMOVE;
+}
+
+// On the signal thread.
+void stopInOrder() {
+    if (stopAsked.exchange(true)) {
+        return;
+    }
+    syslog(LOG_INFO, "Stopping LecternServer: terminated by signal");
+    stopModulesSoon();
+    // From within the loop, so that it also counts when the loop has yet to start.
+    g_idle_add_full(G_PRIORITY_HIGH, quitMainLoop, nullptr, nullptr);
+}
+
+} // namespace
+
+void handle_signal(int signal) {
+    if (isFault(signal)) {
+        endByFault(signal);
+    }
+    passOn(static_cast<unsigned char>(signal));
+}
+
+void term_handler(int /*signal*/) {
+    passOn(kOrderlyStop);
+}
+
+void installSignalHandlers() {
+    for (const int signal : {SIGINT, SIGHUP, SIGQUIT, SIGTERM, SIGABRT, SIGILL, SIGFPE, SIGBUS, SIGSEGV}) {
+        install(signal, handle_signal, SA_RESTART | SA_NODEFER);
+    }
+    install(SIGPIPE, SIG_IGN, 0);
+}
+
+void installTermHandler() {
+    install(SIGTERM, term_handler, SA_RESTART);
+}
+
+int SignalThread::start() {
+    int ends[2];
+    if (pipe2(ends, O_CLOEXEC) == -1) {
+        return errno;
+    }
+    fcntl(ends[1], F_SETFL, O_NONBLOCK);
+    mReadEnd = ends[0];
+    passOnTo = ends[1];
+    stopAsked = false;
+    const int result = pthread_create(&mThread, nullptr, run, &mReadEnd);
+    mRunning = result == 0;
+    return result;
+}
+
+SignalThread::~SignalThread() {
+    if (mRunning) {
+        passOn(kEndOfThread);
+        pthread_join(mThread, nullptr);
+    }
+    if (mReadEnd != -1) {
+        close(passOnTo.exchange(-1));
+        close(mReadEnd);
+    }
+}
+
+void* SignalThread::run(void* readEnd) {
+    unsigned char what = kEndOfThread;
+    while (read(*static_cast<int*>(readEnd), &what, 1) == 1 && what != kEndOfThread) {
+        if (what != kOrderlyStop) {
+            endBySignal(what);
+        }
+        stopInOrder();
+    }
+    return nullptr;
+}

@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: Apache-2.0
+// The category "/events", but for opening and closing.
+#include "ServiceTest.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::internal::CaptureStderr;
+using testing::internal::GetCapturedStderr;
+
+constexpr char kReplyDone[] = "reply { \"returnValue\": true }";
+
+const std::vector<std::string> kPointMethods = {"handlePenUp", "handlePenDown", "handlePenMove",
+                                                "handleClick", "handleFlick",   "handleDoubleClick"};
+const std::vector<std::string> kKeyMethods = {"handleKeyUp", "handleKeyDown"};
+
+class EventMethodsTest : public ServiceTest {
+protected:
+    std::vector<std::string> traceOf(const std::string& method) {
+        return ServiceTest::traceOf("/events", method, kComplete);
+    }
+    static constexpr char kComplete[] =
+        R"({"docid": 0, "xCoord": 11, "yCoord": -12, "chr": 97, "modifiers": 3})";
+};
+
+TEST_F(EventMethodsTest, PensAreNeitherLockedNorInvalidating) {
+    const int docid = addView();
+    view(docid).mDirty = false;
+    EXPECT_THAT(traceOf("handlePenDown"), ElementsAre("handlePenDown(11, -12)", kReplyDone));
+    EXPECT_THAT(traceOf("handlePenMove"), ElementsAre("handlePenMove(11, -12)", kReplyDone));
+    EXPECT_THAT(traceOf("handlePenUp"), ElementsAre("handlePenUp(11, -12)", kReplyDone));
+    EXPECT_FALSE(view(docid).mDirty);
+}
+
+TEST_F(EventMethodsTest, KeysAreNeitherLockedNorInvalidating) {
+    const int docid = addView();
+    view(docid).mDirty = false;
+    EXPECT_THAT(traceOf("handleKeyDown"), ElementsAre("handleKeyDown(97, 3)", kReplyDone));
+    EXPECT_THAT(traceOf("handleKeyUp"), ElementsAre("handleKeyUp(97, 3)", kReplyDone));
+    EXPECT_FALSE(view(docid).mDirty);
+}
+
+TEST_F(EventMethodsTest, AClickThatTheViewUsedInvalidatesBeforeTheReply) {
+    addView();
+    EXPECT_THAT(traceOf("handleClick"), ElementsAre("handleClick(11, -12) locked", "message 0", kReplyDone));
+}
+
+TEST_F(EventMethodsTest, AClickThatTheViewHadNoUseForIsToldFirst) {
+    const int docid = addView();
+    view(docid).clickResult = false;
+    EXPECT_THAT(traceOf("handleClick"),
+                ElementsAre("handleClick(11, -12) locked", "message 3", "message 0", kReplyDone));
+}
+
+TEST_F(EventMethodsTest, AFlickHoldsTheViewsMutexAndInvalidatesBeforeTheReply) {
+    addView();
+    EXPECT_THAT(traceOf("handleFlick"), ElementsAre("handleFlick(11, -12) locked", "message 0", kReplyDone));
+}
+
+TEST_F(EventMethodsTest, ADoubleClickLocksForItself) {
+    addView();
+    EXPECT_THAT(traceOf("handleDoubleClick"),
+                ElementsAre("handleDoubleClick(11, -12)", "message 0", kReplyDone));
+}
+
+TEST_F(EventMethodsTest, PingIsNotAnswered) {
+    EXPECT_EQ(call("/events", "ping", "{}"), std::nullopt);
+}
+
+TEST_F(EventMethodsTest, EveryParameterIsRequired) {
+    addView();
+    for (const std::string& method : kPointMethods) {
+        for (const char* payload : {"{}", R"({"xCoord": 1, "yCoord": 1})", R"({"docid": 0, "yCoord": 1})",
+                                    R"({"docid": 0, "xCoord": 1})"}) {
+            EXPECT_EQ(call("/events", method, payload), kNoParameterText) << method << payload;
+        }
+    }
+    for (const std::string& method : kKeyMethods) {
+        for (const char* payload : {"{}", R"({"docid": 0, "modifiers": 1})", R"({"docid": 0, "chr": 1})",
+                                    R"({"modifiers": 0, "chr": 1})"}) {
+            EXPECT_EQ(call("/events", method, payload), kNoParameterText) << method << payload;
+        }
+    }
+    EXPECT_TRUE(trace.empty());
+}
+
+TEST_F(EventMethodsTest, DocumentsThatDoNotExistAreTold) {
+    for (const auto& methods : {kPointMethods, kKeyMethods}) {
+        for (const std::string& method : methods) {
+            EXPECT_EQ(call("/events", method, kComplete), kNoDocument) << method;
+        }
+    }
+}
+
+TEST_F(EventMethodsTest, ParametersComeBeforeTheRegistryAndWithoutItThereIsNoReply) {
+    const StuckRegistry stuck;
+    for (const auto& methods : {kPointMethods, kKeyMethods}) {
+        for (const std::string& method : methods) {
+            EXPECT_EQ(call("/events", method, "{}"), kNoParameterText) << method;
+            CaptureStderr();
+            EXPECT_EQ(call("/events", method, kComplete), std::nullopt) << method;
+            EXPECT_EQ(GetCapturedStderr(), "Unable to acquire mutex: 35.");
+        }
+    }
+}
+
+} // namespace

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "service/ModuleStop.h"
+
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(StopModulesSoon, LoadsNoModule) {
+    stopModulesSoon();
+    EXPECT_EQ(dlopen("SheetToGoModule.so", RTLD_LAZY | RTLD_NOLOAD), nullptr);
+}
+
+TEST(StopModulesSoon, TellsLoadedModulesAndLeavesThemLoaded) {
+    void* words = dlopen("WordToGoModule.so", RTLD_LAZY); // has no say in it
+    void* sheets = dlopen("SheetToGoModule.so", RTLD_LAZY);
+    ASSERT_NE(words, nullptr) << dlerror();
+    ASSERT_NE(sheets, nullptr) << dlerror();
+    const auto stops = reinterpret_cast<int (*)()>(dlsym(sheets, "stop_count"));
+    ASSERT_NE(stops, nullptr);
+    EXPECT_EQ(stops(), 0);
+    stopModulesSoon();
+    EXPECT_EQ(stops(), 1);
+    stopModulesSoon();
+    EXPECT_EQ(stops(), 2);
+    EXPECT_EQ(dlclose(sheets), 0);
+    EXPECT_EQ(dlclose(words), 0);
+}
+
+} // namespace

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: Apache-2.0
+// Payloads that are none, and replies that the bus does not take.
+#include "ServiceTest.h"
+#include "service/IdleClock.h"
+
+namespace {
+
+using testing::internal::CaptureStderr;
+using testing::internal::GetCapturedStderr;
+
+class ReplyTest : public ServiceTest {};
+
+TEST_F(ReplyTest, APayloadThatIsNoJsonHasNoMembers) {
+    for (const char* payload : {"", "{", "no json", "{\"docid\": }", "[]", "null", "7"}) {
+        EXPECT_EQ(call("/common", "getDocProperties", payload), kNoDocidText) << payload;
+    }
+    EXPECT_EQ(fakeHub.call("/common", "getDocProperties", nullptr), kNoDocidText);
+}
+
+TEST_F(ReplyTest, ARefusedReplyIsReportedAndForgotten) {
+    addView();
+    fakeHub.replyFailure = "caller has gone";
+    CaptureStderr();
+    EXPECT_EQ(call("/common", "closeSearch", R"({"docid": 0})"), std::nullopt);
+    EXPECT_EQ(GetCapturedStderr(), "1: caller has gone\n");
+    EXPECT_THAT(trace, testing::ElementsAre("stopFind"));
+}
+
+TEST_F(ReplyTest, TheIdleClockIsSetWhenACallBeginsAndWhenItEnds) {
+    const int docid = addView();
+    systemCalls.now = 1000;
+    view(docid).onCall = [] {
+        EXPECT_EQ(gLastActive, 1000);
+        systemCalls.now = 1040; // a long one
+    };
+    call("/common", "getDocProperties", R"({"docid": 0})");
+    EXPECT_EQ(gLastActive, 1040);
+    view(docid).onCall = nullptr;
+    systemCalls.now = 0;
+}
+
+TEST_F(ReplyTest, EveryMethodKeepsTheServiceAlive) {
+    for (const auto& [category, methods] : fakeHub.categories) {
+        for (const HubMethod* method = methods; method->name != nullptr; ++method) {
+            gLastActive = 1;
+            systemCalls.now = 5000;
+            call(category, method->name, "{}");
+            EXPECT_EQ(gLastActive, 5000) << method->name;
+        }
+    }
+    systemCalls.now = 0;
+}
+
+} // namespace

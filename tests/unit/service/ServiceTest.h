@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "RecordingView.h"
+#include "SystemCalls.h"
+#include "channel/ServiceQueue.h"
+#include "service/Registry.h"
+#include "tests/fakes/hub/FakeHub.h"
+
+inline constexpr char kDone[] = R"({ "returnValue": true })";
+inline constexpr char kNoDocument[] =
+    R"({ "errorCode": "errDoesNotExist", "errorText": "Document does not exist" })";
+inline constexpr char kNoDocidText[] =
+    R"({ "errorCode": "errParamFailed", "errorText": "failed to get docid" })";
+inline constexpr char kNoParameterText[] =
+    R"({ "errorCode": "errParamFailed", "errorText": "failed to get required parameter" })";
+
+// A service without its main loop: the categories are registered with the fake
+// bus, the queue is open and empty, and there is no document. All of it is gone
+// afterwards, and so is every segment.
+class ServiceTest : public testing::Test {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    std::optional<std::string> call(const std::string& category, const std::string& method,
+                                    const std::string& payload) {
+        return fakeHub.call(category, method, payload.c_str());
+    }
+
+    // Puts a recording view into the registry; its docid. Its frame is frameOf(docid).
+    int addView(doctype_t kind = _EXCEL);
+    RecordingView& view(int docid) { return static_cast<RecordingView&>(*gDocuments.at(index(docid)).view); }
+    // The address of a recording view's messages.
+    static long addressOf(int docid) { return 5000 + docid; }
+    std::vector<unsigned int>& frameOf(int docid) { return *frames.at(index(docid)); }
+
+    // What waits for an addressee, and is taken.
+    static std::vector<ServerClientMessage> takeMessages(long addressee);
+    static unsigned long waiting();
+    // Adds to the trace what waits for a recording view, as "message ID".
+    void traceMessages();
+    // Calls a method and gives the trace of it, replies as "reply TEXT".
+    std::vector<std::string> traceOf(const std::string& category, const std::string& method,
+                                     const std::string& payload);
+
+    static int segments();
+
+    std::vector<std::string> trace;
+    int segmentsBefore = 0;
+
+private:
+    static size_t index(int docid) { return static_cast<size_t>(docid); }
+
+    std::vector<std::unique_ptr<std::vector<unsigned int>>> frames;
+};
+
+// Makes the registry's mutex fail to lock, as one that its own thread holds.
+class StuckRegistry {
+public:
+    StuckRegistry();
+    ~StuckRegistry();
+};

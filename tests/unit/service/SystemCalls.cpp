@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "SystemCalls.h"
+
+#include <json-c/json.h>
+#include <pthread.h>
+#include <sys/ipc.h>
+#include <sys/msg.h>
+
+#include <cerrno>
+#include <cstdarg>
+#include <cstdio>
+#include <mutex>
+#include <utility>
+
+SystemCalls systemCalls;
+
+namespace {
+
+std::mutex logMutex;
+std::vector<std::string> logLines;
+
+void log(int priority, const char* format, va_list arguments) {
+    char text[1024];
+    std::vsnprintf(text, sizeof text, format, arguments);
+    const std::lock_guard lock(logMutex);
+    logLines.push_back("<" + std::to_string(priority) + "> " + text);
+}
+
+} // namespace
+
+std::vector<std::string> SystemCalls::takeLog() {
+    const std::lock_guard lock(logMutex);
+    return std::exchange(logLines, {});
+}
+
+extern "C" {
+
+void __wrap_syslog(int priority, const char* format, ...) __attribute__((format(printf, 2, 3)));
+void __wrap___syslog_chk(int priority, int flag, const char* format, ...)
+    __attribute__((format(printf, 3, 4)));
+time_t __real_time(time_t* out);
+time_t __wrap_time(time_t* out);
+json_object* __real_json_object_new_object();
+json_object* __wrap_json_object_new_object();
+int __real_pthread_mutex_init(pthread_mutex_t* mutex, const pthread_mutexattr_t* attributes);
+int __wrap_pthread_mutex_init(pthread_mutex_t* mutex, const pthread_mutexattr_t* attributes);
+int __real_pthread_mutex_unlock(pthread_mutex_t* mutex);
+int __wrap_pthread_mutex_unlock(pthread_mutex_t* mutex);
+int __real_pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*body)(void*),
+                          void* arg);
+int __wrap_pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*body)(void*),
+                          void* arg);
+ssize_t __real_msgrcv(int id, void* message, size_t size, long type, int flags);
+ssize_t __wrap_msgrcv(int id, void* message, size_t size, long type, int flags);
+
+void __wrap_syslog(int priority, const char* format, ...) {
+    va_list arguments;
+    va_start(arguments, format);
+    log(priority, format, arguments);
+    va_end(arguments);
+}
+
+void __wrap___syslog_chk(int priority, int /*flag*/, const char* format, ...) {
+    va_list arguments;
+    va_start(arguments, format);
+    log(priority, format, arguments);
+    va_end(arguments);
+}
+
+time_t __wrap_time(time_t* out) {
+    if (systemCalls.now == 0) {
+        return __real_time(out);
+    }
+    if (out != nullptr) {
+        *out = systemCalls.now;
+    }
+    return systemCalls.now;
+}
+
+json_object* __wrap_json_object_new_object() {
+    return systemCalls.noJsonObjects ? nullptr : __real_json_object_new_object();
+}
+
+int __wrap_pthread_mutex_init(pthread_mutex_t* mutex, const pthread_mutexattr_t* attributes) {
+    const int error = systemCalls.mutexInitError.exchange(0);
+    return error != 0 ? error : __real_pthread_mutex_init(mutex, attributes);
+}
+
+int __wrap_pthread_mutex_unlock(pthread_mutex_t* mutex) {
+    const int result = __real_pthread_mutex_unlock(mutex);
+    return mutex == systemCalls.failingUnlock ? EPERM : result;
+}
+
+int __wrap_pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*body)(void*),
+                          void* arg) {
+    if (systemCalls.threadsUntilError >= 0 && systemCalls.threadsUntilError-- == 0) {
+        return systemCalls.threadError;
+    }
+    return __real_pthread_create(thread, attributes, body, arg);
+}
+
+ssize_t __wrap_msgrcv(int id, void* message, size_t size, long type, int flags) {
+    if ((flags & IPC_NOWAIT) == 0 && systemCalls.receiveErrors > 0) {
+        --systemCalls.receiveErrors;
+        errno = systemCalls.receiveError;
+        return -1;
+    }
+    return __real_msgrcv(id, message, size, type, flags);
+}
+}

@@ -1,0 +1,212 @@
+// SPDX-License-Identifier: Apache-2.0
+// What the worker does with one record.
+#include "ClientSide.h"
+#include "service/RenderWorker.h"
+#include "tests/fakes/word/FakeWordModule.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+using testing::internal::CaptureStderr;
+using testing::internal::CaptureStdout;
+using testing::internal::GetCapturedStderr;
+using testing::internal::GetCapturedStdout;
+
+class WorkerDispatchTest : public ClientSideTest {
+protected:
+    static ClientServerMessage record(long type, int docid, int x = 0, int y = 0) {
+        ClientServerMessage message(type, docid);
+        message.x = x;
+        message.y = y;
+        return message;
+    }
+    // Serves a record for the view; the trace of it.
+    std::vector<std::string> traceOf(const ClientServerMessage& message) {
+        trace.clear();
+        view(message.docid).mDirty = false;
+        EXPECT_TRUE(serveMessage(message));
+        EXPECT_EQ(view(message.docid).mDirty, message.type != _PAINT);
+        traceMessages();
+        return trace;
+    }
+};
+
+TEST_F(WorkerDispatchTest, InputReachesTheViewAndMarksItDirty) {
+    const int docid = addView();
+    EXPECT_THAT(traceOf(record(2, docid, 97, 1)), ElementsAre("handleKeyDown(97, 1)"));
+    EXPECT_THAT(traceOf(record(3, docid, 97, 2)), ElementsAre("handleKeyUp(97, 2)"));
+    EXPECT_THAT(traceOf(record(6, docid, -7, 8)), ElementsAre("handlePenMove(-7, 8)"));
+}
+
+TEST_F(WorkerDispatchTest, PenDownAndUpHoldTheViewsMutex) {
+    const int docid = addView();
+    EXPECT_THAT(traceOf(record(4, docid, 3, 4)), ElementsAre("handlePenDown(3, 4) locked"));
+    EXPECT_THAT(traceOf(record(5, docid, 5, 6)), ElementsAre("handlePenUp(5, 6) locked"));
+    EXPECT_EQ(pthread_mutex_trylock(view(docid).mutex()), 0);
+    pthread_mutex_unlock(view(docid).mutex());
+}
+
+TEST_F(WorkerDispatchTest, GesturesCarryTwoDoubles) {
+    const int docid = addView();
+    ClientServerMessage gesture(7, docid);
+    gesture.setReals(1.5, -0.25);
+    EXPECT_THAT(traceOf(gesture), ElementsAre("handleGestureStart(1.5, -0.25)"));
+    gesture.type = 8;
+    EXPECT_THAT(traceOf(gesture), ElementsAre("handleGestureChange(1.5, -0.25)"));
+    gesture.type = 9;
+    EXPECT_THAT(traceOf(gesture), ElementsAre("handleGestureEnd(1.5, -0.25)"));
+}
+
+TEST_F(WorkerDispatchTest, UnknownTypesAreTold) {
+    const int docid = addView();
+    for (const long type : {0L, 11L, 42L, 99L}) {
+        CaptureStdout();
+        EXPECT_THAT(traceOf(record(type, docid)), IsEmpty());
+        EXPECT_EQ(GetCapturedStdout(), "Unknown message type " + std::to_string(type) + "\n");
+    }
+}
+
+TEST_F(WorkerDispatchTest, WideModeIsForWordsOnly) {
+    for (const doctype_t kind : {_EXCEL, _PPT}) {
+        ClientServerMessage wide(_WIDE_MODE, addView(kind));
+        wide.setFlag(true);
+        CaptureStderr();
+        EXPECT_THAT(traceOf(wide), IsEmpty());
+        EXPECT_EQ(GetCapturedStderr(), "Only Word supports wide mode: " + std::to_string(kind) + "\n");
+    }
+}
+
+TEST_F(WorkerDispatchTest, WideModeLaysAWordDocumentOutAnew) {
+    fakeWord().reset();
+    const ClientFrame frame(kSize);
+    create("a.doc", frame);
+    const int width = fakeWord().layout.width;
+    ClientServerMessage wide(_WIDE_MODE, 0);
+    wide.setFlag(true);
+    EXPECT_TRUE(serveMessage(wide));
+    EXPECT_GT(fakeWord().layout.width, width);
+    wide.setFlag(false);
+    EXPECT_TRUE(serveMessage(wide));
+    EXPECT_EQ(fakeWord().layout.width, width);
+}
+
+TEST_F(WorkerDispatchTest, APaintFillsTheFrameAndThenAnswers) {
+    const int docid = addView();
+    CpPixmap surface(4, 4);
+    view(docid).mDocPixmap = &surface;
+    view(docid).mDirty = true;
+    view(docid).onCall = [&] {
+        EXPECT_EQ(*gDocuments[static_cast<size_t>(docid)].status, 0);
+        EXPECT_EQ(waiting(), 0U);
+    };
+    EXPECT_TRUE(serveMessage(record(_PAINT, docid)));
+    view(docid).onCall = nullptr;
+    EXPECT_THAT(trace, ElementsAre("handlePaint", "SaveStateToDataStore")); // the first locks for itself
+    EXPECT_EQ(frameOf(docid)[0], 0xFF123456U);
+    EXPECT_EQ(*gDocuments[static_cast<size_t>(docid)].status, 1);
+    EXPECT_FALSE(view(docid).mDirty);
+    const auto answers = takeMessages(docid + 101);
+    ASSERT_THAT(answers, SizeIs(1));
+    EXPECT_EQ(answers[0].id, _PAINT_DONE);
+    EXPECT_EQ(answers[0].value, 0);
+    EXPECT_EQ(answers[0].extra, 0);
+}
+
+TEST_F(WorkerDispatchTest, APaintOfAViewThatHasNotChangedIsAnsweredToo) {
+    const int docid = addView();
+    view(docid).mDirty = false;
+    EXPECT_TRUE(serveMessage(record(_PAINT, docid)));
+    EXPECT_THAT(trace, IsEmpty());
+    EXPECT_THAT(takeMessages(docid + 101), SizeIs(1));
+    EXPECT_EQ(*gDocuments[static_cast<size_t>(docid)].status, 1);
+}
+
+TEST_F(WorkerDispatchTest, ADocumentOfTheClientIsPaintedIntoItsSegment) {
+    fakeWord().reset();
+    ClientFrame frame(kSize + 4);
+    create("a.doc", frame);
+    frame.setStatus(77);
+    EXPECT_TRUE(serveMessage(record(_PAINT, 0)));
+    EXPECT_EQ(frame.pixel(0), fakeWordPixel(0, 0));
+    EXPECT_EQ(frame.pixel(kWidth * (kHeight - 1) + 1), fakeWordPixel(kHeight - 1, 1));
+    EXPECT_EQ(frame.status(), 1);
+}
+
+TEST_F(WorkerDispatchTest, PaintsOfUnknownDocumentsAreAnsweredMinusFour) {
+    addView();
+    addView();
+    doDestroy(0);
+    trace.clear();
+    for (const int docid : {0, 2, 5000, -1}) {
+        EXPECT_TRUE(serveMessage(record(_PAINT, docid)));
+        const auto answers = takeMessages(docid + 101);
+        ASSERT_THAT(answers, SizeIs(1)) << docid;
+        EXPECT_EQ(answers[0].id, _PAINT_DONE);
+        EXPECT_EQ(answers[0].value, -4);
+        EXPECT_EQ(answers[0].extra, 0);
+    }
+    EXPECT_THAT(trace, IsEmpty());
+}
+
+TEST_F(WorkerDispatchTest, PaintsThatCannotBeAnsweredDoNotEndTheWorker) {
+    CaptureStderr();
+    for (const int docid : {-2, -102, -2147483647 - 1, 2147483647, 2147483547}) {
+        EXPECT_TRUE(serveMessage(record(_PAINT, docid)));
+    }
+    EXPECT_EQ(GetCapturedStderr(), "");
+    EXPECT_EQ(waiting(), 0U);
+}
+
+TEST_F(WorkerDispatchTest, InputForUnknownDocumentsIsDropped) {
+    addView();
+    addView();
+    doDestroy(0);
+    trace.clear();
+    CaptureStderr();
+    CaptureStdout();
+    for (const int docid : {0, 2, -1}) {
+        for (const long type : {2L, 5L, 8L, 10L, 42L, 99L}) {
+            EXPECT_TRUE(serveMessage(record(type, docid)));
+        }
+    }
+    EXPECT_EQ(GetCapturedStdout(), "");
+    EXPECT_EQ(GetCapturedStderr(), "");
+    EXPECT_THAT(trace, IsEmpty());
+    EXPECT_EQ(waiting(), 0U);
+}
+
+TEST_F(WorkerDispatchTest, WithoutTheRegistryTheWorkerEnds) {
+    const StuckRegistry stuck;
+    for (const long type : {1L, 6L}) {
+        CaptureStderr();
+        EXPECT_FALSE(serveMessage(record(type, 0)));
+        EXPECT_EQ(GetCapturedStderr(), "Unable to acquire mutex: 35.");
+    }
+}
+
+TEST_F(WorkerDispatchTest, APaintThatCannotBeReportedEndsTheWorkerAndFreesTheRegistry) {
+    addView();
+    g_msgQueue.Remove();
+    for (const int docid : {0, 1}) {
+        ASSERT_EQ(g_msgQueue.isOpen(), false);
+        CaptureStderr();
+        EXPECT_FALSE(serveMessage(record(_PAINT, docid)));
+        EXPECT_EQ(GetCapturedStderr(), "Failure sending messages: Invalid argument\n");
+        EXPECT_EQ(pthread_mutex_trylock(&gDocumentsMutex), 0);
+        pthread_mutex_unlock(&gDocumentsMutex);
+    }
+}
+
+TEST_F(WorkerDispatchTest, ARegistryThatCannotBeUnlockedIsReportedAndTheWorkerGoesOn) {
+    const int docid = addView();
+    systemCalls.failingUnlock = &gDocumentsMutex;
+    CaptureStderr();
+    EXPECT_TRUE(serveMessage(record(_PEN_MOVE, docid)));
+    EXPECT_EQ(GetCapturedStderr(), "Unable to release mutex: 1.");
+    systemCalls.failingUnlock = nullptr;
+}
+
+} // namespace

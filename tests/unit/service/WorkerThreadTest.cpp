@@ -1,0 +1,205 @@
+// SPDX-License-Identifier: Apache-2.0
+// The worker as a thread, with a client at the queue's other end.
+#include <pthread.h>
+#include <sys/ipc.h>
+#include <sys/msg.h>
+
+#include <cerrno>
+#include <thread>
+
+#include "ServiceTest.h"
+#include "service/RenderWorker.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::SizeIs;
+using testing::internal::CaptureStderr;
+using testing::internal::GetCapturedStderr;
+
+class WorkerThreadTest : public ServiceTest {
+protected:
+    void SetUp() override {
+        ServiceTest::SetUp();
+        ASSERT_EQ(client.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId), 0);
+    }
+    void TearDown() override {
+        if (running) {
+            pthread_cancel(worker);
+            join();
+        }
+        ServiceTest::TearDown();
+    }
+    void start() {
+        ASSERT_EQ(pthread_create(&worker, nullptr, server_func, nullptr), 0);
+        running = true;
+        awaitWorkerReady();
+    }
+    void* join() {
+        void* result = &running;
+        EXPECT_EQ(pthread_join(worker, &result), 0);
+        running = false;
+        return result;
+    }
+    void post(long type, int docid, int x = 0) {
+        ClientServerMessage message(type, docid);
+        message.x = x;
+        ASSERT_EQ(client.SendMessage(message), 0);
+    }
+    // Waits for the answer to a paint; its value.
+    int answer(int docid) {
+        ServerClientMessage message;
+        EXPECT_EQ(client.ReadMessage(docid + 101, message, DocAdapterMessageQueue::TIMEOUT_INFINITE), 12);
+        EXPECT_EQ(message.id, _PAINT_DONE);
+        return message.value;
+    }
+
+    DocAdapterMessageQueue client;
+    pthread_t worker{};
+    bool running = false;
+};
+
+TEST_F(WorkerThreadTest, EmptiesTheQueueOfAnEarlierRunBeforeItServes) {
+    addView();
+    post(_PEN_MOVE, 0);
+    g_msgQueue.SendPaintDone(0, 77);
+    start();
+    post(_PAINT, 0);
+    EXPECT_EQ(answer(0), 0);
+    EXPECT_TRUE(trace.empty());
+}
+
+TEST_F(WorkerThreadTest, ServesUntilItIsCancelled) {
+    addView();
+    start();
+    post(_KEY_DOWN, 0, 97);
+    while (waiting() > 0) { // a paint would overtake it
+        sched_yield();
+    }
+    post(_PAINT, 0);
+    EXPECT_EQ(answer(0), 0);
+    post(_PAINT, 7);
+    EXPECT_EQ(answer(7), -4);
+    ASSERT_EQ(pthread_cancel(worker), 0);
+    EXPECT_EQ(join(), PTHREAD_CANCELED);
+    EXPECT_THAT(trace, ElementsAre("handleKeyDown(97, 0)"));
+    EXPECT_TRUE(g_msgQueue.isOpen());
+}
+
+TEST_F(WorkerThreadTest, ARecordTakenUpIsFinishedBeforeItIsCancelled) {
+    const int docid = addView();
+    view(docid).onCall = [this] {
+        ASSERT_EQ(pthread_cancel(worker), 0);
+        pthread_testcancel(); // must not count in here
+    };
+    start();
+    post(_PEN_DOWN, 0);
+    EXPECT_EQ(join(), PTHREAD_CANCELED);
+    EXPECT_THAT(trace, ElementsAre("handlePenDown(0, 0) locked"));
+    EXPECT_EQ(pthread_mutex_trylock(&gDocumentsMutex), 0);
+    pthread_mutex_unlock(&gDocumentsMutex);
+    EXPECT_EQ(pthread_mutex_trylock(view(docid).mutex()), 0);
+    pthread_mutex_unlock(view(docid).mutex());
+    view(docid).onCall = nullptr;
+}
+
+TEST_F(WorkerThreadTest, EndsByItselfWhenTheQueueIsRemoved) {
+    start();
+    CaptureStderr();
+    msgctl(msgget(ftok("/tmp", DocAdapterMessageQueue::projectId), 0), IPC_RMID, nullptr);
+    EXPECT_EQ(join(), nullptr);
+    EXPECT_THAT(GetCapturedStderr(), testing::StartsWith("Can't read message from client: "));
+    EXPECT_FALSE(g_msgQueue.isOpen());
+}
+
+TEST_F(WorkerThreadTest, ReadsThatFailOtherwiseAreReportedAndTriedAgain) {
+    addView();
+    systemCalls.receiveError = EACCES;
+    systemCalls.receiveErrors = 3;
+    CaptureStderr();
+    start();
+    while (systemCalls.receiveErrors > 0) {
+        sched_yield();
+    }
+    post(_PAINT, 0);
+    EXPECT_EQ(answer(0), 0);
+    pthread_cancel(worker);
+    join();
+    const std::string line = "Can't read message from client: Permission denied\n";
+    EXPECT_EQ(GetCapturedStderr(), line + line + line);
+}
+
+TEST_F(WorkerThreadTest, APaintWaitsForTheRegistryAndOvertakesInput) {
+    addView();
+    start();
+    pthread_mutex_lock(&gDocumentsMutex);
+    post(_KEY_DOWN, 0, 1); // which the worker takes up
+    while (waiting() > 0) {
+        sched_yield();
+    }
+    for (int i = 0; i < 100; ++i) {
+        post(_PEN_MOVE, 0, i);
+    }
+    post(_PAINT, 0);
+    view(0).onCall = [this] {
+        if (trace.size() == 2) { // the first of the moves: the answer has been sent
+            EXPECT_THAT(takeMessages(101), SizeIs(1));
+        }
+    };
+    pthread_mutex_unlock(&gDocumentsMutex);
+    post(_WIDE_MODE, 0); // of a kind that has none: says so, after everything else
+    CaptureStderr();
+    while (waiting() > 0) {
+        sched_yield();
+    }
+    post(_PAINT, 0);
+    answer(0);
+    pthread_cancel(worker);
+    join();
+    EXPECT_THAT(GetCapturedStderr(), HasSubstr("Only Word supports wide mode: 1\n"));
+    ASSERT_THAT(trace, SizeIs(101));
+    EXPECT_EQ(trace[0], "handleKeyDown(1, 0)");
+    EXPECT_EQ(trace[1], "handlePenMove(0, 0)");
+    EXPECT_EQ(trace[100], "handlePenMove(99, 0)");
+}
+
+TEST_F(WorkerThreadTest, AThousandMovesDuringOnePaintStopNobody) {
+    addView();
+    start();
+    pthread_mutex_lock(&gDocumentsMutex); // as if a page were being rendered
+    post(_PAINT, 0);
+    while (waiting() > 0) {
+        sched_yield();
+    }
+    // The client's sends wait for room, which only the worker can make.
+    std::thread poster([this] {
+        for (int i = 0; i < 1000; ++i) {
+            post(_PEN_MOVE, 0, i);
+        }
+    });
+    while (waiting() < 819) {
+        sched_yield();
+    }
+    pthread_mutex_unlock(&gDocumentsMutex);
+    EXPECT_EQ(answer(0), 0);
+    poster.join();
+    post(_KEY_UP, 0); // overtakes what is left of the moves
+    while (waiting() > 0) {
+        sched_yield();
+    }
+    post(_PAINT, 0);
+    EXPECT_EQ(answer(0), 0);
+    pthread_cancel(worker);
+    join();
+    // Whatever waited in memory when it ended: what was served came in order.
+    int next = 0;
+    for (const std::string& call : trace) {
+        if (call != "handleKeyUp(0, 0)") {
+            ASSERT_EQ(call, "handlePenMove(" + std::to_string(next) + ", 0)");
+            ++next;
+        }
+    }
+}
+
+} // namespace
