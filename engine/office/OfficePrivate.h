@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "engine/office/Uno.h"
+#include "engine/office/WordDocument.h"
+
+#include <LibreOfficeKit/LibreOfficeKit.hxx>
+
+namespace lectern::engine {
+
+struct Office::Private {
+    // Lives as long as the process: the suite cannot be taken down reliably, so
+    // the process ends with _exit and nobody deletes this.
+    lok::Office* suite;
+    css::uno::Reference<css::uno::XComponentContext> context;
+};
+
+} // namespace lectern::engine

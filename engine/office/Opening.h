@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "engine/office/OfficePrivate.h"
+
+#include <com/sun/star/text/XTextDocument.hpp>
+
+#include <memory>
+#include <string>
+
+namespace lectern::engine {
+
+// One document, seen from both sides: what paints and takes points, and the
+// model that is changed and asked.
+struct OpenedDocument {
+    std::unique_ptr<lok::Document> painter;
+    css::uno::Reference<css::text::XTextDocument> model;
+};
+
+// Loads a word-processing document. An empty password is none. The model's
+// controllers come back locked, so that the pages it was written for are never
+// laid out. A module_result code; on failure `opened` is untouched.
+int32_t loadDocument(Office::Private& office, const std::string& path, const std::string& password,
+                     const std::string& temporaryDirectory, OpenedDocument& opened);
+
+} // namespace lectern::engine

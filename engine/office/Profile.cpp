@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/office/Profile.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+
+namespace lectern::engine {
+
+namespace {
+
+struct Setting {
+    const char* path;
+    const char* name;
+    const char* value;
+};
+
+constexpr Setting settings[] = {
+    // No lock files beside documents. A foreign one would open the document
+    // read-only, where changes of its layout silently do nothing.
+    {"Office.Common/Misc", "UseLocking", "false"},
+    {"Office.Common/Misc", "UseDocumentOOoLockFile", "false"},
+    {"Office.Common/Misc", "UseDocumentSystemFileLocking", "false"},
+    // Macros never run, and nothing a document refers to is fetched.
+    {"Office.Common/Security/Scripting", "MacroSecurityLevel", "3"},
+    {"Office.Common/Security/Scripting", "DisableMacrosExecution", "true"},
+    {"Office.Common/Security/Scripting", "BlockUntrustedRefererLinks", "true"},
+    {"Office.Writer/Content/Update", "Link", "0"},
+    {"Office.Calc/Content/Update", "Link", "2"},
+    // Nothing is kept for a next session, for there is none.
+    {"Office.Recovery/AutoSave", "Enabled", "false"},
+    {"Office.Recovery/RecoveryInfo", "Enabled", "false"},
+    {"Office.Common/History", "PickListSize", "0"},
+    {"Office.Common/Misc", "CrashReport", "false"},
+    // No greeting of a first start.
+    {"Setup/Office", "ooSetupInstCompleted", "true"},
+    {"Office.Common/Misc", "FirstRun", "false"},
+    {"Office.Common/Misc", "ShowTipOfTheDay", "false"},
+};
+
+void writeSetting(std::ostream& out, const Setting& setting) {
+    out << "<item oor:path=\"/org.openoffice." << setting.path << "\"><prop oor:name=\"" << setting.name
+        << "\" oor:op=\"fuse\"><value>" << setting.value << "</value></prop></item>\n";
+}
+
+} // namespace
+
+bool writeProfile(const std::string& directory) {
+    const std::filesystem::path user = std::filesystem::path(directory) / "user";
+    std::error_code error;
+    std::filesystem::create_directories(user, error);
+    std::ofstream out(user / "registrymodifications.xcu", std::ios::trunc);
+    out << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+           "<oor:items xmlns:oor=\"http://openoffice.org/2001/registry\""
+           " xmlns:xs=\"http://www.w3.org/2001/XMLSchema\""
+           " xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\">\n";
+    for (const Setting& setting : settings)
+        writeSetting(out, setting);
+    out << "</oor:items>\n";
+    out.close();
+    if (!out) {
+        std::fprintf(stderr, "cannot write the office profile in %s\n", directory.c_str());
+        return false;
+    }
+    return true;
+}
+
+} // namespace lectern::engine

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/office/Properties.h"
+
+#include <com/sun/star/document/XDocumentPropertiesSupplier.hpp>
+
+#include <ctime>
+
+namespace lectern::engine {
+
+using css::uno::Reference;
+
+Reference<css::document::XDocumentProperties>
+documentProperties(const Reference<css::text::XTextDocument>& model) {
+    const Reference<css::document::XDocumentPropertiesSupplier> supplier(model, css::uno::UNO_QUERY_THROW);
+    return supplier->getDocumentProperties();
+}
+
+std::u16string toText(const OUString& text) {
+    return {text.getStr(), text.getStr() + text.getLength()};
+}
+
+int64_t toUnixTime(const css::util::DateTime& time) {
+    if (time.Year == 0 || time.Month == 0 || time.Day == 0)
+        return 0;
+    std::tm calendar{};
+    calendar.tm_year = time.Year - 1900;
+    calendar.tm_mon = time.Month - 1;
+    calendar.tm_mday = time.Day;
+    calendar.tm_hour = time.Hours;
+    calendar.tm_min = time.Minutes;
+    calendar.tm_sec = time.Seconds;
+    // Files keep UTC, and it comes as it is; that IsUTC is not set says nothing.
+    return timegm(&calendar);
+}
+
+} // namespace lectern::engine

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/uno/Reference.hxx>
+#include <com/sun/star/uno/XComponentContext.hpp>
+#include <rtl/ustring.hxx>
+
+namespace lectern::engine {
+
+namespace css = com::sun::star;
+using rtl::OUString;
+
+// The component context of the suite that runs in this process; null when the
+// suite does not export it.
+css::uno::Reference<css::uno::XComponentContext> processContext();
+
+// The object's property set, asked for once when several are read or written.
+css::uno::Reference<css::beans::XPropertySet>
+propertiesOf(const css::uno::Reference<css::uno::XInterface>& object);
+
+// Documents come with objects that lack some property or refuse a value. What
+// reads or writes them here goes on without: false, or the fallback.
+bool setAnyProperty(const css::uno::Reference<css::beans::XPropertySet>& properties, const char* name,
+                    const css::uno::Any& value) noexcept;
+css::uno::Any anyProperty(const css::uno::Reference<css::beans::XPropertySet>& properties,
+                          const char* name) noexcept;
+
+template<class T>
+bool setProperty(const css::uno::Reference<css::beans::XPropertySet>& properties, const char* name,
+                 const T& value) noexcept {
+    return setAnyProperty(properties, name, css::uno::Any(value));
+}
+
+template<class T>
+T property(const css::uno::Reference<css::beans::XPropertySet>& properties, const char* name,
+           T fallback = T()) noexcept {
+    anyProperty(properties, name) >>= fallback;
+    return fallback;
+}
+
+// The name of the class behind an object, empty when it does not tell.
+OUString implementationName(const css::uno::Reference<css::uno::XInterface>& object);
+
+// The suite measures positions and sizes in twips (1440 to the inch), its
+// component interfaces in 1/100 mm. Both are rounded, in 64 bits: heights here
+// come near the end of 32.
+inline int64_t twipsFromHundredthMm(int64_t length) {
+    const int64_t half = length < 0 ? -63 : 63;
+    return (length * 72 + half) / 127;
+}
+inline int64_t hundredthMmFromTwips(int64_t length) {
+    const int64_t half = length < 0 ? -36 : 36;
+    return (length * 127 + half) / 72;
+}
+
+} // namespace lectern::engine

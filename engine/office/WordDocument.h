@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace lectern::engine {
+
+// The office suite inside this process. One for a process, made once.
+class Office {
+public:
+    // Initialises the suite with a profile of its own in profileDirectory
+    // (absolute, made when missing). Null when that fails; the reason goes to
+    // standard error.
+    static std::unique_ptr<Office> start(const std::string& profileDirectory);
+    ~Office();
+    Office(const Office&) = delete;
+    Office& operator=(const Office&) = delete;
+
+    // What an implementation keeps; only this folder knows it.
+    struct Private;
+    Private& d() { return *mPrivate; }
+
+private:
+    explicit Office(std::unique_ptr<Private> d);
+    std::unique_ptr<Private> mPrivate;
+};
+
+// A word-processing document laid out as one continuous text, a stretch of
+// which is kept painted on a surface. The operations and their meanings are
+// those of the wtg_ functions in modules/WordToGoModule.h; results are
+// module_result codes. Used by one thread.
+class WordDocument {
+public:
+    // Opens an absolute path, already known to be a readable regular file. An
+    // empty password is none. temporaryDirectory is for copies of its own.
+    static int32_t open(Office& office, const std::string& path, const std::string& password,
+                        const std::string& temporaryDirectory, std::unique_ptr<WordDocument>& document);
+    ~WordDocument();
+    WordDocument(const WordDocument&) = delete;
+    WordDocument& operator=(const WordDocument&) = delete;
+
+    // The surface stays the caller's and valid until another is set. A size
+    // other than the last laid-out one marks the layout stale, no more; with
+    // the same size the stretch is painted again at once.
+    int32_t setSurface(uint32_t* pixels, int32_t width, int32_t height);
+    int32_t setDpi(int32_t dpi);
+
+    int32_t characterCount(uint32_t& count);
+    int32_t topLeftCharacter(uint32_t& position);
+    int32_t bottomRightCharacter(uint32_t& position);
+    int32_t verticalLastUsedPixel(int32_t& rows);
+    int32_t scrollDown(int32_t rows, int32_t& scrolled);
+    int32_t scrollUp(int32_t rows, int32_t& scrolled);
+    int32_t jumpToCharacter(int32_t story, uint32_t position);
+    // Width of the layout and rows of the whole text, in pixels.
+    int32_t layoutSize(int32_t& width, int32_t& height);
+
+    // UTF-16, untruncated; empty when unset.
+    int32_t name(std::u16string& text);
+    int32_t author(std::u16string& text);
+    int32_t description(std::u16string& text);
+    // Seconds since 1970 in UTC, 0 when unset.
+    int32_t creationDate(int64_t& time);
+    int32_t lastSavedDate(int64_t& time);
+    int32_t wordCount(int32_t& count);
+
+    // True when the surface was written since the last call of this.
+    bool takePainted();
+
+private:
+    struct Private;
+    explicit WordDocument(std::unique_ptr<Private> d);
+    std::unique_ptr<Private> mPrivate;
+};
+
+} // namespace lectern::engine

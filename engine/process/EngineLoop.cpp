@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/process/EngineLoop.h"
+
+#include "engine/office/WordDocument.h"
+#include "engine/process/WordService.h"
+#include "engine/protocol/Guarded.h"
+#include "engine/protocol/Inherited.h"
+#include "modules/ModuleResults.h"
+
+#include <EngineProtocol.h>
+#include <gio/gio.h>
+#include <malloc.h>
+
+#include <cstdio>
+#include <memory>
+
+namespace lectern::engine {
+namespace {
+
+GDBusConnection* connectTo(int socket) {
+    g_autoptr(GError) error = nullptr;
+    g_autoptr(GSocket) end = g_socket_new_from_fd(socket, &error);
+    if (end == nullptr) {
+        std::fprintf(stderr, "engine: %s\n", error->message);
+        return nullptr;
+    }
+    g_autoptr(GSocketConnection) stream = g_socket_connection_factory_create_connection(end);
+    constexpr auto kFlags = static_cast<GDBusConnectionFlags>(
+        G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT | G_DBUS_CONNECTION_FLAGS_DELAY_MESSAGE_PROCESSING);
+    GDBusConnection* connection =
+        g_dbus_connection_new_sync(G_IO_STREAM(stream), nullptr, kFlags, nullptr, nullptr, &error);
+    if (connection == nullptr) {
+        std::fprintf(stderr, "engine: %s\n", error->message);
+    }
+    return connection;
+}
+
+// The process itself: the suite, and the document service that uses it.
+struct EngineState {
+    std::string folder;
+    bool confined;
+    WordService word;
+    std::unique_ptr<Office> office;
+};
+
+gboolean handleStart(LecternIpcProcess* process, GDBusMethodInvocation* invocation, gpointer user) {
+    auto& state = *static_cast<EngineState*>(user);
+    const std::int32_t result = guarded([&] {
+        if (!state.office) {
+            state.office = Office::start(state.folder + "/profile");
+        }
+        return state.office ? MODULE_OK : MODULE_NO_ENGINE;
+    });
+    state.word.useOffice(state.office.get(), state.folder);
+    lectern_ipc_process_complete_start(process, invocation, result, state.confined ? TRUE : FALSE);
+    return TRUE;
+}
+
+gboolean handleReleaseMemory(LecternIpcProcess* process, GDBusMethodInvocation* invocation, gpointer) {
+    malloc_trim(0);
+    lectern_ipc_process_complete_release_memory(process, invocation, MODULE_OK);
+    return TRUE;
+}
+
+} // namespace
+
+void runEngine(int socket, const std::string& folder, bool confined) {
+    g_autoptr(GDBusConnection) connection = connectTo(socket);
+    if (connection == nullptr) {
+        return;
+    }
+    EngineState state{folder, confined, {}, nullptr};
+    g_autoptr(LecternIpcProcess) process = lectern_ipc_process_skeleton_new();
+    g_signal_connect(process, "handle-start", G_CALLBACK(handleStart), &state);
+    g_signal_connect(process, "handle-release-memory", G_CALLBACK(handleReleaseMemory), &state);
+
+    if (g_dbus_interface_skeleton_export(G_DBUS_INTERFACE_SKELETON(process), connection, kProcessPath,
+                                         nullptr) == FALSE ||
+        !state.word.exportOn(connection)) {
+        return;
+    }
+    g_autoptr(GMainLoop) loop = g_main_loop_new(nullptr, FALSE);
+    g_dbus_connection_start_message_processing(connection);
+    g_main_loop_run(loop);
+}
+
+} // namespace lectern::engine

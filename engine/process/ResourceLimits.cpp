@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/process/ResourceLimits.h"
+
+#include <sys/resource.h>
+
+#include <cstdint>
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <string>
+
+namespace lectern::engine {
+namespace {
+
+constexpr rlim_t kMegabyte = rlim_t{1} << 20;
+constexpr rlim_t kMemory = 1024 * kMegabyte;
+constexpr rlim_t kFileSize = 512 * kMegabyte;
+// Of 1000; an ordinary program has 0.
+constexpr int kOomScore = 500;
+
+void setLimit(__rlimit_resource resource, rlim_t value, const char* what) {
+    const rlimit limit{value, value};
+    if (setrlimit(resource, &limit) != 0) {
+        std::fprintf(stderr, "engine: no limit for %s\n", what);
+    }
+}
+
+// Private writable memory of this process, in bytes, as RLIMIT_DATA counts it.
+// What is mapped at the start differs by orders of magnitude between builds.
+rlim_t dataInUse() {
+    std::ifstream status("/proc/self/status");
+    std::string line;
+    while (std::getline(status, line)) {
+        if (line.rfind("VmData:", 0) == 0) {
+            return rlim_t{std::stoull(line.substr(std::strlen("VmData:")))} * 1024;
+        }
+    }
+    return 0;
+}
+
+} // namespace
+
+void limitResources() {
+    setLimit(RLIMIT_CORE, 0, "core dumps");
+    setLimit(RLIMIT_FSIZE, kFileSize, "file sizes");
+    setLimit(RLIMIT_DATA, dataInUse() + kMemory, "memory");
+    std::ofstream("/proc/self/oom_score_adj") << kOomScore;
+}
+
+} // namespace lectern::engine

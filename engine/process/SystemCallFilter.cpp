@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/process/SystemCallFilter.h"
+
+#include <sched.h>
+#include <seccomp.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+
+namespace lectern::engine {
+namespace {
+
+// The office suite needs several hundred calls that differ between versions of
+// it and of the C library, so what is dangerous is named, not what is needed.
+// clang-format off
+const char* const kRefused[] = {
+    // the network and every other socket; the one it has stays usable
+    "socket", "connect", "bind", "listen", "accept", "accept4",
+    // other programs
+    "execve", "execveat", "fork", "vfork",
+    // other processes
+    "ptrace", "process_vm_readv", "process_vm_writev", "process_madvise", "process_mrelease", "pidfd_open",
+    "pidfd_getfd", "pidfd_send_signal", "tkill", "rt_sigqueueinfo", "rt_tgsigqueueinfo", "kcmp", "setpriority",
+    "sched_setscheduler", "sched_setattr", "ioprio_set", "migrate_pages", "move_pages",
+    // IPC objects with names of their own; the service talks to clients by them
+    "shmget", "shmat", "shmctl", "msgget", "msgsnd", "msgrcv", "msgctl", "semget", "semop", "semtimedop",
+    "semctl", "mq_open", "mq_unlink", "add_key", "request_key", "keyctl",
+    // what a file is, beyond its contents, which the file rules do not cover
+    "chown", "lchown", "fchown", "fchownat", "setxattr", "lsetxattr", "fsetxattr", "removexattr",
+    "lremovexattr", "fremovexattr", "truncate", "mknod", "mknodat", "open_by_handle_at",
+    // the system
+    "mount", "umount2", "move_mount", "open_tree", "fsopen", "fsconfig", "fsmount", "fspick", "mount_setattr",
+    "pivot_root", "chroot", "unshare", "setns", "bpf", "perf_event_open", "userfaultfd", "io_uring_setup",
+    "io_uring_enter", "io_uring_register", "init_module", "finit_module", "delete_module", "kexec_load",
+    "kexec_file_load", "reboot", "swapon", "swapoff", "quotactl", "acct", "syslog", "settimeofday",
+    "clock_settime", "clock_adjtime", "adjtimex", "sethostname", "setdomainname", "fanotify_init",
+    "lookup_dcookie", "personality", "modify_ldt", "iopl", "ioperm", "vhangup",
+};
+// clang-format on
+
+using Filter = std::unique_ptr<void, decltype(&seccomp_release)>;
+
+bool refuse(void* filter, const char* name, int error = EPERM) {
+    const int call = seccomp_syscall_resolve_name(name);
+    // Calls that this libseccomp or this processor does not know are no danger.
+    return call == __NR_SCMP_ERROR || seccomp_rule_add(filter, SCMP_ACT_ERRNO(error), call, 0) == 0;
+}
+
+bool refuseWhen(void* filter, const char* name, scmp_arg_cmp condition) {
+    return seccomp_rule_add_array(filter, SCMP_ACT_ERRNO(EPERM), seccomp_syscall_resolve_name(name), 1,
+                                  &condition) == 0;
+}
+
+bool addRules(void* filter) {
+    for (const char* name : kRefused) {
+        if (!refuse(filter, name)) {
+            return false;
+        }
+    }
+    const auto self = static_cast<scmp_datum_t>(getpid());
+    // clone3 hides its flags behind a pointer; the C library then uses clone,
+    // whose flags tell a thread from a process.
+    return refuse(filter, "clone3", ENOSYS) &&
+           refuseWhen(filter, "clone", SCMP_A0(SCMP_CMP_MASKED_EQ, CLONE_THREAD, 0)) &&
+           refuseWhen(filter, "kill", SCMP_A0(SCMP_CMP_NE, self)) &&
+           refuseWhen(filter, "tgkill", SCMP_A0(SCMP_CMP_NE, self)) &&
+           refuseWhen(filter, "prlimit64", SCMP_A0(SCMP_CMP_NE, 0)) &&
+           refuseWhen(filter, "socketpair", SCMP_A0(SCMP_CMP_NE, AF_UNIX));
+}
+
+} // namespace
+
+bool loadSystemCallFilter() {
+    const Filter filter(seccomp_init(SCMP_ACT_ALLOW), &seccomp_release);
+    const bool loaded = filter && addRules(filter.get()) && seccomp_load(filter.get()) == 0;
+    if (!loaded) {
+        std::fprintf(stderr, "engine: the system call filter cannot be loaded\n");
+    }
+    return loaded;
+}
+
+} // namespace lectern::engine

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "engine/protocol/Guarded.h"
+#include "engine/proxy/Engine.h"
+#include "engine/proxy/Surface.h"
+#include "modules/ModuleResults.h"
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <tuple>
+#include <utility>
+
+namespace lectern::engine {
+
+// What a wtg_ document handle points to. Guarded by its mutex.
+struct WordHandle {
+    std::mutex mutex;
+    std::unique_ptr<Engine> engine;
+    std::chrono::milliseconds callLimit;
+    std::unique_ptr<Surface> surface; // what the engine paints on; null before the first buffer
+    bool painted = false;             // the surface has been painted at least once
+    std::uint32_t* pixels = nullptr;  // the caller's buffer, of the surface's size
+
+    void refreshPixels() const {
+        if (painted) {
+            surface->copyTo(pixels);
+        }
+    }
+};
+
+// Runs one module function on a document, alone.
+template<class Operation>
+std::int32_t onDocument(void* doc, Operation operation) {
+    if (doc == nullptr) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return guarded([&] {
+        auto& handle = *static_cast<WordHandle*>(doc);
+        const std::lock_guard lock(handle.mutex);
+        return operation(handle);
+    });
+}
+
+// One typed call of the Word interface, `method` the generated function for
+// it. Its outputs are written whenever it was answered. Brings the caller's
+// buffer up to date.
+template<class Method, class... Inputs, class... Outputs>
+std::int32_t callEngine(WordHandle& handle, Method method, std::tuple<Inputs...> inputs,
+                        Outputs*... outputs) {
+    gint result = MODULE_FAILED;
+    gboolean painted = FALSE;
+    const std::int32_t sent = handle.engine->call(Clock::now() + handle.callLimit, [&](GError** error) {
+        return std::apply(
+            [&](auto... input) {
+                return method(handle.engine->word(), input..., G_DBUS_CALL_FLAGS_NONE, G_MAXINT, &result,
+                              &painted, outputs..., nullptr, error);
+            },
+            inputs);
+    });
+    if (sent != MODULE_OK) {
+        return sent;
+    }
+    if (painted != FALSE && handle.surface) {
+        handle.painted = true;
+        handle.refreshPixels();
+    }
+    return result;
+}
+
+// For functions whose only argument besides the document is a place for one
+// number; Wire is the number's type in the protocol.
+template<class Wire, class Method, class Number>
+std::int32_t getNumber(void* doc, Method method, Number* number) {
+    if (number == nullptr) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return onDocument(doc, [&](WordHandle& handle) {
+        Wire value = 0;
+        const std::int32_t result = callEngine(handle, method, std::tuple<>(), &value);
+        if (result == MODULE_OK) {
+            *number = static_cast<Number>(value);
+        }
+        return result;
+    });
+}
+
+} // namespace lectern::engine

@@ -1,0 +1,269 @@
+// SPDX-License-Identifier: Apache-2.0
+// An office suite for tests. Its documents are text files, one "key=value" in
+// each line:
+//   rows          rows of the laid-out text at 72 dpi (default 1000)
+//   name          the document's name; author is the number of layouts done
+//   password      what opens it
+//   probe         see Misbehaviour.h; the outcome becomes the name
+//   open, surface, count, scroll, date    how to misbehave there
+//   lie           give impossible numbers
+// A file whose name starts with "other-kind" is of the wrong kind, one without
+// any line is damaged. Row r of the text is painted as 0xFF000000 + r, what
+// lies below its end white. There are ten characters in each row.
+
+#include "engine/office/WordDocument.h"
+#include "modules/ModuleResults.h"
+#include "tests/fakes/office/Misbehaviour.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <utility>
+
+namespace lectern::engine {
+
+namespace {
+
+constexpr std::uint32_t kCharactersPerRow = 10;
+constexpr std::uint32_t kWhite = 0xFFFFFFFF;
+
+using Settings = std::map<std::string, std::string>;
+
+Settings readSettings(const std::string& path) {
+    Settings settings;
+    std::ifstream file(path);
+    std::string line;
+    while (std::getline(file, line)) {
+        const std::size_t equals = line.find('=');
+        settings[line.substr(0, equals)] = equals == std::string::npos ? "" : line.substr(equals + 1);
+    }
+    return settings;
+}
+
+std::u16string widen(const std::string& ascii) {
+    return {ascii.begin(), ascii.end()};
+}
+
+} // namespace
+
+struct Office::Private {};
+
+std::unique_ptr<Office> Office::start(const std::string& profileDirectory) {
+    // A profile is what makes a start recognisable from outside.
+    std::error_code error;
+    if (!std::filesystem::create_directories(profileDirectory, error)) {
+        return nullptr;
+    }
+    std::ofstream(profileDirectory + "/started") << "yes\n";
+    return std::unique_ptr<Office>(new Office(std::make_unique<Private>()));
+}
+
+Office::Office(std::unique_ptr<Private> d) : mPrivate(std::move(d)) {}
+Office::~Office() = default;
+
+struct WordDocument::Private {
+    Settings settings;
+    std::u16string name;
+    std::uint32_t* pixels = nullptr;
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+    std::int32_t laidOutWidth = 0;
+    std::int32_t dpi = 72;
+    std::int32_t laidOutDpi = 0;
+    std::int32_t layouts = 0;
+    std::int32_t top = 0;
+    bool painted = false;
+
+    std::string setting(const std::string& key) const {
+        const auto found = settings.find(key);
+        return found == settings.end() ? std::string() : found->second;
+    }
+    bool lies() const { return settings.count("lie") != 0; }
+    std::int32_t rows() const {
+        const std::string rowsAt72 = setting("rows");
+        return (rowsAt72.empty() ? 1000 : std::stoi(rowsAt72)) * dpi / 72;
+    }
+    std::int32_t usedRows() const { return std::clamp(rows() - top, 0, height); }
+
+    void paint() {
+        for (std::int32_t y = 0; y < height; y++) {
+            const std::int32_t row = top + y;
+            const std::uint32_t color = row < rows() ? 0xFF000000 + static_cast<std::uint32_t>(row) : kWhite;
+            std::fill_n(pixels + std::int64_t{y} * width, width, color);
+        }
+        painted = true;
+    }
+
+    // Lays out and paints if anything asks for it.
+    std::int32_t ensureLaidOut() {
+        if (pixels == nullptr) {
+            return MODULE_FAILED;
+        }
+        if (laidOutWidth != width || laidOutDpi != dpi) {
+            top = laidOutDpi == 0 ? 0 : top * dpi / laidOutDpi;
+            laidOutWidth = width;
+            laidOutDpi = dpi;
+            layouts++;
+            paint();
+        }
+        return MODULE_OK;
+    }
+};
+
+WordDocument::WordDocument(std::unique_ptr<Private> d) : mPrivate(std::move(d)) {}
+WordDocument::~WordDocument() = default;
+
+int32_t WordDocument::open(Office&, const std::string& path, const std::string& password,
+                           const std::string& temporaryDirectory, std::unique_ptr<WordDocument>& document) {
+    auto d = std::make_unique<Private>();
+    d->settings = readSettings(path);
+    if (std::filesystem::path(path).filename().string().rfind("other-kind", 0) == 0) {
+        return MODULE_WRONG_KIND;
+    }
+    if (d->settings.empty()) {
+        return MODULE_DAMAGED;
+    }
+    if (const std::string wanted = d->setting("password"); wanted != password) {
+        return password.empty() ? MODULE_NEEDS_PASSWORD : MODULE_WRONG_PASSWORD;
+    }
+    std::ofstream(temporaryDirectory + "/copy") << "left behind\n";
+    if (const int32_t result = fake::misbehave(d->setting("open")); result != MODULE_OK) {
+        return result;
+    }
+    d->name = widen(d->setting("name"));
+    if (const std::string action = d->setting("probe"); !action.empty()) {
+        d->name = widen(fake::probe(action));
+    }
+    document.reset(new WordDocument(std::move(d)));
+    return MODULE_OK;
+}
+
+int32_t WordDocument::setSurface(uint32_t* pixels, int32_t width, int32_t height) {
+    if (const int32_t result = fake::misbehave(mPrivate->setting("surface")); result != MODULE_OK) {
+        return result;
+    }
+    mPrivate->pixels = pixels;
+    mPrivate->width = width;
+    mPrivate->height = height;
+    if (width == mPrivate->laidOutWidth) {
+        mPrivate->paint();
+    }
+    return MODULE_OK;
+}
+
+int32_t WordDocument::setDpi(int32_t dpi) {
+    mPrivate->dpi = dpi;
+    return MODULE_OK;
+}
+
+int32_t WordDocument::characterCount(uint32_t& count) {
+    count = static_cast<uint32_t>(mPrivate->rows()) * kCharactersPerRow;
+    return fake::misbehave(mPrivate->setting("count"));
+}
+
+int32_t WordDocument::topLeftCharacter(uint32_t& position) {
+    const int32_t result = mPrivate->ensureLaidOut();
+    position = static_cast<uint32_t>(mPrivate->top) * kCharactersPerRow;
+    return result;
+}
+
+int32_t WordDocument::bottomRightCharacter(uint32_t& position) {
+    const int32_t result = mPrivate->ensureLaidOut();
+    position = static_cast<uint32_t>(mPrivate->top + mPrivate->usedRows()) * kCharactersPerRow;
+    return result;
+}
+
+int32_t WordDocument::verticalLastUsedPixel(int32_t& rows) {
+    const int32_t result = mPrivate->ensureLaidOut();
+    rows = mPrivate->lies() ? mPrivate->height + 1 : mPrivate->usedRows();
+    return result;
+}
+
+int32_t WordDocument::scrollDown(int32_t rows, int32_t& scrolled) {
+    Private& d = *mPrivate;
+    if (const int32_t result = fake::misbehave(d.setting("scroll")); result != MODULE_OK) {
+        return result;
+    }
+    if (const int32_t result = d.ensureLaidOut(); result != MODULE_OK) {
+        return result;
+    }
+    if (d.top + d.height >= d.rows()) {
+        return MODULE_NOTHING_THERE;
+    }
+    d.top += rows;
+    d.paint();
+    scrolled = d.lies() ? rows + 1 : rows;
+    return MODULE_OK;
+}
+
+int32_t WordDocument::scrollUp(int32_t rows, int32_t& scrolled) {
+    Private& d = *mPrivate;
+    if (const int32_t result = d.ensureLaidOut(); result != MODULE_OK) {
+        return result;
+    }
+    const int32_t moved = std::min(rows, d.top);
+    d.top -= moved;
+    d.paint();
+    scrolled = d.lies() ? -1 : moved;
+    return MODULE_OK;
+}
+
+int32_t WordDocument::jumpToCharacter(int32_t story, uint32_t position) {
+    Private& d = *mPrivate;
+    const auto row = static_cast<int32_t>(position / kCharactersPerRow);
+    if (story != 0 || row >= d.rows()) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    const int32_t result = d.ensureLaidOut();
+    if (result == MODULE_OK) {
+        d.top = row;
+        d.paint();
+    }
+    return result;
+}
+
+int32_t WordDocument::layoutSize(int32_t& width, int32_t& height) {
+    const int32_t result = mPrivate->ensureLaidOut();
+    width = mPrivate->width;
+    height = mPrivate->rows();
+    return result;
+}
+
+int32_t WordDocument::name(std::u16string& text) {
+    text = mPrivate->name;
+    return MODULE_OK;
+}
+
+int32_t WordDocument::author(std::u16string& text) {
+    text = widen(std::to_string(mPrivate->layouts));
+    return MODULE_OK;
+}
+
+// A character outside the basic plane at each end, and one unit that is none.
+int32_t WordDocument::description(std::u16string& text) {
+    text = u"\U0001F4C4 text \U0001F4C4";
+    text.insert(text.begin() + 3, char16_t{0xD800});
+    return MODULE_OK;
+}
+
+int32_t WordDocument::creationDate(int64_t& time) {
+    time = 5'000'000'000;
+    return fake::misbehave(mPrivate->setting("date"));
+}
+
+int32_t WordDocument::lastSavedDate(int64_t& time) {
+    time = 0;
+    return MODULE_OK;
+}
+
+int32_t WordDocument::wordCount(int32_t& count) {
+    count = mPrivate->rows();
+    return MODULE_OK;
+}
+
+bool WordDocument::takePainted() {
+    return std::exchange(mPrivate->painted, false);
+}
+
+} // namespace lectern::engine

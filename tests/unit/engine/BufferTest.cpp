@@ -1,0 +1,186 @@
+// SPDX-License-Identifier: Apache-2.0
+// The caller's buffer shows the stretch after every call, and only calls
+// write to it.
+
+#include "tests/unit/engine/EngineTest.h"
+
+#include <algorithm>
+
+namespace lectern::test {
+namespace {
+
+constexpr std::int32_t kWidth = 4;
+constexpr std::int32_t kHeight = 100;
+constexpr std::uint32_t kWhite = 0xFFFFFFFF;
+
+class BufferTest : public EngineTest {
+protected:
+    BufferTest() : word(wordModule()) {}
+
+    static std::uint32_t colorOfRow(std::uint32_t row) { return 0xFF000000 + row; }
+
+    // The buffer shows rows from `top` on, those past `end` white.
+    static void expectRows(const std::vector<std::uint32_t>& pixels, std::uint32_t top, std::uint32_t end) {
+        for (std::size_t i = 0; i < pixels.size(); i++) {
+            const std::uint32_t row = top + static_cast<std::uint32_t>(i) / kWidth;
+            ASSERT_EQ(pixels[i], row < end ? colorOfRow(row) : kWhite) << "pixel " << i;
+        }
+    }
+
+    // How often the text was laid out, which the fake tells as the author.
+    static std::u16string layouts(const Document& document) {
+        std::vector<std::uint16_t> text(16);
+        std::int32_t length = 0;
+        EXPECT_EQ(wordModule().wtg_get_document_author(document.get(), text.data(), 32, &length), MODULE_OK);
+        return textOf(text);
+    }
+
+    const WordModule& word;
+    Document document;
+    std::vector<std::uint32_t> pixels;
+    std::int32_t scrolled = -1;
+};
+
+TEST_F(BufferTest, ShowsTheStretchOnceItIsLaidOut) {
+    open(document, "rows=250\n");
+    show(document, pixels, kWidth, kHeight);
+    expectRows(pixels, 0, 250);
+    std::int32_t rows = 0;
+    EXPECT_EQ(word.wtg_get_vertical_last_used_pixel(document.get(), 0, &rows), MODULE_OK);
+    EXPECT_EQ(rows, kHeight);
+    std::uint32_t position = 0;
+    EXPECT_EQ(word.wtg_get_bottom_right_character(document.get(), 0, &position), MODULE_OK);
+    EXPECT_EQ(position, 1000u);
+}
+
+TEST_F(BufferTest, FollowsScrolls) {
+    open(document, "rows=250\n");
+    show(document, pixels, kWidth, kHeight);
+    EXPECT_EQ(word.wtg_scroll_down(document.get(), 0, 30, &scrolled), MODULE_OK);
+    EXPECT_EQ(scrolled, 30);
+    expectRows(pixels, 30, 250);
+    EXPECT_EQ(word.wtg_scroll_up(document.get(), 0, 50, &scrolled), MODULE_OK);
+    EXPECT_EQ(scrolled, 30);
+    expectRows(pixels, 0, 250);
+}
+
+TEST_F(BufferTest, ScrollsPastTheEndIntoWhiteAndThenNoFurther) {
+    open(document, "rows=250\n");
+    show(document, pixels, kWidth, kHeight);
+    EXPECT_EQ(word.wtg_scroll_down(document.get(), 0, 200, &scrolled), MODULE_OK);
+    EXPECT_EQ(scrolled, 200);
+    expectRows(pixels, 200, 250);
+    EXPECT_EQ(word.wtg_scroll_down(document.get(), 0, 1, &scrolled), MODULE_NOTHING_THERE);
+    EXPECT_EQ(scrolled, 0);
+    std::int32_t rows = 0;
+    EXPECT_EQ(word.wtg_get_vertical_last_used_pixel(document.get(), 0, &rows), MODULE_OK);
+    EXPECT_EQ(rows, 50);
+}
+
+TEST_F(BufferTest, FollowsJumps) {
+    open(document, "rows=250\n");
+    show(document, pixels, kWidth, kHeight);
+    EXPECT_EQ(word.wtg_jump_to_character(document.get(), 0, 605), MODULE_OK);
+    expectRows(pixels, 60, 250);
+    EXPECT_EQ(word.wtg_jump_to_character(document.get(), 0, 2500), MODULE_BAD_ARGUMENT);
+    EXPECT_EQ(word.wtg_jump_to_character(document.get(), 1, 0), MODULE_BAD_ARGUMENT);
+    expectRows(pixels, 60, 250);
+}
+
+TEST_F(BufferTest, ANewBufferOfTheSameSizeShowsTheStretchAtOnce) {
+    open(document, "rows=250\n");
+    show(document, pixels, kWidth, kHeight);
+    ASSERT_EQ(word.wtg_scroll_down(document.get(), 0, 30, &scrolled), MODULE_OK);
+    std::vector<std::uint32_t> other(pixels.size(), 7);
+    EXPECT_EQ(word.wtg_set_offscreen_buffer(document.get(), 0, other.data(), kWidth, kHeight), MODULE_OK);
+    expectRows(other, 30, 250);
+
+    // Only the last one given is written to.
+    std::fill(pixels.begin(), pixels.end(), 7u);
+    EXPECT_EQ(word.wtg_scroll_down(document.get(), 0, 10, &scrolled), MODULE_OK);
+    expectRows(other, 40, 250);
+    EXPECT_EQ(std::count(pixels.begin(), pixels.end(), 7u), static_cast<std::ptrdiff_t>(pixels.size()));
+}
+
+TEST_F(BufferTest, PointingElsewhereAndBackLaysNothingOut) {
+    open(document, "rows=250\n");
+    show(document, pixels, kWidth, kHeight);
+    ASSERT_EQ(word.wtg_scroll_down(document.get(), 0, 30, &scrolled), MODULE_OK);
+    EXPECT_EQ(layouts(document), u"1");
+
+    std::vector<std::uint32_t> elsewhere(static_cast<std::size_t>(3) * 10, 7);
+    EXPECT_EQ(word.wtg_set_offscreen_buffer(document.get(), 0, elsewhere.data(), 3, 10), MODULE_OK);
+    EXPECT_EQ(std::count(elsewhere.begin(), elsewhere.end(), 7u), 30);
+    std::fill(pixels.begin(), pixels.end(), 0u);
+    EXPECT_EQ(word.wtg_set_offscreen_buffer(document.get(), 0, pixels.data(), kWidth, kHeight), MODULE_OK);
+    expectRows(pixels, 30, 250);
+    std::uint32_t position = 0;
+    EXPECT_EQ(word.wtg_get_top_left_character(document.get(), 0, &position), MODULE_OK);
+    EXPECT_EQ(position, 300u);
+    EXPECT_EQ(layouts(document), u"1");
+}
+
+TEST_F(BufferTest, ANewSizeAndDpiTogetherLayOutOnce) {
+    open(document, "rows=250\n");
+    show(document, pixels, kWidth, kHeight);
+    std::vector<std::uint32_t> wide(static_cast<std::size_t>(8) * 60, 7);
+    EXPECT_EQ(word.wtg_set_offscreen_buffer(document.get(), 0, wide.data(), 8, 60), MODULE_OK);
+    EXPECT_EQ(word.wtg_set_dpi(document.get(), 144), MODULE_OK);
+    EXPECT_EQ(layouts(document), u"1");
+    EXPECT_EQ(wide[0], 7u) << "stale, not painted yet";
+
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+    EXPECT_EQ(word.wtg_page_layout_size(document.get(), 0, &width, &height), MODULE_OK);
+    EXPECT_EQ(width, 8);
+    EXPECT_EQ(height, 500);
+    EXPECT_EQ(layouts(document), u"2");
+    EXPECT_EQ(wide[8], colorOfRow(1));
+}
+
+TEST_F(BufferTest, ARefusedBufferLeavesTheOneBeforeInPlace) {
+    open(document, "rows=250\n");
+    show(document, pixels, kWidth, kHeight);
+    std::uint32_t other[1] = {7};
+    EXPECT_EQ(word.wtg_set_offscreen_buffer(document.get(), 0, other, 1 << 20, 1 << 20), MODULE_TOO_LARGE);
+    EXPECT_EQ(word.wtg_scroll_down(document.get(), 0, 30, &scrolled), MODULE_OK);
+    expectRows(pixels, 30, 250);
+    EXPECT_EQ(other[0], 7u);
+}
+
+TEST_F(BufferTest, ASurfaceThatTheSuiteRefusesIsReported) {
+    open(document, "surface=code:15\n");
+    std::uint32_t other[4] = {7, 7, 7, 7};
+    EXPECT_EQ(word.wtg_set_offscreen_buffer(document.get(), 0, other, 2, 2), MODULE_TOO_LARGE);
+    EXPECT_EQ(other[0], 7u);
+}
+
+TEST_F(BufferTest, LayoutQuestionsWithoutABufferFail) {
+    open(document, "rows=250\n");
+    std::uint32_t position = 0;
+    EXPECT_EQ(word.wtg_get_top_left_character(document.get(), 0, &position), MODULE_FAILED);
+    EXPECT_EQ(word.wtg_scroll_down(document.get(), 0, 1, &scrolled), MODULE_FAILED);
+    EXPECT_EQ(scrolled, 0);
+}
+
+TEST_F(BufferTest, NumbersThatCannotBeAreNotPassedOn) {
+    open(document, "lie=\nrows=250\n");
+    show(document, pixels, kWidth, kHeight);
+    std::int32_t rows = 42;
+    EXPECT_EQ(word.wtg_get_vertical_last_used_pixel(document.get(), 0, &rows), MODULE_FAILED);
+    EXPECT_EQ(rows, 42);
+    EXPECT_EQ(word.wtg_scroll_down(document.get(), 0, 10, &scrolled), MODULE_FAILED);
+    EXPECT_EQ(scrolled, 0);
+    EXPECT_EQ(word.wtg_scroll_up(document.get(), 0, 10, &scrolled), MODULE_FAILED);
+    EXPECT_EQ(scrolled, 0);
+}
+
+TEST_F(BufferTest, ALostEngineLeavesTheLastPicture) {
+    open(document, "rows=250\nscroll=crash\n");
+    show(document, pixels, kWidth, kHeight);
+    EXPECT_EQ(word.wtg_scroll_down(document.get(), 0, 10, &scrolled), MODULE_ENGINE_LOST);
+    expectRows(pixels, 0, 250);
+}
+
+} // namespace
+} // namespace lectern::test

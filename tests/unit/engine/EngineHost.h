@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "modules/ModuleResults.h"
+#include "modules/WTGFunc.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include <sys/types.h>
+
+namespace lectern::test {
+
+// The word module, loaded from the build tree as the service loads it.
+struct WordModule : WTGFunc {
+    void (*stopSoon)() = nullptr;
+};
+const WordModule& wordModule();
+
+// UTF-16 as the module takes it.
+std::vector<std::uint16_t> wide(const std::string& utf8);
+
+// A document that closes itself.
+class Document {
+public:
+    Document() = default;
+    ~Document() { close(); }
+    Document(const Document&) = delete;
+    Document& operator=(const Document&) = delete;
+
+    std::int32_t open(const std::string& path, const std::string& temporaryFolder,
+                      const std::string& password = "");
+    std::int32_t close();
+    void* get() const { return mHandle; }
+
+private:
+    void* mHandle = nullptr;
+};
+
+// A running engine process.
+struct EngineInfo {
+    pid_t pid;
+    std::string folder; // its temporary one
+};
+// Those that are children of this process, or of another; zombies included,
+// whose folder is empty.
+std::vector<EngineInfo> enginesOf(pid_t parent);
+
+} // namespace lectern::test
