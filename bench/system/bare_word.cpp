@@ -119,6 +119,7 @@ int main(int argc, char** argv) {
     std::string profile = (std::filesystem::temp_directory_path() / "bare-word-XXXXXX").string();
     if (mkdtemp(profile.data()) == nullptr)
         return 1;
+    setenv("TMPDIR", profile.c_str(), 1); // the suite leaves files in it
     int result = 1;
     try {
         result = measure(argv, profile);

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: Apache-2.0
+// What the service and its engines keep for themselves: private pages, as the
+// kernel counts them.
+#include <cstdio>
+#include <sstream>
+
+#include "bench/service/RunningService.h"
+
+namespace {
+
+double privateMiB(pid_t pid) {
+    std::istringstream lines(readFile("/proc/" + std::to_string(pid) + "/smaps_rollup"));
+    std::string line;
+    double kib = 0;
+    while (std::getline(lines, line)) {
+        if (line.rfind("Private_", 0) == 0) {
+            kib += std::stod(line.substr(line.find(':') + 1));
+        }
+    }
+    return kib / 1024;
+}
+
+} // namespace
+
+void memoryFigures() {
+    constexpr int width = 480;
+    constexpr int height = 800;
+    const std::string file = std::string(SAMPLES_FOLDER) + "/tour.docx";
+    RunningService service;
+    std::printf("\nPrivate memory, MiB\n%-46s %7.1f\n", "service, no document", privateMiB(service.pid()));
+    TestDocument first(service.bus(), service.queue(), file, width, height);
+    first.paint();
+    service.waitForSpare(1);
+    // The cache strip of about 500,000 pixels, the copy of the last frame and the pop-up's pixmap.
+    const double surfaces = (500000.0 + width * height + (width - 40) * 1000.0) * 4 / (1024 * 1024);
+    std::printf("%-46s %7.1f\n", "service, one document, without surfaces",
+                privateMiB(service.pid()) - surfaces);
+    std::printf("%-46s %7.1f\n", "engine with a small document", privateMiB(service.engines().front()));
+    std::printf("%-46s %7.1f\n", "spare engine", privateMiB(service.engines().back()));
+    TestDocument second(service.bus(), service.queue(), file, width, height);
+    second.paint();
+    std::printf("%-46s %7.1f\n", "second engine with a small document", privateMiB(service.engines()[1]));
+}

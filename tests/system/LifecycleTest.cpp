@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: Apache-2.0
+// How the service starts and ends.
+#include <fcntl.h>
+#include <signal.h>
+#include <sys/ipc.h>
+#include <sys/msg.h>
+#include <sys/wait.h>
+
+#include <chrono>
+#include <thread>
+
+#include "tests/system/support/ServiceFixture.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+
+class LifecycleTest : public ServiceTest {
+protected:
+    int statusAfter(int number) {
+        service->signal(number);
+        return service->wait(20s).value_or(-1);
+    }
+    static bool queueExists() { return msgget(ftok("/tmp", 79), 0) >= 0; }
+};
+
+TEST_F(LifecycleTest, LogsItsStart) {
+    EXPECT_EQ(syslogText(), "<6> Starting LecternServer\n");
+}
+
+TEST_F(LifecycleTest, SigtermStopsInOrderAndKeepsTheQueue) {
+    EXPECT_EQ(statusAfter(SIGTERM), W_EXITCODE(0, 0));
+    EXPECT_EQ(syslogText(), "<6> Starting LecternServer\n"
+                            "<6> Stopping LecternServer: terminated by signal\n"
+                            "<6> Stopping LecternServer: normal\n");
+    EXPECT_TRUE(queueExists());
+}
+
+TEST_F(LifecycleTest, SigintRemovesTheQueueAndEndsWithItsNumber) {
+    EXPECT_EQ(statusAfter(SIGINT), W_EXITCODE(2, 0));
+    EXPECT_EQ(syslogText(), "<6> Starting LecternServer\n<7> LecternServer got signal: 2\n");
+    EXPECT_FALSE(queueExists());
+}
+
+TEST_F(LifecycleTest, SighupRemovesTheQueueAndEndsWithZero) {
+    EXPECT_EQ(statusAfter(SIGHUP), W_EXITCODE(0, 0));
+    EXPECT_EQ(syslogText(), "<6> Starting LecternServer\n<7> LecternServer got signal: 1\n");
+    EXPECT_FALSE(queueExists());
+}
+
+TEST_F(LifecycleTest, SigquitRemovesTheQueueAndEndsWithZero) {
+    EXPECT_EQ(statusAfter(SIGQUIT), W_EXITCODE(0, 0));
+    EXPECT_FALSE(queueExists());
+}
+
+TEST_F(LifecycleTest, AFaultRemovesTheQueueAndEndsWithItsNumber) {
+    EXPECT_EQ(statusAfter(SIGABRT), W_EXITCODE(6, 0));
+    EXPECT_EQ(syslogText(), "<6> Starting LecternServer\n<7> LecternServer got signal: 6\n");
+    EXPECT_FALSE(queueExists());
+}
+
+TEST_F(LifecycleTest, SigtermWithDocumentsOpenLeavesNothingBehind) {
+    TestDocument document(*client, *queue, sample("tour.txt"), 320, 480);
+    ASSERT_EQ(document.openResult(), 0);
+    ASSERT_EQ(document.paint(), 0);
+    EXPECT_EQ(statusAfter(SIGTERM), W_EXITCODE(0, 0));
+}
+
+TEST_F(LifecycleTest, StopsByItselfThirtyOneToThirtyFourSecondsAfterTheLastCall) {
+    const auto start = std::chrono::steady_clock::now();
+    std::this_thread::sleep_for(3s); // so that the call, not the start, is seen to count
+    client->call("/events", "ping", "{}");
+    ASSERT_EQ(service->wait(60s), std::optional<int>(W_EXITCODE(0, 0)));
+    const auto ran = std::chrono::steady_clock::now() - start;
+    EXPECT_GE(ran, 33s);
+    EXPECT_LE(ran, 39s);
+    EXPECT_EQ(syslogText(), "<6> Starting LecternServer\n"
+                            "<6> Stopping LecternServer: timeout\n"
+                            "<6> Stopping LecternServer: normal\n");
+}
+
+TEST_F(LifecycleTest, ASecondServiceOnTheSameQueueIsRefused) {
+    TemporaryFolder otherFolder;
+    const PrivateBus otherBus(otherFolder.path());
+    auto environment = serviceEnvironment();
+    environment["DBUS_SESSION_BUS_ADDRESS"] = otherBus.address();
+    Subprocess second({SERVICE_PROGRAM}, environment, otherFolder.path() + "/service");
+    ASSERT_EQ(second.wait(20s), std::optional<int>(W_EXITCODE(255, 0)));
+    EXPECT_NE(second.errors(), "");
+    TestDocument document(*client, *queue, sample("tour.txt"), 320, 480);
+    EXPECT_EQ(document.paint(), 0) << "the first service must go on";
+}
+
+TEST_F(LifecycleTest, ATakenNameIsReported) {
+    Subprocess second({SERVICE_PROGRAM}, serviceEnvironment(), folder.path() + "/second");
+    ASSERT_EQ(second.wait(20s), std::optional<int>(W_EXITCODE(255, 0)));
+    EXPECT_NE(second.errors().find("error from Hub call: "), std::string::npos);
+}
+
+TEST_F(LifecycleTest, PingGetsNoReply) {
+    const BusReply reply = client->call("/events", "ping", "{}");
+    EXPECT_FALSE(reply.replied);
+    EXPECT_EQ(reply.error, "org.freedesktop.DBus.Error.NoReply");
+}
+
+} // namespace

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "engine/office/WordDocument.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace lectern::engine::test {
+
+// A document with a surface, and what tests ask of the two.
+class View {
+public:
+    View(std::unique_ptr<WordDocument> document, int32_t width, int32_t height, int32_t dpi);
+
+    WordDocument& document() { return *mDocument; }
+    int32_t width() const { return mWidth; }
+    int32_t height() const { return mHeight; }
+    const std::vector<uint32_t>& pixels() const { return mPixels; }
+
+    // Another surface size and resolution; laid out by the next call.
+    void resize(int32_t width, int32_t height, int32_t dpi);
+    // The stretch painted afresh, and nothing else.
+    std::vector<uint32_t> repainted();
+
+    int32_t rows();
+    int32_t usedRows();
+    uint32_t topLeft();
+    uint32_t bottomRight();
+    uint32_t count();
+    int32_t scrollDown(int32_t rows);
+    int32_t scrollUp(int32_t rows);
+
+    // But for the faint shadow in the page's upper corners.
+    bool isWhite(int32_t x, int32_t y) const { return (at(x, y) & 0xFFF8F8F8) == 0xFFF8F8F8; }
+    uint32_t at(int32_t x, int32_t y) const { return mPixels[static_cast<size_t>(y * mWidth + x)]; }
+    // Pixels that are not white in columns [left, right) of the stretch.
+    int32_t ink(int32_t left, int32_t right) const;
+    int32_t ink() const { return ink(0, mWidth); }
+
+private:
+    std::unique_ptr<WordDocument> mDocument;
+    std::vector<uint32_t> mPixels;
+    int32_t mWidth = 0;
+    int32_t mHeight = 0;
+};
+
+// A folder for files; it goes with the process.
+const std::filesystem::path& testFolder();
+
+// The suite, started once for the process.
+class OfficeTest : public testing::Test {
+public:
+    static Office& office();
+    static std::filesystem::path corpus(const std::string& name);
+
+    static std::filesystem::path write(const std::string& name, std::string_view bytes);
+    // Opens; a failure to is the test's.
+    static std::unique_ptr<View> view(const std::filesystem::path& path, int32_t width = 480,
+                                      int32_t height = 800, int32_t dpi = 72);
+    static int32_t openResult(const std::filesystem::path& path, const std::string& password = "");
+    // "word 1 of line 1 ..." on lines of their own.
+    static std::string numberedLines(int lines, int wordsOnALine = 30);
+};
+
+} // namespace lectern::engine::test

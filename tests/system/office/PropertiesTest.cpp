@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "modules/ModuleResults.h"
+#include "tests/system/office/DocxBuilder.h"
+#include "tests/system/office/OfficeFixture.h"
+
+#include <cstdlib>
+#include <ctime>
+
+namespace lectern::engine::test {
+
+namespace {
+
+class Properties : public OfficeTest {
+public:
+    static std::unique_ptr<WordDocument> open(const std::filesystem::path& path) {
+        std::unique_ptr<WordDocument> document;
+        EXPECT_EQ(WordDocument::open(office(), path, "", testFolder(), document), MODULE_OK);
+        return document;
+    }
+};
+
+struct Read {
+    std::u16string name, author, description;
+    int64_t created = -1, saved = -1;
+    int32_t words = -1;
+};
+
+Read read(WordDocument& document) {
+    Read read;
+    EXPECT_EQ(document.name(read.name), MODULE_OK);
+    EXPECT_EQ(document.author(read.author), MODULE_OK);
+    EXPECT_EQ(document.description(read.description), MODULE_OK);
+    EXPECT_EQ(document.creationDate(read.created), MODULE_OK);
+    EXPECT_EQ(document.lastSavedDate(read.saved), MODULE_OK);
+    EXPECT_EQ(document.wordCount(read.words), MODULE_OK);
+    return read;
+}
+
+std::filesystem::path described() {
+    DocxBuilder builder;
+    builder.properties("A t\xC3\xAFtle", "Some Body", "What it is \xE2\x82\xAC", "2012-03-04T05:06:07Z",
+                       "2020-07-31T23:59:59Z");
+    return builder.paragraph("five words are in here").write("described.docx");
+}
+
+void expectDescribed(const Read& properties) {
+    EXPECT_EQ(properties.name, u"A t\u00EFtle");
+    EXPECT_EQ(properties.author, u"Some Body");
+    EXPECT_EQ(properties.description, u"What it is \u20AC");
+    EXPECT_EQ(properties.created, 1330837567);
+    EXPECT_EQ(properties.saved, 1596239999);
+    EXPECT_EQ(properties.words, 5);
+}
+
+} // namespace
+
+TEST_F(Properties, AreThoseOfTheFile) {
+    expectDescribed(read(*open(described())));
+}
+
+TEST_F(Properties, TimesDoNotDependOnTheTimeZone) {
+    setenv("TZ", "America/New_York", 1);
+    expectDescribed(read(*open(described())));
+    const Read old = read(*open(corpus("documentProperties.doc")));
+    setenv("TZ", "Asia/Tokyo", 1);
+    tzset();
+    expectDescribed(read(*open(described())));
+    EXPECT_EQ(read(*open(corpus("documentProperties.doc"))).created, old.created);
+}
+
+TEST_F(Properties, OfAPlainTextAreEmpty) {
+    const Read properties = read(*open(write("plain.txt", "just some text")));
+    EXPECT_TRUE(properties.name.empty());
+    EXPECT_TRUE(properties.author.empty());
+    EXPECT_TRUE(properties.description.empty());
+    EXPECT_EQ(properties.created, 0);
+    EXPECT_EQ(properties.saved, 0);
+    EXPECT_EQ(properties.words, 3);
+}
+
+TEST_F(Properties, OfAnOldDocumentAreRead) {
+    const Read properties = read(*open(corpus("documentProperties.doc")));
+    EXPECT_FALSE(properties.name.empty());
+    EXPECT_GT(properties.created, 0);
+}
+
+} // namespace lectern::engine::test

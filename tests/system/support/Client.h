@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: Apache-2.0
+// A client written from the wire formats alone: it shares no code with the
+// service nor with the client library, so that it checks both.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "tests/system/support/Bus.h"
+
+// A service-to-client record without its type.
+struct Answer {
+    int32_t id = -1;
+    int32_t value = 0;
+    int32_t extra = 0;
+};
+
+// The client's end of the System V queue.
+class Queue {
+public:
+    Queue();
+    // Posts a record with two integer arguments; false when the queue is full or gone.
+    bool post(long type, int32_t docid, int32_t x = 0, int32_t y = 0);
+    bool postGesture(long type, int32_t docid, double scale);
+    // Posts a text of any size.
+    bool postRaw(long type, const std::vector<unsigned char>& text);
+    // Blocks for a record of this type.
+    Answer read(long type);
+    // The next waiting record of this type, id -1 when there is none.
+    Answer poll(long type);
+    int id() const { return mId; }
+
+private:
+    Answer receive(long type, int flags);
+    int mId;
+};
+
+// A document opened over the bus, with a frame buffer and its state record.
+class TestDocument {
+public:
+    struct Options {
+        std::string password;
+        unsigned int dataStore = 0;
+        bool expectReply = true;
+    };
+    TestDocument(BusConnection& bus, Queue& queue, const std::string& path, int width, int height,
+                 const Options& options);
+    TestDocument(BusConnection& bus, Queue& queue, const std::string& path, int width, int height)
+        : TestDocument(bus, queue, path, width, height, Options()) {}
+    ~TestDocument();
+    TestDocument(const TestDocument&) = delete;
+    TestDocument& operator=(const TestDocument&) = delete;
+
+    int docid() const { return mDocid; }
+    long store() const { return mStore; }
+    int openResult() const { return mOpened.extra; }
+    const std::string& reply() const { return mReply; }
+    const uint32_t* frame() const { return mFrame; }
+    const unsigned char* frameBytes() const { return reinterpret_cast<const unsigned char*>(mFrame); }
+    int width() const { return mWidth; }
+    int height() const { return mHeight; }
+
+    // Asks for a paint and waits for it; the answer's value.
+    int paint();
+    void penDown(int x, int y) { mQueue.post(4, mDocid, x, y); }
+    void penUp(int x, int y) { mQueue.post(5, mDocid, x, y); }
+    void penMove(int x, int y) { mQueue.post(6, mDocid, x, y); }
+    // Makes the next paint request redraw: a key that no view heeds.
+    void touch() { mQueue.post(3, mDocid, 0, 0); }
+    // One contact that moves the document down by `rows` (negative: up), in steps, and a paint.
+    void drag(int rows);
+    void pinch(double scale);
+    void doubleTap(int x, int y);
+    void destroy();
+
+    int scrollX() const { return state(0); }
+    int scrollY() const { return state(4); }
+    double scale() const;
+    // The payload {"docid": N} of most methods.
+    std::string docidPayload() const { return "{\"docid\":" + std::to_string(mDocid) + "}"; }
+
+private:
+    int32_t state(int offset) const;
+    BusConnection& mBus;
+    Queue& mQueue;
+    int mWidth;
+    int mHeight;
+    int mSegment = -1;
+    uint32_t* mFrame = nullptr;
+    const unsigned char* mState = nullptr;
+    int mDocid = -1;
+    long mStore = 0;
+    std::string mReply;
+    Answer mOpened;
+};

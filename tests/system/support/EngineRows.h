@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+// Every row of a word-processing document as the real engine paints it at one
+// width and dpi, read through the module alone, without the service: what the
+// service must show at that place.
+class EngineRows {
+public:
+    EngineRows(const std::string& path, int width, int dpi);
+
+    int count() const { return static_cast<int>(mRows.size()); }
+    // True when the pixels are those of this row; rows past the text are white.
+    bool matches(int row, const uint32_t* pixels) const;
+
+private:
+    static uint64_t hash(const uint32_t* pixels, int width);
+    int mWidth;
+    uint64_t mWhite;
+    std::vector<uint64_t> mRows;
+};

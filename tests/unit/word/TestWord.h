@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: Apache-2.0
+// A Word view whose inside the tests can see, and what they see in it.
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+
+#include "tests/fakes/word/FakeWordModule.h"
+#include "word/Word.h"
+
+class TestWord : public Word {
+public:
+    using Word::currentRegion;
+    using Word::mClicked;
+    using Word::mCurrentResult;
+    using Word::mDataStore;
+    using Word::mDirty;
+    using Word::mDocPixmap;
+    using Word::mDrawMode;
+    using Word::mFlicking;
+    using Word::mGestureActive;
+    using Word::mGestureAppliedScale;
+    using Word::mGestureScroll;
+    using Word::mPenDown;
+    using Word::mPenDownScroll;
+    using Word::mPopupShown;
+    using Word::mScale;
+    using Word::mScaleLevel;
+    using Word::mScroll;
+    using Word::mScroller;
+    using Word::mStretch;
+    using Word::mTapStoppedScroll;
+    using Word::mWideMode;
+    using Word::Word;
+
+    int width() const { return mWidth; }
+    int height() const { return mHeight; }
+    int top() const { return mStretch.top(); }
+    int bottom() const { return mStretch.bottom(); }
+
+    // The text row at the view's top, where the module says the stretch is.
+    int64_t firstTextRow() const { return fakeWord().layout.top + mScroll.y - top(); }
+    // Rows of the view that should show text and do not.
+    int64_t whiteRows() const {
+        const FakeWordLayout& text = fakeWord().layout;
+        const int64_t textTop = top() - text.top; // the document rows of the text
+        const int64_t textBottom = textTop + text.rows;
+        const int64_t viewTop = std::max<int64_t>(mScroll.y, textTop);
+        const int64_t viewBottom = std::min<int64_t>(int64_t{mScroll.y} + mHeight, textBottom);
+        const int64_t above = std::min(viewBottom, int64_t{top()}) - viewTop;
+        const int64_t below = viewBottom - std::max(viewTop, int64_t{bottom()});
+        return std::max<int64_t>(0, above) + std::max<int64_t>(0, below);
+    }
+};

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <cstdlib>
+#include <ctime>
+
+#include "tests/unit/word/WordTest.h"
+
+namespace {
+
+class WordPropertiesTest : public WordTest {
+protected:
+    void SetUp() override {
+        WordTest::SetUp();
+        setenv("TZ", "UTC", 1);
+        tzset();
+    }
+};
+
+TEST_F(WordPropertiesTest, MembersInOrder) {
+    const auto view = openView(320, 480, 3000);
+    fakeWord().name = u"Träume";
+    fakeWord().description = u"\"quoted\"";
+    fakeWord().lastSaved = 1267456020; // 1 March 2010 15:07
+    fakeWord().created = 300;
+    fakeWord().words = 1234;
+    EXPECT_EQ(view->getDocProperties(),
+              "{ \"name\": \"Träume\", \"author\": \"\", \"description\": \"\\\"quoted\\\"\", "
+              "\"lastsave\": \"Mar 1, 2010, 3:07pm\", \"createdate\": \"Jan 1, 1970, 12:05am\", \"wordcnt\": "
+              "1234 }");
+    EXPECT_THAT(calls(), ElementsAre("wtg_get_document_name(0)", "wtg_get_document_name(4096)",
+                                     "wtg_get_document_author(0)", "wtg_get_document_author(4096)",
+                                     "wtg_get_document_description(0)", "wtg_get_document_description(4096)",
+                                     "wtg_get_document_last_saved_date()", "wtg_get_document_creation_date()",
+                                     "wtg_word_count()"));
+}
+
+TEST_F(WordPropertiesTest, LongTextsAreReplaced) {
+    const auto view = openView(320, 480, 3000);
+    fakeWord().name = std::u16string(2047, u'n');
+    fakeWord().author = std::u16string(3000, u'a');
+    fakeWord().description = std::u16string(2048, u'd');
+    const std::string text = view->getDocProperties();
+    EXPECT_NE(text.find("\"name\": \"" + std::string(2047, 'n') + "\""), std::string::npos);
+    EXPECT_NE(text.find("\"author\": \"(no author)\""), std::string::npos);
+    EXPECT_NE(text.find("\"description\": \"(no description)\""), std::string::npos);
+    fakeWord().name = std::u16string(2048, u'n');
+    EXPECT_NE(view->getDocProperties().find("\"name\": \"(no name)\""), std::string::npos);
+}
+
+TEST_F(WordPropertiesTest, BrokenTextsAreEmpty) {
+    const auto view = openView(320, 480, 3000);
+    fakeWord().author = std::u16string(1, static_cast<char16_t>(0xD800));
+    EXPECT_NE(view->getDocProperties().find("\"author\": \"\""), std::string::npos);
+}
+
+TEST_F(WordPropertiesTest, ClearingTheSelectionAsksForAPaint) {
+    const auto view = openView(320, 480, 3000);
+    EXPECT_EQ(view->clearSelection(), 0);
+    EXPECT_THAT(calls(), ElementsAre("wtg_clear_selection()"));
+    EXPECT_THAT(notifications(*view), ElementsAre(_INVALIDATED));
+}
+
+} // namespace

@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: Apache-2.0
+// The state record: coming back to where one was.
+#include "tests/unit/word/WordTest.h"
+
+namespace {
+
+class WordRecordTest : public WordTest {
+protected:
+    // A view on the segment of another, which stays open for the segment's sake.
+    static std::unique_ptr<TestWord> reopen(const TestWord& old, const char* path = "/d/text.doc") {
+        auto view = makeView(320, 480, old.dataStoreShmId());
+        fakeWord().calls.clear();
+        view->openFile(path, nullptr);
+        return view;
+    }
+};
+
+TEST_F(WordRecordTest, PaintSavesThePlace) {
+    const auto view = openView(320, 480, 20000);
+    scrollBy(*view, 1700);
+    calls();
+    paint(*view);
+    EXPECT_EQ(view->mDataStore->scrollY, 1700);
+    EXPECT_EQ(view->mDataStore->extra[0], 5 * 1040);
+    EXPECT_EQ(view->mDataStore->extra[1], 1040);
+    EXPECT_THAT(calls(), ElementsAre("wtg_get_top_left_character(0)"));
+    paint(*view);
+    EXPECT_THAT(calls(), IsEmpty()) << "asked for once";
+}
+
+TEST_F(WordRecordTest, PlaceAtTheStartIsZerosWithoutAsking) {
+    const auto view = openView(320, 480, 20000);
+    scrollBy(*view, 300);
+    calls();
+    paint(*view);
+    EXPECT_EQ(view->mDataStore->extra[0], 0);
+    EXPECT_EQ(view->mDataStore->extra[1], 0);
+    EXPECT_THAT(calls(), IsEmpty());
+}
+
+TEST_F(WordRecordTest, RestoreJumpsAfterTheFirstSizing) {
+    const auto old = openView(320, 480, 20000);
+    scrollBy(*old, 1700);
+    paint(*old);
+    const auto view = reopen(*old);
+    EXPECT_THAT(calls(),
+                ElementsAre("wtg_open_file(\"/d/text.doc\", \"\", \"/usr/share/fonts\", \"/tmp\")",
+                            "wtg_get_character_count(0)", "wtg_set_offscreen_buffer(0, 320, 1562)",
+                            "wtg_set_dpi(72)", "wtg_get_bottom_right_character(0)",
+                            "wtg_jump_to_character(0, 5200)", "wtg_get_vertical_last_used_pixel(0)"));
+    EXPECT_EQ(view->top(), 1040);
+    EXPECT_EQ(view->mScroll.y, 1700);
+    EXPECT_EQ(view->firstTextRow(), 1700);
+}
+
+TEST_F(WordRecordTest, ZoomAndItsPlaceAreRestored) {
+    const auto old = openView(320, 480, 20000);
+    scrollBy(*old, 900);
+    old->handleDoubleClick(100, 400);
+    paint(*old);
+    const int64_t row = old->firstTextRow();
+    const auto view = reopen(*old);
+    EXPECT_EQ(view->mScale, 3.0);
+    EXPECT_EQ(view->mScaleLevel, 2);
+    EXPECT_NEAR(static_cast<double>(view->firstTextRow()), static_cast<double>(row), 1.0);
+    EXPECT_EQ(view->whiteRows(), 0);
+    scrollBy(*view, -20000);
+    EXPECT_EQ(view->firstTextRow(), 0) << "the start is in reach";
+}
+
+TEST_F(WordRecordTest, PositionFarFromTheStartIsCovered) {
+    const auto old = openView(320, 480, 20000);
+    old->mDataStore->scrollY = 5000;
+    const auto view = reopen(*old);
+    EXPECT_EQ(view->firstTextRow(), 5000);
+    EXPECT_EQ(view->whiteRows(), 0);
+}
+
+TEST_F(WordRecordTest, PlacesWithoutSenseMeanTheStart) {
+    const auto old = openView(320, 480, 20000);
+    const struct {
+        int32_t character, row;
+    } places[] = {{-1, 50}, {100000, 50}, {500, -1}, {500, INT32_MAX}, {0, 700}};
+    for (const auto& [character, row] : places) {
+        old->mDataStore->scrollY = 600;
+        old->mDataStore->extra[0] = character;
+        old->mDataStore->extra[1] = row;
+        const auto view = reopen(*old);
+        EXPECT_EQ(view->firstTextRow(), 0) << character << " at " << row;
+        EXPECT_EQ(view->top(), 0);
+    }
+}
+
+TEST_F(WordRecordTest, RowsThatDoNotFitTheirCharacterAreSurvived) {
+    const auto old = openView(320, 480, 20000);
+    old->mDataStore->scrollY = 0;
+    old->mDataStore->extra[0] = 5000;
+    old->mDataStore->extra[1] = 1 << 30;
+    const auto view = reopen(*old);
+    EXPECT_EQ(view->firstTextRow(), 0);
+    EXPECT_EQ(view->top(), 0);
+    EXPECT_EQ(view->whiteRows(), 0);
+}
+
+TEST_F(WordRecordTest, FailedOpenKeepsThePlaceForTheNextAttempt) {
+    const auto old = openView(320, 480, 20000);
+    scrollBy(*old, 1700);
+    paint(*old);
+    auto failed = reopen(*old, "/d/code-7.doc");
+    failed->SaveStateToDataStore();
+    const auto view = reopen(*failed);
+    EXPECT_EQ(view->firstTextRow(), 1700);
+}
+
+TEST_F(WordRecordTest, PlaceSavedInWideModeIsFoundByItsCharacter) {
+    const auto old = openView(320, 480, 20000);
+    old->setWideMode(true);
+    scrollBy(*old, 5000);
+    paint(*old);
+    const int64_t wideTop = fakeWord().layout.top;
+    const auto view = reopen(*old);
+    EXPECT_EQ(view->mScroll.x, 0);
+    EXPECT_EQ(view->whiteRows(), 0);
+    EXPECT_NEAR(static_cast<double>(view->firstTextRow()), 2.0 * static_cast<double>(wideTop), 1200.0);
+}
+
+} // namespace

@@ -1,0 +1,307 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tests/unit/word/WordSession.h"
+
+#include <cstdlib>
+
+#include "channel/ServiceQueue.h"
+
+namespace {
+
+// A view may lag behind the pen at the text's ends, and catch up at the next move.
+constexpr int lag = 40;
+constexpr int framesBetweenChecks = 20;
+
+uint32_t marked(uint32_t page) {
+    const auto blend = [](uint32_t old, uint32_t colour) {
+        return ((old * (255 - 0x40)) >> 8) + ((colour * 0x40) >> 8);
+    };
+    return (page & 0xFF000000) | blend(page >> 16 & 0xFF, 0xFF) << 16 | blend(page >> 8 & 0xFF, 0xFF) << 8 |
+           blend(page & 0xFF, 0);
+}
+
+} // namespace
+
+WordSession::WordSession(unsigned seed, int width, int height, int64_t rows, bool wide)
+    : mRandom(seed), mWidth(width), mHeight(height),
+      mFrame(static_cast<size_t>(width) * static_cast<size_t>(height)) {
+    FakeWordControl& module = fakeWord();
+    module.reset();
+    module.recording = false;
+    module.rows = rows;
+    module.characters = static_cast<uint32_t>(rows) * 40 + 1000;
+    module.lineHeight = chance(50) ? 1 : 17;
+    for (int i = 0, count = number(0, 30); i < count; ++i) {
+        const auto start = static_cast<uint32_t>(number(0, static_cast<int>(module.characters) - 10));
+        module.hits.push_back({start, start + 5, number(0, width / 2), 30, number(1, 2)});
+    }
+    std::sort(module.hits.begin(), module.hits.end(),
+              [](const auto& a, const auto& b) { return a.start < b.start; });
+    const auto same = [](const auto& a, const auto& b) { return a.start == b.start; };
+    module.hits.erase(std::unique(module.hits.begin(), module.hits.end(), same), module.hits.end());
+    open(0);
+    if (wide) {
+        mView->setWideMode(true);
+    }
+    atPaint("opening");
+}
+
+WordSession::~WordSession() = default;
+
+void WordSession::open(unsigned int store) {
+    mView = std::make_unique<TestWord>(mWidth, mHeight, 0, store);
+    check(mView->openFile("/d/text.doc", nullptr) == 0, "open");
+}
+
+void WordSession::check(bool good, const std::string& what) {
+    if (!good) {
+        ++mFailures[what];
+    }
+}
+
+int64_t WordSession::rowOfCharacter(uint32_t position) const {
+    const FakeWordLayout& text = fakeWord().layout;
+    const int64_t lines = text.rows / text.lineRows;
+    return std::min(lines - 1, int64_t{position} * lines / fakeWord().characters) * text.lineRows;
+}
+
+// The nearest row that the view may stand at; a shorter text moves freely in it.
+int64_t WordSession::onText(int64_t row) const {
+    const int64_t overhang = fakeWord().layout.rows - mHeight;
+    return std::clamp(row, std::min<int64_t>(0, overhang), std::max<int64_t>(0, overhang));
+}
+
+// Every paint ticks; some are looked at pixel by pixel.
+void WordSession::atPaint(const char* what) {
+    if (++mPaints % framesBetweenChecks == 0) {
+        mView->setDirty();
+        mView->handlePaintRouter(mFrame.data());
+        checkFrame(what);
+    } else {
+        mView->tick();
+    }
+    const std::string in = std::string(" in ") + what;
+    check(mView->whiteRows() == 0, "white" + in);
+    check(mView->top() >= 0, "top below row 0" + in);
+    check(mView->mStretch.used() <= mView->mStretch.size().height, "more used than there is" + in);
+}
+
+void WordSession::checkFrame(const char* what) {
+    const FakeWordLayout& text = fakeWord().layout;
+    const int64_t firstRow = mView->firstTextRow();
+    const int left = mView->mScroll.x; // a tapped view may stand beside the text as well
+    const wtg_find_region* hit = mView->mCurrentResult >= 0 ? mView->currentRegion() : nullptr;
+    const int64_t hitRow = hit != nullptr ? rowOfCharacter(hit->position) : -1;
+    for (int y = 0; y < mHeight; ++y) {
+        const int64_t row = firstRow + y;
+        const bool isRow = row >= 0 && row < text.rows;
+        for (const int x : {0, mWidth / 2}) {
+            const int column = left + x;
+            const bool isText = isRow && column >= 0 && column < text.width;
+            const uint32_t page = isText ? fakeWordPixel(row, column) : fakeWordWhite;
+            const uint32_t seen =
+                mFrame[static_cast<size_t>(y) * static_cast<size_t>(mWidth) + static_cast<size_t>(x)];
+            bool inHit = false;
+            if (hit != nullptr) {
+                const module_rect& first = hit->rectangles[0];
+                const int64_t rows = int64_t{hit->rectangle_count} * text.lineRows;
+                inHit = row >= hitRow && row < hitRow + rows && column >= first.x &&
+                        column < first.x + first.width;
+            }
+            check(seen == (inHit ? marked(page) : page), std::string("wrong pixel in ") + what);
+        }
+    }
+}
+
+void WordSession::checkMoved(int64_t from, int64_t input, const char* what) {
+    if (fakeWord().layout.rows >= mHeight) {
+        check(std::abs(mView->firstTextRow() - from) <= std::abs(input) + lag,
+              std::string("jumped in ") + what);
+    }
+}
+
+// One contact that changes its mind: the moves drift, and the drift turns.
+void WordSession::drag() {
+    const int start = number(0, mHeight - 1);
+    mView->handlePenDown(mWidth / 2, start);
+    int way = 0;
+    int lastWay = 0;
+    int drift = 0;
+    int64_t seen = onText(mView->firstTextRow()); // a tapped view may stand off the text
+    for (int i = 0; i < 60; ++i) {
+        if (i % 20 == 0) {
+            drift = chance(50) ? 18 : -18;
+        }
+        way = std::clamp(way + number(-20, 20) + drift, -mHeight, mHeight);
+        mView->handlePenMove(mWidth / 2 + number(-30, 30), start - way);
+        atPaint("a drag");
+        checkMoved(seen, way - lastWay, "a drag");
+        seen = mView->firstTextRow();
+        lastWay = way;
+    }
+    mView->handlePenUp(mWidth / 2, start - way);
+    atPaint("a drag's end");
+    checkMoved(seen, 0, "a drag's end");
+}
+
+void WordSession::fling() {
+    const int speed = number(100, 2400) * (chance(50) ? 1 : -1);
+    mView->handlePenDown(10, 10);
+    mView->handleFlick(chance(30) ? number(-300, 300) : 0, speed);
+    mView->handlePenUp(10, 10);
+    int64_t seen = onText(mView->firstTextRow());
+    for (int i = 0; i < 80 && mView->mScroller.isMoving(); ++i) {
+        TestClock::advance(0.016);
+        atPaint("a fling");
+        checkMoved(seen, 20, "a fling");
+        seen = mView->firstTextRow();
+    }
+    if (chance(70)) {
+        mView->handlePenDown(10, 10);
+        check(!mView->mScroller.isMoving(), "a pen down stops a glide");
+        mView->handlePenUp(10, 10);
+    }
+}
+
+void WordSession::doubleTap() {
+    mView->handlePenDown(number(0, mWidth - 1), number(0, mHeight - 1));
+    mView->handleDoubleClick(number(0, mWidth - 1), number(0, mHeight - 1));
+    mView->handlePenUp(0, 0);
+    atPaint("a double tap");
+}
+
+void WordSession::pinch() {
+    mView->handleGestureStart(1.0, 0.0);
+    for (int i = 0, count = number(0, 3); i < count; ++i) {
+        mView->handleGestureChange(number(30, 300) / 100.0, 0.0);
+        mView->setDirty();
+        mView->handlePaintRouter(mFrame.data());
+    }
+    mView->handleGestureEnd(0.0, 0.0);
+    check(mView->whiteRows() == 0, "white after a pinch");
+    atPaint("a pinch");
+}
+
+void WordSession::followLink() {
+    const bool valid = chance(90);
+    const auto target = static_cast<intptr_t>(number(0, static_cast<int>(fakeWord().characters) - 1));
+    fakeWord().click = {7, valid ? 0 : 3, target, 0};
+    const int64_t before = mView->firstTextRow();
+    check(mView->handleClick(number(0, mWidth - 1), number(0, mHeight - 1)), "a link is used");
+    mView->handlePenUp(0, 0);
+    check(mView->whiteRows() == 0, "white after a jump");
+    if (valid) {
+        const int64_t row = rowOfCharacter(static_cast<uint32_t>(target));
+        check(mView->firstTextRow() == onText(row), "a link's target is at the top");
+    } else {
+        check(mView->firstTextRow() == before, "a dead link goes nowhere");
+    }
+    atPaint("a jump");
+}
+
+void WordSession::stepThroughHits() {
+    mView->doSearch("x");
+    check(mView->whiteRows() == 0, "white after a search");
+    for (int i = 0, count = number(0, 12); i < count; ++i) {
+        chance(60) ? mView->nextResult() : mView->previousResult();
+        check(mView->whiteRows() == 0, "white after a step");
+        atPaint("a search");
+        if (chance(20)) {
+            drag();
+        }
+    }
+    if (chance(30)) {
+        mView->stopFind();
+    }
+}
+
+void WordSession::popup() {
+    fakeWord().click = {number(2, 5), 1, 2, 3};
+    const int64_t before = mView->firstTextRow();
+    const bool shown = mView->handleClick(5, 5);
+    mView->handlePenUp(5, 5);
+    check(shown == (mWidth > 40), "a reference is shown where there is room");
+    if (!shown) {
+        return;
+    }
+    const int64_t moves = fakeWord().repaints;
+    for (int i = 0; i < 5; ++i) {
+        mView->handlePenDown(5, mHeight / 2);
+        mView->handlePenMove(5, mHeight / 2 - number(-mHeight, mHeight));
+        mView->setDirty();
+        mView->handlePaintRouter(mFrame.data());
+        mView->handlePenUp(5, 5);
+    }
+    check(fakeWord().repaints == moves, "the stretch rests below a pop-up");
+    check(mView->handleClick(5, 5), "a tap closes a pop-up");
+    mView->handlePenUp(5, 5);
+    check(mView->firstTextRow() == onText(before), "back on the page");
+    atPaint("a pop-up");
+}
+
+// Closes and comes back through the state record. Wide mode is not in it.
+void WordSession::reopen() {
+    mPaints = framesBetweenChecks - 1;
+    atPaint("closing");
+    const bool wide = mView->mWideMode;
+    const int64_t before = onText(mView->firstTextRow());
+    mView->SaveStateToDataStore();
+    const std::unique_ptr<TestWord> closed = std::move(mView); // keeps the segment
+    open(closed->dataStoreShmId());
+    check(mView->whiteRows() == 0, "white after a restore");
+    if (!wide && mView->mScale == closed->mScale) {
+        check(std::abs(mView->firstTextRow() - before) <= fakeWord().layout.lineRows,
+              "back at the same place");
+    }
+    atPaint("a restore");
+}
+
+void WordSession::setWide(bool on) {
+    mView->setWideMode(on);
+    atPaint("wide mode");
+}
+
+void WordSession::play(int operations) {
+    for (int i = 0; i < operations; ++i) {
+        g_msgQueue.Drain(); // nobody reads the notifications
+        const int what = number(0, 99);
+        if (what < 30) {
+            drag();
+        } else if (what < 45) {
+            fling();
+        } else if (what < 55) {
+            doubleTap();
+        } else if (what < 65) {
+            pinch();
+        } else if (what < 72) {
+            followLink();
+        } else if (what < 82) {
+            stepThroughHits();
+        } else if (what < 88) {
+            popup();
+        } else if (what < 93) {
+            reopen();
+        } else {
+            setWide(what < 95 ? mView->mWideMode : !mView->mWideMode);
+        }
+    }
+}
+
+void WordSession::visitEnds() {
+    for (const int way : {1, -1, 1}) {
+        int64_t last = -1;
+        for (bool first = true; first || mView->firstTextRow() != last; first = false) {
+            last = mView->firstTextRow();
+            g_msgQueue.Drain();
+            const int start = way > 0 ? mHeight : 0;
+            mView->handlePenDown(0, start);
+            for (int i = 1; i <= 8; ++i) {
+                mView->handlePenMove(0, start - way * mHeight * i / 8);
+                atPaint("going to the ends");
+            }
+            mView->handlePenUp(0, start - way * mHeight);
+        }
+        const int64_t overhang = fakeWord().layout.rows - mHeight;
+        const int64_t end = way > 0 ? std::max<int64_t>(0, overhang) : std::min<int64_t>(0, overhang);
+        check(last == end, way > 0 ? "the end is reached" : "the start is reached");
+    }
+}

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: Apache-2.0
+// Views on the fake module, each test with a queue and segments of its own.
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/ipc.h>
+#include <sys/msg.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "channel/ServiceQueue.h"
+#include "tests/unit/view/IpcTest.h"
+#include "tests/unit/view/TestClock.h"
+#include "tests/unit/word/TestWord.h"
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class WordTest : public IpcTest {
+protected:
+    void SetUp() override {
+        IpcTest::SetUp();
+        fakeWord().reset();
+        ASSERT_EQ(g_msgQueue.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId), 0);
+    }
+    void TearDown() override { g_msgQueue.Remove(); }
+
+    static std::unique_ptr<TestWord> makeView(int width = 320, int height = 480, unsigned int store = 0) {
+        return std::make_unique<TestWord>(width, height, 0, store);
+    }
+    // A view of a text of so many rows, with the calls of the opening forgotten.
+    static std::unique_ptr<TestWord> openView(int width, int height, int64_t rows) {
+        fakeWord().rows = rows;
+        auto view = makeView(width, height);
+        EXPECT_EQ(view->openFile("/d/text.doc", nullptr), 0);
+        fakeWord().calls.clear();
+        return view;
+    }
+    static std::vector<std::string> calls() { return fakeWord().takeCalls(); }
+
+    // Moves the pen from one row to another in steps of at most so many rows.
+    static void dragTo(TestWord& view, int& y, int targetY, int step = 50) {
+        while (y != targetY) {
+            y += std::clamp(targetY - y, -step, step);
+            view.handlePenMove(100, y);
+            view.tick();
+        }
+    }
+    // Goes down the text by so many rows (up when below 0), contact by contact.
+    static void scrollBy(TestWord& view, int rows) {
+        while (rows != 0) {
+            const int part = std::clamp(rows, -200, 200);
+            int y = 300;
+            view.handlePenDown(100, y);
+            dragTo(view, y, 300 - part);
+            view.handlePenUp(100, y);
+            rows -= part;
+        }
+    }
+
+    // The ids of the waiting records for a view; they are gone then.
+    static std::vector<int> notifications(const TestWord& view) {
+        const int queue = msgget(ftok("/tmp", DocAdapterMessageQueue::projectId), 0);
+        ServerClientMessage message;
+        std::vector<int> ids;
+        while (msgrcv(queue, &message, ServerClientMessage::textSize,
+                      static_cast<long>(view.dataStoreShmId()), IPC_NOWAIT) >= 0) {
+            EXPECT_EQ(message.value, 0);
+            EXPECT_EQ(message.extra, 0);
+            ids.push_back(message.id);
+        }
+        return ids;
+    }
+
+    static std::vector<uint32_t> paint(TestWord& view) {
+        std::vector<uint32_t> frame(static_cast<size_t>(view.width()) * static_cast<size_t>(view.height()),
+                                    1);
+        view.setDirty();
+        view.handlePaintRouter(frame.data());
+        return frame;
+    }
+};

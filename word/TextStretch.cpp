@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "word/TextStretch.h"
+
+#include <algorithm>
+
+#include "raster/Saturate.h"
+
+namespace {
+constexpr double surfacePixels = 500000.0;
+} // namespace
+
+TextStretch::Size TextStretch::sizeFor(double layoutWidth, int viewHeight) {
+    Size size;
+    size.height = saturateToInt(surfacePixels / layoutWidth);
+    size.step = size.height / 3;
+    size.height += size.height % 2;
+    if (4LL * size.height < 5LL * viewHeight) {
+        size.height = saturateToInt((3LL * viewHeight + 1) / 2);
+        size.height += size.height % 2;
+        size.step = size.height / 3;
+    }
+    size.step = std::max(1, size.step);
+    size.width = saturateToInt(layoutWidth);
+    size.width += size.width % 2;
+    return size;
+}
+
+void TextStretch::open(void* doc, uint32_t characterCount) {
+    mDoc = doc;
+    mCharacterCount = characterCount;
+}
+
+void TextStretch::layOut(const Size& size, int dpi) {
+    mNumbered = mNumbered && (mSurface == nullptr || top() == 0);
+    mSurface.reset();
+    mSurface = std::make_unique<CpPixmap>(size.width, size.height);
+    mSize = size;
+    ++mGeneration;
+    useSurface();
+    mModule.wtg_set_dpi(mDoc, dpi);
+    mAtEnd = bottomRight() == mCharacterCount;
+    if (mAtEnd) {
+        setPlace(0, askUsedRows());
+    }
+}
+
+void TextStretch::useSurface() {
+    mModule.wtg_set_offscreen_buffer(mDoc, 0, mSurface->Pixels(), mSize.width, mSize.height);
+}
+
+bool TextStretch::jump(int32_t story, uint32_t character) {
+    if (mModule.wtg_jump_to_character(mDoc, story, character) != 0) {
+        return false;
+    }
+    noteMove();
+    if (story == 0) {
+        mTopCharacter = character;
+        mTopCharacterKnown = true;
+    }
+    mNumbered = story == 0 && character == 0;
+    setPlace(0, askUsedRows());
+    return true;
+}
+
+bool TextStretch::moveDown(int rows) {
+    if (!scrollDown(rows)) {
+        return false;
+    }
+    moveTop(rows);
+    return true;
+}
+
+void TextStretch::advance(int rows) {
+    if (!scrollDown(rows)) {
+        mNumbered = false;
+    }
+    moveTop(rows);
+}
+
+bool TextStretch::scrollDown(int rows) {
+    int32_t scrolled = 0;
+    return mModule.wtg_scroll_down(mDoc, 0, rows, &scrolled) == 0 && scrolled > 0;
+}
+
+void TextStretch::moveTop(int rows) {
+    noteMove();
+    setPlace(saturatedSum(top(), rows), askUsedRows());
+}
+
+bool TextStretch::moveUp(int rows) {
+    const bool wasFull = isFull();
+    int32_t scrolled = 0;
+    if (mModule.wtg_scroll_up(mDoc, 0, rows, &scrolled) != 0 || scrolled <= 0) {
+        return false;
+    }
+    noteMove();
+    setPlace(saturatedDifference(top(), scrolled), wasFull ? mSize.height : askUsedRows());
+    if (!mNumbered) {
+        askTextAbove();
+    }
+    if (top() < 0) {
+        renumber(saturatedDifference(0, top()));
+    }
+    return true;
+}
+
+bool TextStretch::textAbove() {
+    return mNumbered ? top() > 0 : askTextAbove();
+}
+
+bool TextStretch::textBelow() {
+    return isFull() && !mAtEnd && askTextBelow();
+}
+
+bool TextStretch::askTextAbove() {
+    const std::optional<uint32_t> character = topLeft();
+    if (character != 0U) {
+        return character.has_value();
+    }
+    mNumbered = true;
+    if (top() != 0) {
+        renumber(saturatedDifference(0, top()));
+    }
+    return false;
+}
+
+bool TextStretch::askTextBelow() {
+    const std::optional<uint32_t> end = bottomRight();
+    mAtEnd = end >= mCharacterCount;
+    return end < mCharacterCount && end.has_value();
+}
+
+uint32_t TextStretch::topCharacter() {
+    if (mNumbered && top() == 0) {
+        return 0;
+    }
+    if (!mTopCharacterKnown) {
+        topLeft();
+    }
+    return mTopCharacter;
+}
+
+std::optional<uint32_t> TextStretch::topLeft() {
+    uint32_t character = 0;
+    if (mModule.wtg_get_top_left_character(mDoc, 0, &character) != 0) {
+        return std::nullopt;
+    }
+    mTopCharacter = character;
+    mTopCharacterKnown = true;
+    return character;
+}
+
+std::optional<uint32_t> TextStretch::bottomRight() {
+    uint32_t character = 0;
+    if (mModule.wtg_get_bottom_right_character(mDoc, 0, &character) != 0) {
+        return std::nullopt;
+    }
+    return character;
+}
+
+// Never more than the surface has. A module that cannot tell has not repainted either.
+int TextStretch::askUsedRows() {
+    int32_t rows = used();
+    mModule.wtg_get_vertical_last_used_pixel(mDoc, 0, &rows);
+    return std::clamp(rows, 0, mSize.height);
+}
+
+void TextStretch::setPlace(int top, int usedRows) {
+    mSurface->Set(0, top, mSize.width, saturatedSum(top, usedRows));
+}
+
+void TextStretch::noteMove() {
+    ++mGeneration;
+    mAtEnd = false;
+    mTopCharacterKnown = false;
+}
+
+void TextStretch::renumber(int rows) {
+    setPlace(saturatedSum(top(), rows), used());
+    mOnRenumber(rows);
+}

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: Apache-2.0
+// Making, opening and remembering a view.
+#include "word/Word.h"
+
+#include <cstdio>
+
+#include "modules/Singleton.h"
+#include "view/TextHelpers.h"
+
+namespace {
+
+// Positions of a state record beyond this make no sense.
+constexpr int lastRow = 1 << 30;
+
+} // namespace
+
+Word::Word(int width, int height, int docId, unsigned int dataStoreId)
+    : OfficeBase(width, height, docId, dataStoreId, _WORD), mStretch([this](int rows) { renumber(rows); }),
+      mPopup(width - 2 * popupLeft, popupHeight) {
+    mScale = 1.0;
+    mScaleLevel = 1;
+    mModuleHandle = mModule.SetFunctionPointers();
+    attachStateRecord("/usr");
+}
+
+Word::~Word() {
+    if (mDocument != nullptr) {
+        mModule.wtg_close_file(&mDocument);
+    }
+}
+
+int Word::openFile(const char* path, const char* password) {
+    const Utf16Text path16(path);
+    const Utf16Text password16(password);
+    const Utf16Text fonts("/usr/share/fonts");
+    const Utf16Text temporary("/tmp");
+    const int code =
+        mModule.wtg_open_file(path16.get(), password16.get(), fonts.get(), temporary.get(), &mDocument);
+    std::printf("openFile (Word) returnCode = '%x'\n", static_cast<unsigned int>(code));
+    return code != 0 ? code : initializeWord();
+}
+
+int Word::initializeWord() {
+    uint32_t scratch = 0;
+    uint32_t characters = 0;
+    mModule.wtg_get_character_count(mDocument, 0, &scratch, &characters);
+    mStretch.open(mDocument, characters);
+    resizeDocument();
+    if (mRestored && mDocPixmap != nullptr) {
+        returnToSavedPlace();
+    }
+    return 0;
+}
+
+void Word::returnToSavedPlace() {
+    const auto [character, row] = mSavedPlace;
+    if (character != 0 || row != 0) {
+        const bool sensible =
+            character > 0 && character < mStretch.characterCount() && between(0, row, lastRow);
+        if (sensible && mStretch.jump(0, character)) {
+            mStretch.place(row);
+        } else {
+            mScroll.y = 0;
+        }
+    }
+    settle();
+}
+
+void Word::SaveStateToDataStore() {
+    OfficeBase::SaveStateToDataStore();
+    if (mDataStore == nullptr) {
+        return;
+    }
+    if (mPopupShown) {
+        mDataStore->scrollY = mPageRow;
+    }
+    // A view that never got its document leaves the place for the next attempt.
+    if (mDocPixmap != nullptr) {
+        mSavedPlace = {mStretch.topCharacter(), mStretch.top()};
+    }
+    mDataStore->extra[0] = static_cast<int32_t>(mSavedPlace.character);
+    mDataStore->extra[1] = mSavedPlace.row;
+}
+
+void Word::RestoreStateFromDataStore() {
+    OfficeBase::RestoreStateFromDataStore();
+    if (mDataStore != nullptr) {
+        mSavedPlace = {static_cast<uint32_t>(mDataStore->extra[0]), mDataStore->extra[1]};
+        mRestored = true;
+    }
+}

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: Apache-2.0
+// Taps: links, and references to secondary documents.
+#include "raster/Saturate.h"
+#include "word/Word.h"
+
+namespace {
+
+enum ClickType : int32_t {
+    footnote = 2,
+    endnote = 3,
+    comment = 4,
+    otherSecondary = 5,
+    hyperlink = 6,
+    internalLink = 7,
+};
+
+} // namespace
+
+bool Word::handleClick(int x, int y) {
+    if (mGestureActive) {
+        return true;
+    }
+    mClicked = true;
+    if (closePopup()) {
+        settle();
+        InvalidateScreen();
+        return true;
+    }
+    const wtg_click_info* info = nullptr;
+    if (mDocPixmap != nullptr) {
+        const int column = saturatedSum(saturatedDifference(mScroll.x, mDocPixmap->Left()), x);
+        const int row = saturatedSum(saturatedDifference(mScroll.y, mDocPixmap->Top()), y);
+        mModule.wtg_get_click_info(mDocument, column, row, &info);
+    }
+    switch (info != nullptr ? info->type : 0) {
+    case hyperlink:
+        SendDocMessage(_HYPERLINK);
+        return true;
+    case internalLink:
+        if (jumpToCharacter(static_cast<int32_t>(info->a), static_cast<uint32_t>(info->b))) {
+            mScroll.x = 0;
+        }
+        return true;
+    case footnote:
+    case endnote:
+    case comment:
+    case otherSecondary:
+        return showPopup(*info);
+    default:
+        return OfficeBase::handleClick(x, y);
+    }
+}

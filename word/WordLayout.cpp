@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: Apache-2.0
+// The layout's size, and the three ways to change it: wide mode, double tap
+// and pinch.
+#include <algorithm>
+
+#include "raster/Saturate.h"
+#include "word/Word.h"
+
+namespace {
+
+constexpr double dotsPerInch = 72.0; // at a zoom of 1
+constexpr int zoomLevels = 3;
+constexpr long long maxSurfacePixels = 64LL * 1024 * 1024 / 4;
+// A pinch's first frame is not held to the zoom limits; these are what the
+// arithmetic and the module can bear.
+constexpr double smallestScale = 1.0 / 16;
+constexpr double largestScale = 64.0;
+
+long long prvPixels(const TextStretch::Size& size) {
+    return static_cast<long long>(size.width) * size.height;
+}
+
+// Where an axis must be for a point of the view to come to its middle. A point
+// beside the view counts as one on its edge: the stretch follows the tap by the
+// row, and could be sent anywhere.
+int prvCentred(int scroll, int point, double ratio, int viewLength) {
+    const int half = viewLength / 2;
+    return saturateToInt((static_cast<double>(scroll) + std::clamp(point, 0, viewLength)) * ratio - half);
+}
+
+} // namespace
+
+double Word::layoutWidth(double scale) const {
+    const double factor = mWideMode ? scale + scale : 1.0;
+    return std::max(1.0, factor * mWidth);
+}
+
+// The zoom, or the largest below it whose surface may be made. Zooms below the
+// smallest are not taken for that.
+double Word::fittingScale(double scale) const {
+    const double wanted = std::clamp(scale, smallestScale, largestScale);
+    const TextStretch::Size size = TextStretch::sizeFor(layoutWidth(wanted), mHeight);
+    if (!mWideMode || prvPixels(size) <= maxSurfacePixels) {
+        return wanted;
+    }
+    const long long widest = maxSurfacePixels / size.height / 2 * 2;
+    return std::clamp(static_cast<double>(widest) / (2.0 * mWidth), std::min(mMinScale, wanted), wanted);
+}
+
+void Word::resizeDocument() {
+    mScale = fittingScale(mScale);
+    if (!mWideMode) {
+        mScroll.x = 0;
+    }
+    if (mDocument == nullptr) {
+        return;
+    }
+    mStretch.layOut(TextStretch::sizeFor(layoutWidth(mScale), mHeight), saturateToInt(mScale * dotsPerInch));
+    mDocPixmap = mStretch.surface();
+}
+
+void Word::setWideMode(bool on) {
+    closePopup();
+    mWideMode = on;
+    resizeDocument();
+    // Rows and columns are others now: no drag or glide goes on from the old ones.
+    mScroller.Stop();
+    mScroll.set(0, 0);
+    mPenDownScroll.set(0, 0);
+}
+
+// A reflow moves text by more than the ratio, so this keeps the neighbourhood;
+// what it keeps exactly is the character at the stretch's top.
+void Word::relayoutKeepingPlace(double ratio) {
+    const int oldTop = mDocPixmap != nullptr ? mStretch.top() : 0;
+    recenterDocument();
+    resizeDocument();
+    mOffscreenDirty = true;
+    setDirty();
+    if (mDocPixmap != nullptr) {
+        mStretch.place(saturateToInt(oldTop * ratio));
+    }
+}
+
+bool Word::handleDoubleClick(int x, int y) {
+    if (mGestureActive) {
+        return true;
+    }
+    mClicked = true;
+    MutexLock guard;
+    if (guard.lock(&mMutex) != 0) {
+        return true;
+    }
+    closePopup();
+    const double oldScale = mScale;
+    mScaleLevel = (mScaleLevel + 1) % zoomLevels;
+    mScale = fittingScale(mBaseScale + mScaleLevel * mBaseScale);
+    const double ratio = mScale / oldScale;
+    relayoutKeepingPlace(ratio);
+    if (mWideMode) {
+        mScroll.x = prvCentred(mScroll.x, x, ratio, mWidth);
+    }
+    mScroll.y = prvCentred(mScroll.y, y, ratio, mHeight);
+    if (mDocPixmap != nullptr) {
+        coverTappedPosition();
+    }
+    ReinitSearchRects();
+    return true;
+}
+
+// Not clamped: the view may stand above row 0 to have the tapped point in its middle.
+void Word::coverTappedPosition() {
+    const int amount = std::max(mStretch.size().step, mHeight);
+    if (saturatedSum(mScroll.y, mHeight) > mStretch.bottom()) {
+        if (mStretch.askTextBelow()) {
+            mStretch.advance(saturateToInt(static_cast<long long>(mScroll.y) + amount - mStretch.bottom()));
+        } else {
+            mScroll.y = saturatedDifference(mStretch.bottom(), mHeight);
+        }
+    }
+    if (mScroll.y < mStretch.top() && mStretch.askTextAbove()) {
+        mStretch.moveUp(amount);
+    }
+}
+
+bool Word::handleGestureEnd(double /*scale*/, double /*unused*/) {
+    {
+        MutexLock guard;
+        if (guard.lock(&mMutex) != 0) {
+            return true;
+        }
+        mGestureActive = false;
+        mPenDown = false;
+        const bool closed = closePopup();
+        mDrawMode = _NORMAL;
+        const double oldScale = mScale;
+        const bool zoomed = takeGestureScale();
+        if (!zoomed && !closed) {
+            return true;
+        }
+        if (zoomed) {
+            const double wanted = mScale;
+            mScale = fittingScale(wanted);
+            mScroll.set(0, mScale == wanted ? mGestureScroll.y
+                                            : saturateToInt(mGestureScroll.y * (mScale / wanted)));
+            relayoutKeepingPlace(mScale / oldScale);
+            ReinitSearchRects();
+        }
+        settle();
+    }
+    InvalidateScreen();
+    return true;
+}

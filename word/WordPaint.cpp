@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: Apache-2.0
+// What this view paints differently from others: white paper, and the preview
+// of a pinch.
+#include <cstdio>
+
+#include "raster/Saturate.h"
+#include "word/Word.h"
+
+namespace {
+constexpr unsigned int white = 0xFFFFFFFF;
+
+// A rectangle of width * height around the middle of a view, scaled.
+CpRect prvCentred(int width, int height, double scale) {
+    const double halfWidth = 0.5 * width * scale;
+    const double halfHeight = 0.5 * height * scale;
+    const int middleX = width / 2;
+    const int middleY = height / 2;
+    return {saturateToInt(middleX - halfWidth), saturateToInt(middleY - halfHeight),
+            saturateToInt(middleX + halfWidth), saturateToInt(middleY + halfHeight)};
+}
+} // namespace
+
+void Word::eraseBuffer(unsigned int* frameBuffer, unsigned int count) const {
+    std::puts("Erasing buffer!...");
+    fillPixels(frameBuffer, count, white);
+}
+
+// Scales the last frame: the module renders nothing until the pinch ends.
+void Word::handlePaintGesture(unsigned int* frameBuffer) {
+    const double scale = mGestureRequestScale;
+    const CpRect view(0, 0, mWidth, mHeight);
+    const double x = mScroll.x;
+    const double y = mPopupShown ? mPageRow : mScroll.y;
+    if (scale > 1.0) {
+        const CpRect source = prvCentred(mWidth, mHeight, 1.0 / scale);
+        mLastFrame.ScaleCopyToFit(source, frameBuffer, view, mWidth, mHeight);
+        mGestureScroll.set(saturateToInt((x + source.Left()) * scale),
+                           saturateToInt((y + source.Top()) * scale));
+    } else {
+        const CpRect target = prvCentred(mWidth, mHeight, scale);
+        eraseBuffer(frameBuffer, framePixels());
+        mLastFrame.ScaleCopyToFit(view, frameBuffer, target, mWidth, mHeight);
+        mGestureScroll.set(saturateToInt(x * scale - target.Left()), saturateToInt(y * scale - target.Top()));
+    }
+    mGestureAppliedScale = scale;
+}

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: Apache-2.0
+// The pop-up: a secondary document, such as a footnote, over the darkened page.
+// While it is shown mScroll.y scrolls it and not the page, whose own row is
+// mPageRow, and the stretch stays where it is.
+#include <algorithm>
+
+#include "raster/Saturate.h"
+#include "word/Word.h"
+
+namespace {
+
+constexpr uint32_t white = 0xFFFFFFFF;
+constexpr unsigned int shade = 0x77333333;
+constexpr int popupTop = 40; // rows of the frame above and below the pop-up
+// The module leaves the first rows of the pixmap empty; they are never shown.
+constexpr int popupHeadroom = 50;
+constexpr int popupOverlap = 30; // how far the last offset shows past what the view would
+
+} // namespace
+
+// The module paints into one buffer at a time: it is lent the pop-up's.
+bool Word::showPopup(const wtg_click_info& reference) {
+    if (mPopup.Pixels() == nullptr) {
+        return false; // the view is too narrow for one
+    }
+    std::fill_n(mPopup.Pixels(), mPopup.Area(), white);
+    mModule.wtg_set_offscreen_buffer(mDocument, 0, mPopup.Pixels(), mPopup.Width(), mPopup.Height());
+    mModule.wtg_open_secondary_document(mDocument, reference.a, reference.b, reference.c,
+                                        mPopup.Height() - popupHeadroom);
+    mStretch.useSurface();
+    mModule.wtg_close_secondary_document(mDocument);
+    mScroller.Stop();
+    mPopupShown = true;
+    mPageRow = mScroll.y;
+    if (mDataStore != nullptr) {
+        mDataStore->scrollY = mPageRow;
+    }
+    mDrawMode = _WIDE;
+    return true;
+}
+
+// True when one was shown. Its scrolling ends with it.
+bool Word::closePopup() {
+    if (!mPopupShown) {
+        return false;
+    }
+    mPopupShown = false;
+    mScroller.Stop();
+    mScroll.y = mPageRow;
+    mDrawMode = _NORMAL;
+    return true;
+}
+
+// How far the view can be scrolled in the pop-up.
+int Word::popupRange() const {
+    return std::max(0, mPopup.Height() - mHeight + popupOverlap - popupHeadroom);
+}
+
+void Word::clampToPopup() {
+    mScroll.y = std::clamp(mScroll.y, mPageRow, saturatedSum(mPageRow, popupRange()));
+}
+
+void Word::handlePaintWide(unsigned int* frameBuffer) {
+    MutexLock guard;
+    if (guard.lock(&mMutex) != 0) {
+        return;
+    }
+    const int pageTop = saturatedDifference(mPageRow, mDocPixmap->Top());
+    eraseBuffer(frameBuffer, framePixels());
+    mDocPixmap->CopyBits(CpRect(0, pageTop, mWidth, saturatedSum(pageTop, mHeight)), frameBuffer);
+
+    long long offset = static_cast<long long>(mScroll.y) + popupHeadroom - mPageRow;
+    if (offset < popupHeadroom) {
+        offset = popupHeadroom;
+        mScroll.y = mPageRow;
+    }
+    // Past the end; from there scrolling goes on at a row of its own.
+    if (mHeight + offset - popupOverlap > mPopup.Height()) {
+        offset = std::max(popupHeadroom, mPopup.Height() - mHeight + popupOverlap);
+        mScroll.y = saturatedSum(mPageRow, mHeight - popupOverlap);
+        clampToPopup();
+    }
+    tick();
+
+    CpPixmap frame(frameBuffer, mWidth, mHeight);
+    CpRect everything(0, 0, mWidth, mHeight);
+    frame.DrawAlphaRectOnPix(everything, shade);
+    CpRect border(popupLeft - 1, popupTop - 1, mWidth - 10, mHeight - 30);
+    frame.DrawAlphaRectOnPix(border, shade);
+    const int top = static_cast<int>(offset);
+    mPopup.CopyBitsTo(CpRect(0, top, mPopup.Width(), mHeight + top - 2 * popupTop), frameBuffer,
+                      CpRect(popupLeft, popupTop, mWidth - popupLeft, mHeight - popupTop), mWidth);
+}

@@ -1,0 +1,225 @@
+// SPDX-License-Identifier: Apache-2.0
+// Search: all hits of the text are known as results, those inside the stretch
+// also as regions with rectangles. The current hit is remembered by its
+// character; mCurrentResult is its index among the regions while it is in the
+// stretch, and no more than "there is one" otherwise.
+#include <algorithm>
+
+#include "raster/Saturate.h"
+#include "view/JsonReply.h"
+#include "view/TextHelpers.h"
+#include "word/Word.h"
+
+namespace {
+
+constexpr uint8_t highlight[3] = {128, 192, 255};
+constexpr uint32_t currentHitColour = 0x40FFFF00;
+
+} // namespace
+
+std::string Word::doSearch(const char* text) {
+    if (mDocPixmap == nullptr) {
+        return formatSimpleJsonObject("resultcount", 0);
+    }
+    closePopup();
+    const Utf16Text text16(text);
+    uint32_t from = 0;
+    uint32_t to = mStretch.characterCount();
+    mModule.wtg_set_highlight_color(mDocument, highlight);
+    const int32_t failed = mModule.wtg_find(mDocument, text16.get(), 0, &from, &to, &mResults, &mResultCount);
+    const int reported = mResultCount;
+    if (failed != 0 || mResults == nullptr) {
+        mResultCount = 0;
+    }
+    if (failed == 0 && fetchRegions() && mResultCount > 0) {
+        goToFirstHit();
+    }
+    return formatSimpleJsonObject("resultcount", reported);
+}
+
+void Word::goToFirstHit() {
+    if (mRegionCount > 0) {
+        const int y = saturatedDifference(mScroll.y, mStretch.top());
+        selectRegion(find_first_region_greater_than_eq(y, mRegions, mRegionCount));
+        commonCenteringRoutine(false);
+    } else {
+        jumpToHit(find_first_result_greater_than_eq(0, mResults, mResultCount));
+    }
+}
+
+// Finds the current hit again among the regions of the stretch as it is now.
+bool Word::fetchRegions() {
+    const int32_t failed = mModule.wtg_get_found_regions(mDocument, 0, &mRegionCount, &mRegions);
+    if (mRegions == nullptr || mRegionCount < 0) {
+        mRegionCount = 0;
+    }
+    mRegionGeneration = mStretch.generation();
+    for (int i = 0; mCurrentResult >= 0 && i < mRegionCount; ++i) {
+        if (mRegions[i].position == mHitPosition) {
+            mCurrentResult = i;
+            break;
+        }
+    }
+    return failed == 0;
+}
+
+void Word::selectRegion(int index) {
+    mCurrentResult = index;
+    mHitPosition = mRegions[index].position;
+}
+
+// False when the module cannot, and then nothing has changed.
+bool Word::jumpToHit(int result) {
+    const uint32_t position = mResults[result].start;
+    if (!jumpToCharacter(0, position)) {
+        return false;
+    }
+    mHitPosition = position;
+    mCurrentResult = std::max(0, mCurrentResult);
+    fetchRegions();
+    return true;
+}
+
+// Null while the current hit lies outside the stretch, or there is none.
+const wtg_find_region* Word::currentRegion() {
+    if (mCurrentResult < 0 || mResultCount < 1 || mDocPixmap == nullptr) {
+        return nullptr;
+    }
+    if (mRegionGeneration != mStretch.generation()) {
+        fetchRegions();
+    }
+    if (mCurrentResult >= mRegionCount || mRegions[mCurrentResult].position != mHitPosition) {
+        return nullptr;
+    }
+    return &mRegions[mCurrentResult];
+}
+
+// The index of the current hit among the results. The bisection may answer
+// with a neighbour.
+std::optional<int> Word::ownResult() const {
+    int r = find_first_result_greater_than_eq(mHitPosition, mResults, mResultCount);
+    while (r + 1 < mResultCount && mResults[r].start < mHitPosition) {
+        ++r;
+    }
+    while (r > 0 && mResults[r].start > mHitPosition) {
+        --r;
+    }
+    return mResults[r].start == mHitPosition ? std::optional<int>(r) : std::nullopt;
+}
+
+int Word::nextResult() {
+    if (mCurrentResult < 0 || mResultCount < 1) {
+        return 0;
+    }
+    closePopup();
+    if (currentRegion() != nullptr && mCurrentResult + 1 < mRegionCount) {
+        selectRegion(mCurrentResult + 1);
+    } else {
+        const std::optional<int> own = ownResult();
+        if (!own || *own >= mResultCount - 1 || !jumpToHit(*own + 1)) {
+            return 0;
+        }
+    }
+    commonCenteringRoutine(false);
+    return 0;
+}
+
+int Word::previousResult() {
+    if (mCurrentResult < 0 || mResultCount < 1) {
+        return 0;
+    }
+    closePopup();
+    if (currentRegion() != nullptr && mCurrentResult > 0) {
+        selectRegion(mCurrentResult - 1);
+    } else {
+        const std::optional<int> own = ownResult();
+        // The first two count as the beginning.
+        if (!own || *own <= 1 || !jumpToHit(*own - 1)) {
+            return 0;
+        }
+    }
+    const wtg_find_region* region = currentRegion();
+    if (region != nullptr && hitRow(*region) < mScroll.y) {
+        mScroll.y = saturateToInt(static_cast<long long>(hitRow(*region)) + 120 - mHeight);
+    }
+    commonCenteringRoutine(true);
+    return 0;
+}
+
+// The document row of a hit; rectangles are in the surface's.
+int Word::hitRow(const wtg_find_region& region) const {
+    return saturatedSum(mStretch.top(), firstRow(region));
+}
+
+void Word::commonCenteringRoutine(bool keepVertical) {
+    const wtg_find_region* region = currentRegion();
+    if (region == nullptr || region->rectangle_count < 1 || region->rectangles == nullptr) {
+        return;
+    }
+    const int row = hitRow(*region);
+    if (!keepVertical && row > saturateToInt(static_cast<long long>(mHeight) + mScroll.y - 80)) {
+        mScroll.y = saturatedDifference(row, 10);
+    }
+    if (mWideMode) {
+        centreHorizontally(region->rectangles[0].x);
+    }
+    settle();
+}
+
+// Puts a column off-centre, towards the middle of the text.
+void Word::centreHorizontally(int x) {
+    if (between(mScroll.x, x, saturatedSum(mScroll.x, mWidth))) {
+        return;
+    }
+    const long long width = mDocPixmap->Width();
+    const long long far = 3LL * mWidth / 8;
+    const long long near = 2LL * mWidth / 6 - 10;
+    long long target = x;
+    if (x < width / 4) {
+        target += far;
+    } else if (x < width / 3) {
+        target += near;
+    } else if (x > 3 * width / 4) {
+        target -= far;
+    } else if (x > 2 * width / 3) {
+        target -= near;
+    }
+    mScroll.x = saturateToInt(target - mWidth / 2);
+}
+
+int Word::ReinitSearchRects() {
+    if (mResultCount >= 1 && mDocPixmap != nullptr) {
+        fetchRegions();
+        commonCenteringRoutine(false);
+    }
+    return 0;
+}
+
+int Word::stopFind() {
+    if (mDocument != nullptr) {
+        mModule.wtg_stop_find(mDocument);
+    }
+    mCurrentResult = -1;
+    mResultCount = 0;
+    mResults = nullptr;
+    mRegionCount = 0;
+    mRegions = nullptr;
+    return 0;
+}
+
+int Word::drawCurrentResult(CpPixmap* frame) {
+    const wtg_find_region* region = currentRegion();
+    if (region == nullptr || region->rectangles == nullptr) {
+        return 0;
+    }
+    const int left = saturatedDifference(mDocPixmap->Left(), mScroll.x);
+    const int top = saturatedDifference(mDocPixmap->Top(), mScroll.y);
+    for (uint32_t i = 0; i < region->rectangle_count; ++i) {
+        const module_rect& hit = region->rectangles[i];
+        const int x = saturatedSum(left, hit.x);
+        const int y = saturatedSum(top, hit.y);
+        CpRect mark(x, y, saturatedSum(x, hit.width), saturatedSum(y, hit.height));
+        frame->DrawAlphaRectOnPix(mark, currentHitColour);
+    }
+    return 0;
+}
