@@ -15,6 +15,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
+#include <string_view>
 #include <strings.h>
 #include <unistd.h>
 #include <vector>
@@ -128,6 +129,20 @@ Reference<css::frame::XModel> newModel(const Office::Private& office,
     return {};
 }
 
+// The suite reads whatever it cannot make out as plain text. Text under a .doc
+// name is welcome, a broken container is not.
+bool isBrokenContainer(const Reference<css::frame::XModel>& model, const std::string& path) {
+    const css::uno::Sequence<css::beans::PropertyValue> arguments = model->getArgs();
+    const bool readAsText = std::any_of(arguments.begin(), arguments.end(), [](const auto& argument) {
+        OUString filter;
+        return argument.Name == "FilterName" && (argument.Value >>= filter) && filter.startsWith("Text");
+    });
+    constexpr std::string_view compound = "\xD0\xCF\x11\xE0", zip = "PK\x03\x04";
+    std::string head(4, '\0');
+    std::ifstream(path, std::ios::binary).read(head.data(), static_cast<std::streamsize>(head.size()));
+    return readAsText && (head == compound || head == zip);
+}
+
 } // namespace
 
 int32_t loadDocument(Office::Private& office, const std::string& path, const std::string& password,
@@ -146,6 +161,8 @@ int32_t loadDocument(Office::Private& office, const std::string& path, const std
     const Reference<css::text::XTextDocument> text(model, UNO_QUERY);
     if (!text.is())
         return model.is() ? MODULE_WRONG_KIND : MODULE_FAILED;
+    if (isBrokenContainer(model, path))
+        return MODULE_DAMAGED;
     model->lockControllers();
     painter->initializeForRendering("{}");
     opened = {std::move(painter), text};

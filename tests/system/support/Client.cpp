@@ -2,6 +2,7 @@
 #include "tests/system/support/Client.h"
 
 #include <json-c/json.h>
+#include <sched.h>
 #include <sys/ipc.h>
 #include <sys/msg.h>
 #include <sys/shm.h>
@@ -99,6 +100,15 @@ Answer Queue::poll(long type) {
     return receive(type, IPC_NOWAIT);
 }
 
+void Queue::settle(long store) {
+    msqid_ds status{};
+    while (msgctl(mId, IPC_STAT, &status) == 0 && status.msg_qnum > 0) {
+        if (poll(store).id < 0) {
+            sched_yield();
+        }
+    }
+}
+
 TestDocument::TestDocument(BusConnection& bus, Queue& queue, const std::string& path, int width, int height,
                            const Options& options)
     : mBus(bus), mQueue(queue), mWidth(width), mHeight(height) {
@@ -132,6 +142,11 @@ void TestDocument::destroy() {
     mDocid = -1;
 }
 
+void TestDocument::send(long type, int x, int y) {
+    mQueue.post(type, mDocid, x, y);
+    mQueue.settle(mStore);
+}
+
 int TestDocument::paint() {
     mQueue.post(1, mDocid);
     const Answer done = mQueue.read(mDocid + 101);
@@ -146,15 +161,15 @@ void TestDocument::drag(int rows) {
     }
     penUp(mWidth / 2, from - rows);
     paint();
-    while (mQueue.poll(mStore).id >= 0) {
-    }
 }
 
 void TestDocument::pinch(double scale) {
     mQueue.postGesture(7, mDocid, 1.0);
     mQueue.postGesture(8, mDocid, scale);
+    mQueue.settle(mStore);
     paint();
     mQueue.postGesture(9, mDocid, scale);
+    mQueue.settle(mStore);
     paint();
 }
 

@@ -29,6 +29,11 @@ public:
     Answer read(long type);
     // The next waiting record of this type, id -1 when there is none.
     Answer poll(long type);
+    // Waits until the service has taken every client record; records for
+    // `store` are read and forgotten meanwhile. Paints and pen ups overtake pen
+    // moves, so whoever wants an order waits between them.
+    void settle(long store);
+
     int id() const { return mId; }
 
 private:
@@ -63,11 +68,11 @@ public:
 
     // Asks for a paint and waits for it; the answer's value.
     int paint();
-    void penDown(int x, int y) { mQueue.post(4, mDocid, x, y); }
-    void penUp(int x, int y) { mQueue.post(5, mDocid, x, y); }
-    void penMove(int x, int y) { mQueue.post(6, mDocid, x, y); }
+    void penDown(int x, int y) { send(4, x, y); }
+    void penUp(int x, int y) { send(5, x, y); }
+    void penMove(int x, int y) { send(6, x, y); }
     // Makes the next paint request redraw: a key that no view heeds.
-    void touch() { mQueue.post(3, mDocid, 0, 0); }
+    void touch() { send(3, 0, 0); }
     // One contact that moves the document down by `rows` (negative: up), in steps, and a paint.
     void drag(int rows);
     void pinch(double scale);
@@ -81,6 +86,7 @@ public:
     std::string docidPayload() const { return "{\"docid\":" + std::to_string(mDocid) + "}"; }
 
 private:
+    void send(long type, int x, int y);
     int32_t state(int offset) const;
     BusConnection& mBus;
     Queue& mQueue;

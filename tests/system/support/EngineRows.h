@@ -17,7 +17,6 @@ public:
     bool matches(int row, const uint32_t* pixels) const;
 
 private:
-    static uint64_t hash(const uint32_t* pixels, int width);
     int mWidth;
     uint64_t mWhite;
     std::vector<uint64_t> mRows;

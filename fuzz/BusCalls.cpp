@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: Apache-2.0
+// Any text as the payload of any method, with a document open. Input: lines of
+// a method's number in one byte and a payload.
+#include <algorithm>
+
+#include "fuzz/FuzzedService.h"
+
+extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
+    startFuzzedService();
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    const FuzzedDocument document(nullptr, 0);
+    const uint8_t* const end = data + size;
+    while (data < end) {
+        const uint8_t* const lineEnd = std::find(data, end, '\n');
+        if (lineEnd > data) {
+            callMethod(*data, std::string(data + 1, lineEnd));
+        }
+        data = lineEnd + (lineEnd < end ? 1 : 0);
+    }
+    return 0;
+}

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "fuzz/FuzzedService.h"
+
+#include <sched.h>
+#include <sys/ipc.h>
+#include <sys/shm.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <utility>
+#include <vector>
+
+#include "channel/ServiceQueue.h"
+#include "service/MethodTables.h"
+#include "service/Registry.h"
+#include "tests/fakes/hub/FakeHub.h"
+#include "tests/fakes/word/FakeWordModule.h"
+
+namespace {
+
+constexpr int width = 64;
+constexpr int height = 96;
+constexpr int frameBytes = width * height * 4;
+constexpr size_t stateBytes = 28;
+
+std::vector<std::pair<std::string, std::string>>& methods() {
+    static std::vector<std::pair<std::string, std::string>> all;
+    return all;
+}
+
+void addCategory(const char* category, const HubMethod* table) {
+    fakeHub.categories.emplace_back(category, table);
+    for (const HubMethod* method = table; method->name != nullptr; ++method) {
+        methods().emplace_back(category, method->name);
+    }
+}
+
+// The segment's identifier must be one that a client may hand out.
+int makeSegment(size_t size) {
+    int id = shmget(IPC_PRIVATE, size, IPC_CREAT | 0600);
+    while (id >= 0 && id < 4096) {
+        shmctl(id, IPC_RMID, nullptr);
+        id = shmget(IPC_PRIVATE, size, IPC_CREAT | 0600);
+    }
+    return id;
+}
+
+} // namespace
+
+void startFuzzedService() {
+    if (unshare(CLONE_NEWIPC | (geteuid() == 0 ? 0 : CLONE_NEWUSER)) != 0 ||
+        std::freopen("/dev/null", "w", stdout) == nullptr) {
+        std::perror("fuzz");
+        std::exit(1);
+    }
+    pthread_mutex_init(&gDocumentsMutex, nullptr);
+    g_msgQueue.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId);
+    addCategory("/common", commonMethods);
+    addCategory("/events", eventMethods);
+    addCategory("/word", wordMethods);
+    addCategory("/excel", excelMethods);
+    addCategory("/ppt", pptMethods);
+}
+
+FuzzedDocument::FuzzedDocument(const uint8_t* state, size_t stateSize)
+    : mFrame(makeSegment(frameBytes)), mState(stateSize < stateBytes ? 0 : makeSegment(stateBytes)) {
+    fakeWord().reset();
+    fakeWord().recording = false;
+    if (mState != 0) {
+        void* record = shmat(mState, nullptr, 0);
+        std::memcpy(record, state, stateBytes);
+        shmdt(record);
+    }
+    char payload[256];
+    std::snprintf(
+        payload, sizeof payload,
+        R"({"filename":"rows-2000.docx","width":%d,"height":%d,"shmid":"%d","size":%d,"datastoreshmid":"%d"})",
+        width, height, mFrame, frameBytes, mState);
+    fakeHub.call("/events", "create", payload);
+}
+
+FuzzedDocument::~FuzzedDocument() {
+    for (size_t docid = gDocuments.size(); docid-- > 0;) {
+        doDestroy(static_cast<int>(docid));
+    }
+    shmctl(mFrame, IPC_RMID, nullptr);
+    if (mState != 0) {
+        shmctl(mState, IPC_RMID, nullptr);
+    }
+    g_msgQueue.Drain();
+}
+
+void callMethod(size_t number, const std::string& payload) {
+    const auto& [category, method] = methods()[number % methods().size()];
+    fakeHub.call(category, method, payload.c_str());
+}

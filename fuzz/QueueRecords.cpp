@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: Apache-2.0
+// Any records on the queue, for a document restored from any state record.
+// Input: 28 bytes of state, then records of one byte of type and 20 of text;
+// the high bit of the type's byte makes a paint follow.
+#include <cstring>
+
+#include "channel/DocAdapterCommon.h"
+#include "fuzz/FuzzedService.h"
+#include "service/RenderWorker.h"
+
+extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
+    startFuzzedService();
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    constexpr size_t stateBytes = 28;
+    constexpr size_t recordBytes = 1 + ClientServerMessage::textSize;
+    const FuzzedDocument document(data, size);
+    for (size_t at = stateBytes; at + recordBytes <= size; at += recordBytes) {
+        ClientServerMessage message(data[at] & 0x7F, 0);
+        std::memcpy(&message.docid, data + at + 1, ClientServerMessage::textSize);
+        if ((data[at + 1] & 1) == 0) {
+            message.docid = 0; // most records are for the document that is there
+        }
+        serveMessage(message);
+        if ((data[at] & 0x80) != 0) {
+            serveMessage(ClientServerMessage(_PAINT, 0));
+        }
+    }
+    return 0;
+}
