@@ -42,24 +42,36 @@ void TilePainter::paintPage(const RowMap& map, const RowMap::Page& page, int64_t
     const int64_t step = map.dpi() / std::gcd(int64_t{map.dpi()}, twipsPerInch);
     const int64_t tileWidth = roundUp(width, step);
     const int64_t tileHeight = roundUp(bandRows, step);
+    for (int64_t firstRow = from / tileHeight * tileHeight; firstRow < to; firstRow += tileHeight) {
+        const Band& band = bandAt(map, page, firstRow, tileWidth, tileHeight, step);
+        const int64_t first = std::max(from, firstRow);
+        const int64_t last = std::min(to, firstRow + tileHeight);
+        for (int64_t row = first; row < last; ++row)
+            std::copy_n(band.pixels.data() + (row - firstRow) * tileWidth, width,
+                        target + (row - from) * width);
+    }
+}
+
+const TilePainter::Band& TilePainter::bandAt(const RowMap& map, const RowMap::Page& page, int64_t firstRow,
+                                             int64_t width, int64_t height, int64_t step) {
+    Band& latest = mBands.front();
+    if (latest.isFor(page.top, firstRow, width, map.dpi()))
+        return latest;
+    std::swap(latest, mBands.back());
+    if (latest.isFor(page.top, firstRow, width, map.dpi()))
+        return latest;
     const auto twips = [&](int64_t pixels) {
         return static_cast<int>(pixels / step * (twipsPerInch * step / map.dpi()));
     };
-
-    for (int64_t band = from / tileHeight * tileHeight; band < to; band += tileHeight) {
-        const int64_t first = std::max(from, band);
-        const int64_t last = std::min(to, band + tileHeight);
-        uint32_t* const rows = target + (first - from) * width;
-        const bool direct = tileWidth == width && last - first == tileHeight;
-        if (!direct)
-            mTile.resize(static_cast<size_t>(tileWidth * tileHeight));
-        uint32_t* const tile = direct ? rows : mTile.data();
-        mPainter.paintTile(reinterpret_cast<unsigned char*>(tile), static_cast<int>(tileWidth),
-                           static_cast<int>(tileHeight), static_cast<int>(page.left),
-                           static_cast<int>(page.top) + twips(band), twips(tileWidth), twips(tileHeight));
-        for (int64_t row = first; row < last && !direct; ++row)
-            std::copy_n(tile + (row - band) * tileWidth, width, rows + (row - first) * width);
-    }
+    latest.pixels.resize(static_cast<size_t>(width * height));
+    mPainter.paintTile(reinterpret_cast<unsigned char*>(latest.pixels.data()), static_cast<int>(width),
+                       static_cast<int>(height), static_cast<int>(page.left),
+                       static_cast<int>(page.top) + twips(firstRow), twips(width), twips(height));
+    latest.pageTop = page.top;
+    latest.firstRow = firstRow;
+    latest.width = width;
+    latest.dpi = map.dpi();
+    return latest;
 }
 
 } // namespace lectern::engine

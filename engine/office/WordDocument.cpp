@@ -97,6 +97,7 @@ void WordDocument::Private::layOut() {
     const int64_t width = (int64_t{surface.width} * 1440 + dpi - 1) / dpi;
     flow.layOut(static_cast<int32_t>(std::clamp(width, leastWidth, mostWidth)));
     map = RowMap(flow.pages(), dpi);
+    painter.forget();
     laidOut = {surface.width, surface.height, dpi};
     top = kept > 0 ? positions.lineRow(map, kept) : 0;
 }
