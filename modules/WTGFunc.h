@@ -48,6 +48,7 @@
 // until SetFunctionPointers has run, and stale once the last view of this kind
 // is gone. Filled under the registry's mutex, read without further locking.
 struct WTGFunc {
+// NOLINTNEXTLINE(bugprone-macro-parentheses): a member's name takes none
 #define LECTERN_MEMBER(name) decltype(&::name) name = nullptr;
     WTG_FUNCTIONS(LECTERN_MEMBER)
 #undef LECTERN_MEMBER
