@@ -13,7 +13,7 @@
 extern "C" LECTERN_MODULE_EXPORT FakeWordControl* fake_word_control();
 
 FakeWordControl* fake_word_control() {
-    static auto& control = *new FakeWordControl();
+    static FakeWordControl control; // goes with the module when it is unloaded
     return &control;
 }
 
