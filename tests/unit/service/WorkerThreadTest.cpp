@@ -147,9 +147,9 @@ TEST_F(WorkerThreadTest, APaintWaitsForTheRegistryAndOvertakesInput) {
             EXPECT_THAT(takeMessages(101), SizeIs(1));
         }
     };
+    CaptureStderr();
     pthread_mutex_unlock(&gDocumentsMutex);
     post(_WIDE_MODE, 0); // of a kind that has none: says so, after everything else
-    CaptureStderr();
     while (waiting() > 0) {
         sched_yield();
     }
