@@ -127,8 +127,6 @@ protected:
     // Where an axis of mScroll must be, after the scale changed by ratio, for a
     // point (view pixels) to come to the middle of the view.
     static int centredPosition(int scroll, int point, float ratio, int viewLength);
-    // Sets pixels to a colour, for what eraseBuffer() does.
-    static void fillPixels(unsigned int* pixels, unsigned int count, unsigned int colour);
     // Pixels of a frame; 0 for a view without area.
     unsigned int framePixels() const;
 

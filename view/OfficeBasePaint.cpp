@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 // How the surface gets into the client's frame buffer.
-#include <algorithm>
-#include <array>
 #include <cstring>
 
 #include "raster/Saturate.h"
@@ -25,19 +23,7 @@ unsigned int OfficeBase::framePixels() const {
 }
 
 void OfficeBase::eraseBuffer(unsigned int* frameBuffer, unsigned int count) const {
-    fillPixels(frameBuffer, count, 0xFF000000U);
-}
-
-void OfficeBase::fillPixels(unsigned int* pixels, unsigned int count, unsigned int colour) {
-    // In blocks: the library's memcpy is several times as fast as a loop.
-    std::array<unsigned int, 1024> block;
-    block.fill(colour);
-    while (count > 0) {
-        const auto part = std::min<unsigned int>(count, block.size());
-        std::memcpy(pixels, block.data(), part * sizeof colour);
-        pixels += part;
-        count -= part;
-    }
+    FillPixels(frameBuffer, count, 0xFF000000U);
 }
 
 void OfficeBase::handlePaintRouter(unsigned int* frameBuffer) {

@@ -22,7 +22,7 @@ CpRect prvCentred(int width, int height, double scale) {
 
 void Word::eraseBuffer(unsigned int* frameBuffer, unsigned int count) const {
     std::puts("Erasing buffer!...");
-    fillPixels(frameBuffer, count, white);
+    FillPixels(frameBuffer, count, white);
 }
 
 // Scales the last frame: the module renders nothing until the pinch ends.
