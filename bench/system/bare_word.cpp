@@ -89,8 +89,7 @@ int measure(char** argv, const std::string& profile) {
     if (!office)
         return 1;
     const double started = milliseconds();
-    std::unique_ptr<lok::Document> document(
-        office->documentLoad(("file://" + copy).c_str(), "Batch=true"));
+    std::unique_ptr<lok::Document> document(office->documentLoad(("file://" + copy).c_str(), "Batch=true"));
     if (!document)
         return 1;
     document->initializeForRendering("{}");

@@ -13,7 +13,12 @@ namespace lectern::engine {
 namespace {
 
 constexpr rlim_t kMegabyte = rlim_t{1} << 20;
+#ifdef __SANITIZE_ADDRESS__
+// Freed blocks wait in quarantine, and all memory has its shadow.
+constexpr rlim_t kMemory = 8192 * kMegabyte;
+#else
 constexpr rlim_t kMemory = 1024 * kMegabyte;
+#endif
 constexpr rlim_t kFileSize = 512 * kMegabyte;
 // Of 1000; an ordinary program has 0.
 constexpr int kOomScore = 500;
