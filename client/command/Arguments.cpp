@@ -66,7 +66,7 @@ public:
     }
 
     size_t operandCount() const { return mOperands.words == nullptr ? 0 : g_strv_length(mOperands.words); }
-    std::string operand() const { return mOperands.words[0]; }
+    std::string operand(size_t index = 0) const { return mOperands.words[index]; }
 
 private:
     char** copyOf(const Words& words) const {
@@ -91,25 +91,72 @@ Parsed<Arguments> asParsed(std::variant<Help, Misuse> outcome) {
 
 constexpr char passwordHelp[] = "Password of a protected document";
 
+// Texts of options that are no plain words, read into the arguments.
+struct OpenValues {
+    Text size;
+    Text zoom;
+    Text scroll;
+    Text hit;
+
+    std::optional<Misuse> read(OpenArguments& arguments) const {
+        if (size.given()) {
+            const auto sides = parseSize(size.value);
+            if (!sides) {
+                return wrong(size, "is no size; give one like 480x800, sides 1 to 16384");
+            }
+            std::tie(arguments.width, arguments.height) = *sides;
+        }
+        if (zoom.given()) {
+            const auto factor = parseFactor(zoom.value);
+            if (!factor) {
+                return wrong(zoom, "is no zoom; give a number above 0, like 1.5");
+            }
+            arguments.zoom = *factor;
+        }
+        if (scroll.given()) {
+            const auto position = parsePosition(scroll.value);
+            if (!position) {
+                return wrong(scroll, "is no place; give one like 0,1200");
+            }
+            arguments.scroll = {position->first, position->second};
+        }
+        if (hit.given()) {
+            const auto number = parseCount(hit.value);
+            if (!number) {
+                return wrong(hit, "is no hit; give a number from 1");
+            }
+            arguments.hit = *number;
+        }
+        return std::nullopt;
+    }
+
+private:
+    static Misuse wrong(const Text& text, const char* why) {
+        return {std::string("'") + text.value + "' " + why};
+    }
+};
+
 } // namespace
 
 Parsed<OpenArguments> parseOpen(const Words& words) {
     Text output;
-    Text size;
     Text password;
-    Text zoom;
-    Text scroll;
+    Text search;
+    OpenValues values;
     gboolean wide = FALSE;
     Line line("open", "FILE -o OUT.png",
               "Writes a document's view into a PNG file, as it would stand on the screen.");
     if (auto outcome = line.parse(
             words,
             {textEntry("output", 'o', output, "The picture to write; an old one is replaced", "OUT.png"),
-             textEntry("size", 's', size, "Size of the view in pixels (default 480x800)", "WxH"),
+             textEntry("size", 's', values.size, "Size of the view in pixels (default 480x800)", "WxH"),
              textEntry("password", 'p', password, passwordHelp, "P"),
-             textEntry("zoom", 'z', zoom, "Zoom by this factor, as two fingers would", "F"),
-             textEntry("scroll", 0, scroll, "Move the view there, in document pixels (default 0,0)", "X,Y"),
-             flagEntry("wide", 'w', wide, "Lay text out wider than the view (word-processing only)")})) {
+             textEntry("zoom", 'z', values.zoom, "Zoom by this factor, as two fingers would", "F"),
+             textEntry("scroll", 0, values.scroll, "Move the view there, in document pixels (default 0,0)",
+                       "X,Y"),
+             flagEntry("wide", 'w', wide, "Lay text out wider than the view (word-processing only)"),
+             textEntry("search", 0, search, "Mark what is found and move to the first hit there", "TEXT"),
+             textEntry("hit", 0, values.hit, "With --search: go on to this hit, from 1", "N")})) {
         return asParsed<OpenArguments>(std::move(*outcome));
     }
     if (line.operandCount() != 1) {
@@ -123,27 +170,12 @@ Parsed<OpenArguments> parseOpen(const Words& words) {
     arguments.output = output.value;
     arguments.password = password.optional();
     arguments.wide = wide != FALSE;
-    if (size.given()) {
-        const auto sides = parseSize(size.value);
-        if (!sides) {
-            return Misuse{std::string("'") + size.value +
-                          "' is no size; give one like 480x800, sides 1 to 16384"};
-        }
-        std::tie(arguments.width, arguments.height) = *sides;
+    arguments.search = search.optional();
+    if (values.hit.given() && !search.given()) {
+        return Misuse{"--hit needs a --search"};
     }
-    if (zoom.given()) {
-        const auto factor = parseFactor(zoom.value);
-        if (!factor) {
-            return Misuse{std::string("'") + zoom.value + "' is no zoom; give a number above 0, like 1.5"};
-        }
-        arguments.zoom = *factor;
-    }
-    if (scroll.given()) {
-        const auto position = parsePosition(scroll.value);
-        if (!position) {
-            return Misuse{std::string("'") + scroll.value + "' is no place; give one like 0,1200"};
-        }
-        arguments.scroll = {position->first, position->second};
+    if (auto misuse = values.read(arguments)) {
+        return *misuse;
     }
     return arguments;
 }
@@ -158,6 +190,20 @@ Parsed<InfoArguments> parseInfo(const Words& words) {
         return Misuse{line.operandCount() == 0 ? "no FILE is given" : "more than one FILE is given"};
     }
     return InfoArguments{line.operand(), password.optional()};
+}
+
+Parsed<SearchArguments> parseSearch(const Words& words) {
+    Text password;
+    Line line("search", "FILE TEXT",
+              "Prints how often a text occurs in a document, as the service's JSON text.");
+    if (auto outcome = line.parse(words, {textEntry("password", 'p', password, passwordHelp, "P")})) {
+        return asParsed<SearchArguments>(std::move(*outcome));
+    }
+    if (line.operandCount() != 2) {
+        return Misuse{line.operandCount() < 2 ? "a FILE and a TEXT to look for are needed"
+                                              : "more than one TEXT is given; quote it"};
+    }
+    return SearchArguments{line.operand(0), line.operand(1), password.optional()};
 }
 
 Parsed<ServeArguments> parseServe(const Words& words) {

@@ -20,10 +20,18 @@ struct OpenArguments {
     double zoom = 1.0;
     Point scroll;
     bool wide = false;
+    std::optional<std::string> search;
+    int hit = 1; // which hit to show, from 1; those after the last show the last
 };
 
 struct InfoArguments {
     std::string file;
+    std::optional<std::string> password;
+};
+
+struct SearchArguments {
+    std::string file;
+    std::string text;
     std::optional<std::string> password;
 };
 
@@ -45,6 +53,7 @@ using Words = std::vector<std::string>;
 
 Parsed<OpenArguments> parseOpen(const Words& words);
 Parsed<InfoArguments> parseInfo(const Words& words);
+Parsed<SearchArguments> parseSearch(const Words& words);
 Parsed<ServeArguments> parseServe(const Words& words);
 
 } // namespace lectern

@@ -14,6 +14,7 @@ inline constexpr int statusMisuse = 2;
 
 int runOpen(const OpenArguments& arguments, Interrupt& interrupt);
 int runInfo(const InfoArguments& arguments, Interrupt& interrupt);
+int runSearch(const SearchArguments& arguments, Interrupt& interrupt);
 int runServe(const ServeArguments& arguments, Interrupt& interrupt);
 
 // Says on standard error what went wrong, unless the user knows because he has

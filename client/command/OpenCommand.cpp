@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 
+#include "client/CommonCalls.h"
 #include "client/Navigation.h"
 #include "client/command/Commands.h"
 #include "client/command/OpenDocument.h"
@@ -46,6 +48,23 @@ Failure scroll(Document& document, Point target, const CallLimits& limits) {
     return std::nullopt;
 }
 
+// Marks the hits and moves to the one asked for, or as far as there are any.
+Failure search(Document& document, const std::string& text, int hit, const CallLimits& limits) {
+    const Result<int> hits = common::search(document.bus(), document.docid(), text, limits);
+    if (!hits) {
+        return hits.error();
+    }
+    if (*hits < hit) {
+        std::fprintf(stderr, "lectern: '%s' is found %d times\n", text.c_str(), *hits);
+    }
+    for (int at = 1; at < std::min(hit, *hits); ++at) {
+        if (Failure failure = common::nextResult(document.bus(), document.docid(), limits)) {
+            return failure;
+        }
+    }
+    return document.paint(limits);
+}
+
 Failure show(Document& document, const OpenArguments& arguments, const CallLimits& limits) {
     Failure failure = document.paint(limits);
     if (!failure && arguments.wide) {
@@ -58,6 +77,9 @@ Failure show(Document& document, const OpenArguments& arguments, const CallLimit
     const bool moved = arguments.wide || arguments.zoom != 1.0 || arguments.scroll != Point();
     if (!failure && moved) {
         failure = scroll(document, arguments.scroll, limits);
+    }
+    if (!failure && arguments.search) {
+        failure = search(document, *arguments.search, arguments.hit, limits);
     }
     return failure;
 }

@@ -45,6 +45,11 @@ std::optional<std::pair<int, int>> parsePosition(std::string_view word) {
     return parsePair(word, ',', 0, INT32_MAX);
 }
 
+std::optional<int> parseCount(std::string_view word) {
+    const std::optional<int> count = parseNumber<int>(word);
+    return count && *count >= 1 ? count : std::nullopt;
+}
+
 std::optional<double> parseFactor(std::string_view word) {
     const std::optional<double> factor = parseNumber<double>(word);
     return factor && std::isfinite(*factor) && *factor > 0 ? factor : std::nullopt;

@@ -12,6 +12,8 @@ namespace lectern {
 std::optional<std::pair<int, int>> parseSize(std::string_view word);
 // "0,1200": two numbers of at least 0.
 std::optional<std::pair<int, int>> parsePosition(std::string_view word);
+// A whole number of at least 1.
+std::optional<int> parseCount(std::string_view word);
 // A finite number above 0.
 std::optional<double> parseFactor(std::string_view word);
 

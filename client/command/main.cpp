@@ -17,6 +17,7 @@ constexpr char generalHelp[] = "Usage:\n"
                                "Commands:\n"
                                "  open FILE -o OUT.png   Write a document's view into a picture\n"
                                "  info FILE              Print a document's properties\n"
+                               "  search FILE TEXT       Print how often a text occurs\n"
                                "  serve                  Run the document service on a private bus\n"
                                "\n"
                                "Options:\n"
@@ -67,6 +68,9 @@ int dispatch(std::string_view name, const Words& words) {
     }
     if (name == "info") {
         return subcommand<InfoArguments>(words, parseInfo, runInfo);
+    }
+    if (name == "search") {
+        return subcommand<SearchArguments>(words, parseSearch, runSearch);
     }
     if (name == "serve") {
         return subcommand<ServeArguments>(words, parseServe, runServe);

@@ -70,6 +70,7 @@ TEST(OpenArguments, RefuseWhatIsNoValueAndSayWhatIs) {
 TEST(HelpOption, ShowsEverySubcommandsOptions) {
     EXPECT_THAT(std::get<Help>(parseOpen({"--help"})).text, HasSubstr("--zoom=F"));
     EXPECT_THAT(std::get<Help>(parseInfo({"-h"})).text, HasSubstr("lectern info"));
+    EXPECT_THAT(std::get<Help>(parseSearch({"--help"})).text, HasSubstr("lectern search"));
     EXPECT_THAT(std::get<Help>(parseServe({"--help"})).text, HasSubstr("lectern serve"));
 }
 
@@ -78,6 +79,27 @@ TEST(InfoArguments, AreAFileAndPerhapsAPassword) {
     EXPECT_EQ(std::get<InfoArguments>(parsed).file, "a.doc");
     EXPECT_EQ(std::get<InfoArguments>(parsed).password, "x");
     EXPECT_THAT(misuse(parseInfo({})), HasSubstr("no FILE"));
+}
+
+TEST(OpenArguments, SearchForATextAndGoToOneOfItsHits) {
+    const auto parsed = parseOpen({"a.doc", "-o", "b.png", "--search", "Größe 1", "--hit=12"});
+    EXPECT_EQ(std::get<OpenArguments>(parsed).search, "Größe 1");
+    EXPECT_EQ(std::get<OpenArguments>(parsed).hit, 12);
+    const auto first = parseOpen({"a.doc", "-o", "b.png", "--search="});
+    EXPECT_EQ(std::get<OpenArguments>(first).search, "");
+    EXPECT_EQ(std::get<OpenArguments>(first).hit, 1);
+    EXPECT_EQ(misuse(parseOpen({"a.doc", "-o", "b.png", "--hit", "2"})), "--hit needs a --search");
+    EXPECT_THAT(misuse(parseOpen({"a.doc", "-o", "b.png", "--search", "x", "--hit", "0"})),
+                HasSubstr("'0' is no hit"));
+}
+
+TEST(SearchArguments, AreAFileATextAndPerhapsAPassword) {
+    const auto parsed = parseSearch({"a.doc", "--password", "x", "two words"});
+    EXPECT_EQ(std::get<SearchArguments>(parsed).file, "a.doc");
+    EXPECT_EQ(std::get<SearchArguments>(parsed).text, "two words");
+    EXPECT_EQ(std::get<SearchArguments>(parsed).password, "x");
+    EXPECT_THAT(misuse(parseSearch({"a.doc"})), HasSubstr("a TEXT to look for"));
+    EXPECT_THAT(misuse(parseSearch({"a.doc", "two", "words"})), HasSubstr("quote it"));
 }
 
 TEST(ServeArguments, AreNone) {
@@ -97,6 +119,13 @@ TEST(Values, PositionsAreTwoNumbersFromZero) {
     EXPECT_EQ(parsePosition("0,2147483647"), std::pair(0, 2147483647));
     for (const char* word : {"", ",", "1", "1,", "-1,0", "0,2147483648", "1, 2"}) {
         EXPECT_EQ(parsePosition(word), std::nullopt) << word;
+    }
+}
+
+TEST(Values, CountsAreWholeNumbersFromOne) {
+    EXPECT_EQ(parseCount("2147483647"), 2147483647);
+    for (const char* word : {"", "0", "-1", "1.5", "2147483648", "3x"}) {
+        EXPECT_EQ(parseCount(word), std::nullopt) << word;
     }
 }
 

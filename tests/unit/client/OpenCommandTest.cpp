@@ -39,6 +39,16 @@ protected:
         Interrupt interrupt;
         return runOpen(mArguments, interrupt);
     }
+    // The calls of the search, in order.
+    std::vector<std::string> steps() const {
+        std::vector<std::string> places;
+        for (const FakeService::Call& call : mService.calls()) {
+            if (call.place.rfind("/common", 0) == 0) {
+                places.push_back(call.place);
+            }
+        }
+        return places;
+    }
     static std::string complaints() { return testing::internal::GetCapturedStderr(); }
 
     FakeService mService;
@@ -103,6 +113,42 @@ TEST_F(OpenCommand, LaysOutWideOnlyWhatIsWordProcessing) {
     mService.documentKind(1);
     EXPECT_EQ(run(), statusMisuse);
     EXPECT_THAT(complaints(), HasSubstr("--wide is for word-processing documents only"));
+}
+
+TEST_F(OpenCommand, GoesFromHitToHitAndPaintsTheOneAskedFor) {
+    mArguments.search = "boat";
+    mArguments.hit = 3;
+    mService.answer("/common Search", R"({ "resultcount": 7 })");
+    EXPECT_EQ(run(), statusDone);
+    EXPECT_EQ(complaints(), "");
+    EXPECT_THAT(mService.waitForCall("/common Search"), HasSubstr("boat"));
+    EXPECT_THAT(steps(), testing::ElementsAre("/common Search", "/common nextResult", "/common nextResult"));
+    EXPECT_EQ(mService.view().taken(), (std::vector<long>{_PAINT, _PAINT}));
+}
+
+TEST_F(OpenCommand, SaysWhenThereAreFewerHitsAndShowsTheLast) {
+    mArguments.search = "boat";
+    mArguments.hit = 3;
+    mService.answer("/common Search", R"({ "resultcount": 2 })");
+    EXPECT_EQ(run(), statusDone);
+    EXPECT_EQ(complaints(), "lectern: 'boat' is found 2 times\n");
+    EXPECT_THAT(steps(), testing::ElementsAre("/common Search", "/common nextResult"));
+}
+
+TEST_F(OpenCommand, SearchPrintsTheNumberOfHits) {
+    mService.answer("/common Search", R"({ "resultcount": 12 })");
+    testing::internal::CaptureStdout();
+    Interrupt interrupt;
+    EXPECT_EQ(runSearch({"/letter.docx", "boat", "secret"}, interrupt), statusDone);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "{ \"resultcount\": 12 }\n");
+    EXPECT_EQ(complaints(), "");
+}
+
+TEST_F(OpenCommand, SearchFailsWithTheDocument) {
+    mService.openResult(2);
+    Interrupt interrupt;
+    EXPECT_EQ(runSearch({"/letter.docx", "boat", {}}, interrupt), statusFailed);
+    EXPECT_THAT(complaints(), HasSubstr("(code 2)"));
 }
 
 TEST_F(OpenCommand, InfoPrintsTheServicesText) {
