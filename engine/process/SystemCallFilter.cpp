@@ -55,6 +55,11 @@ bool refuseWhen(void* filter, const char* name, scmp_arg_cmp condition) {
                                   &condition) == 0;
 }
 
+// libseccomp's own macros for this are not C++.
+constexpr scmp_arg_cmp firstArgument(scmp_compare comparison, scmp_datum_t value) {
+    return {0, comparison, value, 0};
+}
+
 bool addRules(void* filter) {
     for (const char* name : kRefused) {
         if (!refuse(filter, name)) {
@@ -65,11 +70,11 @@ bool addRules(void* filter) {
     // clone3 hides its flags behind a pointer; the C library then uses clone,
     // whose flags tell a thread from a process.
     return refuse(filter, "clone3", ENOSYS) &&
-           refuseWhen(filter, "clone", SCMP_A0(SCMP_CMP_MASKED_EQ, CLONE_THREAD, 0)) &&
-           refuseWhen(filter, "kill", SCMP_A0(SCMP_CMP_NE, self)) &&
-           refuseWhen(filter, "tgkill", SCMP_A0(SCMP_CMP_NE, self)) &&
-           refuseWhen(filter, "prlimit64", SCMP_A0(SCMP_CMP_NE, 0)) &&
-           refuseWhen(filter, "socketpair", SCMP_A0(SCMP_CMP_NE, AF_UNIX));
+           refuseWhen(filter, "clone", firstArgument(SCMP_CMP_MASKED_EQ, CLONE_THREAD)) &&
+           refuseWhen(filter, "kill", firstArgument(SCMP_CMP_NE, self)) &&
+           refuseWhen(filter, "tgkill", firstArgument(SCMP_CMP_NE, self)) &&
+           refuseWhen(filter, "prlimit64", firstArgument(SCMP_CMP_NE, 0)) &&
+           refuseWhen(filter, "socketpair", firstArgument(SCMP_CMP_NE, AF_UNIX));
 }
 
 } // namespace
