@@ -32,6 +32,9 @@ bool fail(HubError* error, const std::string& message) {
 
 bool request(const std::string& what, HubError* error) {
     fakeHub.requests.push_back(what);
+    if (fakeHub.onRequest) {
+        fakeHub.onRequest(what);
+    }
     return what != fakeHub.failing || fail(error, fakeHub.failure);
 }
 
@@ -97,6 +100,9 @@ bool HubGmainAttach(HubHandle* /*handle*/, GMainLoop* loop, HubError* error) {
 }
 
 const char* HubMessageGetPayload(HubMessage* message) {
+    if (fakeHub.onPayload) {
+        fakeHub.onPayload();
+    }
     return message->payload;
 }
 

@@ -20,6 +20,9 @@ struct FakeHub {
     std::string failure = "the bus said no";
     // The message of every refused reply; empty: replies are sent.
     std::string replyFailure;
+    // Called for each request, before it is done, and for each look at a payload.
+    std::function<void(const std::string& what)> onRequest;
+    std::function<void()> onPayload;
     // Called for each reply, before it counts as sent.
     std::function<void(const std::string& text)> onReply;
 
