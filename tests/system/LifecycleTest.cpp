@@ -7,6 +7,7 @@
 #include <sys/wait.h>
 
 #include <chrono>
+#include <fstream>
 #include <thread>
 
 #include "tests/system/support/ServiceFixture.h"
@@ -77,6 +78,17 @@ TEST_F(LifecycleTest, StopsByItselfThirtyOneToThirtyFourSecondsAfterTheLastCall)
     EXPECT_EQ(syslogText(), "<6> Starting LecternServer\n"
                             "<6> Stopping LecternServer: timeout\n"
                             "<6> Stopping LecternServer: normal\n");
+}
+
+TEST_F(LifecycleTest, AModuleThatCannotBeLoadedEndsTheServiceAtItsFirstDocument) {
+    ASSERT_EQ(stopService(), W_EXITCODE(0, 0));
+    const std::string module = folder.path() + "/WordToGoModule.so";
+    std::ofstream(module) << "no shared object, but longer than the header of one, so that it is looked at\n";
+    startService({{"LD_LIBRARY_PATH", folder.path()}});
+    const TestDocument document(*client, *queue, sample("tour.txt"), 320, 480);
+    EXPECT_EQ(document.docid(), -1) << "no reply is to be had of a service that has gone";
+    EXPECT_EQ(service->wait(20s), std::optional<int>(W_EXITCODE(1, 0)));
+    EXPECT_EQ(service->errors(), module + ": invalid ELF header\n");
 }
 
 TEST_F(LifecycleTest, ASecondServiceOnTheSameQueueIsRefused) {
