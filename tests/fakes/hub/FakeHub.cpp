@@ -39,17 +39,24 @@ bool request(const std::string& what, HubError* error) {
 }
 
 HubMethodHandler find(const std::string& category, const std::string& method) {
-    for (const auto& [name, methods] : fakeHub.categories) {
-        for (const HubMethod* entry = methods; name == category && entry->name != nullptr; ++entry) {
-            if (method == entry->name) {
-                return entry->handler;
-            }
+    for (const HubMethod* entry = fakeHub.tableOf(category); entry->name != nullptr; ++entry) {
+        if (method == entry->name) {
+            return entry->handler;
         }
     }
     endTests("no method " + category + " " + method);
 }
 
 } // namespace
+
+const HubMethod* FakeHub::tableOf(const std::string& category) const {
+    for (const auto& [name, methods] : categories) {
+        if (name == category) {
+            return methods;
+        }
+    }
+    endTests("no category " + category);
+}
 
 std::optional<std::string> FakeHub::call(const std::string& category, const std::string& method,
                                          const char* payload) {

@@ -30,6 +30,8 @@ struct FakeHub {
     std::vector<std::pair<std::string, const HubMethod*>> categories;
     GMainLoop* loop = nullptr;
 
+    // A registered category's table; ends the test program when there is none.
+    const HubMethod* tableOf(const std::string& category) const;
     // Calls a method of a registered category with a payload, null for none. The
     // reply, or nothing when the method sent none. Ends the test program when
     // there is no such method, when it says that it did not handle the call, or

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The bus method "create".
+#include <sched.h>
+
 #include <cstring>
 
 #include "ClientSide.h"
@@ -141,6 +143,47 @@ TEST_F(CreateTest, ASecondViewOfAKindLeavesTheModulesTableAlone) {
     destroy(0);
     EXPECT_TRUE(serveMessage(ClientServerMessage(_PAINT, 1)));
     EXPECT_EQ(frame.pixel(kWidth), fakeWordPixel(1, 0)) << "the other one works on";
+}
+
+TEST_F(CreateTest, EveryCallOnADocumentThatDidNotOpenIsSurvived) {
+    const ClientFrame frame(kSize);
+    expectCreated(0, "/x/code-8.docx", frame);
+    const std::string payload = R"({"docid": 0, "search": "x", "xCoord": 5, "yCoord": 5, "chr": 1,)"
+                                R"( "modifiers": 0, "wideMode": true})";
+    for (const std::string category : {"/common", "/events", "/word"}) {
+        for (const HubMethod* method = fakeHub.tableOf(category); method->name != nullptr; ++method) {
+            const std::string name = method->name;
+            if (name != "create" && name != "destroy" && name != "ping") {
+                const auto reply = call(category, name, payload);
+                ASSERT_TRUE(reply) << name;
+                EXPECT_THAT(*reply, testing::Not(HasSubstr("errorCode"))) << name;
+            }
+        }
+    }
+    EXPECT_EQ(call("/common", "Search", payload), R"({ "resultcount": 0 })");
+    for (long type = _PAINT; type <= _WIDE_MODE; ++type) {
+        EXPECT_TRUE(serveMessage(ClientServerMessage(type, 0)));
+    }
+    EXPECT_THAT(takeMessages(101), SizeIs(1)) << "the paint";
+}
+
+TEST_F(CreateTest, AViewWithoutADataStoreTakesNobodysSegmentDown) {
+    // The first segment of a fresh namespace is number 0, which no data store has.
+    ASSERT_EQ(unshare(CLONE_NEWIPC), 0);
+    ASSERT_EQ(g_msgQueue.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId), 0);
+    const ClientFrame other(kSize, shmget(IPC_PRIVATE, kSize, IPC_CREAT | 0600));
+    ASSERT_EQ(other.id(), 0);
+    const ClientFrame frame(kSize);
+    systemCalls.noSegments = true;
+    CaptureStderr();
+    expectCreated(0, "a.doc", frame);
+    EXPECT_EQ(GetCapturedStderr(),
+              "shmget: No space left on device\nFailure sending messages: Invalid argument\n");
+    systemCalls.noSegments = false;
+    EXPECT_EQ(dataStoreOf(0), 0U);
+    shmid_ds status = {};
+    ASSERT_EQ(shmctl(other.id(), IPC_STAT, &status), 0);
+    EXPECT_EQ(status.shm_perm.mode & SHM_DEST, 0);
 }
 
 TEST_F(CreateTest, OpensTheFileWithThePasswordOrNone) {

@@ -1,20 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 // Start-up and its failures, and the orderly stop. A process each: what starts
 // here changes its signals and its threads.
-#include "service/Lifecycle.h"
-
 #include <dlfcn.h>
-#include <sys/ipc.h>
-#include <sys/msg.h>
-#include <unistd.h>
 
 #include <atomic>
 #include <cerrno>
 #include <chrono>
-#include <csignal>
 #include <thread>
 
-#include "ServiceTest.h"
+#include "LifecycleTest.h"
 #include "channel/QueueOwner.h"
 #include "service/IdleClock.h"
 #include "service/Signals.h"
@@ -33,30 +27,6 @@ const std::vector<std::string> kStart = {"register com.kestrel.office",
                                          "category /excel",
                                          "category /ppt",
                                          "attach"};
-
-class LifecycleTest : public testing::Test {
-protected:
-    void SetUp() override {
-        fakeHub.reset();
-        systemCalls.takeLog();
-    }
-    void TearDown() override {
-        systemCalls.threadsUntilError = -1;
-        systemCalls.now = 0;
-        systemCalls.timersAtOnce = false;
-        systemCalls.onLog = nullptr;
-        g_msgQueue.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId);
-        g_msgQueue.Remove();
-    }
-    // Calls something from within the service's loop.
-    static void inLoop(GSourceFunc function) { g_idle_add(function, nullptr); }
-    static bool queueExists() { return msgget(ftok("/tmp", DocAdapterMessageQueue::projectId), 0) != -1; }
-    static struct sigaction handlerOf(int number) {
-        struct sigaction action = {};
-        sigaction(number, nullptr, &action);
-        return action;
-    }
-};
 
 TEST_F(LifecycleTest, RegistersEverythingInOrderAndStopsInOrderOnSigterm) {
     inLoop([](void*) -> gboolean {
@@ -280,6 +250,19 @@ TEST_F(LifecycleTest, ARegistryMutexThatCannotBeMadeGivesItsErrorAndNoLine) {
     EXPECT_EQ(handlerOf(SIGTERM).sa_handler, handle_signal) << "comes first, its replacement later";
 }
 
+TEST_F(LifecycleTest, WithoutAQueueBusMethodsStillWork) {
+    systemCalls.noQueue = true;
+    inLoop([](void*) -> gboolean {
+        EXPECT_EQ(fakeHub.call("/common", "closeSearch", R"({"docid": 0})"), kNoDocument);
+        raise(SIGTERM);
+        return G_SOURCE_REMOVE;
+    });
+    CaptureStderr();
+    EXPECT_EQ(runService(), 0);
+    EXPECT_EQ(GetCapturedStderr(), "msgget: No space left on device\n");
+    systemCalls.noQueue = false;
+}
+
 TEST_F(LifecycleTest, ASecondServiceOnTheQueueIsRefusedBeforeItTouchesIt) {
     QueueOwner other;
     ASSERT_TRUE(other.acquire(DocAdapterMessageQueue::projectId));
@@ -287,77 +270,6 @@ TEST_F(LifecycleTest, ASecondServiceOnTheQueueIsRefusedBeforeItTouchesIt) {
     EXPECT_EQ(runService(), -1);
     EXPECT_EQ(GetCapturedStderr(), "Another service already serves the message queue.\n");
     EXPECT_FALSE(queueExists());
-}
-
-// What ends the process: the statuses are the signals' own.
-class SignalDeathTest : public LifecycleTest {
-protected:
-    // Runs a service that gets a signal, in a process of its own, and ends with
-    // status 99 when it is still there.
-    static void runWith(int number, void (*send)(int) = [](int signal) { raise(signal); }) {
-        static int signal;
-        static void (*sendIt)(int);
-        signal = number;
-        sendIt = send;
-        systemCalls.echoLog = true;
-        inLoop([](void*) -> gboolean {
-            sendIt(signal);
-            return G_SOURCE_REMOVE;
-        });
-        runService();
-        _exit(99);
-    }
-    // What the process writes, the log's lines included.
-    static std::string lineFor(int number) {
-        return "<7> LecternServer got signal: " + std::to_string(number) + "\n";
-    }
-};
-
-TEST_F(SignalDeathTest, SighupAndSigquitEndWithZero) {
-    EXPECT_EXIT(runWith(SIGHUP), testing::ExitedWithCode(0), lineFor(SIGHUP));
-    EXPECT_EXIT(runWith(SIGQUIT), testing::ExitedWithCode(0), lineFor(SIGQUIT));
-}
-
-TEST_F(SignalDeathTest, OthersEndWithTheirNumber) {
-    for (const int number : {SIGINT, SIGABRT, SIGILL, SIGFPE, SIGBUS, SIGSEGV}) {
-        EXPECT_EXIT(runWith(number), testing::ExitedWithCode(number), lineFor(number));
-    }
-}
-
-TEST_F(SignalDeathTest, BeforeItsOwnHandlerIsThereSigtermIsOneOfTheOthers) {
-    EXPECT_EXIT(runWith(SIGTERM, handle_signal), testing::ExitedWithCode(SIGTERM), lineFor(SIGTERM));
-}
-
-TEST_F(SignalDeathTest, AFaultEndsTheProcessAlsoWhenTheLogHangs) {
-    ASSERT_NE(msgget(ftok("/tmp", DocAdapterMessageQueue::projectId), IPC_CREAT | 0666), -1);
-    const auto hang = [](int number) {
-        systemCalls.onLog = [] {
-            for (;;) {
-                pause();
-            }
-        };
-        raise(number);
-    };
-    EXPECT_EXIT(runWith(SIGSEGV, hang), testing::ExitedWithCode(SIGSEGV), "");
-    EXPECT_FALSE(queueExists());
-}
-
-TEST_F(SignalDeathTest, AFaultInsideOfTheLogEndsTheProcessAsTheFirstOne) {
-    ASSERT_NE(msgget(ftok("/tmp", DocAdapterMessageQueue::projectId), IPC_CREAT | 0666), -1);
-    const auto faultAgain = [](int number) {
-        systemCalls.onLog = [] { raise(SIGBUS); };
-        raise(number);
-    };
-    EXPECT_EXIT(runWith(SIGABRT, faultAgain), testing::ExitedWithCode(SIGABRT), "");
-    EXPECT_FALSE(queueExists());
-}
-
-TEST_F(SignalDeathTest, TheQueueGoesWithTheProcess) {
-    for (const int number : {SIGINT, SIGSEGV}) {
-        ASSERT_NE(msgget(ftok("/tmp", DocAdapterMessageQueue::projectId), IPC_CREAT | 0666), -1);
-        EXPECT_EXIT(runWith(number), testing::ExitedWithCode(number), "");
-        EXPECT_FALSE(queueExists());
-    }
 }
 
 } // namespace

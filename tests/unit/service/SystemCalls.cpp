@@ -73,6 +73,10 @@ int __wrap_pthread_create(pthread_t* thread, const pthread_attr_t* attributes, v
                           void* arg);
 ssize_t __real_msgrcv(int id, void* message, size_t size, long type, int flags);
 ssize_t __wrap_msgrcv(int id, void* message, size_t size, long type, int flags);
+int __real_msgget(key_t key, int flags);
+int __wrap_msgget(key_t key, int flags);
+int __real_shmget(key_t key, size_t size, int flags);
+int __wrap_shmget(key_t key, size_t size, int flags);
 int __real_msgsnd(int id, const void* message, size_t size, int flags);
 int __wrap_msgsnd(int id, const void* message, size_t size, int flags);
 void* __real_shmat(int id, const void* address, int flags);
@@ -135,6 +139,22 @@ ssize_t __wrap_msgrcv(int id, void* message, size_t size, long type, int flags) 
         return -1;
     }
     return __real_msgrcv(id, message, size, type, flags);
+}
+
+int __wrap_msgget(key_t key, int flags) {
+    if (systemCalls.noQueue) {
+        errno = ENOSPC;
+        return -1;
+    }
+    return __real_msgget(key, flags);
+}
+
+int __wrap_shmget(key_t key, size_t size, int flags) {
+    if (systemCalls.noSegments) {
+        errno = ENOSPC;
+        return -1;
+    }
+    return __real_shmget(key, size, flags);
 }
 
 int __wrap_msgsnd(int id, const void* message, size_t size, int flags) {

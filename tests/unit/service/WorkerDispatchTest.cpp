@@ -139,6 +139,8 @@ TEST_F(WorkerDispatchTest, APaintFillsTheFrameAndThenAnswers) {
 
 TEST_F(WorkerDispatchTest, APaintOfAViewThatHasNotChangedIsAnsweredToo) {
     const int docid = addView();
+    CpPixmap surface(4, 4);
+    view(docid).mDocPixmap = &surface;
     view(docid).mDirty = false;
     EXPECT_TRUE(serveMessage(record(_PAINT, docid)));
     EXPECT_THAT(trace, IsEmpty());
