@@ -3,10 +3,12 @@
 
 #include <pthread.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstddef>
 #include <cstring>
 #include <limits>
+#include <type_traits>
 #include <vector>
 
 #include "channel/QueueRecord.h"
@@ -135,34 +137,57 @@ int ServiceQueue::post(const Record& message, long addressee) {
 template<typename Record>
 int ServiceQueue::sendNow(const Record& message, long addressee) {
     const int id = mQueueId;
+    // A record of a client's kind may use what output has to leave free.
+    constexpr bool isOutput = std::is_same_v<Record, ServerClientMessage>;
+    constexpr size_t size = Record::textSize + (isOutput ? ClientServerMessage::textSize : 0);
     bool hadAnything = true;
-    while (msgsnd(id, &message, Record::textSize, IPC_NOWAIT) == -1) {
+    while ((isOutput && !hasRoom(size)) || msgsnd(id, &message, Record::textSize, IPC_NOWAIT) == -1) {
         if (errno != EAGAIN || !hadAnything) {
             return fail(kSendFailed, id);
         }
-        hadAnything = makeRoom(addressee, Record::textSize);
+        hadAnything = makeRoom(addressee, size);
     }
     ++mMessagesSent;
     return 0;
 }
 
+// Whether this many bytes may be added; EAGAIN when not. An empty queue, which
+// cannot be made any roomier, is left for the send to judge.
+bool ServiceQueue::hasRoom(size_t size) {
+    msqid_ds status = {};
+    if (msgctl(mQueueId, IPC_STAT, &status) == -1) {
+        return true; // the send fails for the same reason
+    }
+    errno = EAGAIN;
+    return status.msg_qnum == 0 || status.msg_cbytes + size <= status.msg_qbytes;
+}
+
 // False when the queue is empty, and so whatever does not fit never will.
-bool ServiceQueue::makeRoom(long addressee, size_t textSize) {
+bool ServiceQueue::makeRoom(long addressee, size_t size) {
     msqid_ds status = {};
     if (msgctl(mQueueId, IPC_STAT, &status) == 0 && status.msg_qnum == 0) {
         return false;
     }
     if (!moveToBacklog()) {
-        giveUpOutput(addressee, status.msg_qbytes - textSize);
+        giveUpOutput(addressee, status.msg_qbytes - std::min<size_t>(size, status.msg_qbytes));
     }
     return true;
+}
+
+// How many records wait now. Taking off no more than this ends also when a
+// client posts as fast as they go.
+size_t ServiceQueue::waitingNow() {
+    msqid_ds status = {};
+    msgctl(mQueueId, IPC_STAT, &status);
+    return status.msg_qnum;
 }
 
 // False when no client record was there.
 bool ServiceQueue::moveToBacklog() {
     bool moved = false;
     ClientServerMessage message;
-    while (TakeRecord(mQueueId, anyClientMessage, IPC_NOWAIT, message) >= 0) {
+    for (size_t left = waitingNow();
+         left > 0 && TakeRecord(mQueueId, anyClientMessage, IPC_NOWAIT, message) >= 0; --left) {
         moved = true;
         keep(message);
     }
@@ -205,8 +230,11 @@ void ServiceQueue::giveUpOutput(long addressee, size_t capacity) {
 // and what has not the size of an output record nowhere.
 void ServiceQueue::takeOutput(std::vector<ServerClientMessage>& waiting) {
     ClientServerMessage any; // the longer of the two records holds both
-    ssize_t size = 0;
-    while ((size = TakeRecord(mQueueId, 0, IPC_NOWAIT, any)) >= 0) {
+    for (size_t left = waitingNow(); left > 0; --left) {
+        const ssize_t size = TakeRecord(mQueueId, 0, IPC_NOWAIT, any);
+        if (size < 0) {
+            return;
+        }
         if (any.type <= highestClientType) {
             keep(any);
         } else if (size == static_cast<ssize_t>(ServerClientMessage::textSize)) {

@@ -16,6 +16,9 @@
 //      equal types the backlog's goes first;
 //   2. where there are none, gives up the undelivered output that is missed
 //      least, until the new record fits.
+// For output the queue counts as full while a client's record still fits:
+// otherwise output that nobody reads would shut out every client, whom the
+// system puts to sleep until there is room for it, and the wake record below.
 // Taking records away from under a worker that was about to sleep on them
 // would let it sleep: a record of type 99 for document -1, which names no
 // document, is posted to wake it.
@@ -64,7 +67,9 @@ private:
     template<typename Record>
     int post(const Record& message, long addressee);
     long takeNext(ClientServerMessage& message);
-    bool makeRoom(long addressee, size_t textSize);
+    bool hasRoom(size_t size);
+    bool makeRoom(long addressee, size_t size);
+    size_t waitingNow();
     bool moveToBacklog();
     void keep(const ClientServerMessage& message);
     void giveUpOutput(long addressee, size_t capacity);

@@ -56,6 +56,23 @@ private:
     HubError mError;
 };
 
+// The loop that g_mainloop names, as long as the service needs one.
+class MainLoop {
+public:
+    MainLoop() { g_mainloop = g_main_loop_new(nullptr, FALSE); }
+    ~MainLoop() { release(); }
+    MainLoop(const MainLoop&) = delete;
+    MainLoop& operator=(const MainLoop&) = delete;
+
+    void run() {
+        g_main_loop_run(g_mainloop);
+        release();
+    }
+
+private:
+    static void release() { g_clear_pointer(&g_mainloop, g_main_loop_unref); }
+};
+
 bool registerOnBus(HubHandle*& handle, BusError& error) {
     if (!error.check(HubRegister(kBusName, &handle, error.get()))) {
         return false;
@@ -96,14 +113,13 @@ void stopWorker() {
 }
 
 // Serves until the loop is quit; false when the bus cannot be attached.
-bool serve(HubHandle* handle, BusError& error) {
+bool serve(HubHandle* handle, MainLoop& loop, BusError& error) {
     const bool attached = error.check(HubGmainAttach(handle, g_mainloop, error.get()));
     if (attached) {
         gLastActive = 0;
         prvUpdateTimer();
         g_timeout_add_seconds(kCheckSeconds, prvCheckTimeout, nullptr);
-        g_main_loop_run(g_mainloop);
-        g_main_loop_unref(g_mainloop);
+        loop.run();
     }
     stopWorker();
     return attached;
@@ -122,13 +138,13 @@ int runService() {
     if (const int result = pthread_mutex_init(&gDocumentsMutex, nullptr); result != 0) {
         return result;
     }
-    g_mainloop = g_main_loop_new(nullptr, FALSE);
+    MainLoop loop;
     installTermHandler();
 
     HubHandle* handle = nullptr;
     QueueOwner owner;
     if (!registerOnBus(handle, error) || !owner.acquire(DocAdapterMessageQueue::projectId) ||
-        !startWorker() || !serve(handle, error)) {
+        !startWorker() || !serve(handle, loop, error)) {
         return -1;
     }
     pthread_mutex_destroy(&gDocumentsMutex);

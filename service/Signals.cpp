@@ -2,6 +2,8 @@
 #include "service/Signals.h"
 
 #include <fcntl.h>
+#include <glib-unix.h>
+#include <sys/eventfd.h>
 #include <syslog.h>
 #include <unistd.h>
 
@@ -76,20 +78,21 @@ void install(int signal, void (*handler)(int), int flags) {
     sigaction(signal, &action, nullptr);
 }
 
-gboolean quitMainLoop(void* /*data*/) {
+// The loop's answer to a wish to stop. It stays readable, so that the wish also
+// counts when the loop has yet to start.
+gboolean quitMainLoop(int /*stopWish*/, GIOCondition /*condition*/, void* /*data*/) {
     g_main_loop_quit(g_mainloop);
-    return G_SOURCE_REMOVE;
+    return G_SOURCE_CONTINUE;
 }
 
 // On the signal thread.
-void stopInOrder() {
+void stopInOrder(int stopWish) {
     if (stopAsked.exchange(true)) {
         return;
     }
     syslog(LOG_INFO, "Stopping LecternServer: terminated by signal");
     stopModulesSoon();
-    // From within the loop, so that it also counts when the loop has yet to start.
-    g_idle_add_full(G_PRIORITY_HIGH, quitMainLoop, nullptr, nullptr);
+    eventfd_write(stopWish, 1);
 }
 
 } // namespace
@@ -113,7 +116,7 @@ void installSignalHandlers() {
 }
 
 void installTermHandler() {
-    install(SIGTERM, term_handler, SA_RESTART);
+    install(SIGTERM, term_handler, 0);
 }
 
 int SignalThread::start() {
@@ -124,8 +127,13 @@ int SignalThread::start() {
     fcntl(ends[1], F_SETFL, O_NONBLOCK);
     mReadEnd = ends[0];
     passOnTo = ends[1];
+    mStopWish = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+    if (mStopWish == -1) {
+        return errno;
+    }
+    mStopSource = g_unix_fd_add_full(G_PRIORITY_HIGH, mStopWish, G_IO_IN, quitMainLoop, nullptr, nullptr);
     stopAsked = false;
-    const int result = pthread_create(&mThread, nullptr, run, &mReadEnd);
+    const int result = pthread_create(&mThread, nullptr, run, this);
     mRunning = result == 0;
     return result;
 }
@@ -135,19 +143,25 @@ SignalThread::~SignalThread() {
         passOn(kEndOfThread);
         pthread_join(mThread, nullptr);
     }
+    if (mStopWish != -1) {
+        g_source_remove(mStopSource);
+        close(mStopWish);
+    }
     if (mReadEnd != -1) {
         close(passOnTo.exchange(-1));
         close(mReadEnd);
     }
 }
 
-void* SignalThread::run(void* readEnd) {
+void* SignalThread::run(void* thread) {
+    const auto& self = *static_cast<SignalThread*>(thread);
     unsigned char what = kEndOfThread;
-    while (read(*static_cast<int*>(readEnd), &what, 1) == 1 && what != kEndOfThread) {
+    // Retried, as a handler may run on this thread too.
+    while (TEMP_FAILURE_RETRY(read(self.mReadEnd, &what, 1)) == 1 && what != kEndOfThread) {
         if (what != kOrderlyStop) {
             endBySignal(what);
         }
-        stopInOrder();
+        stopInOrder(self.mStopWish);
     }
     return nullptr;
 }

@@ -24,11 +24,12 @@ void installSignalHandlers();
 // exists by now.
 void installTermHandler();
 
-// The thread that acts on what the handlers pass on.
+// The thread that acts on what the handlers pass on: it ends the process, or has
+// the default main loop quit.
 class SignalThread {
 public:
     SignalThread() = default;
-    // Ends the thread and waits for it.
+    // Ends the thread and waits for it. On the main loop's thread, as start() is.
     ~SignalThread();
     SignalThread(const SignalThread&) = delete;
     SignalThread& operator=(const SignalThread&) = delete;
@@ -37,9 +38,11 @@ public:
     int start();
 
 private:
-    static void* run(void* readEnd);
+    static void* run(void* thread);
 
     pthread_t mThread{};
-    int mReadEnd = -1;
+    int mReadEnd = -1;  // of the pipe that handlers write to
+    int mStopWish = -1; // an event that the main loop watches
+    unsigned int mStopSource = 0;
     bool mRunning = false;
 };

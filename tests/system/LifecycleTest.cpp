@@ -7,6 +7,7 @@
 #include <sys/wait.h>
 
 #include <chrono>
+#include <fstream>
 #include <thread>
 
 #include "tests/system/support/ServiceFixture.h"
@@ -21,6 +22,7 @@ protected:
         service->signal(number);
         return service->wait(20s).value_or(-1);
     }
+    int status = -1;
     static bool queueExists() { return msgget(ftok("/tmp", 79), 0) >= 0; }
 };
 
@@ -79,6 +81,17 @@ TEST_F(LifecycleTest, StopsByItselfThirtyOneToThirtyFourSecondsAfterTheLastCall)
                             "<6> Stopping LecternServer: normal\n");
 }
 
+TEST_F(LifecycleTest, AModuleThatCannotBeLoadedEndsTheServiceAtItsFirstDocument) {
+    ASSERT_EQ(stopService(), W_EXITCODE(0, 0));
+    const std::string module = folder.path() + "/WordToGoModule.so";
+    std::ofstream(module) << "no shared object, but longer than the header of one, so that it is looked at\n";
+    startService({{"LD_LIBRARY_PATH", folder.path()}});
+    const TestDocument document(*client, *queue, sample("tour.txt"), 320, 480);
+    EXPECT_EQ(document.docid(), -1) << "no reply is to be had of a service that has gone";
+    EXPECT_EQ(service->wait(20s), std::optional<int>(W_EXITCODE(1, 0)));
+    EXPECT_EQ(service->errors(), module + ": invalid ELF header\n");
+}
+
 TEST_F(LifecycleTest, ASecondServiceOnTheSameQueueIsRefused) {
     TemporaryFolder otherFolder;
     const PrivateBus otherBus(otherFolder.path());
@@ -95,6 +108,26 @@ TEST_F(LifecycleTest, ATakenNameIsReported) {
     Subprocess second({SERVICE_PROGRAM}, serviceEnvironment(), folder.path() + "/second");
     ASSERT_EQ(second.wait(20s), std::optional<int>(W_EXITCODE(255, 0)));
     EXPECT_NE(second.errors().find("error from Hub call: "), std::string::npos);
+}
+
+TEST_F(LifecycleTest, ArgumentsAreAnsweredAndNothingIsStarted) {
+    const auto run = [this](const std::vector<std::string>& arguments) {
+        std::vector<std::string> command{SERVICE_PROGRAM};
+        command.insert(command.end(), arguments.begin(), arguments.end());
+        auto program = std::make_unique<Subprocess>(command, serviceEnvironment(), folder.path() + "/second");
+        status = program->wait(20s).value_or(-1);
+        return program;
+    };
+    EXPECT_EQ(run({"--version"})->output().rfind("lectern-service ", 0), 0U);
+    EXPECT_EQ(status, W_EXITCODE(0, 0));
+    EXPECT_EQ(run({"--help"})->output().rfind("Usage: lectern-service", 0), 0U);
+    EXPECT_EQ(status, W_EXITCODE(0, 0));
+    for (const std::vector<std::string>& wrong : {std::vector<std::string>{"--verbose"}, {"--help", "--version"}}) {
+        const auto program = run(wrong);
+        EXPECT_EQ(status, W_EXITCODE(2, 0));
+        EXPECT_EQ(program->output(), "");
+        EXPECT_NE(program->errors().find("Usage: lectern-service"), std::string::npos);
+    }
 }
 
 TEST_F(LifecycleTest, PingGetsNoReply) {

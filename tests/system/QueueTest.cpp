@@ -72,10 +72,12 @@ TEST_F(QueueTest, AClientThatNeverReadsItsNotificationsDoesNotStopTheService) {
     for (int i = 0; i < 1500; ++i) { // more id 0 records than the queue can hold
         ASSERT_TRUE(client->call("/common", "clearSelection", document.docidPayload()).replied);
     }
-    EXPECT_FALSE(queue->post(1, document.docid())) << "the queue is as full as it can be";
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(document.paint(), 0) << "its own requests still get through";
+    }
     while (queue->poll(document.store()).id >= 0) {
     }
-    EXPECT_EQ(document.paint(), 0) << "once there is room the worker goes on";
+    EXPECT_EQ(document.paint(), 0);
 }
 
 TEST_F(QueueTest, APaintOvertakesQueuedInput) {

@@ -32,21 +32,31 @@ bool fail(HubError* error, const std::string& message) {
 
 bool request(const std::string& what, HubError* error) {
     fakeHub.requests.push_back(what);
+    if (fakeHub.onRequest) {
+        fakeHub.onRequest(what);
+    }
     return what != fakeHub.failing || fail(error, fakeHub.failure);
 }
 
 HubMethodHandler find(const std::string& category, const std::string& method) {
-    for (const auto& [name, methods] : fakeHub.categories) {
-        for (const HubMethod* entry = methods; name == category && entry->name != nullptr; ++entry) {
-            if (method == entry->name) {
-                return entry->handler;
-            }
+    for (const HubMethod* entry = fakeHub.tableOf(category); entry->name != nullptr; ++entry) {
+        if (method == entry->name) {
+            return entry->handler;
         }
     }
     endTests("no method " + category + " " + method);
 }
 
 } // namespace
+
+const HubMethod* FakeHub::tableOf(const std::string& category) const {
+    for (const auto& [name, methods] : categories) {
+        if (name == category) {
+            return methods;
+        }
+    }
+    endTests("no category " + category);
+}
 
 std::optional<std::string> FakeHub::call(const std::string& category, const std::string& method,
                                          const char* payload) {
@@ -97,6 +107,9 @@ bool HubGmainAttach(HubHandle* /*handle*/, GMainLoop* loop, HubError* error) {
 }
 
 const char* HubMessageGetPayload(HubMessage* message) {
+    if (fakeHub.onPayload) {
+        fakeHub.onPayload();
+    }
     return message->payload;
 }
 

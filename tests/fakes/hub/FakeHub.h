@@ -20,6 +20,9 @@ struct FakeHub {
     std::string failure = "the bus said no";
     // The message of every refused reply; empty: replies are sent.
     std::string replyFailure;
+    // Called for each request, before it is done, and for each look at a payload.
+    std::function<void(const std::string& what)> onRequest;
+    std::function<void()> onPayload;
     // Called for each reply, before it counts as sent.
     std::function<void(const std::string& text)> onReply;
 
@@ -27,6 +30,8 @@ struct FakeHub {
     std::vector<std::pair<std::string, const HubMethod*>> categories;
     GMainLoop* loop = nullptr;
 
+    // A registered category's table; ends the test program when there is none.
+    const HubMethod* tableOf(const std::string& category) const;
     // Calls a method of a registered category with a payload, null for none. The
     // reply, or nothing when the method sent none. Ends the test program when
     // there is no such method, when it says that it did not handle the call, or

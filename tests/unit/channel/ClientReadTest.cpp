@@ -3,6 +3,7 @@
 #include <sys/msg.h>
 
 #include <cerrno>
+#include <thread>
 
 #include "RawQueue.h"
 #include "SystemCalls.h"
@@ -93,6 +94,30 @@ TEST_F(ClientReadTest, AnInfiniteOneWaitsInTheSystem) {
     EXPECT_EQ(message.value, 3);
     EXPECT_EQ(systemCalls.receives, 1);
     EXPECT_EQ(systemCalls.sleeps, 0);
+}
+
+TEST_F(ClientReadTest, AnInfiniteOneSleepsUntilARecordComes) {
+    EXPECT_EQ(DocAdapterMessageQueue::TIMEOUT_INFINITE, 0xFFFFFFFFU);
+    std::thread service([this] {
+        while (systemCalls.receives == 0) {
+            std::this_thread::yield();
+        }
+        post(output(kAddressee, _OPENED, 3));
+    });
+    EXPECT_EQ(queue.ReadMessage(kAddressee, message, DocAdapterMessageQueue::TIMEOUT_INFINITE), 12);
+    service.join();
+    EXPECT_EQ(systemCalls.receives, 1);
+    EXPECT_EQ(systemCalls.sleeps, 0);
+}
+
+TEST_F(ClientReadTest, TimeOutsAreUnsigned) {
+    systemCalls.onSleep = [this](int number) {
+        if (number == 2) {
+            post(output(kAddressee, _PAINT_DONE, 11));
+        }
+    };
+    EXPECT_EQ(queue.ReadMessage(kAddressee, message, 0xFFFFFFFEU), 12);
+    EXPECT_EQ(systemCalls.sleeps, 2);
 }
 
 TEST_F(ClientReadTest, OtherAddresseesRecordsStay) {

@@ -33,13 +33,19 @@ protected:
         }
         return count;
     }
-    // Fills the queue with output, numbered by value; how many.
+    // Fills the queue with output, numbered by value, as far as the service does; how many.
     int fillWithOutput(long addressee, ClientMessageId what) const {
         int count = 0;
-        while (post(output(addressee, what, count))) {
+        while (room() >= ServerClientMessage::textSize + ClientServerMessage::textSize) {
+            EXPECT_TRUE(post(output(addressee, what, count)));
             ++count;
         }
         return count;
+    }
+    unsigned long room() const {
+        msqid_ds status = {};
+        msgctl(id, IPC_STAT, &status);
+        return status.msg_qbytes - status.msg_cbytes;
     }
     int read() {
         EXPECT_EQ(queue.ReadMessage(message), 20);
@@ -149,11 +155,35 @@ TEST_F(FullQueueTest, TheServicesOwnRecordsFindRoomToo) {
 
 TEST_F(FullQueueTest, AClientThatNeverReadsLosesItsOldestRequestsToPaint) {
     const int count = fillWithOutput(kView, _INVALIDATED);
-    ASSERT_EQ(count, 1365);
+    ASSERT_EQ(count, 1363);
     for (int i = 0; i < 500; ++i) {
         ASSERT_EQ(queue.SendMessage(output(kView, _INVALIDATED, count + i)), 0);
     }
     EXPECT_EQ(takeValues(kView), numbers(500, count + 500));
+}
+
+TEST_F(FullQueueTest, OutputLeavesRoomForOneRecordOfAClient) {
+    for (const ClientMessageId what : {_INVALIDATED, _SLIDE_CHANGED, _OPENED}) {
+        for (int i = 0; i < 1500; ++i) {
+            ASSERT_EQ(queue.SendMessage(output(kView, what, i)), 0);
+        }
+        for (int docid = 1; docid < 4; ++docid) {
+            EXPECT_TRUE(post(ClientServerMessage(_PEN_MOVE, docid))) << "a client would be shut out";
+            EXPECT_EQ(read(), docid);
+        }
+    }
+    EXPECT_EQ(waiting(), 1363U) << "and no more than that";
+}
+
+TEST_F(FullQueueTest, AQueueTooSmallForSpareRoomIsUsedAllTheSame) {
+    msqid_ds status = {};
+    ASSERT_EQ(msgctl(id, IPC_STAT, &status), 0);
+    status.msg_qbytes = 24; // two records of output
+    ASSERT_EQ(msgctl(id, IPC_SET, &status), 0);
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(queue.SendMessage(output(kView, _OPENED, i)), 0);
+    }
+    EXPECT_EQ(takeValues(kView), std::vector{2});
 }
 
 TEST_F(FullQueueTest, WhatIsNotGivenUpStaysInOrder) {
@@ -266,6 +296,7 @@ TEST_F(FullQueueTest, ClientsThatWaitForRoomGetItAndLoseNothing) {
 
 TEST_F(FullQueueTest, BothEndsFullAtOnceNeverLockUp) {
     // A client that posts without reading, and one that only ever paints.
+    fillWithOutput(kView, _SLIDE_CHANGED);
     std::atomic<bool> done{false};
     std::thread flood([&] {
         DocAdapterMessageQueue end;
@@ -274,14 +305,19 @@ TEST_F(FullQueueTest, BothEndsFullAtOnceNeverLockUp) {
             ASSERT_EQ(end.SendMessage(ClientServerMessage(_PEN_MOVE, 0)), 0);
         }
     });
+    // With a pause: a mutex is not fair, and nobody else would get it for long.
+    std::atomic<int> paints{0};
     std::thread notifier([&] {
         for (int i = 0; !done; ++i) {
+            while (!done && i > 2 * paints) {
+                std::this_thread::yield();
+            }
             ASSERT_EQ(queue.SendMessage(output(kView, i % 2 == 0 ? _INVALIDATED : _SLIDE_CHANGED, i)), 0);
         }
     });
-    for (int i = 0; i < 200; ++i) {
+    for (; paints < 30; ++paints) {
         ASSERT_GE(queue.ReadMessage(message), 0);
-        ASSERT_EQ(queue.SendPaintDone(1, i), 0);
+        ASSERT_EQ(queue.SendPaintDone(1, paints), 0);
     }
     done = true;
     notifier.join();

@@ -201,6 +201,18 @@ TEST_F(QueueTest, ASendToARemovedQueueCloses) {
     EXPECT_EQ(queue.messagesSent(), 0);
 }
 
+TEST_F(QueueTest, ASenderThatWaitsForRoomWakesUpWhenTheQueueGoes) {
+    while (post(ClientServerMessage(_PEN_MOVE, 0))) {
+    }
+    CaptureStderr();
+    std::thread sender([this] { EXPECT_EQ(queue.SendMessage(ClientServerMessage(_PAINT, 0)), -1); });
+    remove();
+    sender.join();
+    EXPECT_THAT(GetCapturedStderr(), testing::StartsWith("Failure sending messages: "));
+    EXPECT_FALSE(queue.isOpen());
+    EXPECT_EQ(queue.messagesSent(), 0);
+}
+
 TEST_F(QueueTest, ATypeThatCannotBeSentFailsAndLeavesItOpen) {
     CaptureStderr();
     EXPECT_EQ(queue.SendMessage(ServerClientMessage(0, _INVALIDATED)), -1);

@@ -79,6 +79,32 @@ TEST(ClientRecord, ConstructorsLeaveTheTailAlone) {
     EXPECT_EQ(typed->y, 0);
 }
 
+TEST(ClientRecord, TypesHaveTheirNumbers) {
+    EXPECT_EQ(_PAINT, 1);
+    EXPECT_EQ(_KEY_DOWN, 2);
+    EXPECT_EQ(_KEY_UP, 3);
+    EXPECT_EQ(_PEN_DOWN, 4);
+    EXPECT_EQ(_PEN_UP, 5);
+    EXPECT_EQ(_PEN_MOVE, 6);
+    EXPECT_EQ(_GESTURE_START, 7);
+    EXPECT_EQ(_GESTURE_CHANGE, 8);
+    EXPECT_EQ(_GESTURE_END, 9);
+    EXPECT_EQ(_WIDE_MODE, 10);
+}
+
+TEST(ServiceRecord, IdsHaveTheirNumbers) {
+    EXPECT_EQ(_INVALIDATED, 0);
+    EXPECT_EQ(_HYPERLINK, 1);
+    EXPECT_EQ(_SHEET_EVENT_2, 2);
+    EXPECT_EQ(_CLICK_UNUSED, 3);
+    EXPECT_EQ(_SHEET_EVENT_4, 4);
+    EXPECT_EQ(_SHEET_EVENT_5, 5);
+    EXPECT_EQ(_SHEET_EVENT_6, 6);
+    EXPECT_EQ(_SLIDE_CHANGED, 7);
+    EXPECT_EQ(_OPENED, 8);
+    EXPECT_EQ(_PAINT_DONE, 9);
+}
+
 TEST(ServiceRecord, TextIsTwelveBytes) {
     ServerClientMessage message(4096, _OPENED);
     message.value = 2;

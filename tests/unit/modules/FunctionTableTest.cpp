@@ -97,6 +97,14 @@ TYPED_TEST(FunctionTable, HoldsInEachMemberTheFunctionOfItsPlace) {
     dlclose(handle);
 }
 
+TYPED_TEST(FunctionTable, KeepsItsModulesNamesToItself) {
+    typename TypeParam::Table table;
+    void* handle = table.SetFunctionPointers();
+    EXPECT_EQ(dlsym(RTLD_DEFAULT, TypeParam::names()[0].c_str()), nullptr) << "other modules would see it";
+    dlerror();
+    dlclose(handle);
+}
+
 TYPED_TEST(FunctionTable, FilledAgainKeepsItsAddressesAndTakesASecondReference) {
     auto& table = Singleton<typename TypeParam::Table>::Instance();
     ASSERT_FALSE(isLoaded(TypeParam::kFile));

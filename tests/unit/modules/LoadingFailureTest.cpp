@@ -105,6 +105,16 @@ TEST_F(Loading, FindsACompleteModuleAlongTheSearchPath) {
     }
 }
 
+// What is not called need not be there, and a null address that the loader does
+// not call an error is taken as it is.
+TEST_F(Loading, BindsLazilyAndAcceptsANullAddress) {
+    fs::copy(fs::path(UNBOUND_MODULE_DIR) / kKinds[2].file, modules());
+    const Outcome outcome = load(kKinds[2]);
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.output, "loaded\n");
+    EXPECT_EQ(outcome.errors, "");
+}
+
 TEST_F(Loading, OfAMissingModuleEndsTheProcessWithTheLoadersMessage) {
     for (const Kind& kind : kKinds) {
         const Outcome outcome = load(kind);

@@ -20,6 +20,13 @@ protected:
         return {"getDocProperties", "nextResult",     "previousResult",
                 "closeSearch",      "clearSelection", "getMimeInfo"};
     }
+    static std::vector<std::string> allMethods() {
+        std::vector<std::string> methods = docidMethods();
+        methods.emplace_back("Search");
+        return methods;
+    }
+    // A payload with all that any of the methods takes.
+    static constexpr char kComplete[] = R"({"docid": 0, "search": "x"})";
 };
 
 TEST_F(CommonMethodsTest, GetDocPropertiesAnswersTheViewsText) {
@@ -96,16 +103,16 @@ TEST_F(CommonMethodsTest, DocumentsThatDoNotExistAreTold) {
 
 TEST_F(CommonMethodsTest, ParametersAreCheckedBeforeTheRegistryIsLocked) {
     const StuckRegistry stuck;
-    for (const std::string& method : docidMethods()) {
+    for (const std::string& method : allMethods()) {
         EXPECT_EQ(call("/common", method, "{}"), kNoDocidText) << method;
     }
 }
 
 TEST_F(CommonMethodsTest, WithoutTheRegistryThereIsNoReply) {
     const StuckRegistry stuck;
-    for (const std::string& method : docidMethods()) {
+    for (const std::string& method : allMethods()) {
         CaptureStderr();
-        EXPECT_EQ(call("/common", method, R"({"docid": 0})"), std::nullopt) << method;
+        EXPECT_EQ(call("/common", method, kComplete), std::nullopt) << method;
         EXPECT_EQ(GetCapturedStderr(), "Unable to acquire mutex: 35.");
     }
 }
@@ -119,15 +126,25 @@ TEST_F(CommonMethodsTest, ARegistryThatCannotBeUnlockedIsReportedAfterTheReply) 
     systemCalls.failingUnlock = nullptr;
 }
 
-TEST_F(CommonMethodsTest, ViewsAreCalledWithTheRegistryHeldAndReliedOnInOrder) {
+TEST_F(CommonMethodsTest, ViewsMessagesAndRepliesHaveTheRegistryHeld) {
     const int docid = addView();
-    view(docid).onCall = [] { EXPECT_EQ(pthread_mutex_trylock(&gDocumentsMutex), EBUSY); };
-    fakeHub.onReply = [](const std::string&) { EXPECT_EQ(pthread_mutex_trylock(&gDocumentsMutex), EBUSY); };
-    for (const std::string& method : docidMethods()) {
-        call("/common", method, R"({"docid": 0})");
-        EXPECT_EQ(pthread_mutex_trylock(&gDocumentsMutex), 0) << method;
-        pthread_mutex_unlock(&gDocumentsMutex);
+    int replies = 0;
+    int messages = 0;
+    view(docid).onCall = [] { EXPECT_TRUE(registryIsHeld()); };
+    systemCalls.onSend = [&](long) {
+        EXPECT_TRUE(registryIsHeld());
+        ++messages;
+    };
+    fakeHub.onReply = [&](const std::string&) {
+        EXPECT_TRUE(registryIsHeld());
+        ++replies;
+    };
+    for (const std::string& method : allMethods()) {
+        call("/common", method, kComplete);
+        EXPECT_FALSE(registryIsHeld()) << method;
     }
+    EXPECT_EQ(replies, 7);
+    EXPECT_EQ(messages, 5);
     view(docid).onCall = nullptr;
 }
 

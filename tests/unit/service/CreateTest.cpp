@@ -1,6 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 // The bus method "create".
+#include <sched.h>
+
+#include <cstring>
+
 #include "ClientSide.h"
+#include "modules/Singleton.h"
+#include "modules/WTGFunc.h"
+#include "service/RenderWorker.h"
 #include "tests/fakes/word/FakeWordModule.h"
 
 namespace {
@@ -68,11 +75,17 @@ TEST_F(CreateTest, OfADocidTheStatusHasTheLowByte) {
 }
 
 TEST_F(CreateTest, TheReplyComesBeforeTheOpenedMessageAndAfterTheMarks) {
-    const ClientFrame frame(kSize);
+    ClientFrame frame(kSize);
+    frame.setStatus(99);
     bool replied = false;
     fakeHub.onReply = [&](const std::string& text) {
         replied = true;
         EXPECT_EQ(waiting(), 0U);
+        EXPECT_TRUE(registryIsHeld());
+        EXPECT_EQ(frame.status(), 0);
+        shmid_ds status = {};
+        ASSERT_EQ(shmctl(static_cast<int>(frame.pixel(0)), IPC_STAT, &status), 0);
+        EXPECT_NE(status.shm_perm.mode & SHM_DEST, 0);
         EXPECT_THAT(text, HasSubstr('"' + std::to_string(frame.pixel(0)) + '"'));
     };
     create("a.doc", frame);
@@ -95,6 +108,82 @@ TEST_F(CreateTest, AFileThatDoesNotOpenIsKeptAndReportedByMessage) {
     EXPECT_EQ(messages[0].extra, 26);
     EXPECT_THAT(systemCalls.takeLog(), ElementsAre("<5> Error 0x1a opening '/x/code-26.docx'."));
     EXPECT_TRUE(DocumentExists(1));
+}
+
+TEST_F(CreateTest, AFailedOpenIsLoggedAfterTheReplyAndBeforeTheMessage) {
+    const ClientFrame frame(kSize);
+    fakeHub.onReply = [](const std::string&) { EXPECT_THAT(systemCalls.takeLog(), IsEmpty()); };
+    bool sent = false;
+    systemCalls.onSend = [&](long type) {
+        sent = true;
+        EXPECT_EQ(type, static_cast<long>(dataStoreOf(0)));
+        EXPECT_THAT(systemCalls.takeLog(), SizeIs(1));
+    };
+    expectCreated(0, "/x/code-26.docx", frame);
+    EXPECT_TRUE(sent);
+}
+
+TEST_F(CreateTest, TheFrameIsAttachedBeforeTheRegistryIsLocked) {
+    const ClientFrame frame(kSize);
+    bool attached = false;
+    systemCalls.onFrameAttach = [&] {
+        attached = true;
+        EXPECT_FALSE(registryIsHeld());
+    };
+    expectCreated(0, "a.doc", frame);
+    EXPECT_TRUE(attached);
+}
+
+TEST_F(CreateTest, ASecondViewOfAKindLeavesTheModulesTableAlone) {
+    ClientFrame frame(kSize);
+    create("a.doc", frame);
+    const WTGFunc before = Singleton<WTGFunc>::Instance();
+    create("b.doc", frame);
+    EXPECT_EQ(std::memcmp(&Singleton<WTGFunc>::Instance(), &before, sizeof before), 0);
+    destroy(0);
+    EXPECT_TRUE(serveMessage(ClientServerMessage(_PAINT, 1)));
+    EXPECT_EQ(frame.pixel(kWidth), fakeWordPixel(1, 0)) << "the other one works on";
+}
+
+TEST_F(CreateTest, EveryCallOnADocumentThatDidNotOpenIsSurvived) {
+    const ClientFrame frame(kSize);
+    expectCreated(0, "/x/code-8.docx", frame);
+    const std::string payload = R"({"docid": 0, "search": "x", "xCoord": 5, "yCoord": 5, "chr": 1,)"
+                                R"( "modifiers": 0, "wideMode": true})";
+    for (const std::string category : {"/common", "/events", "/word"}) {
+        for (const HubMethod* method = fakeHub.tableOf(category); method->name != nullptr; ++method) {
+            const std::string name = method->name;
+            if (name != "create" && name != "destroy" && name != "ping") {
+                const auto reply = call(category, name, payload);
+                ASSERT_TRUE(reply) << name;
+                EXPECT_THAT(*reply, testing::Not(HasSubstr("errorCode"))) << name;
+            }
+        }
+    }
+    EXPECT_EQ(call("/common", "Search", payload), R"({ "resultcount": 0 })");
+    for (long type = _PAINT; type <= _WIDE_MODE; ++type) {
+        EXPECT_TRUE(serveMessage(ClientServerMessage(type, 0)));
+    }
+    EXPECT_THAT(takeMessages(101), SizeIs(1)) << "the paint";
+}
+
+TEST_F(CreateTest, AViewWithoutADataStoreTakesNobodysSegmentDown) {
+    // The first segment of a fresh namespace is number 0, which no data store has.
+    ASSERT_EQ(unshare(CLONE_NEWIPC), 0);
+    ASSERT_EQ(g_msgQueue.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId), 0);
+    const ClientFrame other(kSize, shmget(IPC_PRIVATE, kSize, IPC_CREAT | 0600));
+    ASSERT_EQ(other.id(), 0);
+    const ClientFrame frame(kSize);
+    systemCalls.noSegments = true;
+    CaptureStderr();
+    expectCreated(0, "a.doc", frame);
+    EXPECT_EQ(GetCapturedStderr(),
+              "shmget: No space left on device\nFailure sending messages: Invalid argument\n");
+    systemCalls.noSegments = false;
+    EXPECT_EQ(dataStoreOf(0), 0U);
+    shmid_ds status = {};
+    ASSERT_EQ(shmctl(other.id(), IPC_STAT, &status), 0);
+    EXPECT_EQ(status.shm_perm.mode & SHM_DEST, 0);
 }
 
 TEST_F(CreateTest, OpensTheFileWithThePasswordOrNone) {
@@ -199,8 +288,9 @@ TEST_F(CreateTest, WithoutTheRegistryThereIsNoReplyAndNothingIsKept) {
     EXPECT_EQ(create("\"a\": 1"), kNoParameterText) << "parameters are checked before";
 }
 
-TEST_F(CreateTest, WithoutMemoryForTheReplyThereIsNoneAndNoMessage) {
-    const ClientFrame frame(kSize);
+TEST_F(CreateTest, WithoutMemoryForTheReplyThereIsNoneAndNeitherMarksNorMessage) {
+    ClientFrame frame(kSize);
+    frame.setStatus(99);
     systemCalls.noJsonObjects = true;
     fakeWord().results["wtg_open_file"] = 3;
     EXPECT_EQ(create("a.doc", frame), std::nullopt);
@@ -208,6 +298,8 @@ TEST_F(CreateTest, WithoutMemoryForTheReplyThereIsNoneAndNoMessage) {
     EXPECT_EQ(waiting(), 0U);
     EXPECT_THAT(systemCalls.takeLog(), IsEmpty());
     EXPECT_TRUE(DocumentExists(0));
+    EXPECT_EQ(frame.pixel(0), 0U);
+    EXPECT_EQ(frame.status(), 99);
     shmctl(static_cast<int>(dataStoreOf(0)), IPC_RMID, nullptr);
 }
 
@@ -218,6 +310,17 @@ TEST_F(CreateTest, PaintAnswersToAnEarlierDocumentOfTheNumberAreDiscarded) {
     create("a.doc", frame);
     EXPECT_THAT(takeMessages(101), IsEmpty());
     EXPECT_THAT(takeMessages(102), SizeIs(1));
+}
+
+TEST_F(CreateTest, ARegistryThatCannotBeUnlockedIsReported) {
+    const ClientFrame frame(kSize);
+    systemCalls.failingUnlock = &gDocumentsMutex;
+    CaptureStderr();
+    expectCreated(0, "a.doc", frame);
+    EXPECT_EQ(GetCapturedStderr(), "Unable to release mutex: 1.");
+    CaptureStderr();
+    destroy(0);
+    EXPECT_EQ(GetCapturedStderr(), "Unable to release mutex: 1.");
 }
 
 TEST_F(CreateTest, AFailedMessageChangesNothingElse) {

@@ -63,6 +63,31 @@ TEST_F(EventMethodsTest, ADoubleClickLocksForItself) {
                 ElementsAre("handleDoubleClick(11, -12)", "message 0", kReplyDone));
 }
 
+TEST_F(EventMethodsTest, ViewsMessagesAndRepliesHaveTheRegistryHeld) {
+    const int docid = addView();
+    int replies = 0;
+    int messages = 0;
+    view(docid).onCall = [] { EXPECT_TRUE(registryIsHeld()); };
+    view(docid).clickResult = false;
+    systemCalls.onSend = [&](long) {
+        EXPECT_TRUE(registryIsHeld());
+        ++messages;
+    };
+    fakeHub.onReply = [&](const std::string&) {
+        EXPECT_TRUE(registryIsHeld());
+        ++replies;
+    };
+    for (const auto& methods : {kPointMethods, kKeyMethods}) {
+        for (const std::string& method : methods) {
+            call("/events", method, kComplete);
+            EXPECT_FALSE(registryIsHeld()) << method;
+        }
+    }
+    EXPECT_EQ(replies, 8);
+    EXPECT_EQ(messages, 4);
+    view(docid).onCall = nullptr;
+}
+
 TEST_F(EventMethodsTest, PingIsNotAnswered) {
     EXPECT_EQ(call("/events", "ping", "{}"), std::nullopt);
 }

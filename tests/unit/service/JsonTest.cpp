@@ -5,6 +5,7 @@
 
 #include <climits>
 #include <string>
+#include <utility>
 
 #include "SystemCalls.h"
 #include "view/JsonReply.h"
@@ -67,6 +68,17 @@ TEST(JsonReaders, NothingIsThereInWhatIsNoObject) {
         const JsonObject object(json_tokener_parse(text));
         expectMissing(object.get(), "k");
     }
+}
+
+TEST(JsonReaders, AMemberThatIsAnErrorIsMissing) {
+    const JsonObject object(json_tokener_parse(R"({"k": 1})"));
+    lh_entry* entry = lh_table_lookup_entry(json_object_get_object(object.get()), "k");
+    const void* value = std::exchange(entry->v, nullptr);
+    for (const long error : {-1L, -22L, -3999L}) {
+        entry->v = reinterpret_cast<void*>(error);
+        expectMissing(object.get(), "k");
+    }
+    entry->v = value;
 }
 
 TEST(JsonReaders, IntsConvertWhateverIsThere) {

@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 // Start-up and its failures, and the orderly stop. A process each: what starts
 // here changes its signals and its threads.
-#include "service/Lifecycle.h"
+#include <dlfcn.h>
 
-#include <sys/ipc.h>
-#include <sys/msg.h>
-
+#include <atomic>
 #include <cerrno>
-#include <csignal>
+#include <chrono>
+#include <thread>
 
-#include "ServiceTest.h"
+#include "LifecycleTest.h"
 #include "channel/QueueOwner.h"
 #include "service/IdleClock.h"
+#include "service/Signals.h"
 
 namespace {
 
@@ -28,22 +28,6 @@ const std::vector<std::string> kStart = {"register com.kestrel.office",
                                          "category /ppt",
                                          "attach"};
 
-class LifecycleTest : public testing::Test {
-protected:
-    void SetUp() override {
-        fakeHub.reset();
-        systemCalls.takeLog();
-    }
-    void TearDown() override {
-        systemCalls.threadsUntilError = -1;
-        g_msgQueue.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId);
-        g_msgQueue.Remove();
-    }
-    // Calls something from within the service's loop.
-    static void inLoop(GSourceFunc function) { g_idle_add(function, nullptr); }
-    static bool queueExists() { return msgget(ftok("/tmp", DocAdapterMessageQueue::projectId), 0) != -1; }
-};
-
 TEST_F(LifecycleTest, RegistersEverythingInOrderAndStopsInOrderOnSigterm) {
     inLoop([](void*) -> gboolean {
         raise(SIGTERM);
@@ -55,6 +39,126 @@ TEST_F(LifecycleTest, RegistersEverythingInOrderAndStopsInOrderOnSigterm) {
                 ElementsAre("<6> Starting LecternServer", "<6> Stopping LecternServer: terminated by signal",
                             "<6> Stopping LecternServer: normal"));
     EXPECT_TRUE(queueExists()) << "an orderly stop leaves the queue";
+}
+
+TEST_F(LifecycleTest, TheQueueIsForEverybody) {
+    inLoop([](void*) -> gboolean {
+        msqid_ds status = {};
+        msgctl(msgget(ftok("/tmp", DocAdapterMessageQueue::projectId), 0), IPC_STAT, &status);
+        EXPECT_EQ(status.msg_perm.mode & 0777, 0666);
+        raise(SIGTERM);
+        return G_SOURCE_REMOVE;
+    });
+    EXPECT_EQ(runService(), 0);
+}
+
+TEST_F(LifecycleTest, ASigtermThatComesBeforeTheLoopRunsCountsWhenItDoes) {
+    fakeHub.onRequest = [](const std::string& what) {
+        if (what == "category /word") {
+            raise(SIGTERM);
+        }
+    };
+    EXPECT_EQ(runService(), 0);
+    EXPECT_EQ(fakeHub.requests, kStart);
+    EXPECT_THAT(systemCalls.takeLog(),
+                ElementsAre("<6> Starting LecternServer", "<6> Stopping LecternServer: terminated by signal",
+                            "<6> Stopping LecternServer: normal"));
+}
+
+TEST_F(LifecycleTest, TheStopWaitsForTheWorkerAndLeavesDocumentsAlone) {
+    static std::atomic<bool> called;
+    static std::atomic<bool> finished;
+    called = finished = false;
+    std::vector<std::string> trace;
+    static std::atomic<int> lines;
+    lines = 0;
+    systemCalls.onLog = [] { ++lines; };
+    gDocuments.emplace_back();
+    gDocuments[0].view = std::make_unique<RecordingView>(trace, 5000);
+    auto& view = static_cast<RecordingView&>(*gDocuments[0].view);
+    view.onCall = [] {
+        called = true;
+        // The third line would be the service's last.
+        for (int wait = 0; wait < 50 && lines < 3; ++wait) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
+        finished = true;
+    };
+    inLoop([](void*) -> gboolean {
+        g_msgQueue.SendMessage(ClientServerMessage(_PEN_MOVE, 0));
+        while (!called) {
+            sched_yield();
+        }
+        raise(SIGTERM);
+        return G_SOURCE_REMOVE;
+    });
+    EXPECT_EQ(runService(), 0);
+    EXPECT_TRUE(finished);
+    EXPECT_THAT(trace, ElementsAre("handlePenMove(0, 0)"));
+    view.onCall = nullptr;
+    gDocuments.clear();
+}
+
+// A module that counts how often it is told of the stop.
+class ModuleTellingTest : public LifecycleTest {
+protected:
+    void SetUp() override {
+        LifecycleTest::SetUp();
+        module = dlopen("SheetToGoModule.so", RTLD_LAZY);
+        ASSERT_NE(module, nullptr) << dlerror();
+        stops = reinterpret_cast<int (*)()>(dlsym(module, "stop_count"));
+        before = stops();
+    }
+    void TearDown() override {
+        dlclose(module);
+        LifecycleTest::TearDown();
+    }
+
+    static inline int (*stops)();
+    static inline int before;
+    void* module = nullptr;
+};
+
+TEST_F(ModuleTellingTest, ASigtermReachesModulesWhileTheMainThreadIsBusy) {
+    inLoop([](void*) -> gboolean {
+        raise(SIGTERM);
+        while (stops() == before) { // as a call into the module that this is to cut short
+            sched_yield();
+        }
+        return G_SOURCE_REMOVE;
+    });
+    EXPECT_EQ(runService(), 0);
+}
+
+TEST_F(ModuleTellingTest, AnIdleStopTellsThemToo) {
+    inLoop([](void*) -> gboolean {
+        g_main_loop_quit(g_mainloop);
+        return G_SOURCE_REMOVE;
+    });
+    EXPECT_EQ(runService(), 0);
+    EXPECT_EQ(stops(), before + 1);
+}
+
+TEST_F(LifecycleTest, WithoutACallItStopsAtTheCheckOfTheThirtySecondSecond) {
+    systemCalls.now = 1000;
+    systemCalls.timersAtOnce = true;
+    EXPECT_EQ(runService(), 0);
+    EXPECT_EQ(systemCalls.now, 1032);
+}
+
+TEST_F(LifecycleTest, APingPutsTheStopOff) {
+    systemCalls.now = 1000;
+    systemCalls.timersAtOnce = true;
+    inLoop([](void*) -> gboolean {
+        if (systemCalls.now < 1020) {
+            return G_SOURCE_CONTINUE;
+        }
+        EXPECT_EQ(systemCalls.now, 1020);
+        EXPECT_EQ(fakeHub.call("/events", "ping", "{}"), std::nullopt);
+        return G_SOURCE_REMOVE;
+    });
+    EXPECT_EQ(runService(), 0);
+    EXPECT_EQ(systemCalls.now, 1052);
 }
 
 TEST_F(LifecycleTest, ServesCallsAndRecordsWhileItRuns) {
@@ -90,15 +194,16 @@ TEST_F(LifecycleTest, TheIdleClockStartsWithTheService) {
 
 TEST_F(LifecycleTest, InstallsItsSignalHandlers) {
     inLoop([](void*) -> gboolean {
-        for (const int number :
-             {SIGINT, SIGHUP, SIGQUIT, SIGTERM, SIGABRT, SIGILL, SIGFPE, SIGBUS, SIGSEGV}) {
-            struct sigaction action = {};
-            sigaction(number, nullptr, &action);
-            EXPECT_NE(action.sa_handler, SIG_DFL) << number;
+        for (const int number : {SIGINT, SIGHUP, SIGQUIT, SIGABRT, SIGILL, SIGFPE, SIGBUS, SIGSEGV}) {
+            EXPECT_EQ(handlerOf(number).sa_handler, handle_signal) << number;
         }
-        struct sigaction action = {};
-        sigaction(SIGPIPE, nullptr, &action);
-        EXPECT_EQ(action.sa_handler, SIG_IGN);
+        const struct sigaction term = handlerOf(SIGTERM);
+        EXPECT_EQ(term.sa_handler, term_handler);
+        EXPECT_EQ(term.sa_flags & ~0x04000000, 0) << "all but the flag that is the C library's own";
+        for (int number = 1; number < NSIG; ++number) {
+            EXPECT_EQ(sigismember(&term.sa_mask, number), 0) << number;
+        }
+        EXPECT_EQ(handlerOf(SIGPIPE).sa_handler, SIG_IGN);
         raise(SIGTERM);
         return G_SOURCE_REMOVE;
     });
@@ -109,8 +214,10 @@ TEST_F(LifecycleTest, AFailedBusCallEndsTheStartAtThatStep) {
     for (size_t step = 0; step < kStart.size(); ++step) {
         fakeHub.reset();
         fakeHub.failing = kStart[step];
+        gLastActive = 77;
         CaptureStderr();
         EXPECT_EQ(runService(), -1);
+        EXPECT_EQ(gLastActive, 77) << "the clock is set later";
         EXPECT_EQ(GetCapturedStderr(), "error from Hub call: the bus said no\n");
         EXPECT_EQ(fakeHub.requests,
                   std::vector(kStart.begin(), kStart.begin() + static_cast<long>(step) + 1));
@@ -138,7 +245,22 @@ TEST_F(LifecycleTest, ARegistryMutexThatCannotBeMadeGivesItsErrorAndNoLine) {
     CaptureStderr();
     EXPECT_EQ(runService(), ENOMEM);
     EXPECT_EQ(GetCapturedStderr(), "");
+    EXPECT_THAT(systemCalls.takeLog(), ElementsAre("<6> Starting LecternServer"));
     EXPECT_THAT(fakeHub.requests, IsEmpty());
+    EXPECT_EQ(handlerOf(SIGTERM).sa_handler, handle_signal) << "comes first, its replacement later";
+}
+
+TEST_F(LifecycleTest, WithoutAQueueBusMethodsStillWork) {
+    systemCalls.noQueue = true;
+    inLoop([](void*) -> gboolean {
+        EXPECT_EQ(fakeHub.call("/common", "closeSearch", R"({"docid": 0})"), kNoDocument);
+        raise(SIGTERM);
+        return G_SOURCE_REMOVE;
+    });
+    CaptureStderr();
+    EXPECT_EQ(runService(), 0);
+    EXPECT_EQ(GetCapturedStderr(), "msgget: No space left on device\n");
+    systemCalls.noQueue = false;
 }
 
 TEST_F(LifecycleTest, ASecondServiceOnTheQueueIsRefusedBeforeItTouchesIt) {
@@ -148,42 +270,6 @@ TEST_F(LifecycleTest, ASecondServiceOnTheQueueIsRefusedBeforeItTouchesIt) {
     EXPECT_EQ(runService(), -1);
     EXPECT_EQ(GetCapturedStderr(), "Another service already serves the message queue.\n");
     EXPECT_FALSE(queueExists());
-}
-
-// What ends the process: the statuses are the signals' own.
-class SignalDeathTest : public LifecycleTest {
-protected:
-    // Runs a service that gets a signal, in a process of its own, and ends with
-    // status 99 when it is still there.
-    static void runWith(int number) {
-        static int signal;
-        signal = number;
-        inLoop([](void*) -> gboolean {
-            raise(signal);
-            return G_SOURCE_REMOVE;
-        });
-        runService();
-        _exit(99);
-    }
-};
-
-TEST_F(SignalDeathTest, SighupAndSigquitEndWithZero) {
-    EXPECT_EXIT(runWith(SIGHUP), testing::ExitedWithCode(0), "");
-    EXPECT_EXIT(runWith(SIGQUIT), testing::ExitedWithCode(0), "");
-}
-
-TEST_F(SignalDeathTest, OthersEndWithTheirNumber) {
-    for (const int number : {SIGINT, SIGABRT, SIGILL, SIGFPE, SIGBUS, SIGSEGV}) {
-        EXPECT_EXIT(runWith(number), testing::ExitedWithCode(number), "");
-    }
-}
-
-TEST_F(SignalDeathTest, TheQueueGoesWithTheProcess) {
-    for (const int number : {SIGINT, SIGSEGV}) {
-        ASSERT_NE(msgget(ftok("/tmp", DocAdapterMessageQueue::projectId), IPC_CREAT | 0666), -1);
-        EXPECT_EXIT(runWith(number), testing::ExitedWithCode(number), "");
-        EXPECT_FALSE(queueExists());
-    }
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Payloads that are none, and replies that the bus does not take.
 #include "ServiceTest.h"
+#include "service/BusCall.h"
 #include "service/IdleClock.h"
 
 namespace {
@@ -24,6 +25,42 @@ TEST_F(ReplyTest, ARefusedReplyIsReportedAndForgotten) {
     EXPECT_EQ(call("/common", "closeSearch", R"({"docid": 0})"), std::nullopt);
     EXPECT_EQ(GetCapturedStderr(), "1: caller has gone\n");
     EXPECT_THAT(trace, testing::ElementsAre("stopFind"));
+}
+
+TEST_F(ReplyTest, ItsSenderLearnsWhetherItWasSent) {
+    static std::vector<bool> results;
+    const HubMethod methods[] = {{"answer",
+                                [](HubHandle* handle, HubMessage* message, void*) {
+                                    results.push_back(HubMessageReplyWrapper(handle, message, "text"));
+                                    return true;
+                                },
+                                0},
+                               {nullptr, nullptr, 0}};
+    fakeHub.categories.emplace_back("/test", methods);
+    EXPECT_EQ(call("/test", "answer", ""), "text");
+    fakeHub.replyFailure = "caller has gone";
+    CaptureStderr();
+    call("/test", "answer", "");
+    EXPECT_EQ(GetCapturedStderr(), "1: caller has gone\n");
+    EXPECT_EQ(results, (std::vector{true, false}));
+}
+
+TEST_F(ReplyTest, TheIdleClockIsSetBeforeThePayloadIsRead) {
+    int payloads = 0;
+    fakeHub.onPayload = [&] {
+        ++payloads;
+        EXPECT_EQ(gLastActive, 5000);
+        gLastActive = 1; // the next call has to set it again
+    };
+    systemCalls.now = 5000;
+    for (const auto& [category, methods] : fakeHub.categories) {
+        for (const HubMethod* method = methods; method->name != nullptr; ++method) {
+            gLastActive = 1;
+            call(category, method->name, "{}");
+        }
+    }
+    EXPECT_GE(payloads, 18);
+    systemCalls.now = 0;
 }
 
 TEST_F(ReplyTest, TheIdleClockIsSetWhenACallBeginsAndWhenItEnds) {

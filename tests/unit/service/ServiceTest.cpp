@@ -5,6 +5,8 @@
 #include <sys/msg.h>
 #include <sys/shm.h>
 
+#include <cerrno>
+
 #include "service/MethodTables.h"
 
 void ServiceTest::SetUp() {
@@ -21,6 +23,10 @@ void ServiceTest::SetUp() {
 }
 
 void ServiceTest::TearDown() {
+    systemCalls.onSend = nullptr;
+    systemCalls.onFrameAttach = nullptr;
+    systemCalls.failingUnlock = nullptr;
+    systemCalls.now = 0;
     gDocuments.clear();
     g_msgQueue.Remove();
     EXPECT_EQ(segments(), segmentsBefore) << "a segment was left behind";
@@ -75,6 +81,14 @@ std::vector<std::string> ServiceTest::traceOf(const std::string& category, const
     fakeHub.onReply = nullptr;
     traceMessages();
     return trace;
+}
+
+bool ServiceTest::registryIsHeld() {
+    if (pthread_mutex_trylock(&gDocumentsMutex) == EBUSY) {
+        return true;
+    }
+    pthread_mutex_unlock(&gDocumentsMutex);
+    return false;
 }
 
 int ServiceTest::segments() {

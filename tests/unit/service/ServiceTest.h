@@ -53,6 +53,8 @@ protected:
                                      const std::string& payload);
 
     static int segments();
+    // Asked by its holder too.
+    static bool registryIsHeld();
 
     std::vector<std::string> trace;
     int segmentsBefore = 0;

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "SystemCalls.h"
 
+#include <glib.h>
 #include <json-c/json.h>
 #include <pthread.h>
 #include <sys/ipc.h>
 #include <sys/msg.h>
+#include <sys/shm.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <cstdarg>
@@ -22,8 +25,26 @@ std::vector<std::string> logLines;
 void log(int priority, const char* format, va_list arguments) {
     char text[1024];
     std::vsnprintf(text, sizeof text, format, arguments);
+    if (systemCalls.onLog) {
+        systemCalls.onLog();
+    }
+    if (systemCalls.echoLog) {
+        std::fprintf(stderr, "<%d> %s\n", priority, text);
+    }
     const std::lock_guard lock(logMutex);
     logLines.push_back("<" + std::to_string(priority) + "> " + text);
+}
+
+struct Timer {
+    guint seconds;
+    GSourceFunc function;
+    gpointer data;
+};
+
+gboolean fire(gpointer timer) {
+    const auto* self = static_cast<Timer*>(timer);
+    systemCalls.now += self->seconds;
+    return self->function(self->data);
 }
 
 } // namespace
@@ -52,6 +73,18 @@ int __wrap_pthread_create(pthread_t* thread, const pthread_attr_t* attributes, v
                           void* arg);
 ssize_t __real_msgrcv(int id, void* message, size_t size, long type, int flags);
 ssize_t __wrap_msgrcv(int id, void* message, size_t size, long type, int flags);
+int __real_msgget(key_t key, int flags);
+int __wrap_msgget(key_t key, int flags);
+int __real_shmget(key_t key, size_t size, int flags);
+int __wrap_shmget(key_t key, size_t size, int flags);
+int __real_msgsnd(int id, const void* message, size_t size, int flags);
+int __wrap_msgsnd(int id, const void* message, size_t size, int flags);
+void* __real_shmat(int id, const void* address, int flags);
+void* __wrap_shmat(int id, const void* address, int flags);
+int __real_usleep(useconds_t microseconds);
+int __wrap_usleep(useconds_t microseconds);
+guint __real_g_timeout_add_seconds(guint seconds, GSourceFunc function, gpointer data);
+guint __wrap_g_timeout_add_seconds(guint seconds, GSourceFunc function, gpointer data);
 
 void __wrap_syslog(int priority, const char* format, ...) {
     va_list arguments;
@@ -106,5 +139,48 @@ ssize_t __wrap_msgrcv(int id, void* message, size_t size, long type, int flags) 
         return -1;
     }
     return __real_msgrcv(id, message, size, type, flags);
+}
+
+int __wrap_msgget(key_t key, int flags) {
+    if (systemCalls.noQueue) {
+        errno = ENOSPC;
+        return -1;
+    }
+    return __real_msgget(key, flags);
+}
+
+int __wrap_shmget(key_t key, size_t size, int flags) {
+    if (systemCalls.noSegments) {
+        errno = ENOSPC;
+        return -1;
+    }
+    return __real_shmget(key, size, flags);
+}
+
+int __wrap_msgsnd(int id, const void* message, size_t size, int flags) {
+    if (systemCalls.onSend) {
+        systemCalls.onSend(*static_cast<const long*>(message));
+    }
+    return __real_msgsnd(id, message, size, flags);
+}
+
+void* __wrap_shmat(int id, const void* address, int flags) {
+    if ((flags & SHM_REMAP) != 0 && systemCalls.onFrameAttach) {
+        systemCalls.onFrameAttach();
+    }
+    return __real_shmat(id, address, flags);
+}
+
+int __wrap_usleep(useconds_t microseconds) {
+    systemCalls.slept += microseconds;
+    return __real_usleep(microseconds);
+}
+
+guint __wrap_g_timeout_add_seconds(guint seconds, GSourceFunc function, gpointer data) {
+    if (!systemCalls.timersAtOnce) {
+        return __real_g_timeout_add_seconds(seconds, function, data);
+    }
+    return g_idle_add_full(G_PRIORITY_DEFAULT_IDLE, fire, new Timer{seconds, function, data},
+                           [](gpointer timer) { delete static_cast<Timer*>(timer); });
 }
 }

@@ -6,6 +6,7 @@
 
 #include <atomic>
 #include <ctime>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,19 @@ struct SystemCalls {
     // The errors of the next receives that may wait, one each.
     std::atomic<int> receiveErrors{0};
     std::atomic<int> receiveError{0};
+    std::atomic<unsigned int> slept{0}; // microseconds, of all sleeps so far
+    // Timers of whole seconds come at once, and set the wall clock ahead instead.
+    std::atomic<bool> timersAtOnce{false};
+    std::atomic<bool> noQueue{false};   // no message queue can be had
+    std::atomic<bool> noSegments{false}; // no shared-memory segment can be had
+    // Lines for the log also go to standard error: for processes that end.
+    std::atomic<bool> echoLog{false};
+
+    // Called at the beginning of what they are named after, by whatever thread
+    // it is; may be empty. Set while there is one thread only.
+    std::function<void()> onLog;
+    std::function<void(long type)> onSend;
+    std::function<void()> onFrameAttach;
 };
 
 extern SystemCalls systemCalls;

@@ -17,6 +17,7 @@ protected:
 };
 
 TEST_F(WideModeTest, IsLeftToTheWorker) {
+    fakeHub.onReply = [](const std::string&) { EXPECT_EQ(waiting(), 1U) << "queued first"; };
     EXPECT_EQ(call("/word", "wideMode", R"({"docid": 4, "wideMode": true})"), kDone);
     const ClientServerMessage on = next();
     EXPECT_EQ(on.type, _WIDE_MODE);

@@ -41,6 +41,22 @@ TEST_F(WorkerDispatchTest, InputReachesTheViewAndMarksItDirty) {
     EXPECT_THAT(traceOf(record(6, docid, -7, 8)), ElementsAre("handlePenMove(-7, 8)"));
 }
 
+TEST_F(WorkerDispatchTest, TheViewIsDirtyBeforeItSeesTheInput) {
+    const int docid = addView();
+    int calls = 0;
+    view(docid).onCall = [&] {
+        EXPECT_TRUE(view(docid).mDirty);
+        EXPECT_TRUE(registryIsHeld());
+        ++calls;
+    };
+    for (long type = _KEY_DOWN; type <= _GESTURE_END; ++type) {
+        view(docid).mDirty = false;
+        serveMessage(record(type, docid));
+    }
+    EXPECT_EQ(calls, 8);
+    view(docid).onCall = nullptr;
+}
+
 TEST_F(WorkerDispatchTest, PenDownAndUpHoldTheViewsMutex) {
     const int docid = addView();
     EXPECT_THAT(traceOf(record(4, docid, 3, 4)), ElementsAre("handlePenDown(3, 4) locked"));
@@ -102,7 +118,13 @@ TEST_F(WorkerDispatchTest, APaintFillsTheFrameAndThenAnswers) {
         EXPECT_EQ(*gDocuments[static_cast<size_t>(docid)].status, 0);
         EXPECT_EQ(waiting(), 0U);
     };
+    systemCalls.onSend = [&](long type) {
+        EXPECT_EQ(type, docid + 101);
+        EXPECT_EQ(*gDocuments[static_cast<size_t>(docid)].status, 1) << "before the answer";
+        EXPECT_TRUE(registryIsHeld());
+    };
     EXPECT_TRUE(serveMessage(record(_PAINT, docid)));
+    systemCalls.onSend = nullptr;
     view(docid).onCall = nullptr;
     EXPECT_THAT(trace, ElementsAre("handlePaint", "SaveStateToDataStore")); // the first locks for itself
     EXPECT_EQ(frameOf(docid)[0], 0xFF123456U);
@@ -117,6 +139,8 @@ TEST_F(WorkerDispatchTest, APaintFillsTheFrameAndThenAnswers) {
 
 TEST_F(WorkerDispatchTest, APaintOfAViewThatHasNotChangedIsAnsweredToo) {
     const int docid = addView();
+    CpPixmap surface(4, 4);
+    view(docid).mDocPixmap = &surface;
     view(docid).mDirty = false;
     EXPECT_TRUE(serveMessage(record(_PAINT, docid)));
     EXPECT_THAT(trace, IsEmpty());
@@ -140,6 +164,7 @@ TEST_F(WorkerDispatchTest, PaintsOfUnknownDocumentsAreAnsweredMinusFour) {
     addView();
     doDestroy(0);
     trace.clear();
+    systemCalls.onSend = [](long) { EXPECT_FALSE(registryIsHeld()); };
     for (const int docid : {0, 2, 5000, -1}) {
         EXPECT_TRUE(serveMessage(record(_PAINT, docid)));
         const auto answers = takeMessages(docid + 101);
@@ -206,7 +231,20 @@ TEST_F(WorkerDispatchTest, ARegistryThatCannotBeUnlockedIsReportedAndTheWorkerGo
     CaptureStderr();
     EXPECT_TRUE(serveMessage(record(_PEN_MOVE, docid)));
     EXPECT_EQ(GetCapturedStderr(), "Unable to release mutex: 1.");
-    systemCalls.failingUnlock = nullptr;
+    CaptureStderr();
+    EXPECT_TRUE(serveMessage(record(_PAINT, 7)));
+    EXPECT_EQ(GetCapturedStderr(), "Unable to release mutex: 1.");
+    EXPECT_THAT(takeMessages(7 + 101), SizeIs(1)) << "who asked is answered all the same";
+}
+
+TEST_F(WorkerDispatchTest, ARegistryThatCannotBeUnlockedAfterAFailedReportIsReportedToo) {
+    addView();
+    g_msgQueue.Remove();
+    systemCalls.failingUnlock = &gDocumentsMutex;
+    CaptureStderr();
+    EXPECT_FALSE(serveMessage(record(_PAINT, 0)));
+    EXPECT_EQ(GetCapturedStderr(),
+              "Failure sending messages: Invalid argument\nUnable to release mutex: 1.");
 }
 
 } // namespace

@@ -104,6 +104,45 @@ TEST_F(WorkerThreadTest, ARecordTakenUpIsFinishedBeforeItIsCancelled) {
     view(docid).onCall = nullptr;
 }
 
+TEST_F(WorkerThreadTest, AClientThatNeverStopsPostingDoesNotKeepItFromEnding) {
+    addView();
+    view(0).onCall = [this] {
+        if (trace.size() < 1000) {
+            post(_PEN_MOVE, 0);
+        }
+        if (trace.size() == 10) {
+            ASSERT_EQ(pthread_cancel(worker), 0);
+        }
+    };
+    start();
+    post(_PEN_MOVE, 0);
+    EXPECT_EQ(join(), PTHREAD_CANCELED);
+    EXPECT_THAT(trace, SizeIs(10));
+    view(0).onCall = nullptr;
+}
+
+TEST_F(WorkerThreadTest, EndsByItselfWhenAPaintCannotBeReported) {
+    addView();
+    start();
+    pthread_mutex_lock(&gDocumentsMutex);
+    post(_PAINT, 0);
+    while (waiting() > 0) {
+        sched_yield();
+    }
+    // Nothing fits any more, though the queue is there and empty.
+    const int id = msgget(ftok("/tmp", DocAdapterMessageQueue::projectId), 0);
+    msqid_ds status = {};
+    msgctl(id, IPC_STAT, &status);
+    status.msg_qbytes = 8;
+    ASSERT_EQ(msgctl(id, IPC_SET, &status), 0);
+    CaptureStderr();
+    pthread_mutex_unlock(&gDocumentsMutex);
+    EXPECT_EQ(join(), nullptr);
+    EXPECT_EQ(GetCapturedStderr(), "Failure sending messages: Resource temporarily unavailable\n");
+    EXPECT_TRUE(g_msgQueue.isOpen());
+    EXPECT_EQ(call("/common", "getMimeInfo", R"({"docid": 0})"), "") << "bus methods still work";
+}
+
 TEST_F(WorkerThreadTest, EndsByItselfWhenTheQueueIsRemoved) {
     start();
     CaptureStderr();
@@ -113,8 +152,9 @@ TEST_F(WorkerThreadTest, EndsByItselfWhenTheQueueIsRemoved) {
     EXPECT_FALSE(g_msgQueue.isOpen());
 }
 
-TEST_F(WorkerThreadTest, ReadsThatFailOtherwiseAreReportedAndTriedAgain) {
+TEST_F(WorkerThreadTest, ReadsThatFailOtherwiseAreReportedAndTriedAgainAfterAPause) {
     addView();
+    systemCalls.slept = 0;
     systemCalls.receiveError = EACCES;
     systemCalls.receiveErrors = 3;
     CaptureStderr();
@@ -128,6 +168,26 @@ TEST_F(WorkerThreadTest, ReadsThatFailOtherwiseAreReportedAndTriedAgain) {
     join();
     const std::string line = "Can't read message from client: Permission denied\n";
     EXPECT_EQ(GetCapturedStderr(), line + line + line);
+    EXPECT_EQ(systemCalls.slept, 30000U);
+}
+
+TEST_F(WorkerThreadTest, AnInterruptedReadIsTriedAgainAtOnce) {
+    addView();
+    systemCalls.slept = 0;
+    systemCalls.receiveError = EINTR;
+    systemCalls.receiveErrors = 3;
+    CaptureStderr();
+    start();
+    while (systemCalls.receiveErrors > 0) {
+        sched_yield();
+    }
+    post(_PAINT, 0);
+    EXPECT_EQ(answer(0), 0);
+    pthread_cancel(worker);
+    join();
+    const std::string line = "Can't read message from client: Interrupted system call\n";
+    EXPECT_EQ(GetCapturedStderr(), line + line + line);
+    EXPECT_EQ(systemCalls.slept, 0U);
 }
 
 TEST_F(WorkerThreadTest, APaintWaitsForTheRegistryAndOvertakesInput) {

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <sys/ipc.h>
+#include <sys/msg.h>
+
+#include <csignal>
+
+#include "ServiceTest.h"
+#include "service/Lifecycle.h"
+
+// Tests with a whole service on the fake bus. A process each: what starts there
+// changes its signals and its threads.
+class LifecycleTest : public testing::Test {
+protected:
+    void SetUp() override {
+        fakeHub.reset();
+        systemCalls.takeLog();
+    }
+    void TearDown() override {
+        systemCalls.threadsUntilError = -1;
+        systemCalls.now = 0;
+        systemCalls.timersAtOnce = false;
+        systemCalls.onLog = nullptr;
+        g_msgQueue.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId);
+        g_msgQueue.Remove();
+    }
+    // Calls something from within the service's loop.
+    static void inLoop(GSourceFunc function) { g_idle_add(function, nullptr); }
+    static bool queueExists() { return msgget(ftok("/tmp", DocAdapterMessageQueue::projectId), 0) != -1; }
+    static struct sigaction handlerOf(int number) {
+        struct sigaction action = {};
+        sigaction(number, nullptr, &action);
+        return action;
+    }
+};
