@@ -38,23 +38,37 @@ std::vector<size_t> PlacedRanges::inRows(const LaidOutText& text, int64_t first,
     std::vector<size_t> found;
     if (mRanges.empty() || first >= last || first >= text.map.rows())
         return found;
-    const CharacterRange near = text.positions.around(text.map, first, last);
-    std::optional<LineBoxes> lines;
-    const auto start = std::chrono::steady_clock::now();
+    place(text, text.positions.around(text.map, first, last));
     for (size_t index = 0; index < mRanges.size(); ++index) {
-        if (mRanges[index].end <= near.start || mRanges[index].start >= near.end)
-            continue;
-        auto& place = mPlaces[index];
-        if (!place && std::chrono::steady_clock::now() - start < mostTime) {
-            if (!lines)
-                lines.emplace(text.painter, text.flow, text.positions);
-            place = textBoxes(text.map, lines->of(mRanges[index]));
-        }
-        if (place && std::any_of(place->begin(), place->end(),
-                                 [&](const TextBox& box) { return box.top < last && box.bottom > first; }))
+        if (mPlaces[index] &&
+            std::any_of(mPlaces[index]->begin(), mPlaces[index]->end(),
+                        [&](const TextBox& box) { return box.top < last && box.bottom > first; }))
             found.push_back(index);
     }
     return found;
+}
+
+void PlacedRanges::placeAll(const LaidOutText& text) {
+    place(text, {0, text.positions.count()});
+    for (auto& boxes : mPlaces) {
+        if (!boxes)
+            boxes.emplace();
+    }
+}
+
+void PlacedRanges::place(const LaidOutText& text, CharacterRange near) {
+    std::optional<LineBoxes> lines;
+    const auto start = std::chrono::steady_clock::now();
+    for (size_t index = 0; index < mRanges.size(); ++index) {
+        const CharacterRange& range = mRanges[index];
+        if (mPlaces[index] || range.end <= near.start || range.start >= near.end)
+            continue;
+        if (std::chrono::steady_clock::now() - start > mostTime)
+            break;
+        if (!lines)
+            lines.emplace(text.painter, text.flow, text.positions);
+        mPlaces[index] = textBoxes(text.map, lines->of(range));
+    }
 }
 
 } // namespace lectern::engine

@@ -39,10 +39,14 @@ public:
     // The ranges with a box that touches rows [first, last) of the text, as
     // indices, ascending.
     std::vector<size_t> inRows(const LaidOutText& text, int64_t first, int64_t last);
-    // Of one that inRows told of, from top to bottom.
+    // Places all of them, wherever they are; for a few.
+    void placeAll(const LaidOutText& text);
+    // Of one that is placed, as those are that inRows told of; from top to bottom.
     const std::vector<TextBox>& boxes(size_t index) const { return *mPlaces[index]; }
 
 private:
+    void place(const LaidOutText& text, CharacterRange near);
+
     std::vector<CharacterRange> mRanges;
     std::vector<std::optional<std::vector<TextBox>>> mPlaces;
 };

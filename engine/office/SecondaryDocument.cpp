@@ -5,6 +5,7 @@
 #include "modules/ModuleResults.h"
 
 #include <com/sun/star/datatransfer/XTransferableSupplier.hpp>
+#include <com/sun/star/frame/XFrame.hpp>
 #include <com/sun/star/text/XFootnote.hpp>
 #include <com/sun/star/text/XTextViewCursorSupplier.hpp>
 #include <com/sun/star/util/DateTime.hpp>
@@ -36,6 +37,25 @@ void copyText(const Reference<css::text::XText>& text, const OpenedDocument& fro
     view->getViewCursor()->collapseToStart();
 }
 
+// A document that is opened becomes the active one. The suite tells of
+// selections in that alone, and makes no other active when it goes.
+class Reactivation {
+public:
+    explicit Reactivation(const OpenedDocument& document) : mDocument(document) {}
+    ~Reactivation() {
+        try {
+            mDocument.model->getCurrentController()->getFrame()->activate();
+        } catch (const css::uno::Exception&) {
+            std::fprintf(stderr, "office: the document stays inactive\n");
+        }
+    }
+    Reactivation(const Reactivation&) = delete;
+    Reactivation& operator=(const Reactivation&) = delete;
+
+private:
+    const OpenedDocument& mDocument;
+};
+
 void writeNote(const SideText& note, const OpenedDocument& from, const OpenedDocument& into) {
     const Reference<css::text::XFootnote> footnote(note.object, UNO_QUERY_THROW);
     const Reference<css::text::XText> text(note.object, UNO_QUERY_THROW);
@@ -64,7 +84,8 @@ void writeComment(const SideText& comment, const OpenedDocument& into) {
 
 int32_t paintSideText(Office::Private& office, const OpenedDocument& from, const SideText& text,
                       const Surface& surface, int32_t dpi) {
-    OpenedDocument side;
+    const Reactivation reactivation(from);
+    OpenedDocument side; // goes before the other is reactivated
     if (const int32_t result = newDocument(office, side); result != MODULE_OK)
         return result;
     // The copy is pasted where the layout is current.

@@ -79,7 +79,8 @@ private:
             addresses.push_back(link.address);
         }
         PlacedRanges places(std::move(near));
-        for (const size_t index : places.inRows(mText, mRow, mRow + 1)) {
+        places.placeAll(mText);
+        for (size_t index = 0; index < addresses.size(); ++index) {
             if (missBy(places.boxes(index), mX, mRow) == 0)
                 return follow(addresses[index]);
         }
@@ -167,7 +168,6 @@ int32_t WordDocument::openSecondary(int32_t type, uint32_t number, int32_t heigh
     });
 }
 
-// The paragraph under the point, or as much of it as is laid out near.
 int32_t WordDocument::smartZoom(int32_t x, int32_t y, PixelRect& area) {
     Private& d = *mPrivate;
     return d.onLayout([&]() -> int32_t {
@@ -176,7 +176,8 @@ int32_t WordDocument::smartZoom(int32_t x, int32_t y, PixelRect& area) {
         const BodyParagraph& paragraph =
             d.prepared.body.paragraphAt(d.positions.nearest(d.map, x, d.top + y));
         PlacedRanges whole({{paragraph.start, paragraph.start + paragraph.length}});
-        if (whole.inRows(d.text(), d.top, d.bottom()).empty())
+        whole.placeAll(d.text());
+        if (whole.boxes(0).empty())
             return MODULE_NOTHING_THERE;
         TextBox around = whole.boxes(0).front();
         for (const TextBox& box : whole.boxes(0))
