@@ -27,6 +27,10 @@ constexpr Setting settings[] = {
     {"Office.Common/Security/Scripting", "BlockUntrustedRefererLinks", "true"},
     {"Office.Writer/Content/Update", "Link", "0"},
     {"Office.Calc/Content/Update", "Link", "2"},
+    // A table of contents is not shaded: that is for those who edit it.
+    {"Office.UI/ColorScheme/ColorSchemes/org.openoffice.Office.UI:ColorScheme['LibreOffice']/"
+     "WriterIdxShadings",
+     "IsVisible", "false"},
     // Nothing is kept for a next session, for there is none.
     {"Office.Recovery/AutoSave", "Enabled", "false"},
     {"Office.Recovery/RecoveryInfo", "Enabled", "false"},

@@ -173,11 +173,21 @@ void TestDocument::pinch(double scale) {
     paint();
 }
 
-void TestDocument::doubleTap(int x, int y) {
-    mBus.call("/events", "handleDoubleClick",
-              "{\"docid\":" + std::to_string(mDocid) + ",\"xCoord\":" + std::to_string(x) +
-                  ",\"yCoord\":" + std::to_string(y) + "}");
+std::string TestDocument::call(const std::string& category, const std::string& method,
+                               const std::string& more) {
+    const std::string payload = "{\"docid\":" + std::to_string(mDocid) + more + "}";
+    std::string reply = mBus.call(category, method, payload).text;
     paint();
+    return reply;
+}
+
+void TestDocument::tap(int x, int y) {
+    call("/events", "handleClick", ",\"xCoord\":" + std::to_string(x) + ",\"yCoord\":" + std::to_string(y));
+}
+
+void TestDocument::doubleTap(int x, int y) {
+    call("/events", "handleDoubleClick",
+         ",\"xCoord\":" + std::to_string(x) + ",\"yCoord\":" + std::to_string(y));
 }
 
 int32_t TestDocument::state(int offset) const {

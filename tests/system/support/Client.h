@@ -82,6 +82,10 @@ public:
     int scrollX() const { return state(0); }
     int scrollY() const { return state(4); }
     double scale() const;
+    // A method of the bus with this document's number and more members, as
+    // ", \"key\": value"; the reply, and a paint after it.
+    std::string call(const std::string& category, const std::string& method, const std::string& more = "");
+    void tap(int x, int y);
     // The payload {"docid": N} of most methods.
     std::string docidPayload() const { return "{\"docid\":" + std::to_string(mDocid) + "}"; }
 

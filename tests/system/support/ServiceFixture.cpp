@@ -110,19 +110,31 @@ std::string ServiceTest::corpus(const std::string& name) {
     return std::string(CORPUS_FOLDER) + "/" + name;
 }
 
-std::string ServiceTest::longDocument(int pages, const std::string& word, int hits) const {
-    const std::string path =
-        folder.path() + "/long-" + std::to_string(pages) + "-" + std::to_string(hits) + ".docx";
+std::string ServiceTest::generated(const std::string& name, const std::string& script,
+                                   std::vector<std::string> arguments) const {
+    const std::string path = folder.path() + "/" + name;
     if (!std::filesystem::exists(path)) {
-        std::vector<std::string> command{"python3", std::string(SAMPLES_FOLDER) + "/make_long_docx.py",
-                                         std::to_string(pages), path};
-        if (hits > 0) {
-            command.insert(command.end(), {word, std::to_string(hits)});
+        std::vector<std::string> command{"python3", std::string(SAMPLES_FOLDER) + "/" + script};
+        for (const std::string& argument : arguments) {
+            command.push_back(argument == "OUT" ? path : argument);
         }
         Subprocess maker(command, {{"PYTHONDONTWRITEBYTECODE", "1"}}, folder.path() + "/maker");
         EXPECT_EQ(maker.wait(std::chrono::seconds(60)), std::optional<int>(0)) << maker.errors();
     }
     return path;
+}
+
+std::string ServiceTest::longDocument(int pages, const std::string& word, int hits) const {
+    std::vector<std::string> arguments{std::to_string(pages), "OUT"};
+    if (hits > 0) {
+        arguments.insert(arguments.end(), {word, std::to_string(hits)});
+    }
+    return generated("long-" + std::to_string(pages) + "-" + std::to_string(hits) + ".docx",
+                     "make_long_docx.py", arguments);
+}
+
+std::string ServiceTest::linkedDocument() const {
+    return generated("linked.docx", "make_linked_docx.py", {"OUT"});
 }
 
 std::vector<pid_t> ServiceTest::descendants(const std::string& name) {

@@ -33,6 +33,13 @@ protected:
     static std::string corpus(const std::string& name);
     // A generated .docx of about so many printed pages, with `word` put in `hits` times.
     std::string longDocument(int pages, const std::string& word = "", int hits = 0) const;
+    // A generated .docx with links, notes and searchable words.
+    std::string linkedDocument() const;
+
+    // The file that a script of the samples' folder makes; its path is put in
+    // for the argument "OUT".
+    std::string generated(const std::string& name, const std::string& script,
+                          std::vector<std::string> arguments) const;
 
     // Processes named like this below the test's own, oldest first.
     static std::vector<pid_t> descendants(const std::string& name);
