@@ -122,7 +122,8 @@ TEST_F(LifecycleTest, ArgumentsAreAnsweredAndNothingIsStarted) {
     EXPECT_EQ(status, W_EXITCODE(0, 0));
     EXPECT_EQ(run({"--help"})->output().rfind("Usage: lectern-service", 0), 0U);
     EXPECT_EQ(status, W_EXITCODE(0, 0));
-    for (const std::vector<std::string>& wrong : {std::vector<std::string>{"--verbose"}, {"--help", "--version"}}) {
+    for (const std::vector<std::string>& wrong :
+         {std::vector<std::string>{"--verbose"}, {"--help", "--version"}}) {
         const auto program = run(wrong);
         EXPECT_EQ(status, W_EXITCODE(2, 0));
         EXPECT_EQ(program->output(), "");
