@@ -23,6 +23,7 @@ protected:
         return service->wait(20s).value_or(-1);
     }
     int status = -1;
+    int runs = 0;
     static bool queueExists() { return msgget(ftok("/tmp", 79), 0) >= 0; }
 };
 
@@ -114,7 +115,9 @@ TEST_F(LifecycleTest, ArgumentsAreAnsweredAndNothingIsStarted) {
     const auto run = [this](const std::vector<std::string>& arguments) {
         std::vector<std::string> command{SERVICE_PROGRAM};
         command.insert(command.end(), arguments.begin(), arguments.end());
-        auto program = std::make_unique<Subprocess>(command, serviceEnvironment(), folder.path() + "/second");
+        // Output is appended to what the file holds, so every run has its own.
+        auto program = std::make_unique<Subprocess>(command, serviceEnvironment(),
+                                                    folder.path() + "/run" + std::to_string(runs++));
         status = program->wait(20s).value_or(-1);
         return program;
     };
@@ -122,7 +125,8 @@ TEST_F(LifecycleTest, ArgumentsAreAnsweredAndNothingIsStarted) {
     EXPECT_EQ(status, W_EXITCODE(0, 0));
     EXPECT_EQ(run({"--help"})->output().rfind("Usage: lectern-service", 0), 0U);
     EXPECT_EQ(status, W_EXITCODE(0, 0));
-    for (const std::vector<std::string>& wrong : {std::vector<std::string>{"--verbose"}, {"--help", "--version"}}) {
+    for (const std::vector<std::string>& wrong :
+         {std::vector<std::string>{"--verbose"}, {"--help", "--version"}}) {
         const auto program = run(wrong);
         EXPECT_EQ(status, W_EXITCODE(2, 0));
         EXPECT_EQ(program->output(), "");

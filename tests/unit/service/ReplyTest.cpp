@@ -30,12 +30,12 @@ TEST_F(ReplyTest, ARefusedReplyIsReportedAndForgotten) {
 TEST_F(ReplyTest, ItsSenderLearnsWhetherItWasSent) {
     static std::vector<bool> results;
     const HubMethod methods[] = {{"answer",
-                                [](HubHandle* handle, HubMessage* message, void*) {
-                                    results.push_back(HubMessageReplyWrapper(handle, message, "text"));
-                                    return true;
-                                },
-                                0},
-                               {nullptr, nullptr, 0}};
+                                  [](HubHandle* handle, HubMessage* message, void*) {
+                                      results.push_back(HubMessageReplyWrapper(handle, message, "text"));
+                                      return true;
+                                  },
+                                  0},
+                                 {nullptr, nullptr, 0}};
     fakeHub.categories.emplace_back("/test", methods);
     EXPECT_EQ(call("/test", "answer", ""), "text");
     fakeHub.replyFailure = "caller has gone";

@@ -12,7 +12,8 @@ class SignalDeathTest : public LifecycleTest {
 protected:
     // Runs a service that gets a signal, in a process of its own, and ends with
     // status 99 when it is still there.
-    static void runWith(int number, void (*send)(int) = [](int signal) { raise(signal); }) {
+    static void runWith(
+        int number, void (*send)(int) = [](int signal) { raise(signal); }) {
         static int signal;
         static void (*sendIt)(int);
         signal = number;

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 // A module that wants to know when the service is about to end, and nothing else.
+#include <atomic>
+
 #include "modules/ModuleTypes.h"
 
 extern "C" {
 
 LECTERN_MODULE_EXPORT int stop_count();
 
-static int stops = 0;
+static std::atomic<int> stops{0};
 
 void lectern_module_stop_soon() {
     ++stops;

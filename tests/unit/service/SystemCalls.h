@@ -28,7 +28,7 @@ struct SystemCalls {
     std::atomic<unsigned int> slept{0}; // microseconds, of all sleeps so far
     // Timers of whole seconds come at once, and set the wall clock ahead instead.
     std::atomic<bool> timersAtOnce{false};
-    std::atomic<bool> noQueue{false};   // no message queue can be had
+    std::atomic<bool> noQueue{false};    // no message queue can be had
     std::atomic<bool> noSegments{false}; // no shared-memory segment can be had
     // Lines for the log also go to standard error: for processes that end.
     std::atomic<bool> echoLog{false};

@@ -243,8 +243,7 @@ TEST_F(WorkerDispatchTest, ARegistryThatCannotBeUnlockedAfterAFailedReportIsRepo
     systemCalls.failingUnlock = &gDocumentsMutex;
     CaptureStderr();
     EXPECT_FALSE(serveMessage(record(_PAINT, 0)));
-    EXPECT_EQ(GetCapturedStderr(),
-              "Failure sending messages: Invalid argument\nUnable to release mutex: 1.");
+    EXPECT_EQ(GetCapturedStderr(), "Failure sending messages: Invalid argument\nUnable to release mutex: 1.");
 }
 
 } // namespace
