@@ -83,7 +83,7 @@ public:
     int scrollY() const { return state(4); }
     double scale() const;
     // A method of the bus with this document's number and more members, as
-    // ", \"key\": value"; the reply, and a paint after it.
+    // ", \"key\": value"; the reply, and a paint after it. Notifications from before are forgotten.
     std::string call(const std::string& category, const std::string& method, const std::string& more = "");
     void tap(int x, int y);
     // The payload {"docid": N} of most methods.
