@@ -22,6 +22,7 @@ int main(int argc, char** argv) {
     }
     try {
         openFigures(rounds);
+        searchFigures(rounds);
         paintFigures();
         memoryFigures();
     } catch (const std::exception& failure) {

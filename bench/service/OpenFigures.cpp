@@ -45,15 +45,6 @@ void figuresOf(const char* label, const std::string& file, int rounds) {
                 median(cold) / median(bare), median(spare) / median(bare));
 }
 
-std::string generated(const TemporaryFolder& folder, int pages) {
-    std::string path = folder.path() + "/" + std::to_string(pages) + ".docx";
-    Subprocess maker(
-        {"python3", std::string(SAMPLES_FOLDER) + "/make_long_docx.py", std::to_string(pages), path},
-        {{"PYTHONDONTWRITEBYTECODE", "1"}}, folder.path() + "/maker");
-    maker.wait(std::chrono::seconds(60));
-    return path;
-}
-
 } // namespace
 
 void openFigures(int rounds) {
@@ -61,6 +52,6 @@ void openFigures(int rounds) {
     std::printf("Open to first screen, %dx%d, medians of %d rounds, ms\n", width, height, rounds);
     std::printf("%-22s %9s %9s %9s %11s %11s\n", "", "bare", "cold", "spare", "cold/bare", "spare/bare");
     figuresOf("small (3 pages)", std::string(SAMPLES_FOLDER) + "/tour.docx", rounds);
-    figuresOf("medium (20 pages)", generated(folder, 20), rounds);
-    figuresOf("large (200 pages)", generated(folder, 200), rounds);
+    figuresOf("medium (20 pages)", longDocument(folder, 20), rounds);
+    figuresOf("large (200 pages)", longDocument(folder, 200), rounds);
 }

@@ -62,6 +62,20 @@ double quantile(std::vector<double> values, double q) {
     return values[static_cast<size_t>(q * static_cast<double>(values.size() - 1) + 0.5)];
 }
 
+std::string longDocument(const TemporaryFolder& folder, int pages, const std::string& word, int hits) {
+    std::string path = folder.path() + "/" + std::to_string(pages) + "-" + std::to_string(hits) + ".docx";
+    std::vector<std::string> command{"python3", std::string(SAMPLES_FOLDER) + "/make_long_docx.py",
+                                     std::to_string(pages), path};
+    if (hits > 0) {
+        command.insert(command.end(), {word, std::to_string(hits)});
+    }
+    Subprocess maker(command, {{"PYTHONDONTWRITEBYTECODE", "1"}}, folder.path() + "/maker");
+    if (maker.wait(std::chrono::seconds(60)) != std::optional<int>(0)) {
+        throw std::runtime_error("cannot make a document: " + maker.errors());
+    }
+    return path;
+}
+
 double now() {
     timespec time{};
     clock_gettime(CLOCK_MONOTONIC, &time);

@@ -41,6 +41,11 @@ inline double median(const std::vector<double>& values) {
 // Milliseconds of a steady clock.
 double now();
 
+// A generated document of so many pages, with a word put in so many times.
+std::string longDocument(const TemporaryFolder& folder, int pages, const std::string& word = "",
+                         int hits = 0);
+
 void openFigures(int rounds);
+void searchFigures(int rounds);
 void paintFigures();
 void memoryFigures();

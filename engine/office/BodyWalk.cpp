@@ -175,7 +175,9 @@ void Body::joinText() {
 }
 
 void Body::moveLastParagraph(const Reference<css::text::XTextRange>& range) {
-    mParagraphs[mTexts.front().paragraphs.back()].range = range;
+    const std::vector<size_t>& own = mTexts.front().paragraphs;
+    if (!own.empty())
+        mParagraphs[own.back()].range = range;
 }
 
 const BodyParagraph& Body::paragraphAt(uint32_t position) const {

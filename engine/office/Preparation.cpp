@@ -106,7 +106,7 @@ PreparedDocument prepareForReflow(const Reference<css::text::XTextDocument>& mod
 
     std::vector<FloatingShape> shapes = anchorInLines(model);
     Reference<css::beans::XPropertySet> lastBlock;
-    Body body(model, shapes, [&lastBlock](const Reference<css::beans::XPropertySet>& block) {
+    Body body(model, shapes, [&](const Reference<css::beans::XPropertySet>& block) {
         removeBreaks(block);
         lastBlock = block;
     });
@@ -116,7 +116,8 @@ PreparedDocument prepareForReflow(const Reference<css::text::XTextDocument>& mod
         forAll(tables->getTextTables(), widenTable);
     const auto end = appendEnd(model, body, lastBlock);
     hideMarks(model);
-    return {std::move(body), std::move(shapes), end};
+    std::vector<IndentedParagraph> indents = indentedParagraphs(body);
+    return {std::move(body), std::move(shapes), std::move(indents), end};
 }
 
 } // namespace lectern::engine

@@ -3,12 +3,14 @@
 
 #include "engine/office/BodyWalk.h"
 #include "engine/office/FloatingShapes.h"
+#include "engine/office/Indents.h"
 
 namespace lectern::engine {
 
 struct PreparedDocument {
     Body body;
     std::vector<FloatingShape> shapes;
+    std::vector<IndentedParagraph> indents;
     // An empty paragraph behind the body's last: it starts where the text ends.
     css::uno::Reference<css::text::XTextRange> end;
 };

@@ -95,7 +95,7 @@ int32_t paintSideText(Office::Private& office, const OpenedDocument& from, const
     else
         writeNote(text, from, side);
     side.model->lockControllers();
-    const PreparedDocument prepared = prepareForReflow(side.model);
+    PreparedDocument prepared = prepareForReflow(side.model);
     TextFlow flow(side, prepared);
     flow.layOut(layoutWidth(surface.width, dpi));
     const RowMap map(flow.pages(), dpi);

@@ -88,7 +88,7 @@ int32_t layoutWidth(int32_t pixels, int32_t dpi) {
     return static_cast<int32_t>(std::clamp(width, leastWidth, mostWidth));
 }
 
-TextFlow::TextFlow(const OpenedDocument& document, const PreparedDocument& prepared)
+TextFlow::TextFlow(const OpenedDocument& document, PreparedDocument& prepared)
     : mDocument(document), mPrepared(prepared) {
     const Reference<css::text::XTextViewCursorSupplier> supplier(document.model->getCurrentController(),
                                                                  UNO_QUERY_THROW);
@@ -99,7 +99,6 @@ void TextFlow::layOut(int32_t width) {
     if (width == mWidth)
         return;
     const auto pageWidth = static_cast<int32_t>(hundredthMmFromTwips(width));
-    fitShapes(mPrepared.shapes, pageWidth - 2 * pageMargin);
     if (isLongPlainText()) {
         if (mWidth == 0)
             layOutOn(pageWidth, growingPages[0]);
@@ -128,8 +127,12 @@ void TextFlow::layOutOnOnePage(int32_t pageWidth) {
 
 void TextFlow::layOutOn(int32_t pageWidth, int32_t pageHeight) {
     const LayoutPause pause(mDocument.model);
+    if (pageWidth != mFittedWidth) {
+        fitShapes(mPrepared.shapes, pageWidth - 2 * pageMargin);
+        fitIndents(mPrepared.indents, pageWidth - 2 * pageMargin);
+        mFittedWidth = pageWidth;
+    }
     setPageSize(mDocument.model, pageWidth, pageHeight);
-    mPageHeight = pageHeight;
 }
 
 bool TextFlow::isLongPlainText() const {

@@ -32,8 +32,8 @@ int32_t layoutWidth(int32_t pixels, int32_t dpi);
 // a few for a text too long for one.
 class TextFlow {
 public:
-    // Both outlive this.
-    TextFlow(const OpenedDocument& document, const PreparedDocument& prepared);
+    // Both outlive this. What has to fit a width is fitted by each layout.
+    TextFlow(const OpenedDocument& document, PreparedDocument& prepared);
 
     // Lays out to a width in twips; nothing is done when it is that already.
     void layOut(int32_t width);
@@ -53,11 +53,11 @@ private:
     void measure();
 
     const OpenedDocument& mDocument;
-    const PreparedDocument& mPrepared;
+    PreparedDocument& mPrepared;
     css::uno::Reference<css::text::XTextViewCursor> mCursor;
     std::vector<FlowPage> mPages;
-    int32_t mWidth = 0;      // of the last layout in twips, 0 before the first
-    int32_t mPageHeight = 0; // 1/100 mm
+    int32_t mWidth = 0;       // of the last layout in twips, 0 before the first
+    int32_t mFittedWidth = 0; // shapes and indents are for, 1/100 mm
 };
 
 } // namespace lectern::engine

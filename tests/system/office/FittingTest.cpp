@@ -91,6 +91,23 @@ TEST_F(Fitting, AFloatingPictureCoversNoText) {
     EXPECT_GT(shown->ink(), text->ink() + 143 * 143);
 }
 
+TEST_F(Fitting, LargeIndentsTakeHalfOfANarrowLineAtMost) {
+    const std::string text = std::string("word ") + "another word and another word and so on for a few lines";
+    DocxBuilder builder;
+    builder.paragraph(text, "<w:ind w:left=\"4000\" w:right=\"1000\"/>");
+    const auto shown = view(builder.write("indented.docx"), 320, 400);
+    const int32_t narrow = shown->rows();
+    const Extent ink = darkExtent(*shown);
+    EXPECT_NEAR(ink.first, 4 + 160 * 4 / 5, 4) << "the indents keep their proportion";
+    EXPECT_GT(ink.last, 250);
+    // Where they fit they are as they were, also after a narrow layout.
+    shown->resize(800, 400, 72);
+    shown->rows();
+    EXPECT_NEAR(darkExtent(*shown).first, 4 + 200, 3);
+    shown->resize(320, 400, 72);
+    EXPECT_EQ(shown->rows(), narrow);
+}
+
 TEST_F(Fitting, ADocumentOfPicturesAloneIsScrolledToItsEnd) {
     const auto shown = view(DocxBuilder().picture(4, 10).write("tall.docx"), 320, 300);
     EXPECT_EQ(shown->count(), 1U);

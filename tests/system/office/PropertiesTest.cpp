@@ -78,6 +78,20 @@ TEST_F(Properties, OfAPlainTextAreEmpty) {
     EXPECT_EQ(properties.words, 3);
 }
 
+// What samples/make_samples.py writes into both.
+TEST_F(Properties, AreTheSameInBothFormatsOfASample) {
+    for (const char* name : {"tour.docx", "tour.doc"}) {
+        SCOPED_TRACE(name);
+        const Read properties = read(*open(std::filesystem::path(SAMPLES_FOLDER) / name));
+        EXPECT_EQ(properties.name, u"A Tour of the Harbour");
+        EXPECT_EQ(properties.author, u"The Lectern makers");
+        EXPECT_EQ(properties.description,
+                  u"One page of everything that a word-processing document is made of.");
+        EXPECT_EQ(properties.created, 1767601800);
+        EXPECT_GT(properties.words, 200);
+    }
+}
+
 TEST_F(Properties, OfAnOldDocumentAreRead) {
     const Read properties = read(*open(corpus("documentProperties.doc")));
     EXPECT_FALSE(properties.name.empty());

@@ -82,8 +82,10 @@ public:
     int scrollX() const { return state(0); }
     int scrollY() const { return state(4); }
     double scale() const;
+    // The first character of the stretch of text that a word-processing view keeps painted.
+    int stretchCharacter() const { return state(20); }
     // A method of the bus with this document's number and more members, as
-    // ", \"key\": value"; the reply, and a paint after it.
+    // ", \"key\": value"; the reply, and a paint after it. Notifications from before are forgotten.
     std::string call(const std::string& category, const std::string& method, const std::string& more = "");
     void tap(int x, int y);
     // The payload {"docid": N} of most methods.

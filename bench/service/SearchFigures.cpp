@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: Apache-2.0
+// A search, from its call to its reply, against the office suite's own search
+// for the same text; and a step to a hit in another stretch of the text with its
+// paint, against the suite's own paint of as many pixels.
+#include <cstdio>
+#include <cstdlib>
+#include <stdexcept>
+
+#include "bench/service/RunningService.h"
+
+namespace {
+
+constexpr int width = 320;
+constexpr int height = 480;
+constexpr int stretch = 1562; // rows that the view keeps painted at this width
+constexpr int pages = 200;
+constexpr char word[] = "zebra";
+
+struct Bare {
+    double find = 0;
+    double paint = 0;
+    int hits = 0;
+};
+
+Bare bareProgram(const std::string& file, const TemporaryFolder& folder) {
+    Subprocess program({BARE_FIND_PROGRAM, file, std::to_string(width), std::to_string(stretch), "72", word},
+                       {}, folder.path() + "/bare");
+    Bare bare;
+    if (program.wait(std::chrono::seconds(120)) != std::optional<int>(0) ||
+        std::sscanf(program.output().c_str(), "find %lf hits %d paint %lf", &bare.find, &bare.hits,
+                    &bare.paint) != 3) {
+        throw std::runtime_error("the bare program fails: " + program.errors());
+    }
+    return bare;
+}
+
+// Milliseconds of a call without the paint that follows it, and with.
+struct Timed {
+    double call = 0;
+    double whole = 0;
+};
+
+Timed timed(RunningService& service, TestDocument& document, const char* method,
+            const std::string& more = "") {
+    const std::string payload = document.docidPayload();
+    const std::string full = payload.substr(0, payload.size() - 1) + more + "}";
+    const double start = now();
+    service.bus().call("/common", method, full);
+    const double replied = now();
+    document.paint();
+    const double painted = now();
+    service.queue().settle(document.store());
+    return {replied - start, painted - start};
+}
+
+// The times of steps that moved the stretch, of so many steps.
+void stepsOf(RunningService& service, TestDocument& document, const char* method,
+             std::vector<double>& moved) {
+    constexpr int count = 150;
+    for (int i = 0; i < count; ++i) {
+        const int before = document.stretchCharacter();
+        const double whole = timed(service, document, method).whole;
+        if (document.stretchCharacter() != before) {
+            moved.push_back(whole);
+        }
+    }
+}
+
+void printRow(const char* label, double ours, double bare) {
+    std::printf("%-46s %9.1f %9.1f %9.2f\n", label, ours, bare, ours / bare);
+}
+
+void figuresOf(int hits, int rounds) {
+    TemporaryFolder folder;
+    const std::string file = longDocument(folder, pages, word, hits);
+    std::vector<double> finds, paints, searches, steps, again;
+    for (int round = 0; round < rounds; ++round) {
+        const Bare bare = bareProgram(file, folder);
+        if (bare.hits != hits) {
+            throw std::runtime_error("the bare program finds something else");
+        }
+        finds.push_back(bare.find);
+        paints.push_back(bare.paint);
+        RunningService service;
+        TestDocument document(service.bus(), service.queue(), file, width, height);
+        if (document.openResult() != 0 || document.paint() != 0) {
+            throw std::runtime_error("cannot open " + file);
+        }
+        searches.push_back(
+            timed(service, document, "Search", std::string(",\"search\":\"") + word + "\"").call);
+        stepsOf(service, document, "nextResult", steps);
+        // Back over the same ground: where its hits lie is known now.
+        stepsOf(service, document, "previousResult", again);
+        stepsOf(service, document, "nextResult", again);
+    }
+    const double paint = median(paints);
+    std::printf("\nSearch in %d pages with %d hits, %dx%d, medians of %d rounds, ms\n", pages, hits, width,
+                height, rounds);
+    std::printf("%-46s %9s %9s %9s\n", "", "ours", "suite", "ratio");
+    printRow("search, call to reply; the suite's findAll", median(searches), median(finds));
+    printRow("step to another stretch; the suite's paint", median(steps), paint);
+    printRow("the same, 95 of 100 are faster", quantile(steps, 0.95), paint);
+    printRow("the same again, hits' places known", median(again), paint);
+}
+
+} // namespace
+
+void searchFigures(int rounds) {
+    figuresOf(5000, rounds);
+    figuresOf(1000, rounds);
+}
