@@ -15,6 +15,12 @@ namespace {
 
 using std::chrono::milliseconds;
 
+#ifdef __SANITIZE_ADDRESS__
+constexpr int kSlowness = 6; // of an engine under the sanitizer
+#else
+constexpr int kSlowness = 1;
+#endif
+
 // The engine program belonging to this very library, whose place says where.
 std::string ownEngineProgram() {
     Dl_info self{};
@@ -55,6 +61,8 @@ TimeLimits TimeLimits::forDocument(const std::string& path, off_t bytes) {
     constexpr off_t kBytesPerShare = off_t{4} << 20; // each adds the ordinary limit once more
     constexpr off_t kMostShares = 6;
     TimeLimits limits;
+    limits.open *= kSlowness;
+    limits.call *= kSlowness;
     if (isPlainText(path)) {
         const off_t shares = std::min(1 + bytes / kBytesPerShare, kMostShares);
         limits.open *= shares;
