@@ -81,10 +81,8 @@ void CpPixmap::copyRows(const CpRect& r, uint32_t* dst, ptrdiff_t dstStride) con
 
 void CpPixmap::CopyBits(const CpRect& s, uint32_t* dst) const {
     const CpRect r = readablePart(s);
-    const ptrdiff_t rowsCut = ptrdiff_t{r.Top()} - s.Top();
-    const ptrdiff_t columnsCut = ptrdiff_t{r.Left()} - s.Left();
     if (!r.Empty()) {
-        copyRows(r, dst + rowsCut * s.Width() + columnsCut, s.Width());
+        copyRows(r, dst + offsetInCopy(r, s), s.Width());
     }
 }
 
@@ -95,36 +93,22 @@ void CpPixmap::CopyBitsTo(const CpRect& s, uint32_t* dst, const CpRect& at, int 
     }
 }
 
-void CpPixmap::CopyBitsFilling(const CpRect& s, uint32_t fill, uint32_t* dst, uint32_t* second) const {
-    if (s.Empty()) {
-        return;
-    }
-    const auto fillNext = [&](size_t count) {
-        FillPixels(dst, count, fill);
-        FillPixels(second, count, fill);
-        dst += count;
-        second += count;
-    };
-    const size_t width = static_cast<size_t>(s.Width());
-    const size_t height = static_cast<size_t>(s.Height());
+void CpPixmap::CopyBitsTwice(const CpRect& s, uint32_t* dst, uint32_t* second) const {
     const CpRect r = readablePart(s);
     if (r.Empty()) {
-        fillNext(width * height);
         return;
     }
-    const size_t above = static_cast<size_t>(r.Top() - s.Top());
-    const size_t before = static_cast<size_t>(r.Left() - s.Left());
-    const size_t kept = static_cast<size_t>(r.Width());
-    const size_t keptRows = static_cast<size_t>(r.Height());
-    fillNext(above * width);
+    const size_t rowBytes = static_cast<size_t>(r.Width()) * sizeof(uint32_t);
     const uint32_t* src = pixelAt(r.Left(), r.Top());
-    for (size_t row = 0; row < keptRows; row++, src += Width()) {
-        fillNext(before);
-        std::memcpy(dst, src, kept * sizeof(uint32_t));
-        std::memcpy(second, src, kept * sizeof(uint32_t));
-        dst += kept;
-        second += kept;
-        fillNext(width - before - kept);
+    dst += offsetInCopy(r, s);
+    second += offsetInCopy(r, s);
+    for (int row = r.Top(); row < r.Bottom(); row++, src += Width(), dst += s.Width(), second += s.Width()) {
+        std::memcpy(dst, src, rowBytes);
+        std::memcpy(second, src, rowBytes);
     }
-    fillNext((height - above - keptRows) * width);
+}
+
+bool CpPixmap::Covers(const CpRect& s) const {
+    return mPixels != nullptr && s.Left() >= 0 && s.Top() >= 0 && s.Right() <= Width() &&
+           s.Bottom() <= Height();
 }

@@ -40,10 +40,10 @@ public:
     // Copies s to dst with its first kept pixel at the top left corner of `at`;
     // dst has rows of dstStride pixels.
     void CopyBitsTo(const CpRect& s, uint32_t* dst, const CpRect& at, int dstStride) const;
-    // Copies s to dst as CopyBits does, sets what the pixmap does not cover to
-    // `fill`, and gives `second` the same picture: all that a plain paint needs,
-    // in one pass. Both have the size of s and do not overlap.
-    void CopyBitsFilling(const CpRect& s, uint32_t fill, uint32_t* dst, uint32_t* second) const;
+    // CopyBits to two destinations, which do not overlap, with one reading pass.
+    void CopyBitsTwice(const CpRect& s, uint32_t* dst, uint32_t* second) const;
+    // Whether a copy of s leaves no pixel of its destination untouched.
+    bool Covers(const CpRect& s) const;
 
     // Turned copies. The first row or column lands one past the image, as
     // clients expect it: dst needs W * H + max(W, H) + 1 pixels, W and H being
@@ -80,6 +80,10 @@ private:
     size_t reachablePixels() const;
     // s without what lies outside the pixmap; (0, 0, 0, 0) when nothing is left.
     CpRect readablePart(const CpRect& s) const;
+    // Where the first pixel of r, the readable part of s, goes in a copy of s.
+    static ptrdiff_t offsetInCopy(const CpRect& r, const CpRect& s) {
+        return (ptrdiff_t{r.Top()} - s.Top()) * s.Width() + (ptrdiff_t{r.Left()} - s.Left());
+    }
     void copyRows(const CpRect& r, uint32_t* dst, ptrdiff_t dstStride) const;
     void blendRun(long long first, long long count, uint32_t colour);
 

@@ -56,7 +56,13 @@ void OfficeBase::handlePaint(unsigned int* frameBuffer) {
     }
     const CpRect source = prvSourceRect(saturatedDifference(mScroll.x, mDocPixmap->Left()),
                                         saturatedDifference(mScroll.y, mDocPixmap->Top()), mWidth, mHeight);
-    eraseBuffer(frameBuffer, framePixels());
+    // Erasing is seen only where the surface does not reach.
+    const bool covered = mDocPixmap->Covers(source);
+    eraseBuffer(frameBuffer, covered ? 0 : framePixels());
+    if (covered && mCurrentResult < 0 && mLastFrame.Pixels() != nullptr) {
+        mDocPixmap->CopyBitsTwice(source, frameBuffer, mLastFrame.Pixels());
+        return;
+    }
     mDocPixmap->CopyBits(source, frameBuffer);
     if (mCurrentResult > -1) {
         CpPixmap frame(frameBuffer, mWidth, mHeight);

@@ -145,11 +145,30 @@ private:
         paint("paint, half outside", document, CpRect(mWidth / 2, 0, mWidth / 2 + mWidth, mHeight));
     }
 
-    // The measure is memcpy to one buffer, the paint fills two.
+    // What a view does for a paint. The measure is memcpy to one buffer, the
+    // paint fills two.
     void paint(const char* name, const CpPixmap& document, const CpRect& s) {
-        report(
-            name, [&] { plain::paint(image(document), s, 0xFF000000, mFrame.data(), mSecond.Pixels()); },
-            [&] { document.CopyBitsFilling(s, 0xFF000000, mFrame.data(), mSecond.Pixels()); });
+        uint32_t* const frame = mFrame.data();
+        uint32_t* const second = mSecond.Pixels();
+        const auto plain = [&] {
+            for (size_t i = 0; i < mPixels; i++) {
+                frame[i] = 0xFF000000;
+            }
+            plain::copyBits(image(document), s, frame);
+            for (size_t i = 0; i < mPixels; i++) {
+                second[i] = frame[i];
+            }
+        };
+        const auto ours = [&] {
+            if (document.Covers(s)) {
+                document.CopyBitsTwice(s, frame, second);
+                return;
+            }
+            FillPixels(frame, mPixels, 0xFF000000);
+            document.CopyBits(s, frame);
+            std::memcpy(second, frame, mPixels * sizeof(uint32_t));
+        };
+        report(name, plain, ours);
     }
 
     void turns() {

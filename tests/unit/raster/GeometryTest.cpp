@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <climits>
 #include <cmath>
+#include <cstring>
 #include <limits>
 #include <type_traits>
 
@@ -61,6 +63,9 @@ TEST(Rect, IsFourIntsLeftTopRightBottom) {
     expectEdges(CpRect(), 0, 0, 0, 0);
     const CpRect r(CpPoint(1, 2), CpPoint(3, 4));
     expectEdges(r, 1, 2, 3, 4);
+    int inMemory[4];
+    std::memcpy(inMemory, &r, sizeof r);
+    EXPECT_THAT(inMemory, testing::ElementsAre(1, 2, 3, 4));
     CpRect copy;
     copy = r;
     expectEdges(copy, 1, 2, 3, 4);
@@ -114,6 +119,8 @@ TEST(Rect, ContainsLooksAtTheColumnsOfARectangleOnly) {
     EXPECT_TRUE(r.Contains(CpRect(0, -9, 10, -5)));
     EXPECT_FALSE(r.Contains(CpRect(2, 2, 12, 3)));
     EXPECT_FALSE(r.Contains(CpRect(-1, 2, 5, 3)));
+    EXPECT_FALSE(r.Contains(CpRect(12, 2, 5, 3))) << "crossed edges are no way in";
+    EXPECT_FALSE(r.Contains(CpRect(5, 2, -1, 3)));
 }
 
 TEST(Rect, ClipCutsOnlyTheEdgesThatReachOutside) {

@@ -227,22 +227,25 @@ TEST(ScaleCopyToFit, ToATargetAsideOfTheImageDoesNothing) {
     EXPECT_EQ(dst, Pixels(50, kUntouched));
 }
 
-TEST(CopyBitsFilling, SurroundsTheDocumentAndGivesBothTheSamePicture) {
+TEST(CopyBitsTwice, GivesBothTheOverlapWhereTheWholeRectangleWouldHaveIt) {
     const Numbered pixmap(2, 2);
     Pixels frame(17, kUntouched);
-    Pixels last(17, kUntouched);
-    pixmap.CopyBitsFilling(CpRect(-1, -1, 3, 3), 9, frame.data(), last.data());
-    EXPECT_EQ(frame, (Pixels{9, 9, 9, 9, 9, 0, 1, 9, 9, 2, 3, 9, 9, 9, 9, 9, kUntouched}));
-    EXPECT_EQ(last, frame);
+    Pixels last(17, 9);
+    pixmap.CopyBitsTwice(CpRect(-1, -1, 3, 3), frame.data(), last.data());
+    const uint32_t u = kUntouched;
+    EXPECT_EQ(frame, (Pixels{u, u, u, u, u, 0, 1, u, u, 2, 3, u, u, u, u, u, u}));
+    EXPECT_EQ(last, (Pixels{9, 9, 9, 9, 9, 0, 1, 9, 9, 2, 3, 9, 9, 9, 9, 9, 9}));
 }
 
-TEST(CopyBitsFilling, OfARectangleOutsideOnlyFills) {
-    const Numbered pixmap(2, 2);
-    Pixels frame(5, kUntouched);
-    Pixels last(5, kUntouched);
-    pixmap.CopyBitsFilling(CpRect(2, 0, 4, 2), 9, frame.data(), last.data());
-    EXPECT_EQ(frame, (Pixels{9, 9, 9, 9, kUntouched}));
-    EXPECT_EQ(last, frame);
+TEST(Covers, OnlyWhatLiesInsideFromEdgeToEdge) {
+    const CpPixmap pixmap(CpRect(50, 60, 60, 65)); // its place plays no part
+    EXPECT_TRUE(pixmap.Covers(CpRect(0, 0, 10, 5)));
+    EXPECT_TRUE(pixmap.Covers(CpRect(3, 1, 4, 2)));
+    EXPECT_FALSE(pixmap.Covers(CpRect(-1, 0, 9, 5)));
+    EXPECT_FALSE(pixmap.Covers(CpRect(0, -1, 10, 4)));
+    EXPECT_FALSE(pixmap.Covers(CpRect(1, 0, 11, 5)));
+    EXPECT_FALSE(pixmap.Covers(CpRect(0, 1, 10, 6)));
+    EXPECT_FALSE(CpPixmap(nullptr, 10, 5).Covers(CpRect(0, 0, 10, 5)));
 }
 
 class NoPixels : public testing::TestWithParam<CpRect> {};
@@ -254,6 +257,7 @@ TEST_P(NoPixels, LeaveEveryDestinationAlone) {
     for (const CpPixmap* pixmap : {&owning, &wrapping}) {
         Pixels dst(4, kUntouched);
         pixmap->CopyBits(s, dst.data());
+        pixmap->CopyBitsTwice(s, dst.data(), dst.data());
         pixmap->CopyBitsTo(s, dst.data(), s, 2);
         pixmap->CopyBitsRotatedLeft(s, dst.data());
         pixmap->CopyBitsRotatedRight(s, dst.data());
@@ -287,6 +291,7 @@ TEST(Copies, OfNothingWriteNothing) {
                             CpRect(INT_MAX, 0, INT_MIN, 4), CpRect(INT_MIN, INT_MIN, 0, 0)}) {
         Pixels dst(1, kUntouched);
         pixmap.CopyBits(s, dst.data());
+        pixmap.CopyBitsTwice(s, dst.data(), dst.data());
         pixmap.CopyBitsTo(s, dst.data(), CpRect(INT_MAX, INT_MAX, 0, 0), INT_MAX);
         pixmap.CopyBitsRotatedLeft(s, dst.data());
         pixmap.CopyBitsRotatedRight(s, dst.data());

@@ -101,17 +101,6 @@ void scaleToFit(const Image& image, const CpRect& src, uint32_t* dst, const CpRe
     }
 }
 
-void paint(const Image& image, const CpRect& s, uint32_t fill, uint32_t* dst, uint32_t* second) {
-    const int count = s.Empty() ? 0 : (s.Right() - s.Left()) * (s.Bottom() - s.Top());
-    for (int i = 0; i < count; i++) {
-        dst[i] = fill;
-    }
-    copyBits(image, s, dst);
-    for (int i = 0; i < count; i++) {
-        second[i] = dst[i];
-    }
-}
-
 uint32_t blended(uint32_t old, uint32_t colour) {
     const uint32_t alpha = colour >> 24;
     uint32_t result = old & 0xFF000000;

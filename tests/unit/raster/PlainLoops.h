@@ -31,8 +31,6 @@ void turnRight(const Image& image, const CpRect& s, uint32_t* dst);
 void turnAround(const Image& image, const CpRect& s, uint32_t* dst);
 void scaleToFit(const Image& image, const CpRect& src, uint32_t* dst, const CpRect& dstRect, int dstWidth,
                 int dstHeight);
-// Erases dst, copies s to it and then the whole of it to second.
-void paint(const Image& image, const CpRect& s, uint32_t fill, uint32_t* dst, uint32_t* second);
 
 uint32_t blended(uint32_t old, uint32_t colour);
 void alphaRect(const Canvas& canvas, CpRect& r, uint32_t colour);

@@ -172,6 +172,28 @@ TEST_F(Input, TapThatStopsAGlideIsUsedUpByThat) {
     EXPECT_FALSE(view.handleClick(5, 5));
 }
 
+TEST_F(Input, StoppedGlideIsRememberedUntilTheNextClick) {
+    view.handleFlick(0, -862);
+    view.handlePenDown(5, 5);
+    view.handlePenUp(5, 5);
+    view.handlePenDown(9, 9); // nothing to stop any more
+    EXPECT_TRUE(view.handleClick(9, 9));
+    view.handlePenUp(9, 9);
+    view.handlePenDown(9, 9);
+    EXPECT_FALSE(view.handleClick(9, 9));
+}
+
+// The worker and the bus handlers hold the view's mutex, which does not nest.
+TEST_F(Input, PensAndClicksLeaveTheLockToTheirCallers) {
+    ASSERT_EQ(pthread_mutex_trylock(view.mutex()), 0);
+    EXPECT_TRUE(view.handlePenDown(5, 5));
+    EXPECT_TRUE(view.handlePenMove(4, 4));
+    EXPECT_FALSE(view.handleClick(4, 4));
+    EXPECT_TRUE(view.handlePenUp(4, 4));
+    EXPECT_EQ(pthread_mutex_trylock(view.mutex()), EBUSY);
+    pthread_mutex_unlock(view.mutex());
+}
+
 TEST_F(Input, FlickStartsAGlideFromTheScrollPosition) {
     EXPECT_TRUE(view.handleFlick(0, -862));
     EXPECT_TRUE(view.mScroller.isMoving());
@@ -283,6 +305,14 @@ TEST_F(Input, DoubleTapHalvesOddViewsTowardZero) {
     odd.handleDoubleClick(40, 60);
     EXPECT_EQ(odd.mScroll.x, 100 - 20);
     EXPECT_EQ(odd.mScroll.y, 150 - 30);
+}
+
+TEST_F(Input, DoubleTapTruncatesAPositionBesideASmallDocumentTowardZero) {
+    CpPixmap small(10, 12);
+    view.mDocPixmap = &small;
+    view.mScroll.set(0, 0);
+    view.handleDoubleClick(1, 1);
+    expectScroll(-17, -27); // 2.5 - 20 and 2.5 - 30
 }
 
 TEST_F(Input, DoubleTapInACornerClampsAndEndsAGlide) {

@@ -79,10 +79,20 @@ TEST_F(SmoothScroll, MovesTheDocumentAgainstTheFinger) {
 }
 
 TEST_F(SmoothScroll, LateTickLandsOnTheFinalPoint) {
-    scroll.Setup(0, 100, 0, -862);
+    scroll.Setup(33, 100, 0, -862);
     clock.advance(100.0);
     EXPECT_TRUE(scroll.tick(x, y));
+    EXPECT_EQ(x, 33);
     EXPECT_EQ(y, 530);
+}
+
+TEST_F(SmoothScroll, EndsAtTheVeryInstantOfRest) {
+    NewtonianMotion vertical;
+    vertical.Initialize(0.0, 0.0, 431.0, 22.0);
+    clock.advance(-1000.0); // to 0, where the sum below is exact
+    scroll.Setup(0, 0, 0, -862);
+    clock.advance(vertical.duration());
+    EXPECT_TRUE(scroll.tick(x, y));
 }
 
 TEST_F(SmoothScroll, TicksAfterTheEndWriteNothing) {

@@ -100,7 +100,7 @@ TEST_F(Paint, GoesThroughItsStepsInOrderWithTheViewLocked) {
     view.mCurrentResult = 0;
     view.handlePaintRouter(frame.pixels());
     EXPECT_THAT(view.calls, ElementsAre("handlePaint", "tick locked", "clampPosition locked",
-                                        "drawOffscreenBuffer locked", "eraseBuffer 2400 locked",
+                                        "drawOffscreenBuffer locked", "eraseBuffer 0 locked",
                                         "drawCurrentResult locked"));
     EXPECT_TRUE(view.mOffscreenDirty); // the kinds clear it
     EXPECT_EQ(pthread_mutex_trylock(view.mutex()), 0);
@@ -201,6 +201,25 @@ TEST_F(Paint, ShowsAGlideWhereItIsNow) {
     expectPicture();
 }
 
+TEST_F(Paint, ErasesTheWholeFrameUnlessTheSurfaceCoversIt) {
+    const struct {
+        int x, y;
+        const char* erase;
+    } cases[] = {{10, 500, "eraseBuffer 0 locked"},    {70, 590, "eraseBuffer 0 locked"},
+                 {9, 500, "eraseBuffer 2400 locked"},  {10, 499, "eraseBuffer 2400 locked"},
+                 {71, 590, "eraseBuffer 2400 locked"}, {70, 591, "eraseBuffer 2400 locked"}};
+    for (const auto& c : cases) {
+        view.clamps = false;
+        view.mScroll.set(c.x, c.y);
+        view.setDirty();
+        view.calls.clear();
+        frame.fill(0x55555555U);
+        view.handlePaintRouter(frame.pixels());
+        EXPECT_THAT(view.calls, Contains(c.erase)) << c.x << ", " << c.y;
+        expectPicture();
+    }
+}
+
 TEST_F(Paint, ErasesWhatTheFrameHeldBefore) {
     frame.fill(0x55555555U);
     view.mScroll.set(0, 0);
@@ -235,15 +254,18 @@ protected:
 };
 
 TEST_F(PaintedState, IsSavedAfterEveryPaint) {
-    for (const int mode : {_NORMAL, _LEFT, _RIGHT, _DOWN}) {
-        view.mDataStore->scrollY = -1;
-        view.mDrawMode = mode;
-        view.setDirty();
-        view.handlePaintRouter(frame.pixels());
-        EXPECT_EQ(view.mDataStore->scrollX, 33) << mode;
-        EXPECT_EQ(view.mDataStore->scrollY, 44) << mode;
-        EXPECT_EQ(view.mDataStore->scale, 2.0);
-        EXPECT_EQ(view.mDataStore->scaleLevel, 2);
+    for (const bool gesture : {false, true}) {
+        for (const int mode : {_NORMAL, _LEFT, _RIGHT, _DOWN}) {
+            *view.mDataStore = {-1, -1, -1.0, -1, {}};
+            view.mDrawMode = mode;
+            view.mGestureActive = gesture;
+            view.setDirty();
+            view.handlePaintRouter(frame.pixels());
+            EXPECT_EQ(view.mDataStore->scrollX, 33) << mode;
+            EXPECT_EQ(view.mDataStore->scrollY, 44) << mode;
+            EXPECT_EQ(view.mDataStore->scale, 2.0);
+            EXPECT_EQ(view.mDataStore->scaleLevel, 2);
+        }
     }
 }
 

@@ -168,6 +168,10 @@ TEST_F(StateRecordIpc, KeepsPositionsThatLieOutOfReach) {
         view.attachStateRecord("/usr");
         EXPECT_EQ(view.mScroll.x, 0) << position;
         EXPECT_EQ(view.mScroll.y, 9);
+        ProbeView other(40, 60, savedState(9, position, 1.0, 0));
+        other.attachStateRecord("/usr");
+        EXPECT_EQ(other.mScroll.x, 9);
+        EXPECT_EQ(other.mScroll.y, 0) << position;
     }
     ProbeView view(40, 60, savedState(limit, -limit, 1.0, 0));
     view.attachStateRecord("/usr");
@@ -249,6 +253,16 @@ TEST(ViewConstruction, SetsTheInitialState) {
     EXPECT_EQ(view.mMinScale, 1.0);
     EXPECT_EQ(view.mMaxScale, 4.0);
     EXPECT_EQ(view.mBaseScale, 1.0);
+    EXPECT_EQ(view.mScale, 1.0);
+    EXPECT_EQ(view.mScaleLevel, 0);
+    for (const CpPoint& point :
+         {view.mScroll, view.mPenDownPoint, view.mPenDownScroll, view.mGestureScroll}) {
+        EXPECT_EQ(point.x, 0);
+        EXPECT_EQ(point.y, 0);
+    }
+    EXPECT_FALSE(view.mPenDown || view.mFlicking || view.mClicked || view.mTapStoppedScroll ||
+                 view.mFlickUp || view.mGestureActive);
+    EXPECT_EQ(view.mDataStore, nullptr);
     EXPECT_EQ(view.mGestureAppliedScale, 1.0);
     EXPECT_EQ(view.mGestureRequestScale, 1.0);
     EXPECT_EQ(view.mDocPixmap, nullptr);
@@ -261,6 +275,12 @@ TEST(ViewConstruction, SetsTheInitialState) {
     EXPECT_TRUE(view.mDirty);
     EXPECT_TRUE(view.mOffscreenDirty);
     EXPECT_EQ(view.getMimeInfo(), "");
+}
+
+TEST(ViewConstruction, KindsAndDrawModesHaveTheirNumbers) {
+    EXPECT_THAT((std::array<int, 4>{_UNKNOWN, _EXCEL, _WORD, _PPT}), testing::ElementsAre(0, 1, 2, 3));
+    EXPECT_THAT((std::array<int, 5>{_NORMAL, _WIDE, _LEFT, _RIGHT, _DOWN}),
+                testing::ElementsAre(0, 2, 3, 4, 5));
 }
 
 TEST(ViewConstruction, SurvivesSizesBelowOne) {
