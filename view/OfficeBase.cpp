@@ -140,6 +140,22 @@ bool OfficeBase::isVisible(const CpRect& r) const {
            between(mScroll.y, r.Top(), bottom) && between(mScroll.y, r.Bottom(), bottom);
 }
 
+long long OfficeBase::offCentre(long long x) const {
+    const long long width = mDocPixmap != nullptr ? mDocPixmap->Width() : 0;
+    const long long far = 3LL * mWidth / 8;
+    const long long near = 2LL * mWidth / 6 - 10;
+    if (x < width / 4) {
+        return x + far;
+    }
+    if (x < width / 3) {
+        return x + near;
+    }
+    if (x > 3 * width / 4) {
+        return x - far;
+    }
+    return x > 2 * width / 3 ? x - near : x;
+}
+
 void OfficeBase::CenterAboutRect(const CpRect& r, bool flag) {
     if (isVisible(r)) {
         return;
@@ -147,29 +163,15 @@ void OfficeBase::CenterAboutRect(const CpRect& r, bool flag) {
     // In 64 bits: rectangles come from the modules.
     const long long middleX = r.Left() + (static_cast<long long>(r.Right()) - r.Left()) / 2;
     const long long middleY = r.Top() + (static_cast<long long>(r.Bottom()) - r.Top()) / 2;
-    const long long eighthsX = 3LL * mWidth / 8;
-    const long long eighthsY = 3LL * mHeight / 8;
-    const long long third = 2LL * mWidth / 6 - 10;
-    const long long width = mDocPixmap != nullptr ? mDocPixmap->Width() : 0;
+    const long long far = 3LL * mHeight / 8;
     const long long height = mDocPixmap != nullptr ? mDocPixmap->Height() : 0;
-
-    long long x = middleX;
-    if (x < width / 4) {
-        x += eighthsX;
-    } else if (x < width / 3) {
-        x += third;
-    } else if (x > 3 * width / 4) {
-        x -= eighthsX;
-    } else if (x > 2 * width / 3) {
-        x -= third;
-    }
     long long y = middleY;
     if (y < height / 3 && flag) {
-        y += eighthsY;
+        y += far;
     } else if (y > 2 * height / 3 && !flag) {
-        y -= eighthsY - 45;
+        y -= far - 45;
     }
-    mScroll.set(saturateToInt(x - mWidth / 2), saturateToInt(y - mHeight / 2));
+    mScroll.set(saturateToInt(offCentre(middleX) - mWidth / 2), saturateToInt(y - mHeight / 2));
     if (!isVisible(r)) {
         mScroll.set(saturateToInt(middleX - mWidth / 2), saturateToInt(middleY - mHeight / 2));
     }

@@ -127,6 +127,8 @@ protected:
     // Where an axis of mScroll must be, after the scale changed by ratio, for a
     // point (view pixels) to come to the middle of the view.
     static int centredPosition(int scroll, int point, float ratio, int viewLength);
+    // A column (document pixels) moved off-centre, towards the document's middle.
+    long long offCentre(long long x) const;
     // Pixels of a frame; 0 for a view without area.
     unsigned int framePixels() const;
 

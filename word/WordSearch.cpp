@@ -166,25 +166,10 @@ void Word::commonCenteringRoutine(bool keepVertical) {
     settle();
 }
 
-// Puts a column off-centre, towards the middle of the text.
 void Word::centreHorizontally(int x) {
-    if (between(mScroll.x, x, saturatedSum(mScroll.x, mWidth))) {
-        return;
+    if (!between(mScroll.x, x, saturatedSum(mScroll.x, mWidth))) {
+        mScroll.x = saturateToInt(offCentre(x) - mWidth / 2);
     }
-    const long long width = mDocPixmap->Width();
-    const long long far = 3LL * mWidth / 8;
-    const long long near = 2LL * mWidth / 6 - 10;
-    long long target = x;
-    if (x < width / 4) {
-        target += far;
-    } else if (x < width / 3) {
-        target += near;
-    } else if (x > 3 * width / 4) {
-        target -= far;
-    } else if (x > 2 * width / 3) {
-        target -= near;
-    }
-    mScroll.x = saturateToInt(target - mWidth / 2);
 }
 
 int Word::ReinitSearchRects() {

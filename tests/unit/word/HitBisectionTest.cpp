@@ -33,6 +33,84 @@ int findResult(unsigned int position, const std::vector<wtg_find_result>& result
     return find_first_result_greater_than_eq(position, results.data(), static_cast<int>(results.size()));
 }
 
+// The steps once more, as agreed and without a limit of their own; where they
+// leave the entries or do not end, the first entry at or above the key counts.
+template<typename Step, typename Key>
+int agreed(int count, unsigned int wanted, Step step, Key key) {
+    int i = count / 2;
+    for (int steps = 0; i > 0 && i < count && steps < 1000; ++steps) {
+        const int next = step(i);
+        if (next == i) {
+            return i;
+        }
+        i = next;
+    }
+    if (i == 0) {
+        return 0;
+    }
+    const auto isAtOrAbove = [&](int entry) { return key(entry) >= wanted; };
+    for (i = 0; i < count - 1 && !isAtOrAbove(i); ++i) {
+    }
+    return i;
+}
+
+int right(int i, int count) {
+    return (i + 1) + (count - (i + 1)) / 2;
+}
+
+TEST(RegionBisection, TakesTheAgreedSteps) {
+    std::mt19937 random(11);
+    const auto number = [&random](int low, int high) {
+        return std::uniform_int_distribution<int>(low, high)(random);
+    };
+    for (int round = 0; round < 20000; ++round) {
+        std::vector<int> rows(static_cast<size_t>(number(1, 12)));
+        std::generate(rows.begin(), rows.end(), [&] { return number(0, 30); });
+        if (number(0, 3) > 0) {
+            std::sort(rows.begin(), rows.end());
+        }
+        const auto count = static_cast<int>(rows.size());
+        const int y = number(0, 32);
+        const auto row = [&rows](int i) { return rows[static_cast<size_t>(i)]; };
+        const auto step = [&](int i) {
+            if (row(i) >= y && y >= row(i - 1)) {
+                return i;
+            }
+            return row(i) <= y ? right(i, count) : i / 2;
+        };
+        const auto key = [&](int i) { return static_cast<unsigned int>(row(i)); };
+        ASSERT_EQ(Regions(rows).find(y), agreed(count, static_cast<unsigned int>(y), step, key))
+            << "round " << round;
+    }
+}
+
+TEST(ResultBisection, TakesTheAgreedSteps) {
+    std::mt19937 random(12);
+    const auto number = [&random](int low, int high) {
+        return static_cast<unsigned int>(std::uniform_int_distribution<int>(low, high)(random));
+    };
+    for (int round = 0; round < 20000; ++round) {
+        std::vector<wtg_find_result> results(number(1, 12));
+        unsigned int position = 0;
+        for (wtg_find_result& result : results) {
+            position += number(0, 9);
+            result = {0, position, position + number(0, 5)};
+        }
+        const auto count = static_cast<int>(results.size());
+        const unsigned int wanted = number(0, 60);
+        const auto result = [&results](int i) { return results[static_cast<size_t>(i)]; };
+        const auto step = [&](int i) {
+            const bool predecessorBelow = wanted >= result(i - 1).start;
+            if (result(i).end >= wanted) {
+                return predecessorBelow ? i : (i - 1) / 2;
+            }
+            return predecessorBelow ? right(i, count) : (i - 1) / 2;
+        };
+        const auto key = [&](int i) { return result(i).end; };
+        ASSERT_EQ(findResult(wanted, results), agreed(count, wanted, step, key)) << "round " << round;
+    }
+}
+
 TEST(RegionBisection, OneEntryIsAnsweredAtOnce) {
     EXPECT_EQ(Regions({100}).find(0), 0);
     EXPECT_EQ(Regions({100}).find(5000), 0);

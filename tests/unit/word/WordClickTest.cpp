@@ -14,6 +14,15 @@ TEST_F(WordClickTest, PointIsGivenInTheSurfacesPixels) {
     EXPECT_TRUE(view->mClicked);
 }
 
+TEST_F(WordClickTest, PointInWideModeCountsFromTheSurfacesFirstColumn) {
+    const auto view = openView(320, 480, 20000);
+    view->setWideMode(true);
+    view->mScroll.x = 200;
+    calls();
+    view->handleClick(30, 40);
+    EXPECT_THAT(calls(), ElementsAre("wtg_get_click_info(230, 40)"));
+}
+
 TEST_F(WordClickTest, HyperlinkIsToldToTheClient) {
     const auto view = openView(320, 480, 20000);
     fakeWord().click = {6, 0, 0, 0};
@@ -34,6 +43,15 @@ TEST_F(WordClickTest, InternalLinkJumpsAndStartsCountingAtItsTarget) {
     EXPECT_EQ(view->top(), 0);
     EXPECT_EQ(view->bottom(), 1562);
     EXPECT_EQ(view->firstTextRow(), 10000);
+}
+
+TEST_F(WordClickTest, InternalLinkGoesToTheFirstColumn) {
+    const auto view = openView(320, 480, 20000);
+    view->setWideMode(true);
+    view->mScroll.x = 200;
+    fakeWord().click = {7, 0, 50000, 0};
+    EXPECT_TRUE(view->handleClick(1, 1));
+    EXPECT_EQ(view->mScroll.x, 0);
 }
 
 TEST_F(WordClickTest, DeadInternalLinkChangesNothing) {

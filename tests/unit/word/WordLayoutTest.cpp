@@ -37,8 +37,33 @@ TEST_F(WordLayoutTest, LargeViewsGetHalfAViewMore) {
     EXPECT_EQ(sizeOf(*openView(480, 800, 20000)).height, 1042) << "over 5/4 of the view: as always";
 }
 
-TEST_F(WordLayoutTest, OddWidthsAreMadeEven) {
-    EXPECT_EQ(sizeOf(*openView(321, 480, 5000)).width, 322);
+TEST_F(WordLayoutTest, ViewsAreLargeFromFiveQuartersOfTheSurfaceOn) {
+    EXPECT_EQ(sizeOf(*openView(500, 800, 20000)).height, 1000) << "5/4 exactly";
+    EXPECT_EQ(sizeOf(*openView(500, 801, 20000)).height, 1202);
+    EXPECT_EQ(sizeOf(*openView(500, 801, 20000)).step, 400);
+}
+
+TEST_F(WordLayoutTest, OddSizesAreMadeEvenAfterTheStepIsTaken) {
+    const auto odd = openView(321, 480, 5000); // 1557.6 rows of 321
+    EXPECT_EQ(sizeOf(*odd).width, 322);
+    EXPECT_EQ(sizeOf(*odd).height, 1558);
+    const auto step = openView(479, 480, 5000); // 1043.8 rows
+    EXPECT_EQ(sizeOf(*step).height, 1044);
+    EXPECT_EQ(sizeOf(*step).step, 347) << "a third of 1043, not of 1044";
+}
+
+TEST_F(WordLayoutTest, FractionsOfALayoutAreCutOff) {
+    const auto view = openView(321, 400, 20000);
+    view->setWideMode(true);
+    view->handleGestureStart(1.51, 0.0);
+    paint(*view);
+    calls();
+    view->handleGestureEnd(0.0, 0.0);
+    // 3.02 * 321 = 969.42 columns, 500000 / 969.42 = 515.8 rows, 1.51 * 72 = 108.7
+    const std::vector<std::string> asked = calls();
+    EXPECT_EQ(asked[0], setBuffer(970, 516));
+    EXPECT_EQ(asked[1], "wtg_set_dpi(108)");
+    EXPECT_EQ(sizeOf(*view).step, 171);
 }
 
 TEST_F(WordLayoutTest, OpeningLaysOutOnceInThisOrder) {
@@ -101,7 +126,9 @@ TEST_F(WordLayoutTest, DoubleTapsCycleTheZoom) {
     const auto view = openView(320, 480, 20000);
     for (const int zoom : {3, 1, 2, 3}) {
         fakeWord().calls.clear();
+        view->mDirty = false;
         EXPECT_TRUE(view->handleDoubleClick(10, 10));
+        EXPECT_TRUE(view->mDirty);
         EXPECT_EQ(view->mScale, zoom);
         EXPECT_EQ(fakeWord().layout.dpi, zoom * 72);
     }
@@ -113,6 +140,7 @@ TEST_F(WordLayoutTest, DoubleTapCentresTheTappedPoint) {
     const auto view = openView(320, 480, 20000);
     scrollBy(*view, 100);
     fakeWord().calls.clear();
+    view->mScroll.x = 9;
     view->handleDoubleClick(50, 200);
     EXPECT_EQ(view->mScroll.y, (100 + 200) * 3 - 240);
     EXPECT_EQ(view->mScroll.x, 0) << "outside wide mode the width stays";
@@ -140,6 +168,18 @@ TEST_F(WordLayoutTest, DoubleTapsAmountIsNeverLessThanTheView) {
     // 790 * 3 - 400 = 1970; 1970 + 800 - 1042
     EXPECT_THAT(calls(), ElementsAre(setBuffer(480, 1042), "wtg_set_dpi(216)", bottomRight, bottomRight,
                                      "wtg_scroll_down(0, 1728)", lastUsed));
+    EXPECT_EQ(view->whiteRows(), 0);
+}
+
+TEST_F(WordLayoutTest, DoubleTapsAmountUpwardsIsNeverLessThanTheViewEither) {
+    const auto view = openView(480, 800, 20000);
+    fakeWord().click = {7, 0, 50000, 0};
+    view->handleClick(1, 1);
+    calls();
+    view->handleDoubleClick(50, 10); // stands 370 rows above the stretch
+    EXPECT_THAT(calls(), ElementsAre(setBuffer(480, 1042), "wtg_set_dpi(216)", bottomRight, topLeft,
+                                     "wtg_scroll_up(0, 800)", topLeft));
+    paint(*view); // makes good what that uncovered at the other end
     EXPECT_EQ(view->whiteRows(), 0);
 }
 

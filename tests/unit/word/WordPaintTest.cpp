@@ -14,6 +14,15 @@ TEST_F(WordPaintTest, ErasingIsWhiteAndSaysSo) {
     EXPECT_THAT(frame, ElementsAre(0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF, 0));
 }
 
+TEST_F(WordPaintTest, EveryPaintSaysSoOnce) {
+    for (const int64_t rows : {100, 20000}) { // with rows to erase, and without
+        const auto view = openView(320, 480, rows);
+        testing::internal::CaptureStdout();
+        paint(*view);
+        EXPECT_EQ(testing::internal::GetCapturedStdout(), "Erasing buffer!...\n") << rows;
+    }
+}
+
 TEST_F(WordPaintTest, EveryRowOfTheFrameIsTheTextsRow) {
     const auto view = openView(320, 480, 20000);
     scrollBy(*view, 2345);
@@ -59,6 +68,83 @@ TEST_F(WordPaintTest, ZoomingOutPreviewsTheLastFrameInTheMiddle) {
     EXPECT_EQ(frame[360 * 320 + 80], fakeWordWhite);
     EXPECT_EQ(view->mGestureScroll.x, -80);
     EXPECT_EQ(view->mGestureScroll.y, 50 - 120);
+}
+
+TEST_F(WordPaintTest, PreviewAtTheScaleItHasIsTheLastFrameOverAnErasedOne) {
+    const auto view = openView(320, 480, 20000);
+    const std::vector<uint32_t> last = paint(*view);
+    view->handleGestureStart(1.0, 0.0);
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(paint(*view), last);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "Erasing buffer!...\n");
+    view->handleGestureStart(1.01, 0.0);
+    testing::internal::CaptureStdout();
+    paint(*view);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "") << "what is zoomed in fills the frame";
+}
+
+TEST_F(WordPaintTest, PlaceThatAPreviewShowsIsTruncatedTowardZero) {
+    const auto view = openView(320, 480, 20000);
+    scrollBy(*view, 101);
+    paint(*view);
+    view->handleGestureStart(1.5, 0.0); // from column 53.3 and row 80 on
+    paint(*view);
+    EXPECT_EQ(view->mGestureScroll.x, 79);  // 53 * 1.5
+    EXPECT_EQ(view->mGestureScroll.y, 271); // 181 * 1.5
+    view->handleGestureStart(0.7, 0.0);     // to column 48 and row 72
+    paint(*view);
+    EXPECT_EQ(view->mGestureScroll.x, -48);
+    EXPECT_EQ(view->mGestureScroll.y, -1); // 70.7 - 72
+}
+
+// Notes which of the steps that touch what a paint shows ran with the view locked.
+class LockedWord : public TestWord {
+public:
+    using TestWord::TestWord;
+    void eraseBuffer(unsigned int* frame, unsigned int count) const override {
+        note("erase");
+        TestWord::eraseBuffer(frame, count);
+    }
+    bool tick() override {
+        note("tick");
+        return TestWord::tick();
+    }
+    void resizeDocument() override {
+        note("resize");
+        TestWord::resizeDocument();
+    }
+    int ReinitSearchRects() override {
+        note("rects");
+        return TestWord::ReinitSearchRects();
+    }
+    void note(const std::string& what) const {
+        auto* lock = const_cast<LockedWord*>(this)->mutex();
+        const bool free = pthread_mutex_trylock(lock) == 0;
+        if (free) {
+            pthread_mutex_unlock(lock);
+        }
+        notes.push_back(free ? what : what + " locked");
+    }
+    mutable std::vector<std::string> notes;
+};
+
+TEST_F(WordPaintTest, ZoomsAndPopupPaintsHoldTheViewsLock) {
+    LockedWord view(320, 480, 0, 0);
+    fakeWord().rows = 20000;
+    ASSERT_EQ(view.openFile("/d/text.doc", nullptr), 0);
+    view.notes.clear();
+    view.handleDoubleClick(5, 5);
+    EXPECT_THAT(std::exchange(view.notes, {}), ElementsAre("resize locked", "rects locked"));
+    view.handleGestureStart(1.0, 0.0);
+    view.mGestureAppliedScale = 1.1;
+    view.handleGestureEnd(0.0, 0.0);
+    EXPECT_THAT(std::exchange(view.notes, {}), ElementsAre("resize locked", "rects locked"));
+    fakeWord().click = {2, 0, 0, 0};
+    view.handleClick(5, 5);
+    paint(view);
+    EXPECT_THAT(view.notes, ElementsAre("erase locked", "tick locked"));
+    EXPECT_EQ(pthread_mutex_trylock(view.mutex()), 0);
+    pthread_mutex_unlock(view.mutex());
 }
 
 } // namespace

@@ -81,6 +81,7 @@ TEST_F(WordPopupTest, ScrollsToItsEndAndNotAbove) {
     view->handlePenMove(10, -900);
     EXPECT_EQ(view->mScroll.y, 2500);
     EXPECT_EQ(popupRow(paint(*view), 320, 20, 40), 550);
+    EXPECT_EQ(view->mScroll.y, 2500) << "not past the end yet";
     view->handlePenMove(10, 900);
     EXPECT_EQ(view->mScroll.y, 2000);
     EXPECT_EQ(popupRow(paint(*view), 320, 20, 40), 50);
@@ -96,9 +97,11 @@ TEST_F(WordPopupTest, ScrollsAlsoAtTheTextsEnd) {
 
 TEST_F(WordPopupTest, PositionPastTheEndFallsBackToItsRow) {
     const auto view = openPopup(320, 480, 2000);
-    view->mScroll.y = 2505; // as a key leaves it
-    EXPECT_EQ(popupRow(paint(*view), 320, 20, 40), 550);
-    EXPECT_EQ(view->mScroll.y, 2000 + 480 - 30);
+    for (const int past : {1, 5}) {
+        view->mScroll.y = 2500 + past; // as keys leave it
+        EXPECT_EQ(popupRow(paint(*view), 320, 20, 40), 550);
+        EXPECT_EQ(view->mScroll.y, 2000 + 480 - 30);
+    }
     view->mScroll.y = 1995;
     EXPECT_EQ(popupRow(paint(*view), 320, 20, 40), 50);
     EXPECT_EQ(view->mScroll.y, 2000);

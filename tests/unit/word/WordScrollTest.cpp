@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Drags, glides and the stretch that follows them.
+#include <cerrno>
 #include <climits>
 
 #include "tests/unit/word/WordTest.h"
@@ -202,9 +203,11 @@ TEST_F(WordScrollTest, TextAboveAJumpsTargetIsInReach) {
     EXPECT_EQ(view->mScroll.y, 0);
     EXPECT_EQ(view->top(), 0);
     EXPECT_EQ(view->firstTextRow(), 5000);
+    view->mGestureScroll.y = 50;
     view->handlePenDown(100, 100);
     view->handlePenMove(100, 130);
     EXPECT_THAT(calls(), ElementsAre(topLeft, "wtg_scroll_up(0, 520)", topLeft));
+    EXPECT_EQ(view->mGestureScroll.y, 570);
     EXPECT_EQ(view->top(), 0);
     EXPECT_EQ(view->mScroll.y, 520) << "the same picture, counted anew";
     EXPECT_EQ(view->mPenDownScroll.y, 520);
@@ -249,13 +252,45 @@ TEST_F(WordScrollTest, PenUpAfterATapOrFlickOnlyClearsTheFlags) {
     view->handlePenUp(100, 100);
     EXPECT_EQ(view->mScroll.y, 0);
     EXPECT_FALSE(view->mClicked);
+    EXPECT_TRUE(view->mPenDown) << "forgotten only with a drag";
     view->handlePenDown(100, 300);
     view->handleFlick(0, 0);
     notifications(*view);
     view->handlePenUp(100, 100);
     EXPECT_EQ(view->mScroll.y, 0);
     EXPECT_FALSE(view->mFlicking);
+    EXPECT_TRUE(view->mPenDown);
+    view->mClicked = view->mFlicking = true;
+    view->handleGestureStart(1.0, 0.0);
+    EXPECT_TRUE(view->handlePenUp(100, 100));
+    EXPECT_EQ(view->mScroll.y, 0);
+    EXPECT_FALSE(view->mClicked || view->mFlicking);
+    EXPECT_TRUE(view->mPenDown);
     EXPECT_THAT(notifications(*view), IsEmpty());
+}
+
+TEST_F(WordScrollTest, DraggingIntoACornerEndsAGlideAndAlongAnEdgeDoesNot) {
+    const auto view = openView(320, 480, 20000);
+    view->setWideMode(true);
+    view->handlePenDown(100, 300);
+    view->handleFlick(0, -862);
+    view->handlePenMove(150, 300);
+    EXPECT_TRUE(view->mScroller.isMoving());
+    view->handlePenMove(150, 350);
+    EXPECT_FALSE(view->mScroller.isMoving());
+}
+
+// The worker and the bus handlers hold the view's mutex, which does not nest.
+TEST_F(WordScrollTest, PensAndClicksLeaveTheLockToTheirCallers) {
+    const auto view = openView(320, 480, 20000);
+    ASSERT_EQ(pthread_mutex_trylock(view->mutex()), 0);
+    view->handlePenDown(100, 300);
+    view->handlePenMove(100, 250);
+    view->handlePenUp(100, 200);
+    EXPECT_EQ(view->mScroll.y, 100);
+    EXPECT_FALSE(view->handleClick(100, 200));
+    EXPECT_EQ(pthread_mutex_trylock(view->mutex()), EBUSY);
+    pthread_mutex_unlock(view->mutex());
 }
 
 TEST_F(WordScrollTest, ShortTextIsHeldInTheView) {

@@ -153,6 +153,21 @@ TEST_F(WordSearchTest, PreviousAboveTheViewComesToItsLowerEnd) {
     EXPECT_EQ(view->mScroll.y, 600 + 120 - 480);
 }
 
+TEST_F(WordSearchTest, PreviousAtTheViewsTopOrBelowStaysWhereItIs) {
+    const auto view = openWithHits({600, 900});
+    scrollBy(*view, 601);
+    for (const int scroll : {600, 50}) {
+        view->mScroll.y = 700;
+        view->doSearch("x");
+        ASSERT_EQ(markedRow(*view), 900);
+        view->mScroll.y = scroll; // the hit is the view's first row, or past its end
+        view->previousResult();
+        EXPECT_EQ(markedRow(*view), 600);
+        EXPECT_EQ(view->mScroll.y, scroll);
+        view->stopFind();
+    }
+}
+
 TEST_F(WordSearchTest, RowsAreTheDocumentsWhenTheStretchHasMoved) {
     const auto view = openWithHits({1300, 1400, 1900});
     scrollBy(*view, 1100);
@@ -214,6 +229,21 @@ TEST_F(WordSearchTest, MarkLiesOnTheHitWithEveryRectangle) {
     }
 }
 
+TEST_F(WordSearchTest, MarkMovesWithTheColumnsInWideMode) {
+    fakeWord().hits = {{5 * 50, 5 * 50 + 4, 300, 20, 1}};
+    const auto view = openView(320, 480, 20000);
+    view->setWideMode(true);
+    view->mScroll.x = 250;
+    view->doSearch("x");
+    ASSERT_EQ(view->mScroll.x, 250);
+    const int64_t row = markedRow(*view);
+    const std::vector<uint32_t> frame = paint(*view);
+    for (const int x : {49, 50, 69, 70}) {
+        const uint32_t seen = frame[static_cast<size_t>(row) * 320 + static_cast<size_t>(x)];
+        EXPECT_EQ(seen != fakeWordPixel(row, 250 + x), x >= 50 && x < 70) << x;
+    }
+}
+
 TEST_F(WordSearchTest, MarkIsTranslucentYellow) {
     const auto view = openWithHits({300});
     view->doSearch("x");
@@ -235,16 +265,31 @@ TEST_F(WordSearchTest, ZoomFindsTheHitAgain) {
     EXPECT_EQ(markedRow(*view), 150 * 9);
 }
 
+TEST_F(WordSearchTest, PinchFindsTheHitAgain) {
+    const auto view = openWithHits({100, 150, 200});
+    view->doSearch("x");
+    view->nextResult();
+    view->handleGestureStart(2.0, 0.0);
+    paint(*view);
+    calls();
+    view->handleGestureEnd(0.0, 0.0);
+    EXPECT_THAT(calls(), testing::Contains(regionsAsked));
+    EXPECT_EQ(markedRow(*view), 150 * 4);
+    EXPECT_LE(view->mScroll.y, 150 * 4);
+    EXPECT_LE(150 * 4, 480 + view->mScroll.y - 80) << "and brings it into view";
+}
+
 TEST_F(WordSearchTest, ClosingForgetsTheHits) {
     const auto view = openWithHits({100, 150});
     view->doSearch("x");
+    ASSERT_NE(paint(*view)[100 * 320 + 100], fakeWordPixel(100, 100));
     calls();
     EXPECT_EQ(view->stopFind(), 0);
     EXPECT_THAT(calls(), ElementsAre("wtg_stop_find()"));
     EXPECT_EQ(view->mCurrentResult, -1);
     view->nextResult();
     view->previousResult();
-    paint(*view);
+    EXPECT_EQ(paint(*view)[100 * 320 + 100], fakeWordPixel(100, 100));
     view->handleDoubleClick(1, 1);
     EXPECT_THAT(calls(), testing::Not(testing::Contains(regionsAsked)));
 }
@@ -256,6 +301,7 @@ TEST_F(WordSearchTest, SmallerSearchLeavesNoStaleHit) {
     view->nextResult();
     fakeWord().hits.clear();
     EXPECT_EQ(view->doSearch("y"), "{ \"resultcount\": 0 }");
+    EXPECT_EQ(view->mCurrentResult, 2) << "stays, and counts for nothing";
     EXPECT_EQ(view->nextResult(), 0);
     EXPECT_EQ(view->previousResult(), 0);
     EXPECT_EQ(paint(*view)[200 * 320 + 100], fakeWordPixel(200, 100));
@@ -304,13 +350,17 @@ TEST_F(WordSearchTest, WideModeCentresTheColumn) {
     struct {
         int x, from, scroll;
     } const cases[] = {
-        {200, 0, 0},                 // in view
-        {500, 0, 500 - 120 - 160},   // past 3/4 of 640
-        {450, 0, 450 - 96 - 160},    // past 2/3
-        {350, 0, 350 - 160},         // in the middle
-        {200, 300, 200 + 96 - 160},  // before 1/3
-        {100, 300, 100 + 120 - 160}, // before 1/4
-        {10, 300, 0},                // -30, held to the text
+        {200, 0, 0},   {320, 0, 0},     {300, 300, 300}, // in view, edges included
+        {321, 0, 161}, {299, 300, 139},                  // just beside it
+        {500, 0, 500 - 120 - 160},                       // past 3/4 of 640
+        {480, 0, 480 - 96 - 160},                        // not yet
+        {427, 0, 427 - 96 - 160},                        // past 2/3
+        {426, 0, 426 - 160},                             // in the middle
+        {213, 300, 213 - 160},                           //
+        {212, 300, 212 + 96 - 160},                      // before 1/3
+        {160, 300, 160 + 96 - 160},                      //
+        {159, 300, 159 + 120 - 160},                     // before 1/4
+        {10, 300, 0},                                    // -30, held to the text
     };
     for (const auto& c : cases) {
         fakeWord().hits = {{500, 504, c.x, 30, 1}};
