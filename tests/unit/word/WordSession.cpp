@@ -91,10 +91,17 @@ void WordSession::checkFrame(const char* what) {
     const int left = mView->mScroll.x; // a tapped view may stand beside the text as well
     const wtg_find_region* hit = mView->mCurrentResult >= 0 ? mView->currentRegion() : nullptr;
     const int64_t hitRow = hit != nullptr ? rowOfCharacter(hit->position) : -1;
+    std::vector<int> columns = {0, mWidth / 2};
+    if (hit != nullptr) { // and on either side of both ends of the mark
+        const int x = hit->rectangles[0].x - left;
+        const int end = x + hit->rectangles[0].width;
+        columns.insert(columns.end(), {x - 1, x, end - 1, end});
+        std::erase_if(columns, [this](int column) { return column < 0 || column >= mWidth; });
+    }
     for (int y = 0; y < mHeight; ++y) {
         const int64_t row = firstRow + y;
         const bool isRow = row >= 0 && row < text.rows;
-        for (const int x : {0, mWidth / 2}) {
+        for (const int x : columns) {
             const int column = left + x;
             const bool isText = isRow && column >= 0 && column < text.width;
             const uint32_t page = isText ? fakeWordPixel(row, column) : fakeWordWhite;

@@ -1,54 +1,64 @@
 // SPDX-License-Identifier: Apache-2.0
 // Nothing white where there is text, no move that the input does not explain,
-// and every row within reach, whatever a reader does. More sessions than the
-// default: LECTERN_WORD_SESSIONS=n.
+// and every row within reach, whatever a reader does: at each size, in both
+// modes and for short and long texts. More sessions of each than one:
+// LECTERN_WORD_SESSIONS=n.
 #include "tests/unit/word/WordSession.h"
 #include "tests/unit/word/WordTest.h"
 
 namespace {
 
-int sessionCount() {
+unsigned sessionsOfEach() {
     const char* asked = std::getenv("LECTERN_WORD_SESSIONS");
     const int count = asked != nullptr ? std::atoi(asked) : 0;
-    return count > 0 ? count : 3;
+    return count > 0 ? static_cast<unsigned>(count) : 1;
 }
 
-struct Size {
+struct Reader {
     int width, height;
+    bool wide; // at first; sessions turn it on and off
 };
 
 using Failures = std::map<std::string, int>;
 
-class WordSessionTest : public WordTest, public testing::WithParamInterface<Size> {
+class WordSessionTest : public WordTest, public testing::WithParamInterface<Reader> {
 protected:
     // Every paint leaves a line on standard output, which nobody wants to read.
-    static Failures play(unsigned seed, Size size, int64_t rows) {
+    static Failures play(unsigned seed, const Reader& reader, int64_t rows) {
         testing::internal::CaptureStdout();
-        WordSession session(seed, size.width, size.height, rows, seed % 3 == 0);
+        WordSession session(seed, reader.width, reader.height, rows, reader.wide);
         session.play(25);
-        if (fakeWord().layout.rows < 30000) {
-            session.visitEnds();
-        }
+        session.visitEnds();
         testing::internal::GetCapturedStdout();
         return session.failures();
     }
 };
 
 TEST_P(WordSessionTest, KeepsTheTextInViewAndInReach) {
-    constexpr int64_t lengths[] = {100, 500, 1500, 3000, 8000, 20000, 60000};
-    for (int i = 1; i <= sessionCount(); ++i) {
-        const auto seed = static_cast<unsigned>(GetParam().width + GetParam().height + i);
-        const int64_t rows = lengths[seed % std::size(lengths)];
-        EXPECT_THAT(play(seed, GetParam(), rows), IsEmpty()) << "seed " << seed << ", " << rows << " rows";
+    const Reader& reader = GetParam();
+    const auto first = static_cast<unsigned>(reader.width + reader.height);
+    for (unsigned i = 0; i < sessionsOfEach(); ++i) {
+        for (const int rows : {100, 500, 1500, 3000, 8000, 20000, 60000}) {
+            const unsigned seed = first + 1000 * i + static_cast<unsigned>(rows);
+            EXPECT_THAT(play(seed, reader, rows), IsEmpty()) << "seed " << seed << ", " << rows << " rows";
+        }
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Sizes, WordSessionTest,
-                         testing::Values(Size{320, 480}, Size{480, 800}, Size{480, 320}, Size{1080, 1920},
-                                         Size{360, 720}, Size{320, 521}, Size{64, 64}, Size{30, 700}),
-                         [](const auto& test) {
-                             return std::to_string(test.param.width) + "x" +
-                                    std::to_string(test.param.height);
-                         });
+std::string readerName(const testing::TestParamInfo<Reader>& test) {
+    return std::to_string(test.param.width) + "x" + std::to_string(test.param.height) +
+           (test.param.wide ? "Wide" : "");
+}
+
+INSTANTIATE_TEST_SUITE_P(Devices, WordSessionTest,
+                         testing::Values(Reader{320, 480, false}, Reader{320, 480, true},
+                                         Reader{480, 800, false}, Reader{480, 800, true},
+                                         Reader{480, 320, false}, Reader{480, 320, true},
+                                         Reader{1080, 1920, false}, Reader{1080, 1920, true}),
+                         readerName);
+INSTANTIATE_TEST_SUITE_P(OtherSizes, WordSessionTest,
+                         testing::Values(Reader{360, 720, false}, Reader{320, 521, true},
+                                         Reader{64, 64, false}, Reader{30, 700, true}),
+                         readerName);
 
 } // namespace
