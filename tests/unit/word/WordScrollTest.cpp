@@ -198,6 +198,49 @@ TEST_F(WordScrollTest, MovesOfLargeViewsEndWhenTheModuleFails) {
     EXPECT_EQ(view->mScroll.y, 242) << "held to the stretch";
 }
 
+// A module that says there is more text, takes the move and does not move.
+int32_t scrollNothing(void* /*doc*/, int32_t /*story*/, int32_t /*rows*/, int32_t* scrolled) {
+    *scrolled = 0;
+    return 0;
+}
+
+TEST_F(WordScrollTest, MovesThatReportNoRowsEndTheCovering) {
+    const auto view = openAt(480, 800, 20000, 5000);
+    WTGFunc& module = Singleton<WTGFunc>::Instance();
+    const WTGFunc bound = module;
+    module.wtg_scroll_down = module.wtg_scroll_up = scrollNothing;
+    view->handlePenDown(100, 700);
+    view->handlePenMove(100, 100);
+    EXPECT_EQ(view->top(), 0);
+    EXPECT_EQ(view->mScroll.y, 242);
+    view->handlePenMove(100, 1500);
+    EXPECT_EQ(view->top(), 0);
+    EXPECT_EQ(view->mScroll.y, 0);
+    module = bound;
+}
+
+TEST_F(WordScrollTest, WideModeOfAPhoneScrollsAsLargeViewsDo) {
+    const auto view = openView(320, 480, 20000);
+    view->setWideMode(true); // 782 rows, 151 to move
+    calls();
+    view->handlePenDown(100, 400);
+    view->handlePenMove(100, 98);
+    EXPECT_EQ(view->mScroll.y, 302);
+    EXPECT_THAT(calls(), IsEmpty());
+    view->handlePenMove(100, 97);
+    EXPECT_THAT(calls(), ElementsAre(bottomRight, "wtg_scroll_down(0, 151)", lastUsed));
+    EXPECT_EQ(view->mScroll.y, 303);
+}
+
+TEST_F(WordScrollTest, PenAtTheHeightItWentDownCountsAsDown) {
+    const auto view = openView(320, 480, 20000);
+    view->handlePenDown(100, 300);
+    view->handlePenMove(100, 300);
+    EXPECT_THAT(calls(), IsEmpty());
+    view->handlePenMove(100, 301);
+    EXPECT_THAT(calls(), ElementsAre(topLeft));
+}
+
 TEST_F(WordScrollTest, TextAboveAJumpsTargetIsInReach) {
     const auto view = openAt(320, 480, 20000, 5000);
     EXPECT_EQ(view->mScroll.y, 0);
