@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/unit/word/WordSession.h"
 
+#include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 #include "channel/ServiceQueue.h"
 
@@ -70,6 +72,19 @@ int64_t WordSession::onText(int64_t row) const {
     return std::clamp(row, std::min<int64_t>(0, overhang), std::max<int64_t>(0, overhang));
 }
 
+// The same for columns; a layout is never narrower than the view.
+int WordSession::onLayout(int column) const {
+    return std::clamp(column, 0, fakeWord().layout.width - mWidth);
+}
+
+// Of the current hit, in the order of the text; -1 when it is none of them.
+int WordSession::hitIndex() const {
+    const std::vector<FakeWordHit>& hits = fakeWord().hits;
+    const auto own = std::find_if(hits.begin(), hits.end(),
+                                  [this](const auto& hit) { return hit.start == mView->mHitPosition; });
+    return own != hits.end() ? static_cast<int>(own - hits.begin()) : -1;
+}
+
 // Every paint ticks; some are looked at pixel by pixel.
 void WordSession::atPaint(const char* what) {
     if (++mPaints % framesBetweenChecks == 0) {
@@ -126,10 +141,17 @@ void WordSession::checkMoved(int64_t from, int64_t input, const char* what) {
     }
 }
 
+// Outside wide mode a layout is as wide as the view, and the one place is 0.
+void WordSession::checkMovedSideways(int from, int input, const char* what) {
+    check(std::abs(mView->mScroll.x - from) <= std::abs(input), std::string("jumped sideways in ") + what);
+    check(mView->mScroll.x == onLayout(mView->mScroll.x), std::string("beside the layout in ") + what);
+}
+
 // One contact that changes its mind: the moves drift, and the drift turns.
 void WordSession::drag() {
     const int start = number(0, mHeight - 1);
     mView->handlePenDown(mWidth / 2, start);
+    int column = mWidth / 2;
     int way = 0;
     int lastWay = 0;
     int drift = 0;
@@ -139,13 +161,16 @@ void WordSession::drag() {
             drift = chance(50) ? 18 : -18;
         }
         way = std::clamp(way + number(-20, 20) + drift, -mHeight, mHeight);
-        mView->handlePenMove(mWidth / 2 + number(-30, 30), start - way);
+        const int lastColumn = std::exchange(column, mWidth / 2 + number(-30, 30));
+        const int seenColumn = onLayout(mView->mScroll.x);
+        mView->handlePenMove(column, start - way);
         atPaint("a drag");
         checkMoved(seen, way - lastWay, "a drag");
+        checkMovedSideways(seenColumn, column - lastColumn, "a drag");
         seen = mView->firstTextRow();
         lastWay = way;
     }
-    mView->handlePenUp(mWidth / 2, start - way);
+    mView->handlePenUp(column, start - way);
     atPaint("a drag's end");
     checkMoved(seen, 0, "a drag's end");
 }
@@ -158,8 +183,10 @@ void WordSession::fling() {
     int64_t seen = onText(mView->firstTextRow());
     for (int i = 0; i < 80 && mView->mScroller.isMoving(); ++i) {
         TestClock::advance(0.016);
+        const int seenColumn = onLayout(mView->mScroll.x);
         atPaint("a fling");
         checkMoved(seen, 20, "a fling");
+        checkMovedSideways(seenColumn, 20, "a fling");
         seen = mView->firstTextRow();
     }
     if (chance(70)) {
@@ -209,9 +236,7 @@ void WordSession::stepThroughHits() {
     mView->doSearch("x");
     check(mView->whiteRows() == 0, "white after a search");
     for (int i = 0, count = number(0, 12); i < count; ++i) {
-        chance(60) ? mView->nextResult() : mView->previousResult();
-        check(mView->whiteRows() == 0, "white after a step");
-        atPaint("a search");
+        stepToHit(chance(60));
         if (chance(20)) {
             drag();
         }
@@ -219,6 +244,29 @@ void WordSession::stepThroughHits() {
     if (chance(30)) {
         mView->stopFind();
     }
+}
+
+// To the neighbour, without a way around; the first two count as the beginning
+// when they lie outside the stretch.
+void WordSession::stepToHit(bool next) {
+    const bool any = mView->mCurrentResult >= 0;
+    const int from = hitIndex();
+    next ? mView->nextResult() : mView->previousResult();
+    check(mView->whiteRows() == 0, "white after a step");
+    const int to = hitIndex();
+    if (!any) {
+        check(to == from, "a step without a hit goes nowhere");
+    } else if (next) {
+        check(to == std::min(from + 1, static_cast<int>(fakeWord().hits.size()) - 1), "a step to the next hit");
+        const wtg_find_region* hit = mView->currentRegion();
+        const int64_t below = mView->firstTextRow() + mHeight;
+        const bool inView = hit != nullptr && rowOfCharacter(hit->position) < below;
+        check(inView || to == from, "a next hit below the view");
+    } else {
+        check(to == from - 1 || (to == from && from <= 1), "a step to the previous hit");
+        check(mView->currentRegion() != nullptr || to == from, "a previous hit outside of the stretch");
+    }
+    atPaint("a search");
 }
 
 void WordSession::popup() {
