@@ -232,6 +232,19 @@ TEST_F(WordScrollTest, WideModeOfAPhoneScrollsAsLargeViewsDo) {
     EXPECT_EQ(view->mScroll.y, 303);
 }
 
+TEST_F(WordScrollTest, ViewsAreLargeOnceTwoStepsAndTheViewPassTheStretch) {
+    const auto fitting = openView(320, 522, 20000); // 1562 - 2 * 520 rows
+    scrollBy(*fitting, 1039);
+    calls();
+    scrollBy(*fitting, 1);
+    EXPECT_THAT(calls(), ElementsAre(bottomRight, "wtg_scroll_down(0, 520)", lastUsed));
+    const auto large = openView(320, 523, 20000);
+    scrollBy(*large, 1039);
+    EXPECT_THAT(calls(), IsEmpty());
+    scrollBy(*large, 1);
+    EXPECT_THAT(calls(), ElementsAre(bottomRight, "wtg_scroll_down(0, 519)", lastUsed));
+}
+
 TEST_F(WordScrollTest, PenAtTheHeightItWentDownCountsAsDown) {
     const auto view = openView(320, 480, 20000);
     view->handlePenDown(100, 300);

@@ -147,6 +147,20 @@ void WordSession::checkMovedSideways(int from, int input, const char* what) {
     check(mView->mScroll.x == onLayout(mView->mScroll.x), std::string("beside the layout in ") + what);
 }
 
+// A new layout keeps the character at the stretch's top, up to its line; the
+// view is to stand so many rows from that, or where the text ends. A tap past
+// the end of a text shorter than the view takes it to the view's lower edge.
+void WordSession::checkKeptPlace(const FakeWordLayout& before, int64_t offset, const char* what) {
+    const FakeWordLayout& text = fakeWord().layout;
+    const int64_t row = before.top * text.rows / before.rows + offset;
+    const int64_t seen = mView->firstTextRow();
+    const int64_t few = 8 * text.lineRows;
+    const int64_t places[] = {row, onText(row), std::min(row, text.rows - mHeight)};
+    check(std::any_of(std::begin(places), std::end(places),
+                      [=](int64_t place) { return std::abs(seen - place) <= few; }),
+          std::string("another place after ") + what);
+}
+
 // One contact that changes its mind: the moves drift, and the drift turns.
 void WordSession::drag() {
     const int start = number(0, mHeight - 1);
@@ -198,9 +212,18 @@ void WordSession::fling() {
 
 void WordSession::doubleTap() {
     mView->handlePenDown(number(0, mWidth - 1), number(0, mHeight - 1));
-    mView->handleDoubleClick(number(0, mWidth - 1), number(0, mHeight - 1));
+    const FakeWordLayout before = fakeWord().layout;
+    const int tapped = number(0, mHeight - 1);
+    const double row = mView->mScroll.y - mView->top() + tapped;
+    const double scale = mView->mScale;
+    const bool searching = mView->mCurrentResult >= 0; // then the hit comes into view
+    mView->handleDoubleClick(number(0, mWidth - 1), tapped);
     mView->handlePenUp(0, 0);
     atPaint("a double tap");
+    if (!searching) {
+        const double centred = row * mView->mScale / scale - mHeight / 2;
+        checkKeptPlace(before, static_cast<int64_t>(centred), "a double tap");
+    }
 }
 
 void WordSession::pinch() {
@@ -210,9 +233,20 @@ void WordSession::pinch() {
         mView->setDirty();
         mView->handlePaintRouter(mFrame.data());
     }
+    const FakeWordLayout before = fakeWord().layout;
+    const int64_t row = mView->firstTextRow();
+    const double top = mView->top();
+    const double shown = mView->mGestureScroll.y;
+    const double scale = mView->mScale;
+    const bool searching = mView->mCurrentResult >= 0; // then the hit comes into view
     mView->handleGestureEnd(0.0, 0.0);
     check(mView->whiteRows() == 0, "white after a pinch");
     atPaint("a pinch");
+    if (mView->mGestureAppliedScale == 1.0) {
+        check(mView->firstTextRow() == row, "a pinch without a zoom goes nowhere");
+    } else if (!searching) {
+        checkKeptPlace(before, static_cast<int64_t>(shown - top * mView->mScale / scale), "a pinch");
+    }
 }
 
 void WordSession::followLink() {
@@ -257,7 +291,8 @@ void WordSession::stepToHit(bool next) {
     if (!any) {
         check(to == from, "a step without a hit goes nowhere");
     } else if (next) {
-        check(to == std::min(from + 1, static_cast<int>(fakeWord().hits.size()) - 1), "a step to the next hit");
+        check(to == std::min(from + 1, static_cast<int>(fakeWord().hits.size()) - 1),
+              "a step to the next hit");
         const wtg_find_region* hit = mView->currentRegion();
         const int64_t below = mView->firstTextRow() + mHeight;
         const bool inView = hit != nullptr && rowOfCharacter(hit->position) < below;

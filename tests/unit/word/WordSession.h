@@ -43,6 +43,7 @@ private:
     void checkFrame(const char* what);
     void checkMoved(int64_t from, int64_t input, const char* what);
     void checkMovedSideways(int from, int input, const char* what);
+    void checkKeptPlace(const FakeWordLayout& before, int64_t offset, const char* what);
     void check(bool good, const std::string& what);
     int64_t onText(int64_t row) const;
     int onLayout(int column) const;
