@@ -361,17 +361,20 @@ TEST_F(WordSearchTest, WideModeCentresTheColumn) {
     struct {
         int x, from, scroll;
     } const cases[] = {
-        {200, 0, 0},   {320, 0, 0},     {300, 300, 300}, // in view, edges included
-        {321, 0, 161}, {299, 300, 139},                  // just beside it
-        {500, 0, 500 - 120 - 160},                       // past 3/4 of 640
-        {480, 0, 480 - 96 - 160},                        // not yet
-        {427, 0, 427 - 96 - 160},                        // past 2/3
-        {426, 0, 426 - 160},                             // in the middle
-        {213, 300, 213 - 160},                           //
-        {212, 300, 212 + 96 - 160},                      // before 1/3
-        {160, 300, 160 + 96 - 160},                      //
-        {159, 300, 159 + 120 - 160},                     // before 1/4
-        {10, 300, 0},                                    // -30, held to the text
+        {200, 0, 0},
+        {320, 0, 0},
+        {300, 300, 300}, // in view, edges included
+        {321, 0, 161},
+        {299, 300, 139},             // just beside it
+        {500, 0, 500 - 120 - 160},   // past 3/4 of 640
+        {480, 0, 480 - 96 - 160},    // not yet
+        {427, 0, 427 - 96 - 160},    // past 2/3
+        {426, 0, 426 - 160},         // in the middle
+        {213, 300, 213 - 160},       //
+        {212, 300, 212 + 96 - 160},  // before 1/3
+        {160, 300, 160 + 96 - 160},  //
+        {159, 300, 159 + 120 - 160}, // before 1/4
+        {10, 300, 0},                // -30, held to the text
     };
     for (const auto& c : cases) {
         fakeWord().hits = {{500, 504, c.x, 30, 1}};
