@@ -159,45 +159,6 @@ TEST_F(WordScrollTest, PenThatTurnsAroundIsNotHeldAtTheStretchsBottom) {
     EXPECT_EQ(view->whiteRows(), 0);
 }
 
-TEST_F(WordScrollTest, LargeViewsMoveTheStretchByHalfItsSpare) {
-    const auto view = openView(480, 800, 20000); // 1042 rows, 121 to move
-    view->handlePenDown(100, 700);
-    view->handlePenMove(100, 458);
-    EXPECT_EQ(view->mScroll.y, 242);
-    EXPECT_THAT(calls(), IsEmpty()) << "the wanted position is covered";
-    view->handlePenMove(100, 457);
-    EXPECT_THAT(calls(), ElementsAre(bottomRight, "wtg_scroll_down(0, 121)", lastUsed));
-    view->handlePenMove(100, 200);
-    EXPECT_EQ(view->mScroll.y, 500);
-    EXPECT_THAT(calls(), ElementsAre(bottomRight, "wtg_scroll_down(0, 121)", lastUsed, bottomRight,
-                                     "wtg_scroll_down(0, 121)", lastUsed));
-    view->handlePenMove(100, 600);
-    EXPECT_EQ(view->mScroll.y, 100);
-    EXPECT_EQ(view->top(), 0) << "by what there is above";
-    EXPECT_THAT(calls(),
-                ElementsAre("wtg_scroll_up(0, 121)", "wtg_scroll_up(0, 121)", "wtg_scroll_up(0, 121)"));
-}
-
-TEST_F(WordScrollTest, LargeViewsReachBothEnds) {
-    const auto view = openView(480, 800, 3000);
-    scrollBy(*view, 5000);
-    EXPECT_EQ(view->firstTextRow(), 2200);
-    scrollBy(*view, -5000);
-    EXPECT_EQ(view->firstTextRow(), 0);
-    scrollBy(*view, 5000);
-    EXPECT_EQ(view->firstTextRow(), 2200);
-}
-
-TEST_F(WordScrollTest, MovesOfLargeViewsEndWhenTheModuleFails) {
-    const auto view = openView(480, 800, 20000);
-    fakeWord().results["wtg_scroll_down"] = 1;
-    view->handlePenDown(100, 700);
-    view->handlePenMove(100, 100);
-    EXPECT_THAT(calls(), ElementsAre(bottomRight, "wtg_scroll_down(0, 121)"));
-    EXPECT_EQ(view->top(), 0);
-    EXPECT_EQ(view->mScroll.y, 242) << "held to the stretch";
-}
-
 // A module that says there is more text, takes the move and does not move.
 int32_t scrollNothing(void* /*doc*/, int32_t /*story*/, int32_t /*rows*/, int32_t* scrolled) {
     *scrolled = 0;
@@ -217,32 +178,6 @@ TEST_F(WordScrollTest, MovesThatReportNoRowsEndTheCovering) {
     EXPECT_EQ(view->top(), 0);
     EXPECT_EQ(view->mScroll.y, 0);
     module = bound;
-}
-
-TEST_F(WordScrollTest, WideModeOfAPhoneScrollsAsLargeViewsDo) {
-    const auto view = openView(320, 480, 20000);
-    view->setWideMode(true); // 782 rows, 151 to move
-    calls();
-    view->handlePenDown(100, 400);
-    view->handlePenMove(100, 98);
-    EXPECT_EQ(view->mScroll.y, 302);
-    EXPECT_THAT(calls(), IsEmpty());
-    view->handlePenMove(100, 97);
-    EXPECT_THAT(calls(), ElementsAre(bottomRight, "wtg_scroll_down(0, 151)", lastUsed));
-    EXPECT_EQ(view->mScroll.y, 303);
-}
-
-TEST_F(WordScrollTest, ViewsAreLargeOnceTwoStepsAndTheViewPassTheStretch) {
-    const auto fitting = openView(320, 522, 20000); // 1562 - 2 * 520 rows
-    scrollBy(*fitting, 1039);
-    calls();
-    scrollBy(*fitting, 1);
-    EXPECT_THAT(calls(), ElementsAre(bottomRight, "wtg_scroll_down(0, 520)", lastUsed));
-    const auto large = openView(320, 523, 20000);
-    scrollBy(*large, 1039);
-    EXPECT_THAT(calls(), IsEmpty());
-    scrollBy(*large, 1);
-    EXPECT_THAT(calls(), ElementsAre(bottomRight, "wtg_scroll_down(0, 519)", lastUsed));
 }
 
 TEST_F(WordScrollTest, PenAtTheHeightItWentDownCountsAsDown) {
@@ -390,17 +325,6 @@ TEST_F(WordScrollTest, GlideGoesOnThroughANewCountOfRows) {
     TestClock::advance(10.0);
     view->tick();
     EXPECT_NEAR(static_cast<double>(view->firstTextRow()), 5000 - 430, 1.0);
-}
-
-TEST_F(WordScrollTest, LargeViewsGlideWithoutWhite) {
-    const TestClock clock;
-    const auto view = openView(1080, 1920, 20000);
-    view->handleFlick(0, -2400);
-    while (view->tick()) {
-        TestClock::advance(0.1);
-        ASSERT_EQ(view->whiteRows(), 0);
-    }
-    EXPECT_NEAR(static_cast<double>(view->firstTextRow()), 1200.0 * 1200.0 / 431.2, 2.0);
 }
 
 TEST_F(WordScrollTest, PaintMakesGoodWhatABigLeapLeft) {
