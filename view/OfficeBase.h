@@ -124,6 +124,15 @@ protected:
     bool takeGestureScale();
     // Lays the document out again for a new scale. REQUIRES: mMutex held.
     void relayout();
+    // Goes on to the next double-tap step; what mScale was multiplied by.
+    float stepScaleLevel();
+    // What a pinch asks for, relative to mScale, inside the zoom limits.
+    double requestedScale(double pinch) const;
+    // A pinch's first frame is not held to the zoom limits; this is what
+    // arithmetic and modules can bear.
+    static double bearableScale(double scale);
+    // The client's frame as it was last shown. REQUIRES: all of it is painted.
+    void keepFrame(const unsigned int* frameBuffer);
     // Where an axis of mScroll must be, after the scale changed by ratio, for a
     // point (view pixels) to come to the middle of the view.
     static int centredPosition(int scroll, int point, float ratio, int viewLength);
@@ -166,7 +175,6 @@ protected:
 
 private:
     bool isVisible(const CpRect& r) const;
-    void keepFrame(const unsigned int* frameBuffer);
 
     StateSegment mStateSegment; // what mDataStore points into
 };
