@@ -5,9 +5,9 @@
 #include <climits>
 
 #include "excel/Excel.h"
-#include "excel/Regions.h"
 #include "raster/Saturate.h"
 #include "view/ModuleArguments.h"
+#include "view/ModuleArray.h"
 
 namespace {
 
@@ -87,7 +87,7 @@ void Excel::refreshCommentMarks() {
     const stg_region* marks = nullptr;
     int32_t count = 0;
     mModule.stg_get_comment_marks_rects(mDocument, mCurrentSheet, &marks, &count);
-    mCommentMarks = regionsIn(marks, count);
+    mCommentMarks = moduleArray(marks, count);
 }
 
 void Excel::recenterDocument() {

@@ -6,22 +6,9 @@
 
 #include "excel/Excel.h"
 #include "raster/Saturate.h"
+#include "view/PinchGeometry.h"
 
 namespace {
-
-// One axis of a rectangle.
-struct Extent {
-    int from;
-    int to;
-};
-
-// The part of the last frame that a zoom into it shows: about a middle, but
-// inside the frame. scale is above 1.
-Extent prvSource(double middle, int viewLength, double scale) {
-    const double length = viewLength / scale;
-    const double from = std::clamp(middle - length / 2, 0.0, viewLength - length);
-    return {saturateToInt(from), saturateToInt(from + length)};
-}
 
 // Where on the screen a zoom out of the last frame shows it: in the middle, but
 // towards an edge of the screen when half of the shrunk view reaches past that
@@ -54,27 +41,16 @@ bool Excel::handleGestureChange(double scale, double /*unused*/) {
 
 void Excel::handlePaintGesture(unsigned int* frameBuffer) {
     const double scale = mGestureRequestScale;
-    const CpRect view(0, 0, mWidth, mHeight);
-    const double x = mScroll.x;
-    const double y = mScroll.y;
     if (scale > 1.0) {
         // About the middle of the sheet, wherever on the screen that is.
-        const Extent columns = prvSource(mSheetWidth / 2 - x, mWidth, scale);
-        const Extent rows = prvSource(mSheetHeight / 2 - y, mHeight, scale);
-        mLastFrame.ScaleCopyToFit(CpRect(columns.from, rows.from, columns.to, rows.to), frameBuffer, view,
-                                  mWidth, mHeight);
-        mGestureScroll.set(saturateToInt((x + columns.from) * scale), saturateToInt((y + rows.from) * scale));
-    } else if (scale < 1.0) {
-        const Extent columns = prvTarget(mScroll.x, mSheetWidth, mWidth, scale);
-        const Extent rows = prvTarget(mScroll.y, mSheetHeight, mHeight, scale);
-        eraseBuffer(frameBuffer, framePixels());
-        mLastFrame.ScaleCopyToFit(view, frameBuffer, CpRect(columns.from, rows.from, columns.to, rows.to),
-                                  mWidth, mHeight);
-        mGestureScroll.set(saturateToInt(x * scale - columns.from), saturateToInt(y * scale - rows.from));
+        const double middleX = static_cast<double>(mSheetWidth / 2) - mScroll.x;
+        const double middleY = static_cast<double>(mSheetHeight / 2) - mScroll.y;
+        magnifyLastFrame(
+            frameBuffer, scale,
+            rectangleOf(magnifiedPart(middleX, mWidth, scale), magnifiedPart(middleY, mHeight, scale)));
     } else {
-        eraseBuffer(frameBuffer, framePixels());
-        mLastFrame.CopyBits(view, frameBuffer);
-        mGestureScroll = mScroll;
+        shrinkLastFrame(frameBuffer, scale,
+                        rectangleOf(prvTarget(mScroll.x, mSheetWidth, mWidth, scale),
+                                    prvTarget(mScroll.y, mSheetHeight, mHeight, scale)));
     }
-    mGestureAppliedScale = scale;
 }

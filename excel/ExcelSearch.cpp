@@ -2,10 +2,10 @@
 // Search on the sheet shown. The module finds all hits at once; their regions
 // are in document pixels and fetched again after a zoom.
 #include "excel/Excel.h"
-#include "excel/Regions.h"
 #include "raster/Saturate.h"
 #include "view/JsonReply.h"
 #include "view/ModuleArguments.h"
+#include "view/ModuleArray.h"
 #include "view/TextHelpers.h"
 
 namespace {
@@ -34,7 +34,7 @@ void Excel::fetchRegions() {
     const stg_region* regions = nullptr;
     int32_t count = 0;
     mModule.stg_get_found_regions(mDocument, &count, &regions);
-    mFound = regionsIn(regions, count);
+    mFound = moduleArray(regions, count);
 }
 
 const stg_region* Excel::currentRegion() const {

@@ -93,7 +93,7 @@ public:
     // Marks the view changed and asks the client for a paint request.
     void InvalidateScreen();
     // Sends the client a notification about this view.
-    void SendDocMessage(ClientMessageId id);
+    void SendDocMessage(ClientMessageId id, int32_t value = 0);
     std::string getMimeInfo() const { return mMimeInfo; }
 
     doctype_t docType() const { return mDocType; }
@@ -131,6 +131,12 @@ protected:
     // A pinch's first frame is not held to the zoom limits; this is what
     // arithmetic and modules can bear.
     static double bearableScale(double scale);
+    // A pinch is shown with the last frame, as nothing is rendered until it ends:
+    // above a scale of 1 a part of it on the whole frame, below all of it
+    // somewhere in the frame (at 1 as it is). Both set mGestureAppliedScale and
+    // the mGestureScroll that goes with what is seen.
+    void magnifyLastFrame(unsigned int* frameBuffer, double scale, const CpRect& part);
+    void shrinkLastFrame(unsigned int* frameBuffer, double scale, const CpRect& target);
     // The client's frame as it was last shown. REQUIRES: all of it is painted.
     void keepFrame(const unsigned int* frameBuffer);
     // Where an axis of mScroll must be, after the scale changed by ratio, for a

@@ -109,8 +109,11 @@ bool OfficeBase::handleDoubleClick(int x, int y) {
         if (guard.lock(&mMutex) != 0) {
             return true;
         }
-        ratio = stepScaleLevel();
+        const double oldScale = mScale;
+        stepScaleLevel();
         relayout();
+        // A kind that cannot follow all of the step goes as far as it can.
+        ratio = static_cast<float>(mScale / oldScale);
     }
     mScroll.set(centredPosition(mScroll.x, x, ratio, mWidth), centredPosition(mScroll.y, y, ratio, mHeight));
     clampScroll();
