@@ -12,10 +12,7 @@
 PPT::PPT(int width, int height, int docId, unsigned int dataStoreId)
     : OfficeBase(width, height, docId, dataStoreId, _PPT) {
     mModuleHandle = mModule.SetFunctionPointers();
-    mRestored = attachGivenStateRecord();
-    if (!mRestored) {
-        makeStateRecord("/tmp");
-    }
+    attachStateRecord("/tmp");
 }
 
 PPT::~PPT() {
@@ -48,7 +45,7 @@ int PPT::initializePPT() {
     // A pinch to a limit may end a rounding beyond it.
     constexpr double rounding = 1e-9;
     const bool sensible = mScale >= mMinScale * (1 - rounding) && mScale <= mMaxScale * (1 + rounding);
-    if (!mRestored || !sensible) {
+    if (!mScaleRestored || !sensible) {
         mScale = fit;
     }
     resizeDocument();
@@ -70,7 +67,8 @@ void PPT::RestoreStateFromDataStore() {
     }
     mCurrentSlide = mDataStore->extra[1];
     const double scale = mDataStore->scale;
-    if (mDocument == nullptr && std::isfinite(scale) && scale > 0.0) {
+    mScaleRestored = std::isfinite(scale) && scale > 0.0;
+    if (mScaleRestored && mSurface == nullptr) {
         mScale = scale;
     }
 }

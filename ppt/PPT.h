@@ -113,7 +113,7 @@ protected:
     int32_t mSlideCount = 0;
     int32_t mSlideWidth = 0; // of the first slide, at a zoom of 1; both 0 without one
     int32_t mSlideHeight = 0;
-    bool mRestored = false; // the state record was there before the view
+    bool mScaleRestored = false; // the zoom is that of an earlier view
 
     // Arrays belong to the module. While a search has hits, mCurrentResult is the
     // index of the current one among the regions of its slide, mHitSlide that of
