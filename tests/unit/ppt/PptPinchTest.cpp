@@ -157,6 +157,16 @@ TEST_F(PptPinchTest, NothingIsShownThatThereCanBeNoSurfaceFor) {
     EXPECT_NEAR(view->mScale, largest, 1e-9);
 }
 
+TEST_F(PptPinchTest, FirstFrameBeyondAllBoundsShowsTheLargestZoom) {
+    for (const double scale : {1e6, 1e300, std::numeric_limits<double>::infinity()}) {
+        const auto view = pinchedView(1.0, 0, 0, scale);
+        paint(*view);
+        view->handleGestureEnd(1.0, 0.0);
+        // 640 x 480 units in 64 MiB; not held to the limits, as first frames are not.
+        EXPECT_NEAR(view->mScale, std::sqrt((16 << 20) / (640.0 * 480)), 0.01) << scale;
+    }
+}
+
 TEST_F(PptPinchTest, PinchesOfAnyScaleAreSurvived) {
     constexpr double infinity = std::numeric_limits<double>::infinity();
     for (const double scale : {0.0, -1.0, -1e300, 1e-300, 1e300, infinity, -infinity, std::nan("")}) {

@@ -325,6 +325,7 @@ TEST_F(PptSearchTest, SmallerSearchLeavesNoStaleHit) {
     fakeSlides().slides[0].hits.clear();
     fakeSlides().slides[1].hits.clear();
     view->doSearch("y");
+    EXPECT_EQ(view->mCurrentResult, -1);
     notifications(*view);
     view->nextResult();
     view->previousResult();

@@ -48,6 +48,8 @@ TEST(SlideHits, StepsAreTheAgreedOnes) {
     EXPECT_EQ(slideAtOrAbove(4, {4, 8}), 1);
     EXPECT_EQ(slideAtOrAbove(3, {4, 8}), 0);
     EXPECT_EQ(slideAtOrAbove(2, {2, 5, 7}), 1);
+    // Out of order: an entry with the key, after a greater one, leads to the right.
+    EXPECT_EQ(regionAtOrAbove(5, {9, 9, 5, 7}), 3);
 }
 
 TEST(SlideHits, BeyondTheLastKeyItIsTheLast) {
