@@ -12,7 +12,7 @@
 #include "view/TextHelpers.h"
 
 std::string PPT::doSearch(const char* text) {
-    const std::string reply = formatSimpleJsonObject("resultcount", 0);
+    std::string reply = formatSimpleJsonObject("resultcount", 0);
     if (mSurface == nullptr) {
         return reply;
     }
