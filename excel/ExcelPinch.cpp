@@ -43,11 +43,12 @@ void Excel::handlePaintGesture(unsigned int* frameBuffer) {
     const double scale = mGestureRequestScale;
     if (scale > 1.0) {
         // About the middle of the sheet, wherever on the screen that is.
-        const double middleX = static_cast<double>(mSheetWidth / 2) - mScroll.x;
-        const double middleY = static_cast<double>(mSheetHeight / 2) - mScroll.y;
+        const int halfWidth = mSheetWidth / 2;
+        const int halfHeight = mSheetHeight / 2;
         magnifyLastFrame(
             frameBuffer, scale,
-            rectangleOf(magnifiedPart(middleX, mWidth, scale), magnifiedPart(middleY, mHeight, scale)));
+            rectangleOf(magnifiedPart(halfWidth - static_cast<double>(mScroll.x), mWidth, scale),
+                        magnifiedPart(halfHeight - static_cast<double>(mScroll.y), mHeight, scale)));
     } else {
         shrinkLastFrame(frameBuffer, scale,
                         rectangleOf(prvTarget(mScroll.x, mSheetWidth, mWidth, scale),
