@@ -10,6 +10,14 @@
 
 namespace {
 
+// The part of the last frame that a zoom into it shows: about a middle, but
+// inside the frame. scale is above 1.
+Extent prvSource(double middle, int viewLength, double scale) {
+    const double length = viewLength / scale;
+    const double from = std::clamp(middle - length / 2, 0.0, viewLength - length);
+    return {saturateToInt(from), saturateToInt(from + length)};
+}
+
 // Where on the screen a zoom out of the last frame shows it: in the middle, but
 // towards an edge of the screen when half of the shrunk view reaches past that
 // edge of the sheet. scale is below 1.
@@ -45,10 +53,9 @@ void Excel::handlePaintGesture(unsigned int* frameBuffer) {
         // About the middle of the sheet, wherever on the screen that is.
         const int halfWidth = mSheetWidth / 2;
         const int halfHeight = mSheetHeight / 2;
-        magnifyLastFrame(
-            frameBuffer, scale,
-            rectangleOf(magnifiedPart(halfWidth - static_cast<double>(mScroll.x), mWidth, scale),
-                        magnifiedPart(halfHeight - static_cast<double>(mScroll.y), mHeight, scale)));
+        magnifyLastFrame(frameBuffer, scale,
+                         rectangleOf(prvSource(halfWidth - static_cast<double>(mScroll.x), mWidth, scale),
+                                     prvSource(halfHeight - static_cast<double>(mScroll.y), mHeight, scale)));
     } else {
         shrinkLastFrame(frameBuffer, scale,
                         rectangleOf(prvTarget(mScroll.x, mSheetWidth, mWidth, scale),

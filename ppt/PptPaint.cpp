@@ -10,6 +10,20 @@ namespace {
 
 constexpr uint32_t currentHitColour = 0x40FF0000;
 
+// The part of the last frame that a zoom into it shows: whole pixels about a
+// middle, moved into the frame where they lie outside. scale is above 1.
+Extent prvSource(double middle, int viewLength, double scale) {
+    const double half = 0.5 * viewLength / scale;
+    Extent part = {saturateToInt(middle - half), saturateToInt(middle + half)};
+    if (part.from < 0) {
+        part = {0, saturatedDifference(part.to, part.from)};
+    }
+    if (part.to > viewLength) {
+        part = {part.from - (part.to - viewLength), viewLength};
+    }
+    return part;
+}
+
 // Where in the frame a zoom out of the last one shows it, for an axis of a slide
 // of this length: slide and background shrink together, towards the middle of
 // the view, but not past an edge of the slide. scale is below 1.
@@ -81,8 +95,8 @@ void PPT::handlePaintGesture(unsigned int* frameBuffer) {
     const double slideHeight = mSlideHeight * mScale;
     if (scale > 1.0) {
         // About the middle of the slide, wherever in the view that is.
-        const Extent columns = magnifiedPart(slideWidth / 2 - mScroll.x, mWidth, scale);
-        const Extent rows = magnifiedPart(slideHeight / 2 - mScroll.y, mHeight, scale);
+        const Extent columns = prvSource(slideWidth / 2 - mScroll.x, mWidth, scale);
+        const Extent rows = prvSource(slideHeight / 2 - mScroll.y, mHeight, scale);
         magnifyLastFrame(frameBuffer, scale, rectangleOf(columns, rows));
     } else {
         const Extent columns = prvTarget(mScroll.x, slideWidth, mWidth, scale);

@@ -12,7 +12,3 @@ struct Extent {
 inline CpRect rectangleOf(const Extent& columns, const Extent& rows) {
     return {columns.from, rows.from, columns.to, rows.to};
 }
-
-// The part of a frame that a zoom into it shows: about a middle, in pixels of
-// the frame, but inside the frame. scale is above 1.
-Extent magnifiedPart(double middle, int frameLength, double scale);

@@ -57,6 +57,17 @@ TEST_F(PptPinchTest, ZoomingInCutsEdgesToWholePixels) {
     EXPECT_EQ(view->mGestureScroll, CpPoint(799, 480)) << "533 * 1.5 cut";
 }
 
+TEST_F(PptPinchTest, ZoomingInMovesWholePixelsIntoTheFrame) {
+    const auto before = pinchedView(2.0, 0, 0, 1.5); // 533.3 to 746.7 across
+    expectMagnified(*before, CpRect(107, 160, 320, 480));
+    EXPECT_EQ(before->mGestureScroll, CpPoint(160, 240)) << "107 * 1.5 cut";
+    const auto behind = pinchedView(2.0, 960, 480, 1.5); // -426.7 to -213.3 across
+    expectMagnified(*behind, CpRect(0, 0, 213, 320));
+    EXPECT_EQ(behind->mGestureScroll, CpPoint(1440, 720));
+    const auto justBefore = pinchedView(1.0, 213, 0, 1.5); // 320 - 213 = 107: 0.3 to 213.7
+    expectMagnified(*justBefore, CpRect(0, 80, 213, 400));
+}
+
 TEST_F(PptPinchTest, ZoomingInOnASlideInTheMiddleOfTheView) {
     const auto view = pinchedView(0.5, 0, -120, 2.0); // 320 x 240, the middle at (160, 240)
     expectMagnified(*view, CpRect(80, 120, 240, 360));
