@@ -178,6 +178,14 @@ TEST_F(PptPinchTest, FirstFrameBeyondAllBoundsShowsTheLargestZoom) {
     }
 }
 
+TEST_F(PptPinchTest, FirstFrameBelowAllBoundsLeavesASurface) {
+    const auto view = pinchedView(1.0, 0, 0, 1e-9);
+    paint(*view);
+    view->handleGestureEnd(1.0, 0.0);
+    EXPECT_EQ(view->mScale, 0.5 / 16);
+    EXPECT_EQ(surfaceSize(*view), CpPoint(20, 16));
+}
+
 TEST_F(PptPinchTest, PinchesOfAnyScaleAreSurvived) {
     constexpr double infinity = std::numeric_limits<double>::infinity();
     for (const double scale : {0.0, -1.0, -1e300, 1e-300, 1e300, infinity, -infinity, std::nan("")}) {
