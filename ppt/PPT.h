@@ -20,8 +20,7 @@
 // were upright.
 //
 // A document that failed to open has no surface: every call is survived and asks
-// the module nothing. Neither does one without slides have anything to show; its
-// view is black.
+// the module nothing. One without slides has nothing to show: its view is black.
 //
 // None of the operations below takes mMutex.
 class PPT : public OfficeBase {
@@ -49,8 +48,8 @@ public:
     // A slide smaller than the view stays in its middle; that axis counts as moved.
     bool clampPosition(int& x, int& y) const override;
     bool clampPosition(int& x, int& y, int maxX, int maxY) const override;
-    // "left", "right" and "down" say where the slide's top is; any other text is
-    // upright. Null goes to and fro between upright and _WIDE, which shows nothing.
+    // "left", "right" and "down" say how the device is turned; any other text is
+    // upright. Null turns back, or from upright to _WIDE, which shows nothing.
     void setFitWideMode(const char* mode);
 
     // Starts a glide, and asks for no paint: callers do.
