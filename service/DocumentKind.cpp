@@ -5,6 +5,7 @@
 
 #include <cstring>
 
+#include "ppt/PPT.h"
 #include "word/Word.h"
 
 namespace {
@@ -40,5 +41,12 @@ doctype_t KindOf(const char* fileName) {
 }
 
 ViewMaker ViewMakerOf(doctype_t kind) {
-    return kind == _WORD ? makeView<Word> : nullptr;
+    switch (kind) {
+    case _WORD:
+        return makeView<Word>;
+    case _PPT:
+        return makeView<PPT>;
+    default:
+        return nullptr;
+    }
 }
