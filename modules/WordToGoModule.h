@@ -29,8 +29,9 @@ typedef struct {
 } wtg_find_region;
 
 /* What lies under a point. 6: hyperlink, a is a const uint16_t*; 7: internal
- * link, a is the story and b the position for wtg_jump_to_character;
- * 2 footnote, 3 endnote, 4 comment, 5 other secondary text: a, b, c are for
+ * link, a bookmark or an entry of a table of contents, a is the story and b the
+ * position for wtg_jump_to_character; 2 footnote, 3 endnote, 4 comment, 5 other
+ * secondary text (our own module has none): a, b, c are for
  * wtg_open_secondary_document; any other value: nothing of interest. */
 typedef struct {
     int32_t type;
@@ -77,7 +78,10 @@ LECTERN_MODULE_EXPORT int32_t wtg_scroll_up(void* doc, int32_t view, int32_t row
 /* Starts the stretch at the line of a character; story 0 is the body text. */
 LECTERN_MODULE_EXPORT int32_t wtg_jump_to_character(void* doc, int32_t story, uint32_t position);
 
-/* Finds text without regard to case between *from and *to, results by position. */
+/* Finds text without regard to case between *from and *to, results by position,
+ * none overlapping another. Notes and comments are not searched. All hits inside
+ * the stretch are marked in the highlight colour until the next find or
+ * wtg_stop_find. Text that is empty or no UTF-16 finds nothing. */
 LECTERN_MODULE_EXPORT int32_t wtg_find(void* doc, const uint16_t* text, int32_t flags, uint32_t* from,
                                        uint32_t* to, const wtg_find_result** results, int32_t* count);
 /* The hits inside the stretch, by y, then x. */
@@ -86,7 +90,7 @@ LECTERN_MODULE_EXPORT int32_t wtg_get_found_regions(void* doc, int32_t view, int
 LECTERN_MODULE_EXPORT int32_t wtg_stop_find(void* doc);
 LECTERN_MODULE_EXPORT int32_t wtg_set_highlight_color(void* doc, const uint8_t rgb[3]);
 
-/* x and y are buffer pixels. */
+/* x and y are buffer pixels; a point outside of the text is on nothing. */
 LECTERN_MODULE_EXPORT int32_t wtg_get_click_info(void* doc, int32_t x, int32_t y,
                                                  const wtg_click_info** info);
 /* Paints a secondary document into the current buffer from row 50 on, `height`
@@ -106,23 +110,35 @@ LECTERN_MODULE_EXPORT int32_t wtg_get_document_last_saved_date(void* doc, time_t
 LECTERN_MODULE_EXPORT int32_t wtg_word_count(void* doc, int32_t* count);
 
 /* Functions that no view calls. */
-LECTERN_MODULE_EXPORT int32_t wtg_clear_selection(void* doc);
-LECTERN_MODULE_EXPORT int32_t wtg_copy_selection(void* doc, uint16_t* text, int32_t capacity, int32_t first,
-                                                 int32_t* length);
-LECTERN_MODULE_EXPORT int32_t wtg_get_click_regions(void* doc, int32_t view, int32_t* count,
-                                                    const module_rect** regions);
-LECTERN_MODULE_EXPORT int32_t wtg_get_version(uint16_t* text, int32_t capacity, int32_t* length);
-LECTERN_MODULE_EXPORT int32_t wtg_page_layout_size(void* doc, int32_t view, int32_t* width, int32_t* height);
-LECTERN_MODULE_EXPORT int32_t wtg_release_memory(void* doc);
-LECTERN_MODULE_EXPORT int32_t wtg_scroll_to_character_range(void* doc, int32_t view, uint32_t start,
-                                                            uint32_t end);
+
+/* One stretch of text is selected at a time, and marked in the highlight colour.
+ * Points and sides are buffer pixels. Where there is no text nothing changes and
+ * the result is not 0. An area selects the text from its first corner to its
+ * last. A copy has a line feed between two paragraphs, and is empty when nothing
+ * is selected. */
 LECTERN_MODULE_EXPORT int32_t wtg_select_all(void* doc);
 LECTERN_MODULE_EXPORT int32_t wtg_select_area(void* doc, int32_t view, int32_t left, int32_t top,
                                               int32_t right, int32_t bottom);
 LECTERN_MODULE_EXPORT int32_t wtg_select_line(void* doc, int32_t view, int32_t x, int32_t y);
 LECTERN_MODULE_EXPORT int32_t wtg_select_word(void* doc, int32_t view, int32_t x, int32_t y);
+LECTERN_MODULE_EXPORT int32_t wtg_clear_selection(void* doc);
+LECTERN_MODULE_EXPORT int32_t wtg_copy_selection(void* doc, uint16_t* text, int32_t capacity, int32_t first,
+                                                 int32_t* length);
+
+/* Where inside the stretch wtg_get_click_info would find something, near misses aside. */
+LECTERN_MODULE_EXPORT int32_t wtg_get_click_regions(void* doc, int32_t view, int32_t* count,
+                                                    const module_rect** regions);
+/* The paragraph at a point, in buffer pixels; it may reach beyond the buffer. */
 LECTERN_MODULE_EXPORT int32_t wtg_smart_zoom(void* doc, int32_t view, int32_t x, int32_t y,
                                              module_rect* area);
+/* Shows characters [start, end): starts the stretch at the first one's line,
+ * unless the lines of both ends begin inside it already. */
+LECTERN_MODULE_EXPORT int32_t wtg_scroll_to_character_range(void* doc, int32_t view, uint32_t start,
+                                                            uint32_t end);
+/* The layout's width, and the rows of the whole text. */
+LECTERN_MODULE_EXPORT int32_t wtg_page_layout_size(void* doc, int32_t view, int32_t* width, int32_t* height);
+LECTERN_MODULE_EXPORT int32_t wtg_release_memory(void* doc);
+LECTERN_MODULE_EXPORT int32_t wtg_get_version(uint16_t* text, int32_t capacity, int32_t* length);
 
 #ifdef __cplusplus
 }

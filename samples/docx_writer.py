@@ -2,7 +2,8 @@
 """Writes .docx files with nothing but the standard library.
 
 Enough of the format for samples and tests: headings, lists, tables, pictures,
-footnotes and endnotes, links and bookmarks, any script in either direction.
+footnotes and endnotes, comments, links and bookmarks, fields, text boxes and a
+table of contents, any script in either direction.
 The same calls always give the same bytes, so stored samples can be made again.
 """
 import struct
@@ -18,6 +19,7 @@ DRAWING = ('xmlns:wp="http://schemas.openxmlformats.org/drawingml/2006/wordproce
 HEAD = '<?xml version="1.0" encoding="UTF-8" standalone="yes"?>\n'
 REL = 'http://schemas.openxmlformats.org/officeDocument/2006/relationships'
 CONTENT = 'application/vnd.openxmlformats-officedocument.wordprocessingml'
+SHAPE = 'http://schemas.microsoft.com/office/word/2010/wordprocessingShape'
 EMU_PER_PIXEL = 9525
 TEXT_WIDTH_TWIPS = 9026  # A4 less margins of one inch
 
@@ -36,7 +38,7 @@ def png(width, height, pixel):
 
 class Docx:
     """A document being written. Text arguments may be strings or lists of runs
-    made by text(), link(), jump(), footnote() and endnote()."""
+    made by text(), link(), jump(), footnote(), endnote(), comment(), field() and box()."""
 
     def __init__(self, title='', author='', description='', created='', modified=''):
         self.core = (title, author, description, created, modified)
@@ -44,6 +46,8 @@ class Docx:
         self.relations = []
         self.media = []
         self.notes = {'footnote': [], 'endnote': []}
+        self.comments = []
+        self.boxes = 0
         self.bookmarks = 0
 
     # runs
@@ -67,7 +71,42 @@ class Docx:
     def endnote(self, words):
         return self._note('endnote', words)
 
+    def comment(self, words, remark, author='A reader'):
+        """Words that a comment is about."""
+        ident = len(self.comments)
+        self.comments.append((author, remark))
+        return (f'<w:commentRangeStart w:id="{ident}"/>{self._runs(words)}<w:commentRangeEnd w:id="{ident}"/>'
+                f'<w:r><w:commentReference w:id="{ident}"/></w:r>')
+
+    def field(self, instruction, words):
+        """A field that shows words."""
+        marks = {kind: f'<w:r><w:fldChar w:fldCharType="{kind}"/></w:r>' for kind in ('begin', 'separate', 'end')}
+        return (f'{marks["begin"]}<w:r><w:instrText xml:space="preserve"> {escape(instruction)} </w:instrText></w:r>'
+                f'{marks["separate"]}{self._runs(words)}{marks["end"]}')
+
+    def box(self, words, width, height):
+        """A text box that stands in the line; sizes in pixels of 1/96 inch."""
+        self.boxes += 1
+        size = f'cx="{width * EMU_PER_PIXEL}" cy="{height * EMU_PER_PIXEL}"'
+        return (f'<w:r><w:drawing><wp:inline {DRAWING}><wp:extent {size}/><wp:docPr id="{900 + self.boxes}" '
+                f'name="Box {self.boxes}"/><a:graphic><a:graphicData uri="{SHAPE}"><wps:wsp xmlns:wps="{SHAPE}">'
+                f'<wps:cNvSpPr txBox="1"/><wps:spPr><a:xfrm><a:off x="0" y="0"/><a:ext {size}/></a:xfrm>'
+                '<a:prstGeom prst="rect"><a:avLst/></a:prstGeom></wps:spPr><wps:txbx><w:txbxContent>'
+                f'<w:p>{self._runs(words)}</w:p></w:txbxContent></wps:txbx><wps:bodyPr/></wps:wsp></a:graphicData>'
+                '</a:graphic></wp:inline></w:drawing></w:r>')
+
     # blocks
+
+    def contents(self, entries):
+        """A table of contents: pairs of a heading and its bookmark."""
+        for number, (words, bookmark) in enumerate(entries):
+            entry = self.jump(f'{words}\t{number + 1}', bookmark)
+            if number == 0:
+                begin = '<w:r><w:fldChar w:fldCharType="begin"/></w:r><w:r><w:instrText> TOC \\h </w:instrText></w:r>'
+                entry = f'{begin}<w:r><w:fldChar w:fldCharType="separate"/></w:r>{entry}'
+            if number == len(entries) - 1:
+                entry += '<w:r><w:fldChar w:fldCharType="end"/></w:r>'
+            self.body.append(f'<w:p>{entry}</w:p>')
 
     def heading(self, words, level=1, bookmark=None):
         inner = self._runs(words)
@@ -135,6 +174,8 @@ class Docx:
             'word/endnotes.xml': self._notes_part('endnote'),
             'word/_rels/document.xml.rels': self._document_rels(),
         }
+        if self.comments:
+            parts['word/comments.xml'] = self._comments_part()
         with zipfile.ZipFile(path, 'w', zipfile.ZIP_DEFLATED) as archive:
             for name, data in parts.items():
                 self._add(archive, name, data.encode())
@@ -168,10 +209,15 @@ class Docx:
                         for i, t in enumerate(('separator', 'continuationSeparator')))
         return f'{HEAD}<w:{kind}s {W} {R}>{lines}{notes}</w:{kind}s>'
 
+    def _comments_part(self):
+        remarks = ''.join(f'<w:comment w:id="{ident}" w:author={quoteattr(author)} w:date="2026-01-05T08:30:00Z">'
+                          f'<w:p>{self._runs(remark)}</w:p></w:comment>' for ident, (author, remark) in enumerate(self.comments))
+        return f'{HEAD}<w:comments {W}>{remarks}</w:comments>'
+
     def _content_types(self):
         overrides = ''.join(f'<Override PartName="/word/{name}.xml" ContentType="{CONTENT}.{kind}+xml"/>' for name, kind in (
             ('document', 'document.main'), ('styles', 'styles'), ('numbering', 'numbering'),
-            ('footnotes', 'footnotes'), ('endnotes', 'endnotes')))
+            ('footnotes', 'footnotes'), ('endnotes', 'endnotes'), *([('comments', 'comments')] if self.comments else [])))
         return (f'{HEAD}<Types xmlns="http://schemas.openxmlformats.org/package/2006/content-types">'
                 '<Default Extension="rels" ContentType="application/vnd.openxmlformats-package.relationships+xml"/>'
                 '<Default Extension="xml" ContentType="application/xml"/><Default Extension="png" ContentType="image/png"/>'
@@ -185,7 +231,8 @@ class Docx:
         return f'{HEAD}<Relationships xmlns="http://schemas.openxmlformats.org/package/2006/relationships">{lines}</Relationships>'
 
     def _document_rels(self):
-        fixed = self._rels([(kind, f'{kind}.xml', REL) for kind in ('styles', 'numbering', 'footnotes', 'endnotes')])
+        kinds = ['styles', 'numbering', 'footnotes', 'endnotes'] + (['comments'] if self.comments else [])
+        fixed = self._rels([(kind, f'{kind}.xml', REL) for kind in kinds])
         more = ''.join(f'<Relationship Id="rId{i + 11}" Type="{REL}/{kind}" Target={quoteattr(target)}'
                        f'{" TargetMode=" + chr(34) + "External" + chr(34) if external else ""}/>'
                        for i, (kind, target, external) in enumerate(self.relations))

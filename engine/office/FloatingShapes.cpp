@@ -35,9 +35,15 @@ bool isInText(const Reference<css::text::XTextRange>& anchor) {
            implementationName(anchor->getText()) != "SwXHeadFootText";
 }
 
+// A drawing may be filled by a frame with text.
+bool hasTextBox(const Reference<css::drawing::XShape>& shape) {
+    const Reference<css::text::XTextRange> text(shape, UNO_QUERY);
+    return text.is() && property<bool>(propertiesOf(shape), "TextBox") && !text->getString().isEmpty();
+}
+
 FloatingShape::Kind kindOf(const Reference<css::drawing::XShape>& shape) {
     if (shape->getShapeType() != "FrameShape")
-        return FloatingShape::Kind::Drawing;
+        return hasTextBox(shape) ? FloatingShape::Kind::TextFrame : FloatingShape::Kind::Drawing;
     const Reference<css::text::XTextFrame> frame(shape, UNO_QUERY);
     return frame.is() ? FloatingShape::Kind::TextFrame : FloatingShape::Kind::Picture;
 }
@@ -78,8 +84,10 @@ void anchorAsCharacter(const FloatingShape& shape) {
         TextContentAnchorType_AS_CHARACTER)
         setProperty(shape.properties, "AnchorType", TextContentAnchorType_AS_CHARACTER);
     // A frame that gets narrower has to grow for its text.
-    if (shape.kind == FloatingShape::Kind::TextFrame)
+    if (shape.kind == FloatingShape::Kind::TextFrame) {
         setProperty(shape.properties, "SizeType", css::text::SizeType::MIN);
+        setProperty(shape.properties, "TextAutoGrowHeight", true);
+    }
 }
 
 void setShapeSize(const FloatingShape& shape, const css::awt::Size& size) {

@@ -23,4 +23,7 @@ struct OpenedDocument {
 int32_t loadDocument(Office::Private& office, const std::string& path, const std::string& password,
                      const std::string& temporaryDirectory, OpenedDocument& opened);
 
+// Makes an empty document, as loadDocument would load one.
+int32_t newDocument(Office::Private& office, OpenedDocument& opened);
+
 } // namespace lectern::engine

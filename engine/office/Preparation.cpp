@@ -8,6 +8,7 @@
 #include <com/sun/star/text/ControlCharacter.hpp>
 #include <com/sun/star/text/HoriOrientation.hpp>
 #include <com/sun/star/text/XFootnotesSupplier.hpp>
+#include <com/sun/star/text/XParagraphCursor.hpp>
 #include <com/sun/star/text/XRelativeTextContentInsert.hpp>
 #include <com/sun/star/text/XTextSectionsSupplier.hpp>
 #include <com/sun/star/text/XTextTable.hpp>
@@ -60,14 +61,26 @@ void appendParagraphBelow(const Reference<css::text::XTextTable>& table,
     text->insertTextContentAfter(paragraph, Reference<css::text::XTextContent>(table, UNO_QUERY_THROW));
 }
 
+// A paragraph is split by a new one put before it: what was known as the text's
+// last paragraph is then the empty one.
+void appendParagraphTo(Body& body, const Reference<css::text::XText>& text) {
+    text->insertControlCharacter(text->getEnd(), css::text::ControlCharacter::PARAGRAPH_BREAK, false);
+    const auto last = text->createTextCursorByRange(text->getEnd());
+    const Reference<css::text::XParagraphCursor> paragraphs(last, UNO_QUERY_THROW);
+    paragraphs->gotoPreviousParagraph(false);
+    paragraphs->gotoStartOfParagraph(false);
+    paragraphs->gotoEndOfParagraph(true);
+    body.moveLastParagraph(Reference<css::text::XTextRange>(last, UNO_QUERY_THROW));
+}
+
 // Most texts end in a paragraph, some in a table.
-Reference<css::text::XTextRange> appendEnd(const Reference<css::text::XTextDocument>& model,
+Reference<css::text::XTextRange> appendEnd(const Reference<css::text::XTextDocument>& model, Body& body,
                                            const Reference<css::beans::XPropertySet>& lastBlock) {
     const auto text = model->getText();
     if (const Reference<css::text::XTextTable> table(lastBlock, UNO_QUERY); table.is())
         appendParagraphBelow(table, model);
     else
-        text->insertControlCharacter(text->getEnd(), css::text::ControlCharacter::PARAGRAPH_BREAK, false);
+        appendParagraphTo(body, text);
     const auto end = text->createTextCursorByRange(text->getEnd());
     const auto properties = propertiesOf(end);
     removeBreaks(properties);
@@ -91,9 +104,9 @@ PreparedDocument prepareForReflow(const Reference<css::text::XTextDocument>& mod
     stripPages(model);
     removeStyleBreaks(model);
 
-    PreparedDocument prepared;
+    std::vector<FloatingShape> shapes = anchorInLines(model);
     Reference<css::beans::XPropertySet> lastBlock;
-    prepared.body = walkBody(model, [&lastBlock](const Reference<css::beans::XPropertySet>& block) {
+    Body body(model, shapes, [&lastBlock](const Reference<css::beans::XPropertySet>& block) {
         removeBreaks(block);
         lastBlock = block;
     });
@@ -101,10 +114,9 @@ PreparedDocument prepareForReflow(const Reference<css::text::XTextDocument>& mod
         forAll(sections->getTextSections(), removeColumns);
     if (const Reference<css::text::XTextTablesSupplier> tables(model, UNO_QUERY); tables.is())
         forAll(tables->getTextTables(), widenTable);
-    prepared.shapes = anchorInLines(model);
-    prepared.end = appendEnd(model, lastBlock);
+    const auto end = appendEnd(model, body, lastBlock);
     hideMarks(model);
-    return prepared;
+    return {std::move(body), std::move(shapes), end};
 }
 
 } // namespace lectern::engine

@@ -15,10 +15,6 @@ documentProperties(const Reference<css::text::XTextDocument>& model) {
     return supplier->getDocumentProperties();
 }
 
-std::u16string toText(const OUString& text) {
-    return {text.getStr(), text.getStr() + text.getLength()};
-}
-
 int64_t toUnixTime(const css::util::DateTime& time) {
     if (time.Year == 0 || time.Month == 0 || time.Day == 0)
         return 0;

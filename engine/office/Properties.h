@@ -6,14 +6,10 @@
 #include <com/sun/star/document/XDocumentProperties.hpp>
 #include <com/sun/star/text/XTextDocument.hpp>
 
-#include <string>
-
 namespace lectern::engine {
 
 css::uno::Reference<css::document::XDocumentProperties>
 documentProperties(const css::uno::Reference<css::text::XTextDocument>& model);
-
-std::u16string toText(const OUString& text);
 
 // Seconds since 1970 in UTC, 0 when unset.
 int64_t toUnixTime(const css::util::DateTime& time);

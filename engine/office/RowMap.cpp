@@ -41,4 +41,15 @@ int64_t RowMap::viewY(int64_t row) const {
     return page.top + divideUp((row - page.firstRow) * twipsPerInch, mDpi);
 }
 
+int64_t RowMap::rowAt(int64_t viewY) const {
+    const auto next = std::upper_bound(mPages.begin(), mPages.end(), viewY,
+                                       [](int64_t place, const Page& page) { return place < page.top; });
+    const Page& page = next == mPages.begin() ? *next : *std::prev(next);
+    return page.firstRow + std::clamp<int64_t>((viewY - page.top) * mDpi / twipsPerInch, 0, page.rows);
+}
+
+int32_t RowMap::columnAt(int64_t viewX, int64_t row) const {
+    return static_cast<int32_t>((viewX - pageOf(row).left) * mDpi / twipsPerInch);
+}
+
 } // namespace lectern::engine

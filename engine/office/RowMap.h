@@ -32,6 +32,10 @@ public:
     // The place's twips in the suite's view, for the top of row 0 <= row < rows().
     int64_t viewY(int64_t row) const;
     const Page& pageOf(int64_t row) const;
+    // The row and the column of pixels at a point of the suite's view, in twips;
+    // rows() at most.
+    int64_t rowAt(int64_t viewY) const;
+    int32_t columnAt(int64_t viewX, int64_t row) const;
 
 private:
     std::vector<Page> mPages;

@@ -77,7 +77,16 @@ std::vector<FlowPage> pageCorners(lok::Document& painter) {
     return pages;
 }
 
+// Pages narrower or wider than these, in twips, are not laid out as asked.
+constexpr int64_t leastWidth = 600;
+constexpr int64_t mostWidth = 400'000;
+
 } // namespace
+
+int32_t layoutWidth(int32_t pixels, int32_t dpi) {
+    const int64_t width = (int64_t{pixels} * 1440 + dpi - 1) / dpi;
+    return static_cast<int32_t>(std::clamp(width, leastWidth, mostWidth));
+}
 
 TextFlow::TextFlow(const OpenedDocument& document, const PreparedDocument& prepared)
     : mDocument(document), mPrepared(prepared) {
@@ -124,7 +133,7 @@ void TextFlow::layOutOn(int32_t pageWidth, int32_t pageHeight) {
 }
 
 bool TextFlow::isLongPlainText() const {
-    return mPrepared.body.paragraphs.size() > manyParagraphs && !mPrepared.body.hasTables();
+    return mPrepared.body.paragraphs().size() > manyParagraphs && !mPrepared.body.hasTables();
 }
 
 FlowPlace TextFlow::end() const {

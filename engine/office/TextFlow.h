@@ -25,6 +25,9 @@ struct FlowPlace {
     int64_t y;
 };
 
+// The width, in twips, to lay out to for so many pixels at a resolution.
+int32_t layoutWidth(int32_t pixels, int32_t dpi);
+
 // The layout of a prepared document as one continuous text: one giant page, or
 // a few for a text too long for one.
 class TextFlow {

@@ -49,6 +49,10 @@ css::uno::Any anyProperty(const Reference<css::beans::XPropertySet>& properties,
     return {};
 }
 
+std::u16string toText(const OUString& text) {
+    return {text.getStr(), text.getStr() + text.getLength()};
+}
+
 OUString implementationName(const Reference<css::uno::XInterface>& object) {
     const Reference<css::lang::XServiceInfo> info(object, UNO_QUERY);
     return info.is() ? info->getImplementationName() : OUString();

@@ -6,6 +6,8 @@
 #include <com/sun/star/uno/XComponentContext.hpp>
 #include <rtl/ustring.hxx>
 
+#include <string>
+
 namespace lectern::engine {
 
 namespace css = com::sun::star;
@@ -38,6 +40,8 @@ T property(const css::uno::Reference<css::beans::XPropertySet>& properties, cons
     anyProperty(properties, name) >>= fallback;
     return fallback;
 }
+
+std::u16string toText(const OUString& text);
 
 // The name of the class behind an object, empty when it does not tell.
 OUString implementationName(const css::uno::Reference<css::uno::XInterface>& object);

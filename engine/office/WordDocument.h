@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "engine/office/TextTypes.h"
+
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -57,6 +59,29 @@ public:
     // Width of the layout and rows of the whole text, in pixels.
     int32_t layoutSize(int32_t& width, int32_t& height);
 
+    // The colour, red, green and blue, of hits found and text selected from now on.
+    int32_t setHighlightColor(uint8_t red, uint8_t green, uint8_t blue);
+    // Also marks the hits, which stay marked until the next find or stopFind.
+    int32_t find(const std::u16string& text, CharacterRange bounds, std::vector<CharacterRange>& hits);
+    int32_t foundRegions(std::vector<FoundRegion>& regions);
+    int32_t stopFind();
+
+    int32_t clickInfo(int32_t x, int32_t y, ClickTarget& target);
+    int32_t clickRegions(std::vector<PixelRect>& regions);
+    // Paints a footnote, endnote or comment, its type and number as clickInfo
+    // gave them, on rows [50, 50 + height) of the surface, the rest white.
+    int32_t openSecondary(int32_t type, uint32_t number, int32_t height);
+    int32_t smartZoom(int32_t x, int32_t y, PixelRect& area);
+
+    int32_t selectAll();
+    int32_t selectArea(int32_t left, int32_t top, int32_t right, int32_t bottom);
+    int32_t selectLine(int32_t x, int32_t y);
+    int32_t selectWord(int32_t x, int32_t y);
+    int32_t clearSelection();
+    // A line feed stands between two paragraphs.
+    int32_t copySelection(std::u16string& text);
+    int32_t scrollToRange(CharacterRange range);
+
     // UTF-16, untruncated; empty when unset.
     int32_t name(std::u16string& text);
     int32_t author(std::u16string& text);
@@ -72,6 +97,9 @@ public:
 private:
     struct Private;
     explicit WordDocument(std::unique_ptr<Private> d);
+    template<class Moved>
+    int32_t scroll(int32_t rows, int32_t& scrolled, Moved moved);
+
     std::unique_ptr<Private> mPrivate;
 };
 

@@ -10,7 +10,9 @@
 #include <gio/gio.h>
 #include <gio/gunixfdlist.h>
 
+#include <cstring>
 #include <utility>
+#include <vector>
 
 namespace lectern::engine {
 namespace {
@@ -28,6 +30,33 @@ std::int32_t onDocument(WordService& service, Operation operation) {
     return document == nullptr ? MODULE_FAILED : guarded([&] { return operation(*document); });
 }
 
+template<class Element>
+GVariant* arrayOf(const GVariantType* type, const std::vector<Element>& elements) {
+    return g_variant_new_fixed_array(type, elements.data(), elements.size(), sizeof(Element));
+}
+
+GVariant* textOf(const std::u16string& text) {
+    return g_variant_new_fixed_array(G_VARIANT_TYPE_UINT16, text.data(), text.size(), sizeof(char16_t));
+}
+
+std::u16string textFrom(GVariant* array) {
+    gsize count = 0;
+    const void* units = g_variant_get_fixed_array(array, &count, sizeof(char16_t));
+    std::u16string text(count, u'\0');
+    if (count > 0) {
+        std::memcpy(text.data(), units, count * sizeof(char16_t));
+    }
+    return text;
+}
+
+GVariant* rectanglesOf(const std::vector<PixelRect>& rectangles) {
+    std::vector<std::int32_t> numbers;
+    for (const PixelRect& rectangle : rectangles) {
+        numbers.insert(numbers.end(), {rectangle.x, rectangle.y, rectangle.width, rectangle.height});
+    }
+    return arrayOf(G_VARIANT_TYPE_INT32, numbers);
+}
+
 // One handler for every operation without inputs that gives one number.
 template<auto Operation, auto Complete, class Number>
 gboolean handleNumber(LecternIpcWord* word, Invocation* invocation, gpointer user) {
@@ -43,8 +72,7 @@ gboolean handleText(LecternIpcWord* word, Invocation* invocation, gpointer user)
     std::u16string text;
     const std::int32_t result =
         onDocument(serviceOf(user), [&](WordDocument& document) { return (document.*Operation)(text); });
-    Complete(word, invocation, result, serviceOf(user).takePainted(),
-             g_variant_new_fixed_array(G_VARIANT_TYPE_UINT16, text.data(), text.size(), sizeof(char16_t)));
+    Complete(word, invocation, result, serviceOf(user).takePainted(), textOf(text));
     return TRUE;
 }
 
@@ -87,6 +115,22 @@ gboolean handleJump(LecternIpcWord* word, Invocation* invocation, gint story, gu
     return TRUE;
 }
 
+template<auto Operation, auto Complete>
+gboolean handlePlain(LecternIpcWord* word, Invocation* invocation, gpointer user) {
+    const std::int32_t result =
+        onDocument(serviceOf(user), [](WordDocument& document) { return (document.*Operation)(); });
+    Complete(word, invocation, result, serviceOf(user).takePainted());
+    return TRUE;
+}
+
+template<auto Operation, auto Complete>
+gboolean handlePoint(LecternIpcWord* word, Invocation* invocation, gint x, gint y, gpointer user) {
+    const std::int32_t result =
+        onDocument(serviceOf(user), [&](WordDocument& document) { return (document.*Operation)(x, y); });
+    Complete(word, invocation, result, serviceOf(user).takePainted());
+    return TRUE;
+}
+
 gboolean handleLayoutSize(LecternIpcWord* word, Invocation* invocation, gpointer user) {
     std::int32_t width = 0;
     std::int32_t height = 0;
@@ -94,6 +138,102 @@ gboolean handleLayoutSize(LecternIpcWord* word, Invocation* invocation, gpointer
         serviceOf(user), [&](WordDocument& document) { return document.layoutSize(width, height); });
     lectern_ipc_word_complete_layout_size(word, invocation, result, serviceOf(user).takePainted(), width,
                                           height);
+    return TRUE;
+}
+
+gboolean handleHighlightColor(LecternIpcWord* word, Invocation* invocation, guchar red, guchar green,
+                              guchar blue, gpointer user) {
+    const std::int32_t result = onDocument(serviceOf(user), [&](WordDocument& document) {
+        return document.setHighlightColor(red, green, blue);
+    });
+    lectern_ipc_word_complete_set_highlight_color(word, invocation, result, serviceOf(user).takePainted());
+    return TRUE;
+}
+
+gboolean handleFind(LecternIpcWord* word, Invocation* invocation, GVariant* text, guint from, guint to,
+                    gpointer user) {
+    std::vector<CharacterRange> hits;
+    const std::int32_t result = onDocument(serviceOf(user), [&](WordDocument& document) {
+        return document.find(textFrom(text), {from, to}, hits);
+    });
+    std::vector<std::uint32_t> ends;
+    for (const CharacterRange& hit : hits) {
+        ends.insert(ends.end(), {hit.start, hit.end});
+    }
+    lectern_ipc_word_complete_find(word, invocation, result, serviceOf(user).takePainted(),
+                                   arrayOf(G_VARIANT_TYPE_UINT32, ends));
+    return TRUE;
+}
+
+gboolean handleFoundRegions(LecternIpcWord* word, Invocation* invocation, gpointer user) {
+    std::vector<FoundRegion> regions;
+    const std::int32_t result =
+        onDocument(serviceOf(user), [&](WordDocument& document) { return document.foundRegions(regions); });
+    std::vector<std::uint32_t> positions;
+    std::vector<std::uint32_t> counts;
+    std::vector<PixelRect> rectangles;
+    for (const FoundRegion& region : regions) {
+        positions.push_back(region.position);
+        counts.push_back(static_cast<std::uint32_t>(region.rectangles.size()));
+        rectangles.insert(rectangles.end(), region.rectangles.begin(), region.rectangles.end());
+    }
+    lectern_ipc_word_complete_found_regions(word, invocation, result, serviceOf(user).takePainted(),
+                                            arrayOf(G_VARIANT_TYPE_UINT32, positions),
+                                            arrayOf(G_VARIANT_TYPE_UINT32, counts), rectanglesOf(rectangles));
+    return TRUE;
+}
+
+gboolean handleClickInfo(LecternIpcWord* word, Invocation* invocation, gint x, gint y, gpointer user) {
+    ClickTarget target;
+    const std::int32_t result =
+        onDocument(serviceOf(user), [&](WordDocument& document) { return document.clickInfo(x, y, target); });
+    lectern_ipc_word_complete_click_info(word, invocation, result, serviceOf(user).takePainted(), target.type,
+                                         textOf(target.address), target.value);
+    return TRUE;
+}
+
+gboolean handleClickRegions(LecternIpcWord* word, Invocation* invocation, gpointer user) {
+    std::vector<PixelRect> regions;
+    const std::int32_t result =
+        onDocument(serviceOf(user), [&](WordDocument& document) { return document.clickRegions(regions); });
+    lectern_ipc_word_complete_click_regions(word, invocation, result, serviceOf(user).takePainted(),
+                                            rectanglesOf(regions));
+    return TRUE;
+}
+
+gboolean handleOpenSecondary(LecternIpcWord* word, Invocation* invocation, gint type, guint number,
+                             gint height, gpointer user) {
+    const std::int32_t result = onDocument(serviceOf(user), [&](WordDocument& document) {
+        return document.openSecondary(type, number, height);
+    });
+    lectern_ipc_word_complete_open_secondary(word, invocation, result, serviceOf(user).takePainted());
+    return TRUE;
+}
+
+gboolean handleSmartZoom(LecternIpcWord* word, Invocation* invocation, gint x, gint y, gpointer user) {
+    PixelRect area;
+    const std::int32_t result =
+        onDocument(serviceOf(user), [&](WordDocument& document) { return document.smartZoom(x, y, area); });
+    lectern_ipc_word_complete_smart_zoom(word, invocation, result, serviceOf(user).takePainted(),
+                                         rectanglesOf({area}));
+    return TRUE;
+}
+
+gboolean handleSelectArea(LecternIpcWord* word, Invocation* invocation, gint left, gint top, gint right,
+                          gint bottom, gpointer user) {
+    const std::int32_t result = onDocument(serviceOf(user), [&](WordDocument& document) {
+        return document.selectArea(left, top, right, bottom);
+    });
+    lectern_ipc_word_complete_select_area(word, invocation, result, serviceOf(user).takePainted());
+    return TRUE;
+}
+
+gboolean handleScrollToRange(LecternIpcWord* word, Invocation* invocation, guint start, guint end,
+                             gpointer user) {
+    const std::int32_t result = onDocument(serviceOf(user), [&](WordDocument& document) {
+        return document.scrollToRange({start, end});
+    });
+    lectern_ipc_word_complete_scroll_to_range(word, invocation, result, serviceOf(user).takePainted());
     return TRUE;
 }
 
@@ -129,6 +269,25 @@ void connectHandlers(LecternIpcWord* word, WordService* service) {
     connect(
         "handle-last-saved-date",
         &handleNumber<&Document::lastSavedDate, &lectern_ipc_word_complete_last_saved_date, std::int64_t>);
+    connect("handle-set-highlight-color", &handleHighlightColor);
+    connect("handle-find", &handleFind);
+    connect("handle-found-regions", &handleFoundRegions);
+    connect("handle-stop-find", &handlePlain<&Document::stopFind, &lectern_ipc_word_complete_stop_find>);
+    connect("handle-click-info", &handleClickInfo);
+    connect("handle-click-regions", &handleClickRegions);
+    connect("handle-open-secondary", &handleOpenSecondary);
+    connect("handle-smart-zoom", &handleSmartZoom);
+    connect("handle-select-all", &handlePlain<&Document::selectAll, &lectern_ipc_word_complete_select_all>);
+    connect("handle-select-area", &handleSelectArea);
+    connect("handle-select-line",
+            &handlePoint<&Document::selectLine, &lectern_ipc_word_complete_select_line>);
+    connect("handle-select-word",
+            &handlePoint<&Document::selectWord, &lectern_ipc_word_complete_select_word>);
+    connect("handle-clear-selection",
+            &handlePlain<&Document::clearSelection, &lectern_ipc_word_complete_clear_selection>);
+    connect("handle-copy-selection",
+            &handleText<&Document::copySelection, &lectern_ipc_word_complete_copy_selection>);
+    connect("handle-scroll-to-range", &handleScrollToRange);
     connect("handle-name", &handleText<&Document::name, &lectern_ipc_word_complete_name>);
     connect("handle-author", &handleText<&Document::author, &lectern_ipc_word_complete_author>);
     connect("handle-description",

@@ -5,6 +5,7 @@
 #include "engine/proxy/Engine.h"
 #include "engine/proxy/Surface.h"
 #include "modules/ModuleResults.h"
+#include "modules/WordToGoModule.h"
 
 #include <chrono>
 #include <cstdint>
@@ -12,6 +13,7 @@
 #include <mutex>
 #include <tuple>
 #include <utility>
+#include <vector>
 
 namespace lectern::engine {
 
@@ -22,7 +24,16 @@ struct WordHandle {
     std::chrono::milliseconds callLimit;
     std::unique_ptr<Surface> surface; // what the engine paints on; null before the first buffer
     bool painted = false;             // the surface has been painted at least once
+    bool borrowed = false;            // it shows a secondary document
     std::uint32_t* pixels = nullptr;  // the caller's buffer, of the surface's size
+
+    // What was handed out; each holds until the next call of its function.
+    std::vector<wtg_find_result> results;
+    std::vector<module_rect> regionRectangles;
+    std::vector<wtg_find_region> regions;
+    wtg_click_info click{};
+    std::vector<std::uint16_t> clickAddress;
+    std::vector<module_rect> clickRegions;
 
     void refreshPixels() const {
         if (painted) {
@@ -68,6 +79,14 @@ std::int32_t callEngine(WordHandle& handle, Method method, std::tuple<Inputs...>
         handle.refreshPixels();
     }
     return result;
+}
+
+// For functions that only do something.
+template<class Method, class... Inputs>
+std::int32_t tell(void* doc, Method method, Inputs... inputs) {
+    return onDocument(doc, [&](WordHandle& handle) {
+        return callEngine(handle, method, std::tuple<Inputs...>(inputs...));
+    });
 }
 
 // For functions whose only argument besides the document is a place for one

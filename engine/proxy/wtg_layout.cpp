@@ -38,6 +38,7 @@ std::int32_t replaceSurface(WordHandle& handle, std::uint32_t* pixels, std::int3
     handle.surface = std::move(surface);
     handle.pixels = pixels;
     handle.painted = painted != FALSE;
+    handle.borrowed = false;
     handle.refreshPixels();
     return MODULE_OK;
 }
@@ -78,7 +79,8 @@ int32_t wtg_set_offscreen_buffer(void* doc, int32_t view, uint32_t* pixels, int3
         if (std::int64_t{width} * height > Surface::kMaximumPixels) {
             return MODULE_TOO_LARGE;
         }
-        if (!handle.surface || handle.surface->width() != width || handle.surface->height() != height) {
+        if (!handle.surface || handle.borrowed || handle.surface->width() != width ||
+            handle.surface->height() != height) {
             return replaceSurface(handle, pixels, width, height);
         }
         if (!handle.engine->isAlive()) {
@@ -94,9 +96,7 @@ int32_t wtg_set_dpi(void* doc, int32_t dpi) {
     if (dpi < 1) {
         return MODULE_BAD_ARGUMENT;
     }
-    return onDocument(doc, [&](WordHandle& handle) {
-        return callEngine(handle, &lectern_ipc_word_call_set_dpi_sync, std::tuple(gint{dpi}));
-    });
+    return tell(doc, &lectern_ipc_word_call_set_dpi_sync, gint{dpi});
 }
 
 int32_t wtg_get_character_count(void* doc, int32_t view, uint32_t* scratch, uint32_t* count) {
@@ -149,10 +149,7 @@ int32_t wtg_scroll_up(void* doc, int32_t view, int32_t rows, int32_t* scrolled) 
 }
 
 int32_t wtg_jump_to_character(void* doc, int32_t story, uint32_t position) {
-    return onDocument(doc, [&](WordHandle& handle) {
-        return callEngine(handle, &lectern_ipc_word_call_jump_to_character_sync,
-                          std::tuple(gint{story}, guint{position}));
-    });
+    return tell(doc, &lectern_ipc_word_call_jump_to_character_sync, gint{story}, guint{position});
 }
 
 int32_t wtg_page_layout_size(void* doc, int32_t view, int32_t* width, int32_t* height) {

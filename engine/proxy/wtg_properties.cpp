@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // What the document says of itself.
 
+#include "engine/proxy/Arrays.h"
 #include "engine/proxy/Utf16.h"
 #include "engine/proxy/WordHandle.h"
 #include "modules/WordToGoModule.h"
@@ -19,9 +20,7 @@ std::int32_t getText(void* doc, std::uint16_t* text, std::int32_t capacityBytes,
         g_autoptr(GVariant) whole = nullptr;
         const std::int32_t result = callEngine(handle, method, std::tuple<>(), &whole);
         if (result == MODULE_OK) {
-            gsize count = 0;
-            const void* units = g_variant_get_fixed_array(whole, &count, sizeof(std::uint16_t));
-            deliverText({static_cast<const std::uint16_t*>(units), count}, text,
+            deliverText(elementsOf<std::uint16_t>(whole), text,
                         capacityBytes / static_cast<std::int32_t>(sizeof(std::uint16_t)), length);
         }
         return result;

@@ -5,7 +5,10 @@
 //   name          the document's name; author is the number of layouts done
 //   password      what opens it
 //   probe         see Misbehaviour.h; the outcome becomes the name
-//   open, surface, count, scroll, date    how to misbehave there
+//   text          what can be searched and selected (default none); each hit
+//                 has a rectangle (position, 0, length, 1)
+//   click         type:number, or 6:address, of what lies everywhere
+//   open, surface, count, scroll, date, find    how to misbehave there
 //   lie           give impossible numbers
 // A file whose name starts with "other-kind" is of the wrong kind, one without
 // any line is damaged. Row r of the text is painted as 0xFF000000 + r, what
@@ -74,6 +77,9 @@ struct WordDocument::Private {
     std::int32_t layouts = 0;
     std::int32_t top = 0;
     bool painted = false;
+    std::uint32_t highlight = 0;
+    std::vector<CharacterRange> hits;
+    CharacterRange selection;
 
     std::string setting(const std::string& key) const {
         const auto found = settings.find(key);
@@ -260,6 +266,122 @@ int32_t WordDocument::lastSavedDate(int64_t& time) {
 int32_t WordDocument::wordCount(int32_t& count) {
     count = mPrivate->rows();
     return MODULE_OK;
+}
+
+int32_t WordDocument::setHighlightColor(uint8_t red, uint8_t green, uint8_t blue) {
+    mPrivate->highlight = 0xFF000000U | static_cast<uint32_t>(red << 16 | green << 8 | blue);
+    return MODULE_OK;
+}
+
+int32_t WordDocument::find(const std::u16string& text, CharacterRange bounds,
+                           std::vector<CharacterRange>& hits) {
+    Private& d = *mPrivate;
+    if (const int32_t result = fake::misbehave(d.setting("find")); result != MODULE_OK) {
+        return result;
+    }
+    d.hits.clear();
+    const std::u16string whole = widen(d.setting("text"));
+    for (std::size_t at = 0; !text.empty() && (at = whole.find(text, at)) != std::u16string::npos;
+         at += text.size()) {
+        const auto start = static_cast<uint32_t>(at);
+        const auto end = static_cast<uint32_t>(at + text.size());
+        if (start >= bounds.start && end <= bounds.end) {
+            d.hits.push_back({start, end});
+        }
+    }
+    hits = d.hits;
+    if (!hits.empty() && d.pixels != nullptr) {
+        d.pixels[0] = d.highlight;
+        d.painted = true;
+    }
+    return MODULE_OK;
+}
+
+int32_t WordDocument::foundRegions(std::vector<FoundRegion>& regions) {
+    for (const CharacterRange& hit : mPrivate->hits) {
+        const auto length = static_cast<int32_t>(hit.end - hit.start);
+        regions.push_back({hit.start, {{static_cast<int32_t>(hit.start), 0, length, 1}}});
+    }
+    return MODULE_OK;
+}
+
+int32_t WordDocument::stopFind() {
+    mPrivate->hits.clear();
+    return MODULE_OK;
+}
+
+int32_t WordDocument::clickInfo(int32_t, int32_t, ClickTarget& target) {
+    const std::string click = mPrivate->setting("click");
+    if (click.size() < 3) {
+        return MODULE_OK;
+    }
+    target.type = std::stoi(click);
+    if (target.type == ClickTarget::Hyperlink) {
+        target.address = widen(click.substr(2));
+    } else {
+        target.value = static_cast<uint32_t>(std::stoul(click.substr(2)));
+    }
+    return MODULE_OK;
+}
+
+int32_t WordDocument::clickRegions(std::vector<PixelRect>& regions) {
+    regions = {{1, 2, 3, 4}, {5, 6, 7, 8}};
+    return MODULE_OK;
+}
+
+// The number of the secondary document in every row of it.
+int32_t WordDocument::openSecondary(int32_t type, uint32_t number, int32_t height) {
+    Private& d = *mPrivate;
+    for (std::int32_t y = 0; y < d.height; y++) {
+        const bool inside = y >= 50 && y < 50 + height;
+        std::fill_n(d.pixels + std::int64_t{y} * d.width, d.width,
+                    inside ? static_cast<uint32_t>(type) * 1000 + number : kWhite);
+    }
+    d.painted = true;
+    return MODULE_OK;
+}
+
+int32_t WordDocument::smartZoom(int32_t x, int32_t y, PixelRect& area) {
+    area = {x, y, 10, 20};
+    return MODULE_OK;
+}
+
+int32_t WordDocument::selectAll() {
+    mPrivate->selection = {0, static_cast<uint32_t>(mPrivate->setting("text").size())};
+    return MODULE_OK;
+}
+
+int32_t WordDocument::selectArea(int32_t left, int32_t top, int32_t right, int32_t bottom) {
+    if (top < 0 || bottom < top) {
+        return MODULE_NOTHING_THERE;
+    }
+    mPrivate->selection = {static_cast<uint32_t>(left), static_cast<uint32_t>(right)};
+    return MODULE_OK;
+}
+
+int32_t WordDocument::selectLine(int32_t x, int32_t) {
+    mPrivate->selection = {static_cast<uint32_t>(x), static_cast<uint32_t>(x) + 8};
+    return MODULE_OK;
+}
+
+int32_t WordDocument::selectWord(int32_t x, int32_t) {
+    mPrivate->selection = {static_cast<uint32_t>(x), static_cast<uint32_t>(x) + 4};
+    return MODULE_OK;
+}
+
+int32_t WordDocument::clearSelection() {
+    mPrivate->selection = {};
+    return MODULE_OK;
+}
+
+int32_t WordDocument::copySelection(std::u16string& text) {
+    const CharacterRange& selection = mPrivate->selection;
+    text = widen(mPrivate->setting("text")).substr(selection.start, selection.end - selection.start);
+    return MODULE_OK;
+}
+
+int32_t WordDocument::scrollToRange(CharacterRange range) {
+    return jumpToCharacter(0, range.start);
 }
 
 bool WordDocument::takePainted() {

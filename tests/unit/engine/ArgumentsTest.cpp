@@ -3,6 +3,8 @@
 
 #include "tests/unit/engine/EngineTest.h"
 
+#include <tuple>
+
 namespace lectern::test {
 namespace {
 
@@ -43,6 +45,22 @@ void ArgumentsTest::expectAllRefuse(void* doc, std::int32_t code) {
     EXPECT_EQ(word.wtg_set_dpi(doc, 72), code);
     EXPECT_EQ(word.wtg_set_offscreen_buffer(doc, 0, pixels, 2, 2), code);
     EXPECT_EQ(word.wtg_word_count(doc, &number), code);
+    const wtg_click_info* info = nullptr;
+    module_rect area{0, 0, kUntouched, 0};
+    EXPECT_EQ(word.wtg_clear_selection(doc), code);
+    EXPECT_EQ(word.wtg_close_secondary_document(doc), code);
+    EXPECT_EQ(word.wtg_copy_selection(doc, text.data(), 16, 0, &number), code);
+    EXPECT_EQ(word.wtg_get_click_info(doc, 0, 0, &info), code);
+    EXPECT_EQ(word.wtg_open_secondary_document(doc, 2, 0, 0, 10), code);
+    EXPECT_EQ(word.wtg_scroll_to_character_range(doc, 0, 0, 1), code);
+    EXPECT_EQ(word.wtg_select_all(doc), code);
+    EXPECT_EQ(word.wtg_select_area(doc, 0, 0, 0, 1, 1), code);
+    EXPECT_EQ(word.wtg_select_line(doc, 0, 0, 0), code);
+    EXPECT_EQ(word.wtg_select_word(doc, 0, 0, 0), code);
+    EXPECT_EQ(word.wtg_smart_zoom(doc, 0, 0, 0, &area), code);
+    EXPECT_EQ(word.wtg_stop_find(doc), code);
+    EXPECT_EQ(info, nullptr);
+    EXPECT_EQ(area.width, kUntouched);
 
     EXPECT_EQ(number, kUntouched);
     EXPECT_EQ(number2, kUntouched);
@@ -64,7 +82,7 @@ TEST_F(ArgumentsTest, EveryFunctionSurvivesANullDocument) {
     EXPECT_EQ(word.wtg_close_file(nullptr), MODULE_BAD_ARGUMENT);
 }
 
-TEST_F(ArgumentsTest, FunctionsWithoutSupportSurviveANullDocument) {
+TEST_F(ArgumentsTest, SearchesClicksAndSelectionsSurviveANullDocument) {
     const wtg_find_result* results = nullptr;
     const wtg_find_region* regions = nullptr;
     const wtg_click_info* info = nullptr;
@@ -91,43 +109,50 @@ TEST_F(ArgumentsTest, FunctionsWithoutSupportSurviveANullDocument) {
     EXPECT_EQ(number, kUntouched);
 }
 
-TEST_F(ArgumentsTest, FunctionsWithoutSupportSaySoAndGiveEmptyArrays) {
+TEST_F(ArgumentsTest, SearchesAndClicksOfARefusedCallGiveEmptyArrays) {
     Document document;
-    open(document, "rows=10\n");
+    open(document, "find=code:1\nclick=2:0\n");
     void* doc = document.get();
     wtg_find_result result{};
     const wtg_find_result* results = &result;
-    wtg_find_region region{};
-    const wtg_find_region* regions = &region;
-    module_rect area{};
-    const module_rect* rects = &area;
-    const wtg_click_info* info = nullptr;
-    const std::uint8_t rgb[3] = {1, 2, 3};
-    EXPECT_EQ(word.wtg_find(doc, text.data(), 0, &position, &position2, &results, &number),
-              MODULE_NOT_SUPPORTED);
+    EXPECT_EQ(word.wtg_find(doc, wide("a").data(), 0, &position, &position2, &results, &number),
+              MODULE_FAILED);
     EXPECT_EQ(results, nullptr);
     EXPECT_EQ(number, 0);
     number = kUntouched;
-    EXPECT_EQ(word.wtg_get_found_regions(doc, 0, &number, &regions), MODULE_NOT_SUPPORTED);
-    EXPECT_EQ(regions, nullptr);
-    EXPECT_EQ(number, 0);
-    number = kUntouched;
-    EXPECT_EQ(word.wtg_get_click_regions(doc, 0, &number, &rects), MODULE_NOT_SUPPORTED);
-    EXPECT_EQ(rects, nullptr);
-    EXPECT_EQ(number, 0);
-    EXPECT_EQ(word.wtg_stop_find(doc), MODULE_NOT_SUPPORTED);
-    EXPECT_EQ(word.wtg_set_highlight_color(doc, rgb), MODULE_NOT_SUPPORTED);
-    EXPECT_EQ(word.wtg_get_click_info(doc, 0, 0, &info), MODULE_NOT_SUPPORTED);
-    EXPECT_EQ(word.wtg_open_secondary_document(doc, 0, 0, 0, 10), MODULE_NOT_SUPPORTED);
-    EXPECT_EQ(word.wtg_close_secondary_document(doc), MODULE_NOT_SUPPORTED);
-    EXPECT_EQ(word.wtg_clear_selection(doc), MODULE_NOT_SUPPORTED);
-    EXPECT_EQ(word.wtg_copy_selection(doc, text.data(), 16, 0, &number), MODULE_NOT_SUPPORTED);
-    EXPECT_EQ(word.wtg_scroll_to_character_range(doc, 0, 0, 1), MODULE_NOT_SUPPORTED);
-    EXPECT_EQ(word.wtg_select_all(doc), MODULE_NOT_SUPPORTED);
-    EXPECT_EQ(word.wtg_select_area(doc, 0, 0, 0, 1, 1), MODULE_NOT_SUPPORTED);
-    EXPECT_EQ(word.wtg_select_line(doc, 0, 0, 0), MODULE_NOT_SUPPORTED);
-    EXPECT_EQ(word.wtg_select_word(doc, 0, 0, 0), MODULE_NOT_SUPPORTED);
-    EXPECT_EQ(word.wtg_smart_zoom(doc, 0, 0, 0, &area), MODULE_NOT_SUPPORTED);
+    const wtg_find_region* regions = nullptr;
+    const module_rect* rects = nullptr;
+    const wtg_click_info* info = nullptr;
+    module_rect area{};
+    EXPECT_EQ(word.wtg_find(doc, nullptr, 0, &position, &position2, &results, &number), MODULE_BAD_ARGUMENT);
+    EXPECT_EQ(word.wtg_get_found_regions(doc, 1, &number, &regions), MODULE_BAD_ARGUMENT);
+    EXPECT_EQ(word.wtg_get_click_regions(doc, 1, &number, &rects), MODULE_BAD_ARGUMENT);
+    EXPECT_EQ(word.wtg_set_highlight_color(doc, nullptr), MODULE_BAD_ARGUMENT);
+    EXPECT_EQ(word.wtg_get_click_info(doc, 0, 0, nullptr), MODULE_BAD_ARGUMENT);
+    EXPECT_EQ(word.wtg_smart_zoom(doc, 1, 0, 0, &area), MODULE_BAD_ARGUMENT);
+    EXPECT_EQ(word.wtg_select_area(doc, 1, 0, 0, 1, 1), MODULE_BAD_ARGUMENT);
+    EXPECT_EQ(word.wtg_select_line(doc, 1, 0, 0), MODULE_BAD_ARGUMENT);
+    EXPECT_EQ(word.wtg_select_word(doc, -1, 0, 0), MODULE_BAD_ARGUMENT);
+    EXPECT_EQ(word.wtg_copy_selection(doc, text.data(), 16, -1, &number), MODULE_BAD_ARGUMENT);
+    EXPECT_EQ(word.wtg_copy_selection(doc, nullptr, 16, 0, &number), MODULE_BAD_ARGUMENT);
+    EXPECT_EQ(word.wtg_scroll_to_character_range(doc, 0, 5, 4), MODULE_BAD_ARGUMENT);
+    EXPECT_EQ(number, kUntouched);
+    EXPECT_EQ(info, nullptr);
+}
+
+TEST_F(ArgumentsTest, SecondaryDocumentsThatNoClickToldOfAreRefused) {
+    Document document;
+    open(document, "rows=10\n");
+    for (const auto& [type, index, height] :
+         {std::tuple<std::intptr_t, std::intptr_t, std::int32_t>{1, 0, 10},
+          {5, 0, 10},
+          {6, 0, 10},
+          {2, -1, 10},
+          {2, std::intptr_t{1} << 31, 10},
+          {2, 0, 0}}) {
+        EXPECT_EQ(word.wtg_open_secondary_document(document.get(), type, index, 0, height),
+                  MODULE_BAD_ARGUMENT);
+    }
 }
 
 TEST_F(ArgumentsTest, OnlyViewZeroExists) {
