@@ -97,7 +97,8 @@ void HeaderPainter::paint(Axis axis, const Tracks& tracks, int64_t from,
     forTracks(tracks, from, strip.length(), [&](int32_t track, int64_t first, int64_t last) {
         if (marked && track >= marked->first && track <= marked->last)
             strip.fill(first, last, 0, strip.thickness(), tinted(background, marked->colour));
-        strip.fill(last - 1, last, 0, strip.thickness(), line);
+        if (track > 0)
+            strip.fill(first, first + 1, 0, strip.thickness(), line);
     });
     const int32_t inner = strip.thickness() - 1;
     strip.fill(0, strip.length(), inner, strip.thickness(), line);
@@ -112,13 +113,13 @@ void HeaderPainter::paint(Axis axis, const Tracks& tracks, int64_t from,
     forTracks(tracks, from, strip.length(), [&](int32_t track, int64_t first, int64_t last) {
         const std::string label = strip.isRows() ? std::to_string(track + 1) : columnLabel(track);
         const auto room = static_cast<double>(last - first - 1);
+        const auto begin = static_cast<double>(first + 1);
         const double width = strip.isRows() ? inner : room;
         const double height = strip.isRows() ? room : inner;
         cairo_text_extents_t extents{};
         cairo_text_extents(cairo.get(), label.c_str(), &extents);
         cairo_save(cairo.get());
-        cairo_translate(cairo.get(), strip.isRows() ? 0 : static_cast<double>(first),
-                        strip.isRows() ? static_cast<double>(first) : 0);
+        cairo_translate(cairo.get(), strip.isRows() ? 0 : begin, strip.isRows() ? begin : 0);
         cairo_rectangle(cairo.get(), 0, 0, width, height);
         cairo_clip(cairo.get());
         cairo_move_to(cairo.get(), std::floor((width - extents.x_advance) / 2),

@@ -18,7 +18,7 @@ struct MarkedTracks {
 };
 
 // Draws the strips beside and above the cells: a label for every track, and a
-// line where the cells have theirs.
+// line where the cells have theirs, at a track's first pixel.
 class HeaderPainter {
 public:
     explicit HeaderPainter(int32_t dpi);
