@@ -220,23 +220,5 @@ TEST_F(GridTest, ChartsAndMergedAreasBelongToTheSheet) {
     EXPECT_EQ(view.cellAt(view.dimensions().first, view.dimensions().second), (CellReference{29, 99}));
 }
 
-TEST_F(GridTest, ChartsStayWithTheirCellsFarDown) {
-    WorkbookView view(generated("spread.xlsx", {"spread", "OUT"}));
-    for (const std::int32_t dpi : kZooms) {
-        view.show(0, 400, 400, dpi);
-        // Anchored at the corner of AL3000, with a border there.
-        const module_rect anchor = view.place({37, 2999});
-        view.render(anchor.x - 200, anchor.y - 200);
-        int above = 0;
-        int inside = 0;
-        for (std::int32_t i = 0; i < 150; i++) {
-            above += view.cells().at(200 + i, 190) == kGridLine ? 1 : 0;
-            inside += view.cells().at(205 + i, 205 + i) == kGridLine ? 1 : 0;
-        }
-        EXPECT_GT(above, 0) << dpi;
-        EXPECT_EQ(inside, 0) << dpi;
-    }
-}
-
 } // namespace
 } // namespace lectern::test
