@@ -24,7 +24,6 @@
 namespace lectern::engine {
 
 using css::uno::Reference;
-using css::uno::UNO_QUERY;
 using css::uno::UNO_QUERY_THROW;
 
 namespace {

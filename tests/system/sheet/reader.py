@@ -15,6 +15,7 @@ SHEET is a name. One item a line.
 import sys
 
 from openpyxl import load_workbook
+from openpyxl.cell.read_only import EmptyCell
 from openpyxl.utils import get_column_letter
 
 
@@ -26,7 +27,8 @@ def spanned(sheet):
 
 
 def facts(kind, path, name=None, extra=None):
-    book = load_workbook(path, data_only=True)
+    # Comments and dimensions need the whole; of colours there are many.
+    book = load_workbook(path, data_only=True, read_only=kind == 'colours')
     if kind == 'sheets':
         return [sheet.title for sheet in book.worksheets if sheet.sheet_state == 'visible']
     sheet = book[name]
@@ -42,7 +44,7 @@ def facts(kind, path, name=None, extra=None):
     if kind == 'hits':
         return [cell.coordinate for cell in cells if isinstance(cell.value, str) and extra.lower() in cell.value.lower()]
     return [f'{cell.column - 1} {cell.row - 1} {cell.fill.fgColor.rgb[-6:]}' for cell in cells
-            if cell.fill.fill_type == 'solid']
+            if not isinstance(cell, EmptyCell) and cell.fill.fill_type == 'solid']
 
 
 if __name__ == '__main__':
