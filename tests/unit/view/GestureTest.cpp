@@ -93,6 +93,16 @@ TEST_F(Gesture, EndTakesOverWhatTheLastFrameShowed) {
                 ElementsAre("recenterDocument locked", "resizeDocument locked", "ReinitSearchRects locked"));
 }
 
+TEST_F(Gesture, EndLaysOutForTheNewScaleAndPosition) {
+    view.handleGestureStart(1.0, 0.0);
+    view.mGestureAppliedScale = 2.0;
+    view.mGestureScroll.set(-33, 444);
+    view.handleGestureEnd(1.0, 0.0);
+    EXPECT_EQ(view.scaleAtLayout, 2.0);
+    EXPECT_EQ(view.scrollAtLayout.x, -33);
+    EXPECT_EQ(view.scrollAtLayout.y, 444);
+}
+
 TEST_F(Gesture, EndWithoutAChangeOnlyClearsTheFlags) {
     view.handleGestureStart(2.0, 0.0);
     view.mPenDown = true;

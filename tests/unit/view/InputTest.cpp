@@ -281,6 +281,13 @@ TEST_F(Input, DoubleTapLaysOutAgainWithTheViewLocked) {
     EXPECT_TRUE(view.mDirty);
 }
 
+TEST_F(Input, DoubleTapLaysOutForTheNewScaleBeforeItMoves) {
+    view.handleDoubleClick(20, 30);
+    EXPECT_EQ(view.scaleAtLayout, 2.5);
+    EXPECT_EQ(view.scrollAtLayout.x, 100);
+    EXPECT_EQ(view.scrollAtLayout.y, 200);
+}
+
 TEST_F(Input, DoubleTapBringsTheTappedPointToTheCentre) {
     CpPixmap zoomed(1000, 1500);
     view.mDocPixmap = &zoomed;

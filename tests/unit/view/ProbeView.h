@@ -90,7 +90,11 @@ public:
         record("ReinitSearchRects");
         return 0;
     }
-    void recenterDocument() override { record("recenterDocument"); }
+    void recenterDocument() override {
+        record("recenterDocument");
+        scaleAtLayout = mScale;
+        scrollAtLayout = mScroll;
+    }
     void eraseBuffer(unsigned int* frameBuffer, unsigned int count) const override {
         record("eraseBuffer " + std::to_string(count));
         OfficeBase::eraseBuffer(frameBuffer, count);
@@ -99,6 +103,8 @@ public:
     // "name", or "name locked" when the view's mutex was held during the call.
     mutable std::vector<std::string> calls;
     std::function<void(CpPixmap&)> onDrawResult;
+    double scaleAtLayout = 0.0; // as the last new layout found them
+    CpPoint scrollAtLayout{0, 0};
     bool clamps = true; // false lets a test put the view anywhere
 
 private:

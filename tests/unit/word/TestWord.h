@@ -21,6 +21,7 @@ public:
     using Word::mGestureActive;
     using Word::mGestureAppliedScale;
     using Word::mGestureScroll;
+    using Word::mHitPosition;
     using Word::mPenDown;
     using Word::mPenDownScroll;
     using Word::mPopupShown;

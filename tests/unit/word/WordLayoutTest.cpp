@@ -217,8 +217,17 @@ TEST_F(WordLayoutTest, DoubleTapAboveAMovedStretchMovesItUp) {
 TEST_F(WordLayoutTest, DoubleTapInWideModeCentresTheColumnToo) {
     const auto view = openView(320, 480, 20000);
     view->setWideMode(true);
+    view->mScroll.x = 100;
+    view->handleDoubleClick(200, 200);
+    EXPECT_EQ(view->mScroll.x, (100 + 200) * 3 - 160);
+}
+
+TEST_F(WordLayoutTest, DoubleTapHalvesOddViewsTowardZero) {
+    const auto view = openView(321, 481, 20000);
+    view->setWideMode(true);
     view->handleDoubleClick(200, 200);
     EXPECT_EQ(view->mScroll.x, 200 * 3 - 160);
+    EXPECT_EQ(view->mScroll.y, 200 * 3 - 240);
 }
 
 TEST_F(WordLayoutTest, DoubleTapKeepsThePlaceOfAMovedStretch) {
@@ -255,6 +264,18 @@ TEST_F(WordLayoutTest, PinchThatEndsWhereItBeganChangesFlagsOnly) {
     EXPECT_THAT(notifications(*view), IsEmpty());
 }
 
+TEST_F(WordLayoutTest, PinchEndTurnsThePictureBackWhateverItsScale) {
+    for (const double scale : {1.0, 1.5}) {
+        const auto view = openView(320, 480, 20000);
+        view->mDrawMode = _LEFT;
+        view->handleGestureStart(1.0, 0.0);
+        view->handleGestureChange(scale, 0.0);
+        paint(*view);
+        view->handleGestureEnd(0.0, 0.0);
+        EXPECT_EQ(view->mDrawMode, _NORMAL) << scale;
+    }
+}
+
 TEST_F(WordLayoutTest, PinchEndTakesOverWhatWasShown) {
     const auto view = openView(320, 480, 20000);
     scrollBy(*view, 100);
@@ -284,6 +305,32 @@ TEST_F(WordLayoutTest, PinchEndKeepsThePlaceOfAMovedStretch) {
     EXPECT_EQ(view->top(), top * 3 / 2);
     EXPECT_NEAR(static_cast<double>(fakeWord().layout.top), 2.25 * static_cast<double>(row), 4.0);
     EXPECT_EQ(view->whiteRows(), 0);
+}
+
+TEST_F(WordLayoutTest, PinchThatShortensTheTextHoldsTheViewToIt) {
+    const auto view = openView(320, 480, 1562);
+    scrollBy(*view, 1082);
+    view->handleGestureStart(0.5, 0.0);
+    paint(*view);
+    ASSERT_GT(view->mGestureScroll.y, 0);
+    view->handleGestureEnd(0.0, 0.0);
+    EXPECT_EQ(fakeWord().layout.rows, 390);
+    EXPECT_EQ(view->bottom(), 390);
+    EXPECT_EQ(view->mScroll.y, 0);
+}
+
+TEST_F(WordLayoutTest, BottomAfterAPinchIsTheLastRowThatIsUsed) {
+    const auto view = openView(320, 480, 3000);
+    scrollBy(*view, 3000);
+    ASSERT_GT(view->top(), 0);
+    view->handleGestureStart(0.9, 0.0);
+    paint(*view);
+    calls();
+    view->handleGestureEnd(0.0, 0.0);
+    const FakeWordLayout& text = fakeWord().layout;
+    ASSERT_LT(text.rows - text.top, 1562) << "the rest of the text fits";
+    EXPECT_EQ(view->bottom() - view->top(), text.rows - text.top);
+    EXPECT_THAT(calls(), ElementsAre(setBuffer(320, 1562), "wtg_set_dpi(64)", bottomRight, lastUsed));
 }
 
 TEST_F(WordLayoutTest, ZoomsWithoutSenseAreSurvived) {

@@ -97,6 +97,22 @@ TEST_F(WordPaintTest, PlaceThatAPreviewShowsIsTruncatedTowardZero) {
     EXPECT_EQ(view->mGestureScroll.y, -1); // 70.7 - 72
 }
 
+TEST_F(WordPaintTest, PreviewHalvesOddViewsTowardZero) {
+    const auto view = openView(321, 481, 20000);
+    paint(*view);
+    view->handleGestureStart(2.0, 0.0); // from 160 - 80.25 and 240 - 120.25 on
+    paint(*view);
+    EXPECT_EQ(view->mGestureScroll.x, 79 * 2);
+    EXPECT_EQ(view->mGestureScroll.y, 119 * 2);
+    view->handleGestureStart(0.5, 0.0);
+    const std::vector<uint32_t> frame = paint(*view);
+    EXPECT_EQ(view->mGestureScroll.x, -79);
+    EXPECT_EQ(view->mGestureScroll.y, -119);
+    EXPECT_EQ(frame[119 * 321 + 79], fakeWordPixel(0, 0));
+    EXPECT_EQ(frame[118 * 321 + 79], fakeWordWhite);
+    EXPECT_EQ(frame[119 * 321 + 78], fakeWordWhite);
+}
+
 // Notes which of the steps that touch what a paint shows ran with the view locked.
 class LockedWord : public TestWord {
 public:

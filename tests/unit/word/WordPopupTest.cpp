@@ -71,6 +71,7 @@ TEST_F(WordPopupTest, PageIsDarkenedAndThePopupOnTop) {
     EXPECT_EQ(frame[40 * 320 + 20], fakeSecondaryPixel(50)) << "from row 50 of its pixmap";
     EXPECT_EQ(frame[439 * 320 + 299], fakeSecondaryPixel(50 + 399));
     EXPECT_EQ(frame[439 * 320 + 300], shaded(fakeWordPixel(2439, 300), 2));
+    EXPECT_EQ(frame[440 * 320 + 30], shaded(fakeWordPixel(2440, 30), 2)) << "and no further";
 }
 
 TEST_F(WordPopupTest, ScrollsToItsEndAndNotAbove) {
@@ -129,6 +130,26 @@ TEST_F(WordPopupTest, GlidesWithinItsRange) {
     EXPECT_THAT(calls(), IsEmpty()) << "the stretch rests";
 }
 
+TEST_F(WordPopupTest, PaintShowsAGlideWhereItWasBeforeItsTick) {
+    const TestClock clock;
+    const auto view = openPopup(320, 480, 2000);
+    view->handleFlick(0, -862);
+    TestClock::advance(1.0);
+    EXPECT_EQ(popupRow(paint(*view), 320, 20, 40), 50);
+    EXPECT_EQ(view->mScroll.y, 2323); // 431 - 107.8
+    EXPECT_EQ(popupRow(paint(*view), 320, 20, 40), 50 + 323);
+}
+
+TEST_F(WordPopupTest, ClosingHoldsThePageToTheText) {
+    const auto view = openView(320, 480, 20000);
+    view->handleKeyDown('w', 0);
+    fakeWord().click = {4, 11, 12, 13};
+    ASSERT_TRUE(view->handleClick(7, 9));
+    EXPECT_EQ(view->mDataStore->scrollY, -5);
+    EXPECT_TRUE(view->handleClick(7, 9));
+    EXPECT_EQ(view->mScroll.y, 0);
+}
+
 TEST_F(WordPopupTest, NextTapOnlyClosesIt) {
     const auto view = openPopup(320, 480, 2000);
     view->handlePenDown(10, 470);
@@ -136,6 +157,7 @@ TEST_F(WordPopupTest, NextTapOnlyClosesIt) {
     fakeWord().click = {6, 0, 0, 0};
     calls();
     EXPECT_TRUE(view->handleClick(7, 9));
+    EXPECT_TRUE(view->mClicked) << "the contact's end moves nothing";
     EXPECT_THAT(calls(), IsEmpty());
     EXPECT_EQ(view->mScroll.y, 2000);
     EXPECT_EQ(view->mDrawMode, _NORMAL);

@@ -47,6 +47,23 @@ TEST_F(WordPropertiesTest, LongTextsAreReplaced) {
     EXPECT_NE(view->getDocProperties().find("\"name\": \"(no name)\""), std::string::npos);
 }
 
+int32_t negativeLength(void* /*doc*/, uint16_t* buffer, int32_t /*size*/, int32_t* length) {
+    *length = -1;
+    if (buffer != nullptr) {
+        buffer[0] = 'n';
+        buffer[1] = 0;
+    }
+    return 0;
+}
+
+TEST_F(WordPropertiesTest, NegativeLengthsAreNotTooLong) {
+    const auto view = openView(320, 480, 3000);
+    WTGFunc& module = Singleton<WTGFunc>::Instance();
+    const auto bound = std::exchange(module.wtg_get_document_name, negativeLength);
+    EXPECT_NE(view->getDocProperties().find("\"name\": \"n\""), std::string::npos);
+    module.wtg_get_document_name = bound;
+}
+
 TEST_F(WordPropertiesTest, BrokenTextsAreEmpty) {
     const auto view = openView(320, 480, 3000);
     fakeWord().author = std::u16string(1, static_cast<char16_t>(0xD800));

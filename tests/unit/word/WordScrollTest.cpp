@@ -159,43 +159,34 @@ TEST_F(WordScrollTest, PenThatTurnsAroundIsNotHeldAtTheStretchsBottom) {
     EXPECT_EQ(view->whiteRows(), 0);
 }
 
-TEST_F(WordScrollTest, LargeViewsMoveTheStretchByHalfItsSpare) {
-    const auto view = openView(480, 800, 20000); // 1042 rows, 121 to move
-    view->handlePenDown(100, 700);
-    view->handlePenMove(100, 458);
-    EXPECT_EQ(view->mScroll.y, 242);
-    EXPECT_THAT(calls(), IsEmpty()) << "the wanted position is covered";
-    view->handlePenMove(100, 457);
-    EXPECT_THAT(calls(), ElementsAre(bottomRight, "wtg_scroll_down(0, 121)", lastUsed));
-    view->handlePenMove(100, 200);
-    EXPECT_EQ(view->mScroll.y, 500);
-    EXPECT_THAT(calls(), ElementsAre(bottomRight, "wtg_scroll_down(0, 121)", lastUsed, bottomRight,
-                                     "wtg_scroll_down(0, 121)", lastUsed));
-    view->handlePenMove(100, 600);
-    EXPECT_EQ(view->mScroll.y, 100);
-    EXPECT_EQ(view->top(), 0) << "by what there is above";
-    EXPECT_THAT(calls(),
-                ElementsAre("wtg_scroll_up(0, 121)", "wtg_scroll_up(0, 121)", "wtg_scroll_up(0, 121)"));
+// A module that says there is more text, takes the move and does not move.
+int32_t scrollNothing(void* /*doc*/, int32_t /*story*/, int32_t /*rows*/, int32_t* scrolled) {
+    *scrolled = 0;
+    return 0;
 }
 
-TEST_F(WordScrollTest, LargeViewsReachBothEnds) {
-    const auto view = openView(480, 800, 3000);
-    scrollBy(*view, 5000);
-    EXPECT_EQ(view->firstTextRow(), 2200);
-    scrollBy(*view, -5000);
-    EXPECT_EQ(view->firstTextRow(), 0);
-    scrollBy(*view, 5000);
-    EXPECT_EQ(view->firstTextRow(), 2200);
-}
-
-TEST_F(WordScrollTest, MovesOfLargeViewsEndWhenTheModuleFails) {
-    const auto view = openView(480, 800, 20000);
-    fakeWord().results["wtg_scroll_down"] = 1;
+TEST_F(WordScrollTest, MovesThatReportNoRowsEndTheCovering) {
+    const auto view = openAt(480, 800, 20000, 5000);
+    WTGFunc& module = Singleton<WTGFunc>::Instance();
+    const WTGFunc bound = module;
+    module.wtg_scroll_down = module.wtg_scroll_up = scrollNothing;
     view->handlePenDown(100, 700);
     view->handlePenMove(100, 100);
-    EXPECT_THAT(calls(), ElementsAre(bottomRight, "wtg_scroll_down(0, 121)"));
     EXPECT_EQ(view->top(), 0);
-    EXPECT_EQ(view->mScroll.y, 242) << "held to the stretch";
+    EXPECT_EQ(view->mScroll.y, 242);
+    view->handlePenMove(100, 1500);
+    EXPECT_EQ(view->top(), 0);
+    EXPECT_EQ(view->mScroll.y, 0);
+    module = bound;
+}
+
+TEST_F(WordScrollTest, PenAtTheHeightItWentDownCountsAsDown) {
+    const auto view = openView(320, 480, 20000);
+    view->handlePenDown(100, 300);
+    view->handlePenMove(100, 300);
+    EXPECT_THAT(calls(), IsEmpty());
+    view->handlePenMove(100, 301);
+    EXPECT_THAT(calls(), ElementsAre(topLeft));
 }
 
 TEST_F(WordScrollTest, TextAboveAJumpsTargetIsInReach) {
@@ -334,17 +325,6 @@ TEST_F(WordScrollTest, GlideGoesOnThroughANewCountOfRows) {
     TestClock::advance(10.0);
     view->tick();
     EXPECT_NEAR(static_cast<double>(view->firstTextRow()), 5000 - 430, 1.0);
-}
-
-TEST_F(WordScrollTest, LargeViewsGlideWithoutWhite) {
-    const TestClock clock;
-    const auto view = openView(1080, 1920, 20000);
-    view->handleFlick(0, -2400);
-    while (view->tick()) {
-        TestClock::advance(0.1);
-        ASSERT_EQ(view->whiteRows(), 0);
-    }
-    EXPECT_NEAR(static_cast<double>(view->firstTextRow()), 1200.0 * 1200.0 / 431.2, 2.0);
 }
 
 TEST_F(WordScrollTest, PaintMakesGoodWhatABigLeapLeft) {

@@ -89,6 +89,17 @@ TEST_F(WordSearchTest, HitsOnlyBeyondTheStretchAreJumpedTo) {
     EXPECT_EQ(markedRow(*view), 5000);
 }
 
+TEST_F(WordSearchTest, LaterSearchBeyondTheStretchStartsAtItsFirstHitToo) {
+    const auto view = openWithHits({100, 200, 300});
+    view->doSearch("x");
+    view->nextResult();
+    view->nextResult();
+    fakeWord().hits = {{5 * 5000, 5 * 5000 + 4}, {5 * 9000, 5 * 9000 + 4}, {5 * 12000, 5 * 12000 + 4}};
+    EXPECT_EQ(view->doSearch("y"), "{ \"resultcount\": 3 }");
+    EXPECT_EQ(markedRow(*view), 5000);
+    EXPECT_EQ(view->firstTextRow(), 5000);
+}
+
 TEST_F(WordSearchTest, NextWithinTheStretchAsksTheModuleNothing) {
     const auto view = openWithHits({100, 200, 900});
     view->doSearch("x");

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/unit/word/WordSession.h"
 
+#include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 #include "channel/ServiceQueue.h"
 
@@ -70,6 +72,19 @@ int64_t WordSession::onText(int64_t row) const {
     return std::clamp(row, std::min<int64_t>(0, overhang), std::max<int64_t>(0, overhang));
 }
 
+// The same for columns; a layout is never narrower than the view.
+int WordSession::onLayout(int column) const {
+    return std::clamp(column, 0, fakeWord().layout.width - mWidth);
+}
+
+// Of the current hit, in the order of the text; -1 when it is none of them.
+int WordSession::hitIndex() const {
+    const std::vector<FakeWordHit>& hits = fakeWord().hits;
+    const auto own = std::find_if(hits.begin(), hits.end(),
+                                  [this](const auto& hit) { return hit.start == mView->mHitPosition; });
+    return own != hits.end() ? static_cast<int>(own - hits.begin()) : -1;
+}
+
 // Every paint ticks; some are looked at pixel by pixel.
 void WordSession::atPaint(const char* what) {
     if (++mPaints % framesBetweenChecks == 0) {
@@ -126,10 +141,31 @@ void WordSession::checkMoved(int64_t from, int64_t input, const char* what) {
     }
 }
 
+// Outside wide mode a layout is as wide as the view, and the one place is 0.
+void WordSession::checkMovedSideways(int from, int input, const char* what) {
+    check(std::abs(mView->mScroll.x - from) <= std::abs(input), std::string("jumped sideways in ") + what);
+    check(mView->mScroll.x == onLayout(mView->mScroll.x), std::string("beside the layout in ") + what);
+}
+
+// A new layout keeps the character at the stretch's top, up to its line; the
+// view is to stand so many rows from that, or where the text ends. A tap past
+// the end of a text shorter than the view takes it to the view's lower edge.
+void WordSession::checkKeptPlace(const FakeWordLayout& before, int64_t offset, const char* what) {
+    const FakeWordLayout& text = fakeWord().layout;
+    const int64_t row = before.top * text.rows / before.rows + offset;
+    const int64_t seen = mView->firstTextRow();
+    const int64_t few = 8 * text.lineRows;
+    const int64_t places[] = {row, onText(row), std::min(row, text.rows - mHeight)};
+    check(std::any_of(std::begin(places), std::end(places),
+                      [=](int64_t place) { return std::abs(seen - place) <= few; }),
+          std::string("another place after ") + what);
+}
+
 // One contact that changes its mind: the moves drift, and the drift turns.
 void WordSession::drag() {
     const int start = number(0, mHeight - 1);
     mView->handlePenDown(mWidth / 2, start);
+    int column = mWidth / 2;
     int way = 0;
     int lastWay = 0;
     int drift = 0;
@@ -139,13 +175,16 @@ void WordSession::drag() {
             drift = chance(50) ? 18 : -18;
         }
         way = std::clamp(way + number(-20, 20) + drift, -mHeight, mHeight);
-        mView->handlePenMove(mWidth / 2 + number(-30, 30), start - way);
+        const int lastColumn = std::exchange(column, mWidth / 2 + number(-30, 30));
+        const int seenColumn = onLayout(mView->mScroll.x);
+        mView->handlePenMove(column, start - way);
         atPaint("a drag");
         checkMoved(seen, way - lastWay, "a drag");
+        checkMovedSideways(seenColumn, column - lastColumn, "a drag");
         seen = mView->firstTextRow();
         lastWay = way;
     }
-    mView->handlePenUp(mWidth / 2, start - way);
+    mView->handlePenUp(column, start - way);
     atPaint("a drag's end");
     checkMoved(seen, 0, "a drag's end");
 }
@@ -158,8 +197,10 @@ void WordSession::fling() {
     int64_t seen = onText(mView->firstTextRow());
     for (int i = 0; i < 80 && mView->mScroller.isMoving(); ++i) {
         TestClock::advance(0.016);
+        const int seenColumn = onLayout(mView->mScroll.x);
         atPaint("a fling");
         checkMoved(seen, 20, "a fling");
+        checkMovedSideways(seenColumn, 20, "a fling");
         seen = mView->firstTextRow();
     }
     if (chance(70)) {
@@ -171,9 +212,18 @@ void WordSession::fling() {
 
 void WordSession::doubleTap() {
     mView->handlePenDown(number(0, mWidth - 1), number(0, mHeight - 1));
-    mView->handleDoubleClick(number(0, mWidth - 1), number(0, mHeight - 1));
+    const FakeWordLayout before = fakeWord().layout;
+    const int tapped = number(0, mHeight - 1);
+    const double row = mView->mScroll.y - mView->top() + tapped;
+    const double scale = mView->mScale;
+    const bool searching = mView->mCurrentResult >= 0; // then the hit comes into view
+    mView->handleDoubleClick(number(0, mWidth - 1), tapped);
     mView->handlePenUp(0, 0);
     atPaint("a double tap");
+    if (!searching) {
+        const double centred = row * mView->mScale / scale - mHeight / 2;
+        checkKeptPlace(before, static_cast<int64_t>(centred), "a double tap");
+    }
 }
 
 void WordSession::pinch() {
@@ -183,9 +233,20 @@ void WordSession::pinch() {
         mView->setDirty();
         mView->handlePaintRouter(mFrame.data());
     }
+    const FakeWordLayout before = fakeWord().layout;
+    const int64_t row = mView->firstTextRow();
+    const double top = mView->top();
+    const double shown = mView->mGestureScroll.y;
+    const double scale = mView->mScale;
+    const bool searching = mView->mCurrentResult >= 0; // then the hit comes into view
     mView->handleGestureEnd(0.0, 0.0);
     check(mView->whiteRows() == 0, "white after a pinch");
     atPaint("a pinch");
+    if (mView->mGestureAppliedScale == 1.0) {
+        check(mView->firstTextRow() == row, "a pinch without a zoom goes nowhere");
+    } else if (!searching) {
+        checkKeptPlace(before, static_cast<int64_t>(shown - top * mView->mScale / scale), "a pinch");
+    }
 }
 
 void WordSession::followLink() {
@@ -209,9 +270,7 @@ void WordSession::stepThroughHits() {
     mView->doSearch("x");
     check(mView->whiteRows() == 0, "white after a search");
     for (int i = 0, count = number(0, 12); i < count; ++i) {
-        chance(60) ? mView->nextResult() : mView->previousResult();
-        check(mView->whiteRows() == 0, "white after a step");
-        atPaint("a search");
+        stepToHit(chance(60));
         if (chance(20)) {
             drag();
         }
@@ -219,6 +278,30 @@ void WordSession::stepThroughHits() {
     if (chance(30)) {
         mView->stopFind();
     }
+}
+
+// To the neighbour, without a way around; the first two count as the beginning
+// when they lie outside the stretch.
+void WordSession::stepToHit(bool next) {
+    const bool any = mView->mCurrentResult >= 0;
+    const int from = hitIndex();
+    next ? mView->nextResult() : mView->previousResult();
+    check(mView->whiteRows() == 0, "white after a step");
+    const int to = hitIndex();
+    if (!any) {
+        check(to == from, "a step without a hit goes nowhere");
+    } else if (next) {
+        check(to == std::min(from + 1, static_cast<int>(fakeWord().hits.size()) - 1),
+              "a step to the next hit");
+        const wtg_find_region* hit = mView->currentRegion();
+        const int64_t below = mView->firstTextRow() + mHeight;
+        const bool inView = hit != nullptr && rowOfCharacter(hit->position) < below;
+        check(inView || to == from, "a next hit below the view");
+    } else {
+        check(to == from - 1 || (to == from && from <= 1), "a step to the previous hit");
+        check(mView->currentRegion() != nullptr || to == from, "a previous hit outside of the stretch");
+    }
+    atPaint("a search");
 }
 
 void WordSession::popup() {

@@ -35,14 +35,19 @@ private:
     void pinch();
     void followLink();
     void stepThroughHits();
+    void stepToHit(bool next);
     void popup();
     void reopen();
     void setWide(bool on);
     void atPaint(const char* what);
     void checkFrame(const char* what);
     void checkMoved(int64_t from, int64_t input, const char* what);
+    void checkMovedSideways(int from, int input, const char* what);
+    void checkKeptPlace(const FakeWordLayout& before, int64_t offset, const char* what);
     void check(bool good, const std::string& what);
     int64_t onText(int64_t row) const;
+    int onLayout(int column) const;
+    int hitIndex() const;
     int64_t rowOfCharacter(uint32_t position) const;
 
     std::mt19937 mRandom;
