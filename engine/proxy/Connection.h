@@ -24,6 +24,7 @@ public:
 
     LecternIpcProcess* process() const { return mProcess; }
     LecternIpcWord* word() const { return mWord; }
+    LecternIpcSheet* sheet() const { return mSheet; }
 
 private:
     Connection();
@@ -33,6 +34,7 @@ private:
     GDBusConnection* mBus = nullptr;
     LecternIpcProcess* mProcess = nullptr;
     LecternIpcWord* mWord = nullptr;
+    LecternIpcSheet* mSheet = nullptr;
     bool mClosed = false;
 };
 

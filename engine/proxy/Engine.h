@@ -46,6 +46,7 @@ public:
 
     LecternIpcProcess* process() const { return mConnection->process(); }
     LecternIpcWord* word() const { return mConnection->word(); }
+    LecternIpcSheet* sheet() const { return mConnection->sheet(); }
 
 private:
     explicit Engine(Watchdog::Handle handle) : mHandle(std::move(handle)) {}
