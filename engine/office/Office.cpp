@@ -24,7 +24,7 @@ void removeMediaPlayer(const css::uno::Reference<css::uno::XComponentContext>& c
                                                              css::uno::UNO_QUERY);
     try {
         if (services.is())
-            services->remove(css::uno::Any(OUString("com.sun.star.comp.avmedia.Manager_GStreamer")));
+            services->remove(css::uno::Any(OUString("com.sun.star.comp.media.Manager_GStreamer")));
     } catch (const css::uno::Exception&) {
         // This suite has none.
     }
