@@ -26,12 +26,14 @@ def emu(points):
     return round(points * EMU_PER_POINT)
 
 
-def paragraph(words, level=0, size=None, rtl=False, bold=False):
+def paragraph(words, level=0, size=None, rtl=False, bullet=False):
     marks = (f' lvl="{level}"' if level else '') + (' rtl="1" algn="r"' if rtl else '')
-    run = (f' sz="{round(size * 100)}"' if size else '') + (' b="1"' if bold else '')
+    marks += f' marL="{342900 + 400050 * level}" indent="-342900"' if bullet else ''
+    point = '<a:buFont typeface="Liberation Sans"/><a:buChar char="•"/>' if bullet else ''
+    run = f' sz="{round(size * 100)}"' if size else ''
     lines = '<a:br/>'.join(f'<a:r><a:rPr lang="en-GB"{run}/><a:t>{escape(line)}</a:t></a:r>'
                            for line in words.split('\n'))
-    return f'<a:p><a:pPr{marks}/>{lines}</a:p>'
+    return f'<a:p><a:pPr{marks}>{point}</a:pPr>{lines}</a:p>'
 
 
 class Slide:
@@ -66,7 +68,7 @@ class Slide:
     def body(self, lines, frame=(36, 126, 648, 356), size=24):
         """Lines, or pairs of a line and its level."""
         pairs = [(line, 0) if isinstance(line, str) else line for line in lines]
-        return self._shape(''.join(paragraph(words, level, size) for words, level in pairs), frame,
+        return self._shape(''.join(paragraph(words, level, size, bullet=True) for words, level in pairs), frame,
                            '<p:ph type="body" idx="1"/>', name='Text')
 
     def box(self, words, frame, size=18, angle=0, rtl=False, fill=None):

@@ -37,8 +37,8 @@ void PictureCache::keep(int32_t slide, const Surface& surface) {
         mPictures.pop_back();
     }
     if (memory.size() != pixels)
-        memory = std::vector<uint32_t>(pixels);
-    std::copy_n(surface.pixels, pixels, memory.begin());
+        memory = {};
+    memory.assign(surface.pixels, surface.pixels + pixels);
     mPictures.push_front({slide, surface.width, surface.height, std::move(memory)});
     mBytes += bytes;
 }

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 
 namespace lectern::engine {
 
@@ -30,6 +31,9 @@ int32_t pointsFromHundredthMm(int32_t length) {
 int32_t SlideDocument::open(Office& office, const std::string& path, const std::string& temporaryDirectory,
                             std::unique_ptr<SlideDocument>& document) {
     return guarded([&]() -> int32_t {
+        // The suite would take it for one to be written.
+        if (std::filesystem::file_size(path) == 0)
+            return MODULE_DAMAGED;
         LoadedModel loaded;
         const int32_t result = loadModel(office.d(), path, "", temporaryDirectory, loaded);
         if (result == MODULE_DAMAGED && isEncryptedPresentation(path))

@@ -17,7 +17,8 @@ int occurrences(std::string text, const std::string& wanted) {
     std::transform(text.begin(), text.end(), text.begin(),
                    [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
     int count = 0;
-    for (std::size_t at = text.find(wanted); at != std::string::npos; at = text.find(wanted, at + wanted.size())) {
+    for (std::size_t at = text.find(wanted); at != std::string::npos;
+         at = text.find(wanted, at + wanted.size())) {
         count++;
     }
     return count;
@@ -77,9 +78,8 @@ TEST(SlideSearch, CountsAreThoseOfTheFile) {
                 EXPECT_EQ(onSlide, occurrences(slide.text, wanted)) << wanted << " " << i;
             }
         }
-        EXPECT_TRUE(std::is_sorted(infos.begin(), infos.end(), [](const auto& a, const auto& b) {
-            return a.slide < b.slide;
-        }));
+        EXPECT_TRUE(std::is_sorted(infos.begin(), infos.end(),
+                                   [](const auto& a, const auto& b) { return a.slide < b.slide; }));
     }
     EXPECT_EQ(view.find("guests in a week").size(), 1U) << "a chart's title";
     EXPECT_EQ(view.find("harbour office").size(), 7U) << "what the master says";
@@ -110,7 +110,8 @@ TEST(SlideSearch, ARectangleCoversItsWordAtEveryZoom) {
     const SlideView with(deckSaying("with.pptx", box));
     const SlideView bare(deckSaying("without.pptx", without));
     for (const auto& [width, height] : {std::pair{480, 270}, {960, 540}, {1440, 810}}) {
-        const module_rect ink = difference(with.render(0, width, height), bare.render(0, width, height), width);
+        const module_rect ink =
+            difference(with.render(0, width, height), bare.render(0, width, height), width);
         ASSERT_GT(ink.width, 20);
         ASSERT_EQ(with.find("tide").size(), 1U);
         const std::vector<SlideRegion> regions = with.regions();
@@ -124,7 +125,9 @@ TEST(SlideSearch, ARectangleCoversItsWordAtEveryZoom) {
 TEST(SlideSearch, TextFromTheRightAndOtherScriptsAreCovered) {
     const struct {
         const char *with, *without, *wanted;
-    } cases[] = {{"שלום עולם", "שלום", "עולם"}, {"早上好 港口", "早上好", "港口"}, {"Καλημέρα λιμάνι", "Καλημέρα", "λιμάνι"}};
+    } cases[] = {{"שלום עולם", "שלום", "עולם"},
+                 {"早上好 港口", "早上好", "港口"},
+                 {"Καλημέρα λιμάνι", "Καλημέρα", "λιμάνι"}};
     for (const auto& [words, fewer, wanted] : cases) {
         const std::string rtl = wanted == std::string("עולם") ? ", rtl=True" : "";
         const auto deck = [&](const std::string& name, const std::string& text) {
@@ -142,8 +145,8 @@ TEST(SlideSearch, TextFromTheRightAndOtherScriptsAreCovered) {
 }
 
 TEST(SlideSearch, AHitOverTwoLinesHasARectangleForEach) {
-    const SlideView view(
-        deckSaying("lines.pptx", "slide.box('the tide comes in and the tide goes out', (100, 100, 190, 300), size=36)"));
+    const SlideView view(deckSaying(
+        "lines.pptx", "slide.box('the tide comes in and the tide goes out', (100, 100, 190, 300), size=36)"));
     view.render(0, kWidth, kHeight);
     ASSERT_EQ(view.find("comes in and the tide").size(), 1U);
     const std::vector<SlideRegion> regions = view.regions();
@@ -198,9 +201,10 @@ TEST(SlideSearch, RegionsAreFromTopToBottom) {
     view.find("the");
     const std::vector<SlideRegion> regions = view.regions();
     ASSERT_EQ(regions.size(), 6U);
-    EXPECT_TRUE(std::is_sorted(regions.begin(), regions.end(), [](const SlideRegion& a, const SlideRegion& b) {
-        return std::pair(a[0].y, a[0].x) < std::pair(b[0].y, b[0].x);
-    }));
+    EXPECT_TRUE(
+        std::is_sorted(regions.begin(), regions.end(), [](const SlideRegion& a, const SlideRegion& b) {
+            return std::pair(a[0].y, a[0].x) < std::pair(b[0].y, b[0].x);
+        }));
 }
 
 TEST(SlideSearch, OddTextsFindNothing) {

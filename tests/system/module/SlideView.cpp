@@ -26,8 +26,9 @@ std::string utf8(const std::vector<std::uint16_t>& units) {
 }
 
 std::string run(const std::vector<std::string>& command) {
+    static int runs = 0;
     Subprocess process(command, {{"PYTHONDONTWRITEBYTECODE", "1"}, {"PYTHONPATH", SAMPLES_FOLDER}},
-                       folder() + "/run");
+                       folder() + "/run" + std::to_string(runs++));
     EXPECT_EQ(process.wait(std::chrono::seconds(60)), std::optional<int>(0)) << process.errors();
     return process.output();
 }
