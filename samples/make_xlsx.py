@@ -10,6 +10,11 @@ make_xlsx.py coloured OUT.xlsx
     Columns and rows of many sizes, some hidden, up to column 520 and row 10050.
     Blocks of cells are filled, no two cells alike: cell (column, row), both
     from 0, with what colour_of() says.
+make_xlsx.py spread OUT.xlsx
+    A sheet with nothing but a chart at AL3000, and one with nothing but a
+    merged area, AA80:AD100.
+make_xlsx.py noted OUT.xlsx
+    3, 1, 2 in a column, with the comment "three" at the 3.
 make_xlsx.py plain OUT.xlsx ROW...
     A sheet whose rows are given as values with commas between; numbers are
     numbers, what begins with = is a formula.
@@ -19,6 +24,8 @@ import random
 import sys
 
 from openpyxl import Workbook
+from openpyxl.chart import BarChart, Reference
+from openpyxl.comments import Comment
 from openpyxl.styles import PatternFill
 from openpyxl.utils import get_column_letter
 
@@ -74,6 +81,23 @@ def coloured(path):
     book.save(path)
 
 
+def spread(path):
+    book = Workbook()
+    chart = BarChart()
+    chart.add_data(Reference(book.active, min_col=1, min_row=1, max_row=3))
+    book.active.add_chart(chart, 'AL3000')
+    book.create_sheet('Merged').merge_cells('AA80:AD100')
+    book.save(path)
+
+
+def noted(path):
+    book = Workbook()
+    for value in (3, 1, 2):
+        book.active.append([value])
+    book.active['A1'].comment = Comment('three', 'Somebody')
+    book.save(path)
+
+
 def value_of(text):
     try:
         return float(text)
@@ -88,12 +112,15 @@ def plain(path, rows):
     book.save(path)
 
 
+MAKERS = {'coloured': coloured, 'spread': spread, 'noted': noted}
+
+
 def main(arguments):
     kind, *rest = arguments
     if kind == 'long':
         long(rest[1], int(rest[0]), *(rest[2:3]), *(int(hits) for hits in rest[3:4]))
-    elif kind == 'coloured':
-        coloured(rest[0])
+    elif kind in MAKERS:
+        MAKERS[kind](rest[0])
     else:
         plain(rest[0], rest[1:])
 

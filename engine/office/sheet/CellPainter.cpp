@@ -12,7 +12,13 @@ namespace {
 
 constexpr uint32_t white = 0xFFFFFFFF;
 
-// Pixels [first, last) of a sheet along an axis, and the tile's that cover them.
+// Along an axis: pixels [first, last) of the document that a window shows of
+// the sheet, and the suite's that the tile for them covers.
+//
+// The suite draws a cell from the line before its first pixel on: what it fills
+// for a cell, the line at its left and top with it, lies one pixel before the
+// cell. Here lines belong to the cell that they begin, so its picture is moved
+// by that pixel, and the one at the very edge, which it does not paint, repeats.
 struct Span {
     int64_t first;
     int64_t last;
@@ -21,10 +27,13 @@ struct Span {
 
     Span(int64_t from, int32_t size, int64_t total, int64_t step)
         : first(std::clamp<int64_t>(from, 0, total)), last(std::clamp<int64_t>(from + size, first, total)),
-          tileFirst(first / step * step), tileLast(roundUp(last, step)) {}
+          tileFirst(painted(first) / step * step),
+          tileLast(roundUp(std::max(last - 1, painted(first) + 1), step)) {}
 
     bool isEmpty() const { return first >= last; }
-    bool fitsTile() const { return first == tileFirst && last == tileLast; }
+    // The suite's pixel for one of the document.
+    static int64_t painted(int64_t pixel) { return std::max<int64_t>(pixel - 1, 0); }
+    bool fitsTile() const { return first - 1 == tileFirst && last - 1 == tileLast; }
     int32_t tileSize() const { return static_cast<int32_t>(tileLast - tileFirst); }
     // Positions reach the suite as 32-bit twips.
     bool isWithinReach(int32_t dpi) const {
@@ -72,10 +81,14 @@ void CellPainter::paint(Workbook& book, int32_t sheet, int64_t x, int64_t y, int
     } else {
         mTile.resize(static_cast<size_t>(across.tileSize()) * static_cast<size_t>(down.tileSize()));
         paintTile(book.painter(), across, down, dpi, mTile.data());
-        for (int64_t row = down.first; row < down.last; ++row)
-            std::copy_n(mTile.data() + (row - down.tileFirst) * across.tileSize() +
-                            (across.first - across.tileFirst),
-                        across.last - across.first, surface.row(row - y) + (across.first - x));
+        const int64_t repeated = across.first == 0 ? 1 : 0;
+        for (int64_t row = down.first; row < down.last; ++row) {
+            const uint32_t* from = mTile.data() + (Span::painted(row) - down.tileFirst) * across.tileSize() +
+                                   (Span::painted(across.first) - across.tileFirst);
+            uint32_t* to = surface.row(row - y) + (across.first - x);
+            *to = *from;
+            std::copy_n(from, across.last - across.first - repeated, to + repeated);
+        }
     }
     clearOutside(surface, x, y, across, down);
 }

@@ -20,11 +20,6 @@ constexpr uint32_t line = 0xFF8C8C8C;
 using CairoSurface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
 using Cairo = std::unique_ptr<cairo_t, decltype(&cairo_destroy)>;
 
-void useFont(cairo_t* cairo, double size) {
-    cairo_select_font_face(cairo, "sans-serif", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
-    cairo_set_font_size(cairo, size);
-}
-
 void fill(const Surface& strip, int64_t left, int64_t top, int64_t right, int64_t bottom, uint32_t colour) {
     const int64_t first = std::clamp<int64_t>(left, 0, strip.width);
     const int64_t last = std::clamp<int64_t>(right, first, strip.width);
@@ -64,19 +59,21 @@ void forTracks(const Tracks& tracks, int64_t from, int32_t length, Use use) {
 } // namespace
 
 HeaderPainter::HeaderPainter(int32_t dpi)
-    : mFontSize(fontPoints * dpi / pointsPerInch), mPadding(paddingPoints * dpi / pointsPerInch) {
+    : mFont(nullptr, &cairo_scaled_font_destroy), mPadding(paddingPoints * dpi / pointsPerInch) {
     const CairoSurface surface(cairo_image_surface_create(CAIRO_FORMAT_A8, 1, 1), &cairo_surface_destroy);
     const Cairo cairo(cairo_create(surface.get()), &cairo_destroy);
-    useFont(cairo.get(), mFontSize);
+    cairo_select_font_face(cairo.get(), "sans-serif", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
+    cairo_set_font_size(cairo.get(), fontPoints * dpi / pointsPerInch);
+    mFont.reset(cairo_scaled_font_reference(cairo_get_scaled_font(cairo.get())));
     cairo_font_extents_t font{};
-    cairo_font_extents(cairo.get(), &font);
+    cairo_scaled_font_extents(mFont.get(), &font);
     mAscent = font.ascent;
     mDescent = font.descent;
     mDigit = 0;
     for (char digit = '0'; digit <= '9'; ++digit) {
         const char text[] = {digit, '\0'};
         cairo_text_extents_t extents{};
-        cairo_text_extents(cairo.get(), text, &extents);
+        cairo_scaled_font_text_extents(mFont.get(), text, &extents);
         mDigit = std::max(mDigit, extents.x_advance);
     }
 }
@@ -97,7 +94,8 @@ void HeaderPainter::paint(Axis axis, const Tracks& tracks, int64_t from,
     forTracks(tracks, from, strip.length(), [&](int32_t track, int64_t first, int64_t last) {
         if (marked && track >= marked->first && track <= marked->last)
             strip.fill(first, last, 0, strip.thickness(), tinted(background, marked->colour));
-        strip.fill(last - 1, last, 0, strip.thickness(), line);
+        if (track > 0)
+            strip.fill(first, first + 1, 0, strip.thickness(), line);
     });
     const int32_t inner = strip.thickness() - 1;
     strip.fill(0, strip.length(), inner, strip.thickness(), line);
@@ -108,17 +106,17 @@ void HeaderPainter::paint(Axis axis, const Tracks& tracks, int64_t from,
                                             surface.width * static_cast<int>(sizeof(uint32_t))),
         &cairo_surface_destroy);
     const Cairo cairo(cairo_create(image.get()), &cairo_destroy);
-    useFont(cairo.get(), mFontSize);
+    cairo_set_scaled_font(cairo.get(), mFont.get());
     forTracks(tracks, from, strip.length(), [&](int32_t track, int64_t first, int64_t last) {
         const std::string label = strip.isRows() ? std::to_string(track + 1) : columnLabel(track);
         const auto room = static_cast<double>(last - first - 1);
+        const auto begin = static_cast<double>(first + 1);
         const double width = strip.isRows() ? inner : room;
         const double height = strip.isRows() ? room : inner;
         cairo_text_extents_t extents{};
         cairo_text_extents(cairo.get(), label.c_str(), &extents);
         cairo_save(cairo.get());
-        cairo_translate(cairo.get(), strip.isRows() ? 0 : static_cast<double>(first),
-                        strip.isRows() ? static_cast<double>(first) : 0);
+        cairo_translate(cairo.get(), strip.isRows() ? 0 : begin, strip.isRows() ? begin : 0);
         cairo_rectangle(cairo.get(), 0, 0, width, height);
         cairo_clip(cairo.get());
         cairo_move_to(cairo.get(), std::floor((width - extents.x_advance) / 2),

@@ -5,8 +5,11 @@
 #include "engine/office/sheet/Tracks.h"
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
+
+typedef struct _cairo_scaled_font cairo_scaled_font_t;
 
 namespace lectern::engine {
 
@@ -18,7 +21,7 @@ struct MarkedTracks {
 };
 
 // Draws the strips beside and above the cells: a label for every track, and a
-// line where the cells have theirs.
+// line where the cells have theirs, at a track's first pixel.
 class HeaderPainter {
 public:
     explicit HeaderPainter(int32_t dpi);
@@ -33,8 +36,9 @@ public:
                const Surface& strip) const;
 
 private:
-    double mFontSize; // pixels
-    double mDigit;    // the widest digit's
+    // Kept: to look a font up takes longer than to draw with it.
+    std::unique_ptr<cairo_scaled_font_t, void (*)(cairo_scaled_font_t*)> mFont;
+    double mDigit; // the widest digit's
     double mAscent;
     double mDescent;
     double mPadding;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/office/sheet/Workbook.h"
 
+#include "engine/office/TileStep.h"
+
 #include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/sheet/XCellRangeAddressable.hpp>
 #include <com/sun/star/sheet/XSheetAnnotation.hpp>
@@ -11,6 +13,7 @@
 #include <com/sun/star/sheet/XSpreadsheetDocument.hpp>
 #include <com/sun/star/sheet/XUsedAreaCursor.hpp>
 #include <com/sun/star/text/WritingMode2.hpp>
+#include <com/sun/star/util/XMergeable.hpp>
 
 #include <json-c/json.h>
 
@@ -21,7 +24,6 @@
 namespace lectern::engine {
 
 using css::uno::Reference;
-using css::uno::UNO_QUERY;
 using css::uno::UNO_QUERY_THROW;
 
 namespace {
@@ -54,11 +56,41 @@ Tracks readTracks(json_object* geometry, const char* axis) {
     return {text("sizes"), text("hidden")};
 }
 
-// How far the layout reaches along an axis: over cells, merged areas, drawings.
-int32_t extent(const Tracks& tracks, long twips, int32_t dpi, int32_t used, int32_t least) {
-    const int64_t pixels = (int64_t{twips} * dpi + 720) / 1440;
+bool holdsMerged(const Reference<css::sheet::XSpreadsheet>& sheet, const CellBlock& block) {
+    const Reference<css::util::XMergeable> range(
+        sheet->getCellRangeByPosition(block.left, block.top, block.right, block.bottom), UNO_QUERY_THROW);
+    return range->getIsMerged();
+}
+
+// The last index for which there is something from there to the end, 0 <= index
+// <= last; there is from 0 on.
+template<class IsAnyFrom>
+int32_t lastWith(int32_t last, IsAnyFrom isAnyFrom) {
+    int32_t first = 0;
+    while (first < last) {
+        const int32_t middle = last - (last - first) / 2;
+        if (isAnyFrom(middle))
+            first = middle;
+        else
+            last = middle - 1;
+    }
+    return first;
+}
+
+CellBlock mergedAround(const Reference<css::sheet::XSpreadsheet>& sheet, const CellBlock& block) {
+    const Reference<css::sheet::XSheetCellRange> range(
+        sheet->getCellRangeByPosition(block.left, block.top, block.right, block.bottom), UNO_QUERY_THROW);
+    const auto cursor = sheet->createCursorByRange(range);
+    cursor->collapseToMergedArea();
+    const Reference<css::sheet::XCellRangeAddressable> address(cursor, UNO_QUERY_THROW);
+    return blockOf(address->getRangeAddress());
+}
+
+// How many tracks the suite lays out, for cells and drawings: so many twips.
+int32_t laidOut(const Tracks& tracks, long twips, int32_t dpi) {
+    const int64_t pixels = (int64_t{twips} * dpi + twipsPerInch / 2) / twipsPerInch;
     // A pixel less: the twips were rounded from pixels once already.
-    return std::max({tracks.countUpTo(pixels - 1), used, least});
+    return tracks.countUpTo(pixels - 1);
 }
 
 } // namespace
@@ -113,8 +145,11 @@ const SheetGeometry& Workbook::geometry(int32_t index) {
         long height = 0;
         painter().getDocumentSize(&width, &height);
         const CellBlock used = usedBlock(index).value_or(CellBlock{});
-        read.columns.setCount(extent(read.columns, width, mDpi, used.right + 1, leastColumns));
-        read.rows.setCount(extent(read.rows, height, mDpi, used.bottom + 1, leastRows));
+        const CellBlock merged = mergedExtent(index).value_or(CellBlock{});
+        const int32_t columns = std::max({used.right + 1, merged.right + 1, leastColumns});
+        const int32_t rows = std::max({used.bottom + 1, merged.bottom + 1, leastRows});
+        read.columns.setCount(std::max(columns, laidOut(read.columns, width, mDpi)));
+        read.rows.setCount(std::max(rows, laidOut(read.rows, height, mDpi)));
         sheet.geometry = std::move(read);
     }
     return *sheet.geometry;
@@ -132,13 +167,23 @@ std::optional<CellBlock> Workbook::usedBlock(int32_t index) const {
     return empty ? std::nullopt : std::optional(block);
 }
 
+std::optional<CellBlock> Workbook::mergedExtent(int32_t index) const {
+    const auto& cells = sheet(index);
+    const Reference<css::sheet::XCellRangeAddressable> all(cells, UNO_QUERY_THROW);
+    const CellBlock whole = blockOf(all->getRangeAddress());
+    if (!holdsMerged(cells, whole))
+        return std::nullopt;
+    const int32_t column = lastWith(whole.right, [&](int32_t first) {
+        return holdsMerged(cells, {first, 0, whole.right, whole.bottom});
+    });
+    const int32_t row = lastWith(whole.bottom, [&](int32_t first) {
+        return holdsMerged(cells, {0, first, whole.right, whole.bottom});
+    });
+    return mergedAround(cells, {0, 0, column, row});
+}
+
 CellBlock Workbook::mergedBlock(int32_t index, int32_t column, int32_t row) const {
-    const Reference<css::sheet::XSheetCellRange> cell(
-        sheet(index)->getCellRangeByPosition(column, row, column, row), UNO_QUERY_THROW);
-    const auto cursor = sheet(index)->createCursorByRange(cell);
-    cursor->collapseToMergedArea();
-    const Reference<css::sheet::XCellRangeAddressable> address(cursor, UNO_QUERY_THROW);
-    return blockOf(address->getRangeAddress());
+    return mergedAround(sheet(index), {column, row, column, row});
 }
 
 } // namespace lectern::engine

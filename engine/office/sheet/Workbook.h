@@ -57,6 +57,8 @@ public:
 
     // The cells that hold anything; nothing on an empty sheet.
     std::optional<CellBlock> usedBlock(int32_t sheet) const;
+    // From the first cell to where merged areas end; nothing without any.
+    std::optional<CellBlock> mergedExtent(int32_t sheet) const;
     // The merged area that a cell lies in, or the cell.
     CellBlock mergedBlock(int32_t sheet, int32_t column, int32_t row) const;
 
