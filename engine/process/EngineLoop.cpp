@@ -3,6 +3,7 @@
 
 #include "engine/office/Office.h"
 #include "engine/process/SheetService.h"
+#include "engine/process/SlideService.h"
 #include "engine/process/WordService.h"
 #include "engine/protocol/Guarded.h"
 #include "engine/protocol/Inherited.h"
@@ -42,6 +43,7 @@ struct EngineState {
     bool confined;
     WordService word;
     SheetService sheet;
+    SlideService slide;
     std::unique_ptr<Office> office;
 };
 
@@ -55,6 +57,7 @@ gboolean handleStart(LecternIpcProcess* process, GDBusMethodInvocation* invocati
     });
     state.word.useOffice(state.office.get(), state.folder);
     state.sheet.useOffice(state.office.get(), state.folder);
+    state.slide.useOffice(state.office.get(), state.folder);
     lectern_ipc_process_complete_start(process, invocation, result, state.confined ? TRUE : FALSE);
     return TRUE;
 }
@@ -72,14 +75,15 @@ void runEngine(int socket, const std::string& folder, bool confined) {
     if (connection == nullptr) {
         return;
     }
-    EngineState state{folder, confined, {}, {}, nullptr};
+    EngineState state{folder, confined, {}, {}, {}, nullptr};
     g_autoptr(LecternIpcProcess) process = lectern_ipc_process_skeleton_new();
     g_signal_connect(process, "handle-start", G_CALLBACK(handleStart), &state);
     g_signal_connect(process, "handle-release-memory", G_CALLBACK(handleReleaseMemory), &state);
 
     if (g_dbus_interface_skeleton_export(G_DBUS_INTERFACE_SKELETON(process), connection, kProcessPath,
                                          nullptr) == FALSE ||
-        !state.word.exportOn(connection) || !state.sheet.exportOn(connection)) {
+        !state.word.exportOn(connection) || !state.sheet.exportOn(connection) ||
+        !state.slide.exportOn(connection)) {
         return;
     }
     g_autoptr(GMainLoop) loop = g_main_loop_new(nullptr, FALSE);

@@ -46,7 +46,8 @@ bool Connection::open(FileDescriptor socket) {
     mProcess = lectern_ipc_process_proxy_new_sync(mBus, kPlain, nullptr, kProcessPath, nullptr, nullptr);
     mWord = lectern_ipc_word_proxy_new_sync(mBus, kPlain, nullptr, kWordPath, nullptr, nullptr);
     mSheet = lectern_ipc_sheet_proxy_new_sync(mBus, kPlain, nullptr, kSheetPath, nullptr, nullptr);
-    return mProcess != nullptr && mWord != nullptr && mSheet != nullptr;
+    mSlide = lectern_ipc_slide_proxy_new_sync(mBus, kPlain, nullptr, kSlidePath, nullptr, nullptr);
+    return mProcess != nullptr && mWord != nullptr && mSheet != nullptr && mSlide != nullptr;
 }
 
 // The report of the connection's end holds a reference on it until somebody
@@ -55,6 +56,7 @@ Connection::~Connection() {
     while (mBus != nullptr && !mClosed) {
         g_main_context_iteration(mContext, TRUE);
     }
+    g_clear_object(&mSlide);
     g_clear_object(&mSheet);
     g_clear_object(&mWord);
     g_clear_object(&mProcess);

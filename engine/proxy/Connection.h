@@ -25,6 +25,7 @@ public:
     LecternIpcProcess* process() const { return mProcess; }
     LecternIpcWord* word() const { return mWord; }
     LecternIpcSheet* sheet() const { return mSheet; }
+    LecternIpcSlide* slide() const { return mSlide; }
 
 private:
     Connection();
@@ -35,6 +36,7 @@ private:
     LecternIpcProcess* mProcess = nullptr;
     LecternIpcWord* mWord = nullptr;
     LecternIpcSheet* mSheet = nullptr;
+    LecternIpcSlide* mSlide = nullptr;
     bool mClosed = false;
 };
 
