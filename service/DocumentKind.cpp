@@ -5,6 +5,7 @@
 
 #include <cstring>
 
+#include "excel/Excel.h"
 #include "word/Word.h"
 
 namespace {
@@ -40,5 +41,12 @@ doctype_t KindOf(const char* fileName) {
 }
 
 ViewMaker ViewMakerOf(doctype_t kind) {
-    return kind == _WORD ? makeView<Word> : nullptr;
+    switch (kind) {
+    case _EXCEL:
+        return makeView<Excel>;
+    case _WORD:
+        return makeView<Word>;
+    default:
+        return nullptr;
+    }
 }

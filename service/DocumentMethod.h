@@ -4,6 +4,7 @@
 // method then does with the view is all that it has to say itself.
 #pragma once
 
+#include <cstdio>
 #include <initializer_list>
 
 #include "service/BusCall.h"
@@ -33,6 +34,20 @@ void withDocument(BusCall& call, int docid, Operation operation) {
         return;
     }
     operation(*gDocuments[index].view);
+}
+
+// The same for methods of one kind of documents: operation(view) gets a View, and
+// others are answered that they are none.
+template<typename View, typename Operation>
+void withDocumentOf(BusCall& call, int docid, const char* wrongKindText, Operation operation) {
+    withDocument(call, docid, [&](OfficeBase& view) {
+        if (auto* ofKind = dynamic_cast<View*>(&view)) {
+            operation(*ofKind);
+        } else {
+            std::fprintf(stderr, "%s\n", wrongKindText);
+            call.replyError(kWrongType, wrongKindText);
+        }
+    });
 }
 
 // A whole handler for a method whose only parameter is "docid".
