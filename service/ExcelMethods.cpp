@@ -14,12 +14,7 @@ constexpr char kWrongKind[] = "Not an Excel document";
 // A handler for a method whose only parameter is "docid".
 template<typename Operation>
 bool sheetMethod(HubHandle* handle, HubMessage* message, Operation operation) {
-    BusCall call(handle, message);
-    int docid = 0;
-    if (readParameters(call, {{"docid", &docid}}, kNoDocid)) {
-        withDocumentOf<Excel>(call, docid, kWrongKind, [&](Excel& view) { operation(call, view); });
-    }
-    return true;
+    return documentMethodOf<Excel>(handle, message, kWrongKind, operation);
 }
 
 // A handler for a method that takes a text as well: operation(view, text).

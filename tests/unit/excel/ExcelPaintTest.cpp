@@ -117,9 +117,7 @@ TEST_F(ExcelPaintTest, CornerBoxMovesWithASheetOffItsEdge) {
     paint(*view);
     view->mScroll.set(-40, -50);
     const Picture picture = draw(*view);
-    EXPECT_EQ(picture.at(39, 60), fakeRowHeaderPixel(39, -20 + 0) == picture.at(39, 60)
-                                      ? picture.at(39, 60)
-                                      : ground(-1, 10));
+    EXPECT_EQ(picture.at(39, 60), ground(-1, 10));
     EXPECT_EQ(picture.at(39, 50), ground(-1, 0));
     EXPECT_EQ(picture.at(40, 50), cornerBox);
     EXPECT_EQ(picture.at(99, 79), cornerBox);
@@ -204,7 +202,6 @@ TEST_F(ExcelPaintTest, CommentMarksAreRelativeToTheWindow) {
     const auto view = openView();
     view->restAt(900, 1950);
     const Picture picture = paint(*view);
-    expectSheet(*view, draw(*openView()));
     EXPECT_EQ(picture.at(60 + 139, 30 + 50), blended(fakeCellPixel(1039, 2000), 0x80FF0000));
     EXPECT_EQ(picture.at(60 + 119, 30 + 50), fakeCellPixel(1019, 2000));
 }

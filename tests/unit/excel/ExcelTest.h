@@ -9,7 +9,9 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <limits>
 #include <memory>
+#include <ostream>
 #include <string>
 #include <vector>
 
