@@ -34,11 +34,13 @@ void FakeSheetDocument::setDpi(int32_t dpi) {
 }
 
 int32_t FakeSheetDocument::sheetWidth(int32_t sheet) const {
-    return saturateToInt(static_cast<long long>(sheetOf(sheet).columns) * scaled(fake_sheet_control()->cellWidth));
+    return saturateToInt(static_cast<long long>(sheetOf(sheet).columns) *
+                         scaled(fake_sheet_control()->cellWidth));
 }
 
 int32_t FakeSheetDocument::sheetHeight(int32_t sheet) const {
-    return saturateToInt(static_cast<long long>(sheetOf(sheet).rows) * scaled(fake_sheet_control()->cellHeight));
+    return saturateToInt(static_cast<long long>(sheetOf(sheet).rows) *
+                         scaled(fake_sheet_control()->cellHeight));
 }
 
 FakeSheetDocument::Cell FakeSheetDocument::cellAt(int32_t sheet, int32_t x, int32_t y) const {

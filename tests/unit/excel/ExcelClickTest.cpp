@@ -32,8 +32,8 @@ protected:
 TEST_F(ExcelClickTest, TapOnAColumnHeaderSelectsTheColumn) {
     const auto view = openAt(100, 50);
     EXPECT_TRUE(view->handleClick(90, 29));
-    EXPECT_THAT(calls(), ElementsAre("stg_cell_bounds(0, 135, 0)", selectionColour,
-                                     "stg_select_column(0, 130, 130)"));
+    EXPECT_THAT(calls(),
+                ElementsAre("stg_cell_bounds(0, 135, 0)", selectionColour, "stg_select_column(0, 130, 130)"));
     EXPECT_EQ(view->mSelection, CpRect(130, 0, 130, 0));
     EXPECT_TRUE(view->mSelectionActive);
     EXPECT_TRUE(view->mOffscreenDirty);
@@ -138,8 +138,8 @@ TEST_F(ExcelClickTest, LongCommentIsCutAtTheBuffer) {
 
 TEST_F(ExcelClickTest, CornerAndHeaderEdgesCountAsCells) {
     const auto view = openAt(0, 0);
-    for (const CpPoint at : {CpPoint(10, 10), CpPoint(60, 10), CpPoint(100, 30), CpPoint(10, 30),
-                             CpPoint(60, 100)}) {
+    for (const CpPoint at :
+         {CpPoint(10, 10), CpPoint(60, 10), CpPoint(100, 30), CpPoint(10, 30), CpPoint(60, 100)}) {
         EXPECT_FALSE(view->handleClick(at.x, at.y));
         EXPECT_THAT(calls(), ElementsAre("stg_get_comment(0, " + std::to_string(at.x - 60) + ", " +
                                          std::to_string(at.y - 30) + ", 1024, 0)"));

@@ -168,9 +168,13 @@ TEST_F(ExcelCopyTest, TextIsWrittenAndTheSelectionCleared) {
 
 TEST_F(ExcelCopyTest, OnlyFourBytesCountAsWritten) {
     const auto view = openView();
-    for (const auto& [text, expected] :
-         {std::pair<std::u16string, Said>(u"abcd", nothing), {u"a\u20ac", nothing}, {u"\u00e9\u00e9", nothing},
-          {u"", failed}, {u"abc", failed}, {u"abcde", failed}, {u"abc\u00e9", failed}}) {
+    for (const auto& [text, expected] : {std::pair<std::u16string, Said>(u"abcd", nothing),
+                                         {u"a\u20ac", nothing},
+                                         {u"\u00e9\u00e9", nothing},
+                                         {u"", failed},
+                                         {u"abc", failed},
+                                         {u"abcde", failed},
+                                         {u"abc\u00e9", failed}}) {
         fakeSheet().selection = text;
         EXPECT_EQ(said(*view, path().c_str()), expected);
     }

@@ -35,8 +35,8 @@ protected:
 TEST_F(ExcelHeaderStrokeTest, StrokeOverColumnsSelectsThem) {
     const auto view = openAt(100, 50);
     stroke(*view, {70, 10}, {200, 25});
-    EXPECT_THAT(calls(), ElementsAre("stg_cell_bounds(0, 110, 0)", selectionColour,
-                                     "stg_select_column(0, 110, 240)"));
+    EXPECT_THAT(calls(),
+                ElementsAre("stg_cell_bounds(0, 110, 0)", selectionColour, "stg_select_column(0, 110, 240)"));
     EXPECT_EQ(view->mSelection, CpRect(110, 0, 240, 0));
     EXPECT_TRUE(view->mSelectionActive);
     EXPECT_TRUE(view->mOffscreenDirty);
@@ -126,8 +126,8 @@ TEST_F(ExcelHeaderStrokeTest, FlickDuringTheStrokeDoesNotStopTheSelection) {
 TEST_F(ExcelHeaderStrokeTest, BorderBehindTheMiddleResizesTheColumnItself) {
     const auto view = openAt(0, 0, true);
     stroke(*view, {200, 10}, {230, 300}); // 140 in the column from 80 to 160
-    EXPECT_THAT(calls(), ElementsAre("stg_cell_bounds(0, 140, 0)", "stg_resize_column(0, 140, 30)",
-                                     marksAsked));
+    EXPECT_THAT(calls(),
+                ElementsAre("stg_cell_bounds(0, 140, 0)", "stg_resize_column(0, 140, 30)", marksAsked));
     EXPECT_TRUE(view->mOffscreenDirty);
     EXPECT_FALSE(anyFlag(*view));
     EXPECT_FALSE(view->mSelectionActive);
@@ -137,8 +137,8 @@ TEST_F(ExcelHeaderStrokeTest, BorderBehindTheMiddleResizesTheColumnItself) {
 TEST_F(ExcelHeaderStrokeTest, BorderBeforeTheMiddleResizesTheOneBefore) {
     const auto view = openAt(0, 0, true);
     stroke(*view, {150, 10}, {130, 10}); // 90
-    EXPECT_THAT(calls(), ElementsAre("stg_cell_bounds(0, 90, 0)", "stg_resize_column(0, 79, -20)",
-                                     marksAsked));
+    EXPECT_THAT(calls(),
+                ElementsAre("stg_cell_bounds(0, 90, 0)", "stg_resize_column(0, 79, -20)", marksAsked));
     stroke(*view, {179, 10}, {180, 10});
     EXPECT_EQ(calls().at(1), "stg_resize_column(0, 79, 1)");
     stroke(*view, {180, 10}, {181, 10}); // the middle itself
@@ -148,8 +148,7 @@ TEST_F(ExcelHeaderStrokeTest, BorderBeforeTheMiddleResizesTheOneBefore) {
 TEST_F(ExcelHeaderStrokeTest, RowsAreResizedLikewise) {
     const auto view = openAt(100, 50, true);
     stroke(*view, {10, 100}, {300, 140}); // 120, in the row from 120 to 160
-    EXPECT_THAT(calls(),
-                ElementsAre("stg_cell_bounds(0, 0, 120)", "stg_resize_row(0, 119, 40)", marksAsked));
+    EXPECT_THAT(calls(), ElementsAre("stg_cell_bounds(0, 0, 120)", "stg_resize_row(0, 119, 40)", marksAsked));
     EXPECT_THAT(notifications(*view), ElementsAre(_TRACK_RESIZED, _INVALIDATED));
     EXPECT_TRUE(view->mOffscreenDirty);
     stroke(*view, {10, 120}, {10, 119}); // 140

@@ -16,11 +16,11 @@ TEST_F(ExcelLayoutTest, SizingAsksTheModuleInOrder) {
     const auto view = openView();
     view->mCurrentSheet = 0;
     view->resizeDocument();
-    EXPECT_THAT(calls(), ElementsAre("stg_set_offscreen_buffer(0, 1500, 1500)", "stg_set_dpi(144)",
-                                     "stg_get_sheet_dimensions(0)", "stg_cell_bounds(0, -1, -1)",
-                                     "stg_get_comment_marks_rects(0)",
-                                     "stg_set_row_offscreen_buffer(0, 60, 1500)",
-                                     "stg_set_column_offscreen_buffer(0, 1500, 30)"));
+    EXPECT_THAT(calls(),
+                ElementsAre("stg_set_offscreen_buffer(0, 1500, 1500)", "stg_set_dpi(144)",
+                            "stg_get_sheet_dimensions(0)", "stg_cell_bounds(0, -1, -1)",
+                            "stg_get_comment_marks_rects(0)", "stg_set_row_offscreen_buffer(0, 60, 1500)",
+                            "stg_set_column_offscreen_buffer(0, 1500, 30)"));
 }
 
 TEST_F(ExcelLayoutTest, SizingDoesNotMarkTheCellsStale) {

@@ -50,8 +50,8 @@ TEST_F(ExcelPaintTest, GroundShowsWhereTheWindowEnds) {
         for (int column = 0; column < 320; ++column) {
             const bool covered = (row < columnHeaderHeight || row < 393) && column < 195;
             const bool box = row < columnHeaderHeight && column < rowHeaderWidth;
-            const uint32_t expected = covered || box ? sheetPixel(*view, column, row)
-                                                     : ground(1305 + column, 1107 + row);
+            const uint32_t expected =
+                covered || box ? sheetPixel(*view, column, row) : ground(1305 + column, 1107 + row);
             ASSERT_EQ(picture.at(column, row), expected) << column << ", " << row;
         }
     }

@@ -108,9 +108,12 @@ TEST_F(ExcelScrollTest, WindowStaysWhereTheContactBeganInsideIt) {
 
 TEST_F(ExcelScrollTest, WindowsEdgesCountAsInside) {
     const auto view = openView();
-    for (const auto& [at, moved] : {std::pair(CpPoint(1910, 2990), false), {CpPoint(1911, 2000), true},
-                                    {CpPoint(1000, 2991), true}, {CpPoint(410, 1490), false},
-                                    {CpPoint(409, 2000), true}, {CpPoint(1000, 1489), true}}) {
+    for (const auto& [at, moved] : {std::pair(CpPoint(1910, 2990), false),
+                                    {CpPoint(1911, 2000), true},
+                                    {CpPoint(1000, 2991), true},
+                                    {CpPoint(410, 1490), false},
+                                    {CpPoint(409, 2000), true},
+                                    {CpPoint(1000, 1489), true}}) {
         view->restAt(1000, 2000);
         view->mOffscreenDirty = false;
         view->mScroll = at;

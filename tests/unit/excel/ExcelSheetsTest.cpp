@@ -128,11 +128,11 @@ TEST_F(ExcelSheetsTest, PropertiesAreMeasuredAndRead) {
     EXPECT_EQ(view->getDocProperties(),
               "{ \"name\": \"Budget \u20ac\", \"author\": \"A. B.\", \"description\": \"\", "
               "\"lastsave\": \"Mar 1, 2010, 3:07pm\", \"createdate\": \"Mar 1, 2010, 2:52pm\" }");
-    EXPECT_THAT(calls(), ElementsAre("stg_get_document_name(0)", "stg_get_document_name(4096)",
-                                     "stg_get_document_author(0)", "stg_get_document_author(4096)",
-                                     "stg_get_document_description(0)", "stg_get_document_description(4096)",
-                                     "stg_get_document_last_saved_date()",
-                                     "stg_get_document_creation_date()"));
+    EXPECT_THAT(calls(),
+                ElementsAre("stg_get_document_name(0)", "stg_get_document_name(4096)",
+                            "stg_get_document_author(0)", "stg_get_document_author(4096)",
+                            "stg_get_document_description(0)", "stg_get_document_description(4096)",
+                            "stg_get_document_last_saved_date()", "stg_get_document_creation_date()"));
 }
 
 TEST_F(ExcelSheetsTest, LongPropertiesAreReplacedNeverCut) {

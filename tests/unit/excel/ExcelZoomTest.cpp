@@ -68,11 +68,11 @@ TEST_F(ExcelZoomTest, WindowIsMovedBeforeTheModuleIsToldTheZoom) {
     view->mOffscreenDirty = false;
     view->mScroll.set(1000, 2000);
     view->handleDoubleClick(200, 130);
-    EXPECT_THAT(calls(), ElementsAre("stg_set_offscreen_buffer(0, 1500, 1500)", "stg_set_dpi(234)",
-                                     "stg_get_sheet_dimensions(0)", "stg_cell_bounds(0, -1, -1)",
-                                     "stg_get_comment_marks_rects(0)",
-                                     "stg_set_row_offscreen_buffer(0, 97, 1500)",
-                                     "stg_set_column_offscreen_buffer(0, 1500, 48)"));
+    EXPECT_THAT(calls(),
+                ElementsAre("stg_set_offscreen_buffer(0, 1500, 1500)", "stg_set_dpi(234)",
+                            "stg_get_sheet_dimensions(0)", "stg_cell_bounds(0, -1, -1)",
+                            "stg_get_comment_marks_rects(0)", "stg_set_row_offscreen_buffer(0, 97, 1500)",
+                            "stg_set_column_offscreen_buffer(0, 1500, 48)"));
     EXPECT_EQ(window(*view), CpRect(1151, 2686, 2651, 4186));
     EXPECT_TRUE(view->mOffscreenDirty);
     EXPECT_THAT(notifications(*view), ElementsAre(_INVALIDATED));
