@@ -49,6 +49,8 @@ TEST_F(ExcelHeaderStrokeTest, StrokeInsideOneColumnIsOneColumn) {
     stroke(*view, {70, 10}, {76, 10});
     EXPECT_EQ(view->mSelection, CpRect(110, 0, 116, 0));
     EXPECT_THAT(notifications(*view), ElementsAre(_INVALIDATED, _COLUMN_SELECTED));
+    stroke(*view, {70, 10}, {150, 10}); // from 110 to 190
+    EXPECT_THAT(notifications(*view), ElementsAre(_INVALIDATED, _TRACKS_SELECTED)) << "two are more";
 }
 
 TEST_F(ExcelHeaderStrokeTest, StrokesToTheLeftAndUpAreOrdered) {
@@ -255,6 +257,17 @@ TEST_F(ExcelHeaderStrokeTest, PinchDuringAStrokeHoldsTheGuideOnly) {
     view->handlePenUp(220, 10);
     EXPECT_EQ(calls().at(1), "stg_resize_column(0, 140, 20)");
     EXPECT_FALSE(anyFlag(*view));
+}
+
+TEST_F(ExcelHeaderStrokeTest, NoWidthAndHugeWidthsAreTheModulesToJudge) {
+    const auto view = openAt(0, 0, true);
+    stroke(*view, {200, 10}, {120, 10}); // all of the column
+    EXPECT_EQ(calls().at(1), "stg_resize_column(0, 140, -80)");
+    stroke(*view, {200, 10}, {100200, 10});
+    EXPECT_EQ(calls().at(1), "stg_resize_column(0, 140, 100000)");
+    stroke(*view, {10, 120}, {10, -99880});
+    EXPECT_EQ(calls().at(1), "stg_resize_row(0, 79, -100000)");
+    paint(*view);
 }
 
 TEST_F(ExcelHeaderStrokeTest, PlacesFarOutsideSaturate) {

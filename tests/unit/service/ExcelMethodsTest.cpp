@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The category "/excel" on real views with a fake module: what is called,
 // answered and sent, and in which order.
-#include <fcntl.h>
-#include <unistd.h>
-
+#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 
@@ -163,7 +161,29 @@ TEST_F(ExcelMethodsTest, CommandsBeforeAnySelectionAreAnswered) {
     EXPECT_EQ(call("/excel", "copySelection", R"({"docid": 0, "column": ""})"), kDone);
 }
 
-TEST_F(ExcelMethodsTest, HidingHoldsTheViewsMutexOthersDoNot) {
+TEST_F(ExcelMethodsTest, HidingHoldsTheViewsMutex) {
+    addBook(1);
+    // Until the next view binds the module again.
+    static std::vector<int> locked;
+    locked.clear();
+    const auto note = [](void*, int32_t, int32_t, int32_t) {
+        locked.push_back(pthread_mutex_trylock(book().mutex()));
+        return 0;
+    };
+    STGFunc& module = Singleton<STGFunc>::Instance();
+    module.stg_hide_rows = note;
+    module.stg_unhide_rows = note;
+    module.stg_unhide_all_rows = [](void*, int32_t) {
+        locked.push_back(pthread_mutex_trylock(book().mutex()));
+        return 0;
+    };
+    for (const char* method : {"hideSelection", "unhideSelection", "unhideAll"}) {
+        callFully(method, "0");
+    }
+    EXPECT_THAT(locked, ElementsAre(EBUSY, EBUSY, EBUSY));
+}
+
+TEST_F(ExcelMethodsTest, ViewsMutexIsFreeAtTheReplyAndNotTakenByOthers) {
     addBook(1);
     pthread_mutex_lock(book().mutex());
     for (const std::string& method : methods()) {
