@@ -65,12 +65,12 @@ TEST_F(ExcelLayoutTest, HeadersWithoutSenseStayWithinTheCells) {
     fakeSheet().rowHeaderWidth = INT_MAX;
     fakeSheet().columnHeaderHeight = -7;
     view->resizeDocument();
-    EXPECT_EQ(view->corner(), CpPoint(1500, 0));
+    EXPECT_EQ(view->corner(), CpPoint(1500, 1));
     paint(*view);
     fakeSheet().rowHeaderWidth = INT_MIN;
     fakeSheet().columnHeaderHeight = INT_MAX;
     view->resizeDocument();
-    EXPECT_EQ(view->corner(), CpPoint(0, 1500));
+    EXPECT_EQ(view->corner(), CpPoint(1, 1500));
     paint(*view);
 }
 
