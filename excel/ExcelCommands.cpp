@@ -40,6 +40,16 @@ File prvOpenForWriting(const char* path) {
     return file;
 }
 
+void prvWrite(const std::string& text, const char* path) {
+    const File file = prvOpenForWriting(path);
+    if (file == nullptr) {
+        std::fputs("Excel::copySelection: fileptr is null", stdout);
+    } else if (std::fwrite(text.data(), 1, text.size(), file.get()) != 4) {
+        // Any other length counts as a failure; those who read the log know it so.
+        std::fputs("Failure writing\n", stderr);
+    }
+}
+
 } // namespace
 
 void Excel::contentsChanged() {
@@ -120,14 +130,7 @@ std::string Excel::selectedText() {
 }
 
 int Excel::copySelection(const char* path) {
-    const std::string text = selectedText();
-    const File file = prvOpenForWriting(path);
-    if (file == nullptr) {
-        std::fputs("Excel::copySelection: fileptr is null", stdout);
-    } else if (std::fwrite(text.data(), 1, text.size(), file.get()) != 4) {
-        // Any other length counts as a failure; those who read the log know it so.
-        std::fputs("Failure writing\n", stderr);
-    }
+    prvWrite(selectedText(), path);
     return clearSelection();
 }
 

@@ -73,8 +73,10 @@ void Excel::resizeDocument() {
     int32_t columnHeaderHeight = mColumnHeaders != nullptr ? mColumnHeaders->Height() : 0;
     mModule.stg_cell_bounds(mDocument, mCurrentSheet, -1, -1, &left, &top, &rowHeaderWidth,
                             &columnHeaderHeight);
-    prvFit(mRowHeaders, std::clamp(rowHeaderWidth, 0, length), length);
-    prvFit(mColumnHeaders, length, std::clamp(columnHeaderHeight, 0, length));
+    // Never without pixels: a module refuses such a strip and would go on painting
+    // into the one before, which is gone.
+    prvFit(mRowHeaders, std::clamp(rowHeaderWidth, 1, length), length);
+    prvFit(mColumnHeaders, length, std::clamp(columnHeaderHeight, 1, length));
 
     refreshCommentMarks();
     mModule.stg_set_row_offscreen_buffer(mDocument, 0, mRowHeaders->Pixels(), mRowHeaders->Width(),

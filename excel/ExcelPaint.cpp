@@ -128,7 +128,7 @@ void Excel::drawScreenFragment(unsigned int* frameBuffer, const CpRect& screenRe
     copy(*mColumnHeaders, CpRect(cells.Left(), 0, cells.Right(), std::min(header.y, mHeight)),
          CpPoint(at.x, 0));
     // Row headers give way where less of the rows is seen than is free above them.
-    if (header.x > 0 && at.y < cells.Height()) {
+    if (at.y < cells.Height()) {
         copy(*mRowHeaders, CpRect(0, cells.Top(), std::min(header.x, mWidth), cells.Bottom()),
              CpPoint(0, at.y));
     }

@@ -90,7 +90,6 @@ int Excel::ReinitSearchRects() {
         fetchRegions();
         mOffscreenDirty = true;
         centreOnCurrentRegion();
-        recenterDocument();
     }
     return 0;
 }

@@ -5,6 +5,7 @@
 
 #include <cstring>
 
+#include "excel/Excel.h"
 #include "ppt/PPT.h"
 #include "word/Word.h"
 
@@ -42,6 +43,8 @@ doctype_t KindOf(const char* fileName) {
 
 ViewMaker ViewMakerOf(doctype_t kind) {
     switch (kind) {
+    case _EXCEL:
+        return makeView<Excel>;
     case _WORD:
         return makeView<Word>;
     case _PPT:

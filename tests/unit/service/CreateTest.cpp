@@ -8,6 +8,7 @@
 #include "modules/Singleton.h"
 #include "modules/WTGFunc.h"
 #include "service/RenderWorker.h"
+#include "tests/fakes/sheet/FakeSheetModule.h"
 #include "tests/fakes/slides/FakeSlideModule.h"
 #include "tests/fakes/word/FakeWordModule.h"
 
@@ -249,11 +250,18 @@ TEST_F(CreateTest, PresentationsAreOfKindThree) {
     EXPECT_EQ(fakeSlides().openDocuments, 0);
 }
 
-TEST_F(CreateTest, KindsWithoutAViewAreUnknown) {
+TEST_F(CreateTest, SpreadsheetsHaveTheirOwnView) {
+    fakeSheet().reset();
     const ClientFrame frame(kSize);
-    for (const char* name : {"a.xls", "a.xlsx"}) {
-        expectRefused(payloadOf(name, frame), kUnknownKind, "", frame);
-    }
+    const auto reply = create("/d/book.XLSX", frame);
+    EXPECT_EQ(reply, R"({ "docid": 0, "doctype": 1, "datastoreshmid": ")" + std::to_string(dataStoreOf(0)) +
+                         R"(" })");
+    EXPECT_THAT(fakeSheet().takeCalls(), Contains(HasSubstr(R"(stg_open_file("/d/book.XLSX", )")));
+    create("book.xls", frame);
+    EXPECT_EQ(gDocuments[1].view->docType(), _EXCEL);
+    destroy(1);
+    destroy(0);
+    EXPECT_EQ(fakeSheet().openDocuments, 0);
 }
 
 TEST_F(CreateTest, FramesThatCannotBeAreRefusedWithAReason) {
