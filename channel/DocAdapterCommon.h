@@ -31,16 +31,16 @@ enum ClientMessageType : long {
 
 // What a record to the client tells.
 enum ClientMessageId : int32_t {
-    _INVALIDATED = 0,   // the view needs a paint
-    _HYPERLINK = 1,     // a tap on a link in a word-processing document
-    _SHEET_EVENT_2 = 2, // ids 2, 4, 5 and 6: sheet taps and pen ups
-    _CLICK_UNUSED = 3,  // the view had no use for a click
-    _SHEET_EVENT_4 = 4,
-    _SHEET_EVENT_5 = 5,
-    _SHEET_EVENT_6 = 6,
-    _SLIDE_CHANGED = 7, // value: the slide now shown, from 0
-    _OPENED = 8,        // value: docid, extra: 0 or the module's code
-    _PAINT_DONE = 9,    // value: 0, or -4 for a document that does not exist
+    _INVALIDATED = 0,     // the view needs a paint
+    _HYPERLINK = 1,       // a tap on a link in a word-processing document
+    _COMMENT_TAPPED = 2,  // a tap on a cell that has a comment
+    _CLICK_UNUSED = 3,    // the view had no use for a click
+    _COLUMN_SELECTED = 4, // one column of a sheet
+    _TRACKS_SELECTED = 5, // a row of a sheet, or more than one row or column
+    _TRACK_RESIZED = 6,   // a column or row of a sheet, or a stroke for it that ended where it began
+    _SLIDE_CHANGED = 7,   // value: the slide now shown, from 0
+    _OPENED = 8,          // value: docid, extra: 0 or the module's code
+    _PAINT_DONE = 9,      // value: 0, or -4 for a document that does not exist
 };
 
 #pragma pack(push, 4)

@@ -21,6 +21,7 @@ enum module_result {
     MODULE_NOT_SUPPORTED = 13, /* this module does not do that */
     MODULE_NOTHING_THERE = 14, /* nothing to scroll to, to find, to select */
     MODULE_TOO_LARGE = 15,     /* more memory than a document may take */
+    MODULE_REFUSED = 16,       /* the document does not allow it: a protected sheet, merged cells */
 };
 
 #endif

@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: Apache-2.0
 """Makes the stored samples again, beside this file: tour.docx, tour.doc and
-tour.txt, and locked.docx and locked.doc, which the password "harbour" opens.
+tour.txt, tour.xlsx and tour.xls, tour.pptx and tour.ppt, and the same as locked.*, which the password
+"harbour" opens.
 
-All but the first and the text are saved by LibreOffice, which must be installed
-with python3-uno.
+All but the .docx, the .xlsx, the .pptx and the text are saved by LibreOffice, which must be
+installed with python3-uno; workbooks are written with python3-openpyxl.
 """
 import contextlib
 import pathlib
@@ -13,6 +14,8 @@ import tempfile
 import time
 
 from docx_writer import Docx, png
+from pptx_tour import tour as slides
+from xlsx_tour import tour as workbook
 
 HERE = pathlib.Path(__file__).resolve().parent
 
@@ -123,13 +126,20 @@ def save_as(desktop, source, target, **properties):
             made.append(entry)
         return tuple(made)
 
-    if 'Password' in properties and target.suffix == '.docx':
-        # This format takes the password in another wrapping.
+    if 'Password' in properties and target.suffix in ('.docx', '.xlsx', '.pptx'):
+        # These formats take the password in another wrapping.
         secret = values({'CryptoType': 'Standard', 'OOXPassword': properties.pop('Password')}, 'NamedValue')
         properties['EncryptionData'] = uno.Any('[]com.sun.star.beans.NamedValue', secret)
     document = desktop.loadComponentFromURL(source.as_uri(), '_blank', 0, values({'Hidden': True}))
     uno.invoke(document, 'storeToURL', (target.as_uri(), uno.Any('[]com.sun.star.beans.PropertyValue', values(properties))))
     document.close(True)
+
+
+def save_slides(desktop):
+    source = HERE / 'tour.pptx'
+    slides().save(source)
+    save_as(desktop, source, HERE / 'tour.ppt', FilterName='MS PowerPoint 97')
+    save_as(desktop, source, HERE / 'locked.pptx', FilterName='Impress MS PowerPoint 2007 XML', Password='harbour')
 
 
 def main():
@@ -140,6 +150,12 @@ def main():
         save_as(desktop, source, HERE / 'tour.doc', FilterName='MS Word 97')
         save_as(desktop, source, HERE / 'locked.doc', FilterName='MS Word 97', Password='harbour')
         save_as(desktop, source, HERE / 'locked.docx', FilterName='MS Word 2007 XML', Password='harbour')
+        save_slides(desktop)
+        book = HERE / 'tour.xlsx'
+        workbook(book)
+        save_as(desktop, book, HERE / 'tour.xls', FilterName='MS Excel 97')
+        save_as(desktop, book, HERE / 'locked.xls', FilterName='MS Excel 97', Password='harbour')
+        save_as(desktop, book, HERE / 'locked.xlsx', FilterName='Calc MS Excel 2007 XML', Password='harbour')
 
 
 if __name__ == '__main__':

@@ -5,6 +5,8 @@
 
 #include <cstring>
 
+#include "excel/Excel.h"
+#include "ppt/PPT.h"
 #include "word/Word.h"
 
 namespace {
@@ -40,5 +42,14 @@ doctype_t KindOf(const char* fileName) {
 }
 
 ViewMaker ViewMakerOf(doctype_t kind) {
-    return kind == _WORD ? makeView<Word> : nullptr;
+    switch (kind) {
+    case _EXCEL:
+        return makeView<Excel>;
+    case _WORD:
+        return makeView<Word>;
+    case _PPT:
+        return makeView<PPT>;
+    default:
+        return nullptr;
+    }
 }

@@ -4,6 +4,7 @@
 // method then does with the view is all that it has to say itself.
 #pragma once
 
+#include <cstdio>
 #include <initializer_list>
 
 #include "service/BusCall.h"
@@ -35,6 +36,20 @@ void withDocument(BusCall& call, int docid, Operation operation) {
     operation(*gDocuments[index].view);
 }
 
+// The same for methods of one kind of documents: operation(view) gets a View, and
+// others are answered that they are none.
+template<typename View, typename Operation>
+void withDocumentOf(BusCall& call, int docid, const char* wrongKindText, Operation operation) {
+    withDocument(call, docid, [&](OfficeBase& view) {
+        if (auto* ofKind = dynamic_cast<View*>(&view)) {
+            operation(*ofKind);
+        } else {
+            std::fprintf(stderr, "%s\n", wrongKindText);
+            call.replyError(kWrongType, wrongKindText);
+        }
+    });
+}
+
 // A whole handler for a method whose only parameter is "docid".
 template<typename Operation>
 bool documentMethod(HubHandle* handle, HubMessage* message, Operation operation) {
@@ -42,6 +57,18 @@ bool documentMethod(HubHandle* handle, HubMessage* message, Operation operation)
     int docid = 0;
     if (readParameters(call, {{"docid", &docid}}, kNoDocid)) {
         withDocument(call, docid, [&](OfficeBase& view) { operation(call, view); });
+    }
+    return true;
+}
+
+// The same for methods of one kind of documents; operation(call, view) gets a View.
+template<typename View, typename Operation>
+bool documentMethodOf(HubHandle* handle, HubMessage* message, const char* wrongKindText,
+                      Operation operation) {
+    BusCall call(handle, message);
+    int docid = 0;
+    if (readParameters(call, {{"docid", &docid}}, kNoDocid)) {
+        withDocumentOf<View>(call, docid, wrongKindText, [&](View& view) { operation(call, view); });
     }
     return true;
 }

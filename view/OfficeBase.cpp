@@ -106,10 +106,12 @@ void OfficeBase::InvalidateScreen() {
     SendDocMessage(_INVALIDATED);
 }
 
-void OfficeBase::SendDocMessage(ClientMessageId id) {
+void OfficeBase::SendDocMessage(ClientMessageId id, int32_t value) {
     // Without a segment of its own the view has no address.
     if (mDataStoreShmId > StateSegment::lastReservedId) {
-        g_msgQueue.SendMessage(ServerClientMessage(static_cast<long>(mDataStoreShmId), id));
+        ServerClientMessage message(static_cast<long>(mDataStoreShmId), id);
+        message.value = value;
+        g_msgQueue.SendMessage(message);
     }
 }
 

@@ -93,7 +93,7 @@ public:
     // Marks the view changed and asks the client for a paint request.
     void InvalidateScreen();
     // Sends the client a notification about this view.
-    void SendDocMessage(ClientMessageId id);
+    void SendDocMessage(ClientMessageId id, int32_t value = 0);
     std::string getMimeInfo() const { return mMimeInfo; }
 
     doctype_t docType() const { return mDocType; }
@@ -124,6 +124,21 @@ protected:
     bool takeGestureScale();
     // Lays the document out again for a new scale. REQUIRES: mMutex held.
     void relayout();
+    // Goes on to the next double-tap step; what mScale was multiplied by.
+    float stepScaleLevel();
+    // What a pinch asks for, relative to mScale, inside the zoom limits.
+    double requestedScale(double pinch) const;
+    // A pinch's first frame is not held to the zoom limits; this is what
+    // arithmetic and modules can bear.
+    static double bearableScale(double scale);
+    // A pinch is shown with the last frame, as nothing is rendered until it ends:
+    // above a scale of 1 a part of it on the whole frame, below all of it
+    // somewhere in the frame (at 1 as it is). Both set mGestureAppliedScale and
+    // the mGestureScroll that goes with what is seen.
+    void magnifyLastFrame(unsigned int* frameBuffer, double scale, const CpRect& part);
+    void shrinkLastFrame(unsigned int* frameBuffer, double scale, const CpRect& target);
+    // The client's frame as it was last shown. REQUIRES: all of it is painted.
+    void keepFrame(const unsigned int* frameBuffer);
     // Where an axis of mScroll must be, after the scale changed by ratio, for a
     // point (view pixels) to come to the middle of the view.
     static int centredPosition(int scroll, int point, float ratio, int viewLength);
@@ -168,7 +183,6 @@ protected:
 
 private:
     bool isVisible(const CpRect& r) const;
-    void keepFrame(const unsigned int* frameBuffer);
 
     StateSegment mStateSegment; // what mDataStore points into
 };

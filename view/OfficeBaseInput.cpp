@@ -9,6 +9,8 @@
 namespace {
 constexpr int keyStep = 5; // pixels
 constexpr int scaleLevels = 3;
+constexpr double smallestScale = 1.0 / 16;
+constexpr double largestScale = 64.0;
 } // namespace
 
 bool OfficeBase::handleKeyDown(int key, int /*modifiers*/) {
@@ -89,6 +91,13 @@ int OfficeBase::centredPosition(int scroll, int point, float ratio, int viewLeng
     return saturateToInt(zoomed - half);
 }
 
+float OfficeBase::stepScaleLevel() {
+    const double oldScale = mScale;
+    mScaleLevel = (mScaleLevel + 1) % scaleLevels;
+    mScale = mMinScale + (mScaleLevel + 1) * ((mMaxScale - mMinScale) * 0.25);
+    return static_cast<float>(mScale / oldScale);
+}
+
 bool OfficeBase::handleDoubleClick(int x, int y) {
     if (mGestureActive) {
         return true;
@@ -101,10 +110,10 @@ bool OfficeBase::handleDoubleClick(int x, int y) {
             return true;
         }
         const double oldScale = mScale;
-        mScaleLevel = (mScaleLevel + 1) % scaleLevels;
-        mScale = mMinScale + (mScaleLevel + 1) * ((mMaxScale - mMinScale) * 0.25);
-        ratio = static_cast<float>(mScale / oldScale);
+        stepScaleLevel();
         relayout();
+        // A kind that cannot follow all of the step goes as far as it can.
+        ratio = static_cast<float>(mScale / oldScale);
     }
     mScroll.set(centredPosition(mScroll.x, x, ratio, mWidth), centredPosition(mScroll.y, y, ratio, mHeight));
     clampScroll();
@@ -141,9 +150,17 @@ bool OfficeBase::handleGestureStart(double scale, double /*unused*/) {
 
 bool OfficeBase::handleGestureChange(double scale, double /*unused*/) {
     if (!std::isnan(scale)) {
-        mGestureRequestScale = std::max(mMinScale, std::min(mScale * scale, mMaxScale)) / mScale;
+        mGestureRequestScale = requestedScale(scale);
     }
     return true;
+}
+
+double OfficeBase::requestedScale(double pinch) const {
+    return std::max(mMinScale, std::min(mScale * pinch, mMaxScale)) / mScale;
+}
+
+double OfficeBase::bearableScale(double scale) {
+    return std::clamp(scale, smallestScale, largestScale);
 }
 
 bool OfficeBase::handleGestureEnd(double /*scale*/, double /*unused*/) {

@@ -103,3 +103,24 @@ void OfficeBase::keepFrame(const unsigned int* frameBuffer) {
         std::memcpy(mLastFrame.Pixels(), frameBuffer, framePixels() * sizeof *frameBuffer);
     }
 }
+
+void OfficeBase::magnifyLastFrame(unsigned int* frameBuffer, double scale, const CpRect& part) {
+    mLastFrame.ScaleCopyToFit(part, frameBuffer, CpRect(0, 0, mWidth, mHeight), mWidth, mHeight);
+    mGestureScroll.set(saturateToInt((static_cast<double>(mScroll.x) + part.Left()) * scale),
+                       saturateToInt((static_cast<double>(mScroll.y) + part.Top()) * scale));
+    mGestureAppliedScale = scale;
+}
+
+void OfficeBase::shrinkLastFrame(unsigned int* frameBuffer, double scale, const CpRect& target) {
+    const CpRect view(0, 0, mWidth, mHeight);
+    eraseBuffer(frameBuffer, framePixels());
+    if (scale < 1.0) {
+        mLastFrame.ScaleCopyToFit(view, frameBuffer, target, mWidth, mHeight);
+        mGestureScroll.set(saturateToInt(mScroll.x * scale - target.Left()),
+                           saturateToInt(mScroll.y * scale - target.Top()));
+    } else {
+        mLastFrame.CopyBits(view, frameBuffer);
+        mGestureScroll = mScroll;
+    }
+    mGestureAppliedScale = scale;
+}

@@ -14,7 +14,8 @@ struct StateRecord {
     double scale;
     int32_t scaleLevel; // 0 to 2
     // The view's own. Word: the character at the stretch's top, then the
-    // document row of the stretch's top.
+    // document row of the stretch's top. Excel: unused, then the sheet shown.
+    // PPT: unused, then the slide shown.
     int32_t extra[2];
 };
 

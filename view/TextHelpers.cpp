@@ -3,12 +3,15 @@
 
 #include <glib.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <ctime>
 
 namespace {
 
 constexpr size_t dateSize = 32;
+// Of the two units of a character above U+FFFF, in their upper six bits.
+constexpr uint16_t firstOfPair = 0xD800;
 
 const char* prvMonthName(int month) {
     static const char* const names[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
@@ -47,6 +50,30 @@ std::string utf8OrEmpty(const unsigned short* text) {
     std::string result = converted != nullptr ? converted : "";
     g_free(converted);
     return result;
+}
+
+std::string utf8OfBuffer(std::span<uint16_t> buffer) {
+    if (buffer.empty()) {
+        return {};
+    }
+    buffer.back() = 0;
+    const auto end = std::find(buffer.begin(), buffer.end(), 0);
+    const bool cut = end == buffer.end() - 1 && end != buffer.begin();
+    if (cut && (end[-1] & 0xFC00) == firstOfPair) {
+        end[-1] = 0;
+    }
+    return utf8OrEmpty(buffer.data());
+}
+
+std::string_view utf8Prefix(std::string_view text, size_t bytes) {
+    if (bytes >= text.size()) {
+        return text;
+    }
+    const auto isInside = [](char byte) { return (byte & 0xC0) == 0x80; };
+    while (bytes > 0 && isInside(text[bytes])) {
+        --bytes;
+    }
+    return text.substr(0, bytes);
 }
 
 Utf16Text::~Utf16Text() {

@@ -4,7 +4,10 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <span>
 #include <string>
+#include <string_view>
 
 // Local time as "Mar 1, 2010, 3:07pm" in 32 bytes that the caller frees with
 // delete[]. A time beyond the calendar's years has the month "Ukn".
@@ -16,6 +19,12 @@ unsigned short* ToUTF16(const char* text);
 
 // A module's text for a reply; empty when null or broken.
 std::string utf8OrEmpty(const unsigned short* text);
+
+// The same of a text in a module's buffer, which may be one that did not fit:
+// what there is of it, up to its last whole character.
+std::string utf8OfBuffer(std::span<uint16_t> buffer);
+// The start of a UTF-8 text in at most so many bytes, without a part of a character.
+std::string_view utf8Prefix(std::string_view text, size_t bytes);
 
 // A text on its way to a module, alive as long as the object. Null and broken
 // UTF-8 count as the empty text, so get() is never null.

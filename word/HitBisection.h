@@ -5,10 +5,7 @@
 
 #include "modules/WordToGoModule.h"
 
-// Where to go on among hits: bisections that find the first entry at or above
-// a key, as a rule. They start in the middle, step left by halving the index and
-// never look at entry 0, so that with few entries, or keys out of order, the
-// answer may be a neighbour. They always end, in 0 to count - 1; 0 for no entries.
+// Bisections among hits; see view/Bisection.h for what they answer.
 
 // By the row of the first rectangle, in buffer pixels.
 int find_first_region_greater_than_eq(int y, const wtg_find_region* regions, int count);

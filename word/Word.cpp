@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "modules/Singleton.h"
+#include "view/ModuleArguments.h"
 #include "view/TextHelpers.h"
 
 namespace {
@@ -32,8 +33,8 @@ Word::~Word() {
 int Word::openFile(const char* path, const char* password) {
     const Utf16Text path16(path);
     const Utf16Text password16(password);
-    const Utf16Text fonts("/usr/share/fonts");
-    const Utf16Text temporary("/tmp");
+    const Utf16Text fonts(fontDirectory);
+    const Utf16Text temporary(temporaryDirectory);
     const int code =
         mModule.wtg_open_file(path16.get(), password16.get(), fonts.get(), temporary.get(), &mDocument);
     std::printf("openFile (Word) returnCode = '%x'\n", static_cast<unsigned int>(code));

@@ -4,17 +4,13 @@
 #include <algorithm>
 
 #include "raster/Saturate.h"
+#include "view/ModuleArguments.h"
 #include "word/Word.h"
 
 namespace {
 
-constexpr double dotsPerInch = 72.0; // at a zoom of 1
 constexpr int zoomLevels = 3;
 constexpr long long maxSurfacePixels = 64LL * 1024 * 1024 / 4;
-// A pinch's first frame is not held to the zoom limits; these are what the
-// arithmetic and the module can bear.
-constexpr double smallestScale = 1.0 / 16;
-constexpr double largestScale = 64.0;
 
 long long prvPixels(const TextStretch::Size& size) {
     return static_cast<long long>(size.width) * size.height;
@@ -38,7 +34,7 @@ double Word::layoutWidth(double scale) const {
 // The zoom, or the largest below it whose surface may be made. Zooms below the
 // smallest are not taken for that.
 double Word::fittingScale(double scale) const {
-    const double wanted = std::clamp(scale, smallestScale, largestScale);
+    const double wanted = bearableScale(scale);
     const TextStretch::Size size = TextStretch::sizeFor(layoutWidth(wanted), mHeight);
     if (!mWideMode || prvPixels(size) <= maxSurfacePixels) {
         return wanted;

@@ -7,12 +7,12 @@
 
 #include "raster/Saturate.h"
 #include "view/JsonReply.h"
+#include "view/ModuleArguments.h"
 #include "view/TextHelpers.h"
 #include "word/Word.h"
 
 namespace {
 
-constexpr uint8_t highlight[3] = {128, 192, 255};
 constexpr uint32_t currentHitColour = 0x40FFFF00;
 
 } // namespace
@@ -25,7 +25,7 @@ std::string Word::doSearch(const char* text) {
     const Utf16Text text16(text);
     uint32_t from = 0;
     uint32_t to = mStretch.characterCount();
-    mModule.wtg_set_highlight_color(mDocument, highlight);
+    mModule.wtg_set_highlight_color(mDocument, foundColour);
     const int32_t failed = mModule.wtg_find(mDocument, text16.get(), 0, &from, &to, &mResults, &mResultCount);
     const int reported = mResultCount;
     if (failed != 0 || mResults == nullptr) {

@@ -54,10 +54,12 @@ Failure search(Document& document, const std::string& text, int hit, const CallL
     if (!hits) {
         return hits.error();
     }
-    if (*hits < hit) {
+    // Presentations show their hits and never count them.
+    const bool counted = document.kind() != DocumentKind::presentation;
+    if (counted && *hits < hit) {
         std::fprintf(stderr, "lectern: '%s' is found %d times\n", text.c_str(), *hits);
     }
-    for (int at = 1; at < std::min(hit, *hits); ++at) {
+    for (int at = 1; at < (counted ? std::min(hit, *hits) : hit); ++at) {
         if (Failure failure = common::nextResult(document.bus(), document.docid(), limits)) {
             return failure;
         }

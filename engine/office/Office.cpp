@@ -4,6 +4,8 @@
 #include "engine/office/FileUrl.h"
 #include "engine/office/Profile.h"
 
+#include <com/sun/star/container/XSet.hpp>
+
 #include <LibreOfficeKit/LibreOfficeKitEnums.h>
 #include <LibreOfficeKit/LibreOfficeKitInit.h>
 
@@ -11,6 +13,24 @@
 #include <cstdlib>
 
 namespace lectern::engine {
+
+namespace {
+
+// Without its player of sound and film the suite does not wait for one to tell
+// how large a film is: 10 s for each where there are no devices, or for ever, or
+// until a library of the player's brings the process down.
+void removeMediaPlayer(const css::uno::Reference<css::uno::XComponentContext>& context) {
+    const css::uno::Reference<css::container::XSet> services(context->getServiceManager(),
+                                                             css::uno::UNO_QUERY);
+    try {
+        if (services.is())
+            services->remove(css::uno::Any(OUString("com.sun.star.comp.media.Manager_GStreamer")));
+    } catch (const css::uno::Exception&) {
+        // This suite has none.
+    }
+}
+
+} // namespace
 
 std::unique_ptr<Office> Office::start(const std::string& profileDirectory) {
     if (!writeProfile(profileDirectory))
@@ -28,6 +48,7 @@ std::unique_ptr<Office> Office::start(const std::string& profileDirectory) {
         std::fprintf(stderr, "the office suite does not give its component context\n");
         return nullptr;
     }
+    removeMediaPlayer(office->d().context);
     return office;
 }
 

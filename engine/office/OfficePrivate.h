@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "engine/office/Office.h"
 #include "engine/office/Uno.h"
-#include "engine/office/WordDocument.h"
 
 #include <LibreOfficeKit/LibreOfficeKit.hxx>
 

@@ -131,7 +131,7 @@ Reference<css::frame::XModel> newModel(const Office::Private& office,
 
 // The suite reads whatever it cannot make out as plain text. Text under a .doc
 // name is welcome, a broken container is not.
-bool isBrokenContainer(const Reference<css::text::XTextDocument>& model, const std::string& path) {
+bool isBrokenContainer(const Reference<css::frame::XModel>& model, const std::string& path) {
     const css::uno::Sequence<css::beans::PropertyValue> arguments = model->getArgs();
     const bool readAsText = std::any_of(arguments.begin(), arguments.end(), [](const auto& argument) {
         OUString filter;
@@ -143,29 +143,34 @@ bool isBrokenContainer(const Reference<css::text::XTextDocument>& model, const s
     return readAsText && (head == compound || head == zip);
 }
 
-int32_t load(const Office::Private& office, const std::string& url, OpenedDocument& opened) {
+int32_t load(const Office::Private& office, const std::string& url, LoadedModel& loaded) {
     const auto before = openModels(office);
     std::unique_ptr<lok::Document> painter(office.suite->documentLoad(url.c_str(), loadOptions));
     if (!painter)
         return MODULE_DAMAGED;
-    const auto model = newModel(office, before);
-    const Reference<css::text::XTextDocument> text(model, UNO_QUERY);
+    loaded = {std::move(painter), newModel(office, before)};
+    return loaded.model.is() ? MODULE_OK : MODULE_FAILED;
+}
+
+// What a loaded model must be to be a text.
+int32_t openAsText(LoadedModel loaded, OpenedDocument& opened) {
+    const Reference<css::text::XTextDocument> text(loaded.model, UNO_QUERY);
     if (!text.is())
-        return model.is() ? MODULE_WRONG_KIND : MODULE_FAILED;
-    model->lockControllers();
-    painter->initializeForRendering("{}");
-    opened = {std::move(painter), text};
+        return MODULE_WRONG_KIND;
+    loaded.model->lockControllers();
+    loaded.painter->initializeForRendering("{}");
+    opened = {std::move(loaded.painter), text};
     return MODULE_OK;
 }
 
 } // namespace
 
-int32_t loadDocument(Office::Private& office, const std::string& path, const std::string& password,
-                     const std::string& temporaryDirectory, OpenedDocument& opened) {
+int32_t loadModel(Office::Private& office, const std::string& path, const std::string& password,
+                  const std::string& temporaryDirectory, LoadedModel& model) {
     const Utf8Copy copy(path, temporaryDirectory);
     const std::string url = fileUrl(copy.path().empty() ? path : copy.path());
     const PasswordPrompt prompt(*office.suite, url, password);
-    OpenedDocument loaded;
+    LoadedModel loaded;
     const int32_t result = load(office, url, loaded);
     if (result == MODULE_DAMAGED && prompt.asked())
         return password.empty() ? MODULE_NEEDS_PASSWORD : MODULE_WRONG_PASSWORD;
@@ -173,12 +178,21 @@ int32_t loadDocument(Office::Private& office, const std::string& path, const std
         return result;
     if (isBrokenContainer(loaded.model, path))
         return MODULE_DAMAGED;
-    opened = std::move(loaded);
+    model = std::move(loaded);
     return MODULE_OK;
 }
 
+int32_t loadDocument(Office::Private& office, const std::string& path, const std::string& password,
+                     const std::string& temporaryDirectory, OpenedDocument& opened) {
+    LoadedModel loaded;
+    const int32_t result = loadModel(office, path, password, temporaryDirectory, loaded);
+    return result == MODULE_OK ? openAsText(std::move(loaded), opened) : result;
+}
+
 int32_t newDocument(Office::Private& office, OpenedDocument& opened) {
-    return load(office, "private:factory/swriter", opened);
+    LoadedModel loaded;
+    const int32_t result = load(office, "private:factory/swriter", loaded);
+    return result == MODULE_OK ? openAsText(std::move(loaded), opened) : result;
 }
 
 } // namespace lectern::engine

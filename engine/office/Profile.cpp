@@ -31,6 +31,8 @@ constexpr Setting settings[] = {
     {"Office.UI/ColorScheme/ColorSchemes/org.openoffice.Office.UI:ColorScheme['LibreOffice']/"
      "WriterIdxShadings",
      "IsVisible", "false"},
+    // No waves under words that a dictionary lacks.
+    {"Office.Linguistic/SpellChecking", "IsSpellAuto", "false"},
     // Nothing is kept for a next session, for there is none.
     {"Office.Recovery/AutoSave", "Enabled", "false"},
     {"Office.Recovery/RecoveryInfo", "Enabled", "false"},

@@ -10,7 +10,7 @@ namespace lectern::engine {
 using css::uno::Reference;
 
 Reference<css::document::XDocumentProperties>
-documentProperties(const Reference<css::text::XTextDocument>& model) {
+documentProperties(const Reference<css::uno::XInterface>& model) {
     const Reference<css::document::XDocumentPropertiesSupplier> supplier(model, css::uno::UNO_QUERY_THROW);
     return supplier->getDocumentProperties();
 }

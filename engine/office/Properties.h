@@ -4,12 +4,11 @@
 #include "engine/office/Uno.h"
 
 #include <com/sun/star/document/XDocumentProperties.hpp>
-#include <com/sun/star/text/XTextDocument.hpp>
 
 namespace lectern::engine {
 
 css::uno::Reference<css::document::XDocumentProperties>
-documentProperties(const css::uno::Reference<css::text::XTextDocument>& model);
+documentProperties(const css::uno::Reference<css::uno::XInterface>& model);
 
 // Seconds since 1970 in UTC, 0 when unset.
 int64_t toUnixTime(const css::util::DateTime& time);

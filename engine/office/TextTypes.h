@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "engine/office/Surface.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -17,16 +19,6 @@ struct CharacterRange {
 
     bool isEmpty() const { return start >= end; }
     friend bool operator==(const CharacterRange&, const CharacterRange&) = default;
-};
-
-// Pixels of the surface.
-struct PixelRect {
-    int32_t x = 0;
-    int32_t y = 0;
-    int32_t width = 0;
-    int32_t height = 0;
-
-    friend bool operator==(const PixelRect&, const PixelRect&) = default;
 };
 
 // A hit inside the stretch: where it starts, and a rectangle for each line.

@@ -1,20 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/office/TilePainter.h"
 
+#include "engine/office/TileStep.h"
+
 #include <algorithm>
-#include <numeric>
 
 namespace lectern::engine {
 
 namespace {
 
 constexpr uint32_t white = 0xFFFFFFFF;
-constexpr int64_t twipsPerInch = 1440;
 constexpr int64_t bandRows = 512;
-
-int64_t roundUp(int64_t value, int64_t step) {
-    return (value + step - 1) / step * step;
-}
 
 } // namespace
 
@@ -32,14 +28,11 @@ void TilePainter::paint(const RowMap& map, int64_t top, const Surface& surface, 
     std::fill(surface.row(next), surface.row(last), white);
 }
 
-// The suite takes a tile's scale from the ratio of its pixels to its twips, and
-// rounds to pixels from the tile's corner. Both come out the same for every tile
-// only when tiles begin and end on whole twips: every `step` pixels. Pictures
-// are scaled from what of them falls into the tile, so tiles are always the same
-// bands of the page, whatever part of a band is wanted.
+// Pictures are scaled from what of them falls into the tile, so tiles are always
+// the same bands of the page, whatever part of a band is wanted.
 void TilePainter::paintPage(const RowMap& map, const RowMap::Page& page, int64_t from, int64_t to,
                             int32_t width, uint32_t* target) {
-    const int64_t step = map.dpi() / std::gcd(int64_t{map.dpi()}, twipsPerInch);
+    const int64_t step = tileStep(map.dpi());
     const int64_t tileWidth = roundUp(width, step);
     const int64_t tileHeight = roundUp(bandRows, step);
     for (int64_t firstRow = from / tileHeight * tileHeight; firstRow < to; firstRow += tileHeight) {

@@ -2,22 +2,13 @@
 #pragma once
 
 #include "engine/office/RowMap.h"
+#include "engine/office/Surface.h"
 
 #include <array>
 #include <cstdint>
 #include <vector>
 
 namespace lectern::engine {
-
-// Pixels of the caller's, 0xAARRGGBB, row by row without gaps.
-struct Surface {
-    uint32_t* pixels = nullptr;
-    int32_t width = 0;
-    int32_t height = 0;
-
-    uint32_t* row(int64_t y) const { return pixels + y * width; }
-    friend bool operator==(const Surface&, const Surface&) = default;
-};
 
 // Paints rows of the laid-out text so that a row looks the same whatever it is
 // painted with.

@@ -11,14 +11,6 @@
 
 namespace lectern::engine {
 
-namespace {
-
-constexpr int32_t defaultDpi = 72;
-constexpr int32_t mostDpi = 2400;
-constexpr int32_t mostPixels = 16384; // of a side
-
-} // namespace
-
 WordDocument::Private::Private(Office::Private& suite, OpenedDocument openedDocument)
     : office(suite), document(std::move(openedDocument)), prepared(prepareForReflow(document.model)),
       flow(document, prepared), positions(document, prepared, flow), painter(*document.painter),

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "engine/office/Office.h"
 #include "engine/office/TextTypes.h"
 
 #include <cstdint>
@@ -8,26 +9,6 @@
 #include <string>
 
 namespace lectern::engine {
-
-// The office suite inside this process. One for a process, made once.
-class Office {
-public:
-    // Initialises the suite with a profile of its own in profileDirectory
-    // (absolute, made when missing). Null when that fails; the reason goes to
-    // standard error.
-    static std::unique_ptr<Office> start(const std::string& profileDirectory);
-    ~Office();
-    Office(const Office&) = delete;
-    Office& operator=(const Office&) = delete;
-
-    // What an implementation keeps; only this folder knows it.
-    struct Private;
-    Private& d() { return *mPrivate; }
-
-private:
-    explicit Office(std::unique_ptr<Private> d);
-    std::unique_ptr<Private> mPrivate;
-};
 
 // A word-processing document laid out as one continuous text, a stretch of
 // which is kept painted on a surface. The operations and their meanings are

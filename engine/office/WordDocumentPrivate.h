@@ -2,33 +2,16 @@
 #pragma once
 
 #include "engine/office/Links.h"
+#include "engine/office/OfficeGuard.h"
 #include "engine/office/References.h"
 #include "engine/office/SearchText.h"
+#include "engine/office/TilePainter.h"
 #include "engine/office/Tint.h"
 #include "engine/office/WordDocument.h"
-#include "modules/ModuleResults.h"
 
-#include <cstdio>
-#include <exception>
 #include <optional>
 
 namespace lectern::engine {
-
-// The suite reports by exceptions; here they end.
-template<class Work>
-int32_t guarded(Work work) noexcept {
-    try {
-        return work();
-    } catch (const css::uno::Exception& error) {
-        std::fprintf(stderr, "office: %s\n",
-                     OUStringToOString(error.Message, RTL_TEXTENCODING_UTF8).getStr());
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "office: %s\n", error.what());
-    } catch (...) {
-        std::fprintf(stderr, "office: unknown failure\n");
-    }
-    return MODULE_FAILED;
-}
 
 // What a layout is made for.
 struct LayoutKey {

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/process/EngineLoop.h"
 
-#include "engine/office/WordDocument.h"
+#include "engine/office/Office.h"
+#include "engine/process/SheetService.h"
+#include "engine/process/SlideService.h"
 #include "engine/process/WordService.h"
 #include "engine/protocol/Guarded.h"
 #include "engine/protocol/Inherited.h"
@@ -35,11 +37,13 @@ GDBusConnection* connectTo(int socket) {
     return connection;
 }
 
-// The process itself: the suite, and the document service that uses it.
+// The process itself: the suite, and the document services that use it.
 struct EngineState {
     std::string folder;
     bool confined;
     WordService word;
+    SheetService sheet;
+    SlideService slide;
     std::unique_ptr<Office> office;
 };
 
@@ -52,6 +56,8 @@ gboolean handleStart(LecternIpcProcess* process, GDBusMethodInvocation* invocati
         return state.office ? MODULE_OK : MODULE_NO_ENGINE;
     });
     state.word.useOffice(state.office.get(), state.folder);
+    state.sheet.useOffice(state.office.get(), state.folder);
+    state.slide.useOffice(state.office.get(), state.folder);
     lectern_ipc_process_complete_start(process, invocation, result, state.confined ? TRUE : FALSE);
     return TRUE;
 }
@@ -69,14 +75,15 @@ void runEngine(int socket, const std::string& folder, bool confined) {
     if (connection == nullptr) {
         return;
     }
-    EngineState state{folder, confined, {}, nullptr};
+    EngineState state{folder, confined, {}, {}, {}, nullptr};
     g_autoptr(LecternIpcProcess) process = lectern_ipc_process_skeleton_new();
     g_signal_connect(process, "handle-start", G_CALLBACK(handleStart), &state);
     g_signal_connect(process, "handle-release-memory", G_CALLBACK(handleReleaseMemory), &state);
 
     if (g_dbus_interface_skeleton_export(G_DBUS_INTERFACE_SKELETON(process), connection, kProcessPath,
                                          nullptr) == FALSE ||
-        !state.word.exportOn(connection)) {
+        !state.word.exportOn(connection) || !state.sheet.exportOn(connection) ||
+        !state.slide.exportOn(connection)) {
         return;
     }
     g_autoptr(GMainLoop) loop = g_main_loop_new(nullptr, FALSE);

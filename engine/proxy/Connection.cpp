@@ -45,7 +45,9 @@ bool Connection::open(FileDescriptor socket) {
                                                          G_DBUS_PROXY_FLAGS_DO_NOT_CONNECT_SIGNALS);
     mProcess = lectern_ipc_process_proxy_new_sync(mBus, kPlain, nullptr, kProcessPath, nullptr, nullptr);
     mWord = lectern_ipc_word_proxy_new_sync(mBus, kPlain, nullptr, kWordPath, nullptr, nullptr);
-    return mProcess != nullptr && mWord != nullptr;
+    mSheet = lectern_ipc_sheet_proxy_new_sync(mBus, kPlain, nullptr, kSheetPath, nullptr, nullptr);
+    mSlide = lectern_ipc_slide_proxy_new_sync(mBus, kPlain, nullptr, kSlidePath, nullptr, nullptr);
+    return mProcess != nullptr && mWord != nullptr && mSheet != nullptr && mSlide != nullptr;
 }
 
 // The report of the connection's end holds a reference on it until somebody
@@ -54,6 +56,8 @@ Connection::~Connection() {
     while (mBus != nullptr && !mClosed) {
         g_main_context_iteration(mContext, TRUE);
     }
+    g_clear_object(&mSlide);
+    g_clear_object(&mSheet);
     g_clear_object(&mWord);
     g_clear_object(&mProcess);
     g_clear_object(&mBus);

@@ -24,6 +24,8 @@ public:
 
     LecternIpcProcess* process() const { return mProcess; }
     LecternIpcWord* word() const { return mWord; }
+    LecternIpcSheet* sheet() const { return mSheet; }
+    LecternIpcSlide* slide() const { return mSlide; }
 
 private:
     Connection();
@@ -33,6 +35,8 @@ private:
     GDBusConnection* mBus = nullptr;
     LecternIpcProcess* mProcess = nullptr;
     LecternIpcWord* mWord = nullptr;
+    LecternIpcSheet* mSheet = nullptr;
+    LecternIpcSlide* mSlide = nullptr;
     bool mClosed = false;
 };
 

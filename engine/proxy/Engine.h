@@ -46,6 +46,8 @@ public:
 
     LecternIpcProcess* process() const { return mConnection->process(); }
     LecternIpcWord* word() const { return mConnection->word(); }
+    LecternIpcSheet* sheet() const { return mConnection->sheet(); }
+    LecternIpcSlide* slide() const { return mConnection->slide(); }
 
 private:
     explicit Engine(Watchdog::Handle handle) : mHandle(std::move(handle)) {}

@@ -3,6 +3,7 @@
 
 #include "engine/proxy/Export.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -25,5 +26,14 @@ inline bool isTextBuffer(const std::uint16_t* text, std::int32_t capacity, const
 // REQUIRES: isTextBuffer.
 LECTERN_ENGINE_EXPORT void deliverText(std::span<const std::uint16_t> whole, std::uint16_t* text,
                                        std::int32_t capacity, std::int32_t* length);
+
+// ... writes from unit `first` on; the length is still that of the whole text.
+// REQUIRES: first >= 0.
+inline void deliverTextFrom(std::span<const std::uint16_t> whole, std::int32_t first, std::uint16_t* text,
+                            std::int32_t capacity, std::int32_t* length) {
+    const std::size_t skipped = std::min(whole.size(), static_cast<std::size_t>(first));
+    deliverText(whole.subspan(skipped), text, capacity, length);
+    *length += static_cast<std::int32_t>(skipped);
+}
 
 } // namespace lectern::engine

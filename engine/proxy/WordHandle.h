@@ -1,27 +1,20 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "engine/protocol/Guarded.h"
-#include "engine/proxy/Engine.h"
+#include "engine/proxy/DocumentHandle.h"
 #include "engine/proxy/Surface.h"
-#include "modules/ModuleResults.h"
 #include "modules/WordToGoModule.h"
 
-#include <chrono>
 #include <cstdint>
 #include <memory>
-#include <mutex>
 #include <tuple>
 #include <utility>
 #include <vector>
 
 namespace lectern::engine {
 
-// What a wtg_ document handle points to. Guarded by its mutex.
-struct WordHandle {
-    std::mutex mutex;
-    std::unique_ptr<Engine> engine;
-    std::chrono::milliseconds callLimit;
+// What a wtg_ document handle points to.
+struct WordHandle : DocumentHandle {
     std::unique_ptr<Surface> surface; // what the engine paints on; null before the first buffer
     bool painted = false;             // the surface has been painted at least once
     bool borrowed = false;            // it shows a secondary document
@@ -45,14 +38,7 @@ struct WordHandle {
 // Runs one module function on a document, alone.
 template<class Operation>
 std::int32_t onDocument(void* doc, Operation operation) {
-    if (doc == nullptr) {
-        return MODULE_BAD_ARGUMENT;
-    }
-    return guarded([&] {
-        auto& handle = *static_cast<WordHandle*>(doc);
-        const std::lock_guard lock(handle.mutex);
-        return operation(handle);
-    });
+    return onHandle<WordHandle>(doc, operation);
 }
 
 // One typed call of the Word interface, `method` the generated function for
@@ -63,7 +49,7 @@ std::int32_t callEngine(WordHandle& handle, Method method, std::tuple<Inputs...>
                         Outputs*... outputs) {
     gint result = MODULE_FAILED;
     gboolean painted = FALSE;
-    const std::int32_t sent = handle.engine->call(Clock::now() + handle.callLimit, [&](GError** error) {
+    const std::int32_t sent = handle.engine->call(handle.deadline(), [&](GError** error) {
         return std::apply(
             [&](auto... input) {
                 return method(handle.engine->word(), input..., G_DBUS_CALL_FLAGS_NONE, G_MAXINT, &result,

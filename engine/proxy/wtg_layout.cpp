@@ -27,7 +27,7 @@ std::int32_t replaceSurface(WordHandle& handle, std::uint32_t* pixels, std::int3
 
     gint result = MODULE_FAILED;
     gboolean painted = FALSE;
-    const std::int32_t sent = handle.engine->call(Clock::now() + handle.callLimit, [&](GError** error) {
+    const std::int32_t sent = handle.engine->call(handle.deadline(), [&](GError** error) {
         return lectern_ipc_word_call_set_surface_sync(handle.engine->word(), g_variant_new_handle(index),
                                                       width, height, G_DBUS_CALL_FLAGS_NONE, G_MAXINT, files,
                                                       &result, &painted, nullptr, nullptr, error);

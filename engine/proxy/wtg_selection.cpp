@@ -6,8 +6,6 @@
 #include "engine/proxy/WordHandle.h"
 #include "modules/WordToGoModule.h"
 
-#include <algorithm>
-
 using namespace lectern::engine;
 
 int32_t wtg_clear_selection(void* doc) {
@@ -23,10 +21,7 @@ int32_t wtg_copy_selection(void* doc, uint16_t* text, int32_t capacity, int32_t 
         const std::int32_t result =
             callEngine(handle, &lectern_ipc_word_call_copy_selection_sync, std::tuple<>(), &whole);
         if (result == MODULE_OK) {
-            const std::span<const std::uint16_t> units = elementsOf<std::uint16_t>(whole);
-            deliverText(units.subspan(std::min(units.size(), static_cast<std::size_t>(first))), text,
-                        capacity, length);
-            *length = static_cast<std::int32_t>(units.size());
+            deliverTextFrom(elementsOf<std::uint16_t>(whole), first, text, capacity, length);
         }
         return result;
     });

@@ -16,12 +16,12 @@
 
 #include "engine/office/WordDocument.h"
 #include "modules/ModuleResults.h"
+#include "tests/fakes/office/FakeSettings.h"
 #include "tests/fakes/office/Misbehaviour.h"
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <map>
 #include <utility>
 
 namespace lectern::engine {
@@ -30,19 +30,6 @@ namespace {
 
 constexpr std::uint32_t kCharactersPerRow = 10;
 constexpr std::uint32_t kWhite = 0xFFFFFFFF;
-
-using Settings = std::map<std::string, std::string>;
-
-Settings readSettings(const std::string& path) {
-    Settings settings;
-    std::ifstream file(path);
-    std::string line;
-    while (std::getline(file, line)) {
-        const std::size_t equals = line.find('=');
-        settings[line.substr(0, equals)] = equals == std::string::npos ? "" : line.substr(equals + 1);
-    }
-    return settings;
-}
 
 std::u16string widen(const std::string& ascii) {
     return {ascii.begin(), ascii.end()};
@@ -66,7 +53,7 @@ Office::Office(std::unique_ptr<Private> d) : mPrivate(std::move(d)) {}
 Office::~Office() = default;
 
 struct WordDocument::Private {
-    Settings settings;
+    fake::Settings settings;
     std::u16string name;
     std::uint32_t* pixels = nullptr;
     std::int32_t width = 0;
@@ -123,7 +110,7 @@ WordDocument::~WordDocument() = default;
 int32_t WordDocument::open(Office&, const std::string& path, const std::string& password,
                            const std::string& temporaryDirectory, std::unique_ptr<WordDocument>& document) {
     auto d = std::make_unique<Private>();
-    d->settings = readSettings(path);
+    d->settings = fake::readSettings(path);
     if (std::filesystem::path(path).filename().string().rfind("other-kind", 0) == 0) {
         return MODULE_WRONG_KIND;
     }

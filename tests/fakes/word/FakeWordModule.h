@@ -8,18 +8,13 @@
 // buffer tells where in the text it is from: see fakeWordPixel().
 #pragma once
 
-#include <dlfcn.h>
-
 #include <cstdint>
-#include <cstdlib>
-#include <deque>
-#include <map>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "modules/WordToGoModule.h"
+#include "tests/fakes/module/FakeCalls.h"
 
 // One hit that wtg_find will find, whatever the text it is asked for.
 struct FakeWordHit {
@@ -46,18 +41,7 @@ struct FakeWordLayout {
     int32_t dpi = 72;
 };
 
-struct FakeWordControl {
-    // Every call in order, as "wtg_scroll_down(0, 520)": the arguments without
-    // the document, out-parameters and pixel addresses. Texts are in quotes.
-    std::vector<std::string> calls;
-    bool recording = true;
-
-    // Results. The next calls of a function take theirs from `nextResults`,
-    // later ones from `results`; 0, the default, lets the call do its work, any
-    // other code is returned and the call has no effect.
-    std::map<std::string, std::deque<int32_t>> nextResults;
-    std::map<std::string, int32_t> results;
-
+struct FakeWordControl : FakeCalls {
     // The document that the next open makes. A file named "code-N..." gives the
     // open code N, and one named "rows-N..." N rows, so that tests of a whole
     // process can choose them too.
@@ -88,7 +72,6 @@ struct FakeWordControl {
         *this = FakeWordControl();
         openDocuments = open;
     }
-    std::vector<std::string> takeCalls() { return std::exchange(calls, {}); }
 };
 
 // Pixels: text row in the low 24 bits, column modulo 255 in the top byte, so
@@ -107,13 +90,6 @@ constexpr uint32_t fakeSecondaryPixel(int32_t row) {
 
 // The control of the module that the loader finds, which stays loaded.
 inline FakeWordControl& fakeWord() {
-    static FakeWordControl* const control = [] {
-        void* module = dlopen("WordToGoModule.so", RTLD_LAZY);
-        void* get = module != nullptr ? dlsym(module, "fake_word_control") : nullptr;
-        if (get == nullptr) {
-            std::abort(); // the tests' environment lacks LD_LIBRARY_PATH
-        }
-        return reinterpret_cast<FakeWordControl* (*)()>(get)();
-    }();
-    return *control;
+    static FakeWordControl& control = fakeControl<FakeWordControl>("WordToGoModule.so", "fake_word_control");
+    return control;
 }

@@ -3,11 +3,7 @@
 // its scripted result, and passes on to the document.
 #include "modules/WordToGoModule.h"
 
-#include <algorithm>
-#include <cstring>
-#include <sstream>
-
-#include "modules/ModuleResults.h"
+#include "tests/fakes/module/FakeModule.h"
 #include "tests/fakes/word/FakeWordDocument.h"
 
 extern "C" LECTERN_MODULE_EXPORT FakeWordControl* fake_word_control();
@@ -23,66 +19,13 @@ FakeWordControl& control() {
     return *fake_word_control();
 }
 
-void write(std::ostream& out, const uint16_t* text) {
-    if (text == nullptr) {
-        out << "null";
-        return;
-    }
-    out << '"';
-    for (; *text != 0; ++text) {
-        out << static_cast<char>(*text);
-    }
-    out << '"';
-}
-void write(std::ostream& out, int64_t number) {
-    out << number;
-}
-
-// Notes a call and gives its scripted result.
 template<typename... Arguments>
 int32_t called(const char* name, Arguments... arguments) {
-    if (control().recording) {
-        std::ostringstream line;
-        [[maybe_unused]] const char* separator = "";
-        line << name << '(';
-        ((line << separator, write(line, arguments), separator = ", "), ...);
-        line << ')';
-        control().calls.push_back(line.str());
-    }
-    if (auto next = control().nextResults.find(name);
-        next != control().nextResults.end() && !next->second.empty()) {
-        const int32_t result = next->second.front();
-        next->second.pop_front();
-        return result;
-    }
-    const auto result = control().results.find(name);
-    return result != control().results.end() ? result->second : MODULE_OK;
+    return fake::called(control(), name, arguments...);
 }
 
 FakeWordDocument* document(void* doc) {
     return static_cast<FakeWordDocument*>(doc);
-}
-
-// The number behind a prefix of the file's name.
-std::optional<int64_t> numberInName(const uint16_t* path, const std::string& prefix) {
-    std::string name;
-    for (; *path != 0; ++path) {
-        name = *path == '/' ? "" : name + static_cast<char>(*path);
-    }
-    if (name.compare(0, prefix.size(), prefix) != 0) {
-        return std::nullopt;
-    }
-    return std::strtoll(name.c_str() + prefix.size(), nullptr, 10);
-}
-
-int32_t giveText(const std::u16string& text, uint16_t* out, int32_t capacityBytes, int32_t* length) {
-    *length = static_cast<int32_t>(text.size());
-    if (out != nullptr && capacityBytes >= 2) {
-        const size_t units = std::min(text.size(), static_cast<size_t>(capacityBytes) / 2 - 1);
-        std::copy_n(text.begin(), units, out);
-        out[units] = 0;
-    }
-    return MODULE_OK;
 }
 
 // Notes a call; its scripted failure, or that of a null document.
@@ -100,10 +43,10 @@ int32_t wtg_open_file(const uint16_t* path, const uint16_t* password, const uint
     if (const int32_t code = called(__func__, path, password, font_dir, temp_dir); code != MODULE_OK) {
         return code;
     }
-    if (const auto code = numberInName(path, "code-")) {
+    if (const auto code = fake::numberInName(path, "code-")) {
         return static_cast<int32_t>(*code);
     }
-    const int64_t rows = numberInName(path, "rows-").value_or(control().rows);
+    const int64_t rows = fake::numberInName(path, "rows-").value_or(control().rows);
     *doc = new FakeWordDocument(rows, control().characters, control().lineHeight);
     ++control().openDocuments;
     return MODULE_OK;
@@ -310,21 +253,21 @@ int32_t wtg_get_document_name(void* doc, uint16_t* text, int32_t capacity_bytes,
     if (const int32_t code = entered(doc, __func__, capacity_bytes)) {
         return code;
     }
-    return giveText(control().name, text, capacity_bytes, length);
+    return fake::giveText(control().name, text, capacity_bytes / 2, length);
 }
 
 int32_t wtg_get_document_author(void* doc, uint16_t* text, int32_t capacity_bytes, int32_t* length) {
     if (const int32_t code = entered(doc, __func__, capacity_bytes)) {
         return code;
     }
-    return giveText(control().author, text, capacity_bytes, length);
+    return fake::giveText(control().author, text, capacity_bytes / 2, length);
 }
 
 int32_t wtg_get_document_description(void* doc, uint16_t* text, int32_t capacity_bytes, int32_t* length) {
     if (const int32_t code = entered(doc, __func__, capacity_bytes)) {
         return code;
     }
-    return giveText(control().description, text, capacity_bytes, length);
+    return fake::giveText(control().description, text, capacity_bytes / 2, length);
 }
 
 int32_t wtg_get_document_creation_date(void* doc, time_t* time) {

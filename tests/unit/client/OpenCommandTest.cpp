@@ -135,6 +135,16 @@ TEST_F(OpenCommand, SaysWhenThereAreFewerHitsAndShowsTheLast) {
     EXPECT_THAT(steps(), testing::ElementsAre("/common Search", "/common nextResult"));
 }
 
+TEST_F(OpenCommand, StepsThroughAPresentationWhichCountsNoHits) {
+    mService.documentKind(3);
+    mArguments.search = "boat";
+    mArguments.hit = 3;
+    mService.answer("/common Search", R"({ "resultcount": 0 })");
+    EXPECT_EQ(run(), statusDone);
+    EXPECT_EQ(complaints(), "");
+    EXPECT_THAT(steps(), testing::ElementsAre("/common Search", "/common nextResult", "/common nextResult"));
+}
+
 TEST_F(OpenCommand, SearchPrintsTheNumberOfHits) {
     mService.answer("/common Search", R"({ "resultcount": 12 })");
     testing::internal::CaptureStdout();

@@ -8,6 +8,8 @@
 #include "modules/Singleton.h"
 #include "modules/WTGFunc.h"
 #include "service/RenderWorker.h"
+#include "tests/fakes/sheet/FakeSheetModule.h"
+#include "tests/fakes/slides/FakeSlideModule.h"
 #include "tests/fakes/word/FakeWordModule.h"
 
 namespace {
@@ -234,11 +236,32 @@ TEST_F(CreateTest, UnknownKindsAreRefusedWhateverTheFrame) {
     }
 }
 
-TEST_F(CreateTest, KindsWithoutAViewAreUnknown) {
+TEST_F(CreateTest, PresentationsAreOfKindThree) {
+    fakeSlides().reset();
     const ClientFrame frame(kSize);
-    for (const char* name : {"a.xls", "a.xlsx", "a.ppt", "a.pptx"}) {
-        expectRefused(payloadOf(name, frame), kUnknownKind, "", frame);
-    }
+    const auto reply = create("/d/talk.PPTX", frame);
+    EXPECT_EQ(reply, R"({ "docid": 0, "doctype": 3, "datastoreshmid": ")" + std::to_string(dataStoreOf(0)) +
+                         R"(" })");
+    EXPECT_THAT(fakeSlides().takeCalls(), Contains(HasSubstr(R"(sstg_open_file("/d/talk.PPTX", )")));
+    create("talk.ppt", frame);
+    EXPECT_EQ(gDocuments[1].view->docType(), _PPT);
+    destroy(1);
+    destroy(0);
+    EXPECT_EQ(fakeSlides().openDocuments, 0);
+}
+
+TEST_F(CreateTest, SpreadsheetsHaveTheirOwnView) {
+    fakeSheet().reset();
+    const ClientFrame frame(kSize);
+    const auto reply = create("/d/book.XLSX", frame);
+    EXPECT_EQ(reply, R"({ "docid": 0, "doctype": 1, "datastoreshmid": ")" + std::to_string(dataStoreOf(0)) +
+                         R"(" })");
+    EXPECT_THAT(fakeSheet().takeCalls(), Contains(HasSubstr(R"(stg_open_file("/d/book.XLSX", )")));
+    create("book.xls", frame);
+    EXPECT_EQ(gDocuments[1].view->docType(), _EXCEL);
+    destroy(1);
+    destroy(0);
+    EXPECT_EQ(fakeSheet().openDocuments, 0);
 }
 
 TEST_F(CreateTest, FramesThatCannotBeAreRefusedWithAReason) {

@@ -104,7 +104,7 @@ class ModuleTellingTest : public LifecycleTest {
 protected:
     void SetUp() override {
         LifecycleTest::SetUp();
-        module = dlopen("SheetToGoModule.so", RTLD_LAZY);
+        module = dlopen(STOPPABLE_MODULE, RTLD_LAZY);
         ASSERT_NE(module, nullptr) << dlerror();
         stops = reinterpret_cast<int (*)()>(dlsym(module, "stop_count"));
         before = stops();

@@ -62,6 +62,15 @@ TEST_F(Notifications, SendDocMessageLeavesTheDirtyFlagAlone) {
     EXPECT_EQ(message.extra, 0);
 }
 
+TEST_F(Notifications, SendDocMessageCarriesAValue) {
+    view.SendDocMessage(_SLIDE_CHANGED, 12);
+    ServerClientMessage message;
+    ASSERT_TRUE(next(message));
+    EXPECT_EQ(message.id, _SLIDE_CHANGED);
+    EXPECT_EQ(message.value, 12);
+    EXPECT_EQ(message.extra, 0);
+}
+
 TEST_F(Notifications, SetDirtySendsNothing) {
     view.setDirty();
     EXPECT_TRUE(view.mDirty);

@@ -4,8 +4,6 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/ipc.h>
-#include <sys/msg.h>
 
 #include <memory>
 #include <string>
@@ -13,6 +11,7 @@
 
 #include "channel/ServiceQueue.h"
 #include "tests/unit/view/IpcTest.h"
+#include "tests/unit/view/Notifications.h"
 #include "tests/unit/view/TestClock.h"
 #include "tests/unit/word/TestWord.h"
 
@@ -61,19 +60,7 @@ protected:
         }
     }
 
-    // The ids of the waiting records for a view; they are gone then.
-    static std::vector<int> notifications(const TestWord& view) {
-        const int queue = msgget(ftok("/tmp", DocAdapterMessageQueue::projectId), 0);
-        ServerClientMessage message;
-        std::vector<int> ids;
-        while (msgrcv(queue, &message, ServerClientMessage::textSize,
-                      static_cast<long>(view.dataStoreShmId()), IPC_NOWAIT) >= 0) {
-            EXPECT_EQ(message.value, 0);
-            EXPECT_EQ(message.extra, 0);
-            ids.push_back(message.id);
-        }
-        return ids;
-    }
+    static std::vector<int> notifications(const TestWord& view) { return takeNotifications(view); }
 
     static std::vector<uint32_t> paint(TestWord& view) {
         std::vector<uint32_t> frame(static_cast<size_t>(view.width()) * static_cast<size_t>(view.height()),

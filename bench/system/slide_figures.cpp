@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: Apache-2.0
+// slide_figures /ABSOLUTE/FILE WIDTH HEIGHT: what painting slides through the
+// module costs against the suite's own paint of them, in milliseconds.
+// Prints a line for each way: every slide once in the suite alone, every slide
+// once through the module, and again through the module while it is kept; the
+// median of each, and its ratio to the suite's own.
+#include "modules/SSTGFunc.h"
+
+#include <LibreOfficeKit/LibreOfficeKit.hxx>
+#include <LibreOfficeKit/LibreOfficeKitInit.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <dlfcn.h>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+struct Job {
+    std::string path;
+    int width;
+    int height;
+    std::string folder; // of this run
+};
+
+double milliseconds() {
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return std::chrono::duration<double, std::milli>(now).count();
+}
+
+double median(std::vector<double> times) {
+    std::sort(times.begin(), times.end());
+    return times.empty() ? 0 : times[times.size() / 2];
+}
+
+template<class Paint>
+double timeOf(Paint paint) {
+    const double start = milliseconds();
+    paint();
+    return milliseconds() - start;
+}
+
+std::vector<std::uint16_t> units(const std::string& ascii) {
+    std::vector<std::uint16_t> text(ascii.begin(), ascii.end());
+    text.push_back(0);
+    return text;
+}
+
+// The suite in this process, with nothing around it.
+class BareSuite {
+public:
+    explicit BareSuite(const Job& job)
+        : mJob(job), mPixels(static_cast<size_t>(job.width) * static_cast<size_t>(job.height) * 4) {
+        // It leaves a lock file beside what it opens: a copy goes with the folder.
+        const std::string copy =
+            job.folder + "/document" + std::filesystem::path(job.path).extension().string();
+        std::filesystem::copy_file(job.path, copy);
+        auto* const suite =
+            lok::lok_cpp_init(LECTERN_OFFICE_PROGRAM, ("file://" + job.folder + "/profile").c_str());
+        mDocument =
+            suite == nullptr ? nullptr : suite->documentLoad(("file://" + copy).c_str(), "Batch=true");
+        if (mDocument == nullptr)
+            return;
+        mDocument->initializeForRendering("{}");
+        mDocument->getDocumentSize(&mAcross, &mDown);
+    }
+
+    bool isOpen() const { return mDocument != nullptr; }
+    void paint(int slide) {
+        mDocument->setPart(slide);
+        mDocument->paintTile(mPixels.data(), mJob.width, mJob.height, 0, 0, static_cast<int>(mAcross),
+                             static_cast<int>(mDown));
+    }
+
+private:
+    const Job& mJob;
+    lok::Document* mDocument = nullptr; // ends with the process
+    long mAcross = 0;
+    long mDown = 0;
+    std::vector<unsigned char> mPixels;
+};
+
+// The same through the module.
+class Module {
+public:
+    explicit Module(const Job& job)
+        : mJob(job), mPixels(static_cast<size_t>(job.width) * static_cast<size_t>(job.height)) {
+        void* const module = dlopen("SlideshowToGoModule.so", RTLD_NOW);
+        if (module == nullptr) {
+            std::fprintf(stderr, "%s\n", dlerror());
+            return;
+        }
+#define LECTERN_BIND(name)                                                                                   \
+    mFunctions.name = reinterpret_cast<decltype(mFunctions.name)>(dlsym(module, #name));
+        SSTG_FUNCTIONS(LECTERN_BIND)
+#undef LECTERN_BIND
+        mFunctions.sstg_open_file(units(job.path).data(), units("/usr/share/fonts").data(),
+                                  units(job.folder).data(), &mDocument);
+    }
+    ~Module() {
+        if (mDocument != nullptr)
+            mFunctions.sstg_close_file(&mDocument);
+    }
+    Module(const Module&) = delete;
+    Module& operator=(const Module&) = delete;
+
+    bool isOpen() const {
+        return mDocument != nullptr;
+    }
+    std::int32_t count() {
+        std::int32_t slides = 0;
+        mFunctions.sstg_get_slide_count(mDocument, &slides);
+        return slides;
+    }
+    void paint(std::int32_t slide) {
+        mFunctions.sstg_render_slide(mDocument, slide, 0, mPixels.data(), mJob.width, mJob.height);
+    }
+
+private:
+    const Job& mJob;
+    SSTGFunc mFunctions;
+    void* mDocument = nullptr;
+    std::vector<std::uint32_t> mPixels;
+};
+
+// The ways take turns, so that whatever else the machine does slows all of them.
+int measure(const Job& job) {
+    // Opened before the suite is in this process, for the module starts processes.
+    Module module(job);
+    setenv("TMPDIR", job.folder.c_str(), 1); // the suite leaves files in it
+    BareSuite suite(job);
+    if (!module.isOpen() || !suite.isOpen())
+        return 1;
+    std::vector<double> bare;
+    std::vector<double> painted;
+    std::vector<double> kept;
+    for (std::int32_t slide = 0; slide < module.count(); ++slide) {
+        bare.push_back(timeOf([&] { suite.paint(slide); }));
+        painted.push_back(timeOf([&] { module.paint(slide); }));
+        kept.push_back(timeOf([&] { module.paint(slide); }));
+    }
+    const double own = median(bare);
+    std::printf("suite %.2f, module %.2f (%.2f), kept %.2f (%.2f), of %zu slides\n", own, median(painted),
+                median(painted) / own, median(kept), median(kept) / own, bare.size());
+    std::fflush(stdout);
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 4 || argv[1][0] != '/') {
+        std::fprintf(stderr, "usage: slide_figures /ABSOLUTE/FILE WIDTH HEIGHT\n");
+        return 2;
+    }
+    std::string folder = (std::filesystem::temp_directory_path() / "slide-figures-XXXXXX").string();
+    if (mkdtemp(folder.data()) == nullptr)
+        return 1;
+    const Job job{argv[1], std::atoi(argv[2]), std::atoi(argv[3]), folder}; // NOLINT(cert-err34-c)
+    const int result = measure(job);
+    std::error_code error;
+    std::filesystem::remove_all(folder, error);
+    // The suite does not survive an ordinary exit.
+    _exit(result);
+}

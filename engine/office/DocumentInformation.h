@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace lectern::engine {
+
+// What a document says of itself: texts empty, times 0 when unset. Times are
+// seconds since 1970 in UTC.
+struct DocumentInformation {
+    std::u16string name;
+    std::u16string author;
+    std::u16string description;
+    int64_t created = 0;
+    int64_t lastSaved = 0;
+};
+
+} // namespace lectern::engine

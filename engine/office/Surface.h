@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+namespace lectern::engine {
+
+// Pixels of the caller's, 0xAARRGGBB, row by row without gaps.
+struct Surface {
+    uint32_t* pixels = nullptr;
+    int32_t width = 0;
+    int32_t height = 0;
+
+    uint32_t* row(int64_t y) const { return pixels + y * width; }
+    friend bool operator==(const Surface&, const Surface&) = default;
+};
+
+// The largest side of a surface, in pixels, and the finest resolution.
+constexpr int32_t mostPixels = 16384;
+constexpr int32_t mostDpi = 2400;
+constexpr int32_t defaultDpi = 72;
+
+struct PixelRect {
+    int32_t x = 0;
+    int32_t y = 0;
+    int32_t width = 0;
+    int32_t height = 0;
+
+    friend bool operator==(const PixelRect&, const PixelRect&) = default;
+};
+
+// Red, green, blue.
+using Colour = std::array<uint8_t, 3>;
+
+// A pixel under a marker pen: white takes the colour, black stays.
+uint32_t tinted(uint32_t pixel, const Colour& colour);
+
+// Lays a colour over columns [left, right) of rows [top, bottom), or what of
+// them lies on the surface.
+void tint(const Surface& surface, int64_t left, int64_t top, int64_t right, int64_t bottom,
+          const Colour& colour);
+
+} // namespace lectern::engine

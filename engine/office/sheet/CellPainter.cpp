@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/office/sheet/CellPainter.h"
+
+#include "engine/office/TileStep.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace lectern::engine {
+
+namespace {
+
+constexpr uint32_t white = 0xFFFFFFFF;
+
+// Along an axis: pixels [first, last) of the document that a window shows of
+// the sheet, and the suite's that the tile for them covers.
+//
+// The suite draws a cell from the line before its first pixel on: what it fills
+// for a cell, the line at its left and top with it, lies one pixel before the
+// cell. Here lines belong to the cell that they begin, so its picture is moved
+// by that pixel, and the one at the very edge, which it does not paint, repeats.
+struct Span {
+    int64_t first;
+    int64_t last;
+    int64_t tileFirst;
+    int64_t tileLast;
+
+    Span(int64_t from, int32_t size, int64_t total, int64_t step)
+        : first(std::clamp<int64_t>(from, 0, total)), last(std::clamp<int64_t>(from + size, first, total)),
+          tileFirst(painted(first) / step * step),
+          tileLast(roundUp(std::max(last - 1, painted(first) + 1), step)) {}
+
+    bool isEmpty() const { return first >= last; }
+    // The suite's pixel for one of the document.
+    static int64_t painted(int64_t pixel) { return std::max<int64_t>(pixel - 1, 0); }
+    bool fitsTile() const { return first - 1 == tileFirst && last - 1 == tileLast; }
+    int32_t tileSize() const { return static_cast<int32_t>(tileLast - tileFirst); }
+    // Positions reach the suite as 32-bit twips.
+    bool isWithinReach(int32_t dpi) const {
+        return tileTwips(tileLast, dpi) <= std::numeric_limits<int32_t>::max();
+    }
+};
+
+void fill(const Surface& surface, int64_t left, int64_t top, int64_t right, int64_t bottom) {
+    for (int64_t y = top; y < bottom; ++y)
+        std::fill(surface.row(y) + left, surface.row(y) + right, white);
+}
+
+// All but the part that lies on the sheet.
+void clearOutside(const Surface& surface, int64_t x, int64_t y, const Span& across, const Span& down) {
+    const int64_t top = down.first - y;
+    const int64_t bottom = down.last - y;
+    fill(surface, 0, 0, surface.width, top);
+    fill(surface, 0, top, across.first - x, bottom);
+    fill(surface, across.last - x, top, surface.width, bottom);
+    fill(surface, 0, bottom, surface.width, surface.height);
+}
+
+void paintTile(lok::Document& painter, const Span& across, const Span& down, int32_t dpi, uint32_t* pixels) {
+    const auto twips = [&](int64_t length) { return static_cast<int>(tileTwips(length, dpi)); };
+    painter.paintTile(reinterpret_cast<unsigned char*>(pixels), across.tileSize(), down.tileSize(),
+                      twips(across.tileFirst), twips(down.tileFirst), twips(across.tileSize()),
+                      twips(down.tileSize()));
+}
+
+} // namespace
+
+void CellPainter::paint(Workbook& book, int32_t sheet, int64_t x, int64_t y, int32_t dpi,
+                        const Surface& surface) {
+    const SheetGeometry& geometry = book.geometry(sheet);
+    const int64_t step = tileStep(dpi);
+    const Span across(x, surface.width, geometry.columns.total(), step);
+    const Span down(y, surface.height, geometry.rows.total(), step);
+    if (across.isEmpty() || down.isEmpty() || !across.isWithinReach(dpi) || !down.isWithinReach(dpi)) {
+        fill(surface, 0, 0, surface.width, surface.height);
+        return;
+    }
+    book.show(sheet);
+    if (across.fitsTile() && down.fitsTile() && across.tileSize() == surface.width) {
+        paintTile(book.painter(), across, down, dpi, surface.row(down.first - y));
+    } else {
+        mTile.resize(static_cast<size_t>(across.tileSize()) * static_cast<size_t>(down.tileSize()));
+        paintTile(book.painter(), across, down, dpi, mTile.data());
+        const int64_t repeated = across.first == 0 ? 1 : 0;
+        for (int64_t row = down.first; row < down.last; ++row) {
+            const uint32_t* from = mTile.data() + (Span::painted(row) - down.tileFirst) * across.tileSize() +
+                                   (Span::painted(across.first) - across.tileFirst);
+            uint32_t* to = surface.row(row - y) + (across.first - x);
+            *to = *from;
+            std::copy_n(from, across.last - across.first - repeated, to + repeated);
+        }
+    }
+    clearOutside(surface, x, y, across, down);
+}
+
+} // namespace lectern::engine

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "engine/office/Surface.h"
+#include "engine/office/sheet/Workbook.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace lectern::engine {
+
+// Paints cells at their very pixels, whatever the window onto the sheet.
+class CellPainter {
+public:
+    // Fills the surface with the sheet from document pixel (x, y) on; what lies
+    // outside of its extent is white.
+    void paint(Workbook& book, int32_t sheet, int64_t x, int64_t y, int32_t dpi, const Surface& surface);
+
+private:
+    std::vector<uint32_t> mTile; // kept: a view paints tiles of one size
+};
+
+} // namespace lectern::engine

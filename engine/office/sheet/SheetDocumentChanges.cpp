@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: Apache-2.0
+// What changes the sheet as it is shown; the file stays as it is.
+#include "engine/office/sheet/SheetDocumentPrivate.h"
+#include "engine/office/sheet/SheetSort.h"
+
+#include <com/sun/star/table/XColumnRowRange.hpp>
+
+#include <limits>
+
+namespace lectern::engine {
+
+using css::uno::Reference;
+using css::uno::UNO_QUERY_THROW;
+
+namespace {
+
+// The columns, or rows, first to last as one object with properties.
+Reference<css::beans::XPropertySet> tracksOf(const Reference<css::sheet::XSpreadsheet>& sheet, Axis axis,
+                                             int32_t first, int32_t last) {
+    const bool columns = axis == Axis::Columns;
+    const Reference<css::table::XColumnRowRange> block(columns
+                                                           ? sheet->getCellRangeByPosition(first, 0, last, 0)
+                                                           : sheet->getCellRangeByPosition(0, first, 0, last),
+                                                       UNO_QUERY_THROW);
+    return columns ? propertiesOf(block->getColumns()) : propertiesOf(block->getRows());
+}
+
+int32_t resultOf(bool done) {
+    return done ? MODULE_OK : MODULE_FAILED;
+}
+
+} // namespace
+
+int32_t SheetDocument::sort(int32_t sheet, int32_t column, bool ascending) {
+    Private& d = *mPrivate;
+    return d.onSheet(sheet, [&](const SheetGeometry& geometry) -> int32_t {
+        if (column < 0 || column >= geometry.columns.count())
+            return MODULE_BAD_ARGUMENT;
+        const int32_t result = sortSheet(d.book, sheet, column, ascending);
+        d.book.changed(sheet);
+        // The hits have gone elsewhere.
+        if (result == MODULE_OK && d.hits.sheet() == sheet)
+            d.hits = CellHits();
+        return result;
+    });
+}
+
+int32_t SheetDocument::hide(int32_t sheet, Axis axis, int32_t first, int32_t last) {
+    return mPrivate->onTracks(sheet, axis, [&](const Tracks& tracks) {
+        return resultOf(
+            setProperty(tracksOf(mPrivate->book.sheet(sheet), axis, tracks.trackAt(std::min(first, last)),
+                                 tracks.trackAt(std::max(first, last))),
+                        "IsVisible", false));
+    });
+}
+
+int32_t SheetDocument::unhide(int32_t sheet, Axis axis, int32_t first, int32_t last) {
+    return mPrivate->onTracks(sheet, axis, [&](const Tracks& tracks) {
+        int32_t from = tracks.trackAt(std::min(first, last));
+        int32_t to = tracks.trackAt(std::max(first, last));
+        tracks.widenOverHidden(from, to);
+        return resultOf(
+            setProperty(tracksOf(mPrivate->book.sheet(sheet), axis, from, to), "IsVisible", true));
+    });
+}
+
+int32_t SheetDocument::unhideAll(int32_t sheet, Axis axis) {
+    return mPrivate->onTracks(sheet, axis, [&](const Tracks& tracks) {
+        return resultOf(setProperty(tracksOf(mPrivate->book.sheet(sheet), axis, 0, tracks.count() - 1),
+                                    "IsVisible", true));
+    });
+}
+
+int32_t SheetDocument::resize(int32_t sheet, Axis axis, int32_t at, int32_t change) {
+    Private& d = *mPrivate;
+    constexpr int32_t mostTwips = std::numeric_limits<uint16_t>::max(); // that a track can have
+    return d.onTracks(sheet, axis, [&](const Tracks& tracks) -> int32_t {
+        const int32_t track = tracks.trackAt(at);
+        const int64_t wanted = tracks.size(track) + change;
+        if (wanted < 1 || wanted * 1440 / d.dpi > mostTwips)
+            return MODULE_BAD_ARGUMENT;
+        const auto object = tracksOf(d.book.sheet(sheet), axis, track, track);
+        const char* const size = axis == Axis::Columns ? "Width" : "Height";
+        const int32_t before = tracks.twips(track);
+        const auto set = [&](int32_t twips) {
+            return setProperty(object, size, static_cast<sal_Int32>(hundredthMmFromTwips(twips)));
+        };
+        if (!set(Tracks::twipsFor(wanted, d.dpi)))
+            return MODULE_FAILED;
+        d.book.changed(sheet);
+        // The suite has limits of its own, and says nothing.
+        if (d.book.geometry(sheet).along(axis).size(track) == wanted)
+            return MODULE_OK;
+        set(before);
+        return MODULE_BAD_ARGUMENT;
+    });
+}
+
+int32_t SheetDocument::autofitColumn(int32_t sheet, int32_t x) {
+    return mPrivate->onTracks(sheet, Axis::Columns, [&](const Tracks& tracks) {
+        const int32_t column = tracks.trackAt(x);
+        return resultOf(setProperty(tracksOf(mPrivate->book.sheet(sheet), Axis::Columns, column, column),
+                                    "OptimalWidth", true));
+    });
+}
+
+} // namespace lectern::engine

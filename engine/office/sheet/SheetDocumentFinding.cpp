@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: Apache-2.0
+// What is in cells: comments, hits, the selection and its text.
+#include "engine/office/sheet/Comments.h"
+#include "engine/office/sheet/SheetDocumentPrivate.h"
+
+#include <com/sun/star/view/XSelectionSupplier.hpp>
+
+#include <cstdlib>
+
+namespace lectern::engine {
+
+namespace {
+
+// Rectangles of blocks but for hidden ones.
+template<class Blocks, class Place>
+std::vector<PixelRect> visiblePlaces(const Blocks& blocks, Place place) {
+    std::vector<PixelRect> places;
+    for (const CellBlock& block : blocks) {
+        if (const PixelRect rect = place(block); rect.width > 0 && rect.height > 0)
+            places.push_back(rect);
+    }
+    return places;
+}
+
+} // namespace
+
+int32_t SheetDocument::commentMarks(int32_t sheet, std::vector<PixelRect>& marks) {
+    Private& d = *mPrivate;
+    return d.onSheet(sheet, [&](const SheetGeometry& geometry) {
+        marks = visiblePlaces(commentedCells(d.book, sheet),
+                              [&](const CellBlock& cell) { return d.place(geometry, cell); });
+        return MODULE_OK;
+    });
+}
+
+int32_t SheetDocument::comment(int32_t sheet, int32_t x, int32_t y, std::u16string& text) {
+    Private& d = *mPrivate;
+    return d.onSheet(sheet, [&](const SheetGeometry& geometry) -> int32_t {
+        std::optional<std::u16string> found =
+            commentOf(d.book, sheet, geometry.columns.trackAt(x), geometry.rows.trackAt(y));
+        text = std::move(found).value_or(u"");
+        return text.empty() ? MODULE_NOTHING_THERE : MODULE_OK;
+    });
+}
+
+int32_t SheetDocument::setHighlightColour(const Colour& colour) {
+    mPrivate->highlight = colour;
+    return MODULE_OK;
+}
+
+int32_t SheetDocument::find(int32_t sheet, const std::u16string& text) {
+    Private& d = *mPrivate;
+    return d.onSheet(sheet, [&](const SheetGeometry&) -> int32_t {
+        d.hits = text.empty() ? CellHits() : findInSheet(d.book, sheet, text);
+        d.hitColour = d.highlight;
+        return MODULE_OK;
+    });
+}
+
+int32_t SheetDocument::foundRegions(std::vector<PixelRect>& regions) {
+    Private& d = *mPrivate;
+    if (d.hits.cells().empty())
+        return MODULE_OK;
+    return d.onSheet(d.hits.sheet(), [&](const SheetGeometry& geometry) {
+        regions =
+            visiblePlaces(d.hits.cells(), [&](const CellBlock& cell) { return d.place(geometry, cell); });
+        return MODULE_OK;
+    });
+}
+
+int32_t SheetDocument::stopFind() {
+    mPrivate->hits = CellHits();
+    return MODULE_OK;
+}
+
+int32_t SheetDocument::selectArea(int32_t sheet, int32_t left, int32_t top, int32_t width, int32_t height) {
+    Private& d = *mPrivate;
+    if (width < 1 || height < 1)
+        return MODULE_BAD_ARGUMENT;
+    return d.onSheet(sheet, [&](const SheetGeometry& geometry) {
+        const CellBlock block{geometry.columns.trackAt(left), geometry.rows.trackAt(top),
+                              geometry.columns.trackAt(int64_t{left} + width - 1),
+                              geometry.rows.trackAt(int64_t{top} + height - 1)};
+        d.selection = {sheet, block, std::nullopt, d.highlight};
+        return MODULE_OK;
+    });
+}
+
+int32_t SheetDocument::selectTracks(int32_t sheet, Axis axis, int32_t first, int32_t last, int32_t& count) {
+    Private& d = *mPrivate;
+    return d.onSheet(sheet, [&](const SheetGeometry& geometry) {
+        const Tracks& tracks = geometry.along(axis);
+        const int32_t from = tracks.trackAt(std::min(first, last));
+        const int32_t to = tracks.trackAt(std::max(first, last));
+        const CellBlock block = axis == Axis::Columns ? CellBlock{from, 0, to, geometry.rows.count() - 1}
+                                                      : CellBlock{0, from, geometry.columns.count() - 1, to};
+        d.selection = {sheet, block, axis, d.highlight};
+        count = tracks.visibleIn(from, to);
+        return MODULE_OK;
+    });
+}
+
+int32_t SheetDocument::selectCell(int32_t sheet, int32_t x, int32_t y) {
+    Private& d = *mPrivate;
+    return d.onSheet(sheet, [&](const SheetGeometry& geometry) {
+        const CellBlock block =
+            d.book.mergedBlock(sheet, geometry.columns.trackAt(x), geometry.rows.trackAt(y));
+        d.selection = {sheet, block, std::nullopt, d.highlight};
+        return MODULE_OK;
+    });
+}
+
+int32_t SheetDocument::clearSelection() {
+    mPrivate->selection.reset();
+    return MODULE_OK;
+}
+
+int32_t SheetDocument::copySelection(std::u16string& text) {
+    Private& d = *mPrivate;
+    if (!d.selection)
+        return MODULE_NOTHING_THERE;
+    return d.onSheet(d.selection->sheet, [&](const SheetGeometry&) -> int32_t {
+        d.book.show(d.selection->sheet);
+        const CellBlock& block = d.selection->block;
+        const css::uno::Reference<css::view::XSelectionSupplier> view(d.book.model()->getCurrentController(),
+                                                                      css::uno::UNO_QUERY_THROW);
+        view->select(
+            css::uno::Any(d.book.sheet(d.selection->sheet)
+                              ->getCellRangeByPosition(block.left, block.top, block.right, block.bottom)));
+        const std::unique_ptr<char, decltype(&std::free)> copied(
+            d.book.painter().getTextSelection("text/plain;charset=utf-8"), &std::free);
+        if (!copied)
+            return MODULE_FAILED;
+        text = toText(OStringToOUString(rtl::OString(copied.get()), RTL_TEXTENCODING_UTF8));
+        // A line's end stands between rows, not behind the last.
+        if (!text.empty() && text.back() == u'\n')
+            text.pop_back();
+        return MODULE_OK;
+    });
+}
+
+} // namespace lectern::engine

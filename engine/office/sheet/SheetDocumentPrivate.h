@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "engine/office/OfficeGuard.h"
+#include "engine/office/sheet/CellPainter.h"
+#include "engine/office/sheet/HeaderPainter.h"
+#include "engine/office/sheet/SheetDocument.h"
+#include "engine/office/sheet/SheetSearch.h"
+#include "engine/office/sheet/Workbook.h"
+
+#include <array>
+#include <optional>
+
+namespace lectern::engine {
+
+struct SheetSelection {
+    int32_t sheet;
+    CellBlock block;
+    std::optional<Axis> tracks; // whole ones
+    Colour colour;
+};
+
+struct SheetDocument::Private {
+    explicit Private(LoadedModel loaded) : book(std::move(loaded)), headers(defaultDpi) {
+        book.setDpi(defaultDpi);
+    }
+
+    // Runs work on a sheet that there is.
+    template<class Work>
+    int32_t onSheet(int32_t sheet, Work work) noexcept {
+        return guarded([&]() -> int32_t {
+            return book.has(sheet) ? work(book.geometry(sheet)) : int32_t{MODULE_BAD_ARGUMENT};
+        });
+    }
+    // Runs work that changes the tracks of a sheet.
+    template<class Work>
+    int32_t onTracks(int32_t sheet, Axis axis, Work work) noexcept {
+        return onSheet(sheet, [&](const SheetGeometry& geometry) {
+            const int32_t result = work(geometry.along(axis));
+            book.changed(sheet);
+            return result;
+        });
+    }
+
+    // Where a block lies on its sheet; without a width or a height when hidden.
+    PixelRect place(const SheetGeometry& geometry, const CellBlock& block) const;
+    std::optional<MarkedTracks> marked(int32_t sheet, Axis axis) const;
+    void markCells(int32_t sheet, int32_t x, int32_t y);
+    const Surface& surface(SheetArea area) const { return surfaces[static_cast<size_t>(area)]; }
+
+    Workbook book;
+    CellPainter cells;
+    HeaderPainter headers;
+    std::array<Surface, sheetAreas> surfaces;
+    int32_t dpi = defaultDpi;
+
+    Colour highlight{128, 192, 255}; // for finds and selections to come
+    CellHits hits;
+    Colour hitColour{};
+    std::optional<SheetSelection> selection;
+};
+
+} // namespace lectern::engine

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "engine/office/Opening.h"
+#include "engine/office/Surface.h"
+#include "engine/office/sheet/Tracks.h"
+
+#include <com/sun/star/sheet/XSpreadsheet.hpp>
+#include <com/sun/star/table/CellRangeAddress.hpp>
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace lectern::engine {
+
+// Columns and rows of a block of cells, both ends included.
+struct CellBlock {
+    int32_t left = 0;
+    int32_t top = 0;
+    int32_t right = 0;
+    int32_t bottom = 0;
+};
+
+inline CellBlock blockOf(const css::table::CellRangeAddress& range) {
+    return {range.StartColumn, range.StartRow, range.EndColumn, range.EndRow};
+}
+
+// What a sheet measures, up to its extent.
+struct SheetGeometry {
+    Tracks columns;
+    Tracks rows;
+
+    const Tracks& along(Axis axis) const { return axis == Axis::Columns ? columns : rows; }
+};
+
+// An opened workbook and its sheets that are not hidden, made ready to be
+// looked at: every sheet runs from left to right, no comment is shown.
+class Workbook {
+public:
+    explicit Workbook(LoadedModel loaded);
+
+    lok::Document& painter() { return *mLoaded.painter; }
+    const css::uno::Reference<css::frame::XModel>& model() const { return mLoaded.model; }
+    bool has(int32_t sheet) const { return sheet >= 0 && sheet < count(); }
+    int32_t count() const { return static_cast<int32_t>(mSheets.size()); }
+    const css::uno::Reference<css::sheet::XSpreadsheet>& sheet(int32_t sheet) const {
+        return mSheets[static_cast<size_t>(sheet)].cells;
+    }
+
+    // Turns what the painter paints and tells to a sheet.
+    void show(int32_t sheet);
+    void setDpi(int32_t dpi);
+    // Read when first asked for, and again after a change.
+    const SheetGeometry& geometry(int32_t sheet);
+    void changed(int32_t sheet) { mSheets[static_cast<size_t>(sheet)].geometry.reset(); }
+
+    // The cells that hold anything; nothing on an empty sheet.
+    std::optional<CellBlock> usedBlock(int32_t sheet) const;
+    // From the first cell to where merged areas end; nothing without any.
+    std::optional<CellBlock> mergedExtent(int32_t sheet) const;
+    // The merged area that a cell lies in, or the cell.
+    CellBlock mergedBlock(int32_t sheet, int32_t column, int32_t row) const;
+
+private:
+    struct Sheet {
+        int part; // its number among all sheets
+        css::uno::Reference<css::sheet::XSpreadsheet> cells;
+        std::optional<SheetGeometry> geometry;
+    };
+
+    LoadedModel mLoaded;
+    std::vector<Sheet> mSheets;
+    int32_t mDpi = defaultDpi;
+};
+
+} // namespace lectern::engine

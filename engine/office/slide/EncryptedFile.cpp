@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/office/slide/EncryptedFile.h"
+
+#include <algorithm>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <string_view>
+
+namespace lectern::engine {
+
+bool isEncryptedPresentation(const std::string& path) {
+    constexpr std::string_view compound = "\xD0\xCF\x11\xE0";
+    // The record of the user who saved last: its size, then the token of an
+    // encrypted file in place of the ordinary one.
+    constexpr std::string_view encryptedUser("\x14\x00\x00\x00\xDF\xC4\xD1\xF3", 8);
+    std::ifstream file(path, std::ios::binary);
+    std::string head(compound.size(), '\0');
+    if (!file.read(head.data(), static_cast<std::streamsize>(head.size())) || head != compound)
+        return false;
+    const std::istreambuf_iterator<char> first(file);
+    const std::string rest(first, {});
+    return std::search(rest.begin(), rest.end(),
+                       std::boyer_moore_searcher(encryptedUser.begin(), encryptedUser.end())) != rest.end();
+}
+
+} // namespace lectern::engine

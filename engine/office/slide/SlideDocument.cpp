@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: Apache-2.0
+// Opening a presentation, its slides, and their painting.
+#include "engine/office/slide/SlideDocument.h"
+
+#include "engine/office/Properties.h"
+#include "engine/office/slide/EncryptedFile.h"
+#include "engine/office/slide/SlideDocumentPrivate.h"
+#include "engine/office/slide/SlideTexts.h"
+
+#include <com/sun/star/lang/XServiceInfo.hpp>
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+
+namespace lectern::engine {
+
+namespace {
+
+bool isPresentation(const css::uno::Reference<css::frame::XModel>& model) {
+    const css::uno::Reference<css::lang::XServiceInfo> info(model, css::uno::UNO_QUERY);
+    return info.is() && info->supportsService("com.sun.star.presentation.PresentationDocument");
+}
+
+int32_t pointsFromHundredthMm(int32_t length) {
+    return static_cast<int32_t>(std::max<long>(std::lround(length * 72.0 / 2540.0), 1));
+}
+
+} // namespace
+
+int32_t SlideDocument::open(Office& office, const std::string& path, const std::string& temporaryDirectory,
+                            std::unique_ptr<SlideDocument>& document) {
+    return guarded([&]() -> int32_t {
+        // The suite would take it for one to be written.
+        if (std::filesystem::file_size(path) == 0)
+            return MODULE_DAMAGED;
+        LoadedModel loaded;
+        const int32_t result = loadModel(office.d(), path, "", temporaryDirectory, loaded);
+        if (result == MODULE_DAMAGED && isEncryptedPresentation(path))
+            return MODULE_NEEDS_PASSWORD;
+        if (result != MODULE_OK)
+            return result;
+        if (!isPresentation(loaded.model))
+            return MODULE_WRONG_KIND;
+        document.reset(new SlideDocument(std::make_unique<Private>(office.d(), std::move(loaded))));
+        return MODULE_OK;
+    });
+}
+
+SlideDocument::SlideDocument(std::unique_ptr<Private> d) : mPrivate(std::move(d)) {}
+
+SlideDocument::~SlideDocument() {
+    guarded([this]() -> int32_t {
+        mPrivate.reset();
+        return MODULE_OK;
+    });
+}
+
+int32_t SlideDocument::setSurface(uint32_t* pixels, int32_t width, int32_t height) {
+    if (pixels == nullptr || width < 1 || height < 1 || width > mostPixels || height > mostPixels)
+        return MODULE_BAD_ARGUMENT;
+    mPrivate->surface = {pixels, width, height};
+    mPrivate->rendered.reset();
+    return MODULE_OK;
+}
+
+int32_t SlideDocument::render(int32_t slide) {
+    if (mPrivate->surface.pixels == nullptr)
+        return MODULE_BAD_ARGUMENT;
+    return mPrivate->onSlide(slide, [&] {
+        mPrivate->rendered.reset();
+        if (!mPrivate->cache.copyTo(slide, mPrivate->surface)) {
+            mPrivate->deck.paint(slide, mPrivate->surface);
+            mPrivate->cache.keep(slide, mPrivate->surface);
+        }
+        mPrivate->rendered = slide;
+        mPrivate->markHits();
+    });
+}
+
+int32_t SlideDocument::slideCount(int32_t& count) {
+    count = mPrivate->deck.count();
+    return MODULE_OK;
+}
+
+int32_t SlideDocument::dimensions(int32_t slide, int32_t& width, int32_t& height) {
+    return mPrivate->onSlide(slide, [&] {
+        const css::awt::Size size = mPrivate->deck.size(slide);
+        width = pointsFromHundredthMm(size.Width);
+        height = pointsFromHundredthMm(size.Height);
+    });
+}
+
+int32_t SlideDocument::title(int32_t slide, std::u16string& text) {
+    return mPrivate->onSlide(slide, [&] { text = slideTitle(mPrivate->deck.slide(slide)); });
+}
+
+int32_t SlideDocument::note(int32_t slide, std::u16string& text) {
+    return mPrivate->onSlide(slide, [&] { text = slideNote(mPrivate->deck.slide(slide)); });
+}
+
+int32_t SlideDocument::outline(int32_t slide, std::vector<OutlineItem>& items) {
+    return mPrivate->onSlide(slide, [&] { items = slideOutline(mPrivate->deck.slide(slide)); });
+}
+
+int32_t SlideDocument::information(DocumentInformation& information) {
+    return guarded([&]() -> int32_t {
+        const auto properties = documentProperties(mPrivate->deck.model());
+        information.name = toText(properties->getTitle());
+        information.author = toText(properties->getAuthor());
+        information.description = toText(properties->getDescription());
+        information.created = toUnixTime(properties->getCreationDate());
+        information.lastSaved = toUnixTime(properties->getModificationDate());
+        return MODULE_OK;
+    });
+}
+
+int32_t SlideDocument::releaseMemory() {
+    mPrivate->cache.clear();
+    std::fill(mPrivate->texts.begin(), mPrivate->texts.end(), std::nullopt);
+    return MODULE_OK;
+}
+
+} // namespace lectern::engine

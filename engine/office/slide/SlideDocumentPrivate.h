@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "engine/office/OfficeGuard.h"
+#include "engine/office/slide/PictureCache.h"
+#include "engine/office/slide/SlideDeck.h"
+#include "engine/office/slide/SlideDocument.h"
+
+#include <map>
+#include <optional>
+#include <vector>
+
+namespace lectern::engine {
+
+// The hits of a search on one slide.
+struct FoundOnSlide {
+    std::vector<std::vector<DrawnBox>> boxes; // of each hit, by place
+    std::vector<int32_t> noteOffsets;
+};
+
+struct SlideDocument::Private {
+    Private(const Office::Private& office, LoadedModel loaded)
+        : deck(office, std::move(loaded)), texts(static_cast<size_t>(deck.count())) {}
+
+    // Runs work on a slide that there is.
+    template<class Work>
+    int32_t onSlide(int32_t slide, Work work) noexcept {
+        return guarded([&]() -> int32_t {
+            if (!deck.has(slide))
+                return MODULE_BAD_ARGUMENT;
+            work();
+            return MODULE_OK;
+        });
+    }
+
+    const DrawnText& drawnText(int32_t slide);
+    FoundOnSlide search(int32_t slide, const std::u16string& wanted);
+    // The rectangles of a hit on the surface; what lies beyond the slide is left out.
+    std::vector<PixelRect> onSurface(int32_t slide, const std::vector<DrawnBox>& boxes) const;
+    void markHits();
+
+    static constexpr size_t mostCached = size_t{32} << 20; // bytes
+
+    SlideDeck deck;
+    PictureCache cache{mostCached};
+    Surface surface;
+    std::optional<int32_t> rendered; // the slide that the surface shows
+
+    std::vector<std::optional<DrawnText>> texts; // of slides that were searched
+    Colour highlight{128, 192, 255};             // for finds to come
+    Colour hitColour{};
+    std::map<int32_t, FoundOnSlide> found; // by slide
+};
+
+} // namespace lectern::engine

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "engine/proxy/Arrays.h"
+#include "engine/proxy/DocumentHandle.h"
+#include "engine/proxy/Surface.h"
+#include "engine/proxy/Utf16.h"
+#include "modules/SlideshowToGoModule.h"
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <tuple>
+#include <vector>
+
+namespace lectern::engine {
+
+// A slide's outline that was handed out: the items point into the texts.
+struct OutlineTexts {
+    std::vector<std::uint16_t> units; // each text zero-terminated
+    std::vector<sstg_outline_item> items;
+};
+
+// What an sstg_ document handle points to.
+struct SlideHandle : DocumentHandle {
+    std::unique_ptr<Surface> surface; // what the engine paints on; null before the first slide
+
+    // What was handed out; each holds until the next call of its function.
+    std::vector<sstg_find_info> infos;
+    std::vector<module_rect> regionRectangles;
+    std::vector<sstg_find_region> regions;
+    std::vector<std::int32_t> noteOffsets;
+    // ... but for outlines, which hold until they are freed. By their first item.
+    std::map<const sstg_outline_item*, OutlineTexts> outlines;
+};
+
+template<class Operation>
+std::int32_t onSlideshow(void* doc, Operation operation) {
+    return onHandle<SlideHandle>(doc, operation);
+}
+
+// One typed call of the Slide interface, `method` the generated function for
+// it. Its outputs are written whenever it was answered.
+template<class Method, class... Inputs, class... Outputs>
+std::int32_t callEngine(SlideHandle& handle, Method method, std::tuple<Inputs...> inputs,
+                        Outputs*... outputs) {
+    gint result = MODULE_FAILED;
+    const std::int32_t sent = handle.engine->call(handle.deadline(), [&](GError** error) {
+        return std::apply(
+            [&](auto... input) {
+                return method(handle.engine->slide(), input..., G_DBUS_CALL_FLAGS_NONE, G_MAXINT, &result,
+                              outputs..., nullptr, error);
+            },
+            inputs);
+    });
+    return sent != MODULE_OK ? sent : result;
+}
+
+// Hands an array of the handle's out; null when it is empty.
+template<class Element>
+void handOut(const std::vector<Element>& array, const Element** first, std::int32_t* count) {
+    *first = array.empty() ? nullptr : array.data();
+    *count = static_cast<std::int32_t>(array.size());
+}
+
+} // namespace lectern::engine

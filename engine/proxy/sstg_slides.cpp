@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: Apache-2.0
+// The slides, what they measure, and their painting.
+
+#include "engine/proxy/SlideHandle.h"
+
+#include <gio/gunixfdlist.h>
+
+#include <utility>
+
+using namespace lectern::engine;
+
+namespace {
+
+// Gives the engine a surface of another size; the one before stays when that
+// fails.
+std::int32_t replaceSurface(SlideHandle& handle, std::int32_t width, std::int32_t height) {
+    std::unique_ptr<Surface> surface = Surface::make(width, height);
+    if (!surface) {
+        return MODULE_TOO_LARGE;
+    }
+    g_autoptr(GUnixFDList) files = g_unix_fd_list_new();
+    const int index = g_unix_fd_list_append(files, surface->memory(), nullptr);
+    if (index < 0) {
+        return MODULE_FAILED;
+    }
+    surface->letGoMemory();
+    gint result = MODULE_FAILED;
+    const std::int32_t sent = handle.engine->call(handle.deadline(), [&](GError** error) {
+        return lectern_ipc_slide_call_set_surface_sync(handle.engine->slide(), g_variant_new_handle(index),
+                                                       width, height, G_DBUS_CALL_FLAGS_NONE, G_MAXINT, files,
+                                                       &result, nullptr, nullptr, error);
+    });
+    if (sent == MODULE_OK && result == MODULE_OK) {
+        handle.surface = std::move(surface);
+    }
+    return sent != MODULE_OK ? sent : result;
+}
+
+} // namespace
+
+int32_t sstg_get_slide_count(void* doc, int32_t* count) {
+    if (count == nullptr) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return onSlideshow(doc, [&](SlideHandle& handle) {
+        gint slides = 0;
+        const std::int32_t result =
+            callEngine(handle, &lectern_ipc_slide_call_slide_count_sync, std::tuple<>(), &slides);
+        if (result == MODULE_OK) {
+            *count = slides;
+        }
+        return result;
+    });
+}
+
+int32_t sstg_get_slide_dimensions(void* doc, int32_t slide, int32_t* width, int32_t* height) {
+    if (width == nullptr || height == nullptr) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return onSlideshow(doc, [&](SlideHandle& handle) -> std::int32_t {
+        gint across = 0;
+        gint down = 0;
+        const std::int32_t result = callEngine(handle, &lectern_ipc_slide_call_dimensions_sync,
+                                               std::tuple(gint{slide}), &across, &down);
+        if (result != MODULE_OK) {
+            return result;
+        }
+        if (across < 1 || down < 1) {
+            return MODULE_FAILED;
+        }
+        *width = across;
+        *height = down;
+        return MODULE_OK;
+    });
+}
+
+int32_t sstg_render_slide(void* doc, int32_t slide, int32_t /*flags*/, uint32_t* pixels, int32_t width,
+                          int32_t height) {
+    if (pixels == nullptr || width < 1 || height < 1) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return onSlideshow(doc, [&](SlideHandle& handle) -> std::int32_t {
+        if (std::int64_t{width} * height > Surface::kMaximumPixels) {
+            return MODULE_TOO_LARGE;
+        }
+        std::int32_t result = MODULE_OK;
+        if (!handle.surface || handle.surface->width() != width || handle.surface->height() != height) {
+            result = replaceSurface(handle, width, height);
+        }
+        if (result == MODULE_OK) {
+            result = callEngine(handle, &lectern_ipc_slide_call_render_sync, std::tuple(gint{slide}));
+        }
+        if (result == MODULE_OK) {
+            handle.surface->copyTo(pixels);
+        }
+        return result;
+    });
+}

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: Apache-2.0
+// Making, opening and remembering a view.
+#include "excel/Excel.h"
+
+#include <cstdio>
+
+#include "view/ModuleArguments.h"
+#include "view/TextHelpers.h"
+
+namespace {
+
+constexpr int cellsSide = 1500; // pixels of the cells' surface, both ways
+
+} // namespace
+
+Excel::Excel(int width, int height, int docId, unsigned int dataStoreId)
+    : OfficeBase(width, height, docId, dataStoreId, _EXCEL) {
+    mScale = 2.0;
+    mScaleLevel = 1;
+    mModuleHandle = mModule.SetFunctionPointers();
+    if (!attachGivenStateRecord()) {
+        std::fputs("Creating shmid!", stdout);
+        makeStateRecord("/var");
+    }
+}
+
+Excel::~Excel() {
+    mModule.stg_release_memory(mDocument);
+    if (mDocument != nullptr) {
+        mModule.stg_close_file(&mDocument);
+    }
+}
+
+int Excel::openFile(const char* path, const char* password) {
+    const Utf16Text path16(path);
+    const Utf16Text password16(password);
+    const Utf16Text fonts(fontDirectory);
+    const Utf16Text temporary(temporaryDirectory);
+    const int code =
+        mModule.stg_open_file(path16.get(), password16.get(), fonts.get(), temporary.get(), &mDocument);
+    if (code == 0) {
+        initializeExcel();
+    }
+    return code;
+}
+
+void Excel::initializeExcel() {
+    mCells = std::make_unique<CpPixmap>(cellsSide, cellsSide);
+    mDocPixmap = mCells.get();
+    mModule.stg_get_sheet_count(mDocument, &mSheetCount);
+    mModule.stg_get_column_count(mDocument, mCurrentSheet, &mColumnCount);
+    resizeDocument();
+    recenterDocument();
+    mOffscreenDirty = true;
+}
+
+void Excel::SaveStateToDataStore() {
+    OfficeBase::SaveStateToDataStore();
+    if (mDataStore != nullptr) {
+        mDataStore->extra[1] = mCurrentSheet;
+    }
+}
+
+void Excel::RestoreStateFromDataStore() {
+    OfficeBase::RestoreStateFromDataStore();
+    if (mDataStore != nullptr) {
+        mCurrentSheet = mDataStore->extra[1];
+    }
+}

@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: Apache-2.0
+// What is done with a selection.
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <memory>
+
+#include "excel/Excel.h"
+#include "view/TextHelpers.h"
+
+namespace {
+
+constexpr int32_t copyCapacity = 4096; // UTF-16 units
+constexpr int32_t columnLookupY = 10;  // the document row where columns are looked up
+
+struct FileClose {
+    void operator()(FILE* file) const { std::fclose(file); }
+};
+using File = std::unique_ptr<FILE, FileClose>;
+
+// Makes or empties a regular file; null for anything else. Never waits for the
+// other end of a pipe.
+File prvOpenForWriting(const char* path) {
+    if (path == nullptr) {
+        return nullptr;
+    }
+    const int descriptor = open(path, O_WRONLY | O_CREAT | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0666);
+    struct stat status {};
+    if (descriptor == -1) {
+        return nullptr;
+    }
+    File file(fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) && ftruncate(descriptor, 0) == 0
+                  ? fdopen(descriptor, "w")
+                  : nullptr);
+    if (file == nullptr) {
+        close(descriptor);
+    }
+    return file;
+}
+
+void prvWrite(const std::string& text, const char* path) {
+    const File file = prvOpenForWriting(path);
+    if (file == nullptr) {
+        std::fputs("Excel::copySelection: fileptr is null", stdout);
+    } else if (std::fwrite(text.data(), 1, text.size(), file.get()) != 4) {
+        // Any other length counts as a failure; those who read the log know it so.
+        std::fputs("Failure writing\n", stderr);
+    }
+}
+
+} // namespace
+
+void Excel::contentsChanged() {
+    mOffscreenDirty = true;
+    InvalidateScreen();
+}
+
+int Excel::clearSelection() {
+    if (isOpen()) {
+        mModule.stg_clear_selection(mDocument);
+    }
+    contentsChanged();
+    return 0;
+}
+
+const Tracks& Excel::selectedTracks() const {
+    return mSelection.Left() == 0 && mSelection.Right() == 0 ? rowTracks : columnTracks;
+}
+
+void Excel::applyToSelection(decltype(Tracks::hide) Tracks::*operation) {
+    if (isOpen()) {
+        const Tracks& tracks = selectedTracks();
+        const CpPoint first(mSelection.Left(), mSelection.Top());
+        const CpPoint last(mSelection.Right(), mSelection.Bottom());
+        (mModule.*(tracks.*operation))(mDocument, mCurrentSheet, first.*tracks.along, last.*tracks.along);
+    }
+    contentsChanged();
+}
+
+void Excel::hideSelection() {
+    applyToSelection(&Tracks::hide);
+}
+
+void Excel::unhideSelection() {
+    applyToSelection(&Tracks::unhide);
+}
+
+void Excel::unhideAll() {
+    if (isOpen()) {
+        mModule.stg_unhide_all_rows(mDocument, mCurrentSheet);
+        mModule.stg_unhide_all_columns(mDocument, mCurrentSheet);
+    }
+    contentsChanged();
+}
+
+int Excel::sortAscending() {
+    return sortSheet(mModule.stg_sort_ascending);
+}
+
+int Excel::sortDescending() {
+    return sortSheet(mModule.stg_sort_descending);
+}
+
+int Excel::sortSheet(decltype(STGFunc::stg_sort_ascending) sort) {
+    if (!isOpen()) {
+        return -1;
+    }
+    const int x = mSelection.Right();
+    int32_t column = 0;
+    int32_t row = 0;
+    int32_t selected = 0;
+    mModule.stg_get_cell_reference_at_location(mDocument, mCurrentSheet, x, columnLookupY, &column, &row);
+    mModule.stg_select_area(mDocument, mCurrentSheet, 0, 0, mSheetWidth, mSheetHeight);
+    const int32_t failed = sort(mDocument, mCurrentSheet, column);
+    mModule.stg_select_column(mDocument, mCurrentSheet, x, x, &selected);
+    refreshCommentMarks();
+    mOffscreenDirty = true;
+    return failed != 0 ? -1 : column;
+}
+
+std::string Excel::selectedText() {
+    uint16_t text[copyCapacity] = {};
+    int32_t length = 0;
+    if (isOpen()) {
+        mModule.stg_copy_selection(mDocument, text, copyCapacity, 0, &length);
+    }
+    return utf8OfBuffer(text);
+}
+
+int Excel::copySelection(const char* path) {
+    prvWrite(selectedText(), path);
+    return clearSelection();
+}
+
+void Excel::setResizeMode(bool on) {
+    mResizeMode = on;
+    setDirty();
+}

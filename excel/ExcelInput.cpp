@@ -1,0 +1,262 @@
+// SPDX-License-Identifier: Apache-2.0
+// Pens and taps. A stroke that begins on the cells scrolls; one that begins on
+// the headers selects columns or rows, or in resize mode moves a border.
+#include <algorithm>
+#include <cstdlib>
+
+#include "excel/Excel.h"
+#include "raster/Saturate.h"
+#include "view/JsonReply.h"
+#include "view/TextHelpers.h"
+
+namespace {
+
+// In resize mode headers can be caught twice as deep as they are drawn.
+constexpr int resizeDepth = 2;
+// A stroke of more pixels than this selects; taps closer than this to a border
+// of the headers are none on a column or row.
+constexpr int selectingStroke = 5;
+constexpr int borderWidth = 5;
+
+constexpr uint8_t selectionColour[3] = {0xFF, 0xF5, 0x68};
+constexpr uint32_t wipedGuide = 0xFFCCCCCC;
+constexpr uint32_t shownGuide = 0x88000000;
+
+constexpr int32_t commentCapacity = 1024;
+
+} // namespace
+
+bool Excel::isOnHeaders(const Tracks& tracks, const CpPoint& pen, int depth) const {
+    const CpPoint header = corner();
+    return isOpen() && pen.*tracks.along > header.*tracks.along &&
+           pen.*tracks.across < depth * (header.*tracks.across);
+}
+
+void Excel::trackAt(const Tracks& tracks, int place, int& start, int& length) const {
+    CpPoint point(0, 0);
+    CpPoint topLeft(0, 0);
+    CpPoint size(0, 0);
+    point.*tracks.along = place;
+    mModule.stg_cell_bounds(mDocument, mCurrentSheet, point.x, point.y, &topLeft.x, &topLeft.y, &size.x,
+                            &size.y);
+    start = topLeft.*tracks.along;
+    length = size.*tracks.along;
+}
+
+bool Excel::handlePenDown(int x, int y) {
+    if (mScroller.isMoving()) {
+        mScroller.Stop();
+        StopHandler();
+        mTapStoppedScroll = true;
+    }
+    if (mGestureActive) {
+        return false;
+    }
+    const CpPoint pen(x, y);
+    mPenDown = true;
+    mPenDownPoint = pen;
+    mPenDownScroll = mScroll;
+    const int depth = mResizeMode ? resizeDepth : 1;
+    if (isOnHeaders(columnTracks, pen, depth)) {
+        beginStroke(columnTracks, pen, mStroke.resizesColumn, mStroke.selectsColumns);
+    } else if (isOnHeaders(rowTracks, pen, depth)) {
+        beginStroke(rowTracks, pen, mStroke.resizesRow, mStroke.selectsRows);
+    }
+    return true;
+}
+
+void Excel::beginStroke(const Tracks& tracks, const CpPoint& pen, bool& resizes, bool& selects) {
+    int& anchor = mAnchor.*tracks.along;
+    int start = 0;
+    int length = 0;
+    anchor = documentPoint(pen).*tracks.along;
+    trackAt(tracks, anchor, start, length);
+    // The nearer border is meant, and that at a track's start is the one before's.
+    if (mResizeMode && anchor < saturatedSum(start, length / 2)) {
+        anchor = saturatedDifference(start, 1);
+    }
+    (mResizeMode ? resizes : selects) = true;
+    mStrokePoint = pen;
+}
+
+bool Excel::handlePenMove(int x, int y) {
+    if (mGestureActive) {
+        return true;
+    }
+    const CpPoint pen(x, y);
+    if (mStroke.resizesColumn) {
+        moveGuide(columnTracks, pen);
+    } else if (mStroke.resizesRow) {
+        moveGuide(rowTracks, pen);
+    } else if (mPenDown && !mStroke.selectsColumns && !mStroke.selectsRows) {
+        mScroll = draggedPosition(x, y);
+        clampPosition(mScroll.x, mScroll.y);
+    }
+    return true;
+}
+
+// In the pixels of the strip, which are taken for those of the document.
+void Excel::drawGuide(const Tracks& tracks, const CpPoint& pen, uint32_t colour) {
+    const int place = documentPoint(pen).*tracks.along;
+    if (&tracks == &columnTracks) {
+        mColumnHeaders->DrawVerticalAlphaLine(place, 0, mColumnHeaders->Height(), colour);
+    } else {
+        mRowHeaders->DrawHorizontalAlphaLine(place, 0, mRowHeaders->Width(), colour);
+    }
+}
+
+void Excel::moveGuide(const Tracks& tracks, const CpPoint& pen) {
+    drawGuide(tracks, mStrokePoint, wipedGuide);
+    drawGuide(tracks, pen, shownGuide);
+    mStrokePoint = pen;
+}
+
+bool Excel::handlePenUp(int x, int y) {
+    const CpPoint pen(x, y);
+    if (mStroke.resizesColumn) {
+        finishResize(columnTracks, pen);
+    } else if (mStroke.resizesRow) {
+        finishResize(rowTracks, pen);
+    } else if (mStroke.selectsColumns && isSelectingStroke(columnTracks, pen)) {
+        const int count = selectStroke(columnTracks, pen);
+        SendDocMessage(count < 2 ? _COLUMN_SELECTED : _TRACKS_SELECTED);
+    } else if (mStroke.selectsRows && isSelectingStroke(rowTracks, pen)) {
+        selectStroke(rowTracks, pen);
+        SendDocMessage(_TRACKS_SELECTED);
+    } else if (mPenDown && !mStroke.selectsColumns && !mStroke.selectsRows) {
+        finishScroll(pen);
+    }
+    mPenDown = false;
+    mStroke = HeaderStroke();
+    mFlicking = false;
+    mClicked = false;
+    return true;
+}
+
+void Excel::finishResize(const Tracks& tracks, const CpPoint& pen) {
+    moveGuide(tracks, pen);
+    const int from = documentPoint(mPenDownPoint).*tracks.along;
+    const int to = documentPoint(pen).*tracks.along;
+    if (to != from) {
+        (mModule.*tracks.resize)(mDocument, mCurrentSheet, mAnchor.*tracks.along,
+                                 saturatedDifference(to, from));
+        refreshCommentMarks();
+        mOffscreenDirty = true;
+    }
+    SendDocMessage(_TRACK_RESIZED);
+    InvalidateScreen();
+}
+
+// The window is moved only when the contact already began outside of it: one
+// long drag renders nothing.
+void Excel::finishScroll(const CpPoint& pen) {
+    if (mClicked || mFlicking || mGestureActive) {
+        return;
+    }
+    mScroll = draggedPosition(pen.x, pen.y);
+    clampPosition(mScroll.x, mScroll.y);
+    CpRect window;
+    getOffscreenDocBounds(window);
+    if (!window.Contains(mPenDownScroll)) {
+        recenterDocument();
+        mOffscreenDirty = true;
+    }
+}
+
+bool Excel::isSelectingStroke(const Tracks& tracks, const CpPoint& pen) const {
+    const long long way = static_cast<long long>(mPenDownPoint.*tracks.along) - pen.*tracks.along;
+    return !mClicked && std::abs(way) > selectingStroke;
+}
+
+int Excel::selectTracks(const Tracks& tracks, int from, int to) {
+    CpPoint first(0, 0);
+    CpPoint last(0, 0);
+    first.*tracks.along = from;
+    last.*tracks.along = to;
+    mSelection = CpRect(first, last);
+    int32_t count = 0;
+    mModule.stg_set_highlight_color(mDocument, selectionColour);
+    (mModule.*tracks.select)(mDocument, mCurrentSheet, from, to, &count);
+    mSelectionActive = true;
+    return count;
+}
+
+int Excel::selectStroke(const Tracks& tracks, const CpPoint& pen) {
+    const int from = documentPoint(mPenDownPoint).*tracks.along;
+    const int to = documentPoint(pen).*tracks.along;
+    const int count = selectTracks(tracks, std::min(from, to), std::max(from, to));
+    contentsChanged();
+    return count;
+}
+
+bool Excel::handleClick(int x, int y) {
+    if (mGestureActive) {
+        return true;
+    }
+    mClicked = true;
+    const bool cleared = dropSelection();
+    const CpPoint tap(x, y);
+    if (isOnHeaders(columnTracks, tap, 1)) {
+        if (selectTapped(columnTracks, tap, _COLUMN_SELECTED)) {
+            return true;
+        }
+    } else if (isOnHeaders(rowTracks, tap, 1)) {
+        if (selectTapped(rowTracks, tap, _TRACKS_SELECTED)) {
+            return true;
+        }
+    } else if (readComment(x, y)) {
+        SendDocMessage(_COMMENT_TAPPED);
+        return true;
+    }
+    if (cleared) {
+        contentsChanged();
+        return true;
+    }
+    return OfficeBase::handleClick(x, y);
+}
+
+bool Excel::dropSelection() {
+    if (!mSelectionActive) {
+        return false;
+    }
+    mModule.stg_clear_selection(mDocument);
+    mSelectionActive = false;
+    return true;
+}
+
+// False on a border, which selects nothing.
+bool Excel::selectTapped(const Tracks& tracks, const CpPoint& tap, ClientMessageId notice) {
+    const int place = documentPoint(tap).*tracks.along;
+    int start = 0;
+    int length = 0;
+    // Also a little before a border the track behind it is the one asked for.
+    trackAt(tracks, saturatedSum(place, borderWidth), start, length);
+    if (std::abs(static_cast<long long>(place) - start) < borderWidth) {
+        return false;
+    }
+    selectTracks(tracks, place, place);
+    SendDocMessage(notice);
+    contentsChanged();
+    return true;
+}
+
+// Remembers what the tapped cell says, also when that is nothing; true when it
+// is something.
+bool Excel::readComment(int lastx, int lasty) {
+    uint16_t text[commentCapacity] = {};
+    int32_t length = 0;
+    bool found = false;
+    if (isOpen()) {
+        const CpPoint point = documentPoint(CpPoint(lastx, lasty));
+        found = mModule.stg_get_comment(mDocument, mCurrentSheet, point.x, point.y, text, commentCapacity, 0,
+                                        &length) == 0;
+    }
+    const JsonOwner comment(json_object_new_object());
+    if (comment != nullptr) {
+        json_object_object_add(comment.get(), "comment", json_object_new_string(utf8OfBuffer(text).c_str()));
+        json_object_object_add(comment.get(), "xcoord", json_object_new_int(lastx));
+        json_object_object_add(comment.get(), "ycoord", json_object_new_int(lasty));
+    }
+    mLastComment = jsonText(comment);
+    return found && length >= 1;
+}

@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: Apache-2.0
+// Where the sheet, its surfaces and the view lie, and what moves them: zooms
+// and glides.
+#include <algorithm>
+#include <climits>
+
+#include "excel/Excel.h"
+#include "raster/Saturate.h"
+#include "view/ModuleArguments.h"
+#include "view/ModuleArray.h"
+
+namespace {
+
+// Keeps a header strip, or makes it anew when it has another size.
+void prvFit(std::unique_ptr<CpPixmap>& strip, int width, int height) {
+    if (strip == nullptr || strip->Width() != width || strip->Height() != height) {
+        strip = std::make_unique<CpPixmap>(width, height);
+    }
+}
+
+// An edge of the window whose middle is the view's, inside the sheet's first
+// edge. The window keeps its size also at the end of int.
+int prvWindowEdge(int scroll, int viewLength, int windowLength) {
+    const long long edge = static_cast<long long>(scroll) - windowLength / 2 + viewLength / 2;
+    return static_cast<int>(std::clamp<long long>(edge, 0, INT_MAX - windowLength));
+}
+
+// An axis of mScroll, after a zoom by ratio, for the tapped point to come to the
+// middle of the cells. Lengths and headers are those before the zoom.
+int prvCentred(int scroll, int point, int header, int viewLength, double ratio) {
+    const double tapped = static_cast<double>(scroll) + point - header;
+    return saturateToInt(ratio * tapped - 0.5 * (viewLength - header * ratio));
+}
+
+// How far an axis of mScroll may go after a zoom by ratio.
+int prvFurthest(int sheetLength, int header, int viewLength, double ratio) {
+    return saturateToInt(header * ratio + (sheetLength * ratio - viewLength));
+}
+
+} // namespace
+
+CpPoint Excel::corner() const {
+    return isOpen() ? CpPoint(mRowHeaders->Width(), mColumnHeaders->Height()) : CpPoint(0, 0);
+}
+
+CpPoint Excel::documentPoint(const CpPoint& screenPoint) const {
+    const CpPoint header = corner();
+    return {saturateToInt(static_cast<long long>(mScroll.x) + screenPoint.x - header.x),
+            saturateToInt(static_cast<long long>(mScroll.y) + screenPoint.y - header.y)};
+}
+
+void Excel::getViewDocBounds(CpRect& r) const {
+    r.Set(mScroll.x, mScroll.y, saturatedSum(mScroll.x, mWidth), saturatedSum(mScroll.y, mHeight));
+}
+
+void Excel::getOffscreenDocBounds(CpRect& r) const {
+    r = isOpen() ? static_cast<const CpRect&>(*mCells) : CpRect();
+}
+
+void Excel::resizeDocument() {
+    mScale = bearableScale(mScale);
+    if (!isOpen()) {
+        return;
+    }
+    const int length = mCells->Width();
+    mModule.stg_set_offscreen_buffer(mDocument, 0, mCells->Pixels(), length, length);
+    mModule.stg_set_dpi(mDocument, saturateToInt(dotsPerInch * mScale));
+    mModule.stg_get_sheet_dimensions(mDocument, mCurrentSheet, &mSheetWidth, &mSheetHeight);
+
+    int32_t left = 0;
+    int32_t top = 0;
+    int32_t rowHeaderWidth = mRowHeaders != nullptr ? mRowHeaders->Width() : 0;
+    int32_t columnHeaderHeight = mColumnHeaders != nullptr ? mColumnHeaders->Height() : 0;
+    mModule.stg_cell_bounds(mDocument, mCurrentSheet, -1, -1, &left, &top, &rowHeaderWidth,
+                            &columnHeaderHeight);
+    // Never without pixels: a module refuses such a strip and would go on painting
+    // into the one before, which is gone.
+    prvFit(mRowHeaders, std::clamp(rowHeaderWidth, 1, length), length);
+    prvFit(mColumnHeaders, length, std::clamp(columnHeaderHeight, 1, length));
+
+    refreshCommentMarks();
+    mModule.stg_set_row_offscreen_buffer(mDocument, 0, mRowHeaders->Pixels(), mRowHeaders->Width(),
+                                         mRowHeaders->Height());
+    mModule.stg_set_column_offscreen_buffer(mDocument, 0, mColumnHeaders->Pixels(), mColumnHeaders->Width(),
+                                            mColumnHeaders->Height());
+}
+
+void Excel::refreshCommentMarks() {
+    const stg_region* marks = nullptr;
+    int32_t count = 0;
+    mModule.stg_get_comment_marks_rects(mDocument, mCurrentSheet, &marks, &count);
+    mCommentMarks = moduleArray(marks, count);
+}
+
+void Excel::recenterDocument() {
+    if (!isOpen()) {
+        return;
+    }
+    const int length = mCells->Width();
+    const int left = prvWindowEdge(mScroll.x, mWidth, length);
+    const int top = prvWindowEdge(mScroll.y, mHeight, length);
+    mCells->Set(left, top, left + length, top + length);
+}
+
+bool Excel::clampPosition(int& x, int& y) const {
+    // The last column and row can be brought beside the headers in full.
+    const CpPoint header = corner();
+    return clampPosition(x, y, saturateToInt(static_cast<long long>(mSheetWidth) - mWidth + header.x),
+                         saturateToInt(static_cast<long long>(mSheetHeight) - mHeight + header.y));
+}
+
+bool Excel::clampPosition(int& x, int& y, int maxX, int maxY) const {
+    return OfficeBase::clampPosition(x, y, std::max(0, maxX), std::max(0, maxY));
+}
+
+bool Excel::handleDoubleClick(int x, int y) {
+    if (mGestureActive) {
+        return true;
+    }
+    mClicked = true;
+    {
+        MutexLock guard;
+        if (guard.lock(&mMutex) != 0) {
+            return true;
+        }
+        const CpPoint header = corner();
+        const double ratio = stepScaleLevel();
+        mScroll.set(prvCentred(mScroll.x, x, header.x, mWidth, ratio),
+                    prvCentred(mScroll.y, y, header.y, mHeight, ratio));
+        clampPosition(mScroll.x, mScroll.y, prvFurthest(mSheetWidth, header.x, mWidth, ratio),
+                      prvFurthest(mSheetHeight, header.y, mHeight, ratio));
+        relayout();
+    }
+    InvalidateScreen();
+    return true;
+}
+
+bool Excel::handleFlick(int vx, int vy) {
+    if (mGestureActive) {
+        return true;
+    }
+    mFlicking = true;
+    mScroller.Setup(mScroll.x, mScroll.y, vx, vy);
+    return mScroller.isMoving();
+}
+
+bool Excel::tick() {
+    if (!mScroller.isMoving()) {
+        return false;
+    }
+    mScroller.tick(mScroll.x, mScroll.y);
+    clampScroll();
+    if (!mScroller.isMoving()) {
+        StopHandler();
+    }
+    InvalidateScreen();
+    return mScroller.isMoving();
+}
+
+void Excel::StopHandler() {
+    recenterDocument();
+    resizeDocument();
+    mOffscreenDirty = true;
+}

@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: Apache-2.0
+// The cells and what is drawn over them, and how they and the headers get into
+// the client's frame buffer.
+#include <algorithm>
+#include <cassert>
+#include <cstdio>
+#include <cstring>
+
+#include "excel/Excel.h"
+#include "raster/Saturate.h"
+
+namespace {
+
+constexpr uint32_t white = 0xFFFFFFFF;
+constexpr uint32_t commentColour = 0x80FF0000;
+constexpr uint32_t resizeModeVeil = 0x77555555;
+
+constexpr unsigned int squareSide = 16; // a power of two
+constexpr uint32_t squareColour = 0xFFFEDCBA;
+constexpr uint32_t otherSquareColour = 0xFFABCDEF;
+
+bool prvIsOddSquare(unsigned int position) {
+    return (position & squareSide) != 0;
+}
+
+void prvDrawSquares(uint32_t* row, unsigned int width, unsigned int x, bool odd) {
+    for (unsigned int column = 0; column < width;) {
+        const unsigned int untilNext = squareSide - (x + column) % squareSide;
+        const unsigned int count = std::min(untilNext, width - column);
+        FillPixels(row + column, count, prvIsOddSquare(x + column) == odd ? squareColour : otherSquareColour);
+        column += count;
+    }
+}
+
+// The ground, fixed to the document: position is that of the frame's first
+// pixel, and may be negative. There are two kinds of rows only.
+void prvDrawGround(uint32_t* frame, int width, int height, const CpPoint& position) {
+    const uint32_t* finished[2] = {nullptr, nullptr};
+    const auto columns = static_cast<unsigned int>(width);
+    for (int row = 0; row < height; ++row, frame += columns) {
+        const bool odd =
+            prvIsOddSquare(static_cast<unsigned int>(position.y) + static_cast<unsigned int>(row));
+        if (finished[odd] != nullptr) {
+            std::memcpy(frame, finished[odd], columns * sizeof *frame);
+        } else {
+            prvDrawSquares(frame, columns, static_cast<unsigned int>(position.x), odd);
+            finished[odd] = frame;
+        }
+    }
+}
+
+} // namespace
+
+int Excel::drawOffscreenBuffer() {
+    if (!isOpen()) {
+        std::fputs("drawOffscreenBuffer: no allocated buffer\n", stderr);
+        return 0;
+    }
+    mModule.stg_render_sheet(mDocument, mCurrentSheet, mCells->Left(), mCells->Top());
+    for (const stg_region& mark : mCommentMarks) {
+        const int side = mark.height / 2;
+        const int right = saturatedSum(saturatedDifference(mark.x, mCells->Left()), mark.width);
+        mCells->DrawAlphaTriOnPix(saturatedDifference(right, side),
+                                  saturatedDifference(mark.y, mCells->Top()), side, commentColour);
+    }
+    mOffscreenDirty = false;
+    return 0;
+}
+
+void Excel::handlePaint(unsigned int* frameBuffer) {
+    MutexLock guard;
+    if (guard.lock(&mMutex) != 0) {
+        return;
+    }
+    tick();
+    clampPosition(mScroll.x, mScroll.y);
+    // clang-format off
+    assert(mDrawMode ==_NORMAL); // the text is part of the interface
+    // clang-format on
+    if (mOffscreenDirty && !mScroller.isMoving()) {
+        drawOffscreenBuffer();
+    }
+    drawScreen(frameBuffer);
+    keepFrame(frameBuffer);
+}
+
+void Excel::drawScreen(unsigned int* frameBuffer) {
+    prvDrawGround(frameBuffer, mWidth, mHeight, mScroll);
+    CpPixmap screen(frameBuffer, mWidth, mHeight);
+    const CpPoint header = corner();
+    const CpPoint toScreen(saturatedDifference(0, mScroll.x), saturatedDifference(0, mScroll.y));
+
+    // The corner between the headers moves with a sheet that is off its edge.
+    CpRect box(0, 0, header.x, header.y);
+    box.Offset(std::max(0, toScreen.x), std::max(0, toScreen.y));
+    screen.DrawAlphaRectOnPix(box, white);
+
+    CpRect screenRect;
+    CpRect window;
+    getViewDocBounds(screenRect);
+    getOffscreenDocBounds(window);
+    screenRect.Intersect(window);
+    screenRect.Offset(toScreen);
+    CpRect sourceRect = screenRect;
+    sourceRect.Offset(saturatedDifference(mScroll.x, window.Left()),
+                      saturatedDifference(mScroll.y, window.Top()));
+    if (!screenRect.Empty()) {
+        drawScreenFragment(frameBuffer, screenRect, sourceRect);
+    }
+    if (mResizeMode) {
+        CpRect cells(header.x, header.y, mWidth, mHeight);
+        screen.DrawAlphaRectOnPix(cells, resizeModeVeil);
+    }
+}
+
+void Excel::drawScreenFragment(unsigned int* frameBuffer, const CpRect& screenRect,
+                               const CpRect& sourceRect) {
+    const CpPoint header = corner();
+    // The cells make room for the headers.
+    const CpPoint at(screenRect.Left() + header.x, screenRect.Top() + header.y);
+    const CpRect cells(sourceRect.Left(), sourceRect.Top(), sourceRect.Right() - header.x,
+                       sourceRect.Bottom() - header.y);
+    const auto copy = [&](const CpPixmap& from, const CpRect& part, const CpPoint& to) {
+        from.CopyBitsTo(part, frameBuffer, CpRect(to, to), mWidth);
+    };
+
+    // Headers are always at the edges of the screen, and end there.
+    copy(*mColumnHeaders, CpRect(cells.Left(), 0, cells.Right(), std::min(header.y, mHeight)),
+         CpPoint(at.x, 0));
+    // Row headers give way where less of the rows is seen than is free above them.
+    if (at.y < cells.Height()) {
+        copy(*mRowHeaders, CpRect(0, cells.Top(), std::min(header.x, mWidth), cells.Bottom()),
+             CpPoint(0, at.y));
+    }
+    copy(*mCells, cells, at);
+
+    if (mCurrentResult >= 0) {
+        CpPixmap screen(frameBuffer, mWidth, mHeight);
+        drawCurrentResult(&screen);
+    }
+}

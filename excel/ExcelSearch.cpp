@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: Apache-2.0
+// Search on the sheet shown. The module finds all hits at once; their regions
+// are in document pixels and fetched again after a zoom.
+#include "excel/Excel.h"
+#include "raster/Saturate.h"
+#include "view/JsonReply.h"
+#include "view/ModuleArguments.h"
+#include "view/ModuleArray.h"
+#include "view/TextHelpers.h"
+
+namespace {
+
+constexpr uint32_t currentHitColour = 0x40FF0000;
+
+} // namespace
+
+std::string Excel::doSearch(const char* text) {
+    if (!isOpen()) {
+        return formatSimpleJsonObject("resultcount", 0);
+    }
+    const Utf16Text text16(text);
+    mModule.stg_set_highlight_color(mDocument, foundColour);
+    mModule.stg_find(mDocument, text16.get(), mCurrentSheet, 0, mCurrentSheet, mSheetHeight);
+    mCurrentResult = 0;
+    fetchRegions();
+    if (centreOnCurrentRegion()) {
+        recenterDocument();
+    }
+    mOffscreenDirty = true;
+    return formatSimpleJsonObject("resultcount", static_cast<int>(mFound.size()));
+}
+
+void Excel::fetchRegions() {
+    const stg_region* regions = nullptr;
+    int32_t count = 0;
+    mModule.stg_get_found_regions(mDocument, &count, &regions);
+    mFound = moduleArray(regions, count);
+}
+
+const stg_region* Excel::currentRegion() const {
+    const auto index = static_cast<size_t>(mCurrentResult);
+    return mCurrentResult >= 0 && index < mFound.size() ? &mFound[index] : nullptr;
+}
+
+bool Excel::centreOnCurrentRegion() {
+    const stg_region* region = currentRegion();
+    if (region == nullptr) {
+        return false;
+    }
+    CenterAboutRect(CpRect(region->x, region->y, saturatedSum(region->x, region->width),
+                           saturatedSum(region->y, region->height)),
+                    true);
+    return true;
+}
+
+int Excel::nextResult() {
+    return stepResult(1);
+}
+
+int Excel::previousResult() {
+    return stepResult(-1);
+}
+
+// Round and round. An index that an earlier search left behind counts from where
+// it would be.
+int Excel::stepResult(int step) {
+    if (mCurrentResult < 0 || mFound.empty()) {
+        return 0;
+    }
+    const auto count = static_cast<int>(mFound.size());
+    mCurrentResult = (mCurrentResult % count + step + count) % count;
+    centreOnCurrentRegion();
+    recenterDocument();
+    mOffscreenDirty = true;
+    return 0;
+}
+
+int Excel::stopFind() {
+    if (isOpen()) {
+        mModule.stg_stop_find(mDocument);
+    }
+    mCurrentResult = -1;
+    mFound = {};
+    mOffscreenDirty = true;
+    return 0;
+}
+
+int Excel::ReinitSearchRects() {
+    if (!mFound.empty()) {
+        fetchRegions();
+        mOffscreenDirty = true;
+        centreOnCurrentRegion();
+    }
+    return 0;
+}
+
+// Drawn relative to the window, whereas centring takes regions for what they
+// are: agreed so.
+int Excel::drawCurrentResult(CpPixmap* frame) {
+    const stg_region* region = currentRegion();
+    if (region == nullptr) {
+        return 0;
+    }
+    const CpPoint header = corner();
+    CpPoint at(mCells->Left(), mCells->Top());
+    at.Offset(saturatedDifference(region->x, mScroll.x), saturatedDifference(region->y, mScroll.y));
+    at += header;
+    CpRect mark(at.x, at.y, saturatedSum(at.x, region->width), saturatedSum(at.y, region->height));
+    frame->DrawAlphaRectOnPix(mark, currentHitColour);
+    return 0;
+}

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: Apache-2.0
+// Where the slide and the view lie, and what is shown of the document.
+#include <algorithm>
+#include <string_view>
+
+#include "ppt/PPT.h"
+#include "raster/Saturate.h"
+
+namespace {
+
+constexpr long long mostPixels = (64LL << 20) / 4; // of a surface: 64 MiB
+// How many times beyond the zoom limits arithmetic is asked to bear: a pinch's
+// first frame is not held to them.
+constexpr double beyondLimits = 16.0;
+
+int prvEvenLength(int units, double scale) {
+    const int length = saturateToInt(units * scale);
+    return length % 2 == 0 ? length : saturatedSum(length, 1);
+}
+
+// One axis; true when it was moved or the slide stays in the middle.
+bool prvClampAxis(int& value, int max) {
+    if (max < 0) {
+        value = max / 2;
+        return true;
+    }
+    const int wanted = value;
+    value = std::clamp(value, 0, max);
+    return value != wanted;
+}
+
+} // namespace
+
+CpPoint PPT::surfaceSize(double scale) const {
+    return {prvEvenLength(mSlideWidth, scale), prvEvenLength(mSlideHeight, scale)};
+}
+
+double PPT::possibleScale(double wanted) const {
+    const auto fits = [this](double scale) {
+        const CpPoint size = surfaceSize(scale);
+        return static_cast<long long>(size.x) * size.y <= mostPixels;
+    };
+    double tooLarge = std::min(wanted, beyondLimits * mMaxScale);
+    if (fits(tooLarge)) {
+        return tooLarge;
+    }
+    double fitting = 0.0;
+    constexpr int halvings = 64; // more than a double has digits
+    for (int i = 0; i < halvings; ++i) {
+        const double middle = fitting + (tooLarge - fitting) / 2;
+        (fits(middle) ? fitting : tooLarge) = middle;
+    }
+    return fitting;
+}
+
+double PPT::scaleForWidth(int pixels) const {
+    return mSlideWidth > 0 ? static_cast<double>(pixels) / mSlideWidth : mBaseScale;
+}
+
+void PPT::resizeDocument() {
+    if (mDocument == nullptr) {
+        return;
+    }
+    mScale = possibleScale(std::max(mScale, mMinScale / beyondLimits));
+    const CpPoint size = surfaceSize(mScale);
+    mSurface.reset(); // before there is another: they may be large
+    mSurface = std::make_unique<CpPixmap>(size.x, size.y);
+    mDocPixmap = mSurface.get();
+}
+
+bool PPT::clampPosition(int& x, int& y) const {
+    if (mSurface == nullptr) {
+        return false;
+    }
+    return clampPosition(x, y, saturatedDifference(mSurface->Width(), mWidth),
+                         saturatedDifference(mSurface->Height(), mHeight));
+}
+
+bool PPT::clampPosition(int& x, int& y, int maxX, int maxY) const {
+    const bool movedX = prvClampAxis(x, maxX);
+    const bool movedY = prvClampAxis(y, maxY);
+    return movedX && movedY;
+}
+
+void PPT::setFitWideMode(const char* mode) {
+    const std::string_view text = mode != nullptr ? mode : "";
+    if (text == "right") {
+        mDrawMode = _RIGHT;
+    } else if (text == "left") {
+        mDrawMode = _LEFT;
+    } else if (text == "down") {
+        mDrawMode = _DOWN;
+    } else {
+        mDrawMode = mode == nullptr && mDrawMode == _NORMAL ? _WIDE : _NORMAL;
+    }
+    const bool onItsSide = mDrawMode == _RIGHT || mDrawMode == _LEFT || mDrawMode == _WIDE;
+    mScale = onItsSide ? scaleForWidth(mHeight) : mBaseScale;
+    resizeDocument();
+    mOffscreenDirty = true;
+    InvalidateScreen();
+}
+
+bool PPT::handleFlick(int vx, int vy) {
+    if (!mGestureActive) {
+        mScroller.Setup(mScroll.x, mScroll.y, vx, vy);
+    }
+    return true;
+}
+
+int PPT::jumpToSlide(int index) {
+    mCurrentSlide = std::clamp(index, 0, std::max(0, mSlideCount - 1));
+    mOffscreenDirty = true;
+    SendDocMessage(_SLIDE_CHANGED, mCurrentSlide);
+    return mCurrentSlide;
+}

@@ -1,0 +1,129 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
+"""Writes workbooks for tests and benchmarks:
+
+make_xlsx.py long ROWS OUT.xlsx [WORD HITS]
+    A header and ROWS rows of six columns: a number in no order, words, an
+    amount, a share, a day, a text. WORD, which no row holds by itself, is put
+    into HITS rows, spread evenly.
+make_xlsx.py coloured OUT.xlsx
+    Columns and rows of many sizes, some hidden, up to column 520 and row 10050.
+    Blocks of cells are filled, no two cells alike: cell (column, row), both
+    from 0, with what colour_of() says.
+make_xlsx.py spread OUT.xlsx
+    A sheet with nothing but a chart at AL3000, and one with nothing but a
+    merged area, AA80:AD100.
+make_xlsx.py noted OUT.xlsx
+    3, 1, 2 in a column, with the comment "three" at the 3.
+make_xlsx.py plain OUT.xlsx ROW...
+    A sheet whose rows are given as values with commas between; numbers are
+    numbers, what begins with = is a formula.
+"""
+import datetime
+import random
+import sys
+
+from openpyxl import Workbook
+from openpyxl.chart import BarChart, Reference
+from openpyxl.comments import Comment
+from openpyxl.styles import PatternFill
+from openpyxl.utils import get_column_letter
+
+WORDS = 'harbour boat rope tide quay gull bread river window lamp letter market stone bell ferry coat rain'.split()
+
+COLUMNS, ROWS = 520, 10050
+# Column and row of the first cell, columns, rows.
+BLOCKS = [(0, 0, 30, 50), (490, 0, 30, 50), (0, 10000, 30, 50), (490, 10000, 30, 50)]
+
+
+def long(path, rows, word=None, hits=0):
+    chance = random.Random(rows)
+    order = list(range(1, rows + 1))
+    chance.shuffle(order)
+    marked = {i * rows // hits for i in range(hits)} if hits else set()
+    book = Workbook(write_only=True)
+    sheet = book.create_sheet('Ledger')
+    sheet.append(['Number', 'Words', 'Amount', 'Share', 'Day', 'Mark'])
+    first = datetime.date(2000, 1, 1)
+    for i in range(rows):
+        words = ' '.join(chance.choice(WORDS) for _ in range(3))
+        sheet.append([order[i], words, round(chance.uniform(1, 10000), 2), chance.random(),
+                      first + datetime.timedelta(days=chance.randrange(9000)), word if i in marked else 'no'])
+    book.save(path)
+
+
+def colour_of(column, row):
+    """Distinct within the blocks, and far enough from white and black."""
+    for number, (left, top, columns, rows) in enumerate(BLOCKS):
+        if left <= column < left + columns and top <= row < top + rows:
+            index = (number * rows + row - top) * columns + column - left
+            return 0x202020 + index * 967 % 0xC0C0C0
+    return None
+
+
+def coloured(path):
+    book = Workbook()
+    sheet = book.active
+    for column in range(COLUMNS):
+        letter = get_column_letter(column + 1)
+        sheet.column_dimensions[letter].width = 4 + column * 7 % 11
+        sheet.column_dimensions[letter].hidden = column % 37 == 5
+    for row in range(ROWS):
+        sheet.row_dimensions[row + 1].height = 11 + row * 5 % 13 + row % 3 / 4
+        sheet.row_dimensions[row + 1].hidden = row % 53 == 7
+    for left, top, columns, rows in BLOCKS:
+        for row in range(top, top + rows):
+            for column in range(left, left + columns):
+                fill = PatternFill('solid', fgColor=f'{colour_of(column, row):06X}')
+                sheet.cell(row + 1, column + 1).fill = fill
+        # A fill alone does not make a cell a used one.
+        sheet.cell(top + rows, left + columns).value = ' '
+    book.save(path)
+
+
+def spread(path):
+    book = Workbook()
+    chart = BarChart()
+    chart.add_data(Reference(book.active, min_col=1, min_row=1, max_row=3))
+    book.active.add_chart(chart, 'AL3000')
+    book.create_sheet('Merged').merge_cells('AA80:AD100')
+    book.save(path)
+
+
+def noted(path):
+    book = Workbook()
+    for value in (3, 1, 2):
+        book.active.append([value])
+    book.active['A1'].comment = Comment('three', 'Somebody')
+    book.save(path)
+
+
+def value_of(text):
+    try:
+        return float(text)
+    except ValueError:
+        return text or None
+
+
+def plain(path, rows):
+    book = Workbook()
+    for row in rows:
+        book.active.append([value_of(text) for text in row.split(',')])
+    book.save(path)
+
+
+MAKERS = {'coloured': coloured, 'spread': spread, 'noted': noted}
+
+
+def main(arguments):
+    kind, *rest = arguments
+    if kind == 'long':
+        long(rest[1], int(rest[0]), *(rest[2:3]), *(int(hits) for hits in rest[3:4]))
+    elif kind in MAKERS:
+        MAKERS[kind](rest[0])
+    else:
+        plain(rest[0], rest[1:])
+
+
+if __name__ == '__main__':
+    main(sys.argv[1:])

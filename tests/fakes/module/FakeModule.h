@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: Apache-2.0
+// The module's side of a fake: noting calls, and what all modules do alike.
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <optional>
+#include <sstream>
+#include <string>
+
+#include "modules/ModuleResults.h"
+#include "tests/fakes/module/FakeCalls.h"
+
+namespace fake {
+
+inline void write(std::ostream& out, const uint16_t* text) {
+    if (text == nullptr) {
+        out << "null";
+        return;
+    }
+    out << '"';
+    for (; *text != 0; ++text) {
+        out << static_cast<char>(*text);
+    }
+    out << '"';
+}
+inline void write(std::ostream& out, int64_t number) {
+    out << number;
+}
+
+// Notes a call and gives its scripted result.
+template<typename... Arguments>
+int32_t called(FakeCalls& control, const char* name, Arguments... arguments) {
+    if (control.recording) {
+        std::ostringstream line;
+        [[maybe_unused]] const char* separator = "";
+        line << name << '(';
+        ((line << separator, write(line, arguments), separator = ", "), ...);
+        line << ')';
+        control.calls.push_back(line.str());
+    }
+    if (auto next = control.nextResults.find(name);
+        next != control.nextResults.end() && !next->second.empty()) {
+        const int32_t result = next->second.front();
+        next->second.pop_front();
+        return result;
+    }
+    const auto result = control.results.find(name);
+    return result != control.results.end() ? result->second : MODULE_OK;
+}
+
+// The number behind a prefix of the file's name.
+inline std::optional<int64_t> numberInName(const uint16_t* path, const std::string& prefix) {
+    std::string name;
+    for (; *path != 0; ++path) {
+        name = *path == '/' ? "" : name + static_cast<char>(*path);
+    }
+    if (name.compare(0, prefix.size(), prefix) != 0) {
+        return std::nullopt;
+    }
+    return std::strtoll(name.c_str() + prefix.size(), nullptr, 10);
+}
+
+inline int32_t giveText(const std::u16string& text, uint16_t* out, int32_t capacityUnits, int32_t* length) {
+    *length = static_cast<int32_t>(text.size());
+    if (out != nullptr && capacityUnits >= 1) {
+        const size_t units = std::min(text.size(), static_cast<size_t>(capacityUnits) - 1);
+        std::copy_n(text.begin(), units, out);
+        out[units] = 0;
+    }
+    return MODULE_OK;
+}
+
+} // namespace fake

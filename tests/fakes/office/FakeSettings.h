@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <fstream>
+#include <map>
+#include <string>
+
+namespace lectern::engine::fake {
+
+// What a fake document is: one "key=value" in each line of its file.
+using Settings = std::map<std::string, std::string>;
+
+inline Settings readSettings(const std::string& path) {
+    Settings settings;
+    std::ifstream file(path);
+    std::string line;
+    while (std::getline(file, line)) {
+        const std::size_t equals = line.find('=');
+        settings[line.substr(0, equals)] = equals == std::string::npos ? "" : line.substr(equals + 1);
+    }
+    return settings;
+}
+
+} // namespace lectern::engine::fake

@@ -1,0 +1,231 @@
+// SPDX-License-Identifier: Apache-2.0
+// Workbooks of the fake office suite, text files as FakeOffice.cpp has them:
+//   name, password    as there
+//   render, sort      how to misbehave there, see Misbehaviour.h
+//   lie               give an impossible header corner
+// There are two sheets, "One" and "Two", of 10 x 20 cells of 50 x 20 pixels
+// whatever the dpi. Area a of sheet s is painted 0xFF000000 + a * 0x10000 +
+// s * 0x1000 + the document row of its pixels. Every second cell of row 1 has
+// the comment "Told"; a search finds its text's length in cells of column 0;
+// the selection's text is "a\tb". Everything that changes a sheet is refused
+// on sheet 1.
+
+#include "engine/office/sheet/SheetDocument.h"
+#include "modules/ModuleResults.h"
+#include "tests/fakes/office/FakeSettings.h"
+#include "tests/fakes/office/Misbehaviour.h"
+
+#include <algorithm>
+#include <array>
+
+namespace lectern::engine {
+
+namespace {
+
+constexpr int32_t kSheets = 2;
+constexpr int32_t kColumns = 10;
+constexpr int32_t kRows = 20;
+constexpr int32_t kCellWidth = 50;
+constexpr int32_t kCellHeight = 20;
+
+int32_t trackAt(int32_t pixel, int32_t size, int32_t count) {
+    return std::clamp(pixel / size, 0, count - 1);
+}
+
+int32_t whenSheet(int32_t sheet) {
+    return sheet >= 0 && sheet < kSheets ? MODULE_OK : MODULE_BAD_ARGUMENT;
+}
+
+int32_t change(int32_t sheet) {
+    return sheet == 1 ? MODULE_REFUSED : whenSheet(sheet);
+}
+
+} // namespace
+
+struct SheetDocument::Private {
+    fake::Settings settings;
+    std::array<Surface, sheetAreas> surfaces;
+    int32_t hits = 0;
+    bool selected = false;
+
+    std::string setting(const std::string& key) const {
+        const auto found = settings.find(key);
+        return found == settings.end() ? std::string() : found->second;
+    }
+};
+
+SheetDocument::SheetDocument(std::unique_ptr<Private> d) : mPrivate(std::move(d)) {}
+SheetDocument::~SheetDocument() = default;
+
+int32_t SheetDocument::open(Office&, const std::string& path, const std::string& password,
+                            const std::string& /*temporaryDirectory*/,
+                            std::unique_ptr<SheetDocument>& document) {
+    auto d = std::make_unique<Private>();
+    d->settings = fake::readSettings(path);
+    if (d->settings.empty()) {
+        return MODULE_DAMAGED;
+    }
+    if (const std::string wanted = d->setting("password"); wanted != password) {
+        return password.empty() ? MODULE_NEEDS_PASSWORD : MODULE_WRONG_PASSWORD;
+    }
+    document.reset(new SheetDocument(std::move(d)));
+    return MODULE_OK;
+}
+
+int32_t SheetDocument::setSurface(SheetArea area, uint32_t* pixels, int32_t width, int32_t height) {
+    mPrivate->surfaces[static_cast<size_t>(area)] = {pixels, width, height};
+    return MODULE_OK;
+}
+
+int32_t SheetDocument::setDpi(int32_t dpi) {
+    return dpi > mostDpi ? MODULE_BAD_ARGUMENT : MODULE_OK;
+}
+
+int32_t SheetDocument::render(int32_t sheet, int32_t /*x*/, int32_t y) {
+    if (const int32_t result = fake::misbehave(mPrivate->setting("render")); result != MODULE_OK) {
+        return result;
+    }
+    for (size_t area = 0; area < mPrivate->surfaces.size() && whenSheet(sheet) == MODULE_OK; area++) {
+        const Surface& surface = mPrivate->surfaces[area];
+        const auto base =
+            0xFF000000 + static_cast<uint32_t>(area) * 0x10000 + static_cast<uint32_t>(sheet) * 0x1000;
+        for (int32_t row = 0; row < surface.height; row++) {
+            std::fill_n(surface.row(row), surface.width, base + static_cast<uint32_t>(y + row));
+        }
+    }
+    return whenSheet(sheet);
+}
+
+int32_t SheetDocument::sheetCount(int32_t& count) {
+    count = kSheets;
+    return MODULE_OK;
+}
+
+int32_t SheetDocument::title(int32_t sheet, std::u16string& text) {
+    text = sheet == 0 ? u"One" : u"Two";
+    return whenSheet(sheet);
+}
+
+int32_t SheetDocument::columnCount(int32_t sheet, int32_t& count) {
+    count = kColumns;
+    return whenSheet(sheet);
+}
+
+int32_t SheetDocument::dimensions(int32_t sheet, int32_t& width, int32_t& height) {
+    width = kColumns * kCellWidth;
+    height = kRows * kCellHeight;
+    return whenSheet(sheet);
+}
+
+int32_t SheetDocument::cellBounds(int32_t sheet, int32_t x, int32_t y, PixelRect& bounds) {
+    if (x == -1 && y == -1) {
+        bounds =
+            mPrivate->settings.count("lie") != 0 ? PixelRect{0, 0, 1 << 30, -5} : PixelRect{0, 0, 30, 16};
+    } else {
+        bounds = {trackAt(x, kCellWidth, kColumns) * kCellWidth, trackAt(y, kCellHeight, kRows) * kCellHeight,
+                  kCellWidth, kCellHeight};
+    }
+    return whenSheet(sheet);
+}
+
+int32_t SheetDocument::cellAt(int32_t sheet, int32_t x, int32_t y, int32_t& column, int32_t& row) {
+    column = trackAt(x, kCellWidth, kColumns);
+    row = trackAt(y, kCellHeight, kRows);
+    return whenSheet(sheet);
+}
+
+int32_t SheetDocument::commentMarks(int32_t sheet, std::vector<PixelRect>& marks) {
+    for (int32_t column = 0; column < kColumns; column += 2) {
+        marks.push_back({column * kCellWidth, kCellHeight, kCellWidth, kCellHeight});
+    }
+    return whenSheet(sheet);
+}
+
+int32_t SheetDocument::comment(int32_t sheet, int32_t x, int32_t y, std::u16string& text) {
+    const bool commented = trackAt(y, kCellHeight, kRows) == 1 && trackAt(x, kCellWidth, kColumns) % 2 == 0;
+    text = commented ? u"Told" : u"";
+    return whenSheet(sheet) == MODULE_OK && !commented ? MODULE_NOTHING_THERE : whenSheet(sheet);
+}
+
+int32_t SheetDocument::setHighlightColour(const Colour& /*colour*/) {
+    return MODULE_OK;
+}
+
+int32_t SheetDocument::find(int32_t sheet, const std::u16string& text) {
+    mPrivate->hits = static_cast<int32_t>(text.size());
+    return whenSheet(sheet);
+}
+
+int32_t SheetDocument::foundRegions(std::vector<PixelRect>& regions) {
+    for (int32_t row = 0; row < mPrivate->hits; row++) {
+        regions.push_back({0, row * kCellHeight, kCellWidth, kCellHeight});
+    }
+    return MODULE_OK;
+}
+
+int32_t SheetDocument::stopFind() {
+    mPrivate->hits = 0;
+    return MODULE_OK;
+}
+
+int32_t SheetDocument::selectArea(int32_t sheet, int32_t /*left*/, int32_t /*top*/, int32_t width,
+                                  int32_t height) {
+    mPrivate->selected = true;
+    return width < 1 || height < 1 ? MODULE_BAD_ARGUMENT : whenSheet(sheet);
+}
+
+int32_t SheetDocument::selectTracks(int32_t sheet, Axis axis, int32_t first, int32_t last, int32_t& count) {
+    const int32_t size = axis == Axis::Columns ? kCellWidth : kCellHeight;
+    const int32_t tracks = axis == Axis::Columns ? kColumns : kRows;
+    count = trackAt(last, size, tracks) - trackAt(first, size, tracks) + 1;
+    mPrivate->selected = true;
+    return whenSheet(sheet);
+}
+
+int32_t SheetDocument::selectCell(int32_t sheet, int32_t /*x*/, int32_t /*y*/) {
+    mPrivate->selected = true;
+    return whenSheet(sheet);
+}
+
+int32_t SheetDocument::clearSelection() {
+    mPrivate->selected = false;
+    return MODULE_OK;
+}
+
+int32_t SheetDocument::copySelection(std::u16string& text) {
+    text = u"a\tb";
+    return mPrivate->selected ? MODULE_OK : MODULE_NOTHING_THERE;
+}
+
+int32_t SheetDocument::sort(int32_t sheet, int32_t /*column*/, bool /*ascending*/) {
+    const int32_t result = fake::misbehave(mPrivate->setting("sort"));
+    return result != MODULE_OK ? result : change(sheet);
+}
+
+int32_t SheetDocument::hide(int32_t sheet, Axis /*axis*/, int32_t /*first*/, int32_t /*last*/) {
+    return change(sheet);
+}
+
+int32_t SheetDocument::unhide(int32_t sheet, Axis /*axis*/, int32_t /*first*/, int32_t /*last*/) {
+    return change(sheet);
+}
+
+int32_t SheetDocument::unhideAll(int32_t sheet, Axis /*axis*/) {
+    return change(sheet);
+}
+
+int32_t SheetDocument::resize(int32_t sheet, Axis /*axis*/, int32_t /*at*/, int32_t /*change*/) {
+    return change(sheet);
+}
+
+int32_t SheetDocument::autofitColumn(int32_t sheet, int32_t /*x*/) {
+    return change(sheet);
+}
+
+int32_t SheetDocument::information(DocumentInformation& information) {
+    const std::string name = mPrivate->setting("name");
+    information = {{name.begin(), name.end()}, u"Somebody", u"", 1234567890, 0};
+    return MODULE_OK;
+}
+
+} // namespace lectern::engine

@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: Apache-2.0
+// Presentations of the fake office suite, text files as FakeOffice.cpp has them:
+//   name, password    as there
+//   render, find      how to misbehave there, see Misbehaviour.h
+//   lie               give an impossible size and regions without rectangles
+// There are three slides of 720 x 540; slide s is painted 0xFF000000 + s *
+// 0x10000 + the row of its pixels. Its title is "Title s", and slide 1 has the
+// note "Remember". A search finds its text once on slide 0, and on slide 1 as
+// often as the text is long, each hit with two rectangles, and once in the note.
+
+#include "engine/office/slide/SlideDocument.h"
+#include "modules/ModuleResults.h"
+#include "tests/fakes/office/FakeSettings.h"
+#include "tests/fakes/office/Misbehaviour.h"
+
+#include <algorithm>
+
+namespace lectern::engine {
+
+namespace {
+
+constexpr int32_t kSlides = 3;
+
+int32_t whenSlide(int32_t slide) {
+    return slide >= 0 && slide < kSlides ? MODULE_OK : MODULE_BAD_ARGUMENT;
+}
+
+} // namespace
+
+struct SlideDocument::Private {
+    fake::Settings settings;
+    Surface surface;
+    int32_t rendered = -1;
+    int32_t length = 0; // of the text that was searched for
+
+    std::string setting(const std::string& key) const {
+        const auto found = settings.find(key);
+        return found == settings.end() ? std::string() : found->second;
+    }
+    bool lies() const { return settings.count("lie") > 0; }
+};
+
+SlideDocument::SlideDocument(std::unique_ptr<Private> d) : mPrivate(std::move(d)) {}
+SlideDocument::~SlideDocument() = default;
+
+int32_t SlideDocument::open(Office&, const std::string& path, const std::string& /*temporaryDirectory*/,
+                            std::unique_ptr<SlideDocument>& document) {
+    auto d = std::make_unique<Private>();
+    d->settings = fake::readSettings(path);
+    if (d->settings.empty()) {
+        return MODULE_DAMAGED;
+    }
+    if (d->settings.count("password") > 0) {
+        return MODULE_NEEDS_PASSWORD;
+    }
+    document.reset(new SlideDocument(std::move(d)));
+    return MODULE_OK;
+}
+
+int32_t SlideDocument::setSurface(uint32_t* pixels, int32_t width, int32_t height) {
+    mPrivate->surface = {pixels, width, height};
+    return MODULE_OK;
+}
+
+int32_t SlideDocument::render(int32_t slide) {
+    if (const int32_t result = fake::misbehave(mPrivate->setting("render")); result != MODULE_OK) {
+        return result;
+    }
+    if (const int32_t result = whenSlide(slide); result != MODULE_OK) {
+        return result;
+    }
+    const Surface& surface = mPrivate->surface;
+    for (int32_t y = 0; y < surface.height; y++) {
+        std::fill_n(surface.row(y), surface.width,
+                    0xFF000000U + static_cast<uint32_t>(slide) * 0x10000U + static_cast<uint32_t>(y));
+    }
+    mPrivate->rendered = slide;
+    return MODULE_OK;
+}
+
+int32_t SlideDocument::slideCount(int32_t& count) {
+    count = kSlides;
+    return MODULE_OK;
+}
+
+int32_t SlideDocument::dimensions(int32_t slide, int32_t& width, int32_t& height) {
+    width = mPrivate->lies() ? -720 : 720;
+    height = 540;
+    return whenSlide(slide);
+}
+
+int32_t SlideDocument::title(int32_t slide, std::u16string& text) {
+    text = u"Title ";
+    text += static_cast<char16_t>(u'0' + slide % 10);
+    return whenSlide(slide);
+}
+
+int32_t SlideDocument::note(int32_t slide, std::u16string& text) {
+    text = slide == 1 ? u"Remember" : u"";
+    return whenSlide(slide);
+}
+
+int32_t SlideDocument::outline(int32_t slide, std::vector<OutlineItem>& items) {
+    if (slide == 1) {
+        items = {{u"Title 1", 0}, {u"first", 1}, {u"", 2}};
+    }
+    return whenSlide(slide);
+}
+
+int32_t SlideDocument::setHighlightColour(const Colour&) {
+    return MODULE_OK;
+}
+
+int32_t SlideDocument::find(const std::u16string& text, int32_t first, int32_t last,
+                            std::vector<SlideHits>& slides) {
+    if (const int32_t result = fake::misbehave(mPrivate->setting("find")); result != MODULE_OK) {
+        return result;
+    }
+    if (first > last || whenSlide(first) != MODULE_OK || whenSlide(last) != MODULE_OK) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    mPrivate->length = static_cast<int32_t>(text.size());
+    if (!text.empty() && first == 0) {
+        slides.push_back({0, 1, 0});
+    }
+    if (!text.empty() && first <= 1 && last >= 1) {
+        slides.push_back({1, mPrivate->length, 1});
+    }
+    return MODULE_OK;
+}
+
+int32_t SlideDocument::foundRegions(std::vector<std::vector<PixelRect>>& regions) {
+    const int32_t hits = mPrivate->rendered == 0   ? std::min(mPrivate->length, 1)
+                         : mPrivate->rendered == 1 ? mPrivate->length
+                                                   : 0;
+    for (int32_t hit = 0; hit < hits; hit++) {
+        const PixelRect first{10 * hit, 20 * hit, 10, 20};
+        const PixelRect second{0, 20 * hit + 20, 5, 20};
+        regions.push_back(mPrivate->lies() ? std::vector<PixelRect>() : std::vector{first, second});
+    }
+    return MODULE_OK;
+}
+
+int32_t SlideDocument::foundNoteOffsets(int32_t slide, std::vector<int32_t>& offsets) {
+    if (slide == 1 && mPrivate->length > 0) {
+        offsets = {3};
+    }
+    return whenSlide(slide);
+}
+
+int32_t SlideDocument::stopFind() {
+    mPrivate->length = 0;
+    return MODULE_OK;
+}
+
+int32_t SlideDocument::information(DocumentInformation& information) {
+    const std::string name = mPrivate->setting("name");
+    information = {{name.begin(), name.end()}, u"Author", u"Description", 1000, 2000};
+    return MODULE_OK;
+}
+
+int32_t SlideDocument::releaseMemory() {
+    return MODULE_OK;
+}
+
+} // namespace lectern::engine

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tests/fakes/sheet/FakeSheetDocument.h"
+
+#include <algorithm>
+
+extern "C" FakeSheetControl* fake_sheet_control();
+
+namespace {
+
+const FakeSheet& sheetOf(int32_t sheet) {
+    return fake_sheet_control()->sheets[static_cast<size_t>(sheet)];
+}
+
+// Fills a buffer with what a function says of each of its pixels.
+template<typename Pixel>
+void paint(const FakeSheetDocument::Buffer& buffer, Pixel pixel) {
+    uint32_t* next = buffer.pixels;
+    for (int32_t y = 0; next != nullptr && y < buffer.height; ++y) {
+        for (int32_t x = 0; x < buffer.width; ++x) {
+            *next++ = pixel(x, y);
+        }
+    }
+}
+
+} // namespace
+
+bool FakeSheetDocument::has(int32_t sheet) {
+    return sheet >= 0 && sheet < static_cast<int32_t>(fake_sheet_control()->sheets.size());
+}
+
+void FakeSheetDocument::setDpi(int32_t dpi) {
+    mDpi = dpi;
+    fake_sheet_control()->dpi = dpi;
+}
+
+int32_t FakeSheetDocument::sheetWidth(int32_t sheet) const {
+    return saturateToInt(static_cast<long long>(sheetOf(sheet).columns) *
+                         scaled(fake_sheet_control()->cellWidth));
+}
+
+int32_t FakeSheetDocument::sheetHeight(int32_t sheet) const {
+    return saturateToInt(static_cast<long long>(sheetOf(sheet).rows) *
+                         scaled(fake_sheet_control()->cellHeight));
+}
+
+FakeSheetDocument::Cell FakeSheetDocument::cellAt(int32_t sheet, int32_t x, int32_t y) const {
+    const int32_t column = x / scaled(fake_sheet_control()->cellWidth);
+    const int32_t row = y / scaled(fake_sheet_control()->cellHeight);
+    return {std::clamp(column, 0, sheetOf(sheet).columns - 1), std::clamp(row, 0, sheetOf(sheet).rows - 1)};
+}
+
+module_rect FakeSheetDocument::bounds(const Cell& cell) const {
+    const int32_t width = scaled(fake_sheet_control()->cellWidth);
+    const int32_t height = scaled(fake_sheet_control()->cellHeight);
+    return {saturateToInt(static_cast<long long>(cell.column) * width),
+            saturateToInt(static_cast<long long>(cell.row) * height), width, height};
+}
+
+void FakeSheetDocument::render(int32_t sheet, int32_t x, int32_t y) {
+    ++fake_sheet_control()->renders;
+    const int32_t columnsLeft = sheetWidth(sheet) - x;
+    const int32_t rowsLeft = sheetHeight(sheet) - y;
+    paint(cells, [=](int32_t column, int32_t row) {
+        return column < columnsLeft && row < rowsLeft ? fakeCellPixel(x + column, y + row, sheet)
+                                                      : fakeBesideSheet;
+    });
+    paint(columnHeaders, [=](int32_t column, int32_t row) {
+        return column < columnsLeft ? fakeColumnHeaderPixel(x + column, row, sheet) : fakeBesideSheet;
+    });
+    paint(rowHeaders, [=](int32_t column, int32_t row) {
+        return row < rowsLeft ? fakeRowHeaderPixel(column, y + row, sheet) : fakeBesideSheet;
+    });
+}
+
+void FakeSheetDocument::fetchMarks() {
+    const FakeSheetControl& control = *fake_sheet_control();
+    marks.clear();
+    if (control.marks) {
+        marks = *control.marks;
+        return;
+    }
+    for (const auto& [cell, text] : control.comments) {
+        const module_rect r = bounds({cell.first, cell.second});
+        marks.push_back({0, r.x, r.y, r.width, r.height});
+    }
+}
+
+void FakeSheetDocument::fetchFound() {
+    found.clear();
+    if (!searched) {
+        return;
+    }
+    for (const stg_region& hit : fake_sheet_control()->hits) {
+        found.push_back({0, scaled(hit.x), scaled(hit.y), scaled(hit.width), scaled(hit.height)});
+    }
+}

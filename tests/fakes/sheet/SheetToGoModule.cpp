@@ -1,0 +1,376 @@
+// SPDX-License-Identifier: Apache-2.0
+// The exported functions of the fake sheet module: each notes the call, takes
+// its scripted result, and passes on to the document.
+#include "modules/SheetToGoModule.h"
+
+#include "tests/fakes/module/FakeModule.h"
+#include "tests/fakes/sheet/FakeSheetDocument.h"
+
+extern "C" LECTERN_MODULE_EXPORT FakeSheetControl* fake_sheet_control();
+
+FakeSheetControl* fake_sheet_control() {
+    static FakeSheetControl control; // goes with the module when it is unloaded
+    return &control;
+}
+
+namespace {
+
+FakeSheetControl& control() {
+    return *fake_sheet_control();
+}
+
+template<typename... Arguments>
+int32_t called(const char* name, Arguments... arguments) {
+    return fake::called(control(), name, arguments...);
+}
+
+FakeSheetDocument* document(void* doc) {
+    return static_cast<FakeSheetDocument*>(doc);
+}
+
+// Notes a call; its scripted failure, or that of a null document.
+template<typename... Arguments>
+int32_t entered(const void* doc, const char* name, Arguments... arguments) {
+    const int32_t code = called(name, arguments...);
+    return code == MODULE_OK && doc == nullptr ? static_cast<int32_t>(MODULE_BAD_ARGUMENT) : code;
+}
+
+// The same of a call for a sheet, which must be there.
+template<typename... Arguments>
+int32_t enteredSheet(const void* doc, const char* name, int32_t sheet, Arguments... arguments) {
+    const int32_t code = entered(doc, name, sheet, arguments...);
+    return code == MODULE_OK && !FakeSheetDocument::has(sheet) ? static_cast<int32_t>(MODULE_BAD_ARGUMENT)
+                                                               : code;
+}
+
+int32_t setBuffer(FakeSheetDocument::Buffer& buffer, uint32_t* pixels, int32_t width, int32_t height) {
+    if (pixels == nullptr || width < 1 || height < 1) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    buffer = {pixels, width, height};
+    return MODULE_OK;
+}
+
+int32_t giveArray(const std::vector<stg_region>& list, const stg_region** array, int32_t* count) {
+    *array = list.empty() || control().nullArrays ? nullptr : list.data();
+    *count = control().arrayCount.value_or(static_cast<int32_t>(list.size()));
+    return MODULE_OK;
+}
+
+int32_t giveProperty(void* doc, const char* function, const std::u16string& value, uint16_t* text,
+                     int32_t capacityBytes, int32_t* length) {
+    const int32_t code = entered(doc, function, capacityBytes);
+    return code != MODULE_OK ? code : fake::giveText(value, text, capacityBytes / 2, length);
+}
+
+int32_t giveTime(void* doc, const char* function, time_t value, time_t* time) {
+    const int32_t code = entered(doc, function);
+    if (code == MODULE_OK) {
+        *time = value;
+    }
+    return code;
+}
+
+} // namespace
+
+int32_t stg_open_file(const uint16_t* path, const uint16_t* password, const uint16_t* font_dir,
+                      const uint16_t* temp_dir, void** doc) {
+    *doc = nullptr;
+    if (const int32_t code = called(__func__, path, password, font_dir, temp_dir); code != MODULE_OK) {
+        return code;
+    }
+    if (const auto code = fake::numberInName(path, "code-")) {
+        return static_cast<int32_t>(*code);
+    }
+    *doc = new FakeSheetDocument;
+    ++control().openDocuments;
+    return MODULE_OK;
+}
+
+int32_t stg_close_file(void** doc) {
+    called(__func__);
+    if (*doc == nullptr) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    delete document(*doc);
+    *doc = nullptr;
+    --control().openDocuments;
+    return MODULE_OK;
+}
+
+int32_t stg_get_sheet_count(void* doc, int32_t* count) {
+    if (const int32_t code = entered(doc, __func__)) {
+        return code;
+    }
+    *count = static_cast<int32_t>(control().sheets.size());
+    return MODULE_OK;
+}
+
+int32_t stg_get_column_count(void* doc, int32_t sheet, int32_t* count) {
+    if (const int32_t code = enteredSheet(doc, __func__, sheet)) {
+        return code;
+    }
+    *count = control().sheets[static_cast<size_t>(sheet)].columns;
+    return MODULE_OK;
+}
+
+int32_t stg_get_sheet_dimensions(void* doc, int32_t sheet, int32_t* width, int32_t* height) {
+    if (const int32_t code = enteredSheet(doc, __func__, sheet)) {
+        return code;
+    }
+    *width = document(doc)->sheetWidth(sheet);
+    *height = document(doc)->sheetHeight(sheet);
+    return MODULE_OK;
+}
+
+int32_t stg_get_sheet_title(void* doc, int32_t sheet, uint16_t* text, int32_t capacity, int32_t* length) {
+    if (const int32_t code = enteredSheet(doc, __func__, sheet, capacity)) {
+        return code;
+    }
+    return fake::giveText(control().sheets[static_cast<size_t>(sheet)].title, text, capacity, length);
+}
+
+int32_t stg_set_dpi(void* doc, int32_t dpi) {
+    if (const int32_t code = entered(doc, __func__, dpi)) {
+        return code;
+    }
+    if (dpi < 1) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    document(doc)->setDpi(dpi);
+    return MODULE_OK;
+}
+
+int32_t stg_set_offscreen_buffer(void* doc, int32_t view, uint32_t* pixels, int32_t width, int32_t height) {
+    if (const int32_t code = entered(doc, __func__, view, width, height)) {
+        return code;
+    }
+    return setBuffer(document(doc)->cells, pixels, width, height);
+}
+
+int32_t stg_set_row_offscreen_buffer(void* doc, int32_t view, uint32_t* pixels, int32_t width,
+                                     int32_t height) {
+    if (const int32_t code = entered(doc, __func__, view, width, height)) {
+        return code;
+    }
+    return setBuffer(document(doc)->rowHeaders, pixels, width, height);
+}
+
+int32_t stg_set_column_offscreen_buffer(void* doc, int32_t view, uint32_t* pixels, int32_t width,
+                                        int32_t height) {
+    if (const int32_t code = entered(doc, __func__, view, width, height)) {
+        return code;
+    }
+    return setBuffer(document(doc)->columnHeaders, pixels, width, height);
+}
+
+int32_t stg_render_sheet(void* doc, int32_t sheet, int32_t x, int32_t y) {
+    if (const int32_t code = enteredSheet(doc, __func__, sheet, x, y)) {
+        return code;
+    }
+    document(doc)->render(sheet, x, y);
+    return MODULE_OK;
+}
+
+int32_t stg_cell_bounds(void* doc, int32_t sheet, int32_t x, int32_t y, int32_t* left, int32_t* top,
+                        int32_t* width, int32_t* height) {
+    if (const int32_t code = enteredSheet(doc, __func__, sheet, x, y)) {
+        return code;
+    }
+    const FakeSheetDocument& d = *document(doc);
+    module_rect r = {0, 0, d.scaled(control().rowHeaderWidth), d.scaled(control().columnHeaderHeight)};
+    if (x != -1 || y != -1) {
+        r = d.bounds(d.cellAt(sheet, x, y));
+    }
+    *left = r.x;
+    *top = r.y;
+    *width = r.width;
+    *height = r.height;
+    return MODULE_OK;
+}
+
+int32_t stg_get_cell_reference_at_location(void* doc, int32_t sheet, int32_t x, int32_t y, int32_t* column,
+                                           int32_t* row) {
+    if (const int32_t code = enteredSheet(doc, __func__, sheet, x, y)) {
+        return code;
+    }
+    const FakeSheetDocument::Cell cell = document(doc)->cellAt(sheet, x, y);
+    *column = cell.column;
+    *row = cell.row;
+    return MODULE_OK;
+}
+
+int32_t stg_get_comment_marks_rects(void* doc, int32_t sheet, const stg_region** marks, int32_t* count) {
+    if (const int32_t code = enteredSheet(doc, __func__, sheet)) {
+        return code;
+    }
+    document(doc)->fetchMarks();
+    return giveArray(document(doc)->marks, marks, count);
+}
+
+int32_t stg_get_comment(void* doc, int32_t sheet, int32_t x, int32_t y, uint16_t* text, int32_t capacity,
+                        int32_t first, int32_t* length) {
+    text[0] = 0;
+    *length = 0;
+    if (const int32_t code = enteredSheet(doc, __func__, sheet, x, y, capacity, first)) {
+        return code;
+    }
+    const FakeSheetDocument::Cell cell = document(doc)->cellAt(sheet, x, y);
+    const auto comment = control().comments.find({cell.column, cell.row});
+    if (comment == control().comments.end()) {
+        return MODULE_NOTHING_THERE;
+    }
+    return fake::giveText(comment->second, text, capacity, length);
+}
+
+int32_t stg_set_highlight_color(void* doc, const uint8_t rgb[3]) {
+    if (const int32_t code = entered(doc, __func__, rgb[0], rgb[1], rgb[2])) {
+        return code;
+    }
+    control().highlightColor.assign(rgb, rgb + 3);
+    return MODULE_OK;
+}
+
+int32_t stg_find(void* doc, const uint16_t* text, int32_t first_sheet, int32_t first_y, int32_t last_sheet,
+                 int32_t last_y) {
+    if (const int32_t code = entered(doc, __func__, text, first_sheet, first_y, last_sheet, last_y)) {
+        return code;
+    }
+    document(doc)->searched = true;
+    return MODULE_OK;
+}
+
+int32_t stg_get_found_regions(void* doc, int32_t* count, const stg_region** regions) {
+    *regions = nullptr;
+    *count = 0;
+    if (const int32_t code = entered(doc, __func__)) {
+        return code;
+    }
+    document(doc)->fetchFound();
+    return giveArray(document(doc)->found, regions, count);
+}
+
+int32_t stg_stop_find(void* doc) {
+    if (const int32_t code = entered(doc, __func__)) {
+        return code;
+    }
+    document(doc)->searched = false;
+    document(doc)->found.clear();
+    return MODULE_OK;
+}
+
+int32_t stg_copy_selection(void* doc, uint16_t* text, int32_t capacity, int32_t first, int32_t* length) {
+    if (const int32_t code = entered(doc, __func__, capacity, first)) {
+        return code;
+    }
+    return fake::giveText(control().selection, text, capacity, length);
+}
+
+int32_t stg_select_column(void* doc, int32_t sheet, int32_t first_x, int32_t last_x, int32_t* count) {
+    if (const int32_t code = enteredSheet(doc, __func__, sheet, first_x, last_x)) {
+        return code;
+    }
+    const FakeSheetDocument& d = *document(doc);
+    *count = d.cellAt(sheet, last_x, 0).column - d.cellAt(sheet, first_x, 0).column + 1;
+    return MODULE_OK;
+}
+
+int32_t stg_select_row(void* doc, int32_t sheet, int32_t first_y, int32_t last_y, int32_t* count) {
+    if (const int32_t code = enteredSheet(doc, __func__, sheet, first_y, last_y)) {
+        return code;
+    }
+    const FakeSheetDocument& d = *document(doc);
+    *count = d.cellAt(sheet, 0, last_y).row - d.cellAt(sheet, 0, first_y).row + 1;
+    return MODULE_OK;
+}
+
+// Commands.
+
+int32_t stg_clear_selection(void* doc) {
+    return entered(doc, __func__);
+}
+
+int32_t stg_release_memory(void* doc) {
+    return entered(doc, __func__);
+}
+
+int32_t stg_select_area(void* doc, int32_t sheet, int32_t left, int32_t top, int32_t width, int32_t height) {
+    return enteredSheet(doc, __func__, sheet, left, top, width, height);
+}
+
+int32_t stg_resize_column(void* doc, int32_t sheet, int32_t x, int32_t change) {
+    return enteredSheet(doc, __func__, sheet, x, change);
+}
+
+int32_t stg_resize_row(void* doc, int32_t sheet, int32_t y, int32_t change) {
+    return enteredSheet(doc, __func__, sheet, y, change);
+}
+
+int32_t stg_hide_columns(void* doc, int32_t sheet, int32_t first_x, int32_t last_x) {
+    return enteredSheet(doc, __func__, sheet, first_x, last_x);
+}
+
+int32_t stg_hide_rows(void* doc, int32_t sheet, int32_t first_y, int32_t last_y) {
+    return enteredSheet(doc, __func__, sheet, first_y, last_y);
+}
+
+int32_t stg_unhide_columns(void* doc, int32_t sheet, int32_t first_x, int32_t last_x) {
+    return enteredSheet(doc, __func__, sheet, first_x, last_x);
+}
+
+int32_t stg_unhide_rows(void* doc, int32_t sheet, int32_t first_y, int32_t last_y) {
+    return enteredSheet(doc, __func__, sheet, first_y, last_y);
+}
+
+int32_t stg_unhide_all_columns(void* doc, int32_t sheet) {
+    return enteredSheet(doc, __func__, sheet);
+}
+
+int32_t stg_unhide_all_rows(void* doc, int32_t sheet) {
+    return enteredSheet(doc, __func__, sheet);
+}
+
+int32_t stg_sort_ascending(void* doc, int32_t sheet, int32_t column) {
+    return enteredSheet(doc, __func__, sheet, column);
+}
+
+int32_t stg_sort_descending(void* doc, int32_t sheet, int32_t column) {
+    return enteredSheet(doc, __func__, sheet, column);
+}
+
+int32_t stg_get_document_name(void* doc, uint16_t* text, int32_t capacity_bytes, int32_t* length) {
+    return giveProperty(doc, __func__, control().name, text, capacity_bytes, length);
+}
+
+int32_t stg_get_document_author(void* doc, uint16_t* text, int32_t capacity_bytes, int32_t* length) {
+    return giveProperty(doc, __func__, control().author, text, capacity_bytes, length);
+}
+
+int32_t stg_get_document_description(void* doc, uint16_t* text, int32_t capacity_bytes, int32_t* length) {
+    return giveProperty(doc, __func__, control().description, text, capacity_bytes, length);
+}
+
+int32_t stg_get_document_creation_date(void* doc, time_t* time) {
+    return giveTime(doc, __func__, control().created, time);
+}
+
+int32_t stg_get_document_last_saved_date(void* doc, time_t* time) {
+    return giveTime(doc, __func__, control().lastSaved, time);
+}
+
+// The rest exists for the loader; a call shows in the list and fails.
+
+int32_t stg_autofit_column(void* /*doc*/, int32_t /*sheet*/, int32_t /*x*/) {
+    called(__func__);
+    return MODULE_NOT_SUPPORTED;
+}
+
+int32_t stg_get_version(uint16_t* /*text*/, int32_t /*capacity*/, int32_t* /*length*/) {
+    called(__func__);
+    return MODULE_NOT_SUPPORTED;
+}
+
+int32_t stg_select_cell(void* /*doc*/, int32_t /*sheet*/, int32_t /*x*/, int32_t /*y*/) {
+    called(__func__);
+    return MODULE_NOT_SUPPORTED;
+}

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "tests/unit/engine/SlideHost.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace lectern::test {
+
+using Pixels = std::vector<std::uint32_t>;
+using SlideRegion = std::vector<module_rect>;
+
+// A presentation opened with the real engine through the module. Every call is
+// expected to succeed.
+class SlideView {
+public:
+    explicit SlideView(const std::string& path);
+
+    void* get() const { return mSlideshow.get(); }
+    std::int32_t count() const;
+    std::string title(std::int32_t slide) const;
+    // Empty when the slide has none.
+    std::string note(std::int32_t slide) const;
+    Pixels render(std::int32_t slide, std::int32_t width, std::int32_t height) const;
+    // Of all slides.
+    std::vector<sstg_find_info> find(const std::string& text) const;
+    std::vector<SlideRegion> regions() const;
+
+private:
+    Slideshow mSlideshow;
+};
+
+// What read_slides.py tells of a slide.
+struct WrittenSlide {
+    std::string title;
+    std::string note;
+    std::string text; // paragraphs, separated by '|'
+};
+std::vector<WrittenSlide> readSlides(const std::string& path);
+
+std::string slideSample(const std::string& name);
+// Of make_long_pptx.py, made once for a run.
+std::string longSlides(int count, int shapes = 0);
+// A file with these bytes, which goes with the process.
+std::string slideFile(const std::string& name, const std::string& bytes);
+std::string bytesOf(const std::string& path);
+// Runs a line of Python with the samples' folder on its path; OUT in it is the
+// file whose path comes back.
+std::string madeSlides(const std::string& name, const std::string& python);
+
+} // namespace lectern::test

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: Apache-2.0
+// Slides as they are painted, against the pictures that the suite itself exports
+// of the same slides.
+#include "engine/office/Opening.h"
+#include "engine/office/slide/SlideDocument.h"
+#include "modules/ModuleResults.h"
+#include "tests/system/office/OfficeFixture.h"
+
+#include <com/sun/star/drawing/GraphicExportFilter.hpp>
+#include <com/sun/star/drawing/XDrawPagesSupplier.hpp>
+
+#include <cstdlib>
+#include <png.h>
+
+namespace lectern::engine::test {
+namespace {
+
+using css::uno::Any;
+using css::uno::Reference;
+using css::uno::Sequence;
+using css::uno::UNO_QUERY_THROW;
+using Pixels = std::vector<uint32_t>;
+
+constexpr int32_t width = 640;
+constexpr int32_t height = 360;
+
+Sequence<css::beans::PropertyValue> values(std::vector<std::pair<const char*, Any>> entries) {
+    std::vector<css::beans::PropertyValue> all(entries.size());
+    for (size_t i = 0; i < entries.size(); ++i) {
+        all[i].Name = OUString::createFromAscii(entries[i].first);
+        all[i].Value = entries[i].second;
+    }
+    return {all.data(), static_cast<sal_Int32>(all.size())};
+}
+
+Pixels readPng(const std::string& path) {
+    png_image image{};
+    image.version = PNG_IMAGE_VERSION;
+    EXPECT_NE(png_image_begin_read_from_file(&image, path.c_str()), 0) << path;
+    image.format = PNG_FORMAT_BGRA;
+    Pixels pixels(size_t{image.width} * image.height);
+    const png_color white{255, 255, 255};
+    EXPECT_NE(png_image_finish_read(&image, &white, pixels.data(), 0, nullptr), 0);
+    EXPECT_EQ(image.width, uint32_t{width});
+    EXPECT_EQ(image.height, uint32_t{height});
+    return pixels;
+}
+
+class SlidePictures : public OfficeTest {
+protected:
+    // Every slide as the suite exports it.
+    static std::vector<Pixels> exported(const std::string& path) {
+        LoadedModel loaded;
+        EXPECT_EQ(loadModel(office().d(), path, "", testFolder(), loaded), MODULE_OK);
+        const Reference<css::drawing::XDrawPagesSupplier> supplier(loaded.model, UNO_QUERY_THROW);
+        const auto filter = css::drawing::GraphicExportFilter::create(office().d().context);
+        const std::string file = testFolder() / "slide.png";
+        std::vector<Pixels> pictures;
+        for (sal_Int32 i = 0; i < supplier->getDrawPages()->getCount(); ++i) {
+            filter->setSourceDocument({supplier->getDrawPages()->getByIndex(i), UNO_QUERY_THROW});
+            const auto size = values({{"PixelWidth", Any(width)}, {"PixelHeight", Any(height)}});
+            EXPECT_TRUE(
+                filter->filter(values({{"URL", Any(OUString::createFromAscii(("file://" + file).c_str()))},
+                                       {"FilterName", Any(OUString("PNG"))},
+                                       {"FilterData", Any(size)}})));
+            pictures.push_back(readPng(file));
+        }
+        return pictures;
+    }
+};
+
+// Part of the pixels that differ by more than edges do that are smoothed in
+// another way, against their neighbourhood.
+double differing(const Pixels& a, const Pixels& b) {
+    constexpr int noticeable = 96;
+    const auto green = [](const Pixels& pixels, int32_t x, int32_t y) {
+        return static_cast<int>(pixels[static_cast<size_t>(y * width + x)] >> 8 & 0xFF);
+    };
+    int count = 0;
+    for (int32_t y = 1; y < height - 1; ++y) {
+        for (int32_t x = 1; x < width - 1; ++x) {
+            int least = 255;
+            for (int32_t dy = -1; dy <= 1; ++dy)
+                for (int32_t dx = -1; dx <= 1; ++dx)
+                    least = std::min(least, std::abs(green(a, x, y) - green(b, x + dx, y + dy)));
+            count += least > noticeable ? 1 : 0;
+        }
+    }
+    return static_cast<double>(count) / (width * height);
+}
+
+TEST_F(SlidePictures, AreThoseThatTheSuiteExports) {
+    const std::string path = std::string(SAMPLES_FOLDER) + "/tour.pptx";
+    const std::vector<Pixels> wanted = exported(path);
+    ASSERT_EQ(wanted.size(), 7U);
+    std::unique_ptr<SlideDocument> document;
+    ASSERT_EQ(SlideDocument::open(office(), path, testFolder(), document), MODULE_OK);
+    Pixels pixels(size_t{width} * size_t{height});
+    ASSERT_EQ(document->setSurface(pixels.data(), width, height), MODULE_OK);
+    for (int32_t slide = 0; slide < 6; ++slide) { // the last one's box goes away
+        ASSERT_EQ(document->render(slide), MODULE_OK);
+        EXPECT_LT(differing(pixels, wanted[static_cast<size_t>(slide)]), 0.001) << slide;
+        EXPECT_GT(differing(pixels, wanted[static_cast<size_t>(slide + 1) % 6]), 0.005)
+            << "another slide is another picture";
+    }
+    ASSERT_EQ(document->render(6), MODULE_OK);
+    EXPECT_GT(differing(wanted[6], pixels), 0.02) << "what animations take away is missing";
+}
+
+} // namespace
+} // namespace lectern::engine::test

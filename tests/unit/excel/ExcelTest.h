@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: Apache-2.0
+// Views on the fake module, each test with a queue and segments of its own.
+//
+// A new view has the zoom 2: cells are 80 x 40 pixels, row headers 60 wide,
+// column headers 30 high, and the sheet has 4000 x 8000 pixels.
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <limits>
+#include <memory>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "channel/ServiceQueue.h"
+#include "tests/unit/excel/TestExcel.h"
+#include "tests/unit/view/IpcTest.h"
+#include "tests/unit/view/Notifications.h"
+#include "tests/unit/view/TestClock.h"
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+inline bool operator==(const CpPoint& a, const CpPoint& b) {
+    return a.x == b.x && a.y == b.y;
+}
+inline std::ostream& operator<<(std::ostream& out, const CpPoint& p) {
+    return out << '(' << p.x << ", " << p.y << ')';
+}
+inline bool operator==(const CpRect& a, const CpRect& b) {
+    return a.Left() == b.Left() && a.Top() == b.Top() && a.Right() == b.Right() && a.Bottom() == b.Bottom();
+}
+inline std::ostream& operator<<(std::ostream& out, const CpRect& r) {
+    return out << '(' << r.Left() << ", " << r.Top() << ", " << r.Right() << ", " << r.Bottom() << ')';
+}
+
+// A screen as a paint left it.
+class Picture {
+public:
+    Picture(int width, int height)
+        : mWidth(width), mPixels(static_cast<size_t>(width) * static_cast<size_t>(height), 1) {}
+
+    uint32_t* pixels() { return mPixels.data(); }
+    size_t size() const { return mPixels.size(); }
+    uint32_t at(int column, int row) const {
+        return mPixels.at(static_cast<size_t>(row) * static_cast<size_t>(mWidth) +
+                          static_cast<size_t>(column));
+    }
+    bool operator==(const Picture& other) const = default;
+
+private:
+    int mWidth;
+    std::vector<uint32_t> mPixels;
+};
+
+class ExcelTest : public IpcTest {
+protected:
+    static constexpr int rowHeaderWidth = 60;
+    static constexpr int columnHeaderHeight = 30;
+
+    void SetUp() override {
+        IpcTest::SetUp();
+        fakeSheet().reset();
+        ASSERT_EQ(g_msgQueue.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId), 0);
+    }
+    void TearDown() override { g_msgQueue.Remove(); }
+
+    static std::unique_ptr<TestExcel> makeView(int width = 320, int height = 480, unsigned int store = 0) {
+        return std::make_unique<TestExcel>(width, height, 0, store);
+    }
+    // With the calls of the opening forgotten.
+    static std::unique_ptr<TestExcel> openView(int width = 320, int height = 480) {
+        auto view = makeView(width, height);
+        EXPECT_EQ(view->openFile("/d/book.xls", nullptr), 0);
+        fakeSheet().calls.clear();
+        return view;
+    }
+    // One whose file did not open.
+    static std::unique_ptr<TestExcel> failedView() {
+        auto view = makeView();
+        EXPECT_EQ(view->openFile("/d/code-8.xls", "x"), 8);
+        fakeSheet().calls.clear();
+        return view;
+    }
+    static std::vector<std::string> calls() { return fakeSheet().takeCalls(); }
+    static std::vector<int> notifications(const TestExcel& view) { return takeNotifications(view); }
+
+    static Picture paint(TestExcel& view) {
+        Picture picture(view.width(), view.height());
+        view.setDirty();
+        view.handlePaintRouter(picture.pixels());
+        return picture;
+    }
+    static Picture draw(TestExcel& view) {
+        Picture picture(view.width(), view.height());
+        view.drawScreen(picture.pixels());
+        return picture;
+    }
+    static CpRect window(const TestExcel& view) {
+        CpRect r;
+        view.getOffscreenDocBounds(r);
+        return r;
+    }
+
+    // A translucent colour over a pixel.
+    static uint32_t blended(uint32_t pixel, uint32_t colour) {
+        const uint32_t alpha = colour >> 24;
+        uint32_t result = pixel & 0xFF000000;
+        for (const int shift : {0, 8, 16}) {
+            const uint32_t old = pixel >> shift & 0xFF;
+            const uint32_t over = colour >> shift & 0xFF;
+            result |= ((old * (255 - alpha) >> 8) + (over * alpha >> 8)) << shift;
+        }
+        return result;
+    }
+    // What is seen where there is no sheet: document pixels.
+    static uint32_t ground(int x, int y) { return (x >> 4 & 1) == (y >> 4 & 1) ? 0xFFFEDCBA : 0xFFABCDEF; }
+    static constexpr uint32_t cornerBox = 0xFFFEFEFE; // white as the fill makes it
+
+    // A screen pixel of a view whose window covers it.
+    static uint32_t sheetPixel(const TestExcel& view, int column, int row) {
+        const int x = view.mScroll.x + column - rowHeaderWidth;
+        const int y = view.mScroll.y + row - columnHeaderHeight;
+        if (column < rowHeaderWidth && row < columnHeaderHeight) {
+            return cornerBox;
+        }
+        if (row < columnHeaderHeight) {
+            return fakeColumnHeaderPixel(x, row);
+        }
+        return column < rowHeaderWidth ? fakeRowHeaderPixel(column, y) : fakeCellPixel(x, y);
+    }
+    static void expectSheet(const TestExcel& view, const Picture& picture) {
+        for (int row = 0; row < view.height(); ++row) {
+            for (int column = 0; column < view.width(); ++column) {
+                ASSERT_EQ(picture.at(column, row), sheetPixel(view, column, row)) << column << ", " << row;
+            }
+        }
+    }
+};

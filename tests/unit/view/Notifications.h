@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <gtest/gtest.h>
+#include <sys/ipc.h>
+#include <sys/msg.h>
+
+#include <vector>
+
+#include "view/OfficeBase.h"
+
+// The ids of the records that wait for a view's client; they are gone then.
+inline std::vector<int> takeNotifications(const OfficeBase& view) {
+    const int queue = msgget(ftok("/tmp", DocAdapterMessageQueue::projectId), 0);
+    ServerClientMessage message;
+    std::vector<int> ids;
+    while (msgrcv(queue, &message, ServerClientMessage::textSize, static_cast<long>(view.dataStoreShmId()),
+                  IPC_NOWAIT) >= 0) {
+        EXPECT_EQ(message.value, 0);
+        EXPECT_EQ(message.extra, 0);
+        ids.push_back(message.id);
+    }
+    return ids;
+}

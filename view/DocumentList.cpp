@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "view/DocumentList.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "view/TextHelpers.h"
+
+namespace {
+
+constexpr size_t titleCapacity = 4096; // UTF-16 units
+constexpr size_t longestTitle = 2047;  // bytes
+constexpr size_t bytesForAPart = 128;
+
+// A text that ends where its budget of bytes does.
+class BoundedText {
+public:
+    explicit BoundedText(size_t budget) : mBudget(budget) {}
+
+    void append(std::string_view text) {
+        const std::string_view part = utf8Prefix(text, mBudget - mText.size());
+        mText += part;
+        if (part.size() < text.size()) {
+            mBudget = mText.size(); // nothing goes on behind a gap
+        }
+    }
+    const std::string& text() const { return mText; }
+
+private:
+    size_t mBudget;
+    std::string mText;
+};
+
+} // namespace
+
+std::string documentList(int count, int current, const TitleReader& readTitle) {
+    const int parts = std::max(0, count);
+    BoundedText list(bytesForAPart * static_cast<size_t>(parts));
+    for (int i = 0; i < parts; ++i) {
+        uint16_t title[titleCapacity] = {};
+        readTitle(i, title);
+        list.append(i == 0 ? "{\"list\": [" : ",");
+        list.append("{\"data\":\"");
+        list.append(utf8Prefix(utf8OfBuffer(title), longestTitle));
+        list.append("\", \"listitem\":\"");
+        list.append(std::to_string(i + 1));
+        list.append("\", \"status\":\"");
+        list.append(i == current ? "images/check.png" : "");
+        list.append("\"}");
+    }
+    list.append("]}");
+    return list.text();
+}

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: Apache-2.0
+// What all views hand to their rendering modules.
+#pragma once
+
+#include <cstdint>
+
+inline constexpr char fontDirectory[] = "/usr/share/fonts";
+inline constexpr char temporaryDirectory[] = "/tmp";
+
+inline constexpr double dotsPerInch = 72.0; // at a zoom of 1
+
+// The colour of what a search has found: red, green, blue.
+inline constexpr uint8_t foundColour[3] = {128, 192, 255};
