@@ -55,6 +55,16 @@ std::vector<Table> tables(const std::string& text) {
     return found;
 }
 
+Table table(const std::string& path, const std::string& heading, const std::string& firstColumn) {
+    for (const Table& found : tables(read(path))) {
+        if (found.heading == heading && found.columns.at(0) == firstColumn) {
+            return found;
+        }
+    }
+    ADD_FAILURE() << path << " has no table of " << firstColumn << " under " << heading;
+    return {};
+}
+
 std::vector<std::string> blocks(const std::string& text, const std::string& language) {
     std::vector<std::string> found;
     const std::string fence = "\n```" + language + "\n";

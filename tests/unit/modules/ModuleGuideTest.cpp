@@ -18,20 +18,12 @@
 
 namespace {
 
-markdown::Table tableOf(const std::string& heading, const std::string& column) {
-    for (const markdown::Table& table : markdown::tables(markdown::read("docs/modules.md"))) {
-        if (table.heading == heading && table.columns.at(0) == column) {
-            return table;
-        }
-    }
-    ADD_FAILURE() << "no such table: " << heading;
-    return {};
-}
+constexpr char kGuide[] = "docs/modules.md";
 
 // Sorted, so that one named twice shows.
 std::vector<std::string> functionsIn(const std::string& heading) {
     std::vector<std::string> names;
-    for (const markdown::Row& row : tableOf(heading, "Function").rows) {
+    for (const markdown::Row& row : markdown::table(kGuide, heading, "Function").rows) {
         for (const std::string& name : markdown::codes(row.at(0))) {
             names.push_back(name);
         }
@@ -55,7 +47,8 @@ TEST(ModuleGuide, NamesEveryFunctionOnce) {
 
 TEST(ModuleGuide, CountsTheFunctions) {
     std::map<std::string, size_t> counts;
-    for (const markdown::Row& row : tableOf("Bringing your own rendering module", "File").rows) {
+    for (const markdown::Row& row :
+         markdown::table(kGuide, "Bringing your own rendering module", "File").rows) {
         counts[markdown::codes(row.at(0)).at(0)] = std::stoul(row.at(2));
     }
     EXPECT_EQ(counts, (std::map<std::string, size_t>{
@@ -67,7 +60,7 @@ TEST(ModuleGuide, CountsTheFunctions) {
 
 TEST(ModuleGuide, TellsTheSizesOfTheRecords) {
     std::map<std::string, size_t> sizes;
-    for (const markdown::Row& row : tableOf("Rules", "Record").rows) {
+    for (const markdown::Row& row : markdown::table(kGuide, "Rules", "Record").rows) {
         sizes[markdown::codes(row.at(0)).at(0)] = std::stoul(row.at(sizeof(void*) == 8 ? 1 : 2));
     }
     EXPECT_EQ(sizes, (std::map<std::string, size_t>{{"module_rect", sizeof(module_rect)},
@@ -82,7 +75,7 @@ TEST(ModuleGuide, TellsTheSizesOfTheRecords) {
 
 TEST(ModuleGuide, ShowsTheModuleThatIsCompiled) {
     const std::string source = markdown::read("docs/examples/SlideshowToGoModule.c");
-    const std::vector<std::string> shown = markdown::blocks(markdown::read("docs/modules.md"), "c");
+    const std::vector<std::string> shown = markdown::blocks(markdown::read(kGuide), "c");
     EXPECT_EQ(shown, std::vector{source.substr(source.find("#include"))});
 }
 

@@ -11,23 +11,14 @@
 
 namespace {
 
-// The table of a section, by its first column.
-markdown::Table tableOf(const std::string& heading, const std::string& firstColumn) {
-    for (const markdown::Table& table : markdown::tables(markdown::read("docs/formats.md"))) {
-        if (table.heading == heading && table.columns.at(0) == firstColumn) {
-            return table;
-        }
-    }
-    ADD_FAILURE() << "no such table: " << heading;
-    return {};
-}
+constexpr char kGuide[] = "docs/formats.md";
 
 using Place = std::pair<size_t, size_t>; // offset and size
 using Fields = std::map<std::string, Place>;
 
 Fields fieldsOf(const std::string& heading) {
     Fields fields;
-    for (const markdown::Row& row : tableOf(heading, "Offset").rows) {
+    for (const markdown::Row& row : markdown::table(kGuide, heading, "Offset").rows) {
         fields[markdown::codes(row.at(2)).at(0)] = {std::stoul(row.at(0)), std::stoul(row.at(1))};
     }
     return fields;
@@ -35,7 +26,7 @@ Fields fieldsOf(const std::string& heading) {
 
 std::map<long, std::string> numbersOf(const std::string& heading, const std::string& column) {
     std::map<long, std::string> numbers;
-    for (const markdown::Row& row : tableOf(heading, column).rows) {
+    for (const markdown::Row& row : markdown::table(kGuide, heading, column).rows) {
         numbers[std::stol(row.at(0))] = markdown::codes(row.at(1)).at(0);
     }
     return numbers;
@@ -94,7 +85,7 @@ TEST(FormatsGuide, PlacesTheFieldsOfTheStateSegment) {
 }
 
 TEST(FormatsGuide, TellsTheSizes) {
-    const std::string guide = markdown::read("docs/formats.md");
+    const std::string guide = markdown::read(kGuide);
     const auto says = [&](const std::string& text) { return guide.find(text) != std::string::npos; };
     EXPECT_TRUE(
         says("To the service: a text of " + std::to_string(ClientServerMessage::textSize) + " bytes"));
