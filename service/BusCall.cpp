@@ -39,6 +39,29 @@ BusCall::~BusCall() {
     prvUpdateTimer();
 }
 
+bool BusCall::check(bool found, const char* missingText) {
+    if (!found) {
+        replyError(kParamFailed, missingText);
+    }
+    return found;
+}
+
+bool BusCall::require(const char* key, int& value, const char* missingText) {
+    return check(json_get_int(payload(), key, &value), missingText);
+}
+
+bool BusCall::require(const char* key, unsigned int& value, const char* missingText) {
+    return check(json_get_uint(payload(), key, &value), missingText);
+}
+
+bool BusCall::require(const char* key, bool& value, const char* missingText) {
+    return check(json_get_bool(payload(), key, &value), missingText);
+}
+
+bool BusCall::require(const char* key, const char*& value, const char* missingText) {
+    return check(json_get_string(payload(), key, &value), missingText);
+}
+
 void BusCall::reply(const std::string& text) {
     HubMessageReplyWrapper(mHandle, mMessage, text.c_str());
 }

@@ -35,12 +35,22 @@ public:
 
     json_object* payload() const { return mPayload.get(); }
 
+    // Reads a parameter that must be there; a missing one is answered with
+    // "errParamFailed" and missingText, and false.
+    bool require(const char* key, int& value, const char* missingText = kNoParameter);
+    bool require(const char* key, unsigned int& value, const char* missingText = kNoParameter);
+    bool require(const char* key, bool& value, const char* missingText = kNoParameter);
+    bool require(const char* key, const char*& value, const char* missingText = kNoParameter);
+
     void reply(const std::string& text);
     // {"returnValue": true}
     void replyDone();
     void replyError(const char* code, const char* text);
 
 private:
+    // Passes `found` on, after the answer that a parameter is missing.
+    bool check(bool found, const char* missingText);
+
     HubHandle* mHandle;
     HubMessage* mMessage;
     JsonObject mPayload;

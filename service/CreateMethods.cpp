@@ -10,7 +10,7 @@
 #include "channel/ServiceQueue.h"
 #include "service/BusCall.h"
 #include "service/DocumentKind.h"
-#include "service/DocumentMethod.h"
+#include "service/Parameters.h"
 #include "service/Registry.h"
 #include "view/JsonReply.h"
 
@@ -26,14 +26,12 @@ struct CreateRequest {
     const char* password = nullptr; // optional
 };
 
-// False when a required parameter is missing.
-bool readRequest(json_object* payload, CreateRequest& request) {
-    json_get_string(payload, "password", &request.password);
-    return json_get_string(payload, "filename", &request.fileName) &&
-           json_get_int(payload, "width", &request.width) &&
-           json_get_int(payload, "height", &request.height) &&
-           json_get_uint(payload, "shmid", &request.shmid) && json_get_int(payload, "size", &request.size) &&
-           json_get_uint(payload, "datastoreshmid", &request.dataStoreShmId);
+// False, and answered, when a required parameter is missing.
+bool readRequest(BusCall& call, CreateRequest& request) {
+    json_get_string(call.payload(), "password", &request.password);
+    return call.require("filename", request.fileName) && call.require("width", request.width) &&
+           call.require("height", request.height) && call.require("shmid", request.shmid) &&
+           call.require("size", request.size) && call.require("datastoreshmid", request.dataStoreShmId);
 }
 
 Documents makeRecord(const CreateRequest& request, FrameBuffer frame, std::unique_ptr<OfficeBase> view) {
@@ -98,8 +96,7 @@ void openDocument(BusCall& call, const CreateRequest& request, FrameBuffer frame
 bool create(HubHandle* handle, HubMessage* message, void* /*data*/) {
     BusCall call(handle, message);
     CreateRequest request;
-    if (!readRequest(call.payload(), request)) {
-        call.replyError(kParamFailed, kNoParameter);
+    if (!readRequest(call, request)) {
         return true;
     }
     const char* problem = nullptr;
@@ -124,9 +121,9 @@ bool create(HubHandle* handle, HubMessage* message, void* /*data*/) {
 
 bool destroy(HubHandle* handle, HubMessage* message, void* /*data*/) {
     BusCall call(handle, message);
-    int docid = 0;
-    if (readParameters(call, {{"docid", &docid}}, kNoDocid)) {
-        doDestroy(docid);
+    Docid parameters;
+    if (parameters.read(call)) {
+        doDestroy(parameters.docid);
     }
     return true;
 }

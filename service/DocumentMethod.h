@@ -1,28 +1,41 @@
 // SPDX-License-Identifier: Apache-2.0
 // The way that all bus methods of a document go: parameters first, before any
-// lock, then the registry's lock, then whether the document exists. What a
-// method then does with the view is all that it has to say itself.
+// lock, then the registry's lock, then whether the document exists and is of the
+// right kind, then what is done with it. The method tables say only in what the
+// methods differ, a row each:
+//
+//     {"jumpToSheet", method<Excel, SheetNumber, ReplyNumber<kCurrentSheet, &Excel::jumpToSheet>,
+//     Invalidate>, 0},
+//
+// that is the kind of view, the parameters, and the steps from there to the reply
+// in the order in which they are taken, with the registry held all the time.
 #pragma once
 
 #include <cstdio>
-#include <initializer_list>
+#include <functional>
+#include <tuple>
+#include <type_traits>
 
 #include "service/BusCall.h"
+#include "service/Parameters.h"
 #include "service/Registry.h"
+#include "view/JsonReply.h"
 
-// An int parameter that must be there, and where it goes.
-struct IntParameter {
-    const char* key;
-    int* value;
-};
+// What a caller hears whose document is not a View; nothing for methods of all kinds.
+template<typename View>
+inline constexpr const char* kWrongKind = "";
 
-// Reads parameters up to the first one missing, which is answered with
-// "errParamFailed" and this text; false then.
-bool readParameters(BusCall& call, std::initializer_list<IntParameter> parameters, const char* missingText);
+// Runs operation() with the view's own mutex held.
+template<typename Operation>
+auto withViewLocked(OfficeBase& view, Operation operation) {
+    MutexLock lock;
+    lock.lock(view.mutex());
+    return operation();
+}
 
 // Runs operation(view) with the registry held, or answers that there is no such
-// document. No answer when the registry cannot be locked.
-template<typename Operation>
+// document or that it is of another kind. No answer when the registry cannot be locked.
+template<typename View, typename Operation>
 void withDocument(BusCall& call, int docid, Operation operation) {
     const RegistryLock lock;
     if (!lock.held()) {
@@ -33,50 +46,75 @@ void withDocument(BusCall& call, int docid, Operation operation) {
         call.replyError(kDoesNotExist, "Document does not exist");
         return;
     }
-    operation(*gDocuments[index].view);
+    if (auto* view = dynamic_cast<View*>(gDocuments[index].view.get())) {
+        operation(*view);
+        return;
+    }
+    std::fprintf(stderr, "%s\n", kWrongKind<View>);
+    call.replyError(kWrongType, kWrongKind<View>);
 }
 
-// The same for methods of one kind of documents: operation(view) gets a View, and
-// others are answered that they are none.
-template<typename View, typename Operation>
-void withDocumentOf(BusCall& call, int docid, const char* wrongKindText, Operation operation) {
-    withDocument(call, docid, [&](OfficeBase& view) {
-        if (auto* ofKind = dynamic_cast<View*>(&view)) {
-            operation(*ofKind);
-        } else {
-            std::fprintf(stderr, "%s\n", wrongKindText);
-            call.replyError(kWrongType, wrongKindText);
-        }
-    });
-}
-
-// A whole handler for a method whose only parameter is "docid".
-template<typename Operation>
-bool documentMethod(HubHandle* handle, HubMessage* message, Operation operation) {
+// The handler of a method.
+template<typename View, typename Parameters, typename... Steps>
+bool method(HubHandle* handle, HubMessage* message, void* /*data*/) {
     BusCall call(handle, message);
-    int docid = 0;
-    if (readParameters(call, {{"docid", &docid}}, kNoDocid)) {
-        withDocument(call, docid, [&](OfficeBase& view) { operation(call, view); });
+    Parameters parameters;
+    if (parameters.read(call)) {
+        withDocument<View>(call, parameters.docid,
+                           [&](View& view) { (Steps::take(call, view, parameters.values()), ...); });
     }
     return true;
 }
 
-// The same for methods of one kind of documents; operation(call, view) gets a View.
-template<typename View, typename Operation>
-bool documentMethodOf(HubHandle* handle, HubMessage* message, const char* wrongKindText,
-                      Operation operation) {
-    BusCall call(handle, message);
-    int docid = 0;
-    if (readParameters(call, {{"docid", &docid}}, kNoDocid)) {
-        withDocumentOf<View>(call, docid, wrongKindText, [&](View& view) { operation(call, view); });
-    }
-    return true;
-}
+// The steps. An operation is a function of the view, or one that takes the view
+// first, and is called with the values of the parameters.
 
-// Runs operation() with the view's own mutex held.
-template<typename Operation>
-auto withViewLocked(OfficeBase& view, Operation operation) {
-    MutexLock lock;
-    lock.lock(view.mutex());
-    return operation();
-}
+template<auto operation>
+struct Call {
+    template<typename View, typename Values>
+    static auto take(BusCall& /*call*/, View& view, const Values& values) {
+        return std::apply([&](auto... value) { return std::invoke(operation, view, value...); }, values);
+    }
+};
+
+// Calls an operation with the view's own mutex held.
+template<auto operation>
+struct CallLocked {
+    template<typename View, typename Values>
+    static auto take(BusCall& call, View& view, const Values& values) {
+        return withViewLocked(view, [&] { return Call<operation>::take(call, view, values); });
+    }
+};
+
+// Replies the text that an operation makes.
+template<auto operation>
+struct ReplyText {
+    template<typename View, typename Values>
+    static void take(BusCall& call, View& view, const Values& values) {
+        call.reply(Call<operation>::take(call, view, values));
+    }
+};
+
+// Replies {key: the number that an operation gives}.
+template<const char* key, auto operation>
+struct ReplyNumber {
+    template<typename View, typename Values>
+    static void take(BusCall& call, View& view, const Values& values) {
+        call.reply(formatSimpleJsonObject(key, Call<operation>::take(call, view, values)));
+    }
+};
+
+struct ReplyDone {
+    template<typename Values>
+    static void take(BusCall& call, OfficeBase& /*view*/, const Values& /*values*/) {
+        call.replyDone();
+    }
+};
+
+// Asks the client for a paint.
+struct Invalidate {
+    template<typename Values>
+    static void take(BusCall& /*call*/, OfficeBase& view, const Values& /*values*/) {
+        view.InvalidateScreen();
+    }
+};

@@ -13,102 +13,30 @@ bool ping(HubHandle* /*handle*/, HubMessage* /*message*/, void* /*data*/) {
     return true;
 }
 
-// A handler for input of two numbers at a place: operation(call, view, x, y).
-template<typename Operation>
-bool pointMethod(HubHandle* handle, HubMessage* message, Operation operation) {
-    BusCall call(handle, message);
-    int docid = 0;
-    int x = 0;
-    int y = 0;
-    if (readParameters(call, {{"docid", &docid}, {"xCoord", &x}, {"yCoord", &y}}, kNoParameter)) {
-        withDocument(call, docid, [&](OfficeBase& view) { operation(call, view, x, y); });
+// Tells the client of a click that the view had no use for.
+void click(OfficeBase& view, int x, int y) {
+    if (!withViewLocked(view, [&] { return view.handleClick(x, y); })) {
+        view.SendDocMessage(_CLICK_UNUSED);
     }
-    return true;
-}
-
-using InputHandler = bool (OfficeBase::*)(int, int);
-
-// Input that changes nothing at once.
-bool penMethod(HubHandle* handle, HubMessage* message, InputHandler input) {
-    return pointMethod(handle, message, [input](BusCall& call, OfficeBase& view, int x, int y) {
-        (view.*input)(x, y);
-        call.replyDone();
-    });
-}
-
-bool keyMethod(HubHandle* handle, HubMessage* message, InputHandler input) {
-    BusCall call(handle, message);
-    int key = 0;
-    int modifiers = 0;
-    int docid = 0;
-    if (readParameters(call, {{"chr", &key}, {"modifiers", &modifiers}, {"docid", &docid}}, kNoParameter)) {
-        withDocument(call, docid, [&](OfficeBase& view) {
-            (view.*input)(key, modifiers);
-            call.replyDone();
-        });
-    }
-    return true;
-}
-
-bool handlePenUp(HubHandle* handle, HubMessage* message, void* /*data*/) {
-    return penMethod(handle, message, &OfficeBase::handlePenUp);
-}
-
-bool handlePenDown(HubHandle* handle, HubMessage* message, void* /*data*/) {
-    return penMethod(handle, message, &OfficeBase::handlePenDown);
-}
-
-bool handlePenMove(HubHandle* handle, HubMessage* message, void* /*data*/) {
-    return penMethod(handle, message, &OfficeBase::handlePenMove);
-}
-
-bool handleKeyUp(HubHandle* handle, HubMessage* message, void* /*data*/) {
-    return keyMethod(handle, message, &OfficeBase::handleKeyUp);
-}
-
-bool handleKeyDown(HubHandle* handle, HubMessage* message, void* /*data*/) {
-    return keyMethod(handle, message, &OfficeBase::handleKeyDown);
-}
-
-bool handleClick(HubHandle* handle, HubMessage* message, void* /*data*/) {
-    return pointMethod(handle, message, [](BusCall& call, OfficeBase& view, int x, int y) {
-        if (!withViewLocked(view, [&] { return view.handleClick(x, y); })) {
-            view.SendDocMessage(_CLICK_UNUSED);
-        }
-        view.InvalidateScreen();
-        call.replyDone();
-    });
-}
-
-bool handleFlick(HubHandle* handle, HubMessage* message, void* /*data*/) {
-    return pointMethod(handle, message, [](BusCall& call, OfficeBase& view, int vx, int vy) {
-        withViewLocked(view, [&] { return view.handleFlick(vx, vy); });
-        view.InvalidateScreen();
-        call.replyDone();
-    });
-}
-
-bool handleDoubleClick(HubHandle* handle, HubMessage* message, void* /*data*/) {
-    return pointMethod(handle, message, [](BusCall& call, OfficeBase& view, int x, int y) {
-        view.handleDoubleClick(x, y); // takes the view's mutex itself
-        view.InvalidateScreen();
-        call.replyDone();
-    });
 }
 
 } // namespace
 
+// Pens and keys change nothing at once, and a double click takes the view's
+// mutex itself.
+// clang-format off
 const HubMethod eventMethods[] = {
-    {"create", create, 0},
-    {"destroy", destroy, 0},
-    {"ping", ping, 0},
-    {"handlePenUp", handlePenUp, 0},
-    {"handlePenDown", handlePenDown, 0},
-    {"handlePenMove", handlePenMove, 0},
-    {"handleKeyUp", handleKeyUp, 0},
-    {"handleKeyDown", handleKeyDown, 0},
-    {"handleClick", handleClick, 0},
-    {"handleFlick", handleFlick, 0},
-    {"handleDoubleClick", handleDoubleClick, 0},
+    {"create",            create, 0},
+    {"destroy",           destroy, 0},
+    {"ping",              ping, 0},
+    {"handlePenUp",       method<OfficeBase, Point, Call<&OfficeBase::handlePenUp>, ReplyDone>, 0},
+    {"handlePenDown",     method<OfficeBase, Point, Call<&OfficeBase::handlePenDown>, ReplyDone>, 0},
+    {"handlePenMove",     method<OfficeBase, Point, Call<&OfficeBase::handlePenMove>, ReplyDone>, 0},
+    {"handleKeyUp",       method<OfficeBase, KeyPress, Call<&OfficeBase::handleKeyUp>, ReplyDone>, 0},
+    {"handleKeyDown",     method<OfficeBase, KeyPress, Call<&OfficeBase::handleKeyDown>, ReplyDone>, 0},
+    {"handleClick",       method<OfficeBase, Point, Call<click>, Invalidate, ReplyDone>, 0},
+    {"handleFlick",       method<OfficeBase, Point, CallLocked<&OfficeBase::handleFlick>, Invalidate, ReplyDone>, 0},
+    {"handleDoubleClick", method<OfficeBase, Point, Call<&OfficeBase::handleDoubleClick>, Invalidate, ReplyDone>, 0},
     {nullptr, nullptr, 0},
 };
+// clang-format on

@@ -12,8 +12,7 @@ bool wideMode(HubHandle* handle, HubMessage* message, void* /*data*/) {
     BusCall call(handle, message);
     int docid = 0;
     bool wide = false;
-    if (!json_get_int(call.payload(), "docid", &docid) || !json_get_bool(call.payload(), "wideMode", &wide)) {
-        call.replyError(kParamFailed, kNoParameter);
+    if (!call.require("docid", docid) || !call.require("wideMode", wide)) {
         return true;
     }
     ClientServerMessage wish(_WIDE_MODE, docid);

@@ -47,7 +47,6 @@ public:
     struct Options {
         std::string password;
         unsigned int dataStore = 0;
-        bool expectReply = true;
     };
     TestDocument(BusConnection& bus, Queue& queue, const std::string& path, int width, int height,
                  const Options& options);

@@ -148,6 +148,16 @@ TEST_F(CommonMethodsTest, ViewsMessagesAndRepliesHaveTheRegistryHeld) {
     view(docid).onCall = nullptr;
 }
 
+TEST_F(CommonMethodsTest, TheViewsMutexIsFreeAgainAtMessagesAndReplies) {
+    const int docid = addView();
+    systemCalls.onSend = [&](long) { EXPECT_FALSE(viewIsHeld(docid)); };
+    fakeHub.onReply = [&](const std::string&) { EXPECT_FALSE(viewIsHeld(docid)); };
+    for (const std::string& method : allMethods()) {
+        EXPECT_NE(call("/common", method, kComplete), std::nullopt);
+    }
+    EXPECT_EQ(waiting(), 5U);
+}
+
 TEST_F(CommonMethodsTest, DocidsConvertAsJsonDoes) {
     addView();
     addView();

@@ -88,6 +88,17 @@ TEST_F(EventMethodsTest, ViewsMessagesAndRepliesHaveTheRegistryHeld) {
     view(docid).onCall = nullptr;
 }
 
+TEST_F(EventMethodsTest, TheViewsMutexIsFreeAgainAtMessagesAndReplies) {
+    const int docid = addView();
+    view(docid).clickResult = false;
+    systemCalls.onSend = [&](long) { EXPECT_FALSE(viewIsHeld(docid)); };
+    fakeHub.onReply = [&](const std::string&) { EXPECT_FALSE(viewIsHeld(docid)); };
+    for (const std::string& method : kPointMethods) {
+        EXPECT_EQ(call("/events", method, kComplete), kDone);
+    }
+    EXPECT_EQ(waiting(), 4U);
+}
+
 TEST_F(EventMethodsTest, PingIsNotAnswered) {
     EXPECT_EQ(call("/events", "ping", "{}"), std::nullopt);
 }

@@ -63,6 +63,24 @@ TEST_F(ReplyTest, TheIdleClockIsSetBeforeThePayloadIsRead) {
     systemCalls.now = 0;
 }
 
+TEST_F(ReplyTest, TheRegistryIsHeldForErrorsOfDocumentsAloneAndFreeAfterAll) {
+    for (const auto& [category, methods] : fakeHub.categories) {
+        for (const HubMethod* method = methods; method->name != nullptr; ++method) {
+            fakeHub.onReply = [&](const std::string& text) {
+                EXPECT_EQ(registryIsHeld(), text == kNoDocument) << method->name << text;
+            };
+            call(category, method->name, "{}");
+            EXPECT_FALSE(registryIsHeld()) << method->name;
+            call(
+                category, method->name,
+                R"({"docid": 9, "search": "", "sheet": 0, "slide": 0, "mode": "", "column": "", "xCoord": 0,)"
+                R"( "yCoord": 0, "chr": 0, "modifiers": 0, "wideMode": false})");
+            EXPECT_FALSE(registryIsHeld()) << method->name;
+        }
+    }
+    fakeHub.onReply = nullptr;
+}
+
 TEST_F(ReplyTest, TheIdleClockIsSetWhenACallBeginsAndWhenItEnds) {
     const int docid = addView();
     systemCalls.now = 1000;

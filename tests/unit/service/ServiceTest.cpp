@@ -83,12 +83,16 @@ std::vector<std::string> ServiceTest::traceOf(const std::string& category, const
     return trace;
 }
 
-bool ServiceTest::registryIsHeld() {
-    if (pthread_mutex_trylock(&gDocumentsMutex) == EBUSY) {
+bool ServiceTest::isHeld(pthread_mutex_t* mutex) {
+    if (pthread_mutex_trylock(mutex) == EBUSY) {
         return true;
     }
-    pthread_mutex_unlock(&gDocumentsMutex);
+    pthread_mutex_unlock(mutex);
     return false;
+}
+
+bool ServiceTest::registryIsHeld() {
+    return isHeld(&gDocumentsMutex);
 }
 
 int ServiceTest::segments() {

@@ -55,11 +55,14 @@ protected:
     static int segments();
     // Asked by its holder too.
     static bool registryIsHeld();
+    // The same of a recording view's own mutex.
+    bool viewIsHeld(int docid) { return isHeld(view(docid).mutex()); }
 
     std::vector<std::string> trace;
     int segmentsBefore = 0;
 
 private:
+    static bool isHeld(pthread_mutex_t* mutex);
     static size_t index(int docid) { return static_cast<size_t>(docid); }
 
     std::vector<std::unique_ptr<std::vector<unsigned int>>> frames;

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: Apache-2.0
+// The parameters of the methods of a document. Each list knows the order in which
+// its members are read, what the answer to a missing one says, and what of them
+// goes to the view: values() is what an operation is called with.
+#pragma once
+
+#include <cstring>
+#include <tuple>
+
+#include "service/BusCall.h"
+
+struct Docid {
+    int docid = 0;
+
+    bool read(BusCall& call) { return call.require("docid", docid, kNoDocid); }
+    std::tuple<> values() const { return {}; }
+};
+
+// Two numbers of a touch: a place, or the speeds of a flick.
+struct Point {
+    int docid = 0;
+    int x = 0;
+    int y = 0;
+
+    bool read(BusCall& call) {
+        return call.require("docid", docid) && call.require("xCoord", x) && call.require("yCoord", y);
+    }
+    std::tuple<int, int> values() const { return {x, y}; }
+};
+
+struct KeyPress {
+    int docid = 0;
+    int key = 0;
+    int modifiers = 0;
+
+    bool read(BusCall& call) {
+        return call.require("chr", key) && call.require("modifiers", modifiers) &&
+               call.require("docid", docid);
+    }
+    std::tuple<int, int> values() const { return {key, modifiers}; }
+};
+
+struct SearchText {
+    int docid = 0;
+    const char* text = nullptr;
+
+    bool read(BusCall& call) {
+        return call.require("docid", docid, kNoDocid) &&
+               call.require("search", text, "failed to get search query");
+    }
+    std::tuple<const char*> values() const { return {text}; }
+};
+
+// Where a copy goes. The key is what clients have always sent the path under.
+struct CopyTarget {
+    int docid = 0;
+    const char* path = nullptr;
+
+    bool read(BusCall& call) { return call.require("docid", docid) && call.require("column", path); }
+    std::tuple<const char*> values() const { return {path}; }
+};
+
+struct SheetNumber {
+    int docid = 0;
+    int sheet = 0;
+
+    bool read(BusCall& call) { return call.require("docid", docid) && call.require("sheet", sheet); }
+    std::tuple<int> values() const { return {sheet}; }
+};
+
+// Only "on" switches something on.
+struct Mode {
+    int docid = 0;
+    const char* mode = nullptr;
+
+    bool read(BusCall& call) { return call.require("docid", docid) && call.require("mode", mode); }
+    std::tuple<bool> values() const { return {std::strcmp(mode, "on") == 0}; }
+};
+
+struct SlideNumber {
+    int docid = 0;
+    int slide = 0;
+
+    bool read(BusCall& call) {
+        return call.require("docid", docid, kNoDocid) &&
+               call.require("slide", slide, "failed to get slide number");
+    }
+    std::tuple<int> values() const { return {slide}; }
+};
+
+// Which way the device is turned; null when the caller does not say.
+struct Orientation {
+    int docid = 0;
+    const char* orientation = nullptr;
+
+    bool read(BusCall& call) {
+        json_get_string(call.payload(), "orientation", &orientation);
+        return call.require("docid", docid, kNoDocid);
+    }
+    std::tuple<const char*> values() const { return {orientation}; }
+};

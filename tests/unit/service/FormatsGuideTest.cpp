@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: Apache-2.0
+// docs/formats.md against the records as they are compiled.
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <map>
+
+#include "channel/DocAdapterCommon.h"
+#include "tests/guides/Markdown.h"
+#include "view/StateRecord.h"
+
+namespace {
+
+constexpr char kGuide[] = "docs/formats.md";
+
+using Place = std::pair<size_t, size_t>; // offset and size
+using Fields = std::map<std::string, Place>;
+
+Fields fieldsOf(const std::string& heading) {
+    Fields fields;
+    for (const markdown::Row& row : markdown::table(kGuide, heading, "Offset").rows) {
+        fields[markdown::codes(row.at(2)).at(0)] = {std::stoul(row.at(0)), std::stoul(row.at(1))};
+    }
+    return fields;
+}
+
+std::map<long, std::string> numbersOf(const std::string& heading, const std::string& column) {
+    std::map<long, std::string> numbers;
+    for (const markdown::Row& row : markdown::table(kGuide, heading, column).rows) {
+        numbers[std::stol(row.at(0))] = markdown::codes(row.at(1)).at(0);
+    }
+    return numbers;
+}
+
+// Where bytes of a record differ from another's, in its text.
+template<typename Record>
+Place changed(const Record& before, const Record& after) {
+    const auto* a = reinterpret_cast<const unsigned char*>(&before) + sizeof(long);
+    const auto* b = reinterpret_cast<const unsigned char*>(&after) + sizeof(long);
+    size_t first = 0;
+    while (first < Record::textSize && a[first] == b[first]) {
+        ++first;
+    }
+    size_t end = Record::textSize;
+    while (end > first && a[end - 1] == b[end - 1]) {
+        --end;
+    }
+    return {first, end - first};
+}
+
+// The place of a field in the text, which begins behind the type.
+#define IN_TEXT(record, field) Place(offsetof(record, field) - sizeof(long), sizeof(record::field))
+
+Place placeOfReal(bool second) {
+    ClientServerMessage zeros;
+    zeros.setReals(0, 0);
+    ClientServerMessage ones = zeros;
+    const double everyByte = -3.7206620809969886e-103; // AA in each
+    ones.setReals(second ? 0 : everyByte, second ? everyByte : 0);
+    return changed(zeros, ones);
+}
+
+TEST(FormatsGuide, PlacesTheFieldsOfARecordToTheService) {
+    EXPECT_EQ(fieldsOf("ClientServerMessage"), (Fields{{"docid", IN_TEXT(ClientServerMessage, docid)},
+                                                       {"x", IN_TEXT(ClientServerMessage, x)},
+                                                       {"y", IN_TEXT(ClientServerMessage, y)},
+                                                       {"tail", IN_TEXT(ClientServerMessage, tail)},
+                                                       {"firstReal", placeOfReal(false)},
+                                                       {"secondReal", placeOfReal(true)}}));
+}
+
+TEST(FormatsGuide, PlacesTheFieldsOfARecordToAClient) {
+    EXPECT_EQ(fieldsOf("ServerClientMessage"), (Fields{{"id", IN_TEXT(ServerClientMessage, id)},
+                                                       {"value", IN_TEXT(ServerClientMessage, value)},
+                                                       {"extra", IN_TEXT(ServerClientMessage, extra)}}));
+}
+
+TEST(FormatsGuide, PlacesTheFieldsOfTheStateSegment) {
+    EXPECT_EQ(fieldsOf("The state segment"),
+              (Fields{{"scrollX", {offsetof(StateRecord, scrollX), sizeof(StateRecord::scrollX)}},
+                      {"scrollY", {offsetof(StateRecord, scrollY), sizeof(StateRecord::scrollY)}},
+                      {"scale", {offsetof(StateRecord, scale), sizeof(StateRecord::scale)}},
+                      {"scaleLevel", {offsetof(StateRecord, scaleLevel), sizeof(StateRecord::scaleLevel)}},
+                      {"extra", {offsetof(StateRecord, extra), sizeof(StateRecord::extra)}}}));
+}
+
+TEST(FormatsGuide, TellsTheSizes) {
+    const std::string guide = markdown::read(kGuide);
+    const auto says = [&](const std::string& text) { return guide.find(text) != std::string::npos; };
+    EXPECT_TRUE(
+        says("To the service: a text of " + std::to_string(ClientServerMessage::textSize) + " bytes"));
+    EXPECT_TRUE(says("To a client: a text of " + std::to_string(ServerClientMessage::textSize) + " bytes"));
+    EXPECT_TRUE(says("\n" + std::to_string(sizeof(StateRecord)) + " bytes, made by the service"));
+    EXPECT_TRUE(says("ftok(\"/tmp\", " + std::to_string(int{DocAdapterMessageQueue::projectId}) + ")"));
+    EXPECT_TRUE(says("docid + " + std::to_string(DocAdapterMessageQueue::paintDoneBase) + "."));
+    EXPECT_TRUE(says("never below " + std::to_string(DocAdapterMessageQueue::highestClientType + 1)));
+}
+
+TEST(FormatsGuide, NumbersTheTypesToTheService) {
+    EXPECT_EQ(numbersOf("ClientServerMessage", "Type"), (std::map<long, std::string>{
+                                                            {_PAINT, "_PAINT"},
+                                                            {_KEY_DOWN, "_KEY_DOWN"},
+                                                            {_KEY_UP, "_KEY_UP"},
+                                                            {_PEN_DOWN, "_PEN_DOWN"},
+                                                            {_PEN_UP, "_PEN_UP"},
+                                                            {_PEN_MOVE, "_PEN_MOVE"},
+                                                            {_GESTURE_START, "_GESTURE_START"},
+                                                            {_GESTURE_CHANGE, "_GESTURE_CHANGE"},
+                                                            {_GESTURE_END, "_GESTURE_END"},
+                                                            {_WIDE_MODE, "_WIDE_MODE"},
+                                                        }));
+}
+
+TEST(FormatsGuide, NumbersTheIdsToAClient) {
+    EXPECT_EQ(numbersOf("ServerClientMessage", "Id"), (std::map<long, std::string>{
+                                                          {_INVALIDATED, "_INVALIDATED"},
+                                                          {_HYPERLINK, "_HYPERLINK"},
+                                                          {_COMMENT_TAPPED, "_COMMENT_TAPPED"},
+                                                          {_CLICK_UNUSED, "_CLICK_UNUSED"},
+                                                          {_COLUMN_SELECTED, "_COLUMN_SELECTED"},
+                                                          {_TRACKS_SELECTED, "_TRACKS_SELECTED"},
+                                                          {_TRACK_RESIZED, "_TRACK_RESIZED"},
+                                                          {_SLIDE_CHANGED, "_SLIDE_CHANGED"},
+                                                          {_OPENED, "_OPENED"},
+                                                          {_PAINT_DONE, "_PAINT_DONE"},
+                                                      }));
+}
+
+} // namespace
