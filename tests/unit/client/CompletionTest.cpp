@@ -147,7 +147,8 @@ protected:
 TEST_F(Completion, OffersDocumentsWhereOneIsWanted) {
     EXPECT_THAT(after("open ''"), UnorderedElementsAre("a.docx", "a b.xls"));
     EXPECT_THAT(after("info a.d"), UnorderedElementsAre("a.docx"));
-    EXPECT_THAT(after("open --zoom 2 -o c.png --wide ''"), UnorderedElementsAre("a.docx", "a b.xls"));
+    EXPECT_THAT(after("open --size = 320x480 --zoom 2 -o c.png --wide ''"),
+                UnorderedElementsAre("a.docx", "a b.xls"));
     EXPECT_THAT(after("open a.docx ''"), IsEmpty());
 }
 
