@@ -173,6 +173,18 @@ TEST_F(OpenCommand, SaysWhenThereAreFewerHitsAndShowsTheLast) {
     EXPECT_THAT(steps(), testing::ElementsAre("/common Search", "/common nextResult"));
 }
 
+TEST_F(OpenCommand, SaysWhenThereIsOneHitOrNone) {
+    mArguments.search = "boat";
+    mArguments.hit = 2;
+    mService.answer("/common Search", R"({ "resultcount": 1 })");
+    EXPECT_EQ(run(), statusDone);
+    EXPECT_EQ(complaints(), "lectern: 'boat' is found once\n");
+    mArguments.hit = 1;
+    mService.answer("/common Search", R"({ "resultcount": 0 })");
+    EXPECT_EQ(run(), statusDone);
+    EXPECT_EQ(complaints(), "lectern: 'boat' is not found\n");
+}
+
 TEST_F(OpenCommand, StepsThroughAPresentationWhichCountsNoHits) {
     mService.documentKind(3);
     mArguments.search = "boat";
