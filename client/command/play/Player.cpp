@@ -44,7 +44,7 @@ Failure Player::waitUntil(Time due) {
             return failure;
         }
         const auto late = std::chrono::duration_cast<Time>(Clock::now() - mStart) - *mNextFrame;
-        *mNextFrame += mPeriod * std::max<Time::rep>(1, late / mPeriod);
+        *mNextFrame += mPeriod * (late / mPeriod + 1);
     }
     return pauseUntil(mStart + due, mLimits.stop) ? Failure() : interrupted;
 }
