@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // What the shell completes, --help shows and the manual page tells must be the
 // same commands and options.
+#include <glib.h>
 #include <gmock/gmock.h>
 
 #include <unistd.h>
@@ -9,15 +10,17 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <regex>
+#include <memory>
 #include <set>
 #include <sstream>
 
+#include "client/GLibHolder.h"
 #include "client/command/Subcommands.h"
 #include "client/command/play/Instructions.h"
 
 namespace {
 
+using lectern::GLibHolder;
 using testing::Contains;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
@@ -30,13 +33,18 @@ std::string contents(const std::string& path) {
     return text.str();
 }
 
-// Each place where the expression's first group matches.
+// The first group of each match of a Perl-like expression.
 Names matches(const std::string& text, const char* expression) {
-    const std::regex pattern(expression, std::regex::ECMAScript | std::regex::multiline);
+    const std::unique_ptr<GRegex, decltype(&g_regex_unref)> pattern(
+        g_regex_new(expression, G_REGEX_MULTILINE, G_REGEX_MATCH_DEFAULT, nullptr), g_regex_unref);
+    GMatchInfo* match = nullptr;
+    g_regex_match(pattern.get(), text.c_str(), G_REGEX_MATCH_DEFAULT, &match);
     Names found;
-    for (std::sregex_iterator at(text.begin(), text.end(), pattern); at != std::sregex_iterator(); ++at) {
-        found.insert((*at)[1].str());
+    for (; g_match_info_matches(match) != FALSE; g_match_info_next(match, nullptr)) {
+        const GLibHolder<char> group(g_match_info_fetch(match, 1));
+        found.insert(group.get());
     }
+    g_match_info_unref(match);
     return found;
 }
 
@@ -52,7 +60,10 @@ Names optionsInHelp(const std::string& help) {
 
 // The manual page's section of a sub-command, with plain hyphens.
 std::string sectionOf(const std::string& subcommand) {
-    const std::string page = std::regex_replace(contents("/docs/man/lectern.1"), std::regex(R"(\\-)"), "-");
+    std::string page = contents("/docs/man/lectern.1");
+    for (size_t at = page.find("\\-"); at != std::string::npos; at = page.find("\\-", at)) {
+        page.erase(at, 1);
+    }
     const size_t start = page.find(".SS lectern " + subcommand + "\n");
     return start == std::string::npos ? "" : page.substr(start, page.find("\n.S", start) - start);
 }
