@@ -57,7 +57,7 @@ std::optional<Misuse> readSize(const TextOption& text, int& width, int& height) 
 
 std::optional<Misuse> readNumber(const TextOption& text, const char* what, int& number) {
     std::optional<int> read = number;
-    const std::optional<Misuse> misuse = readNumber(text, what, read);
+    std::optional<Misuse> misuse = readNumber(text, what, read);
     number = *read;
     return misuse;
 }

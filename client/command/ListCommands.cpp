@@ -17,7 +17,7 @@ using ListCall = Result<std::string> (*)(const Bus&, int docid, const CallLimits
 
 // Says so when the service's list ends before the document.
 Failure printListing(const PartList& list, const char* what) {
-    if (const Failure failure = print(partListing(list))) {
+    if (Failure failure = print(partListing(list))) {
         return failure;
     }
     if (const auto listed = static_cast<int>(list.parts.size()); listed < list.count) {

@@ -29,7 +29,7 @@ Failure printNote(const std::string& reply, const NoteArguments& arguments) {
 
 int runNote(const NoteArguments& arguments, Interrupt& interrupt) {
     const auto work = [&](Document& document, const CallLimits& limits) -> Failure {
-        if (const Failure failure = goToSlide(document, arguments.slide, limits)) {
+        if (Failure failure = goToSlide(document, arguments.slide, limits)) {
             return failure;
         }
         const Result<std::string> note = ppt::getSlideNote(document.bus(), document.docid(), limits);

@@ -34,7 +34,7 @@ Failure goToWhereToLook(Document& document, const SearchArguments& arguments, co
 
 int runSearch(const SearchArguments& arguments, Interrupt& interrupt) {
     const auto work = [&](Document& document, const CallLimits& limits) -> Failure {
-        if (const Failure failure = goToWhereToLook(document, arguments, limits)) {
+        if (Failure failure = goToWhereToLook(document, arguments, limits)) {
             return failure;
         }
         const Result<std::string> reply = document.bus().call(
