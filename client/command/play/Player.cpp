@@ -35,7 +35,7 @@ Failure Player::play(const Script& script) {
 }
 
 Failure Player::waitUntil(Time due) {
-    const Failure interrupted = Error{Error::Kind::cancelled, "interrupted", 0, {}};
+    Failure interrupted = Error{Error::Kind::cancelled, "interrupted", 0, {}};
     while (mNextFrame && *mNextFrame <= due) {
         if (!pauseUntil(mStart + *mNextFrame, mLimits.stop)) {
             return interrupted;
