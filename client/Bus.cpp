@@ -121,8 +121,10 @@ Result<std::string> Bus::call(const char* category, const char* method, const st
     g_variant_get(reply.get(), "(&s)", &text);
     const auto members = JsonMembers::parse(text);
     if (members && members->has("errorCode")) {
-        return refusalError(members->string("errorCode").value_or(""),
-                            members->string("errorText").value_or(""));
+        Error error = refusalError(members->string("errorCode").value_or(""),
+                                   members->string("errorText").value_or(""));
+        error.reply = text;
+        return error;
     }
     return std::string(text);
 }

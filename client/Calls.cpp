@@ -24,4 +24,10 @@ Result<JsonMembers> query(const Bus& bus, const char* category, const char* meth
     return required(JsonMembers::parse(*reply));
 }
 
+Result<int> queryInteger(const Bus& bus, const char* category, const char* method, const JsonMembers& payload,
+                         const char* key, const CallLimits& limits) {
+    const Result<JsonMembers> reply = query(bus, category, method, payload, limits);
+    return reply ? required(reply->integer(key)) : reply.error();
+}
+
 } // namespace lectern

@@ -21,6 +21,10 @@ Failure command(const Bus& bus, const char* category, const char* method, const 
 Result<JsonMembers> query(const Bus& bus, const char* category, const char* method,
                           const JsonMembers& payload, const CallLimits& limits);
 
+// A call whose reply is a JSON object with one whole number, under this key.
+Result<int> queryInteger(const Bus& bus, const char* category, const char* method, const JsonMembers& payload,
+                         const char* key, const CallLimits& limits);
+
 // A member that a reply must have.
 template<typename T>
 Result<T> required(std::optional<T> member) {

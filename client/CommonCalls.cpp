@@ -16,9 +16,8 @@ Result<std::string> getDocProperties(const Bus& bus, int docid, const CallLimits
 }
 
 Result<int> search(const Bus& bus, int docid, const std::string& text, const CallLimits& limits) {
-    const Result<JsonMembers> reply =
-        query(bus, category, "Search", documentPayload(docid).add("search", text), limits);
-    return reply ? required(reply->integer("resultcount")) : reply.error();
+    return queryInteger(bus, category, "Search", documentPayload(docid).add("search", text), "resultcount",
+                        limits);
 }
 
 Failure nextResult(const Bus& bus, int docid, const CallLimits& limits) {

@@ -16,4 +16,9 @@ Failure pinch(Document& document, double factor, const CallLimits& limits = {});
 // document goes: true when it got there.
 Result<bool> scrollTo(Document& document, Point target, const CallLimits& limits = {});
 
+// Goes to a sheet or slide, counted from 0. A sheet must exist: the service does
+// not check; a slide that does not is the nearest one.
+Failure showSheet(Document& document, int sheet, const CallLimits& limits = {});
+Failure showSlide(Document& document, int slide, const CallLimits& limits = {});
+
 } // namespace lectern

@@ -25,6 +25,7 @@ struct Error {
     std::string text; // a plain sentence, without a full stop at its end
     int code = 0;
     std::string name;
+    std::string reply = {}; // the service's own text, when it refused
 };
 
 // A value or the error that stands in its place.

@@ -13,13 +13,16 @@ constexpr int stallsAtEdge = 2;
 // Far beyond any document; ends a plan against a view that does not obey.
 constexpr int mostDrags = 100'000;
 
-// One axis of a drag that scrolls by `distance`, or as much of it as fits.
+// One axis of a drag that scrolls by `distance`, or by the part of the longest
+// that `divisor` leaves. No finger starts in the view's first third: there may
+// be headers, which are dragged for other ends.
 struct Stroke {
-    Stroke(long distance, int extent) {
-        const long longest = std::max(extent - 1, 1);
-        const int length = static_cast<int>(std::clamp(distance, -longest, longest));
-        from = length > 0 ? extent - 1 : 0;
-        to = from - length; // the document follows the finger
+    Stroke(long distance, int extent, int divisor) {
+        const int first = distance >= 0 ? extent - 1 : extent / 3;
+        const long longest = distance >= 0 ? first : extent - 1 - first;
+        const long most = std::max(longest / divisor, 1L);
+        from = first;
+        to = from - static_cast<int>(std::clamp(distance, -most, most)); // the document follows the finger
     }
     int from;
     int to;
@@ -45,14 +48,12 @@ std::optional<Drag> ScrollPlan::next(Point position) {
         return std::nullopt;
     }
     const int divisor = mStalls + 1;
-    const int width = std::max(mWidth / divisor, 1);
-    const int height = std::max(mHeight / divisor, 1);
     long down = static_cast<long>(mTarget.y) - position.y;
     if (down == 0 && mTarget.y == 0 && !mStartFound) {
-        down = -height;
+        down = -mHeight;
     }
-    const Stroke horizontal(static_cast<long>(mTarget.x) - position.x, width);
-    const Stroke vertical(down, height);
+    const Stroke horizontal(static_cast<long>(mTarget.x) - position.x, mWidth, divisor);
+    const Stroke vertical(down, mHeight, divisor);
     mBefore = position;
     ++mDrags;
     return Drag{{horizontal.from, vertical.from}, {horizontal.to, vertical.to}};

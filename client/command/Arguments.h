@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // The arguments of the lectern command's sub-commands, read and checked.
+// Sheets and slides are numbered from 1.
 #pragma once
 
 #include <optional>
@@ -16,23 +17,47 @@ struct OpenArguments {
     std::string output;
     int width = 480;
     int height = 800;
-    std::optional<std::string> password;
+    std::optional<std::string> password = {};
     double zoom = 1.0;
     Point scroll;
     bool wide = false;
+    std::optional<int> sheet;
+    std::optional<int> slide;
     std::optional<std::string> search;
     int hit = 1; // which hit to show, from 1; those after the last show the last
 };
 
-struct InfoArguments {
+// Of the sub-commands that print what the service says of a document.
+struct PrintArguments {
     std::string file;
-    std::optional<std::string> password;
+    std::optional<std::string> password = {};
+    bool json = false; // the service's own text
+};
+
+struct NoteArguments {
+    PrintArguments print;
+    int slide = 1;
 };
 
 struct SearchArguments {
-    std::string file;
+    PrintArguments print;
     std::string text;
-    std::optional<std::string> password;
+    std::optional<int> sheet = {}; // of a spreadsheet; the first if none
+};
+
+struct PlayArguments {
+    std::string script;
+    std::string file;
+    std::string folder; // for the frames
+    int width = 480;
+    int height = 800;
+    std::optional<std::string> password = {};
+};
+
+struct CallArguments {
+    std::string category; // with its slash
+    std::string method;
+    std::string payload; // a JSON object
 };
 
 struct ServeArguments {};
@@ -52,8 +77,13 @@ using Parsed = std::variant<Arguments, Help, Misuse>;
 using Words = std::vector<std::string>;
 
 Parsed<OpenArguments> parseOpen(const Words& words);
-Parsed<InfoArguments> parseInfo(const Words& words);
+Parsed<PrintArguments> parseInfo(const Words& words);
+Parsed<PrintArguments> parseSheets(const Words& words);
+Parsed<PrintArguments> parseSlides(const Words& words);
+Parsed<NoteArguments> parseNote(const Words& words);
 Parsed<SearchArguments> parseSearch(const Words& words);
+Parsed<PlayArguments> parsePlay(const Words& words);
+Parsed<CallArguments> parseCall(const Words& words);
 Parsed<ServeArguments> parseServe(const Words& words);
 
 } // namespace lectern

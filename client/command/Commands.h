@@ -13,9 +13,14 @@ inline constexpr int statusFailed = 1;
 inline constexpr int statusMisuse = 2;
 
 int runOpen(const OpenArguments& arguments, Interrupt& interrupt);
-int runInfo(const InfoArguments& arguments, Interrupt& interrupt);
+int runInfo(const PrintArguments& arguments, Interrupt& interrupt);
+int runSheets(const PrintArguments& arguments, Interrupt& interrupt);
+int runSlides(const PrintArguments& arguments, Interrupt& interrupt);
+int runNote(const NoteArguments& arguments, Interrupt& interrupt);
 int runSearch(const SearchArguments& arguments, Interrupt& interrupt);
+int runPlay(const PlayArguments& arguments, Interrupt& interrupt);
 int runServe(const ServeArguments& arguments, Interrupt& interrupt);
+int runCall(const CallArguments& arguments, Interrupt& interrupt);
 
 // Says on standard error what went wrong, unless the user knows because he has
 // interrupted it; the exit status for it.

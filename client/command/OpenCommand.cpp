@@ -6,19 +6,30 @@
 #include "client/CommonCalls.h"
 #include "client/Navigation.h"
 #include "client/command/Commands.h"
+#include "client/command/Moves.h"
 #include "client/command/OpenDocument.h"
 #include "client/command/OutputFile.h"
-#include "client/command/PngImage.h"
+#include "client/command/Picture.h"
 
 namespace lectern {
 
 namespace {
 
 Failure widen(Document& document) {
-    if (document.kind() != DocumentKind::wordProcessing) {
-        return Error{Error::Kind::argument, "--wide is for word-processing documents only", 0, {}};
+    const Failure failure = requireKind(document, DocumentKind::wordProcessing, "--wide");
+    return failure ? failure : document.wideMode(true);
+}
+
+Failure turnTo(Document& document, const OpenArguments& arguments, const CallLimits& limits) {
+    if (arguments.sheet) {
+        const Failure failure = requireKind(document, DocumentKind::spreadsheet, "--sheet");
+        return failure ? failure : goToSheet(document, *arguments.sheet, limits);
     }
-    return document.wideMode(true);
+    if (arguments.slide) {
+        const Failure failure = requireKind(document, DocumentKind::presentation, "--slide");
+        return failure ? failure : goToSlide(document, *arguments.slide, limits);
+    }
+    return std::nullopt;
 }
 
 // Says so when the view's limits have kept it from the zoom asked for.
@@ -35,15 +46,20 @@ Failure zoom(Document& document, double factor, const CallLimits& limits) {
     return std::nullopt;
 }
 
+// What is smaller than the view stands in its middle, its corner below 0.
+Point place(const Document& document) {
+    const ViewState state = document.state();
+    return {std::max(state.scrollX, 0), std::max(state.scrollY, 0)};
+}
+
 Failure scroll(Document& document, Point target, const CallLimits& limits) {
     const Result<bool> arrived = scrollTo(document, target, limits);
     if (!arrived) {
         return arrived.error();
     }
-    if (!*arrived) {
-        const ViewState state = document.state();
-        std::fprintf(stderr, "lectern: scrolled to %d,%d, which is as far as the document goes\n",
-                     state.scrollX, state.scrollY);
+    if (const Point reached = place(document); reached != target) {
+        std::fprintf(stderr, "lectern: scrolled to %d,%d, which is as far as the document goes\n", reached.x,
+                     reached.y);
     }
     return std::nullopt;
 }
@@ -57,7 +73,10 @@ Failure search(Document& document, const std::string& text, int hit, const CallL
     // Presentations show their hits and never count them.
     const bool counted = document.kind() != DocumentKind::presentation;
     if (counted && *hits < hit) {
-        std::fprintf(stderr, "lectern: '%s' is found %d times\n", text.c_str(), *hits);
+        const std::string often = *hits == 0   ? "not found"
+                                  : *hits == 1 ? "found once"
+                                               : "found " + std::to_string(*hits) + " times";
+        std::fprintf(stderr, "lectern: '%s' is %s\n", text.c_str(), often.c_str());
     }
     for (int at = 1; at < (counted ? std::min(hit, *hits) : hit); ++at) {
         if (Failure failure = common::nextResult(document.bus(), document.docid(), limits)) {
@@ -69,6 +88,9 @@ Failure search(Document& document, const std::string& text, int hit, const CallL
 
 Failure show(Document& document, const OpenArguments& arguments, const CallLimits& limits) {
     Failure failure = document.paint(limits);
+    if (!failure) {
+        failure = turnTo(document, arguments, limits);
+    }
     if (!failure && arguments.wide) {
         failure = widen(document);
     }
@@ -92,23 +114,14 @@ int runOpen(const OpenArguments& arguments, Interrupt& interrupt) {
     if (const Failure failure = checkOutput(arguments.output)) {
         return report(*failure);
     }
-    OpenOptions options;
-    options.width = arguments.width;
-    options.height = arguments.height;
-    options.password = arguments.password;
-    Result<OpenDocument> opened = OpenDocument::open(arguments.file, options, interrupt);
-    if (!opened) {
-        return report(opened.error());
-    }
-    Document& document = opened->document();
-    if (const Failure failure = show(document, arguments, {.stop = interrupt.token()})) {
-        return report(*failure);
-    }
-    const FrameBuffer& frame = document.frame();
-    const Failure failure = writeOutput(arguments.output, [&frame](std::FILE* stream) {
-        return writePng(stream, frame.pixels(), frame.width(), frame.height());
-    });
-    return failure ? report(*failure) : statusDone;
+    const auto work = [&](Document& document, const CallLimits& limits) -> Failure {
+        const Failure failure = show(document, arguments, limits);
+        return failure ? failure : writePicture(arguments.output, document.frame());
+    };
+    return withDocument(
+        arguments.file,
+        {.width = arguments.width, .height = arguments.height, .password = arguments.password}, interrupt,
+        work);
 }
 
 } // namespace lectern

@@ -3,25 +3,35 @@
 
 #include <filesystem>
 
+#include "client/Service.h"
+#include "client/command/Commands.h"
 #include "client/command/Progress.h"
 
 namespace lectern {
 
-Result<OpenDocument> OpenDocument::open(const std::string& path, OpenOptions options, Interrupt& interrupt) {
+namespace {
+
+Result<std::unique_ptr<Document>> open(const Bus& bus, const std::string& path, const OpenOptions& options) {
+    const Progress progress("opening " + std::filesystem::path(path).filename().string());
+    return Document::open(bus, path, options);
+}
+
+} // namespace
+
+int withDocument(const std::string& path, OpenOptions options, Interrupt& interrupt,
+                 const DocumentWork& work) {
     options.stop = interrupt.token();
-    Result<Service> service = Service::open({.isolate = true, .stop = options.stop});
+    const Result<Service> service = Service::open({.isolate = true, .stop = options.stop});
     if (!service) {
-        return service.error();
+        return report(service.error());
     }
     interrupt.watch();
-    const Progress progress("opening " + std::filesystem::path(path).filename().string());
-    OpenDocument opened(std::make_unique<Service>(std::move(*service)));
-    Result<std::unique_ptr<Document>> document = Document::open(opened.bus(), path, options);
+    const Result<std::unique_ptr<Document>> document = open(service->bus(), path, options);
     if (!document) {
-        return document.error();
+        return report(document.error());
     }
-    opened.mDocument = std::move(*document);
-    return opened;
+    const Failure failure = work(**document, {.stop = options.stop});
+    return failure ? report(*failure) : statusDone;
 }
 
 } // namespace lectern

@@ -1,28 +1,21 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <memory>
+#include <functional>
+#include <string>
 
 #include "client/Document.h"
-#include "client/Service.h"
 #include "client/command/Interrupt.h"
 
 namespace lectern {
 
-// A service and one document open in it, as the sub-commands need them.
-class OpenDocument {
-public:
-    // Shows progress, and starts the interrupt's watch. REQUIRES: one thread.
-    static Result<OpenDocument> open(const std::string& path, OpenOptions options, Interrupt& interrupt);
+// What a sub-command does with a document that is open, within these limits.
+using DocumentWork = std::function<Failure(Document& document, const CallLimits& limits)>;
 
-    const Bus& bus() const { return mService->bus(); }
-    Document& document() { return *mDocument; }
-
-private:
-    explicit OpenDocument(std::unique_ptr<Service> service) : mService(std::move(service)) {}
-
-    std::unique_ptr<Service> mService; // stays where it is: the document refers to its bus
-    std::unique_ptr<Document> mDocument;
-};
+// Opens a document in the session's service or a private one, does the work and
+// reports what goes wrong; the exit status. Shows progress while it opens, and
+// starts the interrupt's watch. REQUIRES: one thread.
+int withDocument(const std::string& path, OpenOptions options, Interrupt& interrupt,
+                 const DocumentWork& work);
 
 } // namespace lectern

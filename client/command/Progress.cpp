@@ -7,6 +7,8 @@
 #include <cstdio>
 #include <utility>
 
+#include "client/command/Pause.h"
+
 namespace lectern {
 
 namespace {
@@ -28,24 +30,19 @@ Progress::Progress(std::string activity)
 
 Progress::~Progress() = default;
 
-bool Progress::pause(const std::stop_token& stop, std::chrono::milliseconds time) {
-    std::unique_lock lock(mMutex);
-    return !mEnded.wait_for(lock, stop, time, [&stop] { return stop.stop_requested(); });
-}
-
 void Progress::count(const std::stop_token& stop) {
-    if (!pause(stop, quick)) {
+    if (!pauseFor(quick, stop)) {
         return;
     }
     int seconds = 0;
     do {
         std::fprintf(stderr, "\rlectern: %s ... %d s", mActivity.c_str(), seconds++);
-    } while (pause(stop, second));
+    } while (pauseFor(second, stop));
     std::fputs("\r\033[K", stderr);
 }
 
 void Progress::tellOnce(const std::stop_token& stop) {
-    if (pause(stop, quickUnseen)) {
+    if (pauseFor(quickUnseen, stop)) {
         std::fprintf(stderr, "lectern: %s ...\n", mActivity.c_str());
     }
 }

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <condition_variable>
-#include <mutex>
 #include <string>
 #include <thread>
 
@@ -22,13 +20,9 @@ public:
 private:
     void count(const std::stop_token& stop);
     void tellOnce(const std::stop_token& stop);
-    // False when it has been stopped.
-    bool pause(const std::stop_token& stop, std::chrono::milliseconds time);
 
     std::string mActivity;
-    std::mutex mMutex;
-    std::condition_variable_any mEnded;
-    std::jthread mThread; // last: it uses the others
+    std::jthread mThread; // last: it uses the other
 };
 
 } // namespace lectern

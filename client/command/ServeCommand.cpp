@@ -1,26 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <condition_variable>
 #include <cstdio>
-#include <mutex>
 
 #include "client/Bus.h"
-#include "client/Calls.h"
+#include "client/Json.h"
 #include "client/PrivateBus.h"
 #include "client/command/Commands.h"
+#include "client/command/Pause.h"
+#include "client/command/ServiceCall.h"
 
 namespace lectern {
 
 namespace {
-
-// "ping" is the one call that a service that works leaves unanswered.
-Failure startService(const Bus& bus, const CallLimits& limits) {
-    const Result<std::string> answer = bus.call("/events", "ping", JsonMembers().text(), limits);
-    const bool unanswered = !answer && answer.error().name == "org.freedesktop.DBus.Error.NoReply";
-    if (answer || (unanswered && bus.serviceRuns())) {
-        return std::nullopt;
-    }
-    return answer.error();
-}
 
 void explain(const std::string& address) {
     std::printf("%s\n", address.c_str());
@@ -36,15 +26,11 @@ void explain(const std::string& address) {
 
 Failure waitForEnd(const Bus& bus, const std::stop_token& stop) {
     constexpr std::chrono::milliseconds betweenChecks{1'000};
-    std::mutex mutex;
-    std::condition_variable_any never;
-    std::unique_lock lock(mutex);
-    while (!stop.stop_requested()) {
+    do {
         if (bus.isClosed()) {
             return Error{Error::Kind::bus, "the private bus has ended", 0, {}};
         }
-        never.wait_for(lock, stop, betweenChecks, [] { return false; });
-    }
+    } while (pauseFor(betweenChecks, stop));
     return std::nullopt;
 }
 
@@ -62,8 +48,10 @@ int runServe(const ServeArguments& /*none*/, Interrupt& interrupt) {
     if (!bus) {
         return report(bus.error());
     }
-    if (const Failure failure = startService(*bus, {.stop = interrupt.token()})) {
-        return report(*failure);
+    const auto started =
+        callService(*bus, "/events", "ping", JsonMembers().text(), {.stop = interrupt.token()});
+    if (!started) {
+        return report(started.error());
     }
     explain(privateBus->address());
     const Failure failure = waitForEnd(*bus, interrupt.token());

@@ -46,8 +46,12 @@ std::optional<std::pair<int, int>> parsePosition(std::string_view word) {
 }
 
 std::optional<int> parseCount(std::string_view word) {
-    const std::optional<int> count = parseNumber<int>(word);
-    return count && *count >= 1 ? count : std::nullopt;
+    return parseInteger(word, 1, INT32_MAX);
+}
+
+std::optional<int> parseInteger(std::string_view word, int least, int most) {
+    const std::optional<int> number = parseNumber<int>(word);
+    return number && *number >= least && *number <= most ? number : std::nullopt;
 }
 
 std::optional<double> parseFactor(std::string_view word) {

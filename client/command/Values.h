@@ -14,6 +14,8 @@ std::optional<std::pair<int, int>> parseSize(std::string_view word);
 std::optional<std::pair<int, int>> parsePosition(std::string_view word);
 // A whole number of at least 1.
 std::optional<int> parseCount(std::string_view word);
+// A whole number within these limits.
+std::optional<int> parseInteger(std::string_view word, int least, int most);
 // A finite number above 0.
 std::optional<double> parseFactor(std::string_view word);
 

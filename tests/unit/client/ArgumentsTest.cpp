@@ -55,7 +55,8 @@ TEST(OpenArguments, TakeAFileThatLooksLikeAnOptionAfterTwoDashes) {
 
 TEST(OpenArguments, MustNameOneFileAndAPicture) {
     EXPECT_THAT(misuse(parseOpen({"-o", "b.png"})), HasSubstr("no FILE"));
-    EXPECT_THAT(misuse(parseOpen({"a.doc", "b.doc", "-o", "b.png"})), HasSubstr("more than one"));
+    EXPECT_THAT(misuse(parseOpen({"a.doc", "b.doc", "-o", "b.png"})),
+                HasSubstr("'b.doc' is one word too many"));
     EXPECT_THAT(misuse(parseOpen({"a.doc"})), HasSubstr("-o OUT.png"));
 }
 
@@ -67,18 +68,39 @@ TEST(OpenArguments, RefuseWhatIsNoValueAndSayWhatIs) {
     EXPECT_NE(misuse(parseOpen({"a.doc", "-o"})), "");
 }
 
-TEST(HelpOption, ShowsEverySubcommandsOptions) {
+TEST(HelpOption, ShowsASubcommandsOptions) {
     EXPECT_THAT(std::get<Help>(parseOpen({"--help"})).text, HasSubstr("--zoom=F"));
     EXPECT_THAT(std::get<Help>(parseInfo({"-h"})).text, HasSubstr("lectern info"));
-    EXPECT_THAT(std::get<Help>(parseSearch({"--help"})).text, HasSubstr("lectern search"));
-    EXPECT_THAT(std::get<Help>(parseServe({"--help"})).text, HasSubstr("lectern serve"));
+    EXPECT_THAT(std::get<Help>(parseNote({"--help"})).text, HasSubstr("FILE --slide N"));
 }
 
-TEST(InfoArguments, AreAFileAndPerhapsAPassword) {
-    const auto parsed = parseInfo({"--password", "x", "a.doc"});
-    EXPECT_EQ(std::get<InfoArguments>(parsed).file, "a.doc");
-    EXPECT_EQ(std::get<InfoArguments>(parsed).password, "x");
-    EXPECT_THAT(misuse(parseInfo({})), HasSubstr("no FILE"));
+TEST(OpenArguments, ShowASheetOrASlideCountedFromOne) {
+    EXPECT_EQ(std::get<OpenArguments>(parseOpen({"a.xls", "-o", "b.png", "--sheet", "3"})).sheet, 3);
+    EXPECT_EQ(std::get<OpenArguments>(parseOpen({"a.ppt", "-o", "b.png", "--slide=12"})).slide, 12);
+    EXPECT_THAT(misuse(parseOpen({"a.xls", "-o", "b.png", "--sheet", "0"})), HasSubstr("'0' is no sheet"));
+    EXPECT_THAT(misuse(parseOpen({"a.ppt", "-o", "b.png", "--slide", "x"})), HasSubstr("'x' is no slide"));
+    EXPECT_THAT(misuse(parseOpen({"a.xls", "-o", "b.png", "--sheet", "1", "--slide", "1"})),
+                HasSubstr("--sheet or --slide"));
+}
+
+TEST(PrintArguments, AreAFileAndPerhapsAPasswordOrJson) {
+    for (const auto parse : {parseInfo, parseSheets, parseSlides}) {
+        const auto parsed = parse({"--password", "x", "a.doc", "--json"});
+        EXPECT_EQ(std::get<PrintArguments>(parsed).file, "a.doc");
+        EXPECT_EQ(std::get<PrintArguments>(parsed).password, "x");
+        EXPECT_TRUE(std::get<PrintArguments>(parsed).json);
+        EXPECT_FALSE(std::get<PrintArguments>(parse({"a.doc"})).json);
+        EXPECT_THAT(misuse(parse({})), HasSubstr("no FILE"));
+    }
+}
+
+TEST(NoteArguments, MustNameASlide) {
+    const auto parsed = parseNote({"a.ppt", "--slide", "2", "-j"});
+    EXPECT_EQ(std::get<NoteArguments>(parsed).print.file, "a.ppt");
+    EXPECT_TRUE(std::get<NoteArguments>(parsed).print.json);
+    EXPECT_EQ(std::get<NoteArguments>(parsed).slide, 2);
+    EXPECT_THAT(misuse(parseNote({"a.ppt"})), HasSubstr("--slide N"));
+    EXPECT_THAT(misuse(parseNote({"a.ppt", "--slide", "-1"})), HasSubstr("'-1' is no slide"));
 }
 
 TEST(OpenArguments, SearchForATextAndGoToOneOfItsHits) {
@@ -93,18 +115,53 @@ TEST(OpenArguments, SearchForATextAndGoToOneOfItsHits) {
                 HasSubstr("'0' is no hit"));
 }
 
-TEST(SearchArguments, AreAFileATextAndPerhapsAPassword) {
-    const auto parsed = parseSearch({"a.doc", "--password", "x", "two words"});
-    EXPECT_EQ(std::get<SearchArguments>(parsed).file, "a.doc");
+TEST(SearchArguments, AreAFileATextAndPerhapsASheet) {
+    const auto parsed = parseSearch({"a.doc", "--password", "x", "two words", "--sheet", "4"});
+    EXPECT_EQ(std::get<SearchArguments>(parsed).print.file, "a.doc");
     EXPECT_EQ(std::get<SearchArguments>(parsed).text, "two words");
-    EXPECT_EQ(std::get<SearchArguments>(parsed).password, "x");
-    EXPECT_THAT(misuse(parseSearch({"a.doc"})), HasSubstr("a TEXT to look for"));
-    EXPECT_THAT(misuse(parseSearch({"a.doc", "two", "words"})), HasSubstr("quote it"));
+    EXPECT_EQ(std::get<SearchArguments>(parsed).print.password, "x");
+    EXPECT_EQ(std::get<SearchArguments>(parsed).sheet, 4);
+    EXPECT_EQ(misuse(parseSearch({"a.doc"})), "no TEXT is given");
+    EXPECT_THAT(misuse(parseSearch({"a.doc", "two", "words"})), HasSubstr("quote what has blanks"));
+}
+
+TEST(PlayArguments, AreAScriptAFileAndAFolder) {
+    const auto parsed = parsePlay({"a.play", "b.doc", "-o", "frames", "--size", "320x480", "-p", "x"});
+    const auto& arguments = std::get<PlayArguments>(parsed);
+    EXPECT_EQ(arguments.script, "a.play");
+    EXPECT_EQ(arguments.file, "b.doc");
+    EXPECT_EQ(arguments.folder, "frames");
+    EXPECT_EQ(arguments.width, 320);
+    EXPECT_EQ(arguments.height, 480);
+    EXPECT_EQ(arguments.password, "x");
+    EXPECT_EQ(misuse(parsePlay({"a.play", "-o", "frames"})), "no FILE is given");
+    EXPECT_THAT(misuse(parsePlay({"a.play", "b.doc"})), HasSubstr("-o FOLDER"));
+}
+
+TEST(CallArguments, AreACategoryAMethodAndAJsonObject) {
+    const auto parsed = parseCall({"/common", "Search", R"({"docid": 0})"});
+    EXPECT_EQ(std::get<CallArguments>(parsed).category, "/common");
+    EXPECT_EQ(std::get<CallArguments>(parsed).method, "Search");
+    EXPECT_EQ(std::get<CallArguments>(parsed).payload, R"({"docid": 0})");
+    EXPECT_EQ(std::get<CallArguments>(parseCall({"ppt", "x", "{}"})).category, "/ppt");
+}
+
+TEST(CallArguments, MustBeSuchThatTheBusCanCarryThem) {
+    for (const char* category : {"", "/", "a b", "/a/", "//"}) {
+        EXPECT_THAT(misuse(parseCall({category, "x", "{}"})), HasSubstr("is no category")) << category;
+    }
+    for (const char* method : {"", "a.b", "1st", "a b"}) {
+        EXPECT_THAT(misuse(parseCall({"/common", method, "{}"})), HasSubstr("is no method")) << method;
+    }
+    for (const char* payload : {"", "{", "7", "[]"}) {
+        EXPECT_THAT(misuse(parseCall({"/common", "x", payload})), HasSubstr("is no JSON object")) << payload;
+    }
+    EXPECT_EQ(misuse(parseCall({"/common", "x"})), "no JSON is given");
 }
 
 TEST(ServeArguments, AreNone) {
     EXPECT_TRUE(std::holds_alternative<ServeArguments>(parseServe({})));
-    EXPECT_THAT(misuse(parseServe({"now"})), HasSubstr("no operands"));
+    EXPECT_THAT(misuse(parseServe({"now"})), HasSubstr("'now' is one word too many"));
 }
 
 TEST(Values, SizesAreTwoSidesWithinTheServicesLimits) {
@@ -126,6 +183,13 @@ TEST(Values, CountsAreWholeNumbersFromOne) {
     EXPECT_EQ(parseCount("2147483647"), 2147483647);
     for (const char* word : {"", "0", "-1", "1.5", "2147483648", "3x"}) {
         EXPECT_EQ(parseCount(word), std::nullopt) << word;
+    }
+}
+
+TEST(Values, IntegersStayWithinTheirLimits) {
+    EXPECT_EQ(parseInteger("-7", -7, 7), -7);
+    for (const char* word : {"", "-8", "8", "1.0", "0x1", " 1"}) {
+        EXPECT_EQ(parseInteger(word, -7, 7), std::nullopt) << word;
     }
 }
 

@@ -1,28 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <gtest/gtest.h>
-
 #include "client/CommonCalls.h"
 #include "client/EventCalls.h"
-#include "client/Json.h"
 #include "client/KeepAlive.h"
 #include "client/WordCalls.h"
-#include "tests/unit/client/FakeService.h"
+#include "tests/unit/client/CallsFixture.h"
 
 namespace {
 
 using namespace lectern;
 using namespace std::chrono_literals;
-
-class CallsTest : public testing::Test {
-protected:
-    CallsTest() : mBus(std::move(*Bus::connect(mService.address()))) {}
-
-    JsonMembers payload() { return std::move(*JsonMembers::parse(mService.calls().back().payload)); }
-    std::string place() { return mService.calls().back().place; }
-
-    FakeService mService;
-    Bus mBus;
-};
 
 TEST_F(CallsTest, CommonMethodsNameTheDocument) {
     using Method = Failure (*)(const Bus&, int, const CallLimits&);

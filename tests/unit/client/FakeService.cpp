@@ -49,6 +49,11 @@ void FakeService::answer(const std::string& place, std::optional<std::string> re
     mAnswers[place] = std::move(reply);
 }
 
+void FakeService::fail(const std::string& place, const std::string& error) {
+    const std::lock_guard lock(mMutex);
+    mFailures[place] = error;
+}
+
 std::vector<FakeService::Call> FakeService::calls() const {
     const std::lock_guard lock(mMutex);
     return mCalls;
@@ -82,13 +87,23 @@ void FakeService::handle(GDBusConnection* connection, GDBusMessage* message) {
     g_variant_get(g_dbus_message_get_body(message), "(&s)", &payload);
     const Call call{std::string(g_dbus_message_get_path(message)) + " " + g_dbus_message_get_member(message),
                     payload};
-    const std::optional<std::string> text = replyTo(call);
-    if (text) {
-        const GLibHolder<GDBusMessage> reply(g_dbus_message_new_method_reply(message));
+    GLibHolder<GDBusMessage> reply;
+    if (const auto error = failureOf(call)) {
+        reply.reset(g_dbus_message_new_method_error_literal(message, error->c_str(), "as told"));
+    } else if (const auto text = replyTo(call)) {
+        reply.reset(g_dbus_message_new_method_reply(message));
         g_dbus_message_set_body(reply.get(), g_variant_new("(s)", text->c_str()));
+    }
+    if (reply) {
         g_dbus_connection_send_message(connection, reply.get(), G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr,
                                        nullptr);
     }
+}
+
+std::optional<std::string> FakeService::failureOf(const Call& call) {
+    const std::lock_guard lock(mMutex);
+    const auto told = mFailures.find(call.place);
+    return told == mFailures.end() ? std::nullopt : std::optional(told->second);
 }
 
 std::optional<std::string> FakeService::replyTo(const Call& call) {

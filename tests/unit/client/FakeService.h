@@ -33,6 +33,8 @@ public:
     // What a method answers instead of {"returnValue": true}; nothing means
     // that it never answers.
     void answer(const std::string& place, std::optional<std::string> reply);
+    // Has a method fail with a D-Bus error of this name.
+    void fail(const std::string& place, const std::string& error);
     // What an open gives the client in its opened record; by default 0.
     void openResult(int code) { mOpenResult = code; }
     // Whether an open is followed by an opened record at all.
@@ -49,6 +51,7 @@ private:
     static GDBusMessage* filter(GDBusConnection* connection, GDBusMessage* message, gboolean incoming,
                                 void* self);
     void handle(GDBusConnection* connection, GDBusMessage* message);
+    std::optional<std::string> failureOf(const Call& call);
     std::optional<std::string> replyTo(const Call& call);
     std::string create(const std::string& payload);
 
@@ -58,6 +61,7 @@ private:
     mutable std::mutex mMutex;
     std::condition_variable mCalled;
     std::map<std::string, std::optional<std::string>> mAnswers;
+    std::map<std::string, std::string> mFailures;
     std::vector<Call> mCalls;
     std::unique_ptr<FakeView> mView;
     std::atomic<int> mOpenResult{0};

@@ -9,12 +9,16 @@ namespace {
 
 using namespace lectern;
 using testing::ElementsAre;
+using testing::HasSubstr;
 
 class NavigationTest : public testing::Test {
 protected:
-    NavigationTest()
-        : mBus(std::move(*Bus::connect(mService.address()))),
-          mDocument(std::move(*Document::open(mBus, "/a.doc", {.width = 48, .height = 80}))) {}
+    NavigationTest() : mBus(std::move(*Bus::connect(mService.address()))) { reopen(); }
+
+    void reopen() {
+        mDocument.reset();
+        mDocument = std::move(*Document::open(mBus, "/a", {.width = 48, .height = 80}));
+    }
 
     FakeService mService;
     Bus mBus;
@@ -55,6 +59,33 @@ TEST_F(NavigationTest, TellsThatTheDocumentEndsBeforeThePlace) {
     ASSERT_TRUE(arrived);
     EXPECT_FALSE(*arrived);
     EXPECT_EQ(mDocument->state().scrollY, 200);
+}
+
+TEST_F(NavigationTest, ADragOfASheetEndsInTheSlowestFlick) {
+    mService.documentKind(1);
+    reopen();
+    const auto arrived = scrollTo(*mDocument, {0, 30});
+    ASSERT_TRUE(arrived);
+    EXPECT_TRUE(*arrived);
+    EXPECT_THAT(mService.view().taken(), ElementsAre(1, 4, 6, 5, 1));
+    EXPECT_THAT(mService.waitForCall("/events handleFlick"), HasSubstr(R"("xCoord": 0, "yCoord": -1)"));
+}
+
+TEST_F(NavigationTest, ASheetIsShownAndMeasured) {
+    mService.answer("/excel jumpToSheet", R"({"cursheet": 2})");
+    ASSERT_FALSE(showSheet(*mDocument, 2));
+    EXPECT_THAT(mService.waitForCall("/excel jumpToSheet"), HasSubstr(R"("sheet": 2)"));
+    EXPECT_THAT(mService.waitForCall("/events handleFlick"), HasSubstr(R"("yCoord": -1)"));
+    EXPECT_THAT(mService.view().taken(), ElementsAre(5, 1));
+}
+
+TEST_F(NavigationTest, ASlideIsShown) {
+    mService.answer("/ppt jumpToSlide", R"({"slideNumber": 4})");
+    ASSERT_FALSE(showSlide(*mDocument, 4));
+    EXPECT_THAT(mService.waitForCall("/ppt jumpToSlide"), HasSubstr(R"("slide": 4)"));
+    EXPECT_THAT(mService.view().taken(), ElementsAre(1));
+    mService.answer("/ppt jumpToSlide", R"({"errorCode": "errWrongType", "errorText": "no"})");
+    EXPECT_TRUE(showSlide(*mDocument, 4));
 }
 
 TEST_F(NavigationTest, GivesUpWhenPaintsFail) {

@@ -5,34 +5,22 @@
 #include <unistd.h>
 
 #include <csignal>
-#include <cstdlib>
-#include <filesystem>
 #include <thread>
 
-#include "client/command/Commands.h"
-#include "tests/unit/client/FakeService.h"
+#include "tests/unit/client/CommandFixture.h"
 
 namespace {
 
 using namespace lectern;
 using testing::HasSubstr;
 
-// The sub-commands against a fake service on the session's bus.
-class OpenCommand : public testing::Test {
+class OpenCommand : public CommandTest {
 protected:
     OpenCommand() {
-        std::string pattern = testing::TempDir() + "lectern-open-XXXXXX";
-        mFolder = mkdtemp(pattern.data());
         mArguments.file = "/letter.docx";
         mArguments.output = mFolder / "out.png";
         mArguments.width = 48;
         mArguments.height = 80;
-        setenv("DBUS_SESSION_BUS_ADDRESS", mService.address().c_str(), 1);
-        testing::internal::CaptureStderr();
-    }
-    ~OpenCommand() override {
-        unsetenv("DBUS_SESSION_BUS_ADDRESS");
-        std::filesystem::remove_all(mFolder);
     }
 
     int run() {
@@ -49,10 +37,7 @@ protected:
         }
         return places;
     }
-    static std::string complaints() { return testing::internal::GetCapturedStderr(); }
 
-    FakeService mService;
-    std::filesystem::path mFolder;
     OpenArguments mArguments;
 };
 
@@ -115,6 +100,59 @@ TEST_F(OpenCommand, LaysOutWideOnlyWhatIsWordProcessing) {
     EXPECT_THAT(complaints(), HasSubstr("--wide is for word-processing documents only"));
 }
 
+TEST_F(OpenCommand, ShowsASheetBeforeItMovesTheView) {
+    mService.documentKind(1);
+    mService.answer(
+        "/excel getSheetList",
+        R"({"list": [{"data":"A", "listitem":"1", "status":""},{"data":"B", "listitem":"2", "status":""}]})");
+    mService.answer("/excel jumpToSheet", R"({"cursheet": 1})");
+    mArguments.sheet = 2;
+    mArguments.scroll = {0, 30};
+    EXPECT_EQ(run(), statusDone);
+    EXPECT_EQ(complaints(), "");
+    EXPECT_THAT(mService.waitForCall("/excel jumpToSheet"), HasSubstr(R"("sheet": 1)"));
+    EXPECT_EQ(mService.view().taken(),
+              (std::vector<long>{_PAINT, _PEN_UP, _PAINT, _PAINT, _PEN_DOWN, _PEN_MOVE, _PEN_UP, _PAINT}));
+}
+
+TEST_F(OpenCommand, ShowsASlide) {
+    mService.documentKind(3);
+    mService.answer("/ppt getSlideCount", R"({"slidecnt": 7})");
+    mService.answer("/ppt jumpToSlide", R"({"slideNumber": 6})");
+    mArguments.slide = 7;
+    EXPECT_EQ(run(), statusDone);
+    EXPECT_EQ(complaints(), "");
+    EXPECT_THAT(mService.waitForCall("/ppt jumpToSlide"), HasSubstr(R"("slide": 6)"));
+}
+
+TEST_F(OpenCommand, NamesTheRangeForASheetOrSlideThatIsNotThere) {
+    mService.documentKind(3);
+    mService.answer("/ppt getSlideCount", R"({"slidecnt": 7})");
+    mArguments.slide = 8;
+    EXPECT_EQ(run(), statusMisuse);
+    EXPECT_EQ(complaints(), "lectern: there is no slide 8; give a number from 1 to 7\n");
+    EXPECT_FALSE(std::filesystem::exists(mArguments.output));
+}
+
+TEST_F(OpenCommand, KnowsTheRangeOfSheetsWhoseListIsCut) {
+    mService.documentKind(1);
+    const std::string title(200, 'x');
+    mService.answer("/excel getSheetList", ("{\"list\": [{\"data\":\"" + title).substr(0, 128));
+    mArguments.sheet = 2;
+    EXPECT_EQ(run(), statusMisuse);
+    EXPECT_EQ(complaints(), "lectern: there is no sheet 2; give 1\n");
+}
+
+TEST_F(OpenCommand, HasNoSheetsOrSlidesForOtherKinds) {
+    mArguments.sheet = 1;
+    EXPECT_EQ(run(), statusMisuse);
+    EXPECT_EQ(complaints(), "lectern: --sheet is for spreadsheets only\n");
+    mArguments.sheet.reset();
+    mArguments.slide = 1;
+    EXPECT_EQ(run(), statusMisuse);
+    EXPECT_EQ(complaints(), "lectern: --slide is for presentations only\n");
+}
+
 TEST_F(OpenCommand, GoesFromHitToHitAndPaintsTheOneAskedFor) {
     mArguments.search = "boat";
     mArguments.hit = 3;
@@ -135,6 +173,18 @@ TEST_F(OpenCommand, SaysWhenThereAreFewerHitsAndShowsTheLast) {
     EXPECT_THAT(steps(), testing::ElementsAre("/common Search", "/common nextResult"));
 }
 
+TEST_F(OpenCommand, SaysWhenThereIsOneHitOrNone) {
+    mArguments.search = "boat";
+    mArguments.hit = 2;
+    mService.answer("/common Search", R"({ "resultcount": 1 })");
+    EXPECT_EQ(run(), statusDone);
+    EXPECT_EQ(complaints(), "lectern: 'boat' is found once\n");
+    mArguments.hit = 1;
+    mService.answer("/common Search", R"({ "resultcount": 0 })");
+    EXPECT_EQ(run(), statusDone);
+    EXPECT_EQ(complaints(), "lectern: 'boat' is not found\n");
+}
+
 TEST_F(OpenCommand, StepsThroughAPresentationWhichCountsNoHits) {
     mService.documentKind(3);
     mArguments.search = "boat";
@@ -143,32 +193,6 @@ TEST_F(OpenCommand, StepsThroughAPresentationWhichCountsNoHits) {
     EXPECT_EQ(run(), statusDone);
     EXPECT_EQ(complaints(), "");
     EXPECT_THAT(steps(), testing::ElementsAre("/common Search", "/common nextResult", "/common nextResult"));
-}
-
-TEST_F(OpenCommand, SearchPrintsTheNumberOfHits) {
-    mService.answer("/common Search", R"({ "resultcount": 12 })");
-    testing::internal::CaptureStdout();
-    Interrupt interrupt;
-    EXPECT_EQ(runSearch({"/letter.docx", "boat", "secret"}, interrupt), statusDone);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "{ \"resultcount\": 12 }\n");
-    EXPECT_EQ(complaints(), "");
-}
-
-TEST_F(OpenCommand, SearchFailsWithTheDocument) {
-    mService.openResult(2);
-    Interrupt interrupt;
-    EXPECT_EQ(runSearch({"/letter.docx", "boat", {}}, interrupt), statusFailed);
-    EXPECT_THAT(complaints(), HasSubstr("(code 2)"));
-}
-
-TEST_F(OpenCommand, InfoPrintsTheServicesText) {
-    mService.answer("/common getDocProperties", R"({ "name": "Letter", "wordcnt": 5 })");
-    testing::internal::CaptureStdout();
-    Interrupt interrupt;
-    EXPECT_EQ(runInfo({"/letter.docx", "secret"}, interrupt), statusDone);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "{ \"name\": \"Letter\", \"wordcnt\": 5 }\n");
-    EXPECT_THAT(mService.calls().front().payload, HasSubstr("secret"));
-    EXPECT_EQ(complaints(), "");
 }
 
 TEST_F(OpenCommand, IsCalledOffByASignalAndSaysNothing) {

@@ -54,11 +54,22 @@ TEST(ScrollPlan, NeedsNoDragWhereTheTargetIsReached) {
 
 TEST(ScrollPlan, DragsUpwardsToScrollDownAndStaysInTheView) {
     ScrollPlan down(width, height, {0, 100});
-    EXPECT_EQ(down.next({0, 0}), (Drag{{0, 799}, {0, 699}}));
+    EXPECT_EQ(down.next({0, 0}), (Drag{{479, 799}, {479, 699}}));
     ScrollPlan up(width, height, {0, 100});
-    EXPECT_EQ(up.next({0, 150}), (Drag{{0, 0}, {0, 50}}));
+    EXPECT_EQ(up.next({0, 150}), (Drag{{479, 266}, {479, 316}}));
     ScrollPlan far(width, height, {0, 9'000});
-    EXPECT_EQ(far.next({0, 0}), (Drag{{0, 799}, {0, 0}}));
+    EXPECT_EQ(far.next({0, 0}), (Drag{{479, 799}, {479, 0}}));
+}
+
+TEST(ScrollPlan, LeavesTheHeadersOfASheetAlone) {
+    for (const Point target : {Point{0, 500}, Point{500, 0}, Point{500, 500}, Point{200, 0}, Point{0, 0}}) {
+        ScrollPlan plan(width, height, target);
+        const auto step = plan.next({500, 500});
+        if (step) {
+            EXPECT_GE(step->from.x, width / 3);
+            EXPECT_GE(step->from.y, height / 3);
+        }
+    }
 }
 
 TEST(ScrollPlan, ReachesAPlaceBelowExactly) {
@@ -78,7 +89,7 @@ TEST(ScrollPlan, MovesBothAxesAtOnce) {
     Scrolled view{.position = {700, 100}, .last = {1'000, 10'000}};
     view.follow({3, 500});
     EXPECT_EQ(view.position, (Point{3, 500}));
-    EXPECT_EQ(view.drags, 2);
+    EXPECT_EQ(view.drags, 3);
 }
 
 TEST(ScrollPlan, EndsAtTheDocumentsEnd) {

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/Service.h"
+#include "client/command/Commands.h"
+#include "client/command/Listing.h"
+#include "client/command/Progress.h"
+#include "client/command/ServiceCall.h"
+
+namespace lectern {
+
+namespace {
+
+// The bus's own words for it say nothing of what there is.
+Error explained(Error error, const CallArguments& arguments) {
+    constexpr char prefix[] = "org.freedesktop.DBus.Error.Unknown"; // -Object, -Interface, -Method
+    if (error.name.rfind(prefix, 0) == 0) {
+        error.text = "the service has no method '" + arguments.method + "' in '" + arguments.category +
+                     "'; its categories are /common, /events, /word, /excel and /ppt";
+    }
+    return error;
+}
+
+Result<std::optional<std::string>> call(const Bus& bus, const CallArguments& arguments,
+                                        const std::stop_token& stop) {
+    constexpr std::chrono::minutes longestOpen{10};
+    const Progress progress("waiting for the answer to " + arguments.method);
+    return callService(bus, arguments.category.c_str(), arguments.method.c_str(), arguments.payload,
+                       {longestOpen, stop});
+}
+
+} // namespace
+
+// Replies go to the standard output, those of errors too: they are what was
+// asked for.
+int runCall(const CallArguments& arguments, Interrupt& interrupt) {
+    const Result<Service> service = Service::open({.isolate = true, .stop = interrupt.token()});
+    if (!service) {
+        return report(service.error());
+    }
+    interrupt.watch();
+    const Result<std::optional<std::string>> reply = call(service->bus(), arguments, interrupt.token());
+    if (!reply && reply.error().kind != Error::Kind::refused) {
+        return report(explained(reply.error(), arguments));
+    }
+    const std::optional<std::string> text = reply ? *reply : reply.error().reply;
+    if (const Failure failure = text ? print(*text + "\n") : Failure()) {
+        return report(*failure);
+    }
+    return reply ? statusDone : report(reply.error());
+}
+
+} // namespace lectern

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: Apache-2.0
+// The sub-commands "sheets" and "slides", which differ in what they ask for.
+#include <cstdio>
+
+#include "client/ExcelCalls.h"
+#include "client/ListReply.h"
+#include "client/PptCalls.h"
+#include "client/command/Commands.h"
+#include "client/command/Listing.h"
+#include "client/command/OpenDocument.h"
+
+namespace lectern {
+
+namespace {
+
+using ListCall = Result<std::string> (*)(const Bus&, int docid, const CallLimits&);
+
+// Says so when the service's list ends before the document.
+Failure printListing(const PartList& list, const char* what) {
+    if (Failure failure = print(partListing(list))) {
+        return failure;
+    }
+    if (const auto listed = static_cast<int>(list.parts.size()); listed < list.count) {
+        std::fprintf(stderr,
+                     "lectern: there are %d %s; the titles are too long for the service to list all\n",
+                     list.count, what);
+    }
+    return std::nullopt;
+}
+
+int runList(const PrintArguments& arguments, Interrupt& interrupt, ListCall call, const char* what) {
+    const auto work = [&](Document& document, const CallLimits& limits) -> Failure {
+        const Result<std::string> reply = call(document.bus(), document.docid(), limits);
+        if (!reply) {
+            return reply.error();
+        }
+        return arguments.json ? print(*reply + "\n") : printListing(readPartList(*reply), what);
+    };
+    return withDocument(arguments.file, {.password = arguments.password}, interrupt, work);
+}
+
+} // namespace
+
+int runSheets(const PrintArguments& arguments, Interrupt& interrupt) {
+    return runList(arguments, interrupt, excel::getSheetList, "sheets");
+}
+
+int runSlides(const PrintArguments& arguments, Interrupt& interrupt) {
+    return runList(arguments, interrupt, ppt::getSlideList, "slides");
+}
+
+} // namespace lectern

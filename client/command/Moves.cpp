@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/command/Moves.h"
+
+#include "client/ExcelCalls.h"
+#include "client/ListReply.h"
+#include "client/Navigation.h"
+#include "client/PptCalls.h"
+
+namespace lectern {
+
+namespace {
+
+Error misuse(std::string text) {
+    return {Error::Kind::argument, std::move(text), 0, {}};
+}
+
+const char* plural(DocumentKind kind) {
+    switch (kind) {
+    case DocumentKind::spreadsheet:
+        return "spreadsheets";
+    case DocumentKind::wordProcessing:
+        return "word-processing documents";
+    case DocumentKind::presentation:
+        return "presentations";
+    default:
+        return "documents of another kind";
+    }
+}
+
+// What: "sheet" or "slide".
+Failure checkNumber(const char* what, int number, int count) {
+    if (number >= 1 && number <= count) {
+        return std::nullopt;
+    }
+    const std::string wanted = std::string("there is no ") + what + " " + std::to_string(number);
+    if (count == 0) {
+        return misuse(wanted + ": the document has none");
+    }
+    return misuse(wanted + "; give " + (count == 1 ? "1" : "a number from 1 to " + std::to_string(count)));
+}
+
+} // namespace
+
+Failure requireKind(const Document& document, DocumentKind kind, const char* what) {
+    if (document.kind() == kind) {
+        return std::nullopt;
+    }
+    return misuse(std::string(what) + " is for " + plural(kind) + " only");
+}
+
+Failure goToSheet(Document& document, int number, const CallLimits& limits) {
+    const Result<std::string> list = excel::getSheetList(document.bus(), document.docid(), limits);
+    if (!list) {
+        return list.error();
+    }
+    const Failure failure = checkNumber("sheet", number, readPartList(*list).count);
+    return failure ? failure : showSheet(document, number - 1, limits);
+}
+
+Failure goToSlide(Document& document, int number, const CallLimits& limits) {
+    const Result<int> count = ppt::getSlideCount(document.bus(), document.docid(), limits);
+    if (!count) {
+        return count.error();
+    }
+    const Failure failure = checkNumber("slide", number, *count);
+    return failure ? failure : showSlide(document, number - 1, limits);
+}
+
+} // namespace lectern

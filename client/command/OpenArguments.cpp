@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/command/CommandLine.h"
+#include "client/command/Values.h"
+
+namespace lectern {
+
+namespace {
+
+// Texts of options that are no plain words, read into the arguments.
+struct OpenValues {
+    TextOption size;
+    TextOption zoom;
+    TextOption scroll;
+    TextOption sheet;
+    TextOption slide;
+    TextOption hit;
+
+    std::optional<Misuse> read(OpenArguments& arguments) const {
+        if (zoom.given()) {
+            const auto factor = parseFactor(zoom.value);
+            if (!factor) {
+                return wrongValue(zoom, "is no zoom; give a number above 0, like 1.5");
+            }
+            arguments.zoom = *factor;
+        }
+        if (scroll.given()) {
+            const auto position = parsePosition(scroll.value);
+            if (!position) {
+                return wrongValue(scroll, "is no place; give one like 0,1200");
+            }
+            arguments.scroll = {position->first, position->second};
+        }
+        std::optional<Misuse> misuse = readSize(size, arguments.width, arguments.height);
+        if (!misuse) {
+            misuse = readNumber(sheet, "sheet", arguments.sheet);
+        }
+        if (!misuse) {
+            misuse = readNumber(slide, "slide", arguments.slide);
+        }
+        return misuse ? misuse : readNumber(hit, "hit", arguments.hit);
+    }
+};
+
+} // namespace
+
+Parsed<OpenArguments> parseOpen(const Words& words) {
+    TextOption output;
+    TextOption password;
+    TextOption search;
+    OpenValues values;
+    gboolean wide = FALSE;
+    CommandLine line("open", {"FILE"},
+                     "Writes a document's view into a PNG file, as it would stand on the screen.",
+                     "FILE -o OUT.png");
+    if (auto refusal = line.parse(
+            words,
+            {textEntry("output", 'o', output, "The picture to write; an old one is replaced", "OUT.png"),
+             sizeEntry(values.size), passwordEntry(password),
+             textEntry("sheet", 0, values.sheet, "Show this sheet, from 1 (spreadsheets only)", "N"),
+             textEntry("slide", 0, values.slide, "Show this slide, from 1 (presentations only)", "N"),
+             textEntry("zoom", 'z', values.zoom, "Zoom by this factor, as two fingers would", "F"),
+             textEntry("scroll", 0, values.scroll, "Move the view there, in document pixels (default 0,0)",
+                       "X,Y"),
+             flagEntry("wide", 'w', wide, "Lay text out wider than the view (word-processing only)"),
+             textEntry("search", 0, search, "Mark what is found and move to the first hit there", "TEXT"),
+             textEntry("hit", 0, values.hit, "With --search: go on to this hit, from 1", "N")})) {
+        return asParsed<OpenArguments>(std::move(*refusal));
+    }
+    if (!output.given()) {
+        return Misuse{"no picture to write is given; name one with -o OUT.png"};
+    }
+    if (values.sheet.given() && values.slide.given()) {
+        return Misuse{"a document has sheets or slides; give --sheet or --slide"};
+    }
+    if (values.hit.given() && !search.given()) {
+        return Misuse{"--hit needs a --search"};
+    }
+    OpenArguments arguments;
+    arguments.file = line.operand();
+    arguments.output = output.value;
+    arguments.password = password.optional();
+    arguments.wide = wide != FALSE;
+    arguments.search = search.optional();
+    if (auto misuse = values.read(arguments)) {
+        return *misuse;
+    }
+    return arguments;
+}
+
+} // namespace lectern

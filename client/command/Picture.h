@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <string>
+
+#include "client/FrameBuffer.h"
+#include "client/Result.h"
+
+namespace lectern {
+
+// Writes what a view shows into a PNG file.
+Failure writePicture(const std::string& path, const FrameBuffer& frame);
+
+} // namespace lectern

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/command/CommandLine.h"
+
+namespace lectern {
+
+Parsed<PlayArguments> parsePlay(const Words& words) {
+    TextOption folder;
+    TextOption size;
+    TextOption password;
+    CommandLine line("play", {"SCRIPT", "FILE"},
+                     "Plays timed input to a document's view and writes what it shows as numbered PNG files.",
+                     "SCRIPT FILE -o FOLDER");
+    if (auto refusal = line.parse(words, {textEntry("output", 'o', folder,
+                                                    "The folder for the pictures; made if missing", "FOLDER"),
+                                          sizeEntry(size), passwordEntry(password)})) {
+        return asParsed<PlayArguments>(std::move(*refusal));
+    }
+    if (!folder.given()) {
+        return Misuse{"no folder for the pictures is given; name one with -o FOLDER"};
+    }
+    PlayArguments arguments;
+    arguments.script = line.operand(0);
+    arguments.file = line.operand(1);
+    arguments.folder = folder.value;
+    arguments.password = password.optional();
+    if (auto misuse = readSize(size, arguments.width, arguments.height)) {
+        return *misuse;
+    }
+    return arguments;
+}
+
+} // namespace lectern

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: Apache-2.0
+// The sub-commands that print what the service says of a document.
+#include "client/command/CommandLine.h"
+
+namespace lectern {
+
+namespace {
+
+// The options that all of them have.
+struct PrintOptions {
+    std::vector<GOptionEntry> entries() { return {passwordEntry(password), jsonEntry(json)}; }
+    PrintArguments arguments(const CommandLine& line) const {
+        return {line.operand(), password.optional(), json != FALSE};
+    }
+
+    TextOption password;
+    gboolean json = FALSE;
+};
+
+Parsed<PrintArguments> parsePlain(const char* subcommand, const char* summary, const Words& words) {
+    PrintOptions options;
+    CommandLine line(subcommand, {"FILE"}, summary);
+    if (auto refusal = line.parse(words, options.entries())) {
+        return asParsed<PrintArguments>(std::move(*refusal));
+    }
+    return options.arguments(line);
+}
+
+} // namespace
+
+Parsed<PrintArguments> parseInfo(const Words& words) {
+    return parsePlain("info", "Prints a document's properties.", words);
+}
+
+Parsed<PrintArguments> parseSheets(const Words& words) {
+    return parsePlain("sheets", "Prints number and name of each sheet of a spreadsheet.", words);
+}
+
+Parsed<PrintArguments> parseSlides(const Words& words) {
+    return parsePlain("slides", "Prints number and title of each slide of a presentation.", words);
+}
+
+Parsed<NoteArguments> parseNote(const Words& words) {
+    PrintOptions options;
+    TextOption slide;
+    CommandLine line("note", {"FILE"}, "Prints the speaker's note of a slide.", "FILE --slide N");
+    std::vector<GOptionEntry> entries = options.entries();
+    entries.push_back(textEntry("slide", 0, slide, "The slide, from 1", "N"));
+    if (auto refusal = line.parse(words, std::move(entries))) {
+        return asParsed<NoteArguments>(std::move(*refusal));
+    }
+    if (!slide.given()) {
+        return Misuse{"no slide is given; name one with --slide N"};
+    }
+    NoteArguments arguments{options.arguments(line)};
+    if (auto misuse = readNumber(slide, "slide", arguments.slide)) {
+        return *misuse;
+    }
+    return arguments;
+}
+
+Parsed<SearchArguments> parseSearch(const Words& words) {
+    PrintOptions options;
+    TextOption sheet;
+    CommandLine line("search", {"FILE", "TEXT"}, "Prints how often a text occurs in a document.");
+    std::vector<GOptionEntry> entries = options.entries();
+    entries.push_back(
+        textEntry("sheet", 0, sheet, "Search this sheet, from 1 (default 1, spreadsheets only)", "N"));
+    if (auto refusal = line.parse(words, std::move(entries))) {
+        return asParsed<SearchArguments>(std::move(*refusal));
+    }
+    SearchArguments arguments{options.arguments(line), line.operand(1), {}};
+    if (auto misuse = readNumber(sheet, "sheet", arguments.sheet)) {
+        return *misuse;
+    }
+    return arguments;
+}
+
+} // namespace lectern

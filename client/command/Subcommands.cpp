@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/command/Subcommands.h"
+
+#include <algorithm>
+#include <cstdio>
+
+#include "client/command/Commands.h"
+
+namespace lectern {
+
+namespace {
+
+// Ends by the signal that interrupted the work, once all is put away. To serve
+// until a signal comes is no interruption: its status says so.
+template<auto run, typename Arguments>
+int perform(const Arguments& arguments) {
+    int status = statusDone;
+    int signal = 0;
+    {
+        Interrupt interrupt;
+        status = run(arguments, interrupt);
+        signal = interrupt.signal();
+    }
+    if (signal != 0 && status != statusDone) {
+        dieOfSignal(signal);
+    }
+    return status;
+}
+
+template<auto parse, auto run>
+int parseAndRun(const Words& words) {
+    const auto parsed = parse(words);
+    if (const auto* help = std::get_if<Help>(&parsed)) {
+        std::fputs(help->text.c_str(), stdout);
+        return statusDone;
+    }
+    if (const auto* misuse = std::get_if<Misuse>(&parsed)) {
+        std::fprintf(stderr, "lectern: %s\nTry the option --help.\n", misuse->text.c_str());
+        return statusMisuse;
+    }
+    return perform<run>(std::get<0>(parsed));
+}
+
+constexpr Subcommand all[] = {
+    {"open", "FILE -o OUT.png", "Write a document's view into a picture", parseAndRun<parseOpen, runOpen>},
+    {"info", "FILE", "Print a document's properties", parseAndRun<parseInfo, runInfo>},
+    {"sheets", "FILE", "Print the sheets of a spreadsheet", parseAndRun<parseSheets, runSheets>},
+    {"slides", "FILE", "Print the slides of a presentation", parseAndRun<parseSlides, runSlides>},
+    {"note", "FILE --slide N", "Print the note of a slide", parseAndRun<parseNote, runNote>},
+    {"search", "FILE TEXT", "Print how often a text occurs", parseAndRun<parseSearch, runSearch>},
+    {"play", "SCRIPT FILE -o FOLDER", "Play timed input and write pictures", parseAndRun<parsePlay, runPlay>},
+    {"serve", "", "Run the document service on a private bus", parseAndRun<parseServe, runServe>},
+    {"call", "CATEGORY METHOD JSON", "Call a method of the service", parseAndRun<parseCall, runCall>},
+};
+
+} // namespace
+
+std::span<const Subcommand> subcommands() {
+    return all;
+}
+
+std::string generalHelp() {
+    constexpr size_t width = 30;
+    std::string text = "Usage:\n"
+                       "  lectern COMMAND [OPTION…] …\n"
+                       "\n"
+                       "Shows word-processing documents, spreadsheets and presentations.\n"
+                       "\n"
+                       "Commands:\n";
+    for (const Subcommand& subcommand : all) {
+        std::string line = std::string("  ") + subcommand.name + " " + subcommand.operands;
+        line.resize(width, ' ');
+        text += line + subcommand.summary + "\n";
+    }
+    return text + "\n"
+                  "Options:\n"
+                  "  -h, --help                  Show this help and exit\n"
+                  "  --version                   Show the version and exit\n"
+                  "\n"
+                  "lectern COMMAND --help tells more of a command; lectern(1) tells all.\n";
+}
+
+int runSubcommand(std::string_view name, const Words& words) {
+    const auto* found = std::find_if(std::begin(all), std::end(all),
+                                     [name](const Subcommand& known) { return name == known.name; });
+    if (found == std::end(all)) {
+        std::fprintf(stderr, "lectern: '%.*s' is no command\nTry lectern --help.\n",
+                     static_cast<int>(name.size()), name.data());
+        return statusMisuse;
+    }
+    return found->run(words);
+}
+
+} // namespace lectern

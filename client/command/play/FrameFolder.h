@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <string>
+
+#include "client/FrameBuffer.h"
+#include "client/Result.h"
+
+namespace lectern::play {
+
+// A folder of pictures, numbered in the order they are written: 0001.png,
+// 0002-name.png and so on. Pictures of these names are replaced.
+class FrameFolder {
+public:
+    // Makes the folder where there is none; the one it lies in must exist.
+    static Result<FrameFolder> open(const std::string& path);
+
+    Failure write(const FrameBuffer& frame, const std::string& name);
+
+private:
+    explicit FrameFolder(std::string path) : mPath(std::move(path)) {}
+
+    std::string mPath;
+    int mCount = 0;
+};
+
+} // namespace lectern::play

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/command/play/Player.h"
+
+#include <algorithm>
+
+#include "client/CommonCalls.h"
+#include "client/EventCalls.h"
+#include "client/command/Moves.h"
+#include "client/command/Pause.h"
+
+namespace lectern::play {
+
+namespace {
+
+// How often fingers tell where they are.
+constexpr std::chrono::milliseconds fingerStep{40};
+
+} // namespace
+
+Failure Player::play(const Script& script) {
+    mStart = Clock::now();
+    for (const Step& step : script.steps) {
+        mDue = step.due;
+        Failure failure = waitUntil(step.due);
+        if (!failure) {
+            failure = std::visit([this](const auto& action) { return perform(action); }, step.action);
+        }
+        if (failure) {
+            return failure->kind == Error::Kind::cancelled ? failure : lineError(script, step.line, *failure);
+        }
+        // Input of different kinds overtakes each other in the queue.
+        mDocument.settle();
+    }
+    return std::nullopt;
+}
+
+Failure Player::waitUntil(Time due) {
+    Failure interrupted = Error{Error::Kind::cancelled, "interrupted", 0, {}};
+    while (mNextFrame && *mNextFrame <= due) {
+        if (!pauseUntil(mStart + *mNextFrame, mLimits.stop)) {
+            return interrupted;
+        }
+        if (Failure failure = takeFrame({})) {
+            return failure;
+        }
+        const auto late = std::chrono::duration_cast<Time>(Clock::now() - mStart) - *mNextFrame;
+        *mNextFrame += mPeriod * (late / mPeriod + 1);
+    }
+    return pauseUntil(mStart + due, mLimits.stop) ? Failure() : interrupted;
+}
+
+Failure Player::paint() {
+    mDocument.settle();
+    return mDocument.paint(mLimits);
+}
+
+Failure Player::takeFrame(const std::string& name) {
+    Failure failure = paint();
+    return failure ? failure : mFolder.write(mDocument.frame(), name);
+}
+
+Failure Player::perform(const Click& click) {
+    return events::handleClick(mDocument.bus(), mDocument.docid(), click.at.x, click.at.y, mLimits);
+}
+
+Failure Player::perform(const DoubleClick& click) {
+    return events::handleDoubleClick(mDocument.bus(), mDocument.docid(), click.at.x, click.at.y, mLimits);
+}
+
+Failure Player::perform(const Flick& flick) {
+    return events::handleFlick(mDocument.bus(), mDocument.docid(), flick.velocity.x, flick.velocity.y,
+                               mLimits);
+}
+
+// Fingers move evenly. A view shows a pinch from its last picture, and takes the
+// factor of the last preview that was painted.
+Failure Player::perform(const Pinch& pinch) {
+    Failure failure = paint();
+    if (!failure) {
+        failure = mDocument.gestureStart(1.0);
+    }
+    const auto steps = std::max<Time::rep>(1, pinch.duration / fingerStep);
+    for (Time::rep i = 1; !failure && i <= steps; ++i) {
+        failure = waitUntil(mDue + pinch.duration * i / steps);
+        if (!failure) {
+            const double part = static_cast<double>(i) / static_cast<double>(steps);
+            failure = mDocument.gestureChange(1.0 + (pinch.factor - 1.0) * part);
+        }
+        if (!failure) {
+            failure = paint();
+        }
+    }
+    if (!failure) {
+        failure = mDocument.gestureEnd(pinch.factor);
+    }
+    return failure ? failure : paint();
+}
+
+Failure Player::perform(const Key& key) {
+    Failure failure = mDocument.keyDown(key.key, key.modifiers);
+    return failure ? failure : mDocument.keyUp(key.key, key.modifiers);
+}
+
+Failure Player::perform(const GoToSheet& jump) {
+    Failure failure = requireKind(mDocument, DocumentKind::spreadsheet, "'sheet'");
+    return failure ? failure : goToSheet(mDocument, jump.number, mLimits);
+}
+
+Failure Player::perform(const GoToSlide& jump) {
+    Failure failure = requireKind(mDocument, DocumentKind::presentation, "'slide'");
+    return failure ? failure : goToSlide(mDocument, jump.number, mLimits);
+}
+
+Failure Player::perform(const Search& search) {
+    const Result<int> hits = common::search(mDocument.bus(), mDocument.docid(), search.text, mLimits);
+    return hits ? Failure() : hits.error();
+}
+
+Failure Player::perform(const NextHit& /*hit*/) {
+    return common::nextResult(mDocument.bus(), mDocument.docid(), mLimits);
+}
+
+Failure Player::perform(const PreviousHit& /*hit*/) {
+    return common::previousResult(mDocument.bus(), mDocument.docid(), mLimits);
+}
+
+Failure Player::perform(const EndSearch& /*end*/) {
+    return common::closeSearch(mDocument.bus(), mDocument.docid(), mLimits);
+}
+
+Failure Player::perform(const Wide& wide) {
+    Failure failure = requireKind(mDocument, DocumentKind::wordProcessing, "'wide'");
+    return failure ? failure : mDocument.wideMode(wide.on);
+}
+
+Failure Player::perform(const TakeFrames& frames) {
+    mPeriod = frames.period;
+    mNextFrame = mPeriod.count() == 0 ? std::nullopt : std::optional(mDue + mPeriod);
+    return std::nullopt;
+}
+
+} // namespace lectern::play

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <chrono>
+#include <optional>
+
+#include "client/Document.h"
+#include "client/command/play/FrameFolder.h"
+#include "client/command/play/Script.h"
+
+namespace lectern::play {
+
+// Gives a view the input of a script, each step when it is due on a clock that
+// nobody sets, and keeps the pictures that the script asks for. A step that
+// cannot be in time comes as soon as it can; of frames that follow each other
+// those whose time has passed are left out.
+class Player {
+public:
+    Player(Document& document, FrameFolder& folder, const CallLimits& limits)
+        : mDocument(document), mFolder(folder), mLimits(limits) {}
+
+    // Starts the script's clock. An error names the line.
+    Failure play(const Script& script);
+
+private:
+    using Clock = std::chrono::steady_clock;
+    using Time = std::chrono::milliseconds; // since the start
+
+    // Until then, with the frames that fall due meanwhile.
+    Failure waitUntil(Time due);
+    Failure paint();
+    Failure takeFrame(const std::string& name);
+
+    Failure perform(const PenDown& pen) { return mDocument.penDown(pen.at.x, pen.at.y); }
+    Failure perform(const PenMove& pen) { return mDocument.penMove(pen.at.x, pen.at.y); }
+    Failure perform(const PenUp& pen) { return mDocument.penUp(pen.at.x, pen.at.y); }
+    Failure perform(const Click& click);
+    Failure perform(const DoubleClick& click);
+    Failure perform(const Flick& flick);
+    Failure perform(const Pinch& pinch);
+    Failure perform(const Key& key);
+    Failure perform(const GoToSheet& jump);
+    Failure perform(const GoToSlide& jump);
+    Failure perform(const Search& search);
+    Failure perform(const NextHit& hit);
+    Failure perform(const PreviousHit& hit);
+    Failure perform(const EndSearch& end);
+    Failure perform(const Wide& wide);
+    Failure perform(const TakeFrame& frame) { return takeFrame(frame.name); }
+    Failure perform(const TakeFrames& frames);
+    Failure perform(const Wait& /*wait*/) { return std::nullopt; }
+
+    Document& mDocument;
+    FrameFolder& mFolder;
+    const CallLimits mLimits;
+    Clock::time_point mStart;
+    Time mDue{0}; // of the step being played
+    Time mPeriod{0};
+    std::optional<Time> mNextFrame;
+};
+
+} // namespace lectern::play

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/command/play/Script.h"
+
+#include <cerrno>
+#include <fstream>
+#include <sstream>
+
+#include "client/Errors.h"
+#include "client/command/play/Instructions.h"
+
+namespace lectern::play {
+
+namespace {
+
+// Longer than anyone waits for; keeps sums of times small.
+constexpr std::chrono::milliseconds longestScript = std::chrono::hours(24);
+
+// Reads line by line and knows the time that each is due.
+class Reader {
+public:
+    explicit Reader(const std::string& name) { mScript.name = name; }
+
+    Failure take(int number, const std::string& text) {
+        const Line line(text);
+        if (line.isEmpty()) {
+            return std::nullopt;
+        }
+        const Result<Instruction> instruction = readInstruction(line);
+        if (!instruction) {
+            return lineError(mScript, number, instruction.error());
+        }
+        const std::chrono::milliseconds due =
+            instruction->isTime ? instruction->time : mNow + instruction->time;
+        if (due < mNow || due > longestScript) {
+            const std::string now = std::to_string(mNow.count());
+            return lineError(mScript, number,
+                             {Error::Kind::argument,
+                              due < mNow ? "it is " + now + " ms by then; times cannot go back"
+                                         : "a script may last 24 hours at most",
+                              0,
+                              {}});
+        }
+        mNow = due;
+        mScript.steps.push_back({number, due, instruction->action});
+        if (const auto* pinch = std::get_if<Pinch>(&instruction->action)) {
+            mNow += pinch->duration;
+        }
+        return std::nullopt;
+    }
+    Script script() && { return std::move(mScript); }
+
+private:
+    Script mScript;
+    std::chrono::milliseconds mNow{0};
+};
+
+} // namespace
+
+Error lineError(const Script& script, int line, Error error) {
+    error.text = script.name + ":" + std::to_string(line) + ": " + error.text;
+    return error;
+}
+
+Result<Script> parseScript(const std::string& name, const std::string& text) {
+    Reader reader(name);
+    std::istringstream lines(text);
+    int number = 0;
+    for (std::string line; std::getline(lines, line);) {
+        if (const Failure failure = reader.take(++number, line)) {
+            return *failure;
+        }
+    }
+    return std::move(reader).script();
+}
+
+Result<Script> readScript(const std::string& path) {
+    errno = 0;
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream text;
+    if (file) {
+        text << file.rdbuf();
+    }
+    // An empty file gives no characters, which the stream takes for a failure.
+    if (!file.is_open() || file.bad() || (text.fail() && errno != 0)) {
+        return systemError("cannot read the script '" + path + "'", errno);
+    }
+    return parseScript(path, text.str());
+}
+
+} // namespace lectern::play

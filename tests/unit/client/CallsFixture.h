@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+
+#include "client/Bus.h"
+#include "client/Json.h"
+#include "tests/unit/client/FakeService.h"
+
+// Typed calls to a fake service, and what it was last sent.
+class CallsTest : public testing::Test {
+protected:
+    CallsTest() : mBus(std::move(*lectern::Bus::connect(mService.address()))) {}
+
+    lectern::JsonMembers payload() {
+        return std::move(*lectern::JsonMembers::parse(mService.calls().back().payload));
+    }
+    std::string place() { return mService.calls().back().place; }
+
+    FakeService mService;
+    lectern::Bus mBus;
+};
