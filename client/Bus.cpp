@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/Bus.h"
 
-#include <functional>
+#include <optional>
+#include <utility>
 
-#include "client/Errors.h"
-#include "client/Json.h"
+#include "client/BusMessages.h"
+#include "client/LateReply.h"
 
 namespace lectern {
 
 namespace {
 
-constexpr int daemonTimeoutMs = 5'000;
+using Clock = std::chrono::steady_clock;
+constexpr unsigned int betweenProgressMs = 250;
 
 // A GCancellable that follows a stop token for the length of a call.
 class Cancellation {
@@ -27,137 +29,154 @@ private:
     std::stop_callback<Action> mCallback;
 };
 
-// Where a method lies: the category is an object path and an interface.
-struct Place {
-    explicit Place(const char* category) : path(category), interface(serviceName) {
-        interface += '.';
-        interface += category + 1;
+// A call that its thread waits for in a main context of its own, so that it can
+// tell the caller meanwhile how long it has taken.
+class PendingCall {
+public:
+    explicit PendingCall(const CallLimits& limits)
+        : mLimits(limits), mContext(g_main_context_new()), mStart(Clock::now()) {
+        g_main_context_push_thread_default(mContext.get());
     }
-    const char* path;
-    std::string interface;
+    ~PendingCall() { g_main_context_pop_thread_default(mContext.get()); }
+    PendingCall(const PendingCall&) = delete;
+    PendingCall& operator=(const PendingCall&) = delete;
+
+    // The serial number of the message.
+    uint32_t send(GDBusConnection* connection, GDBusMessage* message, GCancellable* cancellable) {
+        uint32_t serial = 0;
+        g_dbus_connection_send_message_with_reply(connection, message, G_DBUS_SEND_MESSAGE_FLAGS_NONE,
+                                                  static_cast<int>(mLimits.timeout.count()), &serial,
+                                                  cancellable, &PendingCall::ended, this);
+        return serial;
+    }
+
+    // Null with an error.
+    GLibHolder<GDBusMessage> wait(GDBusConnection* connection, GError** failure) {
+        const GLibHolder<GSource> ticks(g_timeout_source_new(betweenProgressMs));
+        if (mLimits.onProgress) {
+            g_source_set_callback(ticks.get(), &PendingCall::tick, this, nullptr);
+            g_source_attach(ticks.get(), mContext.get());
+        }
+        while (!mResult) {
+            g_main_context_iteration(mContext.get(), TRUE);
+        }
+        g_source_destroy(ticks.get());
+        return GLibHolder<GDBusMessage>(
+            g_dbus_connection_send_message_with_reply_finish(connection, mResult.get(), failure));
+    }
+
+private:
+    static void ended(GObject* /*connection*/, GAsyncResult* result, void* self) {
+        static_cast<PendingCall*>(self)->mResult.reset(static_cast<GAsyncResult*>(g_object_ref(result)));
+    }
+    static gboolean tick(void* self) {
+        const auto* call = static_cast<PendingCall*>(self);
+        call->mLimits.onProgress(
+            std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - call->mStart));
+        return G_SOURCE_CONTINUE;
+    }
+
+    const CallLimits& mLimits;
+    GLibHolder<GMainContext> mContext;
+    const Clock::time_point mStart;
+    GLibHolder<GAsyncResult> mResult;
 };
 
-bool isSpawnError(GQuark domain, int code) {
-    return domain == G_DBUS_ERROR && code >= G_DBUS_ERROR_SPAWN_EXEC_FAILED &&
-           code <= G_DBUS_ERROR_SPAWN_NO_MEMORY;
-}
-
-Error busError(GError* failure, const char* method) {
-    const bool ofBus = failure->domain == G_DBUS_ERROR;
-    const bool ofIo = failure->domain == G_IO_ERROR;
-    if (ofIo && failure->code == G_IO_ERROR_CANCELLED) {
-        return {Error::Kind::cancelled, "interrupted", 0, {}};
-    }
-    if ((ofIo && failure->code == G_IO_ERROR_TIMED_OUT) || (ofBus && failure->code == G_DBUS_ERROR_TIMEOUT)) {
-        return {
-            Error::Kind::timedOut, std::string("the service did not answer '") + method + "' in time", 0, {}};
-    }
-    Error error{Error::Kind::bus, {}, failure->code, {}};
-    if (GLibHolder<char> name{g_dbus_error_get_remote_error(failure)}) {
-        error.name = name.get();
-    }
-    g_dbus_error_strip_remote_error(failure);
-    const std::string reason = failure->message;
-    if (ofIo && failure->code == G_IO_ERROR_CLOSED) {
-        error.text = "the connection to the bus was lost";
-    } else if (ofBus && failure->code == G_DBUS_ERROR_NO_REPLY) {
-        error.text = std::string("the service gave no answer to '") + method + "'";
-    } else if (ofBus && (failure->code == G_DBUS_ERROR_SERVICE_UNKNOWN ||
-                         failure->code == G_DBUS_ERROR_NAME_HAS_NO_OWNER)) {
-        error.text = "no document service runs on the bus";
-    } else if (ofBus && failure->code == G_DBUS_ERROR_SPAWN_CHILD_EXITED) {
-        error.text = "the document service does not start; another one may be running on this machine (" +
-                     reason + ")";
-    } else if (isSpawnError(failure->domain, failure->code)) {
-        error.text = "the document service does not start (" + reason + ")";
-    } else {
-        error.text = "the bus reports: " + reason;
-    }
-    return error;
-}
-
-bool isBusText(const std::string& text) {
-    return g_utf8_validate(text.c_str(), static_cast<gssize>(text.size()), nullptr) != FALSE;
-}
-
-Error notBusText() {
-    return {Error::Kind::argument, "paths and texts must be valid UTF-8", 0, {}};
+bool isGivenUp(const Error& error) {
+    return error.kind == Error::Kind::cancelled || error.kind == Error::Kind::timedOut;
 }
 
 } // namespace
 
+Bus::Bus(_GDBusConnection* owned) : mConnection(owned, [](GDBusConnection* held) { g_object_unref(held); }) {}
+
 Result<Bus> Bus::connect(const std::string& address, const std::stop_token& stop) {
     const Cancellation cancellation(stop);
     GError* failure = nullptr;
-    Bus bus(g_dbus_connection_new_for_address_sync(
+    GDBusConnection* connection = g_dbus_connection_new_for_address_sync(
         address.c_str(),
         static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                           G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
-        nullptr, cancellation.get(), &failure));
-    if (!bus.mConnection) {
+        nullptr, cancellation.get(), &failure);
+    if (connection == nullptr) {
         const GLibHolder<GError> owner(failure);
         return busError(failure, "connect");
     }
-    return bus;
+    return Bus(connection);
 }
 
 Result<std::string> Bus::call(const char* category, const char* method, const std::string& payload,
                               const CallLimits& limits) const {
-    if (!isBusText(payload)) {
-        return notBusText();
-    }
-    const Place place(category);
-    const Cancellation cancellation(limits.stop);
-    GError* failure = nullptr;
-    const GLibHolder<GVariant> reply(g_dbus_connection_call_sync(
-        mConnection.get(), serviceName, place.path, place.interface.c_str(), method,
-        g_variant_new("(s)", payload.c_str()), G_VARIANT_TYPE("(s)"), G_DBUS_CALL_FLAGS_NONE,
-        static_cast<int>(limits.timeout.count()), cancellation.get(), &failure));
+    Result<Reply> reply = request(category, method, payload, limits);
     if (!reply) {
-        const GLibHolder<GError> owner(failure);
-        return busError(failure, method);
+        return reply.error();
     }
-    const char* text = nullptr;
-    g_variant_get(reply.get(), "(&s)", &text);
-    const auto members = JsonMembers::parse(text);
-    if (members && members->has("errorCode")) {
-        Error error = refusalError(members->string("errorCode").value_or(""),
-                                   members->string("errorText").value_or(""));
-        error.reply = text;
-        return error;
-    }
-    return std::string(text);
+    return std::move(reply->text);
 }
 
-Failure Bus::post(const char* category, const char* method, const std::string& payload) const {
-    if (!isBusText(payload)) {
+Result<Reply> Bus::request(const char* category, const char* method, const std::string& payload,
+                           const CallLimits& limits, LateHandler late) const {
+    const auto message = makeCall(category, method, payload, serviceName);
+    if (!message) {
         return notBusText();
     }
-    const Place place(category);
-    const GLibHolder<GDBusMessage> message(
-        g_dbus_message_new_method_call(serviceName, place.path, place.interface.c_str(), method));
-    g_dbus_message_set_body(message.get(), g_variant_new("(s)", payload.c_str()));
-    g_dbus_message_set_flags(message.get(), G_DBUS_MESSAGE_FLAGS_NO_REPLY_EXPECTED);
+    const Cancellation cancellation(limits.stop);
+    std::optional<LateReply> lateReply;
+    PendingCall pending(limits);
+    const auto send = [&] { return pending.send(connection(), message.get(), cancellation.get()); };
+    if (late) {
+        lateReply.emplace(*this, std::move(late)).send(send);
+    } else {
+        send();
+    }
     GError* failure = nullptr;
-    if (g_dbus_connection_send_message(mConnection.get(), message.get(), G_DBUS_SEND_MESSAGE_FLAGS_NONE,
-                                       nullptr, &failure) == FALSE ||
-        g_dbus_connection_flush_sync(mConnection.get(), nullptr, &failure) == FALSE) {
+    const auto reply = pending.wait(connection(), &failure);
+    if (reply) {
+        return readReply(reply.get(), method);
+    }
+    const GLibHolder<GError> owner(failure);
+    Error error = busError(failure, method);
+    if (lateReply && isGivenUp(error)) {
+        lateReply->giveUp();
+    }
+    return error;
+}
+
+Failure Bus::post(const char* category, const char* method, const std::string& payload,
+                  const std::string& destination) const {
+    const auto message = makeCall(category, method, payload, destination);
+    if (!message) {
+        return notBusText();
+    }
+    g_dbus_message_set_flags(message.get(),
+                             static_cast<GDBusMessageFlags>(G_DBUS_MESSAGE_FLAGS_NO_REPLY_EXPECTED |
+                                                            G_DBUS_MESSAGE_FLAGS_NO_AUTO_START));
+    GError* failure = nullptr;
+    if (g_dbus_connection_send_message(connection(), message.get(), G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr,
+                                       &failure) == FALSE) {
         const GLibHolder<GError> owner(failure);
         return busError(failure, method);
     }
     return std::nullopt;
 }
 
-// Null when the daemon has no answer.
-GLibHolder<GVariant> Bus::askDaemon(const char* method, GVariant* arguments, const char* replyType) const {
-    return GLibHolder<GVariant>(g_dbus_connection_call_sync(
-        mConnection.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", method,
-        arguments, G_VARIANT_TYPE(replyType), G_DBUS_CALL_FLAGS_NONE, daemonTimeoutMs, nullptr, nullptr));
+Failure Bus::flush() const {
+    GError* failure = nullptr;
+    if (g_dbus_connection_flush_sync(connection(), nullptr, &failure) == FALSE) {
+        const GLibHolder<GError> owner(failure);
+        return busError(failure, "flush");
+    }
+    return std::nullopt;
 }
 
-bool Bus::serviceRuns() const {
+bool Bus::isClosed() const {
+    return g_dbus_connection_is_closed(connection()) != FALSE;
+}
+
+bool Bus::serviceRuns(const std::string& name) const {
     gboolean runs = FALSE;
-    if (const auto reply = askDaemon("NameHasOwner", g_variant_new("(s)", serviceName), "(b)")) {
+    if (const auto reply =
+            askDaemon(connection(), "NameHasOwner", g_variant_new("(s)", name.c_str()), "(b)")) {
         g_variant_get(reply.get(), "(b)", &runs);
     }
     return runs != FALSE;
@@ -167,7 +186,7 @@ bool Bus::offersService() const {
     if (serviceRuns()) {
         return true;
     }
-    const auto names = askDaemon("ListActivatableNames", nullptr, "(as)");
+    const auto names = askDaemon(connection(), "ListActivatableNames", nullptr, "(as)");
     if (!names) {
         return false;
     }

@@ -6,6 +6,8 @@
 
 #include "client/Bus.h"
 
+#pragma GCC visibility push(default)
+
 namespace lectern::common {
 
 // The service's JSON text, unchanged.
@@ -20,3 +22,5 @@ Failure clearSelection(const Bus& bus, int docid, const CallLimits& limits = {})
 Result<std::string> getMimeInfo(const Bus& bus, int docid, const CallLimits& limits = {});
 
 } // namespace lectern::common
+
+#pragma GCC visibility pop

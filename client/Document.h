@@ -2,19 +2,20 @@
 #pragma once
 
 #include <chrono>
-#include <condition_variable>
 #include <functional>
 #include <memory>
-#include <mutex>
 #include <optional>
+#include <stop_token>
 #include <string>
 
 #include "client/Bus.h"
-#include "client/ClientQueue.h"
 #include "client/FrameBuffer.h"
-#include "client/KeepAlive.h"
-#include "client/RecordReader.h"
 #include "client/StateSegment.h"
+#include "client/ViewEvents.h"
+
+struct _GMainContext; // GLib's
+
+#pragma GCC visibility push(default)
 
 namespace lectern {
 
@@ -27,89 +28,85 @@ struct OpenOptions {
     unsigned int restoreFrom = 0; // the state segment of an earlier view, or 0
     // Longer than the engine's own limit, so that the service answers first.
     std::chrono::milliseconds timeout{600'000};
-    // Everything the service tells of the view but the answers that calls here
-    // wait for. Called on a thread of the document's, until its destructor ends.
-    std::function<void(const ServerClientMessage&)> onNotification = {};
+    // Gives the open up; what the service has opened by then is destroyed.
     std::stop_token stop = {};
+    // Called a few times a second during the open, with the time it has taken so
+    // far, on the thread that opens.
+    std::function<void(std::chrono::milliseconds elapsed)> onProgress = {};
+    ViewEvents events = {};
+    // Where the events are called; null: on a thread of the document's.
+    _GMainContext* context = nullptr;
 };
 
 // An open document and its view. While it lives, the service is kept from
 // stopping; its destructor tells the service to let go of the document.
 //
-// Threads: paints and frame() belong to one thread; everything else may be
-// called from any. Input is sent and not answered; what it changed, a later
-// paint shows. The service serves paints before input that waits: settle()
-// comes between where a paint must show an input.
+// Threads: paints and frame() belong to one thread, or to onFrame where the
+// library paints by itself; everything else may be called from any. The
+// destructor may run in a callback. Input is sent and not answered; what it
+// changed, a later paint shows. The service serves paints before input that
+// waits: settle() comes between where a paint must show an input.
 class Document {
 public:
-    // path: absolute, or relative to the working folder. The bus must outlive
-    // the document.
+    // path: absolute, or relative to the working folder.
     static Result<std::unique_ptr<Document>> open(const Bus& bus, const std::string& path,
                                                   const OpenOptions& options = {});
     ~Document();
     Document(const Document&) = delete;
     Document& operator=(const Document&) = delete;
 
-    const Bus& bus() const { return mBus; }
-    int docid() const { return mDocid; }
-    DocumentKind kind() const { return mKind; }
+    // Opens the document again and brings the view back to where it was at the
+    // last paint: place, zoom, sheet or slide, not wide mode. For when the service
+    // has gone (it is started again where the bus can do that), and for a document
+    // that it no longer knows. The frame buffer stays; docid, and perhaps the
+    // state's identifier, are others. Can be tried again when it fails. Time-out
+    // and progress are those of the open, unless others are given.
+    Failure reopen();
+    Failure reopen(const CallLimits& limits);
+
+    const Bus& bus() const;
+    int docid() const;
+    DocumentKind kind() const;
     // What the service last painted; changes during paints only.
-    const FrameBuffer& frame() const { return mFrame; }
+    const FrameBuffer& frame() const;
     // As of the last paint.
-    ViewState state() const { return mState.read(); }
-    unsigned int stateIdentifier() const { return mState.identifier(); }
+    ViewState state() const;
+    unsigned int stateIdentifier() const;
 
     // Has the view painted into frame(); returns when the picture is there.
     Failure paint(const CallLimits& limits = {});
+    // Where the library paints by itself: has it paint soon, after the input sent.
+    void requestPaint();
 
-    // x and y: view pixels.
-    Failure penDown(int x, int y) { return sendPoint(_PEN_DOWN, x, y); }
-    Failure penMove(int x, int y) { return sendPoint(_PEN_MOVE, x, y); }
-    Failure penUp(int x, int y) { return sendPoint(_PEN_UP, x, y); }
-    Failure keyDown(int key, int modifiers) { return sendPoint(_KEY_DOWN, key, modifiers); }
-    Failure keyUp(int key, int modifiers) { return sendPoint(_KEY_UP, key, modifiers); }
+    // x and y: view pixels. On a sheet, the end of a drag also brings it to rest:
+    // see below. A flick that the drag ends in comes before the pen up.
+    Failure penDown(int x, int y);
+    Failure penMove(int x, int y);
+    Failure penUp(int x, int y);
+    Failure keyDown(int key, int modifiers);
+    Failure keyUp(int key, int modifiers);
     // factor: distance of the fingers now, relative to that at the start.
-    Failure gestureStart(double factor) { return sendFactor(_GESTURE_START, factor); }
-    Failure gestureChange(double factor) { return sendFactor(_GESTURE_CHANGE, factor); }
-    Failure gestureEnd(double factor) { return sendFactor(_GESTURE_END, factor); }
+    Failure gestureStart(double factor);
+    Failure gestureChange(double factor);
+    Failure gestureEnd(double factor);
     Failure wideMode(bool on);
-    // Waits until the service has taken all that was sent.
+    // Answered by the service: what a finger meant. A click that the view has no
+    // use for is told as onClickUnused. Velocities: finger pixels per second.
+    Failure click(int x, int y, const CallLimits& limits = {});
+    Failure doubleClick(int x, int y, const CallLimits& limits = {});
+    Failure flick(int velocityX, int velocityY, const CallLimits& limits = {});
+    // Ends a move of a sheet other than a drag, a jump to another one: a flick of
+    // next to nothing, after which it is measured and rendered around its place.
+    Failure comeToRest(const CallLimits& limits = {});
+    // Waits until the service has taken all that was sent, and a sheet rests.
     void settle() const;
 
 private:
-    Document(const Bus& bus, FrameBuffer frame, StateSegment state, int docid, DocumentKind kind)
-        : mBus(bus), mFrame(std::move(frame)), mState(std::move(state)), mDocid(docid), mKind(kind) {}
-
-    Failure listen(std::function<void(const ServerClientMessage&)> onNotification);
-    void takeViewRecord(const ServerClientMessage& message);
-    void takePaintDone(const ServerClientMessage& message);
-    Result<int> openResult(const CallLimits& limits);
-    // Waits until the condition, which is tested with mMutex held, is true.
-    template<typename Condition>
-    Failure await(const char* what, const CallLimits& limits, Condition condition);
-    ClientServerMessage record(ClientMessageType type) const;
-    Failure sendPoint(ClientMessageType type, int x, int y);
-    Failure sendFactor(ClientMessageType type, double factor);
-    Failure send(const ClientServerMessage& message);
-
-    const Bus& mBus;
-    FrameBuffer mFrame;
-    StateSegment mState;
-    int mDocid;
-    DocumentKind mKind;
-    ClientQueue mQueue;
-    std::function<void(const ServerClientMessage&)> mOnNotification;
-
-    std::mutex mMutex; // guards what the readers write
-    std::condition_variable_any mArrived;
-    std::optional<int> mOpenResult;
-    unsigned int mPaintsAsked = 0;
-    unsigned int mPaintsDone = 0;
-    int mPaintResult = 0;
-
-    std::unique_ptr<RecordReader> mViewReader;
-    std::unique_ptr<RecordReader> mPaintReader;
-    std::optional<KeepAlive> mKeepAlive;
+    class [[gnu::visibility("hidden")]] Parts;
+    explicit Document(std::unique_ptr<Parts> parts);
+    std::unique_ptr<Parts> mParts;
 };
 
 } // namespace lectern
+
+#pragma GCC visibility pop

@@ -19,6 +19,27 @@ Failure key(const Bus& bus, const char* method, int docid, int character, int mo
                    documentPayload(docid).add("chr", character).add("modifiers", modifiers), limits);
 }
 
+Result<CreateReply> readCreated(const Reply& reply) {
+    const Result<JsonMembers> members = required(JsonMembers::parse(reply.text));
+    if (!members) {
+        return members.error();
+    }
+    const Result<int> docid = required(members->integer("docid"));
+    const Result<int> kind = required(members->integer("doctype"));
+    const Result<unsigned int> state = required(members->identifier("datastoreshmid"));
+    if (!docid || !kind || !state) {
+        return !docid ? docid.error() : !kind ? kind.error() : state.error();
+    }
+    return CreateReply{*docid, *kind, *state, reply.sender};
+}
+
+// Nobody wants the document any more.
+void destroyLate(const Bus& bus, const Reply& reply) {
+    if (const Result<CreateReply> created = readCreated(reply)) {
+        destroy(bus, created->docid, created->owner);
+    }
+}
+
 } // namespace
 
 Result<CreateReply> create(const Bus& bus, const CreateRequest& request, const CallLimits& limits) {
@@ -32,21 +53,15 @@ Result<CreateReply> create(const Bus& bus, const CreateRequest& request, const C
     if (request.password) {
         payload.add("password", *request.password);
     }
-    const Result<JsonMembers> reply = query(bus, category, "create", payload, limits);
+    const Result<Reply> reply = bus.request(category, "create", payload.text(), limits, destroyLate);
     if (!reply) {
         return reply.error();
     }
-    const Result<int> docid = required(reply->integer("docid"));
-    const Result<int> kind = required(reply->integer("doctype"));
-    const Result<unsigned int> state = required(reply->identifier("datastoreshmid"));
-    if (!docid || !kind || !state) {
-        return !docid ? docid.error() : !kind ? kind.error() : state.error();
-    }
-    return CreateReply{*docid, *kind, *state};
+    return readCreated(*reply);
 }
 
-Failure destroy(const Bus& bus, int docid) {
-    return bus.post(category, "destroy", documentPayload(docid).text());
+Failure destroy(const Bus& bus, int docid, const std::string& owner) {
+    return bus.post(category, "destroy", documentPayload(docid).text(), owner);
 }
 
 Failure ping(const Bus& bus) {

@@ -8,6 +8,8 @@
 
 #include "client/Bus.h"
 
+#pragma GCC visibility push(default)
+
 namespace lectern::events {
 
 struct CreateRequest {
@@ -24,12 +26,15 @@ struct CreateReply {
     int docid = 0;
     int kind = 0;           // "doctype": 1 spreadsheet, 2 word-processing, 3 presentation
     unsigned int state = 0; // segment identifier, and address of the view's notifications
+    std::string owner;      // unique bus name of the process that has the document
 };
 
-// Replies when the open has ended; how it ended, a queue record of id _OPENED tells.
+// Replies when the open has ended; how it ended, a queue record of id 8 tells.
+// Given up, by its time-out or its stop token, it destroys what still opens.
 Result<CreateReply> create(const Bus& bus, const CreateRequest& request, const CallLimits& limits);
-// Not answered.
-Failure destroy(const Bus& bus, int docid);
+// Not answered. owner: as "create" gave it; after a restart of the service its
+// number is another document's.
+Failure destroy(const Bus& bus, int docid, const std::string& owner = serviceName);
 Failure ping(const Bus& bus);
 
 Failure handlePenDown(const Bus& bus, int docid, int x, int y, const CallLimits& limits = {});
@@ -44,3 +49,5 @@ Failure handleDoubleClick(const Bus& bus, int docid, int x, int y, const CallLim
 Failure handleFlick(const Bus& bus, int docid, int velocityX, int velocityY, const CallLimits& limits = {});
 
 } // namespace lectern::events
+
+#pragma GCC visibility pop

@@ -7,6 +7,8 @@
 
 #include "client/Bus.h"
 
+#pragma GCC visibility push(default)
+
 namespace lectern::excel {
 
 // The service's text, unchanged: names and which one is shown. Names are not
@@ -34,3 +36,5 @@ Failure unhideAll(const Bus& bus, int docid, const CallLimits& limits = {});
 Failure copySelection(const Bus& bus, int docid, const std::string& path, const CallLimits& limits = {});
 
 } // namespace lectern::excel
+
+#pragma GCC visibility pop

@@ -7,6 +7,8 @@
 #include "client/Result.h"
 #include "client/SharedMemory.h"
 
+#pragma GCC visibility push(default)
+
 namespace lectern {
 
 // The shared memory that the service paints into: width * height pixels of
@@ -45,3 +47,5 @@ private:
 };
 
 } // namespace lectern
+
+#pragma GCC visibility pop

@@ -15,6 +15,9 @@ struct GLibRelease {
     void operator()(GCancellable* cancellable) const { g_object_unref(cancellable); }
     void operator()(GDBusConnection* connection) const { g_object_unref(connection); }
     void operator()(GDBusMessage* message) const { g_object_unref(message); }
+    void operator()(GAsyncResult* result) const { g_object_unref(result); }
+    void operator()(GMainContext* context) const { g_main_context_unref(context); }
+    void operator()(GSource* source) const { g_source_unref(source); }
     void operator()(GOptionContext* context) const { g_option_context_free(context); }
 };
 

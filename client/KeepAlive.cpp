@@ -1,17 +1,25 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/KeepAlive.h"
 
+#include <utility>
+
 #include "client/EventCalls.h"
 
 namespace lectern {
 
-KeepAlive::KeepAlive(const Bus& bus, std::chrono::milliseconds period)
-    : mBus(bus), mThread([this, period](const std::stop_token& stop) { run(stop, period); }) {}
+KeepAlive::KeepAlive(const Bus& bus, std::chrono::milliseconds period, std::function<void()> onBusLost)
+    : mBus(bus), mOnBusLost(std::move(onBusLost)),
+      mThread([this, period](const std::stop_token& stop) { run(stop, period); }) {}
 
 void KeepAlive::run(const std::stop_token& stop, std::chrono::milliseconds period) {
     std::unique_lock lock(mMutex);
     while (!mStopped.wait_for(lock, stop, period, [&stop] { return stop.stop_requested(); })) {
-        // A lost connection shows in the calls that need an answer.
+        if (mBus.isClosed()) {
+            if (mOnBusLost) {
+                mOnBusLost();
+            }
+            return;
+        }
         events::ping(mBus);
     }
 }

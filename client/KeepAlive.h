@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <condition_variable>
+#include <functional>
 #include <mutex>
 #include <thread>
 
@@ -16,15 +17,18 @@ class KeepAlive {
 public:
     static constexpr std::chrono::milliseconds defaultPeriod{10'000};
 
-    // The bus must outlive the object.
-    explicit KeepAlive(const Bus& bus, std::chrono::milliseconds period = defaultPeriod);
+    // onBusLost: called once, on a thread of the object's, when the connection
+    // turns out to be lost; nothing else would tell.
+    explicit KeepAlive(const Bus& bus, std::chrono::milliseconds period = defaultPeriod,
+                       std::function<void()> onBusLost = {});
     KeepAlive(const KeepAlive&) = delete;
     KeepAlive& operator=(const KeepAlive&) = delete;
 
 private:
     void run(const std::stop_token& stop, std::chrono::milliseconds period);
 
-    const Bus& mBus;
+    const Bus mBus;
+    const std::function<void()> mOnBusLost;
     std::mutex mMutex;
     std::condition_variable_any mStopped;
     std::jthread mThread; // last: it uses the others

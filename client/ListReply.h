@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#pragma GCC visibility push(default)
+
 namespace lectern {
 
 // A sheet or slide of a document.
@@ -25,3 +27,5 @@ struct PartList {
 PartList readPartList(const std::string& text);
 
 } // namespace lectern
+
+#pragma GCC visibility pop

@@ -1,51 +1,23 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/Navigation.h"
 
-#include <thread>
-
-#include "client/EventCalls.h"
 #include "client/ExcelCalls.h"
 #include "client/PptCalls.h"
+#include "client/ScrollPlan.h"
 
 namespace lectern {
 
 namespace {
-
-// The slowest glide there is, and one that ends at the pixel where it began.
-constexpr int slowest = -1;
-constexpr std::chrono::milliseconds slowestGlide{3};
 
 Failure paintAfterInput(Document& document, const CallLimits& limits) {
     document.settle();
     return document.paint(limits);
 }
 
-// A sheet measures itself and renders around its place when a glide has ended
-// there. The pen up is for the view: a flick is always part of a pen contact.
-Failure bringToRest(Document& document, Point pen, const CallLimits& limits) {
-    Failure failure = events::handleFlick(document.bus(), document.docid(), 0, slowest, limits);
-    if (!failure) {
-        failure = document.penUp(pen.x, pen.y);
-    }
-    std::this_thread::sleep_for(slowestGlide);
-    return failure;
-}
-
-// A pen up goes no way by itself in a contact that has become a flick.
-Failure dragSheet(Document& document, const Drag& drag, const CallLimits& limits) {
-    Failure failure = document.penMove(drag.to.x, drag.to.y);
-    if (failure) {
-        return failure;
-    }
-    document.settle();
-    return bringToRest(document, drag.to, limits);
-}
-
 Failure drag(Document& document, const Drag& drag, const CallLimits& limits) {
     Failure failure = document.penDown(drag.from.x, drag.from.y);
     if (!failure) {
-        failure = document.kind() == DocumentKind::spreadsheet ? dragSheet(document, drag, limits)
-                                                               : document.penUp(drag.to.x, drag.to.y);
+        failure = document.penUp(drag.to.x, drag.to.y);
     }
     return failure ? failure : paintAfterInput(document, limits);
 }
@@ -94,7 +66,7 @@ Failure showSheet(Document& document, int sheet, const CallLimits& limits) {
     if (!shown) {
         return shown.error();
     }
-    const Failure failure = bringToRest(document, {}, limits);
+    const Failure failure = document.comeToRest(limits);
     return failure ? failure : paintAfterInput(document, limits);
 }
 

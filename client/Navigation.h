@@ -4,7 +4,9 @@
 #pragma once
 
 #include "client/Document.h"
-#include "client/ScrollPlan.h"
+#include "client/Point.h"
+
+#pragma GCC visibility push(default)
 
 namespace lectern {
 
@@ -22,3 +24,5 @@ Failure showSheet(Document& document, int sheet, const CallLimits& limits = {});
 Failure showSlide(Document& document, int slide, const CallLimits& limits = {});
 
 } // namespace lectern
+
+#pragma GCC visibility pop

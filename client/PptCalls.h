@@ -7,6 +7,8 @@
 
 #include "client/Bus.h"
 
+#pragma GCC visibility push(default)
+
 namespace lectern::ppt {
 
 Result<int> getSlideCount(const Bus& bus, int docid, const CallLimits& limits = {});
@@ -24,3 +26,5 @@ Failure fitWideMode(const Bus& bus, int docid, const std::optional<std::string>&
                     const CallLimits& limits = {});
 
 } // namespace lectern::ppt
+
+#pragma GCC visibility pop

@@ -18,21 +18,29 @@ class RecordReader {
 public:
     using Handler = std::function<void(const ServerClientMessage&)>;
 
-    // The handler is called on the reader's thread, and not after the
-    // destructor has returned. The address must be above 99.
-    static Result<std::unique_ptr<RecordReader>> start(long address, Handler handler);
+    // Both handlers are called on the reader's thread, and not after the
+    // destructor has returned: one with each record, the other when the queue
+    // has vanished, which ends the reader. The address must be above 99.
+    static Result<std::unique_ptr<RecordReader>> start(long address, Handler handler,
+                                                       std::function<void()> onQueueGone = {});
     // Waits for a handler call that is going on.
     ~RecordReader();
+    // Has the reader end soon, without waiting for it.
+    void stop();
     RecordReader(const RecordReader&) = delete;
     RecordReader& operator=(const RecordReader&) = delete;
 
 private:
-    RecordReader(long address, Handler handler) : mAddress(address), mHandler(std::move(handler)) {}
+    RecordReader(long address, Handler handler, std::function<void()> onQueueGone)
+        : mAddress(address), mHandler(std::move(handler)), mOnQueueGone(std::move(onQueueGone)) {}
     void run();
+    ServerClientMessage wakeRecord() const;
 
     ClientQueue mQueue;
     const long mAddress;
     const Handler mHandler;
+    const std::function<void()> mOnQueueGone;
+    std::atomic<bool> mWoken{false}; // the record that ends the reader is under way
     std::atomic<bool> mEnded{false};
     std::thread mThread;
 };

@@ -18,6 +18,8 @@ struct Error {
         refused,   // the service answered with an error; name holds its "errorCode"
         document,  // the document did not open; code holds the rendering module's code
         timedOut,  // no answer in time
+        gone,      // the service that had the document has stopped; Document::reopen
+                   // brings the view back
         cancelled, // the caller's stop token was used
     };
 

@@ -3,13 +3,9 @@
 
 #include <optional>
 
-namespace lectern {
+#include "client/Point.h"
 
-struct Point {
-    int x = 0;
-    int y = 0;
-    bool operator==(const Point&) const = default;
-};
+namespace lectern {
 
 // A pen contact: down at from, up at to, in view pixels.
 struct Drag {

@@ -5,7 +5,9 @@
 
 #include <cstdlib>
 
+#include "client/GLibHolder.h"
 #include "client/IpcNamespace.h"
+#include "client/PrivateBus.h"
 #include "client/Programs.h"
 #include "client/Spawn.h"
 
@@ -53,7 +55,7 @@ Result<Service> Service::open(const ServiceOptions& options) {
         if (!bus) {
             return bus.error();
         }
-        return Service(std::nullopt, std::move(*bus));
+        return Service(nullptr, std::move(*bus));
     }
     if (options.isolate) {
         isolateIpc();
@@ -66,7 +68,7 @@ Result<Service> Service::open(const ServiceOptions& options) {
     if (!bus) {
         return bus.error();
     }
-    return Service(std::move(*privateBus), std::move(*bus));
+    return Service(std::make_shared<PrivateBus>(std::move(*privateBus)), std::move(*bus));
 }
 
 } // namespace lectern

@@ -1,14 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <stop_token>
 #include <string>
 
 #include "client/Bus.h"
-#include "client/PrivateBus.h"
+
+#pragma GCC visibility push(default)
 
 namespace lectern {
+
+class PrivateBus;
 
 // The address of the session's bus from the environment, if there is one.
 std::optional<std::string> sessionBusAddress();
@@ -27,14 +31,16 @@ public:
     static Result<Service> open(const ServiceOptions& options = {});
 
     const Bus& bus() const { return mBus; }
-    bool isPrivate() const { return mPrivate.has_value(); }
+    bool isPrivate() const { return mPrivate != nullptr; }
 
 private:
-    Service(std::optional<PrivateBus> privateBus, Bus bus)
+    Service(std::shared_ptr<PrivateBus> privateBus, Bus bus)
         : mPrivate(std::move(privateBus)), mBus(std::move(bus)) {}
 
-    std::optional<PrivateBus> mPrivate; // outlives the connection to it
+    std::shared_ptr<PrivateBus> mPrivate; // outlives the connection to it
     Bus mBus;
 };
 
 } // namespace lectern
+
+#pragma GCC visibility pop

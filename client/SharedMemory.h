@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <utility>
 
+#pragma GCC visibility push(default)
+
 namespace lectern {
 
 // An attached System V segment; detached with the object.
@@ -27,3 +29,5 @@ private:
 };
 
 } // namespace lectern
+
+#pragma GCC visibility pop

@@ -6,6 +6,8 @@
 #include "client/Result.h"
 #include "client/SharedMemory.h"
 
+#pragma GCC visibility push(default)
+
 namespace lectern {
 
 #pragma pack(push, 4)
@@ -40,3 +42,5 @@ private:
 };
 
 } // namespace lectern
+
+#pragma GCC visibility pop

@@ -4,6 +4,8 @@
 
 #include "client/Bus.h"
 
+#pragma GCC visibility push(default)
+
 namespace lectern::word {
 
 // Lays the text out wider than the view, or as wide as it. Answered when the
@@ -11,3 +13,5 @@ namespace lectern::word {
 Failure wideMode(const Bus& bus, int docid, bool on, const CallLimits& limits = {});
 
 } // namespace lectern::word
+
+#pragma GCC visibility pop

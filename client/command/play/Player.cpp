@@ -4,7 +4,6 @@
 #include <algorithm>
 
 #include "client/CommonCalls.h"
-#include "client/EventCalls.h"
 #include "client/command/Moves.h"
 #include "client/command/Pause.h"
 
@@ -60,16 +59,15 @@ Failure Player::takeFrame(const std::string& name) {
 }
 
 Failure Player::perform(const Click& click) {
-    return events::handleClick(mDocument.bus(), mDocument.docid(), click.at.x, click.at.y, mLimits);
+    return mDocument.click(click.at.x, click.at.y, mLimits);
 }
 
 Failure Player::perform(const DoubleClick& click) {
-    return events::handleDoubleClick(mDocument.bus(), mDocument.docid(), click.at.x, click.at.y, mLimits);
+    return mDocument.doubleClick(click.at.x, click.at.y, mLimits);
 }
 
 Failure Player::perform(const Flick& flick) {
-    return events::handleFlick(mDocument.bus(), mDocument.docid(), flick.velocity.x, flick.velocity.y,
-                               mLimits);
+    return mDocument.flick(flick.velocity.x, flick.velocity.y, mLimits);
 }
 
 // Fingers move evenly. A view shows a pinch from its last picture, and takes the

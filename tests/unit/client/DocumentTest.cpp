@@ -149,23 +149,6 @@ TEST_F(DocumentTest, StateIsThatOfTheLastPaint) {
     EXPECT_EQ((*document)->state().scrollY, 300);
 }
 
-TEST_F(DocumentTest, NotificationsReachTheHandler) {
-    std::mutex mutex;
-    std::condition_variable arrived;
-    std::vector<int> values;
-    const auto document = open({.onNotification = [&](const ServerClientMessage& message) {
-        const std::lock_guard lock(mutex);
-        values.push_back(message.id * 100 + message.value);
-        arrived.notify_all();
-    }});
-    ASSERT_TRUE(document);
-    mService.view().notify(_INVALIDATED, 0, 0);
-    mService.view().notify(_SLIDE_CHANGED, 4, 0);
-    std::unique_lock lock(mutex);
-    arrived.wait(lock, [&] { return values.size() == 2; });
-    EXPECT_THAT(values, ElementsAre(0, 704));
-}
-
 TEST_F(DocumentTest, FailsToOpenOnALostBus) {
     Bus lost = [] {
         const auto privateBus = PrivateBus::start();

@@ -20,6 +20,10 @@ FakeService::FakeService() {
     mBus.emplace(std::move(*bus));
     mAnswers["/events ping"] = std::nullopt;
     mAnswers["/events destroy"] = std::nullopt;
+    comeBack();
+}
+
+void FakeService::comeBack() {
     mConnection.reset(g_dbus_connection_new_for_address_sync(
         mBus->address().c_str(),
         static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
@@ -38,15 +42,37 @@ FakeService::FakeService() {
 }
 
 FakeService::~FakeService() {
+    vanish();
+}
+
+void FakeService::vanish() {
     if (mConnection) {
         g_dbus_connection_close_sync(mConnection.get(), nullptr, nullptr);
         g_dbus_connection_remove_filter(mConnection.get(), mFilter);
     }
+    mConnection.reset();
+    mView.reset();
+}
+
+void FakeService::answerOpenLate(int docid) {
+    const std::lock_guard lock(mMutex);
+    send(mConnection.get(), mLastOpen.get(),
+         JsonMembers().add("docid", docid).add("doctype", 2).addIdentifier("datastoreshmid", 5'000).text());
 }
 
 void FakeService::answer(const std::string& place, std::optional<std::string> reply) {
     const std::lock_guard lock(mMutex);
     mAnswers[place] = std::move(reply);
+}
+
+bool FakeService::mayStartIt(const std::string& place) {
+    const std::lock_guard lock(mMutex);
+    return (mFlags.at(place) & G_DBUS_MESSAGE_FLAGS_NO_AUTO_START) == 0;
+}
+
+std::string FakeService::lastDestination(const std::string& place) {
+    const std::lock_guard lock(mMutex);
+    return mDestinations.at(place);
 }
 
 void FakeService::fail(const std::string& place, const std::string& error) {
@@ -87,17 +113,28 @@ void FakeService::handle(GDBusConnection* connection, GDBusMessage* message) {
     g_variant_get(g_dbus_message_get_body(message), "(&s)", &payload);
     const Call call{std::string(g_dbus_message_get_path(message)) + " " + g_dbus_message_get_member(message),
                     payload};
-    GLibHolder<GDBusMessage> reply;
-    if (const auto error = failureOf(call)) {
-        reply.reset(g_dbus_message_new_method_error_literal(message, error->c_str(), "as told"));
-    } else if (const auto text = replyTo(call)) {
-        reply.reset(g_dbus_message_new_method_reply(message));
-        g_dbus_message_set_body(reply.get(), g_variant_new("(s)", text->c_str()));
+    {
+        const std::lock_guard lock(mMutex);
+        mFlags[call.place] = g_dbus_message_get_flags(message);
+        mDestinations[call.place] = g_dbus_message_get_destination(message);
+        if (call.place == "/events create") {
+            mLastOpen.reset(static_cast<GDBusMessage*>(g_object_ref(message)));
+        }
     }
-    if (reply) {
+    if (const auto error = failureOf(call)) {
+        const GLibHolder<GDBusMessage> reply(
+            g_dbus_message_new_method_error_literal(message, error->c_str(), "as told"));
         g_dbus_connection_send_message(connection, reply.get(), G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr,
                                        nullptr);
+    } else if (const auto text = replyTo(call)) {
+        send(connection, message, *text);
     }
+}
+
+void FakeService::send(GDBusConnection* connection, GDBusMessage* call, const std::string& text) {
+    const GLibHolder<GDBusMessage> reply(g_dbus_message_new_method_reply(call));
+    g_dbus_message_set_body(reply.get(), g_variant_new("(s)", text.c_str()));
+    g_dbus_connection_send_message(connection, reply.get(), G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr, nullptr);
 }
 
 std::optional<std::string> FakeService::failureOf(const Call& call) {
@@ -120,9 +157,11 @@ std::optional<std::string> FakeService::replyTo(const Call& call) {
 std::string FakeService::create(const std::string& payload) {
     constexpr int docid = 3;
     const auto members = JsonMembers::parse(payload);
+    mView.reset();
     mView = std::make_unique<FakeView>(docid, static_cast<int>(members->identifier("shmid").value_or(0)),
                                        members->integer("width").value_or(0),
-                                       members->integer("height").value_or(0));
+                                       members->integer("height").value_or(0),
+                                       members->identifier("datastoreshmid").value_or(0));
     if (mSendsOpened) {
         mView->notify(_OPENED, docid, mOpenResult);
     }

@@ -40,10 +40,20 @@ public:
     // Whether an open is followed by an opened record at all.
     void sendsOpened(bool does) { mSendsOpened = does; }
     void documentKind(int kind) { mKind = kind; }
+    // Answers an open that was left unanswered, with the document of this number.
+    void answerOpenLate(int docid);
+    // Leaves the bus, as a service that stops or is killed; its view goes too.
+    void vanish();
+    // A service of the same name, started anew.
+    void comeBack();
 
     std::vector<Call> calls() const;
     // Waits for the count-th call of a method; its payload.
     std::string waitForCall(const std::string& place, int count = 1);
+    // Whether the last call of a method would have started the service.
+    bool mayStartIt(const std::string& place);
+    // The bus name that it was sent to.
+    std::string lastDestination(const std::string& place);
     // The view of the last "create". REQUIRES: there was one.
     FakeView& view() { return *mView; }
 
@@ -51,6 +61,7 @@ private:
     static GDBusMessage* filter(GDBusConnection* connection, GDBusMessage* message, gboolean incoming,
                                 void* self);
     void handle(GDBusConnection* connection, GDBusMessage* message);
+    void send(GDBusConnection* connection, GDBusMessage* call, const std::string& text);
     std::optional<std::string> failureOf(const Call& call);
     std::optional<std::string> replyTo(const Call& call);
     std::string create(const std::string& payload);
@@ -63,6 +74,9 @@ private:
     std::map<std::string, std::optional<std::string>> mAnswers;
     std::map<std::string, std::string> mFailures;
     std::vector<Call> mCalls;
+    std::map<std::string, int> mFlags;
+    std::map<std::string, std::string> mDestinations;
+    lectern::GLibHolder<GDBusMessage> mLastOpen;
     std::unique_ptr<FakeView> mView;
     std::atomic<int> mOpenResult{0};
     std::atomic<bool> mSendsOpened{true};

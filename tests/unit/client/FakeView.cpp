@@ -25,13 +25,21 @@ int makeStateSegment() {
 
 } // namespace
 
-FakeView::FakeView(int docid, int frameBuffer, int width, int height)
+FakeView::FakeView(int docid, int frameBuffer, int width, int height, unsigned int state)
     : mDocid(docid), mWidth(width), mHeight(height), mFrame(frameBuffer) {
-    const int identifier = makeStateSegment();
-    mStateIdentifier = static_cast<unsigned int>(identifier);
-    mStateMemory = lectern::Attachment(identifier);
-    shmctl(identifier, IPC_RMID, nullptr);
-    writeState();
+    if (state != 0) {
+        mStateMemory = lectern::Attachment(static_cast<int>(state));
+    }
+    if (mStateMemory.attached()) {
+        mStateIdentifier = state;
+        std::memcpy(&mState, mStateMemory.address(), sizeof mState);
+    } else {
+        const int identifier = makeStateSegment();
+        mStateIdentifier = static_cast<unsigned int>(identifier);
+        mStateMemory = lectern::Attachment(identifier);
+        shmctl(identifier, IPC_RMID, nullptr);
+        writeState();
+    }
     mQueue.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId);
     mWorker = std::thread([this] { run(); });
 }
@@ -53,13 +61,23 @@ std::vector<long> FakeView::taken() const {
     return mTaken;
 }
 
+void FakeView::waitForTaken(size_t count) const {
+    std::unique_lock lock(mMutex);
+    mTakenOne.wait(lock, [&] { return mTaken.size() >= count; });
+}
+
 void FakeView::run() {
     ClientServerMessage message;
     while (mQueue.ReadMessage(DocAdapterMessageQueue::anyClientMessage, message) > 0 &&
            message.type != endOfWork) {
-        const std::lock_guard lock(mMutex);
-        mTaken.push_back(message.type);
-        take(message);
+        mIdle.acquire();
+        {
+            const std::lock_guard lock(mMutex);
+            mTaken.push_back(message.type);
+            take(message);
+            mTakenOne.notify_all();
+        }
+        mIdle.release();
     }
 }
 

@@ -3,8 +3,11 @@
 
 #include <array>
 #include <atomic>
+#include <condition_variable>
 #include <cstdint>
+#include <memory>
 #include <mutex>
+#include <semaphore>
 #include <thread>
 #include <vector>
 
@@ -16,8 +19,9 @@
 // does, paints one colour, scrolls a document of a given height, zooms.
 class FakeView {
 public:
-    // Holds paints of this frame buffer; width and height of it in pixels.
-    FakeView(int docid, int frameBuffer, int width, int height);
+    // Holds paints of this frame buffer; width and height of it in pixels. The
+    // state is that of an earlier view's segment, or with 0 a new one.
+    FakeView(int docid, int frameBuffer, int width, int height, unsigned int state = 0);
     // Ends the worker.
     ~FakeView();
     FakeView(const FakeView&) = delete;
@@ -28,6 +32,13 @@ public:
     void notify(ClientMessageId id, int value, int extra);
     // The types of the records taken so far, in order.
     std::vector<long> taken() const;
+    // Waits until so many records have been taken.
+    void waitForTaken(size_t count) const;
+    // Input waits in the queue, and paints too, until this is let go of.
+    std::shared_ptr<void> holdUp() {
+        mIdle.acquire();
+        return {nullptr, [this](void*) { mIdle.release(); }};
+    }
 
     std::atomic<bool> answersPaints{true};
     std::atomic<int> paintResult{0};
@@ -56,7 +67,9 @@ private:
     int mScrollAtPen = 0;
     double mFactor = 1.0;
     double mPainted = 1.0;
+    std::binary_semaphore mIdle{1};
     mutable std::mutex mMutex;
+    mutable std::condition_variable mTakenOne;
     std::vector<long> mTaken;
     std::thread mWorker;
 };

@@ -15,7 +15,7 @@ std::string contents(const std::string& path) {
 }
 
 TEST(ClientGuide, ShowsTheProgramThatIsCompiled) {
-    const std::string program = contents("/tests/unit/client/OpenAndPaintExample.cpp");
+    const std::string program = contents("/client/example/Pan.cpp");
     const size_t start = program.find("#include");
     ASSERT_NE(start, std::string::npos);
     const std::string block = "```cpp\n" + program.substr(start) + "```\n";

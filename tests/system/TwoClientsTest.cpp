@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: Apache-2.0
+// Two clients with three documents each, of every kind, at the same time.
+#include <atomic>
+#include <thread>
+
+#include "client/CommonCalls.h"
+#include "client/Navigation.h"
+#include "client/PptCalls.h"
+#include "tests/system/support/ClientFixture.h"
+
+namespace {
+
+using namespace lectern;
+
+class TwoClientsTest : public ClientTest {
+protected:
+    // What one client does: every document is worked on, and is told what
+    // concerns it alone.
+    void useThreeDocuments(int slide, int rows) {
+        const Bus own = connect();
+        std::atomic<int> slideTold = -1;
+        Event slideChanged;
+        OpenOptions options;
+        options.events.onSlideChanged = [](int) { ADD_FAILURE() << "another document's slide was told"; };
+        const auto text = open(own, sample("tour.docx"), options);
+        const auto sheet = open(own, sample("tour.xlsx"), options);
+        options.events.onSlideChanged = [&](int shown) {
+            slideTold = shown;
+            slideChanged.happen();
+        };
+        const auto slides = open(own, sample("tour.pptx"), options);
+        ASSERT_TRUE(text && sheet && slides);
+        EXPECT_EQ(text->kind(), DocumentKind::wordProcessing);
+        EXPECT_EQ(sheet->kind(), DocumentKind::spreadsheet);
+        EXPECT_EQ(slides->kind(), DocumentKind::presentation);
+        for (int round = 0; round < 5; ++round) {
+            drag(*text, rows);
+            EXPECT_EQ(text->state().scrollY, rows);
+            drag(*text, -rows);
+            EXPECT_EQ(text->state().scrollY, 0);
+            drag(*sheet, 40);
+        }
+        const auto hits = common::search(own, text->docid(), "harbour");
+        ASSERT_TRUE(hits);
+        EXPECT_GT(*hits, 0);
+        ASSERT_FALSE(showSlide(*slides, slide));
+        ASSERT_TRUE(slideChanged.wait());
+        EXPECT_EQ(slideTold, slide);
+        for (const auto* document : {&text, &sheet, &slides}) {
+            ASSERT_FALSE((*document)->paint());
+            EXPECT_TRUE(hasInk(**document));
+        }
+    }
+};
+
+TEST_F(TwoClientsTest, WorkOnThreeDocumentsEachAndDisturbNobody) {
+    std::thread other([this] { useThreeDocuments(1, 100); });
+    useThreeDocuments(2, 200);
+    other.join();
+    const TestDocument next(*client, *queue, sample("tour.txt"), 320, 480);
+    EXPECT_EQ(next.docid(), 0) << "all six were destroyed";
+}
+
+} // namespace

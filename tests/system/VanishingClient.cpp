@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: Apache-2.0
+// vanishing_client ADDRESS FILE: a client to be killed. Opens a document, paints
+// it, prints its number and its state segment, and waits.
+#include <unistd.h>
+
+#include <cstdio>
+
+#include "client/Document.h"
+
+int main(int argc, char** argv) {
+    if (argc != 3) {
+        return 2;
+    }
+    const auto bus = lectern::Bus::connect(argv[1]);
+    const auto document = lectern::Document::open(*bus, argv[2]);
+    if (!document || (*document)->paint()) {
+        return 1;
+    }
+    std::printf("%d %u\n", (*document)->docid(), (*document)->stateIdentifier());
+    std::fflush(stdout);
+    pause();
+    return 0;
+}
