@@ -42,7 +42,7 @@ int32_t SlideDocument::open(Office& office, const std::string& path, const std::
             return result;
         if (!isPresentation(loaded.model))
             return MODULE_WRONG_KIND;
-        document.reset(new SlideDocument(std::make_unique<Private>(office.d(), std::move(loaded))));
+        document.reset(new SlideDocument(std::make_unique<Private>(office.d(), path, std::move(loaded))));
         return MODULE_OK;
     });
 }

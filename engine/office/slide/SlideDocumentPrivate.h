@@ -19,8 +19,8 @@ struct FoundOnSlide {
 };
 
 struct SlideDocument::Private {
-    Private(const Office::Private& office, LoadedModel loaded)
-        : deck(office, std::move(loaded)), texts(static_cast<size_t>(deck.count())) {}
+    Private(const Office::Private& office, const std::string& path, LoadedModel loaded)
+        : deck(office, path, std::move(loaded)), texts(static_cast<size_t>(deck.count())) {}
 
     // Runs work on a slide that there is.
     template<class Work>
