@@ -2,6 +2,7 @@
 // Presentations with the real engine: slides, titles, notes, bad input, memory.
 #include "tests/system/module/SlideView.h"
 
+#include "tests/system/support/Subprocess.h"
 #include "tests/unit/engine/EngineHost.h"
 
 #include <algorithm>
@@ -169,12 +170,12 @@ TEST(SlideModule, WhatIsNoPresentationIsRefused) {
     EXPECT_EQ(openResult(slideFile("text.pptx", "these are only words")), MODULE_WRONG_KIND);
     EXPECT_EQ(openResult(slideFile("nothing.pptx", "")), MODULE_DAMAGED);
     EXPECT_EQ(openResult(slideSample("tour.docx")), MODULE_WRONG_KIND);
-    EXPECT_EQ(openResult(slideFile("words.pptx", bytesOf(slideSample("tour.docx")))), MODULE_WRONG_KIND);
+    EXPECT_EQ(openResult(slideFile("words.pptx", readFile(slideSample("tour.docx")))), MODULE_WRONG_KIND);
 }
 
 TEST(SlideModule, DamagedFilesOpenOrNotButNothingHangs) {
     for (const char* name : {"tour.pptx", "tour.ppt"}) {
-        const std::string whole = bytesOf(slideSample(name));
+        const std::string whole = readFile(slideSample(name));
         for (const std::size_t part : {2U, 3U, 10U}) {
             openResult(slideFile(std::string("cut-") + name, whole.substr(0, whole.size() / part)));
         }
