@@ -230,7 +230,7 @@ TEST_F(SlidePictureTest, LongJumpingAtRandomDoesNotGrowTheMemory) {
     const size_t after = privateMemory();
     RecordProperty("before", std::to_string(before >> 10));
     RecordProperty("after", std::to_string(after >> 10));
-    EXPECT_LT(after, before + (size_t{8} << 20)) << before << " bytes before";
+    EXPECT_LT(after, before + (size_t{2} << 20)) << before << " bytes before";
 }
 
 } // namespace

@@ -42,6 +42,8 @@ protected:
     // The latest slide that the service has told of since the last call of a
     // method; -1 when it has told of none.
     int slideTold(const TestDocument& document) const;
-    // Bytes that service and engines have for themselves.
+    // Bytes that the service and the oldest engine have written for themselves.
+    // Engines made ready for documents to come do not count, nor do pages of
+    // files, which are whoever's maps them.
     size_t privateMemory() const;
 };
