@@ -4,6 +4,8 @@
 
 #include <chrono>
 #include <ostream>
+#include <sstream>
+#include <thread>
 
 #include "tests/system/support/BareSlides.h"
 #include "tests/system/support/Marks.h"
@@ -31,6 +33,21 @@ struct Mark {
 };
 std::ostream& operator<<(std::ostream& out, const Mark& mark) {
     return out << "slide " << mark.slide << " at " << mark.top;
+}
+
+// What a process has used of the processor, in ticks.
+long processorTime(pid_t process) {
+    const std::string stat = readFile("/proc/" + std::to_string(process) + "/stat");
+    // Of what follows "pid (name)", the 12th and 13th.
+    std::istringstream fields(stat.substr(stat.rfind(')') + 1));
+    std::string skipped;
+    for (int i = 0; i < 11; ++i) {
+        fields >> skipped;
+    }
+    long user = 0;
+    long system = 0;
+    fields >> user >> system;
+    return user + system;
 }
 
 class SlideHitsTest : public SlidesTest {
@@ -216,6 +233,34 @@ TEST_F(SlideHitsTest, OddTextsFindNothing) {
     EXPECT_TRUE(shown(document) == clean);
     EXPECT_EQ(document.call("/common", "Search"),
               R"({ "errorCode": "errParamFailed", "errorText": "failed to get search query" })");
+}
+
+TEST_F(SlideHitsTest, ASearchThatTakesTooLongGivesWhatItFoundAndGoesOnTheNextTime) {
+    constexpr int slides = 300;
+    constexpr auto longerThanItsPatience = std::chrono::milliseconds(6000);
+    TestDocument document(*client, *queue, longSlides(slides), 480, 800);
+    ASSERT_EQ(document.paint(), 0);
+    const pid_t engine = descendants("lectern-engine").front();
+    const long before = processorTime(engine);
+    std::thread halt([&] {
+        // It is at work; now time passes without it.
+        EXPECT_TRUE(eventually([&] { return processorTime(engine) > before + 3; }));
+        kill(engine, SIGSTOP);
+        std::this_thread::sleep_for(longerThanItsPatience);
+        kill(engine, SIGCONT);
+    });
+    search(document, "needle");
+    halt.join();
+    EXPECT_EQ(document.slide(), 0);
+    EXPECT_FALSE(markOf(document).isEmpty());
+    previous(document);
+    const int last = document.slide();
+    EXPECT_LT(last, slides - 1) << "it came to the end all the same";
+    EXPECT_FALSE(markOf(document).isEmpty());
+    jump(document, 0);
+    search(document, "needle");
+    previous(document);
+    EXPECT_EQ(document.slide(), slides - 1);
 }
 
 TEST_F(SlideHitsTest, AnEngineThatDoesNotAnswerASearchIsGivenUp) {
