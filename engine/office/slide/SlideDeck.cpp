@@ -24,7 +24,6 @@ namespace lectern::engine {
 using css::drawing::XDrawPage;
 using css::uno::Reference;
 using css::uno::Sequence;
-using css::uno::UNO_QUERY;
 using css::uno::UNO_QUERY_THROW;
 
 namespace {

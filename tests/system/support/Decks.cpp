@@ -45,22 +45,22 @@ std::string slideSample(const std::string& name) {
 }
 
 std::string longSlides(int count, int shapes) {
-    const std::string path = folder() + "/" + std::to_string(count) + "-" + std::to_string(shapes) + ".pptx";
+    std::string path = folder() + "/" + std::to_string(count) + "-" + std::to_string(shapes) + ".pptx";
     if (!std::filesystem::exists(path)) {
-        run({"python3", SAMPLES_FOLDER "/make_long_pptx.py", std::to_string(count), path,
+        run({"python3", slideSample("make_long_pptx.py"), std::to_string(count), path,
              std::to_string(shapes)});
     }
     return path;
 }
 
 std::string slideFile(const std::string& name, const std::string& bytes) {
-    const std::string path = folder() + "/" + name;
+    std::string path = folder() + "/" + name;
     std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
     return path;
 }
 
 std::string madeSlides(const std::string& name, const std::string& python) {
-    const std::string path = folder() + "/" + name;
+    std::string path = folder() + "/" + name;
     run({"python3", "-c", "from pptx_writer import *\nOUT = '" + path + "'\n" + python});
     return path;
 }

@@ -28,7 +28,7 @@ int numberOf(const std::string& json, const char* key) {
 
 std::string quoted(const std::string& text) {
     json_object* const value = json_object_new_string_len(text.data(), static_cast<int>(text.size()));
-    const std::string json = json_object_to_json_string(value);
+    std::string json = json_object_to_json_string(value);
     json_object_put(value);
     return json;
 }
