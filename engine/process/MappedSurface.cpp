@@ -39,4 +39,8 @@ MappedSurface::~MappedSurface() {
     }
 }
 
+void MappedSurface::discard() {
+    madvise(mAddress, mBytes, MADV_REMOVE);
+}
+
 } // namespace lectern::engine

@@ -19,6 +19,9 @@ public:
     MappedSurface& operator=(MappedSurface&& other) noexcept;
     ~MappedSurface();
 
+    // Gives the memory back; what was painted is lost.
+    void discard();
+
     std::uint32_t* pixels() const { return static_cast<std::uint32_t*>(mAddress); }
 
 private:

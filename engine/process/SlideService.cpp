@@ -68,17 +68,22 @@ gboolean handleOpen(LecternIpcSlide* slide, Invocation* invocation, const gchar*
 }
 
 gboolean handleSetSurface(LecternIpcSlide* slide, Invocation* invocation, GUnixFDList* files,
-                          GVariant* memory, gint width, gint height, gpointer user) {
+                          GVariant* memory, gint width, gint height, gint pictures, gpointer user) {
     const FileDescriptor file(
         files == nullptr ? -1 : g_unix_fd_list_get(files, g_variant_get_handle(memory), nullptr));
     lectern_ipc_slide_complete_set_surface(slide, invocation, nullptr,
-                                           serviceOf(user).setSurface(file.get(), width, height));
+                                           serviceOf(user).setSurface(file.get(), width, height, pictures));
     return TRUE;
 }
 
 gboolean handleRender(LecternIpcSlide* slide, Invocation* invocation, gint index, gpointer user) {
-    lectern_ipc_slide_complete_render(
-        slide, invocation, onDocument(user, [&](Document& document) { return document.render(index); }));
+    std::int32_t picture = 0;
+    const std::int32_t result = onDocument(user, [&](Document& document) {
+        const std::int32_t rendered = document.render(index);
+        picture = document.picture();
+        return rendered;
+    });
+    lectern_ipc_slide_complete_render(slide, invocation, result, picture);
     return TRUE;
 }
 
@@ -166,6 +171,11 @@ gboolean handleFoundNoteOffsets(LecternIpcSlide* slide, Invocation* invocation, 
     return TRUE;
 }
 
+gboolean handleReleaseMemory(LecternIpcSlide* slide, Invocation* invocation, gpointer user) {
+    lectern_ipc_slide_complete_release_memory(slide, invocation, serviceOf(user).releaseMemory());
+    return TRUE;
+}
+
 gboolean handleInformation(LecternIpcSlide* slide, Invocation* invocation, gpointer user) {
     DocumentInformation information;
     const std::int32_t result =
@@ -194,8 +204,7 @@ void connectHandlers(LecternIpcSlide* slide, SlideService* service) {
     connect("handle-found-note-offsets", &handleFoundNoteOffsets);
     connect("handle-stop-find", &handlePlain<&Document::stopFind, &lectern_ipc_slide_complete_stop_find>);
     connect("handle-information", &handleInformation);
-    connect("handle-release-memory",
-            &handlePlain<&Document::releaseMemory, &lectern_ipc_slide_complete_release_memory>);
+    connect("handle-release-memory", &handleReleaseMemory);
 }
 
 } // namespace
@@ -225,17 +234,31 @@ std::int32_t SlideService::open(const std::string& path) {
     return guarded([&] { return SlideDocument::open(*mOffice, path, mFolder, mDocument); });
 }
 
-std::int32_t SlideService::setSurface(int memory, std::int32_t width, std::int32_t height) {
-    std::optional<MappedSurface> surface = MappedSurface::map(memory, width, height);
+std::int32_t SlideService::setSurface(int memory, std::int32_t width, std::int32_t height,
+                                      std::int32_t pictures) {
+    std::int32_t rows = 0;
+    if (__builtin_mul_overflow(height, pictures, &rows)) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    std::optional<MappedSurface> surface = MappedSurface::map(memory, width, rows);
     if (!surface) {
         return MODULE_BAD_ARGUMENT;
     }
-    const std::int32_t result = onDocument(
-        this, [&](SlideDocument& document) { return document.setSurface(surface->pixels(), width, height); });
+    const std::int32_t result = onDocument(this, [&](SlideDocument& document) {
+        document.setRoom(pictures);
+        return document.setSurface(surface->pixels(), width, height);
+    });
     if (result == MODULE_OK) {
         mSurface = std::move(surface);
     }
     return result;
+}
+
+std::int32_t SlideService::releaseMemory() {
+    if (mSurface) {
+        mSurface->discard();
+    }
+    return onDocument(this, [](SlideDocument& document) { return document.releaseMemory(); });
 }
 
 } // namespace lectern::engine

@@ -30,7 +30,8 @@ public:
     bool exportOn(GDBusConnection* connection);
 
     std::int32_t open(const std::string& path);
-    std::int32_t setSurface(int memory, std::int32_t width, std::int32_t height);
+    std::int32_t setSurface(int memory, std::int32_t width, std::int32_t height, std::int32_t pictures);
+    std::int32_t releaseMemory();
 
     // Null before a presentation is open.
     SlideDocument* document() { return mDocument.get(); }

@@ -23,7 +23,10 @@ struct OutlineTexts {
 
 // What an sstg_ document handle points to.
 struct SlideHandle : DocumentHandle {
-    std::unique_ptr<Surface> surface; // what the engine paints on; null before the first slide
+    // What the engine paints on: pictures of slides, one below the other; null
+    // before the first slide.
+    std::unique_ptr<Surface> surface;
+    std::int32_t pictures = 0;
 
     // What was handed out; each holds until the next call of its function.
     std::vector<sstg_find_info> infos;

@@ -39,4 +39,8 @@ void Surface::copyTo(std::uint32_t* pixels) const {
     std::memcpy(pixels, mPixels, bytes());
 }
 
+void Surface::copyTo(std::uint32_t* pixels, std::size_t first, std::size_t count) const {
+    std::memcpy(pixels, static_cast<const std::uint32_t*>(mPixels) + first, count * sizeof *pixels);
+}
+
 } // namespace lectern::engine

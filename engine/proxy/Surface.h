@@ -31,6 +31,8 @@ public:
     void letGoMemory() { mMemory.close(); }
     // Copies all pixels to width * height of the caller's.
     void copyTo(std::uint32_t* pixels) const;
+    // Copies `count` pixels from the `first` on, which must be there.
+    void copyTo(std::uint32_t* pixels, std::size_t first, std::size_t count) const;
 
 private:
     Surface(FileDescriptor memory, const void* pixels, std::int32_t width, std::int32_t height);

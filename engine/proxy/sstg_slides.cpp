@@ -5,16 +5,27 @@
 
 #include <gio/gunixfdlist.h>
 
+#include <algorithm>
 #include <utility>
 
 using namespace lectern::engine;
 
 namespace {
 
-// Gives the engine a surface of another size; the one before stays when that
-// fails.
+// The engine keeps slides that it painted last, in memory that takes so much.
+constexpr std::int64_t kMostKept = std::int64_t{32} << 20; // bytes
+constexpr std::int64_t kMostPictures = 64;
+
+std::int32_t picturesOf(std::int32_t width, std::int32_t height) {
+    const std::int64_t bytes = std::int64_t{width} * height * 4;
+    return static_cast<std::int32_t>(std::clamp<std::int64_t>(kMostKept / bytes, 1, kMostPictures));
+}
+
+// Gives the engine a surface for pictures of another size; the one before stays
+// when that fails.
 std::int32_t replaceSurface(SlideHandle& handle, std::int32_t width, std::int32_t height) {
-    std::unique_ptr<Surface> surface = Surface::make(width, height);
+    const std::int32_t pictures = picturesOf(width, height);
+    std::unique_ptr<Surface> surface = Surface::make(width, height * pictures);
     if (!surface) {
         return MODULE_TOO_LARGE;
     }
@@ -27,11 +38,12 @@ std::int32_t replaceSurface(SlideHandle& handle, std::int32_t width, std::int32_
     gint result = MODULE_FAILED;
     const std::int32_t sent = handle.engine->call(handle.deadline(), [&](GError** error) {
         return lectern_ipc_slide_call_set_surface_sync(handle.engine->slide(), g_variant_new_handle(index),
-                                                       width, height, G_DBUS_CALL_FLAGS_NONE, G_MAXINT, files,
-                                                       &result, nullptr, nullptr, error);
+                                                       width, height, pictures, G_DBUS_CALL_FLAGS_NONE,
+                                                       G_MAXINT, files, &result, nullptr, nullptr, error);
     });
     if (sent == MODULE_OK && result == MODULE_OK) {
         handle.surface = std::move(surface);
+        handle.pictures = pictures;
     }
     return sent != MODULE_OK ? sent : result;
 }
@@ -84,15 +96,23 @@ int32_t sstg_render_slide(void* doc, int32_t slide, int32_t /*flags*/, uint32_t*
             return MODULE_TOO_LARGE;
         }
         std::int32_t result = MODULE_OK;
-        if (!handle.surface || handle.surface->width() != width || handle.surface->height() != height) {
+        if (!handle.surface || handle.surface->width() != width ||
+            handle.surface->height() / handle.pictures != height) {
             result = replaceSurface(handle, width, height);
         }
+        gint picture = 0;
         if (result == MODULE_OK) {
-            result = callEngine(handle, &lectern_ipc_slide_call_render_sync, std::tuple(gint{slide}));
+            result =
+                callEngine(handle, &lectern_ipc_slide_call_render_sync, std::tuple(gint{slide}), &picture);
         }
-        if (result == MODULE_OK) {
-            handle.surface->copyTo(pixels);
+        if (result != MODULE_OK) {
+            return result;
         }
-        return result;
+        if (picture < 0 || picture >= handle.pictures) {
+            return MODULE_FAILED;
+        }
+        const std::size_t pixelCount = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+        handle.surface->copyTo(pixels, static_cast<std::size_t>(picture) * pixelCount, pixelCount);
+        return MODULE_OK;
     });
 }

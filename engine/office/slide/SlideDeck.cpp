@@ -2,13 +2,14 @@
 #include "engine/office/slide/SlideDeck.h"
 
 #include "engine/office/slide/MetafileText.h"
+#include "engine/office/slide/SlideFile.h"
 #include "engine/office/slide/SlidePreparation.h"
-#include "engine/office/slide/SlideShapes.h"
 
 #include <com/sun/star/drawing/GraphicExportFilter.hpp>
 #include <com/sun/star/drawing/XDrawPagesSupplier.hpp>
-#include <com/sun/star/drawing/XMasterPageTarget.hpp>
 #include <com/sun/star/io/XOutputStream.hpp>
+#include <com/sun/star/lang/XMultiServiceFactory.hpp>
+#include <com/sun/star/presentation/XPresentationPage.hpp>
 
 #include <cppuhelper/implbase1.hxx>
 #include <rtl/ref.hxx>
@@ -23,7 +24,6 @@ namespace lectern::engine {
 using css::drawing::XDrawPage;
 using css::uno::Reference;
 using css::uno::Sequence;
-using css::uno::UNO_QUERY;
 using css::uno::UNO_QUERY_THROW;
 
 namespace {
@@ -78,32 +78,22 @@ int32_t frameThickness(const Surface& surface, const css::awt::Size& slide) {
     return std::abs(across / down - 1) < 0.02 ? 1 : 2;
 }
 
-// What a master page shows on its slides is there, but for the placeholders:
-// those only tell where a slide has its own.
-class PlaceholdersHidden {
-public:
-    explicit PlaceholdersHidden(const Reference<XDrawPage>& master) {
-        visitShapes(master, [this](const Reference<css::drawing::XShape>& shape) {
-            if (!placeholderOf(shape).isEmpty() && property<bool>(propertiesOf(shape), "Visible") &&
-                setProperty(propertiesOf(shape), "Visible", false))
-                mHidden.push_back(shape);
-            return true;
-        });
-    }
-    ~PlaceholdersHidden() {
-        for (const auto& shape : mHidden)
-            setProperty(propertiesOf(shape), "Visible", true);
-    }
-    PlaceholdersHidden(const PlaceholdersHidden&) = delete;
-    PlaceholdersHidden& operator=(const PlaceholdersHidden&) = delete;
-
-private:
-    std::vector<Reference<css::drawing::XShape>> mHidden;
-};
+// A shape that draws a slide whole, with what its master page shows on it: the
+// title and the footers that are its own. Lies where no slide shows it.
+Reference<css::drawing::XShape> makePreview(const Reference<css::frame::XModel>& model,
+                                            const Reference<XDrawPage>& slide) {
+    const Reference<css::lang::XMultiServiceFactory> factory(model, UNO_QUERY_THROW);
+    const Reference<css::drawing::XShape> preview(factory->createInstance("com.sun.star.drawing.PageShape"),
+                                                  UNO_QUERY_THROW);
+    const Reference<css::presentation::XPresentationPage> owner(slide, UNO_QUERY_THROW);
+    const Reference<css::drawing::XShapes> notes(owner->getNotesPage(), UNO_QUERY_THROW);
+    notes->add(preview);
+    return preview;
+}
 
 } // namespace
 
-SlideDeck::SlideDeck(const Office::Private& office, LoadedModel loaded)
+SlideDeck::SlideDeck(const Office::Private& office, const std::string& path, LoadedModel loaded)
     : mLoaded(std::move(loaded)), mExport(css::drawing::GraphicExportFilter::create(office.context)) {
     const Reference<css::drawing::XDrawPagesSupplier> supplier(mLoaded.model, UNO_QUERY_THROW);
     const auto pages = supplier->getDrawPages();
@@ -111,6 +101,8 @@ SlideDeck::SlideDeck(const Office::Private& office, LoadedModel loaded)
         mSlides.emplace_back(pages->getByIndex(i), UNO_QUERY_THROW);
         prepareSlide(mLoaded.model, mSlides.back());
     }
+    if (count() == 1 && slide(0)->getCount() == 0 && isWithoutSlides(office.context, path))
+        mSlides.clear();
     mLoaded.painter->initializeForRendering("{}");
 }
 
@@ -130,26 +122,16 @@ void SlideDeck::paint(int32_t index, const Surface& surface) {
     coverFrame(surface, frameThickness(surface, whole));
 }
 
+// A slide exported by itself comes without its master page, its preview with it.
 DrawnText SlideDeck::drawnText(int32_t index) {
-    DrawnText text = record(slide(index));
-    const Reference<css::drawing::XMasterPageTarget> target(slide(index), UNO_QUERY);
-    const bool showsMaster = property<bool>(propertiesOf(slide(index)), "IsBackgroundObjectsVisible", true);
-    if (target.is() && showsMaster && target->getMasterPage().is())
-        text.append(masterText(target->getMasterPage()));
-    return text;
-}
-
-const DrawnText& SlideDeck::masterText(const Page& master) {
-    for (const auto& [page, text] : mMasters) {
-        if (page == master)
-            return text;
-    }
-    const PlaceholdersHidden hidden(master);
-    return mMasters.emplace_back(master, record(master)).second;
-}
-
-DrawnText SlideDeck::record(const Page& page) const {
-    mExport->setSourceDocument(Reference<css::lang::XComponent>(page, UNO_QUERY_THROW));
+    if (!mPreview.is())
+        mPreview = makePreview(mLoaded.model, slide(0));
+    const css::awt::Size whole = size(index);
+    if (const css::awt::Size now = mPreview->getSize();
+        now.Width != whole.Width || now.Height != whole.Height)
+        mPreview->setSize(whole);
+    setProperty(propertiesOf(mPreview), "PageNumber", sal_Int32{index + 1});
+    mExport->setSourceDocument(Reference<css::lang::XComponent>(mPreview, UNO_QUERY_THROW));
     const rtl::Reference<Collected> metafile(new Collected);
     const css::beans::PropertyValue how[] = {
         named("FilterName", OUString("SVM")),

@@ -7,18 +7,19 @@
 
 #include <com/sun/star/drawing/XDrawPage.hpp>
 #include <com/sun/star/drawing/XGraphicExportFilter.hpp>
+#include <com/sun/star/drawing/XShape.hpp>
 
 #include <cstdint>
-#include <utility>
+#include <string>
 #include <vector>
 
 namespace lectern::engine {
 
-// An opened presentation and all of its slides, the hidden ones too, made ready
-// to be looked at.
+// An opened presentation and all slides that its file has, the hidden ones too,
+// made ready to be looked at.
 class SlideDeck {
 public:
-    SlideDeck(const Office::Private& office, LoadedModel loaded);
+    SlideDeck(const Office::Private& office, const std::string& path, LoadedModel loaded);
 
     const css::uno::Reference<css::frame::XModel>& model() const { return mLoaded.model; }
     int32_t count() const { return static_cast<int32_t>(mSlides.size()); }
@@ -31,18 +32,14 @@ public:
 
     // Paints the slide over the whole surface.
     void paint(int32_t slide, const Surface& surface);
-    // What is written on the slide, its master and its charts included; lengths
-    // are those of size(). Takes milliseconds.
+    // What is written on the slide, its master's words, footers and charts
+    // included; lengths are those of size(). Takes milliseconds.
     DrawnText drawnText(int32_t slide);
 
 private:
-    using Page = css::uno::Reference<css::drawing::XDrawPage>;
-    DrawnText record(const Page& page) const;
-    const DrawnText& masterText(const Page& master);
-
     LoadedModel mLoaded;
-    std::vector<Page> mSlides;
-    std::vector<std::pair<Page, DrawnText>> mMasters; // that were recorded
+    std::vector<css::uno::Reference<css::drawing::XDrawPage>> mSlides;
+    css::uno::Reference<css::drawing::XShape> mPreview; // made by the first search
     css::uno::Reference<css::drawing::XGraphicExportFilter> mExport;
 };
 

@@ -42,7 +42,7 @@ int32_t SlideDocument::open(Office& office, const std::string& path, const std::
             return result;
         if (!isPresentation(loaded.model))
             return MODULE_WRONG_KIND;
-        document.reset(new SlideDocument(std::make_unique<Private>(office.d(), std::move(loaded))));
+        document.reset(new SlideDocument(std::make_unique<Private>(office.d(), path, std::move(loaded))));
         return MODULE_OK;
     });
 }
@@ -60,6 +60,7 @@ int32_t SlideDocument::setSurface(uint32_t* pixels, int32_t width, int32_t heigh
     if (pixels == nullptr || width < 1 || height < 1 || width > mostPixels || height > mostPixels)
         return MODULE_BAD_ARGUMENT;
     mPrivate->surface = {pixels, width, height};
+    mPrivate->places = PicturePlaces(mRoom);
     mPrivate->rendered.reset();
     return MODULE_OK;
 }
@@ -69,13 +70,26 @@ int32_t SlideDocument::render(int32_t slide) {
         return MODULE_BAD_ARGUMENT;
     return mPrivate->onSlide(slide, [&] {
         mPrivate->rendered.reset();
-        if (!mPrivate->cache.copyTo(slide, mPrivate->surface)) {
-            mPrivate->deck.paint(slide, mPrivate->surface);
-            mPrivate->cache.keep(slide, mPrivate->surface);
-        }
+        int32_t place = mPrivate->paint(slide);
+        const auto hits = mPrivate->found.find(slide);
+        if (hits != mPrivate->found.end() && !hits->second.boxes.empty())
+            place = mPrivate->markHits(slide, hits->second, place);
+        mPicture = place;
         mPrivate->rendered = slide;
-        mPrivate->markHits();
     });
+}
+
+Surface SlideDocument::Private::pictureAt(int32_t place) const {
+    return {surface.row(int64_t{place} * surface.height), surface.width, surface.height};
+}
+
+int32_t SlideDocument::Private::paint(int32_t slide) {
+    if (const auto kept = places.find(slide))
+        return *kept;
+    const int32_t place = places.take();
+    deck.paint(slide, pictureAt(place));
+    places.keep(place, slide);
+    return place;
 }
 
 int32_t SlideDocument::slideCount(int32_t& count) {
@@ -116,7 +130,7 @@ int32_t SlideDocument::information(DocumentInformation& information) {
 }
 
 int32_t SlideDocument::releaseMemory() {
-    mPrivate->cache.clear();
+    mPrivate->places.clear();
     std::fill(mPrivate->texts.begin(), mPrivate->texts.end(), std::nullopt);
     return MODULE_OK;
 }

@@ -34,10 +34,15 @@ public:
     SlideDocument(const SlideDocument&) = delete;
     SlideDocument& operator=(const SlideDocument&) = delete;
 
-    // The surface stays the caller's and valid until another is set.
+    // How many pictures the memory of a surface set from now on has room for, one
+    // after the other; 1 at first. Slides painted last are kept there.
+    void setRoom(int32_t pictures) { mRoom = pictures; }
+    // The memory stays the caller's and valid until another is set.
     int32_t setSurface(uint32_t* pixels, int32_t width, int32_t height);
-    // Paints the surface, which must be set. Slides painted last are kept.
+    // Sees to it that one of the surface's pictures, which must be set, shows the
+    // slide: picture().
     int32_t render(int32_t slide);
+    int32_t picture() const { return mPicture; }
 
     int32_t slideCount(int32_t& count);
     // In 1/72 inch, 1 at least.
@@ -65,6 +70,8 @@ private:
     struct Private;
     explicit SlideDocument(std::unique_ptr<Private> d);
     std::unique_ptr<Private> mPrivate;
+    int32_t mRoom = 1;
+    int32_t mPicture = 0;
 };
 
 } // namespace lectern::engine

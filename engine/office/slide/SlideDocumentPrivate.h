@@ -2,7 +2,7 @@
 #pragma once
 
 #include "engine/office/OfficeGuard.h"
-#include "engine/office/slide/PictureCache.h"
+#include "engine/office/slide/PicturePlaces.h"
 #include "engine/office/slide/SlideDeck.h"
 #include "engine/office/slide/SlideDocument.h"
 
@@ -19,8 +19,8 @@ struct FoundOnSlide {
 };
 
 struct SlideDocument::Private {
-    Private(const Office::Private& office, LoadedModel loaded)
-        : deck(office, std::move(loaded)), texts(static_cast<size_t>(deck.count())) {}
+    Private(const Office::Private& office, const std::string& path, LoadedModel loaded)
+        : deck(office, path, std::move(loaded)), texts(static_cast<size_t>(deck.count())) {}
 
     // Runs work on a slide that there is.
     template<class Work>
@@ -37,14 +37,17 @@ struct SlideDocument::Private {
     FoundOnSlide search(int32_t slide, const std::u16string& wanted);
     // The rectangles of a hit on the surface; what lies beyond the slide is left out.
     std::vector<PixelRect> onSurface(int32_t slide, const std::vector<DrawnBox>& boxes) const;
-    void markHits();
-
-    static constexpr size_t mostCached = size_t{32} << 20; // bytes
+    // The surface that a picture of the memory is.
+    Surface pictureAt(int32_t place) const;
+    // Has the slide painted; the place where it is.
+    int32_t paint(int32_t slide);
+    // Marks the hits on a copy of the picture at a place; the copy's place.
+    int32_t markHits(int32_t slide, const FoundOnSlide& hits, int32_t place);
 
     SlideDeck deck;
-    PictureCache cache{mostCached};
-    Surface surface;
-    std::optional<int32_t> rendered; // the slide that the surface shows
+    Surface surface; // the first picture
+    PicturePlaces places{1};
+    std::optional<int32_t> rendered; // the slide that was, on this surface
 
     std::vector<std::optional<DrawnText>> texts; // of slides that were searched
     Colour highlight{128, 192, 255};             // for finds to come

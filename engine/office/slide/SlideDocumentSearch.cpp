@@ -81,15 +81,17 @@ std::vector<PixelRect> SlideDocument::Private::onSurface(int32_t slide,
     return rectangles;
 }
 
-void SlideDocument::Private::markHits() {
-    const auto hits = found.find(*rendered);
-    if (hits == found.end())
-        return;
-    for (const auto& boxes : hits->second.boxes) {
-        for (const PixelRect& rect : onSurface(*rendered, boxes))
-            tint(surface, rect.x, rect.y, int64_t{rect.x} + rect.width, int64_t{rect.y} + rect.height,
+int32_t SlideDocument::Private::markHits(int32_t slide, const FoundOnSlide& hits, int32_t place) {
+    const int32_t marked = places.take(); // the same where there is but one
+    const Surface picture = pictureAt(marked);
+    if (marked != place)
+        std::copy(pictureAt(place).row(0), pictureAt(place).row(surface.height), picture.pixels);
+    for (const auto& boxes : hits.boxes) {
+        for (const PixelRect& rect : onSurface(slide, boxes))
+            tint(picture, rect.x, rect.y, int64_t{rect.x} + rect.width, int64_t{rect.y} + rect.height,
                  hitColour);
     }
+    return marked;
 }
 
 int32_t SlideDocument::setHighlightColour(const Colour& colour) {

@@ -2,6 +2,7 @@
 // Presentations with the real engine: slides, titles, notes, bad input, memory.
 #include "tests/system/module/SlideView.h"
 
+#include "tests/system/support/Subprocess.h"
 #include "tests/unit/engine/EngineHost.h"
 
 #include <algorithm>
@@ -169,12 +170,12 @@ TEST(SlideModule, WhatIsNoPresentationIsRefused) {
     EXPECT_EQ(openResult(slideFile("text.pptx", "these are only words")), MODULE_WRONG_KIND);
     EXPECT_EQ(openResult(slideFile("nothing.pptx", "")), MODULE_DAMAGED);
     EXPECT_EQ(openResult(slideSample("tour.docx")), MODULE_WRONG_KIND);
-    EXPECT_EQ(openResult(slideFile("words.pptx", bytesOf(slideSample("tour.docx")))), MODULE_WRONG_KIND);
+    EXPECT_EQ(openResult(slideFile("words.pptx", readFile(slideSample("tour.docx")))), MODULE_WRONG_KIND);
 }
 
 TEST(SlideModule, DamagedFilesOpenOrNotButNothingHangs) {
     for (const char* name : {"tour.pptx", "tour.ppt"}) {
-        const std::string whole = bytesOf(slideSample(name));
+        const std::string whole = readFile(slideSample(name));
         for (const std::size_t part : {2U, 3U, 10U}) {
             openResult(slideFile(std::string("cut-") + name, whole.substr(0, whole.size() / part)));
         }
@@ -188,13 +189,22 @@ TEST(SlideModule, DamagedFilesOpenOrNotButNothingHangs) {
     EXPECT_EQ(SlideView(slideSample("tour.pptx")).count(), 7) << "others go on";
 }
 
+TEST(SlideModule, ADeckWithoutSlidesHasNone) {
+    const SlideView none(madeSlides("none.pptx", "Pptx().save(OUT)"));
+    EXPECT_EQ(none.count(), 0);
+    std::int32_t width = -1;
+    std::int32_t height = -1;
+    EXPECT_NE(slideModule().sstg_get_slide_dimensions(none.get(), 0, &width, &height), MODULE_OK);
+    EXPECT_EQ(width, -1);
+    Pixels pixels(4);
+    EXPECT_NE(slideModule().sstg_render_slide(none.get(), 0, 0, pixels.data(), 2, 2), MODULE_OK);
+}
+
 TEST(SlideModule, OddDecksAreShown) {
     const SlideView bare(madeSlides("bare.pptx", "deck = Pptx()\ndeck.slide()\ndeck.save(OUT)"));
     EXPECT_EQ(bare.count(), 1);
     EXPECT_EQ(bare.title(0), "");
     EXPECT_EQ(inkOf(bare.render(0, 200, 150)), 0U);
-    const SlideView none(madeSlides("none.pptx", "Pptx().save(OUT)"));
-    EXPECT_LE(none.count(), 1);
     for (const char* size : {"(1, 1)", "(50000, 50000)", "(50000, 1)"}) {
         const std::string made =
             std::string("deck = Pptx(") + size + ")\ndeck.slide().title('Odd')\ndeck.save(OUT)";

@@ -1,36 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/system/module/SlideView.h"
 
-#include "tests/system/support/Subprocess.h"
 #include "tests/unit/engine/EngineHost.h"
 
 #include <glib.h>
-
-#include <filesystem>
-#include <fstream>
-#include <sstream>
 
 namespace lectern::test {
 namespace {
 
 constexpr std::int32_t kCapacity = 4096;
 
-const std::string& folder() {
-    static const TemporaryFolder temporary;
-    return temporary.path();
-}
-
 std::string utf8(const std::vector<std::uint16_t>& units) {
     g_autofree gchar* text = g_utf16_to_utf8(units.data(), -1, nullptr, nullptr, nullptr);
     return text == nullptr ? "not UTF-16" : text;
-}
-
-std::string run(const std::vector<std::string>& command) {
-    static int runs = 0;
-    Subprocess process(command, {{"PYTHONDONTWRITEBYTECODE", "1"}, {"PYTHONPATH", SAMPLES_FOLDER}},
-                       folder() + "/run" + std::to_string(runs++));
-    EXPECT_EQ(process.wait(std::chrono::seconds(60)), std::optional<int>(0)) << process.errors();
-    return process.output();
 }
 
 } // namespace
@@ -86,50 +68,6 @@ std::vector<SlideRegion> SlideView::regions() const {
         all.emplace_back(regions[i].rectangles, regions[i].rectangles + regions[i].rectangle_count);
     }
     return all;
-}
-
-std::vector<WrittenSlide> readSlides(const std::string& path) {
-    std::istringstream lines(run({"python3", READ_SLIDES, path}));
-    std::vector<WrittenSlide> slides;
-    std::string line;
-    while (std::getline(lines, line)) {
-        WrittenSlide& slide = slides.emplace_back();
-        std::istringstream fields(line);
-        std::getline(fields, slide.title, '\t');
-        std::getline(fields, slide.note, '\t');
-        std::getline(fields, slide.text, '\t');
-    }
-    return slides;
-}
-
-std::string slideSample(const std::string& name) {
-    return SAMPLES_FOLDER "/" + name;
-}
-
-std::string longSlides(int count, int shapes) {
-    const std::string path = folder() + "/" + std::to_string(count) + "-" + std::to_string(shapes) + ".pptx";
-    if (!std::filesystem::exists(path)) {
-        run({"python3", SAMPLES_FOLDER "/make_long_pptx.py", std::to_string(count), path,
-             std::to_string(shapes)});
-    }
-    return path;
-}
-
-std::string slideFile(const std::string& name, const std::string& bytes) {
-    const std::string path = folder() + "/" + name;
-    std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
-    return path;
-}
-
-std::string bytesOf(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-std::string madeSlides(const std::string& name, const std::string& python) {
-    const std::string path = folder() + "/" + name;
-    run({"python3", "-c", "from pptx_writer import *\nOUT = '" + path + "'\n" + python});
-    return path;
 }
 
 } // namespace lectern::test

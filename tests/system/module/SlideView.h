@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "tests/system/support/Decks.h"
 #include "tests/unit/engine/SlideHost.h"
 
 #include <gtest/gtest.h>
@@ -33,23 +34,5 @@ public:
 private:
     Slideshow mSlideshow;
 };
-
-// What read_slides.py tells of a slide.
-struct WrittenSlide {
-    std::string title;
-    std::string note;
-    std::string text; // paragraphs, separated by '|'
-};
-std::vector<WrittenSlide> readSlides(const std::string& path);
-
-std::string slideSample(const std::string& name);
-// Of make_long_pptx.py, made once for a run.
-std::string longSlides(int count, int shapes = 0);
-// A file with these bytes, which goes with the process.
-std::string slideFile(const std::string& name, const std::string& bytes);
-std::string bytesOf(const std::string& path);
-// Runs a line of Python with the samples' folder on its path; OUT in it is the
-// file whose path comes back.
-std::string madeSlides(const std::string& name, const std::string& python);
 
 } // namespace lectern::test

@@ -83,6 +83,8 @@ public:
     double scale() const;
     // The first character of the stretch of text that a word-processing view keeps painted.
     int stretchCharacter() const { return state(20); }
+    // The slide that a presentation shows, from 0.
+    int slide() const { return state(24); }
     // A method of the bus with this document's number and more members, as
     // ", \"key\": value"; the reply, and a paint after it. Notifications from before are forgotten.
     std::string call(const std::string& category, const std::string& method, const std::string& more = "");

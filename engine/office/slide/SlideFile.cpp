@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/office/slide/SlideFile.h"
+
+#include "engine/office/FileUrl.h"
+
+#include <com/sun/star/embed/OLESimpleStorage.hpp>
+#include <com/sun/star/io/XSeekable.hpp>
+#include <com/sun/star/io/XStream.hpp>
+#include <com/sun/star/packages/zip/ZipFileAccess.hpp>
+#include <com/sun/star/ucb/SimpleFileAccess.hpp>
+
+#include <optional>
+#include <span>
+#include <string_view>
+
+namespace lectern::engine {
+
+using css::io::XInputStream;
+using css::uno::Reference;
+using css::uno::Sequence;
+using css::uno::UNO_QUERY_THROW;
+
+namespace {
+
+using Bytes = std::span<const sal_Int8>;
+
+Sequence<sal_Int8> wholeOf(const Reference<XInputStream>& stream) {
+    constexpr sal_Int32 most = sal_Int32{64} << 20; // bytes
+    Sequence<sal_Int8> bytes;
+    stream->readBytes(bytes, most);
+    return bytes;
+}
+
+// A package lists the types of its parts.
+bool hasSlidesInPackage(const Reference<css::packages::zip::XZipFileAccess2>& package) {
+    constexpr std::string_view slideType = "presentationml.slide+xml";
+    const Reference<XInputStream> types(package->getByName("[Content_Types].xml"), UNO_QUERY_THROW);
+    const Sequence<sal_Int8> bytes = wholeOf(types);
+    const std::string_view text(reinterpret_cast<const char*>(bytes.getConstArray()),
+                                static_cast<size_t>(bytes.getLength()));
+    return text.find(slideType) != std::string_view::npos;
+}
+
+// A record of the binary format: what it is, and its content, which may be
+// records again.
+struct Record {
+    uint16_t type;
+    uint16_t instance;
+    Bytes content;
+};
+
+// Takes the first record off; nothing when there is no whole one.
+std::optional<Record> takeRecord(Bytes& rest) {
+    constexpr size_t header = 8;
+    if (rest.size() < header)
+        return std::nullopt;
+    const auto number = [&](size_t at, size_t length) {
+        uint32_t value = 0;
+        for (size_t i = 0; i < length; ++i)
+            value |= uint32_t{static_cast<uint8_t>(rest[at + i])} << (8 * i);
+        return value;
+    };
+    const size_t length = number(4, 4);
+    if (length > rest.size() - header)
+        return std::nullopt;
+    const Record record{static_cast<uint16_t>(number(2, 2)), static_cast<uint16_t>(number(0, 2) >> 4),
+                        rest.subspan(header, length)};
+    rest = rest.subspan(header + length);
+    return record;
+}
+
+// Whether there are records of these types, each within one of the type before.
+bool holds(Bytes records, std::span<const uint16_t> types) {
+    while (const std::optional<Record> record = takeRecord(records)) {
+        if (record->type == types.front() && record->instance == 0 &&
+            (types.size() == 1 || holds(record->content, types.subspan(1))))
+            return true;
+    }
+    return false;
+}
+
+bool hasSlidesInStorage(const Reference<css::container::XNameAccess>& storage) {
+    constexpr uint16_t document = 1000;
+    constexpr uint16_t listOfSlides = 4080; // of instance 0; others list masters and notes
+    constexpr uint16_t slide = 1011;
+    constexpr uint16_t path[] = {document, listOfSlides, slide};
+    const Reference<css::io::XStream> stream(storage->getByName("PowerPoint Document"), UNO_QUERY_THROW);
+    const Sequence<sal_Int8> bytes = wholeOf(stream->getInputStream());
+    return holds({bytes.getConstArray(), static_cast<size_t>(bytes.getLength())}, path);
+}
+
+bool hasSlides(const Reference<css::uno::XComponentContext>& context, const OUString& url) {
+    const auto stream = css::ucb::SimpleFileAccess::create(context)->openFileRead(url);
+    Sequence<sal_Int8> signature;
+    if (stream->readBytes(signature, 2) == 2 && signature[0] == 'P' && signature[1] == 'K')
+        return hasSlidesInPackage(css::packages::zip::ZipFileAccess::createWithURL(context, url));
+    const Reference<css::io::XSeekable> start(stream, UNO_QUERY_THROW);
+    start->seek(0);
+    return hasSlidesInStorage(
+        {css::embed::OLESimpleStorage::createFromInputStream(context, stream, true), UNO_QUERY_THROW});
+}
+
+} // namespace
+
+bool isWithoutSlides(const Reference<css::uno::XComponentContext>& context, const std::string& path) {
+    try {
+        return !hasSlides(context, OUString::createFromAscii(fileUrl(path).c_str()));
+    } catch (const css::uno::Exception&) {
+        return false;
+    }
+}
+
+} // namespace lectern::engine

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: Apache-2.0
+// Any bytes as a metafile of a slide. Input: the metafile. What is read must be
+// text whose runs follow each other, and of which any part has its boxes.
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+#include "engine/office/slide/MetafileText.h"
+
+using lectern::engine::DrawnBox;
+using lectern::engine::DrawnText;
+using lectern::engine::TextRun;
+
+namespace {
+
+void require(bool holds) {
+    if (!holds) {
+        std::abort();
+    }
+}
+
+void checkRuns(const DrawnText& drawn) {
+    uint32_t end = 0;
+    for (const TextRun& run : drawn.runs) {
+        require(!run.ends.empty() && run.start >= end && run.end() <= drawn.text.size());
+        end = run.end();
+    }
+}
+
+void checkBoxes(const DrawnText& drawn, uint32_t start, uint32_t end) {
+    for (const DrawnBox& box : drawn.boxes({start, end})) {
+        require(std::isfinite(box.left) && std::isfinite(box.top) && box.left <= box.right &&
+                box.top <= box.bottom);
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    const DrawnText drawn = lectern::engine::readMetafileText({data, size});
+    checkRuns(drawn);
+    const auto units = static_cast<uint32_t>(drawn.text.size());
+    checkBoxes(drawn, 0, units);
+    constexpr uint32_t mostLooks = 64;
+    for (uint32_t start = 0; start < std::min(units, mostLooks); ++start) {
+        checkBoxes(drawn, start, start + 1);
+        checkBoxes(drawn, start, units - start);
+    }
+    return 0;
+}

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tests/system/support/BareSlides.h"
+
+#include <cstring>
+#include <stdexcept>
+
+#include "tests/system/support/Subprocess.h"
+
+BareSlides::BareSlides(const std::string& path, int width, int height, int pointsAcross, int pointsDown)
+    : mWidth(width), mHeight(height) {
+    constexpr int twips = 20; // to the point
+    const TemporaryFolder folder;
+    Subprocess program({BARE_SLIDES_PROGRAM, path, std::to_string(width), std::to_string(height),
+                        std::to_string(pointsAcross * twips), std::to_string(pointsDown * twips),
+                        folder.path()},
+                       {}, folder.path() + "/program");
+    if (program.wait(std::chrono::seconds(120)) != std::optional<int>(0)) {
+        throw std::runtime_error("the suite cannot paint " + path + program.errors());
+    }
+    mPixels = readFile(folder.path() + "/pixels");
+}
+
+uint32_t BareSlides::colour(int slide, int x, int y) const {
+    const size_t pixel =
+        (static_cast<size_t>(slide) * static_cast<size_t>(mHeight) + static_cast<size_t>(y)) *
+            static_cast<size_t>(mWidth) +
+        static_cast<size_t>(x);
+    uint32_t value = 0;
+    std::memcpy(&value, &mPixels.at(pixel * sizeof value), sizeof value);
+    return value & 0xFFFFFF;
+}

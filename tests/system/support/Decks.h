@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <string>
+#include <vector>
+
+// Presentations for tests. Those that are made go with the process.
+
+// What read_slides.py tells of a slide.
+struct WrittenSlide {
+    std::string title;
+    std::string note;
+    std::string text; // paragraphs, separated by '|'
+};
+std::vector<WrittenSlide> readSlides(const std::string& path);
+
+std::string slideSample(const std::string& name);
+// Of make_long_pptx.py, made once for a run.
+std::string longSlides(int count, int shapes = 0);
+// A file with these bytes.
+std::string slideFile(const std::string& name, const std::string& bytes);
+// Runs a line of Python with the samples' folder on its path; OUT in it is the
+// file whose path comes back.
+std::string madeSlides(const std::string& name, const std::string& python);
