@@ -58,7 +58,10 @@ int32_t SheetDocument::unhide(int32_t sheet, Axis axis, int32_t first, int32_t l
     return mPrivate->onTracks(sheet, axis, [&](const Tracks& tracks) {
         int32_t from = tracks.trackAt(std::min(first, last));
         int32_t to = tracks.trackAt(std::max(first, last));
-        tracks.widenOverHidden(from, to);
+        // What was hidden at a place lies before what has come there; at the
+        // sheet's end nothing has.
+        if (std::min(first, last) >= tracks.total() || !tracks.widenOverHiddenBefore(from))
+            tracks.widenOverHiddenBehind(to);
         return resultOf(
             setProperty(tracksOf(mPrivate->book.sheet(sheet), axis, from, to), "IsVisible", true));
     });

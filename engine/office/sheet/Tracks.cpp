@@ -119,9 +119,14 @@ int32_t Tracks::visibleIn(int32_t first, int32_t last) const {
     return visible;
 }
 
-void Tracks::widenOverHidden(int32_t& first, int32_t& last) const {
+bool Tracks::widenOverHiddenBefore(int32_t& first) const {
+    const int32_t before = first;
     while (first > 0 && isHidden(first - 1))
         first = runOf(first - 1).first;
+    return first < before;
+}
+
+void Tracks::widenOverHiddenBehind(int32_t& last) const {
     while (last + 1 < mCount && isHidden(last + 1))
         last = std::min(runOf(last + 1).last, mCount - 1);
 }

@@ -43,9 +43,10 @@ public:
     int32_t twips(int32_t track) const;
     bool isHidden(int32_t track) const;
     int32_t visibleIn(int32_t first, int32_t last) const;
-    // The hidden tracks right before `first` and right behind `last` belong to
-    // the stretch from then on.
-    void widenOverHidden(int32_t& first, int32_t& last) const;
+    // A stretch takes in the hidden tracks right before its first one, true
+    // when there are any, or those right behind its last.
+    bool widenOverHiddenBefore(int32_t& first) const;
+    void widenOverHiddenBehind(int32_t& last) const;
 
     // The least twips that give so many pixels.
     static int32_t twipsFor(int64_t pixels, int32_t dpi);
