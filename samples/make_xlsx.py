@@ -10,6 +10,10 @@ make_xlsx.py coloured OUT.xlsx
     Columns and rows of many sizes, some hidden, up to column 520 and row 10050.
     Blocks of cells are filled, no two cells alike: cell (column, row), both
     from 0, with what colour_of() says.
+make_xlsx.py labelled OUT.xlsx
+    Columns and rows of many sizes, some hidden. Two blocks of filled cells, at
+    A1 and far away, each cell with a colour of its own, whose red is below 40,
+    and with that as its comment, RRGGBB.
 make_xlsx.py spread OUT.xlsx
     A sheet with nothing but a chart at AL3000, and one with nothing but a
     merged area, AA80:AD100.
@@ -81,6 +85,25 @@ def coloured(path):
     book.save(path)
 
 
+def labelled(path):
+    book = Workbook()
+    sheet = book.active
+    for column in range(225):
+        letter = get_column_letter(column + 1)
+        sheet.column_dimensions[letter].width = 5 + column * 7 % 11
+        sheet.column_dimensions[letter].hidden = column % 9 == 4
+    for row in range(3056):
+        sheet.row_dimensions[row + 1].height = 13 + row * 5 % 13 + row % 3 / 4
+        sheet.row_dimensions[row + 1].hidden = row % 11 == 6
+    for number, (left, top) in enumerate([(0, 0), (215, 3020)]):
+        for index in range(10 * 36):
+            colour = f'{0x20 + number * 8:02X}{0x20 + index // 192 * 20:02X}{0x20 + index % 192:02X}'
+            cell = sheet.cell(top + index // 10 + 1, left + index % 10 + 1, ' ')
+            cell.fill = PatternFill('solid', fgColor=colour)
+            cell.comment = Comment(colour, 'Somebody')
+    book.save(path)
+
+
 def spread(path):
     book = Workbook()
     chart = BarChart()
@@ -112,7 +135,7 @@ def plain(path, rows):
     book.save(path)
 
 
-MAKERS = {'coloured': coloured, 'spread': spread, 'noted': noted}
+MAKERS = {'coloured': coloured, 'labelled': labelled, 'spread': spread, 'noted': noted}
 
 
 def main(arguments):
