@@ -17,6 +17,8 @@ make_xlsx.py labelled OUT.xlsx
 make_xlsx.py spread OUT.xlsx
     A sheet with nothing but a chart at AL3000, and one with nothing but a
     merged area, AA80:AD100.
+make_xlsx.py charted OUT.xlsx
+    A chart at H20 and one at H200, of 3 x 1.2 cm, on green cells.
 make_xlsx.py noted OUT.xlsx
     3, 1, 2 in a column, with the comment "three" at the 3.
 make_xlsx.py plain OUT.xlsx ROW...
@@ -113,6 +115,21 @@ def spread(path):
     book.save(path)
 
 
+def charted(path):
+    book = Workbook()
+    sheet = book.active
+    for row in sheet.iter_rows(max_row=220, max_col=12):
+        for cell in row:
+            cell.value = ' '
+            cell.fill = PatternFill('solid', fgColor='00AA00')
+    for row in (20, 200):
+        chart = BarChart()
+        chart.width, chart.height, chart.legend = 3, 1.2, None
+        chart.add_data(Reference(sheet, min_col=12, min_row=1, max_row=3))
+        sheet.add_chart(chart, f'H{row}')
+    book.save(path)
+
+
 def noted(path):
     book = Workbook()
     for value in (3, 1, 2):
@@ -135,7 +152,7 @@ def plain(path, rows):
     book.save(path)
 
 
-MAKERS = {'coloured': coloured, 'labelled': labelled, 'spread': spread, 'noted': noted}
+MAKERS = {'charted': charted, 'coloured': coloured, 'labelled': labelled, 'spread': spread, 'noted': noted}
 
 
 def main(arguments):

@@ -51,17 +51,20 @@ Tracks::Tracks(const std::string& sizes, const std::string& hidden) {
     const std::vector<Stretch> states = readStates(hidden);
     auto state = states.begin();
     int32_t first = 0;
+    int64_t twips = 0;
     for (const Stretch& size : readSizes(sizes)) {
         while (first <= size.last) {
             while (state != states.end() && state->last < first)
                 ++state;
             const int32_t last = state == states.end() ? size.last : std::min(size.last, state->last);
-            mRuns.push_back({first, last, size.value, state != states.end() && state->value != 0});
+            const bool isHidden = state != states.end() && state->value != 0;
+            mRuns.push_back({first, last, size.value, isHidden, twips});
+            twips += isHidden ? 0 : int64_t{size.value} * (last - first + 1);
             first = last + 1;
         }
     }
     if (mRuns.empty())
-        mRuns.push_back({0, 0, 0, true});
+        mRuns.push_back({0, 0, 0, true, 0});
 }
 
 void Tracks::setDpi(int32_t dpi) {
@@ -104,6 +107,17 @@ int32_t Tracks::countUpTo(int64_t pixels) const {
 
 int32_t Tracks::twips(int32_t track) const {
     return runOf(track).twips;
+}
+
+int64_t Tracks::twipsIntoTrack(int64_t place) const {
+    // Of the runs that begin there, the first one: a track's end is not yet the next one's beginning.
+    const auto next = std::lower_bound(mRuns.begin(), mRuns.end(), place, [](const Run& run, int64_t wanted) {
+        return run.twipsBefore < wanted;
+    });
+    const Run& run = next == mRuns.begin() ? *next : *std::prev(next);
+    const int64_t into = place - run.twipsBefore;
+    return into <= 0 || run.hidden || run.twips == 0 ? std::max<int64_t>(into, 0)
+                                                     : (into - 1) % run.twips + 1;
 }
 
 bool Tracks::isHidden(int32_t track) const {

@@ -41,6 +41,9 @@ public:
     int32_t countUpTo(int64_t pixels) const;
 
     int32_t twips(int32_t track) const;
+    // How far behind the beginning of a track a place lies, both in twips and
+    // without any rounding; 0 at the sheet's edge.
+    int64_t twipsIntoTrack(int64_t place) const;
     bool isHidden(int32_t track) const;
     int32_t visibleIn(int32_t first, int32_t last) const;
     // A stretch takes in the hidden tracks right before its first one, true
@@ -57,8 +60,9 @@ private:
         int32_t last;
         int32_t twips;
         bool hidden;
-        int64_t pixels = 0; // of each
-        int64_t start = 0;  // of the first
+        int64_t twipsBefore; // of all visible tracks before
+        int64_t pixels = 0;  // of each
+        int64_t start = 0;   // of the first
     };
     const Run& runOf(int32_t track) const;
     int32_t trackAmongAll(int64_t pixel) const;

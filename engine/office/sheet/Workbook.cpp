@@ -4,6 +4,7 @@
 #include "engine/office/TileStep.h"
 
 #include <com/sun/star/container/XIndexAccess.hpp>
+#include <com/sun/star/drawing/XDrawPageSupplier.hpp>
 #include <com/sun/star/sheet/XCellRangeAddressable.hpp>
 #include <com/sun/star/sheet/XSheetAnnotation.hpp>
 #include <com/sun/star/sheet/XSheetAnnotations.hpp>
@@ -110,7 +111,8 @@ Workbook::Workbook(LoadedModel loaded) : mLoaded(std::move(loaded)) {
         if (property<sal_Int16>(properties, "TableLayout") != css::text::WritingMode2::LR_TB)
             setProperty(properties, "TableLayout", css::text::WritingMode2::LR_TB);
         hideComments(cells);
-        mSheets.push_back({part, cells, std::nullopt});
+        const Reference<css::drawing::XDrawPageSupplier> drawings(cells, UNO_QUERY_THROW);
+        mSheets.push_back({part, cells, drawings->getDrawPage()->getCount() > 0, std::nullopt});
     }
 }
 

@@ -55,6 +55,8 @@ public:
     const SheetGeometry& geometry(int32_t sheet);
     void changed(int32_t sheet) { mSheets[static_cast<size_t>(sheet)].geometry.reset(); }
 
+    // Whether charts, pictures or shapes lie on the sheet.
+    bool hasDrawings(int32_t sheet) const { return mSheets[static_cast<size_t>(sheet)].hasDrawings; }
     // The cells that hold anything; nothing on an empty sheet.
     std::optional<CellBlock> usedBlock(int32_t sheet) const;
     // From the first cell to where merged areas end; nothing without any.
@@ -66,6 +68,7 @@ private:
     struct Sheet {
         int part; // its number among all sheets
         css::uno::Reference<css::sheet::XSpreadsheet> cells;
+        bool hasDrawings;
         std::optional<SheetGeometry> geometry;
     };
 
