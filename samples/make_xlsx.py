@@ -18,7 +18,8 @@ make_xlsx.py spread OUT.xlsx
     A sheet with nothing but a chart at AL3000, and one with nothing but a
     merged area, AA80:AD100.
 make_xlsx.py charted OUT.xlsx
-    A chart at H20 and one at H200, of 3 x 1.2 cm, on green cells.
+    A chart at H20 and one at H200, of 3 x 1.2 cm, on green cells in rows that
+    are no whole pixels high.
 make_xlsx.py noted OUT.xlsx
     3, 1, 2 in a column, with the comment "three" at the 3.
 make_xlsx.py plain OUT.xlsx ROW...
@@ -122,6 +123,8 @@ def charted(path):
         for cell in row:
             cell.value = ' '
             cell.fill = PatternFill('solid', fgColor='00AA00')
+    for row in range(1, 221):
+        sheet.row_dimensions[row].height = 12.75
     for row in (20, 200):
         chart = BarChart()
         chart.width, chart.height, chart.legend = 3, 1.2, None

@@ -14,21 +14,19 @@ constexpr uint32_t white = 0xFFFFFFFF;
 
 // Where a tile is to begin that shows a pixel, for drawings in it to stand where
 // they belong. The suite moves them by a part of the way that the tile begins
-// into a cell: by a third of it at 144 dpi. So it begins as near behind the
-// beginning of a cell as is to be had within some pixels.
+// into a cell: by a third of it at 144 dpi. So it begins with a cell, or as
+// near behind a cell's beginning as is to be had within some pixels.
 int64_t startForDrawings(int64_t pixel, const Tracks& tracks, int32_t dpi) {
     constexpr int64_t mostBefore = 512; // pixels that may be painted in vain
     const int64_t step = tileStep(dpi);
     int64_t best = roundDown(pixel, step);
     int64_t least = std::numeric_limits<int64_t>::max();
-    for (int64_t start = best; start >= 0 && start + mostBefore >= pixel; start -= step) {
-        const int64_t into = tracks.twipsIntoTrack(tileTwips(start, dpi));
+    for (int64_t start = best; start >= 0 && start + mostBefore >= pixel && least > 0; start -= step) {
+        const int64_t into = start - tracks.position(tracks.trackAt(start));
         if (into < least) {
             least = into;
             best = start;
         }
-        if (into * dpi <= twipsPerInch) // a pixel
-            break;
     }
     return best;
 }
@@ -92,6 +90,7 @@ void CellPainter::paint(Workbook& book, int32_t sheet, int64_t x, int64_t y, int
                         const Surface& surface) {
     const SheetGeometry& geometry = book.geometry(sheet);
     const bool withDrawings = book.hasDrawings(sheet);
+    book.alignDrawings(sheet);
     const Span across(x, surface.width, geometry.columns, dpi, withDrawings);
     const Span down(y, surface.height, geometry.rows, dpi, withDrawings);
     if (across.isEmpty() || down.isEmpty() || !across.isWithinReach(dpi) || !down.isWithinReach(dpi)) {

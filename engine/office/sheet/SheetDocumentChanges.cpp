@@ -36,6 +36,7 @@ int32_t SheetDocument::sort(int32_t sheet, int32_t column, bool ascending) {
     return d.onSheet(sheet, [&](const SheetGeometry& geometry) -> int32_t {
         if (column < 0 || column >= geometry.columns.count())
             return MODULE_BAD_ARGUMENT;
+        d.book.aboutToChange(sheet);
         const int32_t result = sortSheet(d.book, sheet, column, ascending);
         d.book.changed(sheet);
         // The hits have gone elsewhere.

@@ -109,15 +109,20 @@ int32_t Tracks::twips(int32_t track) const {
     return runOf(track).twips;
 }
 
-int64_t Tracks::twipsIntoTrack(int64_t place) const {
-    // Of the runs that begin there, the first one: a track's end is not yet the next one's beginning.
-    const auto next = std::lower_bound(mRuns.begin(), mRuns.end(), place, [](const Run& run, int64_t wanted) {
-        return run.twipsBefore < wanted;
+const Tracks::Run& Tracks::runBefore(double place) const {
+    const auto next = std::lower_bound(mRuns.begin(), mRuns.end(), place, [](const Run& run, double wanted) {
+        return static_cast<double>(run.twipsBefore) < wanted;
     });
-    const Run& run = next == mRuns.begin() ? *next : *std::prev(next);
-    const int64_t into = place - run.twipsBefore;
-    return into <= 0 || run.hidden || run.twips == 0 ? std::max<int64_t>(into, 0)
-                                                     : (into - 1) % run.twips + 1;
+    return next == mRuns.begin() ? *next : *std::prev(next);
+}
+
+double Tracks::paintedAt(double place, int32_t dpi) const {
+    const Run& run = runBefore(place);
+    const double into = place - static_cast<double>(run.twipsBefore);
+    const double scale = run.hidden || run.twips == 0 || into <= 0
+                             ? pixelsPerTwip(dpi)
+                             : static_cast<double>(run.pixels) / run.twips;
+    return static_cast<double>(run.start) + into * scale;
 }
 
 bool Tracks::isHidden(int32_t track) const {

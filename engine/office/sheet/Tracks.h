@@ -41,9 +41,9 @@ public:
     int32_t countUpTo(int64_t pixels) const;
 
     int32_t twips(int32_t track) const;
-    // How far behind the beginning of a track a place lies, both in twips and
-    // without any rounding; 0 at the sheet's edge.
-    int64_t twipsIntoTrack(int64_t place) const;
+    // The pixel where what lies at a place is painted that is given in twips and
+    // without any rounding, and how far into that pixel.
+    double paintedAt(double place, int32_t dpi) const;
     bool isHidden(int32_t track) const;
     int32_t visibleIn(int32_t first, int32_t last) const;
     // A stretch takes in the hidden tracks right before its first one, true
@@ -65,6 +65,9 @@ private:
         int64_t start = 0;   // of the first
     };
     const Run& runOf(int32_t track) const;
+    // The last run that begins before a place in twips, the first if none does:
+    // a track's end is not yet the next one's beginning.
+    const Run& runBefore(double place) const;
     int32_t trackAmongAll(int64_t pixel) const;
 
     std::vector<Run> mRuns; // without gaps, by track

@@ -4,7 +4,6 @@
 #include "engine/office/TileStep.h"
 
 #include <com/sun/star/container/XIndexAccess.hpp>
-#include <com/sun/star/drawing/XDrawPageSupplier.hpp>
 #include <com/sun/star/sheet/XCellRangeAddressable.hpp>
 #include <com/sun/star/sheet/XSheetAnnotation.hpp>
 #include <com/sun/star/sheet/XSheetAnnotations.hpp>
@@ -111,8 +110,7 @@ Workbook::Workbook(LoadedModel loaded) : mLoaded(std::move(loaded)) {
         if (property<sal_Int16>(properties, "TableLayout") != css::text::WritingMode2::LR_TB)
             setProperty(properties, "TableLayout", css::text::WritingMode2::LR_TB);
         hideComments(cells);
-        const Reference<css::drawing::XDrawPageSupplier> drawings(cells, UNO_QUERY_THROW);
-        mSheets.push_back({part, cells, drawings->getDrawPage()->getCount() > 0, std::nullopt});
+        mSheets.push_back({part, cells, Drawings(cells), std::nullopt});
     }
 }
 
@@ -155,6 +153,17 @@ const SheetGeometry& Workbook::geometry(int32_t index) {
         sheet.geometry = std::move(read);
     }
     return *sheet.geometry;
+}
+
+void Workbook::changed(int32_t index) {
+    Sheet& sheet = mSheets[static_cast<size_t>(index)];
+    sheet.geometry.reset();
+    sheet.drawings.read();
+}
+
+void Workbook::alignDrawings(int32_t index) {
+    const SheetGeometry& measures = geometry(index);
+    mSheets[static_cast<size_t>(index)].drawings.align(measures.columns, measures.rows, mDpi);
 }
 
 std::optional<CellBlock> Workbook::usedBlock(int32_t index) const {

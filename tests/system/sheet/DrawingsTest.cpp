@@ -37,6 +37,14 @@ protected:
                 y + first([&](std::int32_t i, std::int32_t k) { return cells.at(k, i); }), 0, 0};
     }
 
+    // The chart at a cell stands on its corner, but for its own border.
+    void expectAt(CellReference cell) {
+        const module_rect corner = mView.place(cell);
+        const module_rect chart = chartIn(corner.x - 61, corner.y - 47);
+        EXPECT_NEAR(chart.x, corner.x, 3) << nameOf(cell);
+        EXPECT_NEAR(chart.y, corner.y, 3) << nameOf(cell);
+    }
+
     WorkbookView mView;
 };
 
@@ -52,6 +60,31 @@ TEST_F(DrawingsTest, ADrawingStaysInItsPlaceWhereverTheWindowBegins) {
             EXPECT_NEAR(chart.y, first.y, 2) << dpi << " dpi, " << way << " pixels on";
         }
     }
+}
+
+TEST_F(DrawingsTest, DrawingsStandOnTheirCellsAtEveryZoom) {
+    for (const std::int32_t dpi : {72, 108, 126, 144, 180, 216, 234, 144}) {
+        SCOPED_TRACE(dpi);
+        mView.show(0, kSize, kSize, dpi);
+        expectAt({7, 19});
+        expectAt({7, 199});
+    }
+}
+
+TEST_F(DrawingsTest, DrawingsGoWithTheirCells) {
+    mView.show(0, kSize, kSize, 126);
+    expectAt({7, 199});
+    const module_rect row = mView.place({0, 3});
+    EXPECT_EQ(sheetModule().stg_hide_rows(mView.get(), 0, row.y, row.y + 5 * row.height), MODULE_OK);
+    expectAt({7, 19});
+    expectAt({7, 199});
+    EXPECT_EQ(sheetModule().stg_resize_column(mView.get(), 0, mView.place({2, 0}).x, 55), MODULE_OK);
+    expectAt({7, 19});
+    mView.show(0, kSize, kSize, 108);
+    expectAt({7, 199});
+    EXPECT_EQ(sheetModule().stg_unhide_all_rows(mView.get(), 0), MODULE_OK);
+    expectAt({7, 19});
+    expectAt({7, 199});
 }
 
 } // namespace
