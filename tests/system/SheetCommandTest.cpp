@@ -229,6 +229,26 @@ TEST_F(SheetCommandTest, CountsTheHitsThatAreNotHidden) {
     EXPECT_EQ(resultCount("boat"), static_cast<int>(readWorkbook({"hits", path, "Ledger", "boat"}).size()));
 }
 
+TEST_F(SheetCommandTest, ARightToLeftSheetReadsFromTheLeft) {
+    open(sample("tour.xlsx"));
+    screen->show(3);
+    const Lines titles = readWorkbook({"sheets", path});
+    EXPECT_EQ(linesOf(copiedColumn(0)), readWorkbook({"column", path, titles.at(3), "A"}));
+    const SheetScreen::Header words = screen->columns().at(0);
+    const SheetScreen::Header empty = screen->columns().at(2);
+    const auto inkIn = [&](const SheetScreen::Header& column) {
+        int ink = 0;
+        for (int y = screen->cells().top; y < screen->rows().at(3).end; ++y) {
+            for (int x = column.begin + 1; x < column.end; ++x) {
+                ink += (screen->at(x, y) & 0xFF) < 0x80 ? 1 : 0;
+            }
+        }
+        return ink;
+    };
+    EXPECT_GT(inkIn(words), 100);
+    EXPECT_EQ(inkIn(empty), 0);
+}
+
 TEST_F(SheetCommandTest, TellsItsProperties) {
     open(sample("tour.xlsx"));
     const std::string told = screen->document().call("/common", "getDocProperties");

@@ -25,7 +25,7 @@ int32_t paintedPlace(const Tracks& tracks, int32_t place, int32_t dpi) {
 
 } // namespace
 
-Drawings::Drawings(Reference<css::sheet::XSpreadsheet> sheet) : mSheet(std::move(sheet)) {
+Drawings::Drawings(const Reference<css::sheet::XSpreadsheet>& sheet) : mSheet(sheet) {
     read();
 }
 

@@ -20,7 +20,7 @@ namespace lectern::engine {
 // suite itself moves them with their cells.
 class Drawings {
 public:
-    explicit Drawings(css::uno::Reference<css::sheet::XSpreadsheet> sheet);
+    explicit Drawings(const css::uno::Reference<css::sheet::XSpreadsheet>& sheet);
 
     bool empty() const { return mDrawings.empty(); }
     // Puts drawings on their cells' pixels.
