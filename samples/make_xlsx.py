@@ -10,9 +10,16 @@ make_xlsx.py coloured OUT.xlsx
     Columns and rows of many sizes, some hidden, up to column 520 and row 10050.
     Blocks of cells are filled, no two cells alike: cell (column, row), both
     from 0, with what colour_of() says.
+make_xlsx.py labelled OUT.xlsx
+    Columns and rows of many sizes, some hidden. Two blocks of filled cells, at
+    A1 and far away, each cell with a colour of its own, whose red is below 40,
+    and with that as its comment, RRGGBB.
 make_xlsx.py spread OUT.xlsx
     A sheet with nothing but a chart at AL3000, and one with nothing but a
     merged area, AA80:AD100.
+make_xlsx.py charted OUT.xlsx
+    A chart at H20 and one at H200, of 3 x 1.2 cm, on green cells in rows that
+    are no whole pixels high.
 make_xlsx.py noted OUT.xlsx
     3, 1, 2 in a column, with the comment "three" at the 3.
 make_xlsx.py plain OUT.xlsx ROW...
@@ -81,12 +88,48 @@ def coloured(path):
     book.save(path)
 
 
+def labelled(path):
+    book = Workbook()
+    sheet = book.active
+    for column in range(225):
+        letter = get_column_letter(column + 1)
+        sheet.column_dimensions[letter].width = 5 + column * 7 % 11
+        sheet.column_dimensions[letter].hidden = column % 9 == 4
+    for row in range(3056):
+        sheet.row_dimensions[row + 1].height = 13 + row * 5 % 13 + row % 3 / 4
+        sheet.row_dimensions[row + 1].hidden = row % 11 == 6
+    for number, (left, top) in enumerate([(0, 0), (215, 3020)]):
+        for index in range(10 * 36):
+            colour = f'{0x20 + number * 8:02X}{0x20 + index // 192 * 20:02X}{0x20 + index % 192:02X}'
+            cell = sheet.cell(top + index // 10 + 1, left + index % 10 + 1, ' ')
+            cell.fill = PatternFill('solid', fgColor=colour)
+            cell.comment = Comment(colour, 'Somebody')
+    book.save(path)
+
+
 def spread(path):
     book = Workbook()
     chart = BarChart()
     chart.add_data(Reference(book.active, min_col=1, min_row=1, max_row=3))
     book.active.add_chart(chart, 'AL3000')
     book.create_sheet('Merged').merge_cells('AA80:AD100')
+    book.save(path)
+
+
+def charted(path):
+    book = Workbook()
+    sheet = book.active
+    for row in sheet.iter_rows(max_row=220, max_col=12):
+        for cell in row:
+            cell.value = ' '
+            cell.fill = PatternFill('solid', fgColor='00AA00')
+    for row in range(1, 221):
+        sheet.row_dimensions[row].height = 12.75
+    for row in (20, 200):
+        chart = BarChart()
+        chart.width, chart.height, chart.legend = 3, 1.2, None
+        chart.add_data(Reference(sheet, min_col=12, min_row=1, max_row=3))
+        sheet.add_chart(chart, f'H{row}')
     book.save(path)
 
 
@@ -112,7 +155,7 @@ def plain(path, rows):
     book.save(path)
 
 
-MAKERS = {'coloured': coloured, 'spread': spread, 'noted': noted}
+MAKERS = {'charted': charted, 'coloured': coloured, 'labelled': labelled, 'spread': spread, 'noted': noted}
 
 
 def main(arguments):

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // From the call that opens a document to its first screen in the frame buffer,
-// against a bare program that starts the office suite, loads, reflows and
+// against a bare program that starts the office suite, loads, reflows a text and
 // paints the same region.
 #include <cstdio>
 #include <stdexcept>
@@ -12,10 +12,18 @@ namespace {
 constexpr int width = 480;
 constexpr int height = 800;
 
-double bareProgram(const std::string& file, const TemporaryFolder& folder) {
+using Command = std::vector<std::string>;
+
+Command bareText(const std::string& file) {
+    return {BARE_PROGRAM, file, std::to_string(width), std::to_string(height), "72"};
+}
+Command bareOther(const std::string& file) {
+    return {BARE_OPEN_PROGRAM, file, std::to_string(width), std::to_string(height)};
+}
+
+double bareProgram(const Command& command, const TemporaryFolder& folder) {
     const double start = now();
-    Subprocess bare({BARE_PROGRAM, file, std::to_string(width), std::to_string(height), "72"}, {},
-                    folder.path() + "/bare");
+    Subprocess bare(command, {}, folder.path() + "/bare");
     if (bare.wait(std::chrono::seconds(120)) != std::optional<int>(0)) {
         throw std::runtime_error("the bare program fails: " + bare.errors());
     }
@@ -31,11 +39,12 @@ double firstScreen(RunningService& service, const std::string& file) {
     return now() - start;
 }
 
-void figuresOf(const char* label, const std::string& file, int rounds) {
+void figuresOf(const char* label, const std::string& file, int rounds,
+               Command (*bareOf)(const std::string&)) {
     TemporaryFolder folder;
     std::vector<double> bare, cold, spare;
     for (int round = 0; round < rounds; ++round) {
-        bare.push_back(bareProgram(file, folder));
+        bare.push_back(bareProgram(bareOf(file), folder));
         RunningService service;
         cold.push_back(firstScreen(service, file));
         service.waitForSpare(0);
@@ -51,7 +60,11 @@ void openFigures(int rounds) {
     TemporaryFolder folder;
     std::printf("Open to first screen, %dx%d, medians of %d rounds, ms\n", width, height, rounds);
     std::printf("%-22s %9s %9s %9s %11s %11s\n", "", "bare", "cold", "spare", "cold/bare", "spare/bare");
-    figuresOf("small (3 pages)", std::string(SAMPLES_FOLDER) + "/tour.docx", rounds);
-    figuresOf("medium (20 pages)", longDocument(folder, 20), rounds);
-    figuresOf("large (200 pages)", longDocument(folder, 200), rounds);
+    const std::string samples = std::string(SAMPLES_FOLDER) + "/";
+    figuresOf("text, 3 pages", samples + "tour.docx", rounds, bareText);
+    figuresOf("text, 20 pages", longDocument(folder, 20), rounds, bareText);
+    figuresOf("text, 200 pages", longDocument(folder, 200), rounds, bareText);
+    figuresOf("workbook, 5 sheets", samples + "tour.xlsx", rounds, bareOther);
+    figuresOf("workbook, 5,000 rows", longWorkbook(folder, 5000), rounds, bareOther);
+    figuresOf("presentation, tour", samples + "tour.pptx", rounds, bareOther);
 }

@@ -9,6 +9,8 @@
 #include <filesystem>
 #include <stdexcept>
 
+#include "tests/system/support/Python.h"
+
 RunningService::RunningService() : mBus(mFolder.path()) {
     mService = std::make_unique<Subprocess>(
         std::vector<std::string>{SERVICE_PROGRAM},
@@ -62,17 +64,20 @@ double quantile(std::vector<double> values, double q) {
     return values[static_cast<size_t>(q * static_cast<double>(values.size() - 1) + 0.5)];
 }
 
+std::string longWorkbook(const TemporaryFolder& folder, int rows) {
+    std::string path = folder.path() + "/" + std::to_string(rows) + ".xlsx";
+    python({std::string(SAMPLES_FOLDER) + "/make_xlsx.py", "long", std::to_string(rows), path});
+    return path;
+}
+
 std::string longDocument(const TemporaryFolder& folder, int pages, const std::string& word, int hits) {
     std::string path = folder.path() + "/" + std::to_string(pages) + "-" + std::to_string(hits) + ".docx";
-    std::vector<std::string> command{"python3", std::string(SAMPLES_FOLDER) + "/make_long_docx.py",
+    std::vector<std::string> command{std::string(SAMPLES_FOLDER) + "/make_long_docx.py",
                                      std::to_string(pages), path};
     if (hits > 0) {
         command.insert(command.end(), {word, std::to_string(hits)});
     }
-    Subprocess maker(command, {{"PYTHONDONTWRITEBYTECODE", "1"}}, folder.path() + "/maker");
-    if (maker.wait(std::chrono::seconds(60)) != std::optional<int>(0)) {
-        throw std::runtime_error("cannot make a document: " + maker.errors());
-    }
+    python(command);
     return path;
 }
 

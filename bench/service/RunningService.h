@@ -45,6 +45,9 @@ double now();
 std::string longDocument(const TemporaryFolder& folder, int pages, const std::string& word = "",
                          int hits = 0);
 
+// A generated workbook of so many rows.
+std::string longWorkbook(const TemporaryFolder& folder, int rows);
+
 void openFigures(int rounds);
 void searchFigures(int rounds);
 void paintFigures();

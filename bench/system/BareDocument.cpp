@@ -99,6 +99,11 @@ void Document::paint(int top, int width, int height, int dpi) {
                         twips(height));
 }
 
+void Document::paintTwips(int width, int height, int twipsWide, int twipsHigh) {
+    mPixels.resize(static_cast<size_t>(width) * static_cast<size_t>(height) * 4);
+    mPainter->paintTile(mPixels.data(), width, height, 0, 0, twipsWide, twipsHigh);
+}
+
 void run(int (*measure)(char** argv, const std::string& profile), char** argv) {
     std::string profile = (std::filesystem::temp_directory_path() / "bare-word-XXXXXX").string();
     if (mkdtemp(profile.data()) == nullptr)

@@ -27,6 +27,8 @@ public:
     void reflow(int width, int dpi);
     // Paints rows [top, top + height) of that page.
     void paint(int top, int width, int height, int dpi);
+    // Paints the document's top left corner, so many twips of it.
+    void paintTwips(int width, int height, int twipsWide, int twipsHigh);
 
     const css::uno::Reference<css::frame::XModel>& model() const { return mModel; }
     lok::Document& painter() { return *mPainter; }

@@ -21,6 +21,10 @@ inline int64_t tileTwips(int64_t pixels, int32_t dpi) {
     return pixels / step * (twipsPerInch * step / dpi);
 }
 
+inline int64_t roundDown(int64_t value, int64_t step) {
+    return value / step * step;
+}
+
 inline int64_t roundUp(int64_t value, int64_t step) {
     return (value + step - 1) / step * step;
 }

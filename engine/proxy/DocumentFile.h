@@ -16,7 +16,8 @@ struct DocumentFile {
     off_t bytes = 0;
 };
 
-// `path` as seen from this process's current folder, absolute.
+// `path` as seen from this process's current folder, absolute and without links
+// and detours on the way to its last name, which is kept.
 LECTERN_ENGINE_EXPORT std::string absolutePath(const std::string& path);
 
 // Looks whether `path` names a regular file that can be read; never waits, as

@@ -94,7 +94,7 @@ void HeaderPainter::paint(Axis axis, const Tracks& tracks, int64_t from,
     forTracks(tracks, from, strip.length(), [&](int32_t track, int64_t first, int64_t last) {
         if (marked && track >= marked->first && track <= marked->last)
             strip.fill(first, last, 0, strip.thickness(), tinted(background, marked->colour));
-        if (track > 0)
+        if (from + first > 0)
             strip.fill(first, first + 1, 0, strip.thickness(), line);
     });
     const int32_t inner = strip.thickness() - 1;

@@ -21,7 +21,8 @@ struct MarkedTracks {
 };
 
 // Draws the strips beside and above the cells: a label for every track, and a
-// line where the cells have theirs, at a track's first pixel.
+// line where the cells have theirs, at a track's first pixel, but none at the
+// sheet's edge.
 class HeaderPainter {
 public:
     explicit HeaderPainter(int32_t dpi);

@@ -36,6 +36,7 @@ int32_t SheetDocument::sort(int32_t sheet, int32_t column, bool ascending) {
     return d.onSheet(sheet, [&](const SheetGeometry& geometry) -> int32_t {
         if (column < 0 || column >= geometry.columns.count())
             return MODULE_BAD_ARGUMENT;
+        d.book.aboutToChange(sheet);
         const int32_t result = sortSheet(d.book, sheet, column, ascending);
         d.book.changed(sheet);
         // The hits have gone elsewhere.
@@ -58,7 +59,10 @@ int32_t SheetDocument::unhide(int32_t sheet, Axis axis, int32_t first, int32_t l
     return mPrivate->onTracks(sheet, axis, [&](const Tracks& tracks) {
         int32_t from = tracks.trackAt(std::min(first, last));
         int32_t to = tracks.trackAt(std::max(first, last));
-        tracks.widenOverHidden(from, to);
+        // What was hidden at a place lies before what has come there; at the
+        // sheet's end nothing has.
+        if (std::min(first, last) >= tracks.total() || !tracks.widenOverHiddenBefore(from))
+            tracks.widenOverHiddenBehind(to);
         return resultOf(
             setProperty(tracksOf(mPrivate->book.sheet(sheet), axis, from, to), "IsVisible", true));
     });

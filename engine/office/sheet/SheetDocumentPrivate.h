@@ -36,6 +36,7 @@ struct SheetDocument::Private {
     template<class Work>
     int32_t onTracks(int32_t sheet, Axis axis, Work work) noexcept {
         return onSheet(sheet, [&](const SheetGeometry& geometry) {
+            book.aboutToChange(sheet);
             const int32_t result = work(geometry.along(axis));
             book.changed(sheet);
             return result;

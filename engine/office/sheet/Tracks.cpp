@@ -51,17 +51,20 @@ Tracks::Tracks(const std::string& sizes, const std::string& hidden) {
     const std::vector<Stretch> states = readStates(hidden);
     auto state = states.begin();
     int32_t first = 0;
+    int64_t twips = 0;
     for (const Stretch& size : readSizes(sizes)) {
         while (first <= size.last) {
             while (state != states.end() && state->last < first)
                 ++state;
             const int32_t last = state == states.end() ? size.last : std::min(size.last, state->last);
-            mRuns.push_back({first, last, size.value, state != states.end() && state->value != 0});
+            const bool isHidden = state != states.end() && state->value != 0;
+            mRuns.push_back({first, last, size.value, isHidden, twips});
+            twips += isHidden ? 0 : int64_t{size.value} * (last - first + 1);
             first = last + 1;
         }
     }
     if (mRuns.empty())
-        mRuns.push_back({0, 0, 0, true});
+        mRuns.push_back({0, 0, 0, true, 0});
 }
 
 void Tracks::setDpi(int32_t dpi) {
@@ -106,6 +109,22 @@ int32_t Tracks::twips(int32_t track) const {
     return runOf(track).twips;
 }
 
+const Tracks::Run& Tracks::runBefore(double place) const {
+    const auto next = std::lower_bound(mRuns.begin(), mRuns.end(), place, [](const Run& run, double wanted) {
+        return static_cast<double>(run.twipsBefore) < wanted;
+    });
+    return next == mRuns.begin() ? *next : *std::prev(next);
+}
+
+double Tracks::paintedAt(double place, int32_t dpi) const {
+    const Run& run = runBefore(place);
+    const double into = place - static_cast<double>(run.twipsBefore);
+    const double scale = run.hidden || run.twips == 0 || into <= 0
+                             ? pixelsPerTwip(dpi)
+                             : static_cast<double>(run.pixels) / run.twips;
+    return static_cast<double>(run.start) + into * scale;
+}
+
 bool Tracks::isHidden(int32_t track) const {
     return runOf(track).hidden;
 }
@@ -119,9 +138,14 @@ int32_t Tracks::visibleIn(int32_t first, int32_t last) const {
     return visible;
 }
 
-void Tracks::widenOverHidden(int32_t& first, int32_t& last) const {
+bool Tracks::widenOverHiddenBefore(int32_t& first) const {
+    const int32_t before = first;
     while (first > 0 && isHidden(first - 1))
         first = runOf(first - 1).first;
+    return first < before;
+}
+
+void Tracks::widenOverHiddenBehind(int32_t& last) const {
     while (last + 1 < mCount && isHidden(last + 1))
         last = std::min(runOf(last + 1).last, mCount - 1);
 }

@@ -41,11 +41,15 @@ public:
     int32_t countUpTo(int64_t pixels) const;
 
     int32_t twips(int32_t track) const;
+    // The pixel where what lies at a place is painted that is given in twips and
+    // without any rounding, and how far into that pixel.
+    double paintedAt(double place, int32_t dpi) const;
     bool isHidden(int32_t track) const;
     int32_t visibleIn(int32_t first, int32_t last) const;
-    // The hidden tracks right before `first` and right behind `last` belong to
-    // the stretch from then on.
-    void widenOverHidden(int32_t& first, int32_t& last) const;
+    // A stretch takes in the hidden tracks right before its first one, true
+    // when there are any, or those right behind its last.
+    bool widenOverHiddenBefore(int32_t& first) const;
+    void widenOverHiddenBehind(int32_t& last) const;
 
     // The least twips that give so many pixels.
     static int32_t twipsFor(int64_t pixels, int32_t dpi);
@@ -56,10 +60,14 @@ private:
         int32_t last;
         int32_t twips;
         bool hidden;
-        int64_t pixels = 0; // of each
-        int64_t start = 0;  // of the first
+        int64_t twipsBefore; // of all visible tracks before
+        int64_t pixels = 0;  // of each
+        int64_t start = 0;   // of the first
     };
     const Run& runOf(int32_t track) const;
+    // The last run that begins before a place in twips, the first if none does:
+    // a track's end is not yet the next one's beginning.
+    const Run& runBefore(double place) const;
     int32_t trackAmongAll(int64_t pixel) const;
 
     std::vector<Run> mRuns; // without gaps, by track

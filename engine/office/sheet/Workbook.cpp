@@ -110,7 +110,7 @@ Workbook::Workbook(LoadedModel loaded) : mLoaded(std::move(loaded)) {
         if (property<sal_Int16>(properties, "TableLayout") != css::text::WritingMode2::LR_TB)
             setProperty(properties, "TableLayout", css::text::WritingMode2::LR_TB);
         hideComments(cells);
-        mSheets.push_back({part, cells, std::nullopt});
+        mSheets.push_back({part, cells, Drawings(cells), std::nullopt});
     }
 }
 
@@ -153,6 +153,17 @@ const SheetGeometry& Workbook::geometry(int32_t index) {
         sheet.geometry = std::move(read);
     }
     return *sheet.geometry;
+}
+
+void Workbook::changed(int32_t index) {
+    Sheet& sheet = mSheets[static_cast<size_t>(index)];
+    sheet.geometry.reset();
+    sheet.drawings.read();
+}
+
+void Workbook::alignDrawings(int32_t index) {
+    const SheetGeometry& measures = geometry(index);
+    mSheets[static_cast<size_t>(index)].drawings.align(measures.columns, measures.rows, mDpi);
 }
 
 std::optional<CellBlock> Workbook::usedBlock(int32_t index) const {

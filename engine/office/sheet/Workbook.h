@@ -3,6 +3,7 @@
 
 #include "engine/office/Opening.h"
 #include "engine/office/Surface.h"
+#include "engine/office/sheet/Drawings.h"
 #include "engine/office/sheet/Tracks.h"
 
 #include <com/sun/star/sheet/XSpreadsheet.hpp>
@@ -53,8 +54,14 @@ public:
     void setDpi(int32_t dpi);
     // Read when first asked for, and again after a change.
     const SheetGeometry& geometry(int32_t sheet);
-    void changed(int32_t sheet) { mSheets[static_cast<size_t>(sheet)].geometry.reset(); }
+    // Around every change of a sheet.
+    void aboutToChange(int32_t sheet) { mSheets[static_cast<size_t>(sheet)].drawings.restore(); }
+    void changed(int32_t sheet);
 
+    // Whether charts, pictures or shapes lie on the sheet.
+    bool hasDrawings(int32_t sheet) const { return !mSheets[static_cast<size_t>(sheet)].drawings.empty(); }
+    // Before a painting: puts them where their cells are painted.
+    void alignDrawings(int32_t sheet);
     // The cells that hold anything; nothing on an empty sheet.
     std::optional<CellBlock> usedBlock(int32_t sheet) const;
     // From the first cell to where merged areas end; nothing without any.
@@ -66,6 +73,7 @@ private:
     struct Sheet {
         int part; // its number among all sheets
         css::uno::Reference<css::sheet::XSpreadsheet> cells;
+        Drawings drawings;
         std::optional<SheetGeometry> geometry;
     };
 

@@ -4,9 +4,11 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <ctime>
 #include <optional>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "modules/ModuleResults.h"
 #include "tests/fakes/module/FakeCalls.h"
@@ -68,6 +70,38 @@ inline int32_t giveText(const std::u16string& text, uint16_t* out, int32_t capac
         std::copy_n(text.begin(), units, out);
         out[units] = 0;
     }
+    return MODULE_OK;
+}
+
+// Notes a call; its scripted failure, or that of a null document.
+template<typename... Arguments>
+int32_t entered(FakeCalls& control, const void* doc, const char* name, Arguments... arguments) {
+    const int32_t code = called(control, name, arguments...);
+    return code == MODULE_OK && doc == nullptr ? static_cast<int32_t>(MODULE_BAD_ARGUMENT) : code;
+}
+
+// The whole of a call for a text of a document's properties, and for a time.
+inline int32_t giveProperty(FakeCalls& control, const void* doc, const char* function,
+                            const std::u16string& value, uint16_t* text, int32_t capacityBytes,
+                            int32_t* length) {
+    const int32_t code = entered(control, doc, function, capacityBytes);
+    return code != MODULE_OK ? code : giveText(value, text, capacityBytes / 2, length);
+}
+inline int32_t giveTime(FakeCalls& control, const void* doc, const char* function, time_t value,
+                        time_t* time) {
+    const int32_t code = entered(control, doc, function);
+    if (code == MODULE_OK) {
+        *time = value;
+    }
+    return code;
+}
+
+// Hands an array out, or what the control says instead: a null, another count.
+template<typename Control, typename Record>
+int32_t giveArray(const Control& control, const std::vector<Record>& list, const Record** array,
+                  int32_t* count) {
+    *array = list.empty() || control.nullArrays ? nullptr : list.data();
+    *count = control.arrayCount.value_or(static_cast<int32_t>(list.size()));
     return MODULE_OK;
 }
 

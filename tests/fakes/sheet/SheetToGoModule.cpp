@@ -28,14 +28,12 @@ FakeSheetDocument* document(void* doc) {
     return static_cast<FakeSheetDocument*>(doc);
 }
 
-// Notes a call; its scripted failure, or that of a null document.
 template<typename... Arguments>
 int32_t entered(const void* doc, const char* name, Arguments... arguments) {
-    const int32_t code = called(name, arguments...);
-    return code == MODULE_OK && doc == nullptr ? static_cast<int32_t>(MODULE_BAD_ARGUMENT) : code;
+    return fake::entered(control(), doc, name, arguments...);
 }
 
-// The same of a call for a sheet, which must be there.
+// What fake::entered() does for a call for a sheet, which must be there.
 template<typename... Arguments>
 int32_t enteredSheet(const void* doc, const char* name, int32_t sheet, Arguments... arguments) {
     const int32_t code = entered(doc, name, sheet, arguments...);
@@ -49,26 +47,6 @@ int32_t setBuffer(FakeSheetDocument::Buffer& buffer, uint32_t* pixels, int32_t w
     }
     buffer = {pixels, width, height};
     return MODULE_OK;
-}
-
-int32_t giveArray(const std::vector<stg_region>& list, const stg_region** array, int32_t* count) {
-    *array = list.empty() || control().nullArrays ? nullptr : list.data();
-    *count = control().arrayCount.value_or(static_cast<int32_t>(list.size()));
-    return MODULE_OK;
-}
-
-int32_t giveProperty(void* doc, const char* function, const std::u16string& value, uint16_t* text,
-                     int32_t capacityBytes, int32_t* length) {
-    const int32_t code = entered(doc, function, capacityBytes);
-    return code != MODULE_OK ? code : fake::giveText(value, text, capacityBytes / 2, length);
-}
-
-int32_t giveTime(void* doc, const char* function, time_t value, time_t* time) {
-    const int32_t code = entered(doc, function);
-    if (code == MODULE_OK) {
-        *time = value;
-    }
-    return code;
 }
 
 } // namespace
@@ -205,7 +183,7 @@ int32_t stg_get_comment_marks_rects(void* doc, int32_t sheet, const stg_region**
         return code;
     }
     document(doc)->fetchMarks();
-    return giveArray(document(doc)->marks, marks, count);
+    return fake::giveArray(control(), document(doc)->marks, marks, count);
 }
 
 int32_t stg_get_comment(void* doc, int32_t sheet, int32_t x, int32_t y, uint16_t* text, int32_t capacity,
@@ -247,7 +225,7 @@ int32_t stg_get_found_regions(void* doc, int32_t* count, const stg_region** regi
         return code;
     }
     document(doc)->fetchFound();
-    return giveArray(document(doc)->found, regions, count);
+    return fake::giveArray(control(), document(doc)->found, regions, count);
 }
 
 int32_t stg_stop_find(void* doc) {
@@ -339,23 +317,23 @@ int32_t stg_sort_descending(void* doc, int32_t sheet, int32_t column) {
 }
 
 int32_t stg_get_document_name(void* doc, uint16_t* text, int32_t capacity_bytes, int32_t* length) {
-    return giveProperty(doc, __func__, control().name, text, capacity_bytes, length);
+    return fake::giveProperty(control(), doc, __func__, control().name, text, capacity_bytes, length);
 }
 
 int32_t stg_get_document_author(void* doc, uint16_t* text, int32_t capacity_bytes, int32_t* length) {
-    return giveProperty(doc, __func__, control().author, text, capacity_bytes, length);
+    return fake::giveProperty(control(), doc, __func__, control().author, text, capacity_bytes, length);
 }
 
 int32_t stg_get_document_description(void* doc, uint16_t* text, int32_t capacity_bytes, int32_t* length) {
-    return giveProperty(doc, __func__, control().description, text, capacity_bytes, length);
+    return fake::giveProperty(control(), doc, __func__, control().description, text, capacity_bytes, length);
 }
 
 int32_t stg_get_document_creation_date(void* doc, time_t* time) {
-    return giveTime(doc, __func__, control().created, time);
+    return fake::giveTime(control(), doc, __func__, control().created, time);
 }
 
 int32_t stg_get_document_last_saved_date(void* doc, time_t* time) {
-    return giveTime(doc, __func__, control().lastSaved, time);
+    return fake::giveTime(control(), doc, __func__, control().lastSaved, time);
 }
 
 // The rest exists for the loader; a call shows in the list and fails.

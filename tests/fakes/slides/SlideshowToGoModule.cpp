@@ -39,11 +39,9 @@ int32_t called(const char* name, Arguments... arguments) {
     return fake::called(control(), name, arguments...);
 }
 
-// Notes a call; its scripted failure, or that of a null document.
 template<typename... Arguments>
 int32_t entered(const void* doc, const char* name, Arguments... arguments) {
-    const int32_t code = called(name, arguments...);
-    return code == MODULE_OK && doc == nullptr ? static_cast<int32_t>(MODULE_BAD_ARGUMENT) : code;
+    return fake::entered(control(), doc, name, arguments...);
 }
 
 bool has(int32_t slide) {
@@ -54,32 +52,11 @@ const FakeSlide& slideAt(int32_t slide) {
     return control().slides[static_cast<size_t>(slide)];
 }
 
-// The same of a call for a slide, which must be there.
+// What fake::entered() does for a call for a slide, which must be there.
 template<typename... Arguments>
 int32_t enteredSlide(const void* doc, const char* name, int32_t slide, Arguments... arguments) {
     const int32_t code = entered(doc, name, slide, arguments...);
     return code == MODULE_OK && !has(slide) ? static_cast<int32_t>(MODULE_BAD_ARGUMENT) : code;
-}
-
-template<typename Record>
-int32_t giveArray(const std::vector<Record>& list, const Record** array, int32_t* count) {
-    *array = list.empty() || control().nullArrays ? nullptr : list.data();
-    *count = control().arrayCount.value_or(static_cast<int32_t>(list.size()));
-    return MODULE_OK;
-}
-
-int32_t giveProperty(void* doc, const char* function, const std::u16string& value, uint16_t* text,
-                     int32_t capacityBytes, int32_t* length) {
-    const int32_t code = entered(doc, function, capacityBytes);
-    return code != MODULE_OK ? code : fake::giveText(value, text, capacityBytes / 2, length);
-}
-
-int32_t giveTime(void* doc, const char* function, time_t value, time_t* time) {
-    const int32_t code = entered(doc, function);
-    if (code == MODULE_OK) {
-        *time = value;
-    }
-    return code;
 }
 
 module_rect onSurface(const module_rect& r, const Document& d) {
@@ -204,7 +181,7 @@ int32_t sstg_find(void* doc, const uint16_t* text, int32_t first_slide, int32_t 
         }
     }
     d.infos = control().infos.value_or(d.infos);
-    return giveArray(d.infos, infos, count);
+    return fake::giveArray(control(), d.infos, infos, count);
 }
 
 int32_t sstg_get_found_regions(void* doc, int32_t* count, const sstg_find_region** regions) {
@@ -223,7 +200,7 @@ int32_t sstg_get_found_regions(void* doc, int32_t* count, const sstg_find_region
         std::transform(hit.begin(), hit.end(), hit.begin(), [&d](const auto& r) { return onSurface(r, d); });
         d.regions.push_back({hit.empty() ? nullptr : hit.data(), static_cast<uint32_t>(hit.size())});
     }
-    return giveArray(d.regions, regions, count);
+    return fake::giveArray(control(), d.regions, regions, count);
 }
 
 int32_t sstg_stop_find(void* doc) {
@@ -240,23 +217,23 @@ int32_t sstg_stop_find(void* doc) {
 }
 
 int32_t sstg_get_document_name(void* doc, uint16_t* text, int32_t capacity_bytes, int32_t* length) {
-    return giveProperty(doc, __func__, control().name, text, capacity_bytes, length);
+    return fake::giveProperty(control(), doc, __func__, control().name, text, capacity_bytes, length);
 }
 
 int32_t sstg_get_document_author(void* doc, uint16_t* text, int32_t capacity_bytes, int32_t* length) {
-    return giveProperty(doc, __func__, control().author, text, capacity_bytes, length);
+    return fake::giveProperty(control(), doc, __func__, control().author, text, capacity_bytes, length);
 }
 
 int32_t sstg_get_document_description(void* doc, uint16_t* text, int32_t capacity_bytes, int32_t* length) {
-    return giveProperty(doc, __func__, control().description, text, capacity_bytes, length);
+    return fake::giveProperty(control(), doc, __func__, control().description, text, capacity_bytes, length);
 }
 
 int32_t sstg_get_document_creation_date(void* doc, time_t* time) {
-    return giveTime(doc, __func__, control().created, time);
+    return fake::giveTime(control(), doc, __func__, control().created, time);
 }
 
 int32_t sstg_get_document_last_saved_date(void* doc, time_t* time) {
-    return giveTime(doc, __func__, control().lastSaved, time);
+    return fake::giveTime(control(), doc, __func__, control().lastSaved, time);
 }
 
 // The rest exists for the loader; a call shows in the list and fails.

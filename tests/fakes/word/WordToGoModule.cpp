@@ -28,11 +28,9 @@ FakeWordDocument* document(void* doc) {
     return static_cast<FakeWordDocument*>(doc);
 }
 
-// Notes a call; its scripted failure, or that of a null document.
 template<typename... Arguments>
 int32_t entered(const void* doc, const char* name, Arguments... arguments) {
-    const int32_t code = called(name, arguments...);
-    return code == MODULE_OK && doc == nullptr ? static_cast<int32_t>(MODULE_BAD_ARGUMENT) : code;
+    return fake::entered(control(), doc, name, arguments...);
 }
 
 } // namespace
@@ -250,40 +248,23 @@ int32_t wtg_close_secondary_document(void* doc) {
 }
 
 int32_t wtg_get_document_name(void* doc, uint16_t* text, int32_t capacity_bytes, int32_t* length) {
-    if (const int32_t code = entered(doc, __func__, capacity_bytes)) {
-        return code;
-    }
-    return fake::giveText(control().name, text, capacity_bytes / 2, length);
+    return fake::giveProperty(control(), doc, __func__, control().name, text, capacity_bytes, length);
 }
 
 int32_t wtg_get_document_author(void* doc, uint16_t* text, int32_t capacity_bytes, int32_t* length) {
-    if (const int32_t code = entered(doc, __func__, capacity_bytes)) {
-        return code;
-    }
-    return fake::giveText(control().author, text, capacity_bytes / 2, length);
+    return fake::giveProperty(control(), doc, __func__, control().author, text, capacity_bytes, length);
 }
 
 int32_t wtg_get_document_description(void* doc, uint16_t* text, int32_t capacity_bytes, int32_t* length) {
-    if (const int32_t code = entered(doc, __func__, capacity_bytes)) {
-        return code;
-    }
-    return fake::giveText(control().description, text, capacity_bytes / 2, length);
+    return fake::giveProperty(control(), doc, __func__, control().description, text, capacity_bytes, length);
 }
 
 int32_t wtg_get_document_creation_date(void* doc, time_t* time) {
-    if (const int32_t code = entered(doc, __func__)) {
-        return code;
-    }
-    *time = control().created;
-    return MODULE_OK;
+    return fake::giveTime(control(), doc, __func__, control().created, time);
 }
 
 int32_t wtg_get_document_last_saved_date(void* doc, time_t* time) {
-    if (const int32_t code = entered(doc, __func__)) {
-        return code;
-    }
-    *time = control().lastSaved;
-    return MODULE_OK;
+    return fake::giveTime(control(), doc, __func__, control().lastSaved, time);
 }
 
 int32_t wtg_word_count(void* doc, int32_t* count) {

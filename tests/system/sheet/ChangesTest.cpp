@@ -123,6 +123,25 @@ TEST_F(TracksTest, HidingAndUnhidingAtTheSamePlaceIsNoChange) {
     EXPECT_EQ(mSheet->dimensions(), mBefore);
 }
 
+TEST_F(TracksTest, WhatWasHiddenAtAPlaceComesBackAndNotWhatIsHiddenBesideIt) {
+    const std::int32_t third = x(2);
+    const std::int32_t last = x(20);
+    EXPECT_EQ(stg.stg_hide_columns(mSheet.get(), 0, x(4), x(4)), MODULE_OK);
+    EXPECT_EQ(stg.stg_hide_columns(mSheet.get(), 0, third, third), MODULE_OK);
+    EXPECT_EQ(mSheet->visibleColumns(4), (std::vector<std::int32_t>{0, 1, 3, 5}));
+    EXPECT_EQ(stg.stg_unhide_columns(mSheet.get(), 0, third, third), MODULE_OK);
+    EXPECT_EQ(mSheet->visibleColumns(5), (std::vector<std::int32_t>{0, 1, 2, 3, 5}));
+    // With none before it, what is hidden behind it.
+    EXPECT_EQ(stg.stg_unhide_columns(mSheet.get(), 0, x(3), x(3)), MODULE_OK);
+    EXPECT_EQ(mSheet->dimensions(), mBefore);
+    // At the end there is nothing that it could lie before.
+    EXPECT_EQ(stg.stg_hide_columns(mSheet.get(), 0, x(19), x(20)), MODULE_OK);
+    EXPECT_EQ(stg.stg_hide_columns(mSheet.get(), 0, x(17), x(17)), MODULE_OK);
+    EXPECT_EQ(stg.stg_unhide_columns(mSheet.get(), 0, last, last), MODULE_OK);
+    EXPECT_EQ(mSheet->visibleColumns(30).size(), 20U);
+    EXPECT_EQ(mSheet->visibleColumns(30).back(), 20);
+}
+
 TEST_F(TracksTest, AllHiddenOnesComeBackAtOnce) {
     EXPECT_EQ(stg.stg_hide_columns(mSheet.get(), 0, x(0), x(0)), MODULE_OK);
     EXPECT_EQ(stg.stg_hide_columns(mSheet.get(), 0, x(4), x(20)), MODULE_OK);

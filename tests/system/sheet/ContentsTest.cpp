@@ -2,6 +2,7 @@
 // What the sheets hold, against what an independent reader says of the file.
 
 #include "tests/system/sheet/WorkbookView.h"
+#include "tests/system/support/Python.h"
 
 #include <algorithm>
 #include <set>
@@ -23,7 +24,7 @@ INSTANTIATE_TEST_SUITE_P(Formats, ContentsTest, testing::Values("tour.xlsx", "to
                          [](const auto& format) { return std::string(format.param).substr(5); });
 
 TEST_P(ContentsTest, ListsTheSheetsThatAreNotHidden) {
-    EXPECT_EQ(mView.titles(), read({"sheets", readable()}));
+    EXPECT_EQ(mView.titles(), readWorkbook({"sheets", readable()}));
 }
 
 TEST_P(ContentsTest, LeavesHiddenColumnsAndRowsOut) {
@@ -32,13 +33,13 @@ TEST_P(ContentsTest, LeavesHiddenColumnsAndRowsOut) {
     for (const std::int32_t column : mView.visibleColumns(100)) {
         columns.insert(nameOf({column, 0}));
     }
-    const auto hiddenColumns = read({"columns", readable(), "Moorings"});
+    const auto hiddenColumns = readWorkbook({"columns", readable(), "Moorings"});
     ASSERT_EQ(hiddenColumns, std::vector<std::string>{"H"});
     EXPECT_EQ(columns.size(), 20U);
     EXPECT_EQ(columns.count("H1"), 0U);
 
     const std::vector<std::int32_t> rows = mView.visibleRows(1000);
-    const auto hiddenRows = read({"rows", readable(), "Moorings"});
+    const auto hiddenRows = readWorkbook({"rows", readable(), "Moorings"});
     ASSERT_FALSE(hiddenRows.empty());
     EXPECT_EQ(rows.size(), 51 - hiddenRows.size());
     for (const std::string& row : hiddenRows) {
@@ -54,7 +55,7 @@ TEST_P(ContentsTest, TellsCommentsWhereTheyAre) {
             const CellReference cell = mView.cellAt(mark.x, mark.y);
             comments.push_back(nameOf(cell) + "\t" + mView.comment(cell));
         }
-        EXPECT_EQ(comments, read({"comments", readable(), name}));
+        EXPECT_EQ(comments, readWorkbook({"comments", readable(), name}));
     }
 }
 
@@ -85,7 +86,7 @@ TEST_P(ContentsTest, FindsTheCellsThatShowAText) {
         for (const stg_region& hit : mView.find(word)) {
             cells.push_back(nameOf(mView.cellAt(hit.x, hit.y)));
         }
-        std::vector<std::string> expected = read({"hits", readable(), "Moorings", word});
+        std::vector<std::string> expected = readWorkbook({"hits", readable(), "Moorings", word});
         // Rows 5 and 6 are hidden.
         std::erase_if(expected, [](const std::string& cell) { return cell == "A5" || cell == "A6"; });
         EXPECT_EQ(cells, expected) << word;
@@ -133,7 +134,7 @@ TEST_P(ContentsTest, CopiesTheSelectionAsText) {
     EXPECT_EQ(mView.copy(), "Berth\tSince\tLength (m)\tFee\n"
                             "B01\t2019-01-15\t4.5\t120.50 \u20AC\n"
                             "B02\t2019-03-09\t8.0\t390.50 \u20AC");
-    EXPECT_EQ(mView.column(0), read({"column", readable(), "Moorings", "A"}));
+    EXPECT_EQ(mView.column(0), readWorkbook({"column", readable(), "Moorings", "A"}));
 }
 
 TEST_P(ContentsTest, CutsACopyAtTheCapacity) {

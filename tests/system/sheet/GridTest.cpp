@@ -3,6 +3,7 @@
 // whatever zoom.
 
 #include "tests/system/sheet/WorkbookView.h"
+#include "tests/system/support/Python.h"
 
 #include <map>
 #include <random>
@@ -23,7 +24,7 @@ std::string colouredFile() {
 
 std::map<CellReference, std::uint32_t> readColours() {
     std::map<CellReference, std::uint32_t> all;
-    for (const std::string& line : read({"colours", colouredFile(), "Sheet"})) {
+    for (const std::string& line : readWorkbook({"colours", colouredFile(), "Sheet"})) {
         std::istringstream in(line);
         CellReference cell;
         std::uint32_t colour = 0;

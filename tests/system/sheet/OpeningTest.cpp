@@ -4,6 +4,8 @@
 #include "tests/system/sheet/WorkbookView.h"
 #include "tests/system/support/Subprocess.h"
 
+#include <filesystem>
+
 namespace lectern::test {
 namespace {
 
@@ -21,6 +23,22 @@ TEST(SheetOpeningTest, APasswordIsAskedForAndChecked) {
         EXPECT_EQ(openResult(sample(name), "harbour"), MODULE_OK) << name;
     }
     EXPECT_EQ(openResult(sample("tour.xlsx"), "not needed"), MODULE_OK);
+}
+
+TEST(SheetOpeningTest, APasswordIsAskedForUnderWhateverPath) {
+    for (const char* detour : {"./locked.xls", "../samples/locked.xls", "/locked.xls"}) {
+        EXPECT_EQ(openResult(sample(detour)), MODULE_NEEDS_PASSWORD) << detour;
+        EXPECT_EQ(openResult(sample(detour), "harbour"), MODULE_OK) << detour;
+    }
+}
+
+TEST(SheetOpeningTest, APathBackFromALinkLeadsWhereTheSystemSays) {
+    const TemporaryFolder folder;
+    std::filesystem::create_directories(folder.path() + "/here/below");
+    std::filesystem::create_directory(folder.path() + "/there");
+    std::filesystem::create_directory_symlink(folder.path() + "/here/below", folder.path() + "/there/link");
+    std::filesystem::copy_file(sample("tour.xlsx"), folder.path() + "/here/book.xlsx");
+    EXPECT_EQ(openResult(folder.path() + "/there/link/../book.xlsx"), MODULE_OK);
 }
 
 TEST(SheetOpeningTest, DamagedFilesAreRefused) {

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/system/sheet/WorkbookView.h"
 
+#include "tests/system/support/Python.h"
 #include "tests/system/support/Subprocess.h"
 
 #include <filesystem>
 #include <fstream>
 #include <limits>
-#include <sstream>
 
 namespace lectern::test {
 
@@ -33,24 +33,6 @@ std::u16string textOf(Call call) {
     EXPECT_EQ(call(reinterpret_cast<std::uint16_t*>(text.data()), length + 1, &length), MODULE_OK);
     text.pop_back();
     return text;
-}
-
-std::vector<std::string> lines(const std::string& text) {
-    std::vector<std::string> all;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);) {
-        all.push_back(line);
-    }
-    return all;
-}
-
-// Runs a program of the system's own Python, which has the packages.
-std::string python(std::vector<std::string> arguments) {
-    static int count = 0;
-    arguments.insert(arguments.begin(), {"/usr/bin/python3", "-B"});
-    Subprocess process(arguments, {}, folder() + "/python" + std::to_string(count++));
-    EXPECT_EQ(process.wait(std::chrono::seconds(120)), 0) << process.errors();
-    return process.output();
 }
 
 } // namespace
@@ -204,7 +186,7 @@ std::vector<std::string> WorkbookView::column(std::int32_t column) const {
     const module_rect at = place({column, 0});
     std::int32_t count = 0;
     EXPECT_EQ(stg.stg_select_column(get(), mSheet, at.x, at.x, &count), MODULE_OK);
-    return lines(copy());
+    return linesOf(copy());
 }
 
 std::string sample(const std::string& name) {
@@ -228,11 +210,6 @@ std::string written(const std::string& name, const std::string& bytes) {
     const std::string path = folder() + "/" + name;
     std::ofstream(path, std::ios::binary) << bytes;
     return path;
-}
-
-std::vector<std::string> read(std::vector<std::string> arguments) {
-    arguments.insert(arguments.begin(), READER_SCRIPT);
-    return lines(python(arguments));
 }
 
 std::string nameOf(CellReference cell) {

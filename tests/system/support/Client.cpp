@@ -100,13 +100,18 @@ Answer Queue::poll(long type) {
     return receive(type, IPC_NOWAIT);
 }
 
-void Queue::settle(long store) {
+std::set<int> Queue::settle(long store) {
+    std::set<int> ids;
     msqid_ds status{};
     while (msgctl(mId, IPC_STAT, &status) == 0 && status.msg_qnum > 0) {
-        if (poll(store).id < 0) {
+        const Answer answer = poll(store);
+        if (answer.id >= 0) {
+            ids.insert(answer.id);
+        } else {
             sched_yield();
         }
     }
+    return ids;
 }
 
 TestDocument::TestDocument(BusConnection& bus, Queue& queue, const std::string& path, int width, int height,

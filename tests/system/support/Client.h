@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -30,9 +31,9 @@ public:
     // The next waiting record of this type, id -1 when there is none.
     Answer poll(long type);
     // Waits until the service has taken every client record; records for
-    // `store` are read and forgotten meanwhile. Paints and pen ups overtake pen
-    // moves, so whoever wants an order waits between them.
-    void settle(long store);
+    // `store` are read meanwhile, and their ids returned. Paints and pen ups
+    // overtake pen moves, so whoever wants an order waits between them.
+    std::set<int> settle(long store);
 
     int id() const { return mId; }
 

@@ -16,6 +16,8 @@
 #include <fstream>
 #include <thread>
 
+#include "tests/system/support/Python.h"
+
 namespace {
 
 // All of this program's System V objects live in a namespace of its own, and
@@ -114,12 +116,9 @@ std::string ServiceTest::generated(const std::string& name, const std::string& s
                                    std::vector<std::string> arguments) const {
     const std::string path = folder.path() + "/" + name;
     if (!std::filesystem::exists(path)) {
-        std::vector<std::string> command{"python3", std::string(SAMPLES_FOLDER) + "/" + script};
-        for (const std::string& argument : arguments) {
-            command.push_back(argument == "OUT" ? path : argument);
-        }
-        Subprocess maker(command, {{"PYTHONDONTWRITEBYTECODE", "1"}}, folder.path() + "/maker");
-        EXPECT_EQ(maker.wait(std::chrono::seconds(60)), std::optional<int>(0)) << maker.errors();
+        std::replace(arguments.begin(), arguments.end(), std::string("OUT"), path);
+        arguments.insert(arguments.begin(), sample(script));
+        python(arguments);
     }
     return path;
 }

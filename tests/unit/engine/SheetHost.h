@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 
 namespace lectern::test {
 
@@ -17,8 +18,8 @@ class WorkbookHandle {
 public:
     WorkbookHandle() = default;
     ~WorkbookHandle() { close(); }
-    WorkbookHandle(const WorkbookHandle&) = delete;
-    WorkbookHandle& operator=(const WorkbookHandle&) = delete;
+    WorkbookHandle(WorkbookHandle&& other) noexcept : mHandle(std::exchange(other.mHandle, nullptr)) {}
+    WorkbookHandle& operator=(WorkbookHandle&&) = delete;
 
     std::int32_t open(const std::string& path, const std::string& temporaryFolder,
                       const std::string& password = "");

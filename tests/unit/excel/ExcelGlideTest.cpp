@@ -100,7 +100,7 @@ TEST_F(ExcelGlideTest, WhileItMovesTheOldWindowIsShown) {
     view->handleFlick(0, -2000);
     clock.advance(0.5);
     view->mOffscreenDirty = true;
-    const Picture picture = paint(*view);
+    const Frame picture = paint(*view);
     EXPECT_EQ(fakeSheet().renders, renders);
     EXPECT_TRUE(view->mOffscreenDirty);
     expectSheet(*view, picture);

@@ -171,7 +171,7 @@ TEST_F(ExcelLayoutTest, SheetsUpToTheEndOfIntAreSurvived) {
     const auto view = openView();
     EXPECT_EQ(view->mSheetWidth, INT_MAX);
     view->restAt(INT_MAX, INT_MAX);
-    const Picture picture = paint(*view);
+    const Frame picture = paint(*view);
     EXPECT_EQ(view->mScroll, CpPoint(INT_MAX - 320 + 60, INT_MAX - 480 + 30));
     EXPECT_EQ(picture.at(0, 0), cornerBox);
     view->handleDoubleClick(300, 470);

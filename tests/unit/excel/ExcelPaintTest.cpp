@@ -9,7 +9,7 @@ using ExcelPaintDeathTest = ExcelPaintTest;
 
 TEST_F(ExcelPaintTest, HeadersAndCellsAtTheStart) {
     const auto view = openView();
-    const Picture picture = paint(*view);
+    const Frame picture = paint(*view);
     expectSheet(*view, picture);
     EXPECT_THAT(calls(), ElementsAre("stg_render_sheet(0, 0, 0)"));
 }
@@ -17,7 +17,7 @@ TEST_F(ExcelPaintTest, HeadersAndCellsAtTheStart) {
 TEST_F(ExcelPaintTest, HeadersStayAtTheEdgesOfAScrolledView) {
     const auto view = openView();
     view->restAt(1011, 2017);
-    const Picture picture = paint(*view);
+    const Frame picture = paint(*view);
     expectSheet(*view, picture);
     EXPECT_THAT(calls(), ElementsAre("stg_render_sheet(0, 421, 1507)"));
 }
@@ -44,7 +44,7 @@ TEST_F(ExcelPaintTest, GroundShowsWhereTheWindowEnds) {
     const auto view = openView();
     paint(*view);
     view->mScroll.set(1305, 1107);
-    const Picture picture = paint(*view);
+    const Frame picture = paint(*view);
     // 195 columns and 393 rows of the window are left, headers included.
     for (int row = 0; row < 480; ++row) {
         for (int column = 0; column < 320; ++column) {
@@ -62,7 +62,7 @@ TEST_F(ExcelPaintTest, GroundScrollsWithTheSheet) {
     for (const CpPoint at : {CpPoint(0, 0), CpPoint(1, 0), CpPoint(0, 1), CpPoint(15, 16), CpPoint(33, 7),
                              CpPoint(-1, -1), CpPoint(-20, 5)}) {
         view->mScroll.set(at.x + 1600, at.y + 1600); // beside the window
-        const Picture picture = draw(*view);
+        const Frame picture = draw(*view);
         for (int row = columnHeaderHeight; row < 480; row += 7) {
             for (int column = 0; column < 320; ++column) {
                 ASSERT_EQ(picture.at(column, row), ground(at.x + 1600 + column, at.y + 1600 + row));
@@ -76,7 +76,7 @@ TEST_F(ExcelPaintTest, WindowBelowTheViewLeavesGroundAboveIt) {
     view->restAt(1000, 2000); // window from 410, 1490
     paint(*view);
     view->mScroll.set(1000, 1300);
-    const Picture picture = draw(*view);
+    const Frame picture = draw(*view);
     EXPECT_EQ(picture.at(100, 5), fakeColumnHeaderPixel(1040, 5)) << "always at the top";
     EXPECT_EQ(picture.at(100, 30), ground(1100, 1330));
     EXPECT_EQ(picture.at(100, 219), ground(1100, 1519));
@@ -104,7 +104,7 @@ TEST_F(ExcelPaintTest, WindowBesideTheViewLeavesGroundLeftOfIt) {
     view->restAt(1000, 2000);
     paint(*view);
     view->mScroll.set(310, 2000);
-    const Picture picture = draw(*view);
+    const Frame picture = draw(*view);
     EXPECT_EQ(picture.at(159, 5), ground(469, 2005));
     EXPECT_EQ(picture.at(160, 5), fakeColumnHeaderPixel(410, 5));
     EXPECT_EQ(picture.at(5, 100), fakeRowHeaderPixel(5, 2070)) << "always at the left";
@@ -116,7 +116,7 @@ TEST_F(ExcelPaintTest, CornerBoxMovesWithASheetOffItsEdge) {
     const auto view = openView();
     paint(*view);
     view->mScroll.set(-40, -50);
-    const Picture picture = draw(*view);
+    const Frame picture = draw(*view);
     EXPECT_EQ(picture.at(39, 60), ground(-1, 10));
     EXPECT_EQ(picture.at(39, 50), ground(-1, 0));
     EXPECT_EQ(picture.at(40, 50), cornerBox);
@@ -143,7 +143,7 @@ TEST_F(ExcelPaintTest, BesideASmallSheetTheModulePaints) {
     fakeSheet().sheets[0].columns = 2;
     fakeSheet().sheets[0].rows = 2;
     const auto view = openView();
-    const Picture picture = paint(*view);
+    const Frame picture = paint(*view);
     EXPECT_EQ(picture.at(60 + 159, 30 + 79), fakeCellPixel(159, 79));
     EXPECT_EQ(picture.at(60 + 160, 30 + 79), fakeBesideSheet);
     EXPECT_EQ(picture.at(60 + 160, 5), fakeBesideSheet);
@@ -151,7 +151,7 @@ TEST_F(ExcelPaintTest, BesideASmallSheetTheModulePaints) {
 
 TEST_F(ExcelPaintTest, ScreensLargerThanTheWindowHaveGroundAround) {
     const auto view = openView(1700, 1600);
-    const Picture picture = paint(*view);
+    const Frame picture = paint(*view);
     EXPECT_EQ(window(*view), CpRect(100, 50, 1600, 1550)) << "the middle of the view";
     EXPECT_EQ(picture.at(160, 80), fakeCellPixel(100, 50));
     EXPECT_EQ(picture.at(1599, 1549), fakeCellPixel(1539, 1519));
@@ -180,7 +180,7 @@ TEST_F(ExcelPaintTest, TinyScreensAreNotOverrun) {
 TEST_F(ExcelPaintTest, CommentsHaveARedCorner) {
     fakeSheet().comments = {{{1, 2}, u"note"}}; // the cell at 80, 80 of 80 x 40
     const auto view = openView();
-    const Picture picture = paint(*view);
+    const Frame picture = paint(*view);
     const auto expectMark = [&](int x, int y, bool marked) {
         const uint32_t plain = fakeCellPixel(x, y);
         EXPECT_EQ(picture.at(60 + x, 30 + y), marked ? blended(plain, 0x80FF0000) : plain) << x << ", " << y;
@@ -201,7 +201,7 @@ TEST_F(ExcelPaintTest, CommentMarksAreRelativeToTheWindow) {
     fakeSheet().comments = {{{12, 50}, u"note"}}; // the cell at 960, 2000
     const auto view = openView();
     view->restAt(900, 1950);
-    const Picture picture = paint(*view);
+    const Frame picture = paint(*view);
     EXPECT_EQ(picture.at(60 + 139, 30 + 50), blended(fakeCellPixel(1039, 2000), 0x80FF0000));
     EXPECT_EQ(picture.at(60 + 119, 30 + 50), fakeCellPixel(1019, 2000));
 }
@@ -230,7 +230,7 @@ TEST_F(ExcelPaintTest, ResizeModeVeilsTheCellsOnly) {
     paint(*view);
     view->mDirty = false;
     view->setResizeMode(true);
-    Picture picture(320, 480);
+    Frame picture(320, 480);
     view->handlePaintRouter(picture.pixels()); // nothing else has asked for it
     for (int row = 0; row < 480; row += 3) {
         for (int column = 0; column < 320; ++column) {
@@ -246,16 +246,16 @@ TEST_F(ExcelPaintTest, ResizeModeVeilsTheCellsOnly) {
 TEST_F(ExcelPaintTest, FinishedScreenIsKept) {
     const auto view = openView();
     view->setResizeMode(true);
-    const Picture picture = paint(*view);
+    const Frame picture = paint(*view);
     EXPECT_TRUE(std::equal(view->mLastFrame.Pixels(), view->mLastFrame.Pixels() + picture.size(),
-                           Picture(picture).pixels()));
+                           Frame(picture).pixels()));
 }
 
 TEST_F(ExcelPaintTest, SecondPaintWithoutAChangeDoesNothing) {
     const auto view = openView();
     paint(*view);
-    Picture picture(320, 480);
-    const Picture before = picture;
+    Frame picture(320, 480);
+    const Frame before = picture;
     view->handlePaintRouter(picture.pixels());
     EXPECT_EQ(picture, before);
 }
@@ -289,7 +289,7 @@ TEST_F(ExcelPaintTest, PaintHoldsTheViewsMutex) {
 TEST_F(ExcelPaintDeathTest, OtherDrawModesAreAnInvariantBroken) {
     testing::FLAGS_gtest_death_test_style = "threadsafe";
     const auto view = openView();
-    Picture picture(320, 480);
+    Frame picture(320, 480);
     EXPECT_DEATH(
         {
             view->mDrawMode = _LEFT;

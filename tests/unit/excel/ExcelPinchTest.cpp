@@ -75,7 +75,7 @@ TEST_F(ExcelPinchTest, SizesAreComparedInSinglePrecision) {
 
 TEST_F(ExcelPinchTest, ZoomingInShowsTheLastFrameAboutTheSheetsMiddle) {
     const auto view = pinchedView(1900, 3700, 2.0);
-    const Picture picture = paint(*view);
+    const Frame picture = paint(*view);
     // The sheet's middle is at 100, 300 on the screen; half of the screen about it.
     for (int row = 0; row < 480; row += 5) {
         for (int column = 0; column < 320; ++column) {
@@ -89,7 +89,7 @@ TEST_F(ExcelPinchTest, ZoomingInShowsTheLastFrameAboutTheSheetsMiddle) {
 
 TEST_F(ExcelPinchTest, ZoomingInStaysInsideTheLastFrame) {
     auto view = pinchedView(0, 3990, 2.0);
-    Picture picture = paint(*view);
+    Frame picture = paint(*view);
     EXPECT_EQ(picture.at(0, 0), before(*view, 160, 0)) << "right, and top";
     EXPECT_EQ(view->mGestureScroll, CpPoint(320, 7980));
     view = pinchedView(2500, 100, 2.0);
@@ -101,7 +101,7 @@ TEST_F(ExcelPinchTest, ZoomingInStaysInsideTheLastFrame) {
 
 TEST_F(ExcelPinchTest, ZoomingOutShowsTheLastFrameInTheMiddle) {
     const auto view = pinchedView(1001, 1003, 0.5);
-    const Picture picture = paint(*view);
+    const Frame picture = paint(*view);
     for (int row = 0; row < 480; row += 3) {
         for (int column = 0; column < 320; ++column) {
             const bool inside = column >= 80 && column < 240 && row >= 120 && row < 360;
@@ -118,7 +118,7 @@ TEST_F(ExcelPinchTest, ZoomingOutShowsTheLastFrameInTheMiddle) {
 TEST_F(ExcelPinchTest, ZoomingOutNearTheStartShiftsTowardsIt) {
     // Half of the shrunk view, 80 x 120, reaches past the edges by 50 x 20.
     const auto view = pinchedView(30, 100, 0.5);
-    const Picture picture = paint(*view);
+    const Frame picture = paint(*view);
     EXPECT_EQ(picture.at(80 - 25 - 1, 240), black);
     EXPECT_EQ(picture.at(80 - 25, 120 - 10), before(*view, 0, 0));
     EXPECT_EQ(picture.at(160, 120 - 10 - 1), black);
@@ -128,7 +128,7 @@ TEST_F(ExcelPinchTest, ZoomingOutNearTheStartShiftsTowardsIt) {
 TEST_F(ExcelPinchTest, ZoomingOutNearTheEndShiftsTowardsIt) {
     // 4000 - 3650 - 320 = 30 and 8000 - 7420 - 480 = 100 are left.
     const auto view = pinchedView(3650, 7420, 0.5);
-    const Picture picture = paint(*view);
+    const Frame picture = paint(*view);
     EXPECT_EQ(picture.at(80 + 25 - 1, 240), black);
     EXPECT_EQ(picture.at(80 + 25, 120 + 10), before(*view, 0, 0));
     EXPECT_EQ(picture.at(160, 120 + 10 - 1), black);
@@ -144,7 +144,7 @@ TEST_F(ExcelPinchTest, ReachingTheEdgeExactlyShiftsNothing) {
 TEST_F(ExcelPinchTest, UnchangedPinchShowsTheLastFrame) {
     const auto view = pinchedView(500, 600, 1.0);
     view->mGestureAppliedScale = 1.5; // of an earlier frame of the pinch
-    const Picture picture = paint(*view);
+    const Frame picture = paint(*view);
     for (int row = 0; row < 480; row += 5) {
         for (int column = 0; column < 320; ++column) {
             ASSERT_EQ(picture.at(column, row), before(*view, column, row));

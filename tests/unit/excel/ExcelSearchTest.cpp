@@ -191,7 +191,7 @@ TEST_F(ExcelSearchTest, HitsThatVanishWithAZoomAreSurvived) {
 TEST_F(ExcelSearchTest, CurrentHitIsMarkedOnlyThere) {
     const auto view = openWithHits({{100, 100}, {200, 200}});
     view->doSearch("x"); // the window begins at 0, 0
-    const Picture picture = paint(*view);
+    const Frame picture = paint(*view);
     for (int row = 0; row < 480; ++row) {
         for (int column = 0; column < 320; ++column) {
             const bool marked = column >= 160 && column < 200 && row >= 130 && row < 150;
@@ -207,7 +207,7 @@ TEST_F(ExcelSearchTest, MarkIsPlacedFromTheWindow) {
     view->mScroll.set(650, 200);
     view->recenterDocument(); // (60, 0)
     view->mOffscreenDirty = true;
-    const Picture picture = paint(*view);
+    const Frame picture = paint(*view);
     const auto isMarked = [&](int column, int row) {
         return picture.at(column, row) == blended(sheetPixel(*view, column, row), red);
     };

@@ -17,6 +17,7 @@
 
 #include "channel/ServiceQueue.h"
 #include "tests/unit/excel/TestExcel.h"
+#include "tests/unit/view/Frame.h"
 #include "tests/unit/view/IpcTest.h"
 #include "tests/unit/view/Notifications.h"
 #include "tests/unit/view/TestClock.h"
@@ -36,25 +37,6 @@ inline bool operator==(const CpRect& a, const CpRect& b) {
 inline std::ostream& operator<<(std::ostream& out, const CpRect& r) {
     return out << '(' << r.Left() << ", " << r.Top() << ", " << r.Right() << ", " << r.Bottom() << ')';
 }
-
-// A screen as a paint left it.
-class Picture {
-public:
-    Picture(int width, int height)
-        : mWidth(width), mPixels(static_cast<size_t>(width) * static_cast<size_t>(height), 1) {}
-
-    uint32_t* pixels() { return mPixels.data(); }
-    size_t size() const { return mPixels.size(); }
-    uint32_t at(int column, int row) const {
-        return mPixels.at(static_cast<size_t>(row) * static_cast<size_t>(mWidth) +
-                          static_cast<size_t>(column));
-    }
-    bool operator==(const Picture& other) const = default;
-
-private:
-    int mWidth;
-    std::vector<uint32_t> mPixels;
-};
 
 class ExcelTest : public IpcTest {
 protected:
@@ -88,14 +70,14 @@ protected:
     static std::vector<std::string> calls() { return fakeSheet().takeCalls(); }
     static std::vector<int> notifications(const TestExcel& view) { return takeNotifications(view); }
 
-    static Picture paint(TestExcel& view) {
-        Picture picture(view.width(), view.height());
+    static Frame paint(TestExcel& view) {
+        Frame picture(view.width(), view.height());
         view.setDirty();
         view.handlePaintRouter(picture.pixels());
         return picture;
     }
-    static Picture draw(TestExcel& view) {
-        Picture picture(view.width(), view.height());
+    static Frame draw(TestExcel& view) {
+        Frame picture(view.width(), view.height());
         view.drawScreen(picture.pixels());
         return picture;
     }
@@ -132,7 +114,7 @@ protected:
         }
         return column < rowHeaderWidth ? fakeRowHeaderPixel(column, y) : fakeCellPixel(x, y);
     }
-    static void expectSheet(const TestExcel& view, const Picture& picture) {
+    static void expectSheet(const TestExcel& view, const Frame& picture) {
         for (int row = 0; row < view.height(); ++row) {
             for (int column = 0; column < view.width(); ++column) {
                 ASSERT_EQ(picture.at(column, row), sheetPixel(view, column, row)) << column << ", " << row;

@@ -12,11 +12,15 @@ public:
     static constexpr unsigned int untouched = 0xDEADBEEFU;
 
     Frame(int width, int height)
-        : mSlack(static_cast<size_t>(width + height) * 4), mSize(static_cast<size_t>(width) * height),
-          mMemory(2 * mSlack + mSize, untouched) {}
+        : mWidth(width), mSlack(static_cast<size_t>(width + height) * 4),
+          mSize(static_cast<size_t>(width) * height), mMemory(2 * mSlack + mSize, untouched) {}
 
     unsigned int* pixels() { return mMemory.data() + mSlack; }
     unsigned int& operator[](long index) { return pixels()[index]; }
+    unsigned int at(int column, int row) const {
+        return mMemory.at(mSlack + static_cast<size_t>(row) * static_cast<size_t>(mWidth) +
+                          static_cast<size_t>(column));
+    }
     size_t size() const { return mSize; }
     void fill(unsigned int colour) { std::fill_n(pixels(), mSize, colour); }
     // Frame and slack alike.
@@ -31,6 +35,7 @@ public:
     }
 
 private:
+    int mWidth;
     size_t mSlack;
     size_t mSize;
     std::vector<unsigned int> mMemory;

@@ -2,13 +2,14 @@
 # SPDX-License-Identifier: Apache-2.0
 """What a workbook holds, by a reader that has nothing to do with the engine.
 
-reader.py sheets FILE            names of the sheets that are not hidden
-reader.py columns FILE SHEET     letters of hidden columns
-reader.py rows FILE SHEET        numbers of hidden rows
-reader.py comments FILE SHEET    cell, tab, comment
-reader.py column FILE SHEET C    values of column C, from the first row on
-reader.py hits FILE SHEET WORD   cells whose text holds WORD, in whatever case
-reader.py colours FILE SHEET     column, row, both from 0, and fill as RRGGBB
+read_workbook.py sheets FILE            names of the sheets that are not hidden
+read_workbook.py properties FILE        title, author and description
+read_workbook.py columns FILE SHEET     letters of hidden columns
+read_workbook.py rows FILE SHEET        numbers of hidden rows
+read_workbook.py comments FILE SHEET    cell, tab, comment
+read_workbook.py column FILE SHEET C    values of column C, from the first row on
+read_workbook.py hits FILE SHEET WORD   cells whose text holds WORD, in whatever case
+read_workbook.py colours FILE SHEET     column, row, both from 0, and fill as RRGGBB
 
 SHEET is a name. One item a line.
 """
@@ -31,6 +32,8 @@ def facts(kind, path, name=None, extra=None):
     book = load_workbook(path, data_only=True, read_only=kind == 'colours')
     if kind == 'sheets':
         return [sheet.title for sheet in book.worksheets if sheet.sheet_state == 'visible']
+    if kind == 'properties':
+        return [book.properties.title, book.properties.creator, book.properties.description]
     sheet = book[name]
     if kind == 'columns':
         return spanned(sheet)

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/office/sheet/Drawings.h"
+
+#include "engine/office/Uno.h"
+
+#include <com/sun/star/drawing/XDrawPageSupplier.hpp>
+
+#include <cmath>
+
+namespace lectern::engine {
+
+using css::uno::Reference;
+using css::uno::UNO_QUERY;
+using css::uno::UNO_QUERY_THROW;
+
+namespace {
+
+constexpr double hundredthMmPerInch = 2540;
+
+// Where the cells at a place are painted, both in 1/100 mm.
+int32_t paintedPlace(const Tracks& tracks, int32_t place, int32_t dpi) {
+    const double pixel = tracks.paintedAt(place * 1440 / hundredthMmPerInch, dpi);
+    return static_cast<int32_t>(std::lround(pixel * hundredthMmPerInch / dpi));
+}
+
+} // namespace
+
+Drawings::Drawings(const Reference<css::sheet::XSpreadsheet>& sheet) : mSheet(sheet) {
+    read();
+}
+
+void Drawings::read() {
+    mDrawings.clear();
+    mAlignedTo = 0;
+    const Reference<css::drawing::XDrawPageSupplier> supplier(mSheet, UNO_QUERY_THROW);
+    const auto page = supplier->getDrawPage();
+    for (sal_Int32 i = 0; i < page->getCount(); ++i) {
+        const Reference<css::drawing::XShape> shape(page->getByIndex(i), UNO_QUERY);
+        // Comments have such shapes too, and are not shown.
+        if (!shape.is() || shape->getShapeType() == "com.sun.star.drawing.CaptionShape")
+            continue;
+        const auto turned = property<sal_Int32>(propertiesOf(shape), "RotateAngle");
+        mDrawings.push_back({shape, shape->getPosition(), shape->getSize(), turned == 0});
+    }
+}
+
+void Drawings::place(const Drawing& drawing, const css::awt::Point& position, const css::awt::Size& size) {
+    try {
+        if (drawing.stretches)
+            drawing.shape->setSize(size);
+        drawing.shape->setPosition(position);
+    } catch (const css::uno::Exception&) {
+        // It stays where it is.
+    }
+}
+
+void Drawings::align(const Tracks& columns, const Tracks& rows, int32_t dpi) {
+    if (mAlignedTo == dpi)
+        return;
+    mAlignedTo = dpi;
+    for (const Drawing& drawing : mDrawings) {
+        const auto& [x, y] = drawing.position;
+        const css::awt::Point position(paintedPlace(columns, x, dpi), paintedPlace(rows, y, dpi));
+        const int32_t right = paintedPlace(columns, x + drawing.size.Width, dpi);
+        const int32_t bottom = paintedPlace(rows, y + drawing.size.Height, dpi);
+        place(drawing, position, {right - position.X, bottom - position.Y});
+    }
+}
+
+void Drawings::restore() {
+    if (mAlignedTo == 0)
+        return;
+    mAlignedTo = 0;
+    for (const Drawing& drawing : mDrawings)
+        place(drawing, drawing.position, drawing.size);
+}
+
+} // namespace lectern::engine

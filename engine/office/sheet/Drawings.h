@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "engine/office/sheet/Tracks.h"
+
+#include <com/sun/star/drawing/XShape.hpp>
+#include <com/sun/star/sheet/XSpreadsheet.hpp>
+
+#include <cstdint>
+#include <vector>
+
+namespace lectern::engine {
+
+// The charts, pictures and shapes of a sheet.
+//
+// The suite paints them where the lengths of columns and rows add up to, but
+// cells where their whole pixels do: by the hundredth row the two are rows
+// apart. So before a painting drawings are moved and stretched to where their
+// cells are painted, and back before anything else is done with the sheet: the
+// suite itself moves them with their cells.
+class Drawings {
+public:
+    explicit Drawings(const css::uno::Reference<css::sheet::XSpreadsheet>& sheet);
+
+    bool empty() const { return mDrawings.empty(); }
+    // Puts drawings on their cells' pixels.
+    void align(const Tracks& columns, const Tracks& rows, int32_t dpi);
+    // Puts them back where the document has them.
+    void restore();
+    // Takes over where the document has them now.
+    void read();
+
+private:
+    struct Drawing {
+        css::uno::Reference<css::drawing::XShape> shape;
+        css::awt::Point position; // the document's, in 1/100 mm
+        css::awt::Size size;
+        bool stretches; // a turned one is only moved
+    };
+    static void place(const Drawing& drawing, const css::awt::Point& position, const css::awt::Size& size);
+
+    css::uno::Reference<css::sheet::XSpreadsheet> mSheet;
+    std::vector<Drawing> mDrawings;
+    int32_t mAlignedTo = 0; // the resolution; 0 when they stand where the document has them
+};
+
+} // namespace lectern::engine

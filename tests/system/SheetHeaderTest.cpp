@@ -1,0 +1,243 @@
+// SPDX-License-Identifier: Apache-2.0
+// Header strips on a client's screen: in step with the cells, and how they
+// select.
+#include <algorithm>
+
+#include "tests/system/support/ServiceFixture.h"
+#include "tests/system/support/SheetScreen.h"
+
+namespace {
+
+constexpr uint32_t headerLine = 0xFF8C8C8C;
+constexpr uint32_t headerGround = 0xFFCCCCCC;
+constexpr uint32_t gridLine = 0xFFC0C0C0;
+constexpr uint32_t white = 0xFFFFFFFF;
+constexpr uint32_t selected = 0xFFFFF568;
+
+using Header = SheetScreen::Header;
+
+class SheetHeaderTest : public ServiceTest {
+protected:
+    void open(const std::string& path) {
+        screen = std::make_unique<SheetScreen>(*client, *queue, path);
+        ASSERT_EQ(screen->document().openResult(), 0);
+    }
+    void openLabelled() { open(generated("labelled.xlsx", "make_xlsx.py", {"labelled", "OUT"})); }
+    // Cells with nothing in them but their lines.
+    void openEmpty() { open(generated("empty.xlsx", "make_xlsx.py", {"plain", "OUT", ""})); }
+    void TearDown() override {
+        screen.reset();
+        ServiceTest::TearDown();
+    }
+    // Every line of a strip goes on among the cells, and no other does.
+    void expectLinesInStep() {
+        const SheetScreen::Area cells = screen->cells();
+        const std::vector<Header> columns = screen->columns();
+        const std::vector<Header> rows = screen->rows();
+        ASSERT_GE(columns.size(), 1U);
+        ASSERT_GE(rows.size(), 4U);
+        const int row = rows[0].middle(); // of pixels without a line
+        const int column = columns[0].middle();
+        for (int x = cells.left; x < screen->width(); ++x) {
+            ASSERT_EQ(screen->at(x, 0) == headerLine, screen->at(x, row) == gridLine)
+                << "column of pixels " << x;
+        }
+        for (int y = cells.top; y < screen->height() - 1; ++y) {
+            ASSERT_EQ(screen->at(0, y) == headerLine, screen->at(column, y) == gridLine)
+                << "row of pixels " << y;
+        }
+    }
+    // Labels stand in the middle between their lines: as far from one as from
+    // the other, but for a pixel and what is free beside a digit's own strokes.
+    void expectLabelsInTheirMiddle() const {
+        constexpr int tolerance = 4;
+        const SheetScreen::Area cells = screen->cells();
+        const auto inkIn = [&](int x, int y) { return (screen->at(x, y) & 0xFF) < 0x60; };
+        int labels = 0;
+        for (const Header& column : screen->columns()) {
+            int first = screen->width(), last = -1;
+            for (int x = column.begin + 1; x < column.end; ++x) {
+                for (int y = 1; y < cells.top - 1; ++y) {
+                    if (inkIn(x, y)) {
+                        first = std::min(first, x);
+                        last = std::max(last, x);
+                    }
+                }
+            }
+            if (last >= 0) {
+                EXPECT_NEAR(first - column.begin, column.end - last, tolerance)
+                    << "column at " << column.begin;
+                ++labels;
+            }
+        }
+        for (const Header& row : screen->rows()) {
+            int first = screen->height(), last = -1;
+            for (int y = row.begin + 1; y < row.end; ++y) {
+                for (int x = 1; x < cells.left - 1; ++x) {
+                    if (inkIn(x, y)) {
+                        first = std::min(first, y);
+                        last = std::max(last, y);
+                    }
+                }
+            }
+            if (last >= 0) {
+                EXPECT_NEAR(first - row.begin, row.end - last, tolerance) << "row at " << row.begin;
+                ++labels;
+            }
+        }
+        EXPECT_GE(labels, 8);
+    }
+    // The screen has changed in a band only, where what was white is selected
+    // and the header is no longer grey.
+    void expectSelected(const std::vector<uint32_t>& before, const SheetScreen::Area& band) const {
+        const SheetScreen::Area cells = screen->cells();
+        for (int y = 0; y < screen->height() - 1; ++y) {
+            for (int x = 0; x < screen->width(); ++x) {
+                const uint32_t old = before[static_cast<size_t>(y * screen->width() + x)];
+                const uint32_t now = screen->at(x, y);
+                if (!band.has(x, y) || (x < cells.left && y < cells.top)) {
+                    ASSERT_EQ(now, old) << x << "," << y;
+                } else if (old == white) {
+                    ASSERT_EQ(now, selected) << x << "," << y;
+                } else if (old == headerGround) {
+                    ASSERT_NE(now, headerGround) << x << "," << y;
+                } else if ((old & 0xFFFFFF) == 0) {
+                    ASSERT_EQ(now, old) << "writing at " << x << "," << y;
+                }
+            }
+        }
+    }
+    SheetScreen::Area columnBand(int begin, int end) const { return {begin, 0, end, screen->height()}; }
+    SheetScreen::Area rowBand(int begin, int end) const { return {0, begin, screen->width(), end}; }
+
+    std::unique_ptr<SheetScreen> screen;
+};
+
+TEST_F(SheetHeaderTest, LinesAndLabelsAreInStepWithTheCellsAtEveryZoomAndFarAway) {
+    openLabelled();
+    for (const double zoom : {2.0, 1.0, 3.25, 1.37}) {
+        SCOPED_TRACE(zoom);
+        screen->zoom(zoom);
+        const double perInch = 72 * zoom;
+        for (const double inches : {20.0, 60.0, 120.0}) { // between the blocks, where cells are empty
+            SCOPED_TRACE(inches);
+            screen->scrollTo(static_cast<int>(inches * perInch), static_cast<int>(2 * inches * perInch));
+            expectLinesInStep();
+            expectLabelsInTheirMiddle();
+        }
+    }
+}
+
+TEST_F(SheetHeaderTest, StripsStayInStepWhileThePenDrags) {
+    openEmpty();
+    for (int drag = 1; drag <= 6; ++drag) { // shorter together than the window of cells is
+        screen->stroke(300, 600, 300 - drag * 9, 600 - drag * 13);
+        SCOPED_TRACE(drag);
+        expectLinesInStep();
+    }
+}
+
+TEST_F(SheetHeaderTest, ATapOnAColumnsHeaderSelectsThatColumnAndAnotherTapClearsIt) {
+    openEmpty();
+    for (const double zoom : {2.0, 1.0, 2.5}) {
+        SCOPED_TRACE(zoom);
+        screen->zoom(zoom);
+        screen->scrollTo(static_cast<int>(100 * zoom), static_cast<int>(100 * zoom));
+        const std::vector<uint32_t> before = screen->pixels();
+        const Header column = screen->columns().at(1);
+        EXPECT_EQ(screen->tapColumn(column), (std::set<int>{0, 4}));
+        expectSelected(before, columnBand(column.begin, column.end));
+        screen->document().tap(screen->cells().left + 30, screen->cells().top + 30);
+        EXPECT_EQ(screen->pixels(), before);
+    }
+}
+
+TEST_F(SheetHeaderTest, ATapOnARowsHeaderSelectsThatRow) {
+    openEmpty();
+    for (const double zoom : {2.0, 1.0, 2.5}) {
+        SCOPED_TRACE(zoom);
+        screen->zoom(zoom);
+        screen->scrollTo(static_cast<int>(100 * zoom), static_cast<int>(100 * zoom));
+        const std::vector<uint32_t> before = screen->pixels();
+        const Header row = screen->rows().at(3);
+        EXPECT_EQ(screen->tapRow(row), (std::set<int>{0, 5}));
+        expectSelected(before, rowBand(row.begin, row.end));
+        screen->call("clearSelection"); // is no method of this category
+        screen->document().call("/common", "clearSelection");
+        EXPECT_EQ(screen->pixels(), before);
+    }
+}
+
+TEST_F(SheetHeaderTest, StrokesSelectTheColumnsAndRowsTheyPass) {
+    openEmpty();
+    const std::vector<uint32_t> before = screen->pixels();
+    const std::vector<Header> columns = screen->columns();
+    const std::vector<Header> rows = screen->rows();
+    const SheetScreen::Area cells = screen->cells();
+    // From the right to the left as well.
+    EXPECT_EQ(
+        screen->stroke(columns.at(2).middle(), cells.top / 2, columns.at(1).middle(), cells.top / 2).count(5),
+        1U);
+    expectSelected(before, columnBand(columns.at(1).begin, columns.at(2).end));
+    EXPECT_EQ(
+        screen->stroke(cells.left / 2, rows.at(2).middle(), cells.left / 2, rows.at(5).middle()).count(5),
+        1U);
+    expectSelected(before, rowBand(rows.at(2).begin, rows.at(5).end));
+    EXPECT_EQ(screen->stroke(columns.at(1).begin + 10, cells.top / 2, columns.at(1).end - 10, cells.top / 2)
+                  .count(4),
+              1U);
+    expectSelected(before, columnBand(columns.at(1).begin, columns.at(1).end));
+}
+
+TEST_F(SheetHeaderTest, BordersAndShortStrokesSelectNothing) {
+    openEmpty();
+    const std::vector<uint32_t> before = screen->pixels();
+    const Header column = screen->columns().at(1);
+    const int inHeader = screen->cells().top / 2;
+    for (int beside = -4; beside <= 4; ++beside) {
+        screen->document().tap(column.begin + beside, inHeader);
+        EXPECT_EQ(screen->notices().count(4), 0U) << beside;
+        EXPECT_EQ(screen->pixels(), before) << beside;
+    }
+    for (const int beside : {-5, 5}) {
+        screen->document().tap(column.begin + beside, inHeader);
+        EXPECT_EQ(screen->notices().count(4), 1U) << beside;
+        screen->document().tap(column.begin, inHeader); // and clears
+        EXPECT_EQ(screen->pixels(), before) << beside;
+    }
+    EXPECT_EQ(screen->stroke(column.middle(), inHeader, column.middle() + 5, inHeader).count(4), 0U);
+    EXPECT_EQ(screen->pixels(), before);
+}
+
+TEST_F(SheetHeaderTest, ABorderFollowsThePenInResizeMode) {
+    openEmpty();
+    const std::vector<uint32_t> plain = screen->pixels();
+    screen->call("resizeMode", R"(,"mode":"on")");
+    EXPECT_NE(screen->pixels(), plain) << "cells are veiled";
+    const std::vector<Header> columns = screen->columns();
+    const std::vector<Header> rows = screen->rows();
+    const SheetScreen::Area cells = screen->cells();
+    // By the border that begins the second column, and that of the fifth row;
+    // the headers can be caught twice as deep as they are.
+    EXPECT_EQ(screen->stroke(columns[1].begin, cells.top + 3, columns[1].begin + 37, cells.top + 3).count(6),
+              1U);
+    EXPECT_EQ(screen->stroke(cells.left + 3, rows[4].begin, cells.left + 3, rows[4].begin - 9).count(6), 1U);
+    screen->call("resizeMode", R"(,"mode":"ON")");
+    const std::vector<Header> wider = screen->columns();
+    const std::vector<Header> lower = screen->rows();
+    ASSERT_GE(wider.size(), 2U);
+    EXPECT_EQ(wider[0].end, columns[0].end + 37);
+    EXPECT_EQ(wider[1].end - wider[1].begin, columns[1].end - columns[1].begin);
+    EXPECT_EQ(lower[3].begin, rows[3].begin);
+    EXPECT_EQ(lower[3].end, rows[3].end - 9);
+    expectLinesInStep();
+    // A stroke that ends where it began is told, and changes nothing.
+    const std::vector<uint32_t> resized = screen->pixels();
+    screen->call("resizeMode", R"(,"mode":"on")");
+    EXPECT_EQ(screen->stroke(wider[1].begin, 3, wider[1].begin, 3).count(6), 1U);
+    screen->call("resizeMode", R"(,"mode":"off")");
+    screen->rest(); // the guides are gone with the next rendering
+    EXPECT_EQ(screen->pixels(), resized);
+}
+
+} // namespace

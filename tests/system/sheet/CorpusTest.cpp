@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: Apache-2.0
+// Workbooks of the world: old, odd, damaged. Every one opens or is refused in
+// its time, and what opens is shown in order.
+
+#include "tests/system/sheet/WorkbookView.h"
+
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <set>
+
+namespace lectern::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::int32_t kSize = 400;
+constexpr std::int32_t kMostSheets = 3; // that are looked at of each
+// Refused for what the file is, not for what the engine made of it.
+const std::set<std::int32_t> kRefusals = {MODULE_DAMAGED, MODULE_WRONG_KIND, MODULE_NEEDS_PASSWORD};
+
+std::vector<fs::path> corpusFiles() {
+    std::vector<fs::path> files;
+    for (const auto& entry : fs::directory_iterator(CORPUS_FOLDER)) {
+        files.push_back(entry.path());
+    }
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+// The strips have their lines where cells begin, and a window moved by a few
+// pixels shows the same.
+void checkWindow(WorkbookView& view, std::int32_t x, std::int32_t y) {
+    constexpr std::int32_t moved = 7;
+    constexpr std::uint32_t headerLine = 0xFF8C8C8C;
+    view.render(x, y);
+    const auto [width, height] = view.dimensions();
+    for (std::int32_t i = 0; i < kSize && x + i < width; i++) {
+        ASSERT_EQ(view.columnHeaders().at(i, 0) == headerLine, x + i > 0 && view.bounds(x + i, y).x == x + i)
+            << "column of pixels " << x + i;
+    }
+    for (std::int32_t i = 0; i < kSize && y + i < height; i++) {
+        ASSERT_EQ(view.rowHeaders().at(0, i) == headerLine, y + i > 0 && view.bounds(x, y + i).y == y + i)
+            << "row of pixels " << y + i;
+    }
+    const Picture before = view.columnHeaders();
+    view.render(x + moved, y);
+    for (std::int32_t i = 0; i + moved < kSize; i++) {
+        ASSERT_EQ(view.columnHeaders().at(i, 0), before.at(i + moved, 0)) << "column of pixels " << x + i;
+    }
+}
+
+void lookThrough(const fs::path& path) {
+    SCOPED_TRACE(path);
+    WorkbookHandle workbook;
+    const auto start = std::chrono::steady_clock::now();
+    const std::int32_t opened = workbook.open(path.string(), "/tmp");
+    const auto took = std::chrono::steady_clock::now() - start;
+    std::printf("%-50s %2d %6lld ms\n", path.filename().c_str(), opened,
+                static_cast<long long>(std::chrono::duration_cast<std::chrono::milliseconds>(took).count()));
+    if (opened != MODULE_OK) {
+        EXPECT_EQ(kRefusals.count(opened), 1U) << opened;
+        return;
+    }
+    WorkbookView view(std::move(workbook));
+    const auto sheets = static_cast<std::int32_t>(view.titles().size());
+    EXPECT_GE(sheets, 1);
+    for (std::int32_t sheet = 0; sheet < std::min(sheets, kMostSheets); sheet++) {
+        for (const std::int32_t dpi : {144, 251}) {
+            view.show(sheet, kSize, kSize, dpi);
+            const auto [width, height] = view.dimensions();
+            checkWindow(view, 0, 0);
+            checkWindow(view, std::max(width - kSize, 0), std::max(height - kSize, 0));
+        }
+        view.commentMarks();
+        view.find("a");
+    }
+}
+
+TEST(SheetCorpusTest, AFewWorkbooksOfTheWorldAreShown) {
+    const std::vector<fs::path> files = corpusFiles();
+    ASSERT_GE(files.size(), 100U);
+    for (std::size_t i = 0; i < files.size(); i += 30) {
+        lookThrough(files[i]);
+    }
+}
+
+TEST(SheetCorpusTest, LongWayThroughAllWorkbooksOfTheWorld) {
+    for (const fs::path& path : corpusFiles()) {
+        lookThrough(path);
+    }
+}
+
+} // namespace
+} // namespace lectern::test
