@@ -102,6 +102,7 @@ Result<Bus> Bus::connect(const std::string& address, const std::stop_token& stop
         const GLibHolder<GError> owner(failure);
         return busError(failure, "connect");
     }
+    LateReply::prepare(connection);
     return Bus(connection);
 }
 

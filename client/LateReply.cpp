@@ -1,75 +1,98 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/LateReply.h"
 
+#include <algorithm>
 #include <mutex>
-#include <optional>
 #include <utility>
+#include <vector>
 
 #include "client/BusMessages.h"
 
 namespace lectern {
 
-// Shared with the connection, on whose thread look() may still run when the
-// filter has been removed.
 struct LateReply::Watch {
     explicit Watch(Bus::LateHandler lateHandler) : handler(std::move(lateHandler)) {}
 
     const Bus::LateHandler handler;
-    _GDBusConnection* connection = nullptr; // outlives its filters
-    unsigned int filter = 0;
-    std::mutex mutex; // guards what follows
     uint32_t serial = 0;
     bool givenUp = false;
     GLibHolder<GDBusMessage> reply;
 };
 
+// All watches of one connection, which owns them.
+struct LateReply::Watches {
+    std::mutex mutex; // guards the list and what is in it
+    std::vector<std::shared_ptr<Watch>> list;
+
+    void remove(const std::shared_ptr<Watch>& watch) { std::erase(list, watch); }
+};
+
+namespace {
+
+constexpr char watchesKey[] = "lectern-late-replies";
+
+} // namespace
+
+// One filter for the connection's whole life: the data of a filter that is taken
+// away while it runs is released by a main loop, which a client may not have.
+void LateReply::prepare(GDBusConnection* connection) {
+    auto* watches = new Watches;
+    g_object_set_data_full(G_OBJECT(connection), watchesKey, watches,
+                           [](void* data) { delete static_cast<Watches*>(data); });
+    g_dbus_connection_add_filter(connection, &LateReply::look, watches, nullptr);
+}
+
 LateReply::LateReply(const Bus& bus, Bus::LateHandler handler)
-    : mWatch(std::make_shared<Watch>(std::move(handler))) {
-    const std::lock_guard lock(mWatch->mutex);
-    mWatch->connection = bus.connection();
-    mWatch->filter =
-        g_dbus_connection_add_filter(bus.connection(), &LateReply::look, new std::shared_ptr<Watch>(mWatch),
-                                     [](void* watch) { delete static_cast<std::shared_ptr<Watch>*>(watch); });
+    : mConnection(bus.connection()),
+      mWatches(*static_cast<Watches*>(g_object_get_data(G_OBJECT(bus.connection()), watchesKey))),
+      mWatch(std::make_shared<Watch>(std::move(handler))) {
+    const std::lock_guard lock(mWatches.mutex);
+    mWatches.list.push_back(mWatch);
 }
 
 LateReply::~LateReply() {
-    const std::unique_lock lock(mWatch->mutex);
+    const std::lock_guard lock(mWatches.mutex);
     if (!mWatch->givenUp) {
-        g_dbus_connection_remove_filter(mWatch->connection, mWatch->filter);
+        mWatches.remove(mWatch);
     }
 }
 
 void LateReply::send(const std::function<uint32_t()>& sendCall) {
-    const std::lock_guard lock(mWatch->mutex);
+    const std::lock_guard lock(mWatches.mutex);
     mWatch->serial = sendCall();
 }
 
-// Takes the reply when there is one, and lets the filter go with it.
 void LateReply::giveUp() {
-    const std::lock_guard lock(mWatch->mutex);
+    const std::lock_guard lock(mWatches.mutex);
     mWatch->givenUp = true;
     if (mWatch->reply) {
-        finish(*mWatch, mWatch->reply.get());
+        finish(mConnection, *mWatch);
+        mWatches.remove(mWatch);
     }
 }
 
-void LateReply::finish(const Watch& watch, GDBusMessage* message) {
-    const Bus bus(static_cast<GDBusConnection*>(g_object_ref(watch.connection)));
-    if (const Result<Reply> reply = readReply(message, "")) {
+void LateReply::finish(GDBusConnection* connection, const Watch& watch) {
+    const Bus bus(static_cast<GDBusConnection*>(g_object_ref(connection)));
+    if (const Result<Reply> reply = readReply(watch.reply.get(), "")) {
         watch.handler(bus, *reply);
     }
-    g_dbus_connection_remove_filter(watch.connection, watch.filter);
 }
 
-GDBusMessage* LateReply::look(GDBusConnection* /*connection*/, GDBusMessage* message, gboolean incoming,
+GDBusMessage* LateReply::look(GDBusConnection* connection, GDBusMessage* message, gboolean incoming,
                               void* data) {
-    const std::shared_ptr<Watch> watch = *static_cast<std::shared_ptr<Watch>*>(data);
-    const std::lock_guard lock(watch->mutex);
-    if (incoming != FALSE && watch->serial != 0 &&
-        g_dbus_message_get_reply_serial(message) == watch->serial) {
-        watch->reply.reset(static_cast<GDBusMessage*>(g_object_ref(message)));
-        if (watch->givenUp) {
-            finish(*watch, message);
+    auto& watches = *static_cast<Watches*>(data);
+    const uint32_t serial = incoming != FALSE ? g_dbus_message_get_reply_serial(message) : 0;
+    if (serial == 0) {
+        return message;
+    }
+    const std::lock_guard lock(watches.mutex);
+    const auto found = std::find_if(watches.list.begin(), watches.list.end(),
+                                    [serial](const auto& watch) { return watch->serial == serial; });
+    if (found != watches.list.end()) {
+        (*found)->reply.reset(static_cast<GDBusMessage*>(g_object_ref(message)));
+        if ((*found)->givenUp) {
+            finish(connection, **found);
+            watches.list.erase(found);
         }
     }
     return message;

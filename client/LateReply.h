@@ -16,6 +16,10 @@ namespace lectern {
 // the reply or with the connection.
 class LateReply {
 public:
+    // Makes a new connection fit for this; once, before any call on it.
+    static void prepare(GDBusConnection* connection);
+
+    // The bus must outlive the object.
     LateReply(const Bus& bus, Bus::LateHandler handler);
     // Nothing is seen to any more, unless the call has been given up.
     ~LateReply();
@@ -30,10 +34,13 @@ public:
 
 private:
     struct Watch;
-    static void finish(const Watch& watch, GDBusMessage* message);
+    struct Watches;
+    static void finish(GDBusConnection* connection, const Watch& watch);
     static GDBusMessage* look(GDBusConnection* connection, GDBusMessage* message, gboolean incoming,
-                              void* watch);
+                              void* watches);
 
+    GDBusConnection* mConnection; // the bus's
+    Watches& mWatches;
     std::shared_ptr<Watch> mWatch;
 };
 

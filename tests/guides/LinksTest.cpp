@@ -38,7 +38,7 @@ std::set<std::string> matches(const std::string& text, const char* pattern) {
 TEST(Guides, LinksLeadSomewhere) {
     size_t links = 0;
     for (const std::string& name : documents()) {
-        for (const std::string& target : matches(markdown::read(name), R"(\]\(([^)#:]+)\))")) {
+        for (const std::string& target : matches(markdown::read(name), R"(\]\(([^)#: ]+)\))")) {
             EXPECT_TRUE(fs::exists((kRoot / name).parent_path() / target)) << name << ": " << target;
             ++links;
         }
