@@ -3,6 +3,8 @@
 
 #include <json-c/json.h>
 
+#include <numeric>
+
 #include "tests/system/support/Subprocess.h"
 
 namespace {
@@ -74,7 +76,7 @@ std::set<int> SheetScreen::tapRow(const Header& row) {
 std::set<int> SheetScreen::stroke(int fromX, int fromY, int toX, int toY) {
     notices();
     mDocument.penDown(fromX, fromY);
-    mDocument.penMove((fromX + toX) / 2, (fromY + toY) / 2);
+    mDocument.penMove(std::midpoint(fromX, toX), std::midpoint(fromY, toY));
     mDocument.penMove(toX, toY);
     mQueue.post(5, mDocument.docid(), toX, toY);
     std::set<int> ids = mQueue.settle(mDocument.store());
