@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/system/support/Client.h"
 
+#include <gtest/gtest.h>
 #include <json-c/json.h>
 #include <sched.h>
 #include <sys/ipc.h>
@@ -8,6 +9,7 @@
 #include <sys/shm.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdlib>
 #include <cstring>
 #include <stdexcept>
@@ -101,9 +103,14 @@ Answer Queue::poll(long type) {
 }
 
 std::set<int> Queue::settle(long store) {
+    const auto patience = std::chrono::steady_clock::now() + std::chrono::minutes(1);
     std::set<int> ids;
     msqid_ds status{};
     while (msgctl(mId, IPC_STAT, &status) == 0 && status.msg_qnum > 0) {
+        if (std::chrono::steady_clock::now() > patience) {
+            ADD_FAILURE() << status.msg_qnum << " records lie in the queue and nobody takes them";
+            break;
+        }
         const Answer answer = poll(store);
         if (answer.id >= 0) {
             ids.insert(answer.id);
@@ -166,6 +173,7 @@ void TestDocument::drag(int rows) {
     }
     penUp(mWidth / 2, from - rows);
     paint();
+    mBus.call("/events", "ping", "{}"); // only calls keep the service from stopping
 }
 
 void TestDocument::pinch(double scale) {
