@@ -8,6 +8,7 @@
 #include "ServiceTest.h"
 #include "excel/Excel.h"
 #include "tests/fakes/sheet/FakeSheetModule.h"
+#include "tests/unit/service/HeldByAnother.h"
 
 namespace {
 
@@ -185,13 +186,14 @@ TEST_F(ExcelMethodsTest, HidingHoldsTheViewsMutex) {
 
 TEST_F(ExcelMethodsTest, ViewsMutexIsFreeAtTheReplyAndNotTakenByOthers) {
     addBook(1);
-    pthread_mutex_lock(book().mutex());
-    for (const std::string& method : methods()) {
-        if (method.find("hide") == std::string::npos) {
-            EXPECT_NE(callFully(method, "0"), std::nullopt) << method;
+    {
+        const HeldByAnother held(book().mutex());
+        for (const std::string& method : methods()) {
+            if (method.find("hide") == std::string::npos) {
+                EXPECT_NE(callFully(method, "0"), std::nullopt) << method;
+            }
         }
     }
-    pthread_mutex_unlock(book().mutex());
     for (const char* method : {"hideSelection", "unhideSelection", "unhideAll"}) {
         fakeHub.onReply = [&](const std::string&) {
             EXPECT_EQ(pthread_mutex_trylock(book().mutex()), 0) << "free again at the reply";

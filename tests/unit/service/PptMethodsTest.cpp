@@ -4,6 +4,7 @@
 #include "ServiceTest.h"
 #include "ppt/PPT.h"
 #include "tests/fakes/slides/FakeSlideModule.h"
+#include "tests/unit/service/HeldByAnother.h"
 
 namespace {
 
@@ -130,11 +131,10 @@ TEST_F(PptMethodsTest, NoteAndListAreTheViewsTexts) {
 
 TEST_F(PptMethodsTest, ViewsMutexIsNotTaken) {
     addDeck(2);
-    pthread_mutex_lock(gDocuments[0].view->mutex());
+    const HeldByAnother held(gDocuments[0].view->mutex());
     for (const std::string& method : methods()) {
         EXPECT_NE(callWithSlide(method, "0"), std::nullopt) << method;
     }
-    pthread_mutex_unlock(gDocuments[0].view->mutex());
 }
 
 TEST_F(PptMethodsTest, TheDocidIsRequired) {

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <pthread.h>
+
+#include <future>
+#include <thread>
+
+// A mutex that another thread holds while this lives.
+class HeldByAnother {
+public:
+    explicit HeldByAnother(pthread_mutex_t* mutex)
+        : mThread([this, mutex] {
+              pthread_mutex_lock(mutex);
+              mHeld.set_value();
+              mReleased.get_future().wait();
+              pthread_mutex_unlock(mutex);
+          }) {
+        mHeld.get_future().wait();
+    }
+    ~HeldByAnother() {
+        mReleased.set_value();
+        mThread.join();
+    }
+    HeldByAnother(const HeldByAnother&) = delete;
+    HeldByAnother& operator=(const HeldByAnother&) = delete;
+
+private:
+    std::promise<void> mHeld;
+    std::promise<void> mReleased;
+    std::thread mThread; // last: it uses the others
+};
