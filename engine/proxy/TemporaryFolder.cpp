@@ -34,13 +34,12 @@ FileDescriptor lockFolder(const std::string& path) {
 
 void removeLeftBehind(const std::string& parent) {
     std::error_code error;
-    for (fs::directory_iterator entry(parent, error), end; entry != end; entry.increment(error)) {
+    for (fs::directory_iterator entry(parent, error), end; !error && entry != end; entry.increment(error)) {
         const fs::path& path = entry->path();
         if (path.filename().native().rfind(kPrefix, 0) == 0 && lockFolder(path)) {
-            fs::remove_all(path, error);
-        }
-        if (error) {
-            return;
+            // One that stays does not keep the others.
+            std::error_code ignored;
+            fs::remove_all(path, ignored);
         }
     }
 }

@@ -146,7 +146,12 @@ TEST_F(CleanupTest, EnginesEndWithTheirServiceHoweverItEnds) {
 }
 
 TEST_F(CleanupTest, FoldersLeftBehindAreSweptAtTheNextStart) {
-    ASSERT_EQ(killHostWithEngines().size(), 2u);
+    const std::vector<EngineInfo> orphans = killHostWithEngines();
+    ASSERT_EQ(orphans.size(), 2u);
+    // Until they have ended they hold the locks of their folders.
+    ASSERT_TRUE(waitUntil([&] {
+        return std::none_of(orphans.begin(), orphans.end(), [](auto& one) { return exists(one.pid); });
+    }));
     fs::create_directories(temporary() + "/lectern-engine-abcdef/profile/deep");
     std::ofstream(temporary() + "/lectern-engine-abcdef/profile/deep/file") << "left\n";
     fs::create_directory(temporary() + "/lectern-other");
