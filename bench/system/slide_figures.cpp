@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// slide_figures /ABSOLUTE/FILE WIDTH HEIGHT: what painting slides through the
-// module costs against the suite's own paint of them, in milliseconds.
+// slide_figures /ABSOLUTE/FILE WIDTH HEIGHT [jumps]: what painting slides through
+// the module costs against the suite's own paint of them, in milliseconds. The
+// slides come one after the other, or in a random order, always the same.
 // Prints a line for each way: every slide once in the suite alone, every slide
 // once through the module, and again through the module while it is kept; the
 // median of each, and its ratio to the suite's own.
@@ -16,6 +17,8 @@
 #include <dlfcn.h>
 #include <filesystem>
 #include <memory>
+#include <numeric>
+#include <random>
 #include <string>
 #include <unistd.h>
 #include <vector>
@@ -26,6 +29,7 @@ struct Job {
     std::string path;
     int width;
     int height;
+    bool jumps;
     std::string folder; // of this run
 };
 
@@ -137,10 +141,15 @@ int measure(const Job& job) {
     BareSuite suite(job);
     if (!module.isOpen() || !suite.isOpen())
         return 1;
+    std::vector<std::int32_t> slides(static_cast<size_t>(module.count()));
+    std::iota(slides.begin(), slides.end(), 0);
+    if (job.jumps)
+        std::shuffle(slides.begin(), slides.end(),
+                     std::mt19937(1)); // NOLINT(cert-msc51-cpp): the same always
     std::vector<double> bare;
     std::vector<double> painted;
     std::vector<double> kept;
-    for (std::int32_t slide = 0; slide < module.count(); ++slide) {
+    for (const std::int32_t slide : slides) {
         bare.push_back(timeOf([&] { suite.paint(slide); }));
         painted.push_back(timeOf([&] { module.paint(slide); }));
         kept.push_back(timeOf([&] { module.paint(slide); }));
@@ -155,14 +164,15 @@ int measure(const Job& job) {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 4 || argv[1][0] != '/') {
-        std::fprintf(stderr, "usage: slide_figures /ABSOLUTE/FILE WIDTH HEIGHT\n");
+    const bool jumps = argc == 5 && std::string(argv[4]) == "jumps";
+    if ((argc != 4 && !jumps) || argv[1][0] != '/') {
+        std::fprintf(stderr, "usage: slide_figures /ABSOLUTE/FILE WIDTH HEIGHT [jumps]\n");
         return 2;
     }
     std::string folder = (std::filesystem::temp_directory_path() / "slide-figures-XXXXXX").string();
     if (mkdtemp(folder.data()) == nullptr)
         return 1;
-    const Job job{argv[1], std::atoi(argv[2]), std::atoi(argv[3]), folder}; // NOLINT(cert-err34-c)
+    const Job job{argv[1], std::atoi(argv[2]), std::atoi(argv[3]), jumps, folder}; // NOLINT(cert-err34-c)
     const int result = measure(job);
     std::error_code error;
     std::filesystem::remove_all(folder, error);

@@ -84,6 +84,7 @@ gboolean handleRender(LecternIpcSlide* slide, Invocation* invocation, gint index
         return rendered;
     });
     lectern_ipc_slide_complete_render(slide, invocation, result, picture);
+    serviceOf(user).prepareWhenIdle();
     return TRUE;
 }
 
@@ -214,6 +215,7 @@ SlideService::SlideService() : mSkeleton(lectern_ipc_slide_skeleton_new()) {
 }
 
 SlideService::~SlideService() {
+    g_clear_handle_id(&mIdle, g_source_remove);
     g_object_unref(mSkeleton);
 }
 
@@ -252,6 +254,24 @@ std::int32_t SlideService::setSurface(int memory, std::int32_t width, std::int32
         mSurface = std::move(surface);
     }
     return result;
+}
+
+void SlideService::prepareWhenIdle() {
+    // Milliseconds; until then the service copies the picture, which takes both
+    // processors of a small machine.
+    constexpr guint kPause = 1;
+    constexpr auto prepare = [](gpointer user) -> gboolean {
+        SlideService& service = serviceOf(user);
+        bool more = service.mDocument != nullptr;
+        while (more && g_main_context_pending(nullptr) == FALSE) {
+            more = service.mDocument->prepareNext();
+        }
+        service.mIdle = more ? service.mIdle : 0;
+        return more ? G_SOURCE_CONTINUE : G_SOURCE_REMOVE;
+    };
+    if (mIdle == 0) {
+        mIdle = g_timeout_add_full(G_PRIORITY_DEFAULT_IDLE, kPause, prepare, this, nullptr);
+    }
 }
 
 std::int32_t SlideService::releaseMemory() {

@@ -33,6 +33,9 @@ public:
     std::int32_t setSurface(int memory, std::int32_t width, std::int32_t height, std::int32_t pictures);
     std::int32_t releaseMemory();
 
+    // Gets ready for the next paint when all calls have been answered.
+    void prepareWhenIdle();
+
     // Null before a presentation is open.
     SlideDocument* document() { return mDocument.get(); }
 
@@ -40,6 +43,7 @@ private:
     Office* mOffice = nullptr;
     std::string mFolder;
     LecternIpcSlide* mSkeleton;
+    unsigned mIdle = 0; // the main loop's source for it
     // Before the document, which paints on it to its end.
     std::optional<MappedSurface> mSurface;
     std::unique_ptr<SlideDocument> mDocument;

@@ -6,9 +6,35 @@
 #include <unistd.h>
 
 #include <cstring>
+#include <system_error>
+#include <thread>
 #include <utility>
 
 namespace lectern::engine {
+namespace {
+
+// From this size on a second thread pays: one processor alone cannot keep the
+// memory busy. Pixels; 2 MiB.
+constexpr std::size_t kShared = std::size_t{512} * 1024;
+
+void copyPixels(std::uint32_t* to, const std::uint32_t* from, std::size_t count) {
+    const std::size_t half = count < kShared ? 0 : count / 2;
+    const auto copyHalf = [&] { std::memcpy(to, from, half * sizeof *to); };
+    std::thread helper;
+    try {
+        if (half > 0) {
+            helper = std::thread(copyHalf);
+        }
+    } catch (const std::system_error&) {
+        copyHalf(); // no room for another thread
+    }
+    std::memcpy(to + half, from + half, (count - half) * sizeof *to);
+    if (helper.joinable()) {
+        helper.join();
+    }
+}
+
+} // namespace
 
 std::unique_ptr<Surface> Surface::make(std::int32_t width, std::int32_t height) {
     const auto bytes = static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4;
@@ -36,11 +62,11 @@ std::size_t Surface::bytes() const {
 }
 
 void Surface::copyTo(std::uint32_t* pixels) const {
-    std::memcpy(pixels, mPixels, bytes());
+    copyTo(pixels, 0, bytes() / sizeof *pixels);
 }
 
 void Surface::copyTo(std::uint32_t* pixels, std::size_t first, std::size_t count) const {
-    std::memcpy(pixels, static_cast<const std::uint32_t*>(mPixels) + first, count * sizeof *pixels);
+    copyPixels(pixels, static_cast<const std::uint32_t*>(mPixels) + first, count);
 }
 
 } // namespace lectern::engine

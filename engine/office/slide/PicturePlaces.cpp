@@ -24,10 +24,23 @@ std::optional<int32_t> PicturePlaces::find(int32_t slide) {
     return use(found).index;
 }
 
-int32_t PicturePlaces::take() {
+bool PicturePlaces::has(int32_t slide) const {
+    return std::any_of(mPlaces.begin(), mPlaces.end(),
+                       [&](const Place& place) { return place.slide == slide; });
+}
+
+PicturePlaces::Iterator PicturePlaces::candidate() {
     const auto empty =
         std::find_if(mPlaces.begin(), mPlaces.end(), [](const Place& place) { return !place.slide; });
-    Place& place = use(empty != mPlaces.end() ? empty : std::prev(mPlaces.end()));
+    return empty != mPlaces.end() ? empty : std::prev(mPlaces.end());
+}
+
+int32_t PicturePlaces::next() {
+    return candidate()->index;
+}
+
+int32_t PicturePlaces::take() {
+    Place& place = use(candidate());
     place.slide.reset();
     return place.index;
 }

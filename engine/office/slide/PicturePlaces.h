@@ -16,9 +16,13 @@ public:
 
     // Where the slide is.
     std::optional<int32_t> find(int32_t slide);
+    // Whether it is somewhere; not a use.
+    bool has(int32_t slide) const;
     // A place to paint on, with no slide there: an empty one, else that used
     // longest ago.
     int32_t take();
+    // The place that take() would give.
+    int32_t next();
     // The slide has been painted there.
     void keep(int32_t place, int32_t slide);
     void clear();
@@ -29,6 +33,7 @@ private:
         std::optional<int32_t> slide;
     };
     using Iterator = std::list<Place>::iterator;
+    Iterator candidate();
     Place& use(Iterator place);
 
     std::list<Place> mPlaces; // the one used last comes first

@@ -114,7 +114,7 @@ css::awt::Size SlideDeck::size(int32_t index) const {
 
 void SlideDeck::paint(int32_t index, const Surface& surface) {
     const css::awt::Size whole = size(index);
-    mLoaded.painter->setPart(index);
+    preparePaint(index);
     mLoaded.painter->paintTile(reinterpret_cast<unsigned char*>(surface.pixels), surface.width,
                                surface.height, 0, 0,
                                std::max(static_cast<int>(twipsFromHundredthMm(whole.Width)), 1),

@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
+#include <limits>
+#include <utility>
 
 namespace lectern::engine {
 
@@ -69,14 +71,41 @@ int32_t SlideDocument::render(int32_t slide) {
     if (mPrivate->surface.pixels == nullptr)
         return MODULE_BAD_ARGUMENT;
     return mPrivate->onSlide(slide, [&] {
-        mPrivate->rendered.reset();
+        const std::optional<int32_t> before = std::exchange(mPrivate->rendered, std::nullopt);
         int32_t place = mPrivate->paint(slide);
         const auto hits = mPrivate->found.find(slide);
         if (hits != mPrivate->found.end() && !hits->second.boxes.empty())
             place = mPrivate->markHits(slide, hits->second, place);
         mPicture = place;
+        mPrivate->warmed = 0;
+        // Whoever turns the pages goes on in the same direction.
+        mPrivate->likelyNext = before && slide < *before ? slide - 1 : slide + 1;
         mPrivate->rendered = slide;
     });
+}
+
+bool SlideDocument::prepareNext() {
+    if (mPrivate->warmMemory(mPicture))
+        return true;
+    const std::optional<int32_t> next = std::exchange(mPrivate->likelyNext, std::nullopt);
+    if (next && mPrivate->deck.has(*next) && !mPrivate->places.has(*next))
+        mPrivate->onSlide(*next, [&] { mPrivate->deck.preparePaint(*next); });
+    return false;
+}
+
+bool SlideDocument::Private::warmMemory(int32_t shown) {
+    constexpr int64_t portion = 16 * 1024; // pixels; some ten microseconds
+    constexpr int64_t cacheLine = 16;      // pixels
+    const int64_t count = int64_t{surface.width} * surface.height;
+    const int32_t next = places.next();
+    if (surface.pixels == nullptr || next == shown || warmed >= count)
+        return false;
+    // Written as they are, for the picture there can still be asked for.
+    volatile uint32_t* const pixels = pictureAt(next).pixels;
+    const int64_t end = std::min(warmed + portion, count);
+    for (; warmed < end; warmed += cacheLine)
+        pixels[warmed] = pixels[warmed];
+    return true;
 }
 
 Surface SlideDocument::Private::pictureAt(int32_t place) const {
@@ -131,6 +160,7 @@ int32_t SlideDocument::information(DocumentInformation& information) {
 
 int32_t SlideDocument::releaseMemory() {
     mPrivate->places.clear();
+    mPrivate->warmed = std::numeric_limits<int64_t>::max();
     std::fill(mPrivate->texts.begin(), mPrivate->texts.end(), std::nullopt);
     return MODULE_OK;
 }

@@ -43,6 +43,9 @@ public:
     // slide: picture().
     int32_t render(int32_t slide);
     int32_t picture() const { return mPicture; }
+    // Does a bit of what the next paint will need, for when there is nothing else
+    // to do. False when there is no more.
+    bool prepareNext();
 
     int32_t slideCount(int32_t& count);
     // In 1/72 inch, 1 at least.

@@ -41,13 +41,19 @@ struct SlideDocument::Private {
     Surface pictureAt(int32_t place) const;
     // Has the slide painted; the place where it is.
     int32_t paint(int32_t slide);
+    // Brings a bit of the memory that the next paint will need into this process
+    // and its caches, which saves that paint a tenth to a third of its time.
+    // False when there is no more. `shown` is the place that is being looked at.
+    bool warmMemory(int32_t shown);
     // Marks the hits on a copy of the picture at a place; the copy's place.
     int32_t markHits(int32_t slide, const FoundOnSlide& hits, int32_t place);
 
     SlideDeck deck;
     Surface surface; // the first picture
     PicturePlaces places{1};
-    std::optional<int32_t> rendered; // the slide that was, on this surface
+    std::optional<int32_t> rendered;   // the slide that was, on this surface
+    int64_t warmed = 0;                // pixels of the next picture's memory
+    std::optional<int32_t> likelyNext; // the slide to be asked for next, perhaps none
 
     std::vector<std::optional<DrawnText>> texts; // of slides that were searched
     Colour highlight{128, 192, 255};             // for finds to come

@@ -78,6 +78,10 @@ int32_t SlideDocument::render(int32_t slide) {
     return MODULE_OK;
 }
 
+bool SlideDocument::prepareNext() {
+    return false;
+}
+
 int32_t SlideDocument::slideCount(int32_t& count) {
     count = kSlides;
     return MODULE_OK;

@@ -107,5 +107,32 @@ TEST_F(SlidePictures, AreThoseThatTheSuiteExports) {
     EXPECT_GT(differing(wanted[6], pixels), 0.02) << "what animations take away is missing";
 }
 
+TEST_F(SlidePictures, AreTheSameAfterPreparations) {
+    const std::string path = std::string(SAMPLES_FOLDER) + "/tour.pptx";
+    constexpr int32_t room = 3;
+    constexpr size_t picture = size_t{width} * size_t{height};
+    const auto shown = [&](bool prepares) {
+        std::unique_ptr<SlideDocument> document;
+        EXPECT_EQ(SlideDocument::open(office(), path, testFolder(), document), MODULE_OK);
+        Pixels memory(picture * room);
+        document->setRoom(room);
+        EXPECT_EQ(document->setSurface(memory.data(), width, height), MODULE_OK);
+        std::vector<Pixels> pictures;
+        for (const int32_t slide : {0, 1, 2, 1, 3, 2, 1, 0, 6, 5}) {
+            EXPECT_EQ(document->render(slide), MODULE_OK);
+            const Pixels before = memory;
+            int32_t steps = 0;
+            while (prepares && document->prepareNext())
+                ++steps;
+            EXPECT_EQ(steps > 1, prepares) << "it takes more than one";
+            EXPECT_TRUE(memory == before) << "kept pictures stay";
+            const auto first = memory.begin() + document->picture() * static_cast<int64_t>(picture);
+            pictures.emplace_back(first, first + picture);
+        }
+        return pictures;
+    };
+    EXPECT_TRUE(shown(true) == shown(false));
+}
+
 } // namespace
 } // namespace lectern::engine::test

@@ -51,6 +51,20 @@ TEST(PicturePlacesTest, ASinglePlaceIsTheOneOfEverySlide) {
     EXPECT_EQ(places.find(5), std::nullopt) << "it is painted over";
 }
 
+TEST(PicturePlacesTest, LookingAheadUsesNothing) {
+    PicturePlaces places(2);
+    places.keep(places.take(), 0);
+    places.keep(places.take(), 1);
+    const std::int32_t next = places.next();
+    EXPECT_TRUE(places.has(0));
+    EXPECT_FALSE(places.has(2));
+    EXPECT_EQ(places.next(), next);
+    EXPECT_EQ(places.find(0), next) << "used longest ago, and still there";
+    const std::int32_t other = places.next();
+    EXPECT_NE(other, next);
+    EXPECT_EQ(places.take(), other);
+}
+
 TEST(PicturePlacesTest, ClearedNothingIsThere) {
     PicturePlaces places(2);
     places.keep(places.take(), 0);

@@ -88,6 +88,20 @@ TEST_F(SlideTest, SlidesAreDescribedAndPainted) {
     }
 }
 
+TEST_F(SlideTest, LargePicturesComeWhole) {
+    Slideshow slideshow;
+    show(slideshow, "name=Deck\n");
+    const std::int32_t across = 1023; // an odd number of pixels, in more than 2 MiB
+    const std::int32_t down = 601;
+    std::vector<std::uint32_t> pixels(static_cast<std::size_t>(across * down), 0x42);
+    ASSERT_EQ(slides.sstg_render_slide(slideshow.get(), 1, 0, pixels.data(), across, down), MODULE_OK);
+    std::vector<std::uint32_t> expected;
+    for (std::uint32_t y = 0; y < static_cast<std::uint32_t>(down); y++) {
+        expected.insert(expected.end(), static_cast<std::size_t>(across), 0xFF010000U + y);
+    }
+    EXPECT_TRUE(pixels == expected);
+}
+
 TEST_F(SlideTest, WhatCannotBeIsRefusedAndTouchesNothing) {
     Slideshow slideshow;
     show(slideshow, "name=Deck\n");
