@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "bench/system/BareDocument.h"
 
+#include "engine/office/Profile.h"
+
 #include <LibreOfficeKit/LibreOfficeKitInit.h>
 
 #include <com/sun/star/beans/XPropertySet.hpp>
@@ -52,6 +54,9 @@ std::unique_ptr<Document> Document::load(const std::string& file, const std::str
     // The suite leaves a lock file beside what it opens: a copy goes with the profile.
     const std::string copy = profile + "/document" + std::filesystem::path(file).extension().string();
     std::filesystem::copy_file(file, copy);
+    // The engine's: what its settings save is not the point here.
+    if (!lectern::engine::writeProfile(profile))
+        return nullptr;
     const double start = milliseconds();
     document->mOffice.reset(lok::lok_cpp_init(LECTERN_OFFICE_PROGRAM, ("file://" + profile).c_str()));
     if (!document->mOffice)

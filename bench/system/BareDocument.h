@@ -16,7 +16,8 @@ namespace bare {
 
 double milliseconds();
 
-// A document in the office suite, with nothing of ours: what baselines measure.
+// A document in the office suite with the engine's settings, and nothing else of
+// ours: what baselines measure.
 class Document {
 public:
     // Null when the suite does not start, or the file does not load.

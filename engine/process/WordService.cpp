@@ -1,174 +1,54 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/process/WordService.h"
 
-#include "engine/protocol/FileDescriptor.h"
-#include "engine/protocol/Guarded.h"
+#include "engine/process/Handlers.h"
 #include "engine/protocol/Inherited.h"
-#include "modules/ModuleResults.h"
 
 #include <EngineProtocol.h>
-#include <gio/gio.h>
-#include <gio/gunixfdlist.h>
-
-#include <cstring>
-#include <utility>
-#include <vector>
 
 namespace lectern::engine {
 namespace {
 
+using Skeleton = LecternIpcWord;
 using Invocation = GDBusMethodInvocation;
+using Document = WordDocument;
 
 WordService& serviceOf(gpointer user) {
     return *static_cast<WordService*>(user);
 }
 
-// Runs an operation on the open document.
-template<class Operation>
-std::int32_t onDocument(WordService& service, Operation operation) {
-    WordDocument* document = service.document();
-    return document == nullptr ? MODULE_FAILED : guarded([&] { return operation(*document); });
-}
-
-template<class Element>
-GVariant* arrayOf(const GVariantType* type, const std::vector<Element>& elements) {
-    return g_variant_new_fixed_array(type, elements.data(), elements.size(), sizeof(Element));
-}
-
-GVariant* textOf(const std::u16string& text) {
-    return g_variant_new_fixed_array(G_VARIANT_TYPE_UINT16, text.data(), text.size(), sizeof(char16_t));
-}
-
-std::u16string textFrom(GVariant* array) {
-    gsize count = 0;
-    const void* units = g_variant_get_fixed_array(array, &count, sizeof(char16_t));
-    std::u16string text(count, u'\0');
-    if (count > 0) {
-        std::memcpy(text.data(), units, count * sizeof(char16_t));
-    }
-    return text;
-}
-
-GVariant* rectanglesOf(const std::vector<PixelRect>& rectangles) {
-    std::vector<std::int32_t> numbers;
-    for (const PixelRect& rectangle : rectangles) {
-        numbers.insert(numbers.end(), {rectangle.x, rectangle.y, rectangle.width, rectangle.height});
-    }
-    return arrayOf(G_VARIANT_TYPE_INT32, numbers);
-}
-
-// One handler for every operation without inputs that gives one number.
-template<auto Operation, auto Complete, class Number>
-gboolean handleNumber(LecternIpcWord* word, Invocation* invocation, gpointer user) {
-    Number value = 0;
-    const std::int32_t result =
-        onDocument(serviceOf(user), [&](WordDocument& document) { return (document.*Operation)(value); });
-    Complete(word, invocation, result, serviceOf(user).takePainted(), value);
-    return TRUE;
-}
-
-template<auto Operation, auto Complete>
-gboolean handleText(LecternIpcWord* word, Invocation* invocation, gpointer user) {
-    std::u16string text;
-    const std::int32_t result =
-        onDocument(serviceOf(user), [&](WordDocument& document) { return (document.*Operation)(text); });
-    Complete(word, invocation, result, serviceOf(user).takePainted(), textOf(text));
-    return TRUE;
-}
-
-template<auto Operation, auto Complete>
-gboolean handleScroll(LecternIpcWord* word, Invocation* invocation, gint rows, gpointer user) {
-    std::int32_t scrolled = 0;
-    const std::int32_t result = onDocument(
-        serviceOf(user), [&](WordDocument& document) { return (document.*Operation)(rows, scrolled); });
-    Complete(word, invocation, result, serviceOf(user).takePainted(), scrolled);
-    return TRUE;
-}
-
-gboolean handleOpen(LecternIpcWord* word, Invocation* invocation, const gchar* path, const gchar* password,
+gboolean handleOpen(Skeleton* word, Invocation* invocation, const gchar* path, const gchar* password,
                     gpointer user) {
-    const std::int32_t result = serviceOf(user).open(path, password);
-    lectern_ipc_word_complete_open(word, invocation, result, serviceOf(user).takePainted());
-    return TRUE;
+    return answer(serviceOf(user), &lectern_ipc_word_complete_open, word, invocation,
+                  serviceOf(user).open(path, std::string(password)));
 }
 
-gboolean handleSetSurface(LecternIpcWord* word, Invocation* invocation, GUnixFDList* files, GVariant* memory,
+gboolean handleSetSurface(Skeleton* word, Invocation* invocation, GUnixFDList* files, GVariant* memory,
                           gint width, gint height, gpointer user) {
-    const FileDescriptor file(
-        files == nullptr ? -1 : g_unix_fd_list_get(files, g_variant_get_handle(memory), nullptr));
+    const FileDescriptor file = fileOf(files, memory);
     const std::int32_t result = serviceOf(user).setSurface(file.get(), width, height);
-    lectern_ipc_word_complete_set_surface(word, invocation, nullptr, result, serviceOf(user).takePainted());
+    const auto [painted] = serviceOf(user).afterResult();
+    lectern_ipc_word_complete_set_surface(word, invocation, nullptr, result, painted);
     return TRUE;
 }
 
-gboolean handleSetDpi(LecternIpcWord* word, Invocation* invocation, gint dpi, gpointer user) {
-    const std::int32_t result =
-        onDocument(serviceOf(user), [&](WordDocument& document) { return document.setDpi(dpi); });
-    lectern_ipc_word_complete_set_dpi(word, invocation, result, serviceOf(user).takePainted());
-    return TRUE;
-}
-
-gboolean handleJump(LecternIpcWord* word, Invocation* invocation, gint story, guint position, gpointer user) {
-    const std::int32_t result = onDocument(
-        serviceOf(user), [&](WordDocument& document) { return document.jumpToCharacter(story, position); });
-    lectern_ipc_word_complete_jump_to_character(word, invocation, result, serviceOf(user).takePainted());
-    return TRUE;
-}
-
-template<auto Operation, auto Complete>
-gboolean handlePlain(LecternIpcWord* word, Invocation* invocation, gpointer user) {
-    const std::int32_t result =
-        onDocument(serviceOf(user), [](WordDocument& document) { return (document.*Operation)(); });
-    Complete(word, invocation, result, serviceOf(user).takePainted());
-    return TRUE;
-}
-
-template<auto Operation, auto Complete>
-gboolean handlePoint(LecternIpcWord* word, Invocation* invocation, gint x, gint y, gpointer user) {
-    const std::int32_t result =
-        onDocument(serviceOf(user), [&](WordDocument& document) { return (document.*Operation)(x, y); });
-    Complete(word, invocation, result, serviceOf(user).takePainted());
-    return TRUE;
-}
-
-gboolean handleLayoutSize(LecternIpcWord* word, Invocation* invocation, gpointer user) {
-    std::int32_t width = 0;
-    std::int32_t height = 0;
-    const std::int32_t result = onDocument(
-        serviceOf(user), [&](WordDocument& document) { return document.layoutSize(width, height); });
-    lectern_ipc_word_complete_layout_size(word, invocation, result, serviceOf(user).takePainted(), width,
-                                          height);
-    return TRUE;
-}
-
-gboolean handleHighlightColor(LecternIpcWord* word, Invocation* invocation, guchar red, guchar green,
-                              guchar blue, gpointer user) {
-    const std::int32_t result = onDocument(serviceOf(user), [&](WordDocument& document) {
-        return document.setHighlightColor(red, green, blue);
-    });
-    lectern_ipc_word_complete_set_highlight_color(word, invocation, result, serviceOf(user).takePainted());
-    return TRUE;
-}
-
-gboolean handleFind(LecternIpcWord* word, Invocation* invocation, GVariant* text, guint from, guint to,
+gboolean handleFind(Skeleton* word, Invocation* invocation, GVariant* text, guint from, guint to,
                     gpointer user) {
     std::vector<CharacterRange> hits;
-    const std::int32_t result = onDocument(serviceOf(user), [&](WordDocument& document) {
-        return document.find(textFrom(text), {from, to}, hits);
+    const std::int32_t result = serviceOf(user).run([&](Document& document) {
+        return document.find(Wire<std::u16string>::read(text), {from, to}, hits);
     });
     std::vector<std::uint32_t> ends;
     for (const CharacterRange& hit : hits) {
         ends.insert(ends.end(), {hit.start, hit.end});
     }
-    lectern_ipc_word_complete_find(word, invocation, result, serviceOf(user).takePainted(),
-                                   arrayOf(G_VARIANT_TYPE_UINT32, ends));
-    return TRUE;
+    return answer(serviceOf(user), &lectern_ipc_word_complete_find, word, invocation, result, written(ends));
 }
 
-gboolean handleFoundRegions(LecternIpcWord* word, Invocation* invocation, gpointer user) {
+gboolean handleFoundRegions(Skeleton* word, Invocation* invocation, gpointer user) {
     std::vector<FoundRegion> regions;
     const std::int32_t result =
-        onDocument(serviceOf(user), [&](WordDocument& document) { return document.foundRegions(regions); });
+        serviceOf(user).run([&](Document& document) { return document.foundRegions(regions); });
     std::vector<std::uint32_t> positions;
     std::vector<std::uint32_t> counts;
     std::vector<PixelRect> rectangles;
@@ -177,161 +57,98 @@ gboolean handleFoundRegions(LecternIpcWord* word, Invocation* invocation, gpoint
         counts.push_back(static_cast<std::uint32_t>(region.rectangles.size()));
         rectangles.insert(rectangles.end(), region.rectangles.begin(), region.rectangles.end());
     }
-    lectern_ipc_word_complete_found_regions(word, invocation, result, serviceOf(user).takePainted(),
-                                            arrayOf(G_VARIANT_TYPE_UINT32, positions),
-                                            arrayOf(G_VARIANT_TYPE_UINT32, counts), rectanglesOf(rectangles));
-    return TRUE;
+    return answer(serviceOf(user), &lectern_ipc_word_complete_found_regions, word, invocation, result,
+                  written(positions), written(counts), written(rectangles));
 }
 
-gboolean handleClickInfo(LecternIpcWord* word, Invocation* invocation, gint x, gint y, gpointer user) {
+gboolean handleClickInfo(Skeleton* word, Invocation* invocation, gint x, gint y, gpointer user) {
     ClickTarget target;
     const std::int32_t result =
-        onDocument(serviceOf(user), [&](WordDocument& document) { return document.clickInfo(x, y, target); });
-    lectern_ipc_word_complete_click_info(word, invocation, result, serviceOf(user).takePainted(), target.type,
-                                         textOf(target.address), target.value);
-    return TRUE;
+        serviceOf(user).run([&](Document& document) { return document.clickInfo(x, y, target); });
+    return answer(serviceOf(user), &lectern_ipc_word_complete_click_info, word, invocation, result,
+                  target.type, written(target.address), target.value);
 }
 
-gboolean handleClickRegions(LecternIpcWord* word, Invocation* invocation, gpointer user) {
-    std::vector<PixelRect> regions;
+gboolean handleSmartZoom(Skeleton* word, Invocation* invocation, gint x, gint y, gpointer user) {
+    std::vector<PixelRect> area(1);
     const std::int32_t result =
-        onDocument(serviceOf(user), [&](WordDocument& document) { return document.clickRegions(regions); });
-    lectern_ipc_word_complete_click_regions(word, invocation, result, serviceOf(user).takePainted(),
-                                            rectanglesOf(regions));
-    return TRUE;
+        serviceOf(user).run([&](Document& document) { return document.smartZoom(x, y, area.front()); });
+    return answer(serviceOf(user), &lectern_ipc_word_complete_smart_zoom, word, invocation, result,
+                  written(area));
 }
 
-gboolean handleOpenSecondary(LecternIpcWord* word, Invocation* invocation, gint type, guint number,
-                             gint height, gpointer user) {
-    const std::int32_t result = onDocument(serviceOf(user), [&](WordDocument& document) {
-        return document.openSecondary(type, number, height);
-    });
-    lectern_ipc_word_complete_open_secondary(word, invocation, result, serviceOf(user).takePainted());
-    return TRUE;
-}
-
-gboolean handleSmartZoom(LecternIpcWord* word, Invocation* invocation, gint x, gint y, gpointer user) {
-    PixelRect area;
-    const std::int32_t result =
-        onDocument(serviceOf(user), [&](WordDocument& document) { return document.smartZoom(x, y, area); });
-    lectern_ipc_word_complete_smart_zoom(word, invocation, result, serviceOf(user).takePainted(),
-                                         rectanglesOf({area}));
-    return TRUE;
-}
-
-gboolean handleSelectArea(LecternIpcWord* word, Invocation* invocation, gint left, gint top, gint right,
-                          gint bottom, gpointer user) {
-    const std::int32_t result = onDocument(serviceOf(user), [&](WordDocument& document) {
-        return document.selectArea(left, top, right, bottom);
-    });
-    lectern_ipc_word_complete_select_area(word, invocation, result, serviceOf(user).takePainted());
-    return TRUE;
-}
-
-gboolean handleScrollToRange(LecternIpcWord* word, Invocation* invocation, guint start, guint end,
-                             gpointer user) {
-    const std::int32_t result = onDocument(serviceOf(user), [&](WordDocument& document) {
+gboolean handleScrollToRange(Skeleton* word, Invocation* invocation, guint start, guint end, gpointer user) {
+    const std::int32_t result = serviceOf(user).run([&](Document& document) {
         return document.scrollToRange({start, end});
     });
-    lectern_ipc_word_complete_scroll_to_range(word, invocation, result, serviceOf(user).takePainted());
-    return TRUE;
+    return answer(serviceOf(user), &lectern_ipc_word_complete_scroll_to_range, word, invocation, result);
 }
 
-void connectHandlers(LecternIpcWord* word, WordService* service) {
-    const auto connect = [&](const char* signal, auto* handler) {
-        g_signal_connect(word, signal, G_CALLBACK(handler), service);
-    };
-    using Document = WordDocument;
-    connect("handle-open", &handleOpen);
-    connect("handle-set-surface", &handleSetSurface);
-    connect("handle-set-dpi", &handleSetDpi);
-    connect("handle-jump-to-character", &handleJump);
-    connect("handle-layout-size", &handleLayoutSize);
-    connect("handle-scroll-down",
-            &handleScroll<&Document::scrollDown, &lectern_ipc_word_complete_scroll_down>);
-    connect("handle-scroll-up", &handleScroll<&Document::scrollUp, &lectern_ipc_word_complete_scroll_up>);
-    connect(
-        "handle-character-count",
-        &handleNumber<&Document::characterCount, &lectern_ipc_word_complete_character_count, std::uint32_t>);
-    connect("handle-top-left-character",
-            &handleNumber<&Document::topLeftCharacter, &lectern_ipc_word_complete_top_left_character,
-                          std::uint32_t>);
-    connect("handle-bottom-right-character",
-            &handleNumber<&Document::bottomRightCharacter, &lectern_ipc_word_complete_bottom_right_character,
-                          std::uint32_t>);
-    connect("handle-vertical-last-used-pixel",
-            &handleNumber<&Document::verticalLastUsedPixel,
-                          &lectern_ipc_word_complete_vertical_last_used_pixel, std::int32_t>);
-    connect("handle-word-count",
-            &handleNumber<&Document::wordCount, &lectern_ipc_word_complete_word_count, std::int32_t>);
-    connect("handle-creation-date",
-            &handleNumber<&Document::creationDate, &lectern_ipc_word_complete_creation_date, std::int64_t>);
-    connect(
-        "handle-last-saved-date",
-        &handleNumber<&Document::lastSavedDate, &lectern_ipc_word_complete_last_saved_date, std::int64_t>);
-    connect("handle-set-highlight-color", &handleHighlightColor);
-    connect("handle-find", &handleFind);
-    connect("handle-found-regions", &handleFoundRegions);
-    connect("handle-stop-find", &handlePlain<&Document::stopFind, &lectern_ipc_word_complete_stop_find>);
-    connect("handle-click-info", &handleClickInfo);
-    connect("handle-click-regions", &handleClickRegions);
-    connect("handle-open-secondary", &handleOpenSecondary);
-    connect("handle-smart-zoom", &handleSmartZoom);
-    connect("handle-select-all", &handlePlain<&Document::selectAll, &lectern_ipc_word_complete_select_all>);
-    connect("handle-select-area", &handleSelectArea);
-    connect("handle-select-line",
-            &handlePoint<&Document::selectLine, &lectern_ipc_word_complete_select_line>);
-    connect("handle-select-word",
-            &handlePoint<&Document::selectWord, &lectern_ipc_word_complete_select_word>);
-    connect("handle-clear-selection",
-            &handlePlain<&Document::clearSelection, &lectern_ipc_word_complete_clear_selection>);
-    connect("handle-copy-selection",
-            &handleText<&Document::copySelection, &lectern_ipc_word_complete_copy_selection>);
-    connect("handle-scroll-to-range", &handleScrollToRange);
-    connect("handle-name", &handleText<&Document::name, &lectern_ipc_word_complete_name>);
-    connect("handle-author", &handleText<&Document::author, &lectern_ipc_word_complete_author>);
-    connect("handle-description",
-            &handleText<&Document::description, &lectern_ipc_word_complete_description>);
+void connectView(const Connector<WordService>& on) {
+    on.handler("handle-open", &handleOpen);
+    on.handler("handle-set-surface", &handleSetSurface);
+    on.operation<&Document::setDpi, &lectern_ipc_word_complete_set_dpi>("handle-set-dpi");
+    on.operation<&Document::jumpToCharacter, &lectern_ipc_word_complete_jump_to_character>(
+        "handle-jump-to-character");
+    on.operation<&Document::layoutSize, &lectern_ipc_word_complete_layout_size>("handle-layout-size");
+    on.operation<&Document::scrollDown, &lectern_ipc_word_complete_scroll_down>("handle-scroll-down");
+    on.operation<&Document::scrollUp, &lectern_ipc_word_complete_scroll_up>("handle-scroll-up");
+    on.handler("handle-scroll-to-range", &handleScrollToRange);
+    on.operation<&Document::characterCount, &lectern_ipc_word_complete_character_count>(
+        "handle-character-count");
+    on.operation<&Document::topLeftCharacter, &lectern_ipc_word_complete_top_left_character>(
+        "handle-top-left-character");
+    on.operation<&Document::bottomRightCharacter, &lectern_ipc_word_complete_bottom_right_character>(
+        "handle-bottom-right-character");
+    on.operation<&Document::verticalLastUsedPixel, &lectern_ipc_word_complete_vertical_last_used_pixel>(
+        "handle-vertical-last-used-pixel");
+    on.handler("handle-smart-zoom", &handleSmartZoom);
+}
+
+void connectFindingAndSelecting(const Connector<WordService>& on) {
+    on.operation<&Document::setHighlightColor, &lectern_ipc_word_complete_set_highlight_color>(
+        "handle-set-highlight-color");
+    on.handler("handle-find", &handleFind);
+    on.handler("handle-found-regions", &handleFoundRegions);
+    on.operation<&Document::stopFind, &lectern_ipc_word_complete_stop_find>("handle-stop-find");
+    on.handler("handle-click-info", &handleClickInfo);
+    on.operation<&Document::clickRegions, &lectern_ipc_word_complete_click_regions>("handle-click-regions");
+    on.operation<&Document::openSecondary, &lectern_ipc_word_complete_open_secondary>(
+        "handle-open-secondary");
+    on.operation<&Document::selectAll, &lectern_ipc_word_complete_select_all>("handle-select-all");
+    on.operation<&Document::selectArea, &lectern_ipc_word_complete_select_area>("handle-select-area");
+    on.operation<&Document::selectLine, &lectern_ipc_word_complete_select_line>("handle-select-line");
+    on.operation<&Document::selectWord, &lectern_ipc_word_complete_select_word>("handle-select-word");
+    on.operation<&Document::clearSelection, &lectern_ipc_word_complete_clear_selection>(
+        "handle-clear-selection");
+    on.operation<&Document::copySelection, &lectern_ipc_word_complete_copy_selection>(
+        "handle-copy-selection");
+}
+
+void connectProperties(const Connector<WordService>& on) {
+    on.operation<&Document::wordCount, &lectern_ipc_word_complete_word_count>("handle-word-count");
+    on.operation<&Document::creationDate, &lectern_ipc_word_complete_creation_date>("handle-creation-date");
+    on.operation<&Document::lastSavedDate, &lectern_ipc_word_complete_last_saved_date>(
+        "handle-last-saved-date");
+    on.operation<&Document::name, &lectern_ipc_word_complete_name>("handle-name");
+    on.operation<&Document::author, &lectern_ipc_word_complete_author>("handle-author");
+    on.operation<&Document::description, &lectern_ipc_word_complete_description>("handle-description");
 }
 
 } // namespace
 
-WordService::WordService() : mSkeleton(lectern_ipc_word_skeleton_new()) {
-    connectHandlers(mSkeleton, this);
-}
-
-WordService::~WordService() {
-    g_object_unref(mSkeleton);
-}
-
-void WordService::useOffice(Office* office, const std::string& folder) {
-    mOffice = office;
-    mFolder = folder;
-}
-
-bool WordService::exportOn(GDBusConnection* connection) {
-    return g_dbus_interface_skeleton_export(G_DBUS_INTERFACE_SKELETON(mSkeleton), connection, kWordPath,
-                                            nullptr) != FALSE;
-}
-
-std::int32_t WordService::open(const std::string& path, const std::string& password) {
-    if (mOffice == nullptr || mDocument) {
-        return MODULE_FAILED;
-    }
-    return guarded([&] { return WordDocument::open(*mOffice, path, password, mFolder, mDocument); });
+WordService::WordService() : DocumentService(lectern_ipc_word_skeleton_new(), kWordPath) {
+    const Connector<WordService> connector(skeleton(), this);
+    connectView(connector);
+    connectFindingAndSelecting(connector);
+    connectProperties(connector);
 }
 
 std::int32_t WordService::setSurface(int memory, std::int32_t width, std::int32_t height) {
-    std::optional<MappedSurface> surface = MappedSurface::map(memory, width, height);
-    if (!surface) {
-        return MODULE_BAD_ARGUMENT;
-    }
-    const std::int32_t result = onDocument(
-        *this, [&](WordDocument& document) { return document.setSurface(surface->pixels(), width, height); });
-    if (result == MODULE_OK) {
-        mSurface = std::move(surface);
-    }
-    return result;
+    return replaceSurface(0, MappedSurface::map(memory, width, height),
+                          [&](Document& document, std::uint32_t* pixels) {
+                              return document.setSurface(pixels, width, height);
+                          });
 }
 
 } // namespace lectern::engine

@@ -3,6 +3,7 @@
 
 #include "engine/proxy/Arrays.h"
 #include "engine/proxy/DocumentHandle.h"
+#include "engine/proxy/EngineCalls.h"
 #include "engine/proxy/Surface.h"
 #include "engine/proxy/Utf16.h"
 #include "modules/SlideshowToGoModule.h"
@@ -47,16 +48,7 @@ std::int32_t onSlideshow(void* doc, Operation operation) {
 template<class Method, class... Inputs, class... Outputs>
 std::int32_t callEngine(SlideHandle& handle, Method method, std::tuple<Inputs...> inputs,
                         Outputs*... outputs) {
-    gint result = MODULE_FAILED;
-    const std::int32_t sent = handle.engine->call(handle.deadline(), [&](GError** error) {
-        return std::apply(
-            [&](auto... input) {
-                return method(handle.engine->slide(), input..., G_DBUS_CALL_FLAGS_NONE, G_MAXINT, &result,
-                              outputs..., nullptr, error);
-            },
-            inputs);
-    });
-    return sent != MODULE_OK ? sent : result;
+    return callInterface(handle, handle.engine->slide(), method, inputs, outputs...);
 }
 
 // Hands an array of the handle's out; null when it is empty.

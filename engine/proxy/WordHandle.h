@@ -2,6 +2,7 @@
 #pragma once
 
 #include "engine/proxy/DocumentHandle.h"
+#include "engine/proxy/EngineCalls.h"
 #include "engine/proxy/Surface.h"
 #include "modules/WordToGoModule.h"
 
@@ -47,19 +48,9 @@ std::int32_t onDocument(void* doc, Operation operation) {
 template<class Method, class... Inputs, class... Outputs>
 std::int32_t callEngine(WordHandle& handle, Method method, std::tuple<Inputs...> inputs,
                         Outputs*... outputs) {
-    gint result = MODULE_FAILED;
     gboolean painted = FALSE;
-    const std::int32_t sent = handle.engine->call(handle.deadline(), [&](GError** error) {
-        return std::apply(
-            [&](auto... input) {
-                return method(handle.engine->word(), input..., G_DBUS_CALL_FLAGS_NONE, G_MAXINT, &result,
-                              &painted, outputs..., nullptr, error);
-            },
-            inputs);
-    });
-    if (sent != MODULE_OK) {
-        return sent;
-    }
+    const std::int32_t result =
+        callInterface(handle, handle.engine->word(), method, inputs, &painted, outputs...);
     if (painted != FALSE && handle.surface) {
         handle.painted = true;
         handle.refreshPixels();

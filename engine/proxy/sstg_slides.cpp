@@ -3,8 +3,6 @@
 
 #include "engine/proxy/SlideHandle.h"
 
-#include <gio/gunixfdlist.h>
-
 #include <algorithm>
 #include <utility>
 
@@ -25,27 +23,19 @@ std::int32_t picturesOf(std::int32_t width, std::int32_t height) {
 // when that fails.
 std::int32_t replaceSurface(SlideHandle& handle, std::int32_t width, std::int32_t height) {
     const std::int32_t pictures = picturesOf(width, height);
-    std::unique_ptr<Surface> surface = Surface::make(width, height * pictures);
-    if (!surface) {
-        return MODULE_TOO_LARGE;
-    }
-    g_autoptr(GUnixFDList) files = g_unix_fd_list_new();
-    const int index = g_unix_fd_list_append(files, surface->memory(), nullptr);
-    if (index < 0) {
-        return MODULE_FAILED;
-    }
-    surface->letGoMemory();
-    gint result = MODULE_FAILED;
-    const std::int32_t sent = handle.engine->call(handle.deadline(), [&](GError** error) {
-        return lectern_ipc_slide_call_set_surface_sync(handle.engine->slide(), g_variant_new_handle(index),
-                                                       width, height, pictures, G_DBUS_CALL_FLAGS_NONE,
-                                                       G_MAXINT, files, &result, nullptr, nullptr, error);
-    });
-    if (sent == MODULE_OK && result == MODULE_OK) {
+    std::unique_ptr<Surface> surface;
+    const std::int32_t result =
+        offerSurface(handle, width, height * pictures, surface,
+                     [&](GVariant* memory, GUnixFDList* files, gint* answer, GError** error) {
+                         return lectern_ipc_slide_call_set_surface_sync(
+                             handle.engine->slide(), memory, width, height, pictures, G_DBUS_CALL_FLAGS_NONE,
+                             G_MAXINT, files, answer, nullptr, nullptr, error);
+                     });
+    if (result == MODULE_OK) {
         handle.surface = std::move(surface);
         handle.pictures = pictures;
     }
-    return sent != MODULE_OK ? sent : result;
+    return result;
 }
 
 } // namespace

@@ -3,8 +3,6 @@
 
 #include "engine/proxy/SheetHandle.h"
 
-#include <gio/gunixfdlist.h>
-
 #include <utility>
 
 using namespace lectern::engine;
@@ -18,26 +16,18 @@ constexpr std::int32_t kMostThickness = 16384;
 // fails.
 std::int32_t replaceSurface(SheetHandle& handle, SheetBuffer buffer, BufferPair& pair, std::int32_t width,
                             std::int32_t height) {
-    std::unique_ptr<Surface> surface = Surface::make(width, height);
-    if (!surface) {
-        return MODULE_TOO_LARGE;
-    }
-    g_autoptr(GUnixFDList) files = g_unix_fd_list_new();
-    const int index = g_unix_fd_list_append(files, surface->memory(), nullptr);
-    if (index < 0) {
-        return MODULE_FAILED;
-    }
-    surface->letGoMemory();
-    gint result = MODULE_FAILED;
-    const std::int32_t sent = handle.engine->call(handle.deadline(), [&](GError** error) {
-        return lectern_ipc_sheet_call_set_surface_sync(
-            handle.engine->sheet(), static_cast<gint>(buffer), g_variant_new_handle(index), width, height,
-            G_DBUS_CALL_FLAGS_NONE, G_MAXINT, files, &result, nullptr, nullptr, error);
-    });
-    if (sent == MODULE_OK && result == MODULE_OK) {
+    std::unique_ptr<Surface> surface;
+    const std::int32_t result =
+        offerSurface(handle, width, height, surface,
+                     [&](GVariant* memory, GUnixFDList* files, gint* answer, GError** error) {
+                         return lectern_ipc_sheet_call_set_surface_sync(
+                             handle.engine->sheet(), static_cast<gint>(buffer), memory, width, height,
+                             G_DBUS_CALL_FLAGS_NONE, G_MAXINT, files, answer, nullptr, nullptr, error);
+                     });
+    if (result == MODULE_OK) {
         pair.surface = std::move(surface);
     }
-    return sent != MODULE_OK ? sent : result;
+    return result;
 }
 
 std::int32_t setBuffer(void* doc, std::int32_t view, SheetBuffer buffer, std::uint32_t* pixels,

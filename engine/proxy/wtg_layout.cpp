@@ -4,8 +4,6 @@
 #include "engine/proxy/WordHandle.h"
 #include "modules/WordToGoModule.h"
 
-#include <gio/gunixfdlist.h>
-
 using namespace lectern::engine;
 
 namespace {
@@ -14,26 +12,17 @@ namespace {
 // fails.
 std::int32_t replaceSurface(WordHandle& handle, std::uint32_t* pixels, std::int32_t width,
                             std::int32_t height) {
-    std::unique_ptr<Surface> surface = Surface::make(width, height);
-    if (!surface) {
-        return MODULE_TOO_LARGE;
-    }
-    g_autoptr(GUnixFDList) files = g_unix_fd_list_new();
-    const int index = g_unix_fd_list_append(files, surface->memory(), nullptr);
-    if (index < 0) {
-        return MODULE_FAILED;
-    }
-    surface->letGoMemory();
-
-    gint result = MODULE_FAILED;
+    std::unique_ptr<Surface> surface;
     gboolean painted = FALSE;
-    const std::int32_t sent = handle.engine->call(handle.deadline(), [&](GError** error) {
-        return lectern_ipc_word_call_set_surface_sync(handle.engine->word(), g_variant_new_handle(index),
-                                                      width, height, G_DBUS_CALL_FLAGS_NONE, G_MAXINT, files,
-                                                      &result, &painted, nullptr, nullptr, error);
-    });
-    if (sent != MODULE_OK || result != MODULE_OK) {
-        return sent != MODULE_OK ? sent : result;
+    const std::int32_t result =
+        offerSurface(handle, width, height, surface,
+                     [&](GVariant* memory, GUnixFDList* files, gint* answer, GError** error) {
+                         return lectern_ipc_word_call_set_surface_sync(
+                             handle.engine->word(), memory, width, height, G_DBUS_CALL_FLAGS_NONE, G_MAXINT,
+                             files, answer, &painted, nullptr, nullptr, error);
+                     });
+    if (result != MODULE_OK) {
+        return result;
     }
     handle.surface = std::move(surface);
     handle.pixels = pixels;

@@ -2,6 +2,7 @@
 // Header strips on a client's screen: in step with the cells, and how they
 // select.
 #include <algorithm>
+#include <functional>
 
 #include "tests/system/support/ServiceFixture.h"
 #include "tests/system/support/SheetScreen.h"
@@ -50,42 +51,35 @@ protected:
     // Labels stand in the middle between their lines: as far from one as from
     // the other, but for a pixel and what is free beside a digit's own strokes.
     void expectLabelsInTheirMiddle() const {
-        constexpr int tolerance = 4;
         const SheetScreen::Area cells = screen->cells();
-        const auto inkIn = [&](int x, int y) { return (screen->at(x, y) & 0xFF) < 0x60; };
-        int labels = 0;
-        for (const Header& column : screen->columns()) {
-            int first = screen->width(), last = -1;
-            for (int x = column.begin + 1; x < column.end; ++x) {
-                for (int y = 1; y < cells.top - 1; ++y) {
-                    if (inkIn(x, y)) {
-                        first = std::min(first, x);
-                        last = std::max(last, x);
-                    }
-                }
-            }
-            if (last >= 0) {
-                EXPECT_NEAR(first - column.begin, column.end - last, tolerance)
-                    << "column at " << column.begin;
-                ++labels;
-            }
-        }
-        for (const Header& row : screen->rows()) {
-            int first = screen->height(), last = -1;
-            for (int y = row.begin + 1; y < row.end; ++y) {
-                for (int x = 1; x < cells.left - 1; ++x) {
-                    if (inkIn(x, y)) {
-                        first = std::min(first, y);
-                        last = std::max(last, y);
-                    }
-                }
-            }
-            if (last >= 0) {
-                EXPECT_NEAR(first - row.begin, row.end - last, tolerance) << "row at " << row.begin;
-                ++labels;
-            }
-        }
+        const auto hasInk = [&](int x, int y) { return (screen->at(x, y) & 0xFF) < 0x60; };
+        const int labels = labelsInTheirMiddle(screen->columns(), cells.top - 1, hasInk) +
+                           labelsInTheirMiddle(screen->rows(), cells.left - 1,
+                                               [&](int along, int across) { return hasInk(across, along); });
         EXPECT_GE(labels, 8);
+    }
+    // How many headers of a strip, which ends before `thickness`, have a label.
+    // hasInk takes a pixel's place along the strip and across it.
+    static int labelsInTheirMiddle(const std::vector<Header>& headers, int thickness,
+                                   const std::function<bool(int, int)>& hasInk) {
+        constexpr int tolerance = 4;
+        int labels = 0;
+        for (const Header& header : headers) {
+            int first = header.end, last = header.begin;
+            for (int along = header.begin + 1; along < header.end; ++along) {
+                for (int across = 1; across < thickness; ++across) {
+                    if (hasInk(along, across)) {
+                        first = std::min(first, along);
+                        last = along;
+                    }
+                }
+            }
+            if (last > header.begin) {
+                EXPECT_NEAR(first - header.begin, header.end - last, tolerance) << "at " << header.begin;
+                ++labels;
+            }
+        }
+        return labels;
     }
     // The screen has changed in a band only, where what was white is selected
     // and the header is no longer grey.

@@ -3,13 +3,12 @@
 // a window of a sheet with its headers, for looking at; FIND's hits marked, the
 // column at COLUMN_X selected. Times go to standard error, in milliseconds.
 #include "engine/office/sheet/SheetDocument.h"
+#include "tests/system/office/Rendering.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <png.h>
 #include <unistd.h>
 #include <vector>
 
@@ -19,11 +18,7 @@ using lectern::engine::Office;
 using lectern::engine::PixelRect;
 using lectern::engine::SheetArea;
 using lectern::engine::SheetDocument;
-
-double now() {
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now().time_since_epoch())
-        .count();
-}
+using rendering::now;
 
 struct Image {
     Image(int32_t w, int32_t h)
@@ -33,14 +28,7 @@ struct Image {
         for (int32_t row0 = 0; row0 < from.height; ++row0)
             std::copy_n(from.row(row0), from.width, row(y + row0) + x);
     }
-    bool write(const char* path) const {
-        png_image image{};
-        image.version = PNG_IMAGE_VERSION;
-        image.width = static_cast<png_uint_32>(width);
-        image.height = static_cast<png_uint_32>(height);
-        image.format = PNG_FORMAT_BGRA;
-        return png_image_write_to_file(&image, path, 0, pixels.data(), 0, nullptr) != 0;
-    }
+    bool write(const char* path) const { return rendering::writePng(path, pixels.data(), width, height); }
 
     int32_t width;
     int32_t height;

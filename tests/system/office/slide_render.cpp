@@ -3,12 +3,11 @@
 // search finds marked, for looking at. Titles, hits and times in milliseconds go
 // to standard error.
 #include "engine/office/slide/SlideDocument.h"
+#include "tests/system/office/Rendering.h"
 
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <png.h>
 #include <unistd.h>
 
 namespace {
@@ -17,20 +16,8 @@ using lectern::engine::Office;
 using lectern::engine::PixelRect;
 using lectern::engine::SlideDocument;
 using lectern::engine::SlideHits;
-
-double now() {
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now().time_since_epoch())
-        .count();
-}
-
-bool writePng(const char* path, const std::vector<uint32_t>& pixels, int32_t width, int32_t height) {
-    png_image image{};
-    image.version = PNG_IMAGE_VERSION;
-    image.width = static_cast<png_uint_32>(width);
-    image.height = static_cast<png_uint_32>(height);
-    image.format = PNG_FORMAT_BGRA;
-    return png_image_write_to_file(&image, path, 0, pixels.data(), 0, nullptr) != 0;
-}
+using rendering::now;
+using rendering::writePng;
 
 void tell(SlideDocument& document, int32_t slide) {
     std::u16string title;
@@ -96,7 +83,7 @@ int render(int argc, char** argv) {
             search(*document, slide, argv[6]);
     }
     std::fprintf(stderr, "result %d\n", result);
-    const bool written = result == 0 && writePng(argv[5], pixels, width, height);
+    const bool written = result == 0 && writePng(argv[5], pixels.data(), width, height);
     std::filesystem::remove_all(directory);
     return written ? 0 : 1;
 }

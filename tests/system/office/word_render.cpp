@@ -2,12 +2,11 @@
 // word_render FILE WIDTH HEIGHT DPI SCROLL OUT.png: paints one stretch of a
 // document, for looking at. Times go to standard error, in milliseconds.
 #include "engine/office/WordDocument.h"
+#include "tests/system/office/Rendering.h"
 
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <png.h>
 #include <unistd.h>
 #include <vector>
 
@@ -15,20 +14,8 @@ namespace {
 
 using lectern::engine::Office;
 using lectern::engine::WordDocument;
-
-double now() {
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now().time_since_epoch())
-        .count();
-}
-
-bool writePng(const char* path, const std::vector<uint32_t>& pixels, int32_t width, int32_t height) {
-    png_image image{};
-    image.version = PNG_IMAGE_VERSION;
-    image.width = static_cast<png_uint_32>(width);
-    image.height = static_cast<png_uint_32>(height);
-    image.format = PNG_FORMAT_BGRA;
-    return png_image_write_to_file(&image, path, 0, pixels.data(), 0, nullptr) != 0;
-}
+using rendering::now;
+using rendering::writePng;
 
 int render(char** argv) {
     char directory[] = "/tmp/word-render-XXXXXX";
@@ -76,7 +63,7 @@ int render(char** argv) {
         "and paint %.0f, positions %.1f\n",
         result, rows, scrolled, top, bottom, count, words, started - start, opened - started,
         laidOut - opened, positions - laidOut);
-    const bool written = result == 0 && writePng(argv[6], pixels, width, height);
+    const bool written = result == 0 && writePng(argv[6], pixels.data(), width, height);
     std::filesystem::remove_all(directory);
     return written ? 0 : 1;
 }

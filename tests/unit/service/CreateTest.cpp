@@ -41,6 +41,22 @@ protected:
         EXPECT_EQ(waiting(), 0U);
         EXPECT_EQ(fakeWord().openDocuments, 0);
     }
+    // Documents of another kind: opened by its module, whose control this is.
+    template<class Control>
+    void expectOwnView(Control& control, const std::string& name, const std::string& call,
+                       const std::string& second, int kind) {
+        control.reset();
+        const ClientFrame frame(kSize);
+        const auto reply = create(name.c_str(), frame);
+        EXPECT_EQ(reply, R"({ "docid": 0, "doctype": )" + std::to_string(kind) + R"(, "datastoreshmid": ")" +
+                             std::to_string(dataStoreOf(0)) + R"(" })");
+        EXPECT_THAT(control.takeCalls(), Contains(HasSubstr(call)));
+        create(second.c_str(), frame);
+        EXPECT_EQ(gDocuments[1].view->docType(), kind);
+        destroy(1);
+        destroy(0);
+        EXPECT_EQ(control.openDocuments, 0);
+    }
 };
 
 TEST_F(CreateTest, AnswersTheDocidTheKindAndTheDataStoreAsText) {
@@ -237,31 +253,13 @@ TEST_F(CreateTest, UnknownKindsAreRefusedWhateverTheFrame) {
 }
 
 TEST_F(CreateTest, PresentationsAreOfKindThree) {
-    fakeSlides().reset();
-    const ClientFrame frame(kSize);
-    const auto reply = create("/d/talk.PPTX", frame);
-    EXPECT_EQ(reply, R"({ "docid": 0, "doctype": 3, "datastoreshmid": ")" + std::to_string(dataStoreOf(0)) +
-                         R"(" })");
-    EXPECT_THAT(fakeSlides().takeCalls(), Contains(HasSubstr(R"(sstg_open_file("/d/talk.PPTX", )")));
-    create("talk.ppt", frame);
-    EXPECT_EQ(gDocuments[1].view->docType(), _PPT);
-    destroy(1);
-    destroy(0);
-    EXPECT_EQ(fakeSlides().openDocuments, 0);
+    expectOwnView(fakeSlides(), "/d/talk.PPTX", R"(sstg_open_file("/d/talk.PPTX", )", "talk.ppt", _PPT);
+    static_assert(_PPT == 3);
 }
 
 TEST_F(CreateTest, SpreadsheetsHaveTheirOwnView) {
-    fakeSheet().reset();
-    const ClientFrame frame(kSize);
-    const auto reply = create("/d/book.XLSX", frame);
-    EXPECT_EQ(reply, R"({ "docid": 0, "doctype": 1, "datastoreshmid": ")" + std::to_string(dataStoreOf(0)) +
-                         R"(" })");
-    EXPECT_THAT(fakeSheet().takeCalls(), Contains(HasSubstr(R"(stg_open_file("/d/book.XLSX", )")));
-    create("book.xls", frame);
-    EXPECT_EQ(gDocuments[1].view->docType(), _EXCEL);
-    destroy(1);
-    destroy(0);
-    EXPECT_EQ(fakeSheet().openDocuments, 0);
+    expectOwnView(fakeSheet(), "/d/book.XLSX", R"(stg_open_file("/d/book.XLSX", )", "book.xls", _EXCEL);
+    static_assert(_EXCEL == 1);
 }
 
 TEST_F(CreateTest, FramesThatCannotBeAreRefusedWithAReason) {

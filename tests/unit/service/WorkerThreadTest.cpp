@@ -54,6 +54,24 @@ protected:
         EXPECT_EQ(message.id, _PAINT_DONE);
         return message.value;
     }
+    // The worker gets over reads that fail, which it reports.
+    void expectThreeFailedReads(int error, const std::string& reason) {
+        addView();
+        systemCalls.slept = 0;
+        systemCalls.receiveError = error;
+        systemCalls.receiveErrors = 3;
+        CaptureStderr();
+        start();
+        while (systemCalls.receiveErrors > 0) {
+            sched_yield();
+        }
+        post(_PAINT, 0);
+        EXPECT_EQ(answer(0), 0);
+        pthread_cancel(worker);
+        join();
+        const std::string line = "Can't read message from client: " + reason + "\n";
+        EXPECT_EQ(GetCapturedStderr(), line + line + line);
+    }
 
     DocAdapterMessageQueue client;
     pthread_t worker{};
@@ -153,40 +171,12 @@ TEST_F(WorkerThreadTest, EndsByItselfWhenTheQueueIsRemoved) {
 }
 
 TEST_F(WorkerThreadTest, ReadsThatFailOtherwiseAreReportedAndTriedAgainAfterAPause) {
-    addView();
-    systemCalls.slept = 0;
-    systemCalls.receiveError = EACCES;
-    systemCalls.receiveErrors = 3;
-    CaptureStderr();
-    start();
-    while (systemCalls.receiveErrors > 0) {
-        sched_yield();
-    }
-    post(_PAINT, 0);
-    EXPECT_EQ(answer(0), 0);
-    pthread_cancel(worker);
-    join();
-    const std::string line = "Can't read message from client: Permission denied\n";
-    EXPECT_EQ(GetCapturedStderr(), line + line + line);
+    expectThreeFailedReads(EACCES, "Permission denied");
     EXPECT_EQ(systemCalls.slept, 30000U);
 }
 
 TEST_F(WorkerThreadTest, AnInterruptedReadIsTriedAgainAtOnce) {
-    addView();
-    systemCalls.slept = 0;
-    systemCalls.receiveError = EINTR;
-    systemCalls.receiveErrors = 3;
-    CaptureStderr();
-    start();
-    while (systemCalls.receiveErrors > 0) {
-        sched_yield();
-    }
-    post(_PAINT, 0);
-    EXPECT_EQ(answer(0), 0);
-    pthread_cancel(worker);
-    join();
-    const std::string line = "Can't read message from client: Interrupted system call\n";
-    EXPECT_EQ(GetCapturedStderr(), line + line + line);
+    expectThreeFailedReads(EINTR, "Interrupted system call");
     EXPECT_EQ(systemCalls.slept, 0U);
 }
 
