@@ -94,8 +94,8 @@ bool SlideDocument::prepareNext() {
 }
 
 bool SlideDocument::Private::warmMemory(int32_t shown) {
-    constexpr int64_t portion = 16 * 1024; // pixels; some ten microseconds
-    constexpr int64_t cacheLine = 16;      // pixels
+    constexpr int64_t portion = 16384; // pixels; some ten microseconds
+    constexpr int64_t cacheLine = 16;  // pixels
     const int64_t count = int64_t{surface.width} * surface.height;
     const int32_t next = places.next();
     if (surface.pixels == nullptr || next == shown || warmed >= count)
