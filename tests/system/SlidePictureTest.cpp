@@ -211,6 +211,13 @@ TEST_F(SlidePictureTest, AClosedDeckOpensAgainWhereItWas) {
 
 TEST_F(SlidePictureTest, LongJumpingAtRandomDoesNotGrowTheMemory) {
     constexpr int slides = 300;
+#ifdef __SANITIZE_ADDRESS__
+    // Its allocator keeps more or less of what was freed: 12 MiB up and down,
+    // where a thousand pictures that were lost would be hundreds.
+    constexpr size_t allowed = size_t{32} << 20;
+#else
+    constexpr size_t allowed = size_t{2} << 20;
+#endif
     const unsigned seed = std::random_device()();
     RecordProperty("seed", std::to_string(seed));
     SCOPED_TRACE("seed " + std::to_string(seed));
@@ -230,7 +237,7 @@ TEST_F(SlidePictureTest, LongJumpingAtRandomDoesNotGrowTheMemory) {
     const size_t after = privateMemory();
     RecordProperty("before", std::to_string(before >> 10));
     RecordProperty("after", std::to_string(after >> 10));
-    EXPECT_LT(after, before + (size_t{2} << 20)) << before << " bytes before";
+    EXPECT_LT(after, before + allowed) << before << " bytes before";
 }
 
 } // namespace
