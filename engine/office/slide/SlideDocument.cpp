@@ -10,6 +10,7 @@
 #include <com/sun/star/lang/XServiceInfo.hpp>
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <filesystem>
 #include <limits>
@@ -78,8 +79,7 @@ int32_t SlideDocument::render(int32_t slide) {
             place = mPrivate->markHits(slide, hits->second, place);
         mPicture = place;
         mPrivate->warmed = 0;
-        // Whoever turns the pages goes on in the same direction.
-        mPrivate->likelyNext = before && slide < *before ? slide - 1 : slide + 1;
+        mPrivate->likelyNext = mPrivate->after(before, slide);
         mPrivate->rendered = slide;
     });
 }
@@ -91,6 +91,16 @@ bool SlideDocument::prepareNext() {
     if (next && mPrivate->deck.has(*next) && !mPrivate->places.has(*next))
         mPrivate->onSlide(*next, [&] { mPrivate->deck.preparePaint(*next); });
     return false;
+}
+
+std::optional<int32_t> SlideDocument::Private::after(std::optional<int32_t> before, int32_t slide) const {
+    // What takes long to paint takes long to leave, too, and may be wanted in
+    // another size.
+    constexpr auto quick = std::chrono::milliseconds(50);
+    if (paintTime > quick)
+        return std::nullopt;
+    // Whoever turns the pages goes on in the same direction.
+    return before && slide < *before ? slide - 1 : slide + 1;
 }
 
 bool SlideDocument::Private::warmMemory(int32_t shown) {
@@ -116,7 +126,9 @@ int32_t SlideDocument::Private::paint(int32_t slide) {
     if (const auto kept = places.find(slide))
         return *kept;
     const int32_t place = places.take();
+    const auto start = std::chrono::steady_clock::now();
     deck.paint(slide, pictureAt(place));
+    paintTime = std::chrono::steady_clock::now() - start;
     places.keep(place, slide);
     return place;
 }

@@ -6,6 +6,7 @@
 #include "engine/office/slide/SlideDeck.h"
 #include "engine/office/slide/SlideDocument.h"
 
+#include <chrono>
 #include <map>
 #include <optional>
 #include <vector>
@@ -41,6 +42,8 @@ struct SlideDocument::Private {
     Surface pictureAt(int32_t place) const;
     // Has the slide painted; the place where it is.
     int32_t paint(int32_t slide);
+    // The slide whose paint it pays to prepare while this one is looked at.
+    std::optional<int32_t> after(std::optional<int32_t> before, int32_t slide) const;
     // Brings a bit of the memory that the next paint will need into this process
     // and its caches, which saves that paint a tenth to a third of its time.
     // False when there is no more. `shown` is the place that is being looked at.
@@ -51,9 +54,10 @@ struct SlideDocument::Private {
     SlideDeck deck;
     Surface surface; // the first picture
     PicturePlaces places{1};
-    std::optional<int32_t> rendered;   // the slide that was, on this surface
-    int64_t warmed = 0;                // pixels of the next picture's memory
-    std::optional<int32_t> likelyNext; // the slide to be asked for next, perhaps none
+    std::optional<int32_t> rendered;                 // the slide that was, on this surface
+    std::chrono::steady_clock::duration paintTime{}; // of the slide painted last
+    int64_t warmed = 0;                              // pixels of the next picture's memory
+    std::optional<int32_t> likelyNext;               // the slide to be asked for next, perhaps none
 
     std::vector<std::optional<DrawnText>> texts; // of slides that were searched
     Colour highlight{128, 192, 255};             // for finds to come
