@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // The commands of docs/bus.md, run by a shell as they stand there.
+#include <filesystem>
 #include <json-c/json.h>
 #include <sys/shm.h>
 
@@ -128,6 +129,7 @@ TEST_F(BusctlTest, EveryCommandOfTheGuideGetsTheReplyThatTheGuideShows) {
             EXPECT_EQ(ran.output, "");
         }
     }
+    EXPECT_TRUE(std::filesystem::remove("/tmp/lectern-copy.txt")) << "what the guide copies to";
     EXPECT_TRUE(unused.empty()) << "no command for " << unused.begin()->first;
 }
 

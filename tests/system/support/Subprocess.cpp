@@ -110,6 +110,13 @@ TemporaryFolder::TemporaryFolder() {
 }
 
 TemporaryFolder::~TemporaryFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(mPath, ignored);
+    // A process that is ending may write to it meanwhile.
+    constexpr int attempts = 100;
+    std::error_code error;
+    for (int i = 0; i < attempts; ++i) {
+        std::filesystem::remove_all(mPath, error);
+        if (!error) {
+            return;
+        }
+    }
 }
