@@ -86,6 +86,17 @@ gboolean handleInformation(typename Service::Skeleton* skeleton, GDBusMethodInvo
                   information.lastSaved);
 }
 
+// The colour of hits to come, as three bytes.
+template<class Service, auto Complete>
+gboolean handleHighlightColour(typename Service::Skeleton* skeleton, GDBusMethodInvocation* invocation,
+                               guchar red, guchar green, guchar blue, gpointer user) {
+    Service& service = *static_cast<Service*>(user);
+    const std::int32_t result = service.run([&](typename Service::Document& document) {
+        return document.setHighlightColour({red, green, blue});
+    });
+    return answer(service, Complete, skeleton, invocation, result);
+}
+
 // The memory that came with a call; negative without any.
 inline FileDescriptor fileOf(GUnixFDList* files, GVariant* handle) {
     return FileDescriptor(

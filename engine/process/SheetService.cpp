@@ -31,15 +31,6 @@ gboolean handleSetSurface(Skeleton* sheet, Invocation* invocation, GUnixFDList* 
     return TRUE;
 }
 
-gboolean handleSetHighlightColor(Skeleton* sheet, Invocation* invocation, guchar red, guchar green,
-                                 guchar blue, gpointer user) {
-    const std::int32_t result = serviceOf(user).run([&](Document& document) {
-        return document.setHighlightColour({red, green, blue});
-    });
-    return answer(serviceOf(user), &lectern_ipc_sheet_complete_set_highlight_color, sheet, invocation,
-                  result);
-}
-
 gboolean handleCellBounds(Skeleton* sheet, Invocation* invocation, gint index, gint x, gint y,
                           gpointer user) {
     PixelRect bounds;
@@ -67,7 +58,8 @@ void connectView(const Connector<SheetService>& on) {
 void connectFinding(const Connector<SheetService>& on) {
     on.operation<&Document::commentMarks, &lectern_ipc_sheet_complete_comment_marks>("handle-comment-marks");
     on.operation<&Document::comment, &lectern_ipc_sheet_complete_comment>("handle-comment");
-    on.handler("handle-set-highlight-color", &handleSetHighlightColor);
+    on.handler("handle-set-highlight-color",
+               &handleHighlightColour<SheetService, &lectern_ipc_sheet_complete_set_highlight_color>);
     on.operation<&Document::find, &lectern_ipc_sheet_complete_find>("handle-find");
     on.operation<&Document::foundRegions, &lectern_ipc_sheet_complete_found_regions>("handle-found-regions");
     on.operation<&Document::stopFind, &lectern_ipc_sheet_complete_stop_find>("handle-stop-find");

@@ -58,15 +58,6 @@ gboolean handleOutline(Skeleton* slide, Invocation* invocation, gint index, gpoi
                   written(text), written(lengths), written(levels));
 }
 
-gboolean handleSetHighlightColor(Skeleton* slide, Invocation* invocation, guchar red, guchar green,
-                                 guchar blue, gpointer user) {
-    const std::int32_t result = serviceOf(user).run([&](Document& document) {
-        return document.setHighlightColour({red, green, blue});
-    });
-    return answer(serviceOf(user), &lectern_ipc_slide_complete_set_highlight_color, slide, invocation,
-                  result);
-}
-
 gboolean handleFind(Skeleton* slide, Invocation* invocation, GVariant* text, gint first, gint last,
                     gpointer user) {
     std::vector<SlideHits> slides;
@@ -109,7 +100,8 @@ void connectHandlers(const Connector<SlideService>& on) {
     on.operation<&Document::title, &lectern_ipc_slide_complete_title>("handle-title");
     on.operation<&Document::note, &lectern_ipc_slide_complete_note>("handle-note");
     on.handler("handle-outline", &handleOutline);
-    on.handler("handle-set-highlight-color", &handleSetHighlightColor);
+    on.handler("handle-set-highlight-color",
+               &handleHighlightColour<SlideService, &lectern_ipc_slide_complete_set_highlight_color>);
     on.handler("handle-find", &handleFind);
     on.handler("handle-found-regions", &handleFoundRegions);
     on.operation<&Document::foundNoteOffsets, &lectern_ipc_slide_complete_found_note_offsets>(
