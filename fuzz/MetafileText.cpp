@@ -5,7 +5,7 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "engine/office/slide/MetafileText.h"
+#include "engine/layout/MetafileText.h"
 
 using lectern::engine::DrawnBox;
 using lectern::engine::DrawnText;

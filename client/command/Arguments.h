@@ -8,7 +8,7 @@
 #include <variant>
 #include <vector>
 
-#include "client/ScrollPlan.h"
+#include "client/lib/ScrollPlan.h"
 
 namespace lectern {
 

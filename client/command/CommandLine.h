@@ -8,7 +8,7 @@
 #include <variant>
 #include <vector>
 
-#include "client/GLibHolder.h"
+#include "client/lib/GLibHolder.h"
 #include "client/command/Arguments.h"
 
 namespace lectern {

@@ -2,7 +2,7 @@
 // The sub-commands. Each gives the exit status of the command.
 #pragma once
 
-#include "client/Result.h"
+#include <lectern/Result.h>
 #include "client/command/Arguments.h"
 #include "client/command/Interrupt.h"
 

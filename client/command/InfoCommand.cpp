@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/CommonCalls.h"
+#include <lectern/CommonCalls.h>
 #include "client/command/Commands.h"
 #include "client/command/Listing.h"
 #include "client/command/OpenDocument.h"

@@ -2,9 +2,9 @@
 // The sub-commands "sheets" and "slides", which differ in what they ask for.
 #include <cstdio>
 
-#include "client/ExcelCalls.h"
-#include "client/ListReply.h"
-#include "client/PptCalls.h"
+#include <lectern/ExcelCalls.h>
+#include <lectern/ListReply.h>
+#include <lectern/PptCalls.h>
 #include "client/command/Commands.h"
 #include "client/command/Listing.h"
 #include "client/command/OpenDocument.h"

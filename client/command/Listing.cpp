@@ -6,9 +6,9 @@
 #include <cerrno>
 #include <cstdio>
 
-#include "client/Errors.h"
-#include "client/GLibHolder.h"
-#include "client/Json.h"
+#include "client/lib/Errors.h"
+#include "client/lib/GLibHolder.h"
+#include "client/lib/Json.h"
 
 namespace lectern {
 

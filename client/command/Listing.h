@@ -5,8 +5,8 @@
 
 #include <string>
 
-#include "client/Document.h"
-#include "client/ListReply.h"
+#include <lectern/Document.h>
+#include <lectern/ListReply.h>
 
 namespace lectern {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/command/Moves.h"
 
-#include "client/ExcelCalls.h"
-#include "client/ListReply.h"
-#include "client/Navigation.h"
-#include "client/PptCalls.h"
+#include <lectern/ExcelCalls.h>
+#include <lectern/ListReply.h>
+#include <lectern/Navigation.h>
+#include <lectern/PptCalls.h>
 
 namespace lectern {
 

@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "client/Document.h"
+#include <lectern/Document.h>
 
 namespace lectern {
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <cstdio>
 
-#include "client/Json.h"
-#include "client/PptCalls.h"
+#include "client/lib/Json.h"
+#include <lectern/PptCalls.h>
 #include "client/command/Commands.h"
 #include "client/command/Listing.h"
 #include "client/command/Moves.h"

@@ -3,8 +3,8 @@
 #include <cmath>
 #include <cstdio>
 
-#include "client/CommonCalls.h"
-#include "client/Navigation.h"
+#include <lectern/CommonCalls.h>
+#include <lectern/Navigation.h>
 #include "client/command/Commands.h"
 #include "client/command/Moves.h"
 #include "client/command/OpenDocument.h"

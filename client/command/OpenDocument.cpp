@@ -3,7 +3,7 @@
 
 #include <filesystem>
 
-#include "client/Service.h"
+#include <lectern/Service.h>
 #include "client/command/Commands.h"
 #include "client/command/Progress.h"
 

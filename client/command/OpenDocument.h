@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "client/Document.h"
+#include <lectern/Document.h>
 #include "client/command/Interrupt.h"
 
 namespace lectern {

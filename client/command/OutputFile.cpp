@@ -8,7 +8,7 @@
 #include <cerrno>
 #include <filesystem>
 
-#include "client/Errors.h"
+#include "client/lib/Errors.h"
 
 namespace lectern {
 

@@ -5,7 +5,7 @@
 #include <functional>
 #include <string>
 
-#include "client/Result.h"
+#include <lectern/Result.h>
 
 namespace lectern {
 

@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "client/FrameBuffer.h"
-#include "client/Result.h"
+#include <lectern/FrameBuffer.h>
+#include <lectern/Result.h>
 
 namespace lectern {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/Calls.h"
+#include "client/lib/Calls.h"
 #include "client/command/Commands.h"
 #include "client/command/Listing.h"
 #include "client/command/Moves.h"

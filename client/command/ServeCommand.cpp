@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <cstdio>
 
-#include "client/Bus.h"
-#include "client/Json.h"
-#include "client/PrivateBus.h"
+#include <lectern/Bus.h>
+#include "client/lib/Json.h"
+#include "client/lib/PrivateBus.h"
 #include "client/command/Commands.h"
 #include "client/command/Pause.h"
 #include "client/command/ServiceCall.h"

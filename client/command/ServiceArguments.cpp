@@ -2,7 +2,7 @@
 // The sub-commands that reach the service without a document.
 #include <gio/gio.h>
 
-#include "client/Json.h"
+#include "client/lib/Json.h"
 #include "client/command/CommandLine.h"
 
 namespace lectern {

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "client/Bus.h"
+#include <lectern/Bus.h>
 
 namespace lectern {
 

@@ -4,7 +4,7 @@
 #include <charconv>
 #include <cmath>
 
-#include "client/FrameBuffer.h"
+#include <lectern/FrameBuffer.h>
 
 namespace lectern {
 

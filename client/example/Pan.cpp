@@ -7,8 +7,8 @@
 #include <mutex>
 #include <string>
 
-#include "client/Document.h"
-#include "client/Service.h"
+#include <lectern/Document.h>
+#include <lectern/Service.h>
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "client/Bus.h"
-#include "client/GLibHolder.h"
+#include <lectern/Bus.h>
+#include "client/lib/GLibHolder.h"
 
 namespace lectern {
 

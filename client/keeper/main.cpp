@@ -20,8 +20,8 @@
 #include <string>
 #include <string_view>
 
-#include "client/Bus.h"
-#include "client/FileDescriptor.h"
+#include <lectern/Bus.h>
+#include "base/FileDescriptor.h"
 #include "client/keeper/BusFolder.h"
 #include "client/keeper/Descendants.h"
 

@@ -2,9 +2,9 @@
 #include "engine/process/EngineLoop.h"
 
 #include "engine/office/Office.h"
-#include "engine/process/SheetService.h"
-#include "engine/process/SlideService.h"
-#include "engine/process/WordService.h"
+#include "engine/process/endpoints/SheetEndpoint.h"
+#include "engine/process/endpoints/SlideEndpoint.h"
+#include "engine/process/endpoints/WordEndpoint.h"
 #include "engine/protocol/Guarded.h"
 #include "engine/protocol/Inherited.h"
 #include "modules/ModuleResults.h"
@@ -41,9 +41,9 @@ GDBusConnection* connectTo(int socket) {
 struct EngineState {
     std::string folder;
     bool confined;
-    WordService word;
-    SheetService sheet;
-    SlideService slide;
+    WordEndpoint word;
+    SheetEndpoint sheet;
+    SlideEndpoint slide;
     std::unique_ptr<Office> office;
 };
 

@@ -2,7 +2,7 @@
 #include "engine/process/Sandbox.h"
 
 #include "engine/process/SystemCallFilter.h"
-#include "engine/protocol/FileDescriptor.h"
+#include "base/FileDescriptor.h"
 
 #include <fcntl.h>
 #include <linux/capability.h>

@@ -8,7 +8,7 @@ namespace lectern::engine {
 constexpr int kEngineSocket = 3; // stream socket, the other end is the service's
 constexpr int kEngineFolder = 4; // the temporary folder, locked while anyone holds it
 
-// Object paths of the interfaces in engine.xml, sheet.xml and slide.xml.
+// Object paths of the interfaces in process.xml, word.xml, sheet.xml and slide.xml.
 constexpr const char* kProcessPath = "/process";
 constexpr const char* kWordPath = "/word";
 constexpr const char* kSheetPath = "/sheet";

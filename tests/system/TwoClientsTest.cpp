@@ -3,9 +3,9 @@
 #include <atomic>
 #include <thread>
 
-#include "client/CommonCalls.h"
-#include "client/Navigation.h"
-#include "client/PptCalls.h"
+#include <lectern/CommonCalls.h>
+#include <lectern/Navigation.h>
+#include <lectern/PptCalls.h>
 #include "tests/system/support/ClientFixture.h"
 
 namespace {

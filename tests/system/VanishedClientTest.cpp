@@ -4,7 +4,7 @@
 
 #include <cstdio>
 
-#include "client/CommonCalls.h"
+#include <lectern/CommonCalls.h>
 #include "tests/system/support/ClientFixture.h"
 
 namespace {

@@ -5,7 +5,7 @@
 
 #include <cstdio>
 
-#include "client/Document.h"
+#include <lectern/Document.h>
 
 int main(int argc, char** argv) {
     if (argc != 3) {

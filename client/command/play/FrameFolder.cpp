@@ -7,7 +7,7 @@
 #include <cerrno>
 #include <cstdio>
 
-#include "client/Errors.h"
+#include "client/lib/Errors.h"
 #include "client/command/OutputFile.h"
 #include "client/command/Picture.h"
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "client/Result.h"
+#include <lectern/Result.h>
 #include "client/command/play/Script.h"
 
 namespace lectern::play {

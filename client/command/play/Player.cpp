@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "client/CommonCalls.h"
+#include <lectern/CommonCalls.h>
 #include "client/command/Moves.h"
 #include "client/command/Pause.h"
 

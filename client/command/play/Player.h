@@ -4,7 +4,7 @@
 #include <chrono>
 #include <optional>
 
-#include "client/Document.h"
+#include <lectern/Document.h>
 #include "client/command/play/FrameFolder.h"
 #include "client/command/play/Script.h"
 

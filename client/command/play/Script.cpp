@@ -5,7 +5,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "client/Errors.h"
+#include "client/lib/Errors.h"
 #include "client/command/play/Instructions.h"
 
 namespace lectern::play {

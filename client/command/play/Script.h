@@ -8,8 +8,8 @@
 #include <variant>
 #include <vector>
 
-#include "client/Result.h"
-#include "client/ScrollPlan.h"
+#include <lectern/Result.h>
+#include "client/lib/ScrollPlan.h"
 
 namespace lectern::play {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/office/sheet/CellPainter.h"
 
-#include "engine/office/TileStep.h"
+#include "engine/layout/TileStep.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "engine/office/Surface.h"
+#include "engine/layout/Surface.h"
 #include "engine/office/sheet/Workbook.h"
 
 #include <cstdint>

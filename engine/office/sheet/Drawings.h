@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "engine/office/sheet/Tracks.h"
+#include "engine/layout/Tracks.h"
 
 #include <com/sun/star/drawing/XShape.hpp>
 #include <com/sun/star/sheet/XSpreadsheet.hpp>

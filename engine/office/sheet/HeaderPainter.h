@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "engine/office/Surface.h"
-#include "engine/office/sheet/Tracks.h"
+#include "engine/layout/Surface.h"
+#include "engine/layout/Tracks.h"
 
 #include <cstdint>
 #include <memory>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "engine/office/DocumentInformation.h"
+#include "engine/layout/DocumentInformation.h"
 #include "engine/office/Office.h"
-#include "engine/office/Surface.h"
-#include "engine/office/sheet/Tracks.h"
+#include "engine/layout/Surface.h"
+#include "engine/layout/Tracks.h"
 
 #include <cstdint>
 #include <memory>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/office/sheet/Workbook.h"
 
-#include "engine/office/TileStep.h"
+#include "engine/layout/TileStep.h"
 
 #include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/sheet/XCellRangeAddressable.hpp>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/office/slide/SlideDeck.h"
 
-#include "engine/office/slide/MetafileText.h"
+#include "engine/layout/MetafileText.h"
 #include "engine/office/slide/SlideFile.h"
 #include "engine/office/slide/SlidePreparation.h"
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "engine/office/OfficeGuard.h"
-#include "engine/office/slide/PicturePlaces.h"
+#include "engine/layout/PicturePlaces.h"
 #include "engine/office/slide/SlideDeck.h"
 #include "engine/office/slide/SlideDocument.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Searching slides and notes.
-#include "engine/office/SearchText.h"
+#include "engine/layout/SearchText.h"
 #include "engine/office/slide/SlideDocumentPrivate.h"
 #include "engine/office/slide/SlideTexts.h"
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "engine/office/Uno.h"
-#include "engine/office/slide/OutlineItem.h"
+#include "engine/layout/OutlineItem.h"
 
 #include <com/sun/star/drawing/XDrawPage.hpp>
 

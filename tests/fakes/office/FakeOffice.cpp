@@ -14,7 +14,7 @@
 // any line is damaged. Row r of the text is painted as 0xFF000000 + r, what
 // lies below its end white. There are ten characters in each row.
 
-#include "engine/office/WordDocument.h"
+#include "engine/office/word/WordDocument.h"
 #include "modules/ModuleResults.h"
 #include "tests/fakes/office/FakeSettings.h"
 #include "tests/fakes/office/Misbehaviour.h"

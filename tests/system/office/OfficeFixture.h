@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "engine/office/WordDocument.h"
+#include "engine/office/word/WordDocument.h"
 
 #include <gtest/gtest.h>
 

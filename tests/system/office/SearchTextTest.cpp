@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Searching a text in memory: no suite, no document.
-#include "engine/office/SearchText.h"
+#include "engine/layout/SearchText.h"
 
 #include <gtest/gtest.h>
 

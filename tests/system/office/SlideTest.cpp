@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Slides as they are painted, against the pictures that the suite itself exports
 // of the same slides.
-#include "engine/office/Opening.h"
+#include "engine/office/DocumentLoading.h"
 #include "engine/office/slide/SlideDocument.h"
 #include "modules/ModuleResults.h"
 #include "tests/system/office/OfficeFixture.h"

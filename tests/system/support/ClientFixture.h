@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "client/Document.h"
+#include <lectern/Document.h>
 #include "tests/system/support/ServiceFixture.h"
 
 // The real service, used through the client library.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/Bus.h"
+#include <lectern/Bus.h>
 
 #include <gmock/gmock.h>
 

@@ -6,8 +6,8 @@
 #include <string>
 #include <utility>
 
-#include "client/Bus.h"
-#include "client/Json.h"
+#include <lectern/Bus.h>
+#include "client/lib/Json.h"
 #include "tests/unit/client/FakeService.h"
 
 // Typed calls to a fake service, and what it was last sent.

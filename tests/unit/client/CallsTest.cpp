@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/CommonCalls.h"
-#include "client/EventCalls.h"
-#include "client/KeepAlive.h"
-#include "client/WordCalls.h"
+#include <lectern/CommonCalls.h>
+#include <lectern/EventCalls.h>
+#include "client/lib/KeepAlive.h"
+#include <lectern/WordCalls.h>
 #include "tests/unit/client/CallsFixture.h"
 
 namespace {

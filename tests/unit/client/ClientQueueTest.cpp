@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/ClientQueue.h"
+#include "client/lib/ClientQueue.h"
 
 #include <gtest/gtest.h>
 

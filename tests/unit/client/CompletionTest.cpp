@@ -14,7 +14,7 @@
 #include <set>
 #include <sstream>
 
-#include "client/GLibHolder.h"
+#include "client/lib/GLibHolder.h"
 #include "client/command/Subcommands.h"
 #include "client/command/play/Instructions.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/Decoding.h"
+#include "client/lib/Decoding.h"
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/Dispatcher.h"
+#include "client/lib/Dispatcher.h"
 
 #include <gmock/gmock.h>
 

@@ -5,8 +5,8 @@
 
 #include <future>
 
-#include "client/Document.h"
-#include "client/GLibHolder.h"
+#include <lectern/Document.h>
+#include "client/lib/GLibHolder.h"
 #include "tests/unit/client/FakeService.h"
 #include "tests/unit/client/Told.h"
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/Document.h"
+#include <lectern/Document.h>
 
 #include <gmock/gmock.h>
 #include <sys/shm.h>
 
 #include <filesystem>
 
-#include "client/Json.h"
+#include "client/lib/Json.h"
 #include "tests/unit/client/FakeService.h"
 
 namespace {

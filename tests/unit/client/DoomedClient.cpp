@@ -5,8 +5,8 @@
 
 #include <cstdio>
 
-#include "client/Bus.h"
-#include "client/PrivateBus.h"
+#include <lectern/Bus.h>
+#include "client/lib/PrivateBus.h"
 
 int main() {
     const auto privateBus = lectern::PrivateBus::start();

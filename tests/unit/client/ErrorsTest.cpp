@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/Errors.h"
+#include "client/lib/Errors.h"
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/ExcelCalls.h"
+#include <lectern/ExcelCalls.h>
 
 #include "tests/unit/client/CallsFixture.h"
 

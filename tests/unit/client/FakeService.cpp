@@ -5,8 +5,8 @@
 
 #include <algorithm>
 
-#include "client/Bus.h"
-#include "client/Json.h"
+#include <lectern/Bus.h>
+#include "client/lib/Json.h"
 
 using lectern::GLibHolder;
 using lectern::JsonMembers;

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "client/GLibHolder.h"
-#include "client/PrivateBus.h"
+#include "client/lib/GLibHolder.h"
+#include "client/lib/PrivateBus.h"
 #include "tests/unit/client/FakeView.h"
 
 // The document service's name on a private bus, answering as it is told to.

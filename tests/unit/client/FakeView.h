@@ -12,8 +12,8 @@
 #include <vector>
 
 #include "channel/DocAdapterCommon.h"
-#include "client/SharedMemory.h"
-#include "client/StateSegment.h"
+#include <lectern/SharedMemory.h>
+#include <lectern/StateSegment.h>
 
 // The queue's side of a service with one document: takes records as the service
 // does, paints one colour, scrolls a document of a given height, zooms.

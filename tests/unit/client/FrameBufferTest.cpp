@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/FrameBuffer.h"
+#include <lectern/FrameBuffer.h>
 
 #include <gtest/gtest.h>
 #include <sys/shm.h>
@@ -8,7 +8,7 @@
 
 #include <cerrno>
 
-#include "client/IpcNamespace.h"
+#include "client/lib/IpcNamespace.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/Json.h"
+#include "client/lib/Json.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/ListReply.h"
+#include <lectern/ListReply.h>
 
 #include <gmock/gmock.h>
 

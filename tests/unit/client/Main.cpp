@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "client/IpcNamespace.h"
+#include "client/lib/IpcNamespace.h"
 #include "client/command/Interrupt.h"
 
 int main(int argc, char** argv) {

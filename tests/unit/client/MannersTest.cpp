@@ -4,8 +4,8 @@
 
 #include <chrono>
 
-#include "client/Document.h"
-#include "client/EventCalls.h"
+#include <lectern/Document.h>
+#include <lectern/EventCalls.h>
 #include "tests/unit/client/FakeService.h"
 
 namespace {

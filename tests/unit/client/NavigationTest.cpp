@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/Navigation.h"
+#include <lectern/Navigation.h>
 
 #include <gmock/gmock.h>
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 // Opens that take long: told of, given up, made in the background.
-#include "client/Opening.h"
+#include <lectern/Opening.h>
 
 #include <gmock/gmock.h>
 
-#include "client/GLibHolder.h"
-#include "client/Json.h"
+#include "client/lib/GLibHolder.h"
+#include "client/lib/Json.h"
 #include "tests/unit/client/FakeService.h"
 #include "tests/unit/client/Told.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/PptCalls.h"
+#include <lectern/PptCalls.h>
 
 #include "tests/unit/client/CallsFixture.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/PrivateBus.h"
+#include "client/lib/PrivateBus.h"
 
 #include <gmock/gmock.h>
 #include <sys/prctl.h>
@@ -11,8 +11,8 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "client/Bus.h"
-#include "client/Spawn.h"
+#include <lectern/Bus.h>
+#include "client/lib/Spawn.h"
 
 namespace {
 

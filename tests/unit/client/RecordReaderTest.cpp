@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/RecordReader.h"
+#include "client/lib/RecordReader.h"
 
 #include <gtest/gtest.h>
 

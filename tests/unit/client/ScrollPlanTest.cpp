@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/ScrollPlan.h"
+#include "client/lib/ScrollPlan.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/Service.h"
+#include <lectern/Service.h>
 
 #include <gtest/gtest.h>
 #include <sys/socket.h>
@@ -10,8 +10,8 @@
 #include <cstring>
 #include <filesystem>
 
-#include "client/FileDescriptor.h"
-#include "client/Programs.h"
+#include "base/FileDescriptor.h"
+#include "client/lib/Programs.h"
 #include "tests/unit/client/FakeService.h"
 
 namespace {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/StateSegment.h"
+#include <lectern/StateSegment.h>
 
 #include <gtest/gtest.h>
 #include <sys/shm.h>

@@ -24,9 +24,9 @@ status=0
 ./pan || status=$?
 [ "$status" = 2 ] || { echo "the program ended with $status" >&2; exit 1; }
 
-for header in include/lectern/client/*.h; do
+for header in include/lectern/*.h; do
     # shellcheck disable=SC2046
-    echo "#include <client/$(basename "$header")>" | c++ -std=c++20 -fsyntax-only -x c++ $(pkg-config --cflags lectern-client) - \
+    echo "#include <lectern/$(basename "$header")>" | c++ -std=c++20 -fsyntax-only -x c++ $(pkg-config --cflags lectern-client) - \
         || { echo "$header does not stand alone" >&2; exit 1; }
 done
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // What is read from metafiles, put together here action by action.
-#include "engine/office/slide/MetafileText.h"
+#include "engine/layout/MetafileText.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "engine/office/slide/PicturePlaces.h"
+#include "engine/layout/PicturePlaces.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,206 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <lectern/Bus.h>
+
+#include <optional>
+#include <utility>
+
+#include "client/lib/BusMessages.h"
+#include "client/lib/LateReply.h"
+
+namespace lectern {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+constexpr unsigned int betweenProgressMs = 250;
+
+// A GCancellable that follows a stop token for the length of a call.
+class Cancellation {
+public:
+    explicit Cancellation(const std::stop_token& stop)
+        : mCancellable(g_cancellable_new()),
+          mCallback(stop, [cancellable = mCancellable.get()] { g_cancellable_cancel(cancellable); }) {}
+
+    GCancellable* get() const { return mCancellable.get(); }
+
+private:
+    using Action = std::function<void()>;
+    GLibHolder<GCancellable> mCancellable;
+    std::stop_callback<Action> mCallback;
+};
+
+// A call that its thread waits for in a main context of its own, so that it can
+// tell the caller meanwhile how long it has taken.
+class PendingCall {
+public:
+    explicit PendingCall(const CallLimits& limits)
+        : mLimits(limits), mContext(g_main_context_new()), mStart(Clock::now()) {
+        g_main_context_push_thread_default(mContext.get());
+    }
+    ~PendingCall() { g_main_context_pop_thread_default(mContext.get()); }
+    PendingCall(const PendingCall&) = delete;
+    PendingCall& operator=(const PendingCall&) = delete;
+
+    // The serial number of the message.
+    uint32_t send(GDBusConnection* connection, GDBusMessage* message, GCancellable* cancellable) {
+        uint32_t serial = 0;
+        g_dbus_connection_send_message_with_reply(connection, message, G_DBUS_SEND_MESSAGE_FLAGS_NONE,
+                                                  static_cast<int>(mLimits.timeout.count()), &serial,
+                                                  cancellable, &PendingCall::ended, this);
+        return serial;
+    }
+
+    // Null with an error.
+    GLibHolder<GDBusMessage> wait(GDBusConnection* connection, GError** failure) {
+        const GLibHolder<GSource> ticks(g_timeout_source_new(betweenProgressMs));
+        if (mLimits.onProgress) {
+            g_source_set_callback(ticks.get(), &PendingCall::tick, this, nullptr);
+            g_source_attach(ticks.get(), mContext.get());
+        }
+        while (!mResult) {
+            g_main_context_iteration(mContext.get(), TRUE);
+        }
+        g_source_destroy(ticks.get());
+        return GLibHolder<GDBusMessage>(
+            g_dbus_connection_send_message_with_reply_finish(connection, mResult.get(), failure));
+    }
+
+private:
+    static void ended(GObject* /*connection*/, GAsyncResult* result, void* self) {
+        static_cast<PendingCall*>(self)->mResult.reset(static_cast<GAsyncResult*>(g_object_ref(result)));
+    }
+    static gboolean tick(void* self) {
+        const auto* call = static_cast<PendingCall*>(self);
+        call->mLimits.onProgress(
+            std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - call->mStart));
+        return G_SOURCE_CONTINUE;
+    }
+
+    const CallLimits& mLimits;
+    GLibHolder<GMainContext> mContext;
+    const Clock::time_point mStart;
+    GLibHolder<GAsyncResult> mResult;
+};
+
+bool isGivenUp(const Error& error) {
+    return error.kind == Error::Kind::cancelled || error.kind == Error::Kind::timedOut;
+}
+
+} // namespace
+
+Bus::Bus(_GDBusConnection* owned) : mConnection(owned, [](GDBusConnection* held) { g_object_unref(held); }) {}
+
+Result<Bus> Bus::connect(const std::string& address, const std::stop_token& stop) {
+    const Cancellation cancellation(stop);
+    GError* failure = nullptr;
+    GDBusConnection* connection = g_dbus_connection_new_for_address_sync(
+        address.c_str(),
+        static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                                          G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
+        nullptr, cancellation.get(), &failure);
+    if (connection == nullptr) {
+        const GLibHolder<GError> owner(failure);
+        return busError(failure, "connect");
+    }
+    LateReply::prepare(connection);
+    return Bus(connection);
+}
+
+Result<std::string> Bus::call(const char* category, const char* method, const std::string& payload,
+                              const CallLimits& limits) const {
+    Result<Reply> reply = request(category, method, payload, limits);
+    if (!reply) {
+        return reply.error();
+    }
+    return std::move(reply->text);
+}
+
+Result<Reply> Bus::request(const char* category, const char* method, const std::string& payload,
+                           const CallLimits& limits, LateHandler late) const {
+    const auto message = makeCall(category, method, payload, serviceName);
+    if (!message) {
+        return notBusText();
+    }
+    const Cancellation cancellation(limits.stop);
+    std::optional<LateReply> lateReply;
+    PendingCall pending(limits);
+    const auto send = [&] { return pending.send(connection(), message.get(), cancellation.get()); };
+    if (late) {
+        lateReply.emplace(*this, std::move(late)).send(send);
+    } else {
+        send();
+    }
+    GError* failure = nullptr;
+    const auto reply = pending.wait(connection(), &failure);
+    if (reply) {
+        return readReply(reply.get(), method);
+    }
+    const GLibHolder<GError> owner(failure);
+    Error error = busError(failure, method);
+    if (lateReply && isGivenUp(error)) {
+        lateReply->giveUp();
+    }
+    return error;
+}
+
+Failure Bus::post(const char* category, const char* method, const std::string& payload,
+                  const std::string& destination) const {
+    const auto message = makeCall(category, method, payload, destination);
+    if (!message) {
+        return notBusText();
+    }
+    g_dbus_message_set_flags(message.get(),
+                             static_cast<GDBusMessageFlags>(G_DBUS_MESSAGE_FLAGS_NO_REPLY_EXPECTED |
+                                                            G_DBUS_MESSAGE_FLAGS_NO_AUTO_START));
+    GError* failure = nullptr;
+    if (g_dbus_connection_send_message(connection(), message.get(), G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr,
+                                       &failure) == FALSE) {
+        const GLibHolder<GError> owner(failure);
+        return busError(failure, method);
+    }
+    return std::nullopt;
+}
+
+Failure Bus::flush() const {
+    GError* failure = nullptr;
+    if (g_dbus_connection_flush_sync(connection(), nullptr, &failure) == FALSE) {
+        const GLibHolder<GError> owner(failure);
+        return busError(failure, "flush");
+    }
+    return std::nullopt;
+}
+
+bool Bus::isClosed() const {
+    return g_dbus_connection_is_closed(connection()) != FALSE;
+}
+
+bool Bus::serviceRuns(const std::string& name) const {
+    gboolean runs = FALSE;
+    if (const auto reply =
+            askDaemon(connection(), "NameHasOwner", g_variant_new("(s)", name.c_str()), "(b)")) {
+        g_variant_get(reply.get(), "(b)", &runs);
+    }
+    return runs != FALSE;
+}
+
+bool Bus::offersService() const {
+    if (serviceRuns()) {
+        return true;
+    }
+    const auto names = askDaemon(connection(), "ListActivatableNames", nullptr, "(as)");
+    if (!names) {
+        return false;
+    }
+    const GLibHolder<GVariant> list(g_variant_get_child_value(names.get(), 0));
+    GVariantIter iterator;
+    g_variant_iter_init(&iterator, list.get());
+    const char* name = nullptr;
+    while (g_variant_iter_next(&iterator, "&s", &name) != FALSE) {
+        if (g_str_equal(name, serviceName) != FALSE) {
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace lectern

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/lib/Decoding.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "channel/DocAdapterCommon.h"
+
+namespace lectern {
+
+namespace {
+
+struct Decoding {
+    ClientMessageId id;
+    void (*tell)(const ViewEvents& events, const ViewRecord& record);
+};
+
+template<auto Callback>
+void plainly(const ViewEvents& events, const ViewRecord& /*record*/) {
+    if (events.*Callback) {
+        (events.*Callback)();
+    }
+}
+
+constexpr Decoding decodings[] = {
+    {_INVALIDATED, plainly<&ViewEvents::onInvalidated>},
+    {_HYPERLINK, plainly<&ViewEvents::onLinkTapped>},
+    {_COMMENT_TAPPED, plainly<&ViewEvents::onCommentTapped>},
+    {_CLICK_UNUSED, plainly<&ViewEvents::onClickUnused>},
+    {_COLUMN_SELECTED, plainly<&ViewEvents::onColumnSelected>},
+    {_TRACKS_SELECTED, plainly<&ViewEvents::onTracksSelected>},
+    {_TRACK_RESIZED, plainly<&ViewEvents::onTrackResized>},
+    {_SLIDE_CHANGED,
+     [](const ViewEvents& events, const ViewRecord& record) {
+         if (events.onSlideChanged) {
+             events.onSlideChanged(record.value);
+         }
+     }},
+    {_OPENED,
+     [](const ViewEvents& events, const ViewRecord& record) {
+         if (events.onOpened) {
+             events.onOpened(record.extra);
+         }
+     }},
+};
+
+} // namespace
+
+void tell(const ViewEvents& events, const ViewRecord& record) {
+    if (events.onRecord) {
+        events.onRecord(record);
+    }
+    const auto* known = std::find_if(std::begin(decodings), std::end(decodings),
+                                     [&](const Decoding& decoding) { return decoding.id == record.id; });
+    if (known != std::end(decodings)) {
+        known->tell(events, record);
+    }
+}
+
+} // namespace lectern

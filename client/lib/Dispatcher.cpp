@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/lib/Dispatcher.h"
+
+#include <deque>
+#include <mutex>
+#include <utility>
+
+namespace lectern {
+
+struct Dispatcher::Outbox {
+    // Held while tasks run, and by the end that waits for them. Recursive: a
+    // task may be what ends the dispatcher.
+    std::recursive_mutex running;
+    std::mutex mutex; // guards what follows
+    std::deque<std::function<void()>> tasks;
+    bool scheduled = false; // a source in the context will see to the tasks
+    bool closed = false;
+};
+
+namespace {
+
+// Runs a context until the stop, on the thread that is given to it. Holds the
+// context: the thread may be the last to leave.
+void runContext(const std::stop_token& stop, GMainContext* context) {
+    const GLibHolder<GMainContext> held(context);
+    const std::stop_callback wake(stop, [context] { g_main_context_wakeup(context); });
+    g_main_context_push_thread_default(context);
+    while (!stop.stop_requested()) {
+        g_main_context_iteration(context, TRUE);
+    }
+    g_main_context_pop_thread_default(context);
+}
+
+} // namespace
+
+Dispatcher::Dispatcher(GMainContext* context)
+    : mContext(context != nullptr ? g_main_context_ref(context) : g_main_context_new()),
+      mOutbox(std::make_shared<Outbox>()) {
+    if (context == nullptr) {
+        mThread = std::jthread([own = g_main_context_ref(mContext.get())](const std::stop_token& stop) {
+            runContext(stop, own);
+        });
+    }
+}
+
+void Dispatcher::close() {
+    {
+        const std::lock_guard lock(mOutbox->mutex);
+        mOutbox->closed = true;
+        mOutbox->tasks.clear();
+    }
+    const std::lock_guard idle(mOutbox->running);
+}
+
+Dispatcher::~Dispatcher() {
+    close();
+    mThread.request_stop();
+    if (mThread.get_id() == std::this_thread::get_id()) {
+        mThread.detach(); // it ends when this task returns
+    }
+}
+
+void Dispatcher::post(std::function<void()> task) {
+    {
+        const std::lock_guard lock(mOutbox->mutex);
+        if (mOutbox->closed) {
+            return;
+        }
+        mOutbox->tasks.push_back(std::move(task));
+        if (std::exchange(mOutbox->scheduled, true)) {
+            return;
+        }
+    }
+    const GLibHolder<GSource> source(g_idle_source_new());
+    g_source_set_priority(source.get(), G_PRIORITY_DEFAULT);
+    g_source_set_callback(
+        source.get(),
+        [](void* outbox) -> gboolean {
+            return deliverNext(**static_cast<std::shared_ptr<Outbox>*>(outbox)) ? G_SOURCE_CONTINUE
+                                                                                : G_SOURCE_REMOVE;
+        },
+        new std::shared_ptr<Outbox>(mOutbox),
+        [](void* outbox) { delete static_cast<std::shared_ptr<Outbox>*>(outbox); });
+    g_source_attach(source.get(), mContext.get());
+}
+
+// One at a time, so that others have their turn in the context; whether there
+// is one more.
+bool Dispatcher::deliverNext(Outbox& outbox) {
+    const std::lock_guard running(outbox.running);
+    std::function<void()> task;
+    {
+        const std::lock_guard lock(outbox.mutex);
+        if (!outbox.tasks.empty()) {
+            task = std::move(outbox.tasks.front());
+            outbox.tasks.pop_front();
+        }
+    }
+    if (task) {
+        task();
+    }
+    const std::lock_guard lock(outbox.mutex);
+    outbox.scheduled = !outbox.tasks.empty();
+    return outbox.scheduled;
+}
+
+} // namespace lectern

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <lectern/Document.h>
+
+#include <filesystem>
+
+#include "client/lib/DocumentParts.h"
+#include <lectern/EventCalls.h>
+
+namespace lectern {
+
+Result<std::unique_ptr<Document>> Document::open(const Bus& bus, const std::string& path,
+                                                 const OpenOptions& options) {
+    std::error_code unusable;
+    const std::string absolute = std::filesystem::absolute(path, unusable);
+    if (unusable) {
+        return Error{Error::Kind::argument, "'" + path + "' is not a path", 0, {}};
+    }
+    Result<FrameBuffer> frame = FrameBuffer::create(options.width, options.height);
+    if (!frame) {
+        return frame.error();
+    }
+    auto parts = std::make_unique<Parts>(bus, absolute, options, std::move(*frame));
+    const CallLimits limits{options.timeout, options.stop, options.onProgress};
+    if (Failure failure = parts->open(options.restoreFrom, limits)) {
+        return *failure;
+    }
+    return std::unique_ptr<Document>(new Document(std::move(parts)));
+}
+
+Document::Document(std::unique_ptr<Parts> parts) : mParts(std::move(parts)) {}
+
+Document::~Document() = default;
+
+Failure Document::reopen() {
+    return reopen({mParts->options.timeout, {}, mParts->options.onProgress});
+}
+
+Failure Document::reopen(const CallLimits& limits) {
+    return mParts->open(stateIdentifier(), limits);
+}
+
+const Bus& Document::bus() const {
+    return mParts->bus;
+}
+
+int Document::docid() const {
+    return mParts->view()->docid();
+}
+
+DocumentKind Document::kind() const {
+    return static_cast<DocumentKind>(mParts->view()->kind());
+}
+
+const FrameBuffer& Document::frame() const {
+    return mParts->frame;
+}
+
+ViewState Document::state() const {
+    return mParts->view()->state().read();
+}
+
+unsigned int Document::stateIdentifier() const {
+    return mParts->view()->state().identifier();
+}
+
+Failure Document::paint(const CallLimits& limits) {
+    return mParts->paint(limits);
+}
+
+void Document::requestPaint() {
+    mParts->requestPaint(true);
+}
+
+void Document::settle() const {
+    mParts->settle();
+}
+
+} // namespace lectern

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: Apache-2.0
+// What fingers, pens and keys do to a document.
+#include "client/lib/DocumentParts.h"
+#include <lectern/EventCalls.h>
+
+namespace lectern {
+
+Failure Document::penDown(int x, int y) {
+    return mParts->sendPen(_PEN_DOWN, x, y);
+}
+
+Failure Document::penMove(int x, int y) {
+    return mParts->sendPen(_PEN_MOVE, x, y);
+}
+
+Failure Document::penUp(int x, int y) {
+    return mParts->sendPen(_PEN_UP, x, y);
+}
+
+Failure Document::keyDown(int key, int modifiers) {
+    return mParts->sendPoint(_KEY_DOWN, key, modifiers);
+}
+
+Failure Document::keyUp(int key, int modifiers) {
+    return mParts->sendPoint(_KEY_UP, key, modifiers);
+}
+
+Failure Document::gestureStart(double factor) {
+    return mParts->sendFactor(_GESTURE_START, factor);
+}
+
+Failure Document::gestureChange(double factor) {
+    return mParts->sendFactor(_GESTURE_CHANGE, factor);
+}
+
+Failure Document::gestureEnd(double factor) {
+    return mParts->sendFactor(_GESTURE_END, factor);
+}
+
+Failure Document::wideMode(bool on) {
+    ClientServerMessage message(_WIDE_MODE, 0);
+    message.setReals(0, 0);
+    message.setFlag(on);
+    return mParts->send(message);
+}
+
+Failure Document::click(int x, int y, const CallLimits& limits) {
+    return mParts->ask([&](const Bus& bus, int id) { return events::handleClick(bus, id, x, y, limits); });
+}
+
+Failure Document::doubleClick(int x, int y, const CallLimits& limits) {
+    return mParts->ask(
+        [&](const Bus& bus, int id) { return events::handleDoubleClick(bus, id, x, y, limits); });
+}
+
+Failure Document::flick(int velocityX, int velocityY, const CallLimits& limits) {
+    return mParts->flick(velocityX, velocityY, limits);
+}
+
+Failure Document::comeToRest(const CallLimits& limits) {
+    return mParts->comeToRest(limits);
+}
+
+} // namespace lectern

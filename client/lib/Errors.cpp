@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/lib/Errors.h"
+
+#include <system_error>
+
+#include "modules/ModuleResults.h"
+
+namespace lectern {
+
+std::string moduleResultText(int code) {
+    switch (code) {
+    case MODULE_OK:
+        return "nothing is wrong with it";
+    case MODULE_FAILED:
+        return "the rendering engine failed; with LECTERN_VERBOSE=1 in the environment it says more";
+    case MODULE_NOT_FOUND:
+        return "there is no such file; check the path";
+    case MODULE_NOT_A_FILE:
+        return "it is not a regular file; give the path of a document";
+    case MODULE_NOT_READABLE:
+        return "it cannot be read; check its permissions";
+    case MODULE_DAMAGED:
+        return "it is damaged or incomplete; try another copy";
+    case MODULE_WRONG_KIND:
+        return "its contents do not fit its name; rename it to the extension of its kind";
+    case MODULE_NEEDS_PASSWORD:
+        return "it needs a password; give one with --password";
+    case MODULE_WRONG_PASSWORD:
+        return "the password is wrong; give the right one with --password";
+    case MODULE_TIMED_OUT:
+        return "it takes too long to lay out; try a smaller document";
+    case MODULE_ENGINE_LOST:
+        return "the rendering engine stopped while it worked on it; try again, or try another copy";
+    case MODULE_NO_ENGINE:
+        return "no rendering engine can be started; check that LibreOffice is installed";
+    case MODULE_BAD_ARGUMENT:
+        return "the rendering engine was asked for something impossible; try another size";
+    case MODULE_NOT_SUPPORTED:
+        return "its kind is not supported by the rendering module";
+    case MODULE_NOTHING_THERE:
+        return "there is nothing in it to show";
+    case MODULE_TOO_LARGE:
+        return "it needs more memory than a document may take; try a smaller one";
+    default:
+        return "the rendering module does not say why";
+    }
+}
+
+Error documentError(const std::string& path, int code) {
+    return {Error::Kind::document,
+            "cannot open '" + path + "': " + moduleResultText(code) + " (code " + std::to_string(code) + ")",
+            code,
+            {}};
+}
+
+Error refusalError(const std::string& errorCode, const std::string& errorText) {
+    std::string text;
+    if (errorCode == "errDocType") {
+        text = "the kind of the document cannot be told from its name; "
+               "it must end in .doc, .docx, .txt, .xls, .xlsx, .ppt or .pptx";
+    } else if (errorCode == "errDoesNotExist") {
+        text = "the service no longer knows the document; open it again";
+    } else if (errorCode == "errWrongType") {
+        text = "the document is of another kind (" + errorText + ")";
+    } else if (errorCode == "errParamFailed") {
+        text = "the service cannot use what it was given (" + errorText + ")";
+    } else {
+        text = "the service refused: " + errorText;
+    }
+    return {Error::Kind::refused, text + " (" + errorCode + ")", 0, errorCode};
+}
+
+Error systemError(const std::string& attempt, int errorNumber) {
+    return {
+        Error::Kind::system, attempt + ": " + std::generic_category().message(errorNumber), errorNumber, {}};
+}
+
+} // namespace lectern

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <string>
+
+#include <lectern/Result.h>
+
+namespace lectern {
+
+// What a rendering module's result code means and what can be done about it,
+// as half a sentence: "it is protected by a password; ...".
+std::string moduleResultText(int code);
+
+// The error of an open that ended with this code (not 0).
+Error documentError(const std::string& path, int code);
+
+// The error for a reply's "errorCode" and "errorText".
+Error refusalError(const std::string& errorCode, const std::string& errorText);
+
+// The error for a failed system call: what was tried, and the error number.
+Error systemError(const std::string& attempt, int errorNumber);
+
+} // namespace lectern

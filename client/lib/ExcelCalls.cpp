@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <lectern/ExcelCalls.h>
+
+#include "client/lib/Calls.h"
+
+namespace lectern::excel {
+
+namespace {
+
+constexpr char category[] = "/excel";
+
+} // namespace
+
+Result<std::string> getSheetList(const Bus& bus, int docid, const CallLimits& limits) {
+    return bus.call(category, "getSheetList", documentPayload(docid).text(), limits);
+}
+
+Result<int> jumpToSheet(const Bus& bus, int docid, int sheet, const CallLimits& limits) {
+    return queryInteger(bus, category, "jumpToSheet", documentPayload(docid).add("sheet", sheet), "cursheet",
+                        limits);
+}
+
+Result<int> getColumnCount(const Bus& bus, int docid, const CallLimits& limits) {
+    return queryInteger(bus, category, "getColumnCount", documentPayload(docid), "columncnt", limits);
+}
+
+Result<std::string> getLastComment(const Bus& bus, int docid, const CallLimits& limits) {
+    return bus.call(category, "getLastComment", documentPayload(docid).text(), limits);
+}
+
+Result<int> sortAscending(const Bus& bus, int docid, const CallLimits& limits) {
+    return queryInteger(bus, category, "sortAscending", documentPayload(docid), "column", limits);
+}
+
+Result<int> sortDescending(const Bus& bus, int docid, const CallLimits& limits) {
+    return queryInteger(bus, category, "sortDescending", documentPayload(docid), "column", limits);
+}
+
+Failure resizeMode(const Bus& bus, int docid, bool on, const CallLimits& limits) {
+    return command(bus, category, "resizeMode",
+                   documentPayload(docid).add("mode", std::string(on ? "on" : "off")), limits);
+}
+
+Failure hideSelection(const Bus& bus, int docid, const CallLimits& limits) {
+    return command(bus, category, "hideSelection", documentPayload(docid), limits);
+}
+
+Failure unhideSelection(const Bus& bus, int docid, const CallLimits& limits) {
+    return command(bus, category, "unhideSelection", documentPayload(docid), limits);
+}
+
+Failure unhideAll(const Bus& bus, int docid, const CallLimits& limits) {
+    return command(bus, category, "unhideAll", documentPayload(docid), limits);
+}
+
+// The key is the service's, whatever it may suggest.
+Failure copySelection(const Bus& bus, int docid, const std::string& path, const CallLimits& limits) {
+    return command(bus, category, "copySelection", documentPayload(docid).add("column", path), limits);
+}
+
+} // namespace lectern::excel

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <lectern/FrameBuffer.h>
+
+#include <sys/ipc.h>
+#include <sys/shm.h>
+
+#include <cerrno>
+
+#include "client/lib/Errors.h"
+
+namespace lectern {
+
+static_assert(FrameBuffer::sizeFor(FrameBuffer::maxSide, FrameBuffer::maxSide) <= INT32_MAX,
+              "the size crosses the bus as a signed number");
+
+namespace {
+
+// An identifier, or -1 with errno set. Identifiers start at 0 in a fresh
+// namespace: such a segment is held until the next one is made, then removed.
+int makeSegment(size_t size) {
+    const int identifier = shmget(IPC_PRIVATE, size, IPC_CREAT | 0600);
+    if (identifier != 0) {
+        return identifier;
+    }
+    const int next = shmget(IPC_PRIVATE, size, IPC_CREAT | 0600);
+    const int failure = errno;
+    shmctl(identifier, IPC_RMID, nullptr);
+    errno = failure;
+    return next;
+}
+
+} // namespace
+
+Result<FrameBuffer> FrameBuffer::create(int width, int height) {
+    if (width < 1 || height < 1 || width > maxSide || height > maxSide) {
+        return Error{Error::Kind::argument,
+                     "a view is 1 to " + std::to_string(maxSide) + " pixels wide and high, not " +
+                         std::to_string(width) + "x" + std::to_string(height),
+                     0,
+                     {}};
+    }
+    const int identifier = makeSegment(sizeFor(width, height));
+    if (identifier < 0) {
+        return systemError("cannot make a frame buffer", errno);
+    }
+    Attachment attachment(identifier);
+    const int failure = errno;
+    shmctl(identifier, IPC_RMID, nullptr);
+    if (!attachment.attached()) {
+        return systemError("cannot attach the frame buffer", failure);
+    }
+    return FrameBuffer(width, height, identifier, std::move(attachment));
+}
+
+} // namespace lectern

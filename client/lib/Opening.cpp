@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <lectern/Opening.h>
+
+#include <thread>
+#include <utility>
+
+#include "client/lib/Dispatcher.h"
+
+namespace lectern {
+
+namespace {
+
+class OpeningThread : public Opening {
+public:
+    OpeningThread(const Bus& bus, std::string path, OpenOptions options, OnOpened onOpened)
+        : mDispatcher(std::make_shared<Dispatcher>(options.context)),
+          mThread([this, bus, path = std::move(path), options = std::move(options),
+                   onOpened = std::move(onOpened)](const std::stop_token& stop) mutable {
+              run(bus, path, std::move(options), std::move(onOpened), stop);
+          }) {}
+
+    ~OpeningThread() override { mDispatcher->close(); }
+
+private:
+    void run(const Bus& bus, const std::string& path, OpenOptions options, OnOpened onOpened,
+             const std::stop_token& stop) {
+        // Ended by either: the caller's token and that of this object's end.
+        std::stop_source either;
+        const auto end = [&either] { either.request_stop(); };
+        const std::stop_callback callers(std::exchange(options.stop, either.get_token()), end);
+        const std::stop_callback own(stop, end);
+        if (options.onProgress) {
+            // The document keeps its options for longer than the opening lives.
+            options.onProgress = [loop = std::weak_ptr(mDispatcher),
+                                  tell = std::move(options.onProgress)](auto elapsed) {
+                if (const auto dispatcher = loop.lock()) {
+                    dispatcher->post([tell, elapsed] { tell(elapsed); });
+                }
+            };
+        }
+        auto opened = std::make_shared<Result<std::unique_ptr<Document>>>(Document::open(bus, path, options));
+        mDispatcher->post(
+            [opened = std::move(opened), onOpened = std::move(onOpened)] { onOpened(std::move(*opened)); });
+    }
+
+    std::shared_ptr<Dispatcher> mDispatcher;
+    std::jthread mThread; // last: it uses the dispatcher
+};
+
+} // namespace
+
+std::unique_ptr<Opening> Opening::start(const Bus& bus, const std::string& path, OpenOptions options,
+                                        OnOpened onOpened) {
+    return std::make_unique<OpeningThread>(bus, path, std::move(options), std::move(onOpened));
+}
+
+} // namespace lectern

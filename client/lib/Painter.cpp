@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/lib/Painter.h"
+
+#include <utility>
+
+namespace lectern {
+
+Painter::Painter(std::shared_ptr<const ViewEvents> events, const FrameBuffer& frame, Dispatcher& dispatcher,
+                 Paint paint)
+    : mEvents(std::move(events)), mFrame(frame), mDispatcher(dispatcher), mPaint(std::move(paint)),
+      mThread([this](const std::stop_token& stop) { run(stop); }) {}
+
+void Painter::request(bool afterInput) {
+    const std::lock_guard lock(mState->mutex);
+    mState->wanted = true;
+    mState->afterInput = mState->afterInput || afterInput;
+    mState->changed.notify_all();
+}
+
+bool Painter::awaitRequest(const std::stop_token& stop, bool& afterInput) {
+    std::unique_lock lock(mState->mutex);
+    if (!mState->changed.wait(lock, stop, [this] { return mState->wanted; })) {
+        return false;
+    }
+    mState->wanted = false;
+    afterInput = std::exchange(mState->afterInput, false);
+    return true;
+}
+
+void Painter::run(const std::stop_token& stop) {
+    bool afterInput = false;
+    while (awaitRequest(stop, afterInput)) {
+        const auto next = std::chrono::steady_clock::now() + framePeriod;
+        if (const Failure failure = mPaint(afterInput, stop); !failure) {
+            show(stop);
+        } else if (failure->kind != Error::Kind::gone && failure->kind != Error::Kind::cancelled) {
+            mDispatcher.post([events = mEvents, error = *failure] {
+                if (events->onPaintFailed) {
+                    events->onPaintFailed(error);
+                }
+            });
+        }
+        std::unique_lock lock(mState->mutex);
+        mState->changed.wait_until(lock, stop, next, [] { return false; });
+    }
+}
+
+// Returns when the frame may be painted over.
+void Painter::show(const std::stop_token& stop) {
+    std::unique_lock lock(mState->mutex);
+    mState->lookedAt = true;
+    mDispatcher.post([events = mEvents, state = mState, &frame = mFrame] {
+        events->onFrame(frame);
+        const std::lock_guard looked(state->mutex);
+        state->lookedAt = false;
+        state->changed.notify_all();
+    });
+    mState->changed.wait(lock, stop, [this] { return !mState->lookedAt; });
+}
+
+} // namespace lectern

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/lib/PrivateBus.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <string_view>
+#include <utility>
+
+#include "client/lib/Errors.h"
+#include "client/lib/Programs.h"
+#include "client/lib/Spawn.h"
+
+namespace lectern {
+
+namespace {
+
+constexpr int startTimeoutMs = 10'000;
+// How the keeper's one line begins when the bus runs; anything else is why not.
+constexpr std::string_view addressMark = "address ";
+
+struct Pipe {
+    FileDescriptor read;
+    FileDescriptor write;
+};
+
+Result<Pipe> makePipe() {
+    int ends[2];
+    if (pipe2(ends, O_CLOEXEC) != 0) {
+        return systemError("cannot make a pipe", errno);
+    }
+    return Pipe{FileDescriptor(ends[0]), FileDescriptor(ends[1])};
+}
+
+// One line without its end; what came until the time was up or the writer gone.
+std::string readLine(int descriptor) {
+    std::string line;
+    pollfd waiting{descriptor, POLLIN, 0};
+    while (poll(&waiting, 1, startTimeoutMs) > 0 || errno == EINTR) {
+        char buffer[512];
+        const ssize_t count = read(descriptor, buffer, sizeof buffer);
+        if (count <= 0) {
+            break;
+        }
+        line.append(buffer, static_cast<size_t>(count));
+        if (line.back() == '\n') {
+            line.pop_back();
+            break;
+        }
+    }
+    return line;
+}
+
+} // namespace
+
+Result<PrivateBus> PrivateBus::start(Complaints complaints) {
+    const std::string service = findProgram("lectern-service", "LECTERN_SERVICE");
+    const std::string keeper = findProgram("lectern-keeper", "LECTERN_KEEPER");
+    if (service.empty() || keeper.empty()) {
+        return Error{Error::Kind::system,
+                     std::string("cannot find the program ") +
+                         (service.empty() ? "lectern-service" : "lectern-keeper") +
+                         "; check the installation",
+                     ENOENT,
+                     {}};
+    }
+    Result<Pipe> life = makePipe();
+    Result<Pipe> answer = makePipe();
+    if (!life || !answer) {
+        return life ? answer.error() : life.error();
+    }
+    const bool hidden = complaints == Complaints::hidden && std::getenv("LECTERN_VERBOSE") == nullptr;
+    const Result<pid_t> child =
+        spawn(keeper, {service}, {life->read.get(), answer->write.get(), hidden ? -1 : STDERR_FILENO});
+    if (!child) {
+        return child.error();
+    }
+    PrivateBus bus(*child, std::move(life->write));
+    answer->write.reset();
+    const std::string line = readLine(answer->read.get());
+    if (line.rfind(addressMark, 0) != 0) {
+        return Error{Error::Kind::bus, line.empty() ? "the private bus does not start" : line, 0, {}};
+    }
+    bus.mAddress = line.substr(addressMark.size());
+    return bus;
+}
+
+PrivateBus::PrivateBus(PrivateBus&& other) noexcept
+    : mKeeper(std::exchange(other.mKeeper, -1)), mLife(std::move(other.mLife)),
+      mAddress(std::move(other.mAddress)) {}
+
+PrivateBus::~PrivateBus() {
+    if (mKeeper == -1) {
+        return;
+    }
+    mLife.reset();
+    waitForExit(mKeeper);
+}
+
+} // namespace lectern

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/lib/Programs.h"
+
+#include <dlfcn.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+#include "client/lib/GLibHolder.h"
+
+namespace lectern {
+
+namespace {
+
+using std::filesystem::path;
+
+path ownFolder() {
+    std::error_code failure;
+    return std::filesystem::read_symlink("/proc/self/exe", failure).parent_path();
+}
+
+// Of the library that this code is in, or of the program where it is linked in.
+path libraryFolder() {
+    Dl_info self{};
+    std::error_code failure;
+    return dladdr(reinterpret_cast<const void*>(&ownFolder), &self) != 0
+               ? std::filesystem::canonical(self.dli_fname, failure).parent_path()
+               : path();
+}
+
+// In a folder, or in the installation that it is part of: libraries may lie two
+// levels deep, as in lib/x86_64-linux-gnu.
+std::string findAround(const path& folder, const char* name) {
+    const path up = folder.parent_path();
+    for (const path& candidate :
+         {folder / name, up / "bin" / name, up / "libexec" / "lectern" / name,
+          up.parent_path() / "bin" / name, up.parent_path() / "libexec" / "lectern" / name}) {
+        if (!folder.empty() && access(candidate.c_str(), X_OK) == 0) {
+            return candidate;
+        }
+    }
+    return {};
+}
+
+} // namespace
+
+std::string findProgram(const char* name, const char* overridingVariable) {
+    if (const char* path = std::getenv(overridingVariable); path != nullptr && *path != '\0') {
+        return path;
+    }
+    for (const std::filesystem::path& folder : {ownFolder(), libraryFolder()}) {
+        if (std::string found = findAround(folder, name); !found.empty()) {
+            return found;
+        }
+    }
+    const GLibHolder<char> onPath(g_find_program_in_path(name));
+    return onPath ? onPath.get() : "";
+}
+
+} // namespace lectern

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/lib/RecordReader.h"
+
+#include <unistd.h>
+
+#include <cstdint>
+
+namespace lectern {
+
+namespace {
+
+// A blocked read can only be ended by a record: one of this id, which no service
+// uses, that the reader sends to itself.
+constexpr auto wakeId = static_cast<ClientMessageId>(-1);
+constexpr std::chrono::milliseconds beforeNextWake{20};
+
+} // namespace
+
+Result<std::unique_ptr<RecordReader>> RecordReader::start(long address, Handler handler,
+                                                          std::function<void()> onQueueGone) {
+    std::unique_ptr<RecordReader> reader(
+        new RecordReader(address, std::move(handler), std::move(onQueueGone)));
+    if (Failure failure = reader->mQueue.connect()) {
+        reader->mEnded = true;
+        return *failure;
+    }
+    reader->mThread = std::thread([self = reader.get()] { self->run(); });
+    return reader;
+}
+
+RecordReader::~RecordReader() {
+    // The record may find no room, or be thrown away by a service that needs
+    // some: it is sent until it has arrived.
+    while (!mEnded) {
+        if (!mWoken) {
+            stop();
+        }
+        for (auto waited = std::chrono::milliseconds(0); !mEnded && waited < beforeNextWake; ++waited) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
+        mWoken = false;
+    }
+    if (mThread.joinable()) {
+        mThread.join();
+    }
+}
+
+void RecordReader::stop() {
+    mWoken = mQueue.tryPost(wakeRecord());
+}
+
+// Unlike that of any other reader: one that was sent twice may still be there
+// when the next reader of the address starts.
+ServerClientMessage RecordReader::wakeRecord() const {
+    ServerClientMessage record(mAddress, wakeId);
+    record.value = getpid();
+    record.extra = static_cast<int32_t>(reinterpret_cast<uintptr_t>(this) / alignof(RecordReader));
+    return record;
+}
+
+void RecordReader::run() {
+    const ServerClientMessage ownWake = wakeRecord();
+    ServerClientMessage message;
+    while (mQueue.isOpen()) {
+        if (mQueue.ReadMessage(mAddress, message, DocAdapterMessageQueue::TIMEOUT_INFINITE) < 0) {
+            continue; // interrupted, or the queue is gone and no longer open
+        }
+        if (message.id != wakeId) {
+            mHandler(message);
+        } else if (message.value == ownWake.value && message.extra == ownWake.extra) {
+            mEnded = true;
+            return;
+        }
+    }
+    mEnded = true;
+    if (mOnQueueGone) {
+        mOnQueueGone();
+    }
+}
+
+} // namespace lectern

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/lib/ScrollPlan.h"
+
+#include <algorithm>
+
+namespace lectern {
+
+namespace {
+
+// A drag may happen to end where it began although the view moved under it,
+// when rows are counted anew; two of different lengths do not.
+constexpr int stallsAtEdge = 2;
+// Far beyond any document; ends a plan against a view that does not obey.
+constexpr int mostDrags = 100'000;
+
+// One axis of a drag that scrolls by `distance`, or by the part of the longest
+// that `divisor` leaves. No finger starts in the view's first third: there may
+// be headers, which are dragged for other ends.
+struct Stroke {
+    Stroke(long distance, int extent, int divisor) {
+        const int first = distance >= 0 ? extent - 1 : extent / 3;
+        const long longest = distance >= 0 ? first : extent - 1 - first;
+        const long most = std::max(longest / divisor, 1L);
+        from = first;
+        to = from - static_cast<int>(std::clamp(distance, -most, most)); // the document follows the finger
+    }
+    int from;
+    int to;
+};
+
+} // namespace
+
+bool ScrollPlan::done(Point position) {
+    mStalls = mBefore == position ? mStalls + 1 : 0;
+    const bool pushedUp = mBefore && mTarget.y == 0 && mBefore->y <= 0;
+    // A short document follows the finger below its start, and is there for sure.
+    if (pushedUp && (position.y < 0 || mStalls >= stallsAtEdge)) {
+        mStartFound = true;
+    }
+    if (position == mTarget && (mTarget.y != 0 || mStartFound)) {
+        return true;
+    }
+    return mStalls >= stallsAtEdge || mDrags >= mostDrags;
+}
+
+std::optional<Drag> ScrollPlan::next(Point position) {
+    if (done(position)) {
+        return std::nullopt;
+    }
+    const int divisor = mStalls + 1;
+    long down = static_cast<long>(mTarget.y) - position.y;
+    if (down == 0 && mTarget.y == 0 && !mStartFound) {
+        down = -mHeight;
+    }
+    const Stroke horizontal(static_cast<long>(mTarget.x) - position.x, mWidth, divisor);
+    const Stroke vertical(down, mHeight, divisor);
+    mBefore = position;
+    ++mDrags;
+    return Drag{{horizontal.from, vertical.from}, {horizontal.to, vertical.to}};
+}
+
+} // namespace lectern

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <lectern/Service.h>
+
+#include <sys/stat.h>
+
+#include <cstdlib>
+
+#include "client/lib/GLibHolder.h"
+#include "client/lib/IpcNamespace.h"
+#include "client/lib/PrivateBus.h"
+#include "client/lib/Programs.h"
+#include "client/lib/Spawn.h"
+
+namespace lectern {
+
+namespace {
+
+bool offersService(const std::string& address) {
+    const Result<Bus> bus = Bus::connect(address);
+    return bus && bus->offersService();
+}
+
+// The same, asked by the keeper's program: a connection starts threads, and a
+// process with threads can no longer leave its namespaces.
+bool offersServiceAskedByOther(const std::string& address) {
+    const Result<pid_t> child =
+        spawn(findProgram("lectern-keeper", "LECTERN_KEEPER"), {"--offers", address}, {});
+    return child && waitForExit(*child) == 0;
+}
+
+} // namespace
+
+std::optional<std::string> sessionBusAddress() {
+    if (const char* address = std::getenv("DBUS_SESSION_BUS_ADDRESS");
+        address != nullptr && *address != '\0') {
+        return address;
+    }
+    const char* folder = std::getenv("XDG_RUNTIME_DIR");
+    if (folder == nullptr || *folder != '/') {
+        return std::nullopt;
+    }
+    const std::string path = std::string(folder) + "/bus";
+    struct stat status {};
+    if (stat(path.c_str(), &status) != 0 || !S_ISSOCK(status.st_mode)) {
+        return std::nullopt;
+    }
+    const GLibHolder<char> escaped(g_dbus_address_escape_value(path.c_str()));
+    return std::string("unix:path=") + escaped.get();
+}
+
+Result<Service> Service::open(const ServiceOptions& options) {
+    const std::optional<std::string> session = sessionBusAddress();
+    if (session && (options.isolate ? offersServiceAskedByOther(*session) : offersService(*session))) {
+        Result<Bus> bus = Bus::connect(*session, options.stop);
+        if (!bus) {
+            return bus.error();
+        }
+        return Service(nullptr, std::move(*bus));
+    }
+    if (options.isolate) {
+        isolateIpc();
+    }
+    Result<PrivateBus> privateBus = PrivateBus::start();
+    if (!privateBus) {
+        return privateBus.error();
+    }
+    Result<Bus> bus = Bus::connect(privateBus->address(), options.stop);
+    if (!bus) {
+        return bus.error();
+    }
+    return Service(std::make_shared<PrivateBus>(std::move(*privateBus)), std::move(*bus));
+}
+
+} // namespace lectern

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/lib/ServiceWatch.h"
+
+#include <cstring>
+#include <mutex>
+#include <utility>
+
+#include "client/lib/BusMessages.h"
+
+namespace lectern {
+
+struct ServiceWatch::Watch {
+    Watch(std::string uniqueName, std::function<void()> gone)
+        : name(std::move(uniqueName)), onGone(std::move(gone)) {}
+
+    const std::string name;
+    const std::function<void()> onGone;
+    std::mutex mutex; // held while onGone runs
+    bool told = false;
+
+    void tell() {
+        const std::lock_guard lock(mutex);
+        if (!std::exchange(told, true)) {
+            onGone();
+        }
+    }
+
+    // "NameOwnerChanged" with this name and no new owner.
+    bool isEnd(GDBusMessage* message) const {
+        const char* member = g_dbus_message_get_member(message);
+        const char* sender = g_dbus_message_get_sender(message);
+        GVariant* body = g_dbus_message_get_body(message);
+        if (g_dbus_message_get_message_type(message) != G_DBUS_MESSAGE_TYPE_SIGNAL || member == nullptr ||
+            sender == nullptr || body == nullptr || std::strcmp(member, "NameOwnerChanged") != 0 ||
+            std::strcmp(sender, "org.freedesktop.DBus") != 0 ||
+            g_variant_is_of_type(body, G_VARIANT_TYPE("(sss)")) == FALSE) {
+            return false;
+        }
+        const char* changed = nullptr;
+        const char* before = nullptr;
+        const char* now = nullptr;
+        g_variant_get(body, "(&s&s&s)", &changed, &before, &now);
+        return name == changed && *now == '\0';
+    }
+
+    static GDBusMessage* look(GDBusConnection* /*connection*/, GDBusMessage* message, gboolean incoming,
+                              void* data) {
+        Watch& watch = **static_cast<std::shared_ptr<Watch>*>(data);
+        if (incoming != FALSE && watch.isEnd(message)) {
+            watch.tell();
+        }
+        return message;
+    }
+};
+
+ServiceWatch::ServiceWatch(const Bus& bus, const std::string& uniqueName, std::function<void()> onGone)
+    : mBus(bus), mWatch(std::make_shared<Watch>(uniqueName, std::move(onGone))),
+      mRule("type='signal',sender='org.freedesktop.DBus',member='NameOwnerChanged',arg0='" + uniqueName +
+            "'") {
+    mFilter =
+        g_dbus_connection_add_filter(mBus.connection(), &Watch::look, new std::shared_ptr<Watch>(mWatch),
+                                     [](void* watch) { delete static_cast<std::shared_ptr<Watch>*>(watch); });
+    askDaemon(mBus.connection(), "AddMatch", g_variant_new("(s)", mRule.c_str()), nullptr);
+    if (!mBus.serviceRuns(uniqueName)) {
+        mWatch->tell();
+    }
+}
+
+ServiceWatch::~ServiceWatch() {
+    {
+        const std::lock_guard lock(mWatch->mutex);
+        mWatch->told = true;
+    }
+    g_dbus_connection_remove_filter(mBus.connection(), mFilter);
+    askDaemon(mBus.connection(), "RemoveMatch", g_variant_new("(s)", mRule.c_str()), nullptr);
+}
+
+} // namespace lectern

@@ -1,0 +1,222 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/lib/View.h"
+
+#include <utility>
+
+#include "client/lib/Errors.h"
+
+namespace lectern {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+// How long a full queue is waited for; a service that does not read for so long
+// hangs.
+constexpr std::chrono::milliseconds queuePatience{10'000};
+// The opened record follows the reply at once.
+constexpr std::chrono::milliseconds openedPatience{10'000};
+// How often a wait makes sure that the bus is still there.
+constexpr std::chrono::milliseconds betweenChecks{1'000};
+// How long the start of a contact waits for the end of the one before.
+constexpr std::chrono::milliseconds orderPatience{1'000};
+
+Error goneError() {
+    return {Error::Kind::gone, "the document service has stopped; open the document again", 0, {}};
+}
+
+} // namespace
+
+Result<std::shared_ptr<View>> View::open(const Bus& bus, const events::CreateRequest& request,
+                                         const CallLimits& limits, ViewListener listener) {
+    Result<events::CreateReply> created = events::create(bus, request, limits);
+    if (!created) {
+        return created.error();
+    }
+    Result<StateSegment> state = StateSegment::attach(created->state);
+    if (!state) {
+        events::destroy(bus, created->docid, created->owner);
+        return state.error();
+    }
+    std::shared_ptr<View> view(new View(bus, std::move(*created), std::move(*state), std::move(listener)));
+    if (Failure failure = view->listen()) {
+        return *failure;
+    }
+    const Result<int> result = view->openResult({openedPatience, limits.stop, {}});
+    if (!result) {
+        return result.error();
+    }
+    if (*result != 0) {
+        return documentError(request.path, *result);
+    }
+    return view;
+}
+
+Failure View::listen() {
+    if (Failure failure = mQueue.connect()) {
+        return failure;
+    }
+    const auto onGone = [this] { endWith(Life::gone); };
+    auto view = RecordReader::start(
+        static_cast<long>(mState.identifier()),
+        [this](const ServerClientMessage& message) { takeRecord(message); }, onGone);
+    if (!view) {
+        return view.error();
+    }
+    auto paint = RecordReader::start(
+        docid() + DocAdapterMessageQueue::paintDoneBase,
+        [this](const ServerClientMessage& message) { takePaintDone(message); }, onGone);
+    if (!paint) {
+        return paint.error();
+    }
+    Attendants attendants{std::move(*view), std::move(*paint),
+                          std::make_unique<ServiceWatch>(mBus, owner(), onGone),
+                          std::make_unique<KeepAlive>(mBus, KeepAlive::defaultPeriod, onGone)};
+    const std::lock_guard lock(mAttendantsMutex);
+    mAttendants.emplace(std::move(attendants));
+    return std::nullopt;
+}
+
+void View::close() {
+    Life before = Life::closed;
+    {
+        const std::lock_guard lock(mMutex);
+        before = std::exchange(mLife, Life::closed);
+        mArrived.notify_all();
+    }
+    std::optional<Attendants> leaving;
+    {
+        const std::lock_guard lock(mAttendantsMutex);
+        leaving.swap(mAttendants);
+    }
+    leaving.reset(); // may wait for one that wants the mutex
+    if (before == Life::open) {
+        events::destroy(mBus, docid(), owner());
+        mBus.flush();
+    }
+}
+
+// The readers are stopped at once: another client's new document may soon have
+// the numbers that they listen to.
+void View::endWith(Life life) {
+    {
+        const std::lock_guard lock(mMutex);
+        if (mLife != Life::open) {
+            return;
+        }
+        mLife = life;
+        mArrived.notify_all();
+    }
+    {
+        const std::lock_guard lock(mAttendantsMutex);
+        if (mAttendants) {
+            mAttendants->viewReader->stop();
+            mAttendants->paintReader->stop();
+        }
+    }
+    mListener.onGone();
+}
+
+Failure View::ended() const {
+    const std::lock_guard lock(mMutex);
+    return mLife == Life::open ? Failure() : goneError();
+}
+
+void View::takeRecord(const ServerClientMessage& message) {
+    if (message.id == _OPENED) {
+        const std::lock_guard lock(mMutex);
+        mOpenResult = message.extra;
+        mArrived.notify_all();
+    }
+    mListener.onRecord(message);
+}
+
+void View::takePaintDone(const ServerClientMessage& message) {
+    const std::lock_guard lock(mMutex);
+    ++mPaintsDone;
+    mPaintResult = message.value;
+    mArrived.notify_all();
+}
+
+template<typename Condition>
+Failure View::await(const char* what, const CallLimits& limits, Condition condition) {
+    const Clock::time_point start = Clock::now();
+    std::unique_lock lock(mMutex);
+    const auto over = [&] { return condition() || mLife != Life::open; };
+    while (!mArrived.wait_for(lock, limits.stop, betweenChecks, over)) {
+        const auto elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
+        if (limits.stop.stop_requested()) {
+            return Error{Error::Kind::cancelled, "interrupted", 0, {}};
+        }
+        if (mBus.isClosed()) {
+            return goneError();
+        }
+        if (elapsed >= limits.timeout) {
+            return Error{
+                Error::Kind::timedOut, std::string("the service did not ") + what + " in time", 0, {}};
+        }
+        if (limits.onProgress) {
+            lock.unlock();
+            limits.onProgress(elapsed);
+            lock.lock();
+        }
+    }
+    return condition() ? Failure() : goneError();
+}
+
+Result<int> View::openResult(const CallLimits& limits) {
+    if (Failure failure =
+            await("tell how the open ended", limits, [this] { return mOpenResult.has_value(); })) {
+        return *failure;
+    }
+    return *mOpenResult;
+}
+
+// Answers come in the order of the requests: one that comes after its wait has
+// been given up is counted, and not taken for that of a later request.
+Failure View::paint(const CallLimits& limits) {
+    if (Failure failure = send(ClientServerMessage(_PAINT, docid()))) {
+        return failure;
+    }
+    const unsigned int wanted = ++mPaintsAsked;
+    if (Failure failure = await("paint", limits, [this, wanted] { return mPaintsDone >= wanted; })) {
+        return failure;
+    }
+    const std::lock_guard lock(mMutex);
+    return mPaintResult == 0 ? Failure() : refusalError("errDoesNotExist", {});
+}
+
+// The service takes the lowest type first. A pen up may overtake the moves before
+// it, for it says itself where the pen is; a new contact must not overtake the
+// end of the last.
+Failure View::send(ClientServerMessage message) {
+    const bool begins = message.type == _PEN_DOWN || message.type == _GESTURE_START;
+    if (begins && mHighestSent > message.type) {
+        settle(orderPatience);
+    }
+    if (Failure failure = ended()) {
+        return failure;
+    }
+    long highest = mHighestSent;
+    while (message.type > highest && !mHighestSent.compare_exchange_weak(highest, message.type)) {
+    }
+    message.docid = docid();
+    Failure failure = mQueue.post(message, queuePatience);
+    if (failure && failure->kind == Error::Kind::system) {
+        endWith(Life::gone);
+        return goneError();
+    }
+    return failure;
+}
+
+bool View::settle(std::chrono::milliseconds patience) {
+    const long before = mHighestSent;
+    const bool settled = mQueue.settle(patience);
+    if (settled) {
+        long expected = before;
+        mHighestSent.compare_exchange_strong(expected, 0);
+    }
+    return settled;
+}
+
+} // namespace lectern

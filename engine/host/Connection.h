@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "base/FileDescriptor.h"
+#include "engine/host/Export.h"
+
+#include <EngineProtocol.h>
+#include <gio/gio.h>
+
+#include <memory>
+
+namespace lectern::engine {
+
+// The typed connection to one engine. Needs nobody's main loop.
+class LECTERN_ENGINE_EXPORT Connection {
+public:
+    // Waits for the engine at the other end of the socket. Null when there is
+    // none in the end.
+    static std::unique_ptr<Connection> make(FileDescriptor socket);
+    // REQUIRES: the socket has been shut down, or its other end is closed.
+    ~Connection();
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    LecternIpcProcess* process() const { return mProcess; }
+    LecternIpcWord* word() const { return mWord; }
+    LecternIpcSheet* sheet() const { return mSheet; }
+    LecternIpcSlide* slide() const { return mSlide; }
+
+private:
+    Connection();
+    bool open(FileDescriptor socket);
+
+    GMainContext* mContext; // where it reports its end, to nobody else's loop
+    GDBusConnection* mBus = nullptr;
+    LecternIpcProcess* mProcess = nullptr;
+    LecternIpcWord* mWord = nullptr;
+    LecternIpcSheet* mSheet = nullptr;
+    LecternIpcSlide* mSlide = nullptr;
+    bool mClosed = false;
+};
+
+} // namespace lectern::engine

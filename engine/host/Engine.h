@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "engine/host/Connection.h"
+#include "engine/host/Export.h"
+#include "engine/host/Watchdog.h"
+#include "modules/ModuleResults.h"
+
+#include <cstdint>
+#include <memory>
+#include <utility>
+
+namespace lectern::engine {
+
+// A started engine and the connection to it. Used by one thread at a time.
+// Once its process is gone, or did not keep a time limit, it stays lost.
+class LECTERN_ENGINE_EXPORT Engine {
+public:
+    // Starts an engine and waits until it can open a document. Null when that
+    // fails, with MODULE_NO_ENGINE or MODULE_TIMED_OUT in `result`.
+    static std::unique_ptr<Engine> start(const LaunchSettings& settings, TimePoint deadline,
+                                         std::int32_t& result);
+    // Ends the process; returns when it is gone and its folder removed.
+    ~Engine();
+    Engine(const Engine&) = delete;
+    Engine& operator=(const Engine&) = delete;
+
+    bool isAlive() const;
+    // Whether it answers, ready to open a document. It is lost when it does
+    // not by the deadline.
+    bool isReady(TimePoint deadline) { return startOffice(deadline) == MODULE_OK; }
+
+    // Runs one call on the connection, send(GError**), which must not limit
+    // its own time. MODULE_OK when it was answered; else MODULE_TIMED_OUT (the
+    // engine is dead), MODULE_ENGINE_LOST, or MODULE_FAILED for an answer that
+    // is no answer.
+    template<class Send>
+    std::int32_t call(TimePoint deadline, Send send) {
+        if (!beginCall(deadline)) {
+            return MODULE_ENGINE_LOST;
+        }
+        g_autoptr(GError) error = nullptr;
+        const bool answered = send(&error) != FALSE;
+        return endCall(answered, error);
+    }
+
+    LecternIpcProcess* process() const { return mConnection->process(); }
+    LecternIpcWord* word() const { return mConnection->word(); }
+    LecternIpcSheet* sheet() const { return mConnection->sheet(); }
+    LecternIpcSlide* slide() const { return mConnection->slide(); }
+
+private:
+    explicit Engine(Watchdog::Handle handle) : mHandle(std::move(handle)) {}
+
+    std::int32_t startOffice(TimePoint deadline);
+    bool beginCall(TimePoint deadline);
+    std::int32_t endCall(bool answered, const GError* error);
+
+    Watchdog::Handle mHandle;
+    bool mLost = false;
+    std::unique_ptr<Connection> mConnection;
+};
+
+} // namespace lectern::engine

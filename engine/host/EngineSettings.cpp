@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/host/EngineSettings.h"
+
+#include <dlfcn.h>
+#include <strings.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cstdlib>
+#include <cstring>
+
+namespace lectern::engine {
+namespace {
+
+using std::chrono::milliseconds;
+
+#ifdef __SANITIZE_ADDRESS__
+constexpr int kSlowness = 6; // of an engine under the sanitizer
+#else
+constexpr int kSlowness = 1;
+#endif
+
+// The engine program belonging to this very library, whose place says where.
+std::string ownEngineProgram() {
+    Dl_info self{};
+    if (dladdr(reinterpret_cast<const void*>(&ownEngineProgram), &self) == 0 || self.dli_fname == nullptr) {
+        return {};
+    }
+    const std::string library = self.dli_fname;
+    const std::string folder = library.substr(0, library.rfind('/') + 1);
+    const std::string installed = folder + LECTERN_ENGINE_INSTALLED;
+    return access(installed.c_str(), X_OK) == 0 ? installed : folder + LECTERN_ENGINE_FROM_BUILD;
+}
+
+milliseconds limitFrom(const char* variable, milliseconds otherwise) {
+    const char* text = std::getenv(variable);
+    if (text == nullptr) {
+        return otherwise;
+    }
+    const char* end = text + std::strlen(text);
+    unsigned value = 0;
+    const auto [rest, failure] = std::from_chars(text, end, value);
+    return failure == std::errc() && rest == end && value > 0 ? milliseconds(value) : otherwise;
+}
+
+bool isPlainText(const std::string& path) {
+    const std::size_t dot = path.rfind('.');
+    return dot != std::string::npos && strcasecmp(path.c_str() + dot, ".txt") == 0;
+}
+
+} // namespace
+
+LaunchSettings LaunchSettings::forFolder(const std::string& temporaryParent) {
+    const char* program = std::getenv("LECTERN_ENGINE");
+    return {program != nullptr ? program : ownEngineProgram(), temporaryParent,
+            std::getenv("LECTERN_ENGINE_VERBOSE") != nullptr};
+}
+
+TimeLimits TimeLimits::forDocument(const std::string& path, off_t bytes) {
+    constexpr off_t kBytesPerShare = off_t{4} << 20; // each adds the ordinary limit once more
+    constexpr off_t kMostShares = 6;
+    TimeLimits limits;
+    limits.open *= kSlowness;
+    limits.call *= kSlowness;
+    if (isPlainText(path)) {
+        const off_t shares = std::min(1 + bytes / kBytesPerShare, kMostShares);
+        limits.open *= shares;
+        limits.call *= shares;
+    }
+    limits.open = limitFrom("LECTERN_ENGINE_OPEN_LIMIT_MS", limits.open);
+    limits.call = limitFrom("LECTERN_ENGINE_CALL_LIMIT_MS", limits.call);
+    return limits;
+}
+
+} // namespace lectern::engine

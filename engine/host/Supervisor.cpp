@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/host/Supervisor.h"
+
+#include "modules/ModuleTypes.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
+
+namespace lectern::engine {
+namespace {
+
+constexpr std::chrono::seconds kStopLimit(2);
+// For a spare to show that it has not died or stalled since it was started,
+// as the open of a document should not be the first to find out.
+constexpr std::chrono::seconds kSpareAnswers(1);
+
+pid_t gOwner; // a forked copy of this process has no claim on the engines
+
+void endEnginesAtExit() {
+    if (getpid() == gOwner) {
+        Supervisor::instance().watchdog().endAll();
+    }
+}
+
+} // namespace
+
+Supervisor& Supervisor::instance() {
+    static Supervisor& supervisor = *new Supervisor();
+    return supervisor;
+}
+
+Supervisor::Supervisor() : mThread([this] { run(); }) {
+    gOwner = getpid();
+    std::atexit(endEnginesAtExit);
+}
+
+std::unique_ptr<Engine> Supervisor::take(const LaunchSettings& settings, TimePoint deadline,
+                                         std::int32_t& result) {
+    std::unique_ptr<Engine> spare = takeSpare(settings, deadline);
+    if (spare && spare->isReady(std::min(deadline, Clock::now() + kSpareAnswers))) {
+        return spare;
+    }
+    std::unique_ptr<Engine> engine = Engine::start(settings, deadline, result);
+    if (!engine) {
+        std::fprintf(stderr, "engine: %s does not start; LECTERN_ENGINE_VERBOSE=1 shows what it says\n",
+                     settings.program.c_str());
+    }
+    return engine;
+}
+
+std::unique_ptr<Engine> Supervisor::takeSpare(const LaunchSettings& settings, TimePoint deadline) {
+    std::unique_lock lock(mMutex);
+    mChanged.wait_until(lock, deadline, [&] { return !mOrder || mOrder->settings != settings; });
+    return mSpare && mSpareSettings == settings ? std::move(mSpare) : nullptr;
+}
+
+void Supervisor::prepareSpare(const LaunchSettings& settings, std::chrono::milliseconds limit) {
+    const std::lock_guard lock(mMutex);
+    const bool present = mSpare && mSpareSettings == settings && mSpare->isAlive();
+    if (!mStopping && !mOrder && !present) {
+        mOrder = SpareOrder{settings, limit};
+        mChanged.notify_all();
+    }
+}
+
+void Supervisor::stopSoon() {
+    const std::lock_guard lock(mMutex);
+    mStopping = true;
+    mWatchdog.cutDeadlines(kStopLimit);
+}
+
+void Supervisor::run() {
+    std::unique_lock lock(mMutex);
+    for (;;) {
+        mChanged.wait(lock, [&] { return mOrder.has_value(); });
+        const SpareOrder order = *mOrder;
+        std::unique_ptr<Engine> spare = std::move(mSpare);
+        lock.unlock();
+        spare.reset(); // of other settings, or dead
+        std::int32_t ignored = MODULE_OK;
+        spare = Engine::start(order.settings, Clock::now() + order.limit, ignored);
+        lock.lock();
+        mSpare = std::move(spare);
+        mSpareSettings = order.settings;
+        mOrder.reset();
+        mChanged.notify_all();
+    }
+}
+
+} // namespace lectern::engine
+
+void lectern_module_stop_soon(void) {
+    lectern::engine::Supervisor::instance().stopSoon();
+}

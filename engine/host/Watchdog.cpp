@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/host/Watchdog.h"
+
+#include <sys/eventfd.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <utility>
+
+namespace lectern::engine {
+namespace {
+
+using std::chrono::milliseconds;
+
+// Rounded up, so that a deadline has passed when poll returns.
+int millisecondsUntil(TimePoint time) {
+    if (time == TimePoint::max()) {
+        return -1;
+    }
+    const auto left = std::chrono::ceil<milliseconds>(time - Clock::now()).count();
+    return static_cast<int>(std::clamp<std::int64_t>(left, 0, 3'600'000));
+}
+
+} // namespace
+
+Watchdog::Watchdog() : mWake(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)), mThread([this] { run(); }) {}
+
+Watchdog::Handle Watchdog::watch(std::unique_ptr<EngineProcess> process) {
+    auto handle = std::make_shared<Watched>();
+    handle->process = std::move(process);
+    const std::lock_guard lock(mMutex);
+    if (mEnding) {
+        handle->process->kill();
+    }
+    mWatched.push_back(handle);
+    wakeFor(TimePoint::min());
+    return handle;
+}
+
+void Watchdog::setDeadline(const Handle& handle, TimePoint deadline) {
+    const std::lock_guard lock(mMutex);
+    handle->deadline = std::min(deadline, Clock::now() + mLongest);
+    wakeFor(handle->deadline);
+}
+
+bool Watchdog::liftDeadline(const Handle& handle) {
+    const std::lock_guard lock(mMutex);
+    handle->deadline = TimePoint::max();
+    return handle->expired;
+}
+
+bool Watchdog::isAlive(const Handle& handle) {
+    const std::lock_guard lock(mMutex);
+    return handle->process && !handle->process->hasEnded();
+}
+
+void Watchdog::kill(const Handle& handle) {
+    const std::lock_guard lock(mMutex);
+    if (handle->process) {
+        handle->process->kill();
+    }
+}
+
+void Watchdog::end(const Handle& handle, milliseconds grace) {
+    std::unique_lock lock(mMutex);
+    if (handle->process) {
+        handle->process->hangUp();
+        handle->deadline = Clock::now() + grace;
+        wakeFor(handle->deadline);
+    }
+    mGone.wait(lock, [&] { return handle->gone; });
+}
+
+void Watchdog::cutDeadlines(milliseconds rest) {
+    const std::lock_guard lock(mMutex);
+    mLongest = std::min(mLongest, rest);
+    const TimePoint latest = Clock::now() + mLongest;
+    for (const Handle& handle : mWatched) {
+        if (handle->deadline != TimePoint::max()) {
+            handle->deadline = std::min(handle->deadline, latest);
+        }
+    }
+    wakeFor(latest);
+}
+
+void Watchdog::endAll() {
+    std::unique_lock lock(mMutex);
+    mEnding = true;
+    for (const Handle& handle : mWatched) {
+        if (handle->process) {
+            handle->process->kill();
+        }
+    }
+    const std::list<Handle> all = mWatched;
+    mGone.wait(lock,
+               [&] { return std::all_of(all.begin(), all.end(), [](auto& each) { return each->gone; }); });
+}
+
+// The thread looks again by itself at mWakeAt; only something earlier needs to
+// wake it. Most calls set a deadline later than one it waits for already.
+void Watchdog::wakeFor(TimePoint deadline) {
+    if (deadline < mWakeAt) {
+        mWakeAt = deadline;
+        eventfd_write(mWake.get(), 1);
+    }
+}
+
+void Watchdog::run() {
+    std::vector<pollfd> files;
+    std::unique_lock lock(mMutex);
+    for (;;) {
+        mWakeAt = expireAndCollect(files);
+        const int timeout = millisecondsUntil(mWakeAt);
+        lock.unlock();
+        poll(files.data(), files.size(), timeout);
+        eventfd_t wakes = 0;
+        eventfd_read(mWake.get(), &wakes);
+        lock.lock();
+
+        std::list<Handle> ended = takeEnded();
+        std::list<std::unique_ptr<EngineProcess>> remains;
+        for (const Handle& handle : ended) {
+            remains.push_back(std::move(handle->process));
+        }
+        lock.unlock();
+        remains.clear(); // reaps, and removes folders, which takes a while
+        lock.lock();
+        for (const Handle& handle : ended) {
+            handle->gone = true;
+            mWatched.remove(handle);
+        }
+        mGone.notify_all();
+    }
+}
+
+// Kills what is over its time; gives the files to poll and the next deadline.
+TimePoint Watchdog::expireAndCollect(std::vector<pollfd>& files) {
+    const TimePoint now = Clock::now();
+    TimePoint next = TimePoint::max();
+    files.assign(1, pollfd{mWake.get(), POLLIN, 0});
+    for (const Handle& handle : mWatched) {
+        if (handle->deadline <= now) {
+            handle->expired = true;
+            handle->deadline = TimePoint::max();
+            handle->process->kill();
+        }
+        next = std::min(next, handle->deadline);
+        files.push_back(pollfd{handle->process->pidfd(), POLLIN, 0});
+    }
+    return next;
+}
+
+std::list<Watchdog::Handle> Watchdog::takeEnded() {
+    std::list<Handle> ended;
+    std::copy_if(mWatched.begin(), mWatched.end(), std::back_inserter(ended),
+                 [](const Handle& handle) { return handle->process->hasEnded(); });
+    return ended;
+}
+
+} // namespace lectern::engine

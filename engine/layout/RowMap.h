@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "engine/layout/FlowPages.h"
+
+#include <vector>
+
+namespace lectern::engine {
+
+// The rows of the whole text at a resolution: row r of a page lies exactly
+// r * 1440 / dpi twips below the page's top, whatever is painted with it, and
+// the pages follow each other without a gap.
+class RowMap {
+public:
+    struct Page {
+        int64_t firstRow;
+        int64_t rows;
+        int64_t left; // twips
+        int64_t top;  // twips
+    };
+
+    RowMap() = default;
+    RowMap(const std::vector<FlowPage>& pages, int32_t dpi);
+
+    const std::vector<Page>& pages() const { return mPages; }
+    int32_t dpi() const { return mDpi; }
+    // Rows of the whole text; at least one after a layout.
+    int64_t rows() const { return mPages.empty() ? 0 : mPages.back().firstRow + mPages.back().rows; }
+
+    // The row that holds a place; never below the last.
+    int64_t rowOf(const FlowPlace& place) const;
+    // The place's twips in the suite's view, for the top of row 0 <= row < rows().
+    int64_t viewY(int64_t row) const;
+    const Page& pageOf(int64_t row) const;
+    // The row and the column of pixels at a point of the suite's view, in twips;
+    // rows() at most.
+    int64_t rowAt(int64_t viewY) const;
+    int32_t columnAt(int64_t viewX, int64_t row) const;
+
+private:
+    std::vector<Page> mPages;
+    int32_t mDpi = 1;
+};
+
+} // namespace lectern::engine

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "engine/layout/Surface.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace lectern::engine {
+
+// Stands between two paragraphs of a text.
+constexpr char16_t paragraphSeparator = u'\u2029';
+
+// Characters [start, end) of the body text.
+struct CharacterRange {
+    uint32_t start = 0;
+    uint32_t end = 0;
+
+    bool isEmpty() const { return start >= end; }
+    friend bool operator==(const CharacterRange&, const CharacterRange&) = default;
+};
+
+// A hit inside the stretch: where it starts, and a rectangle for each line.
+struct FoundRegion {
+    uint32_t position = 0;
+    std::vector<PixelRect> rectangles;
+};
+
+// What lies under a point. The types are those of wtg_click_info.
+struct ClickTarget {
+    enum Type : int32_t { Nothing = 0, Footnote = 2, Endnote = 3, Comment = 4, Hyperlink = 6, Internal = 7 };
+
+    int32_t type = Nothing;
+    std::u16string address; // of a hyperlink
+    uint32_t value = 0;     // a note's number in the document, an internal link's position
+};
+
+} // namespace lectern::engine

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "engine/protocol/Guarded.h"
+#include "engine/host/DocumentFile.h"
+#include "engine/host/Engine.h"
+#include "engine/host/Export.h"
+#include "modules/ModuleResults.h"
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <string>
+
+namespace lectern::engine {
+
+// What every module's document handle points to, beside what is its own.
+// Guarded by its mutex.
+struct DocumentHandle {
+    std::mutex mutex;
+    std::unique_ptr<Engine> engine;
+    std::chrono::milliseconds callLimit{};
+
+    TimePoint deadline() const { return Clock::now() + callLimit; }
+};
+
+// Runs one module function on a document, alone.
+template<class Handle, class Operation>
+std::int32_t onHandle(void* doc, Operation operation) {
+    if (doc == nullptr) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return guarded([&] {
+        auto& handle = *static_cast<Handle*>(doc);
+        const std::lock_guard lock(handle.mutex);
+        return operation(handle);
+    });
+}
+
+// Asks an engine to open a file, by the interface of the document's kind; gives
+// a module_result code.
+using LoadInEngine = std::function<std::int32_t(Engine&, TimePoint deadline, const DocumentFile&,
+                                                const std::string& password)>;
+
+// The work of a module's open function: looks at the file, takes an engine,
+// loads. The texts are the function's own. On success the handle has its
+// engine and limit.
+LECTERN_ENGINE_EXPORT std::int32_t openInEngine(const std::uint16_t* path, const std::uint16_t* password,
+                                                const std::uint16_t* temporaryFolder,
+                                                const LoadInEngine& load, DocumentHandle& handle);
+
+// Makes a handle of a module's kind for an opened document; *doc stays null
+// when it cannot be opened.
+template<class Handle>
+std::int32_t openDocument(const std::uint16_t* path, const std::uint16_t* password,
+                          const std::uint16_t* temporaryFolder, const LoadInEngine& load, void** doc) {
+    if (doc == nullptr) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    *doc = nullptr;
+    return guarded([&] {
+        auto handle = std::make_unique<Handle>();
+        const std::int32_t result = openInEngine(path, password, temporaryFolder, load, *handle);
+        if (result == MODULE_OK) {
+            *doc = handle.release();
+        }
+        return result;
+    });
+}
+
+template<class Handle>
+std::int32_t closeDocument(void** doc) {
+    if (doc == nullptr || *doc == nullptr) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    delete static_cast<Handle*>(*doc);
+    *doc = nullptr;
+    return MODULE_OK;
+}
+
+// The engine gives memory that is not in use back to the system.
+LECTERN_ENGINE_EXPORT std::int32_t releaseEngineMemory(DocumentHandle& handle);
+
+// What every module says of itself, as a text call.
+LECTERN_ENGINE_EXPORT std::int32_t deliverVersion(std::uint16_t* text, std::int32_t capacity,
+                                                  std::int32_t* length);
+
+} // namespace lectern::engine

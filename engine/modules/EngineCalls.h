@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "engine/modules/DocumentHandle.h"
+#include "engine/host/SharedSurface.h"
+
+#include <gio/gio.h>
+#include <gio/gunixfdlist.h>
+
+#include <cstdint>
+#include <memory>
+#include <tuple>
+
+namespace lectern::engine {
+
+// One typed call of an interface of the handle's engine, `method` the generated
+// function for it. Its outputs are written whenever it was answered.
+template<class Interface, class Method, class... Inputs, class... Outputs>
+std::int32_t callInterface(DocumentHandle& handle, Interface* interface, Method method,
+                           const std::tuple<Inputs...>& inputs, Outputs*... outputs) {
+    gint result = MODULE_FAILED;
+    const std::int32_t sent = handle.engine->call(handle.deadline(), [&](GError** error) {
+        return std::apply(
+            [&](auto... input) {
+                return method(interface, input..., G_DBUS_CALL_FLAGS_NONE, G_MAXINT, &result, outputs...,
+                              nullptr, error);
+            },
+            inputs);
+    });
+    return sent != MODULE_OK ? sent : result;
+}
+
+// Makes a surface and gives the handle's engine its memory; `send` is the typed
+// call for that. With anything but MODULE_OK the surface is null or of no use.
+template<class Send>
+std::int32_t offerSurface(DocumentHandle& handle, std::int32_t width, std::int32_t height,
+                          std::unique_ptr<SharedSurface>& surface, Send send) {
+    surface = SharedSurface::make(width, height);
+    if (!surface) {
+        return MODULE_TOO_LARGE;
+    }
+    g_autoptr(GUnixFDList) files = g_unix_fd_list_new();
+    const int index = g_unix_fd_list_append(files, surface->memory(), nullptr);
+    if (index < 0) {
+        return MODULE_FAILED;
+    }
+    surface->letGoMemory();
+    gint result = MODULE_FAILED;
+    const std::int32_t sent = handle.engine->call(handle.deadline(), [&](GError** error) {
+        return send(g_variant_new_handle(index), files, &result, error);
+    });
+    return sent != MODULE_OK ? sent : result;
+}
+
+} // namespace lectern::engine

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "engine/modules/Arrays.h"
+#include "engine/modules/DocumentHandle.h"
+#include "engine/modules/EngineCalls.h"
+#include "engine/host/SharedSurface.h"
+#include "engine/modules/Utf16.h"
+#include "modules/SheetToGoModule.h"
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <tuple>
+#include <vector>
+
+namespace lectern::engine {
+
+// The buffers of a view and the tracks of a sheet, as sheet.xml counts them.
+enum class SheetBuffer : gint { Cells = 0, RowHeaders = 1, ColumnHeaders = 2 };
+enum class TrackAxis : gint { Columns = 0, Rows = 1 };
+
+// One of the caller's buffers and what the engine paints for it.
+struct BufferPair {
+    std::unique_ptr<SharedSurface> surface; // null before the buffer is set
+    std::uint32_t* pixels = nullptr;  // of the surface's size
+};
+
+// What an stg_ document handle points to.
+struct SheetHandle : DocumentHandle {
+    std::array<BufferPair, 3> buffers;
+    // What was handed out; each holds until the next call of its function.
+    std::vector<stg_region> commentMarks;
+    std::vector<stg_region> foundRegions;
+};
+
+template<class Operation>
+std::int32_t onWorkbook(void* doc, Operation operation) {
+    return onHandle<SheetHandle>(doc, operation);
+}
+
+// One typed call of the Sheet interface, `method` the generated function for
+// it. Its outputs are written whenever it was answered.
+template<class Method, class... Inputs, class... Outputs>
+std::int32_t callEngine(SheetHandle& handle, Method method, std::tuple<Inputs...> inputs,
+                        Outputs*... outputs) {
+    return callInterface(handle, handle.engine->sheet(), method, inputs, outputs...);
+}
+
+// For functions that only do something.
+template<class Method, class... Inputs>
+std::int32_t tellWorkbook(void* doc, Method method, Inputs... inputs) {
+    return onWorkbook(doc, [&](SheetHandle& handle) {
+        return callEngine(handle, method, std::tuple<Inputs...>(inputs...));
+    });
+}
+
+// For functions that give one number.
+template<class Method, class... Inputs>
+std::int32_t getFromWorkbook(void* doc, std::int32_t* number, Method method, Inputs... inputs) {
+    if (number == nullptr) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return onWorkbook(doc, [&](SheetHandle& handle) {
+        gint value = 0;
+        const std::int32_t result = callEngine(handle, method, std::tuple<Inputs...>(inputs...), &value);
+        if (result == MODULE_OK) {
+            *number = value;
+        }
+        return result;
+    });
+}
+
+// For functions that give rectangles: kept in the handle, at `kept`.
+template<class Method, class... Inputs>
+std::int32_t getRegions(void* doc, const stg_region** regions, std::int32_t* count,
+                        std::vector<stg_region> SheetHandle::*kept, Method method, Inputs... inputs) {
+    if (regions == nullptr || count == nullptr) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    *regions = nullptr;
+    *count = 0;
+    return onWorkbook(doc, [&](SheetHandle& handle) {
+        std::vector<stg_region>& list = handle.*kept;
+        list.clear();
+        g_autoptr(GVariant) numbers = nullptr;
+        const std::int32_t result = callEngine(handle, method, std::tuple<Inputs...>(inputs...), &numbers);
+        if (result != MODULE_OK) {
+            return result;
+        }
+        for (const module_rect& rectangle : rectanglesOf(numbers)) {
+            list.push_back({0, rectangle.x, rectangle.y, rectangle.width, rectangle.height});
+        }
+        *regions = list.empty() ? nullptr : list.data();
+        *count = static_cast<std::int32_t>(list.size());
+        return result;
+    });
+}
+
+} // namespace lectern::engine

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: Apache-2.0
+// Comments and searching.
+
+#include "engine/modules/sheet/SheetHandle.h"
+
+using namespace lectern::engine;
+
+int32_t stg_get_comment_marks_rects(void* doc, int32_t sheet, const stg_region** marks, int32_t* count) {
+    return getRegions(doc, marks, count, &SheetHandle::commentMarks,
+                      &lectern_ipc_sheet_call_comment_marks_sync, gint{sheet});
+}
+
+int32_t stg_get_comment(void* doc, int32_t sheet, int32_t x, int32_t y, uint16_t* text, int32_t capacity,
+                        int32_t first, int32_t* length) {
+    if (doc == nullptr || !isTextBuffer(text, capacity, length) || first < 0) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    deliverText({}, text, capacity, length);
+    return onWorkbook(doc, [&](SheetHandle& handle) {
+        g_autoptr(GVariant) comment = nullptr;
+        const std::int32_t result = callEngine(handle, &lectern_ipc_sheet_call_comment_sync,
+                                               std::tuple(gint{sheet}, gint{x}, gint{y}), &comment);
+        if (result == MODULE_OK) {
+            deliverTextFrom(elementsOf<std::uint16_t>(comment), first, text, capacity, length);
+        }
+        return result;
+    });
+}
+
+int32_t stg_set_highlight_color(void* doc, const uint8_t rgb[3]) {
+    if (rgb == nullptr) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return tellWorkbook(doc, &lectern_ipc_sheet_call_set_highlight_color_sync, guchar{rgb[0]}, guchar{rgb[1]},
+                        guchar{rgb[2]});
+}
+
+int32_t stg_find(void* doc, const uint16_t* text, int32_t first_sheet, int32_t /*first_y*/,
+                 int32_t last_sheet, int32_t /*last_y*/) {
+    if (text == nullptr || first_sheet != last_sheet) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return onWorkbook(doc, [&](SheetHandle& handle) {
+        g_autoptr(GVariant) wanted = g_variant_ref_sink(unitsOf(text));
+        return callEngine(handle, &lectern_ipc_sheet_call_find_sync, std::tuple(gint{first_sheet}, wanted));
+    });
+}
+
+int32_t stg_get_found_regions(void* doc, int32_t* count, const stg_region** regions) {
+    return getRegions(doc, regions, count, &SheetHandle::foundRegions,
+                      &lectern_ipc_sheet_call_found_regions_sync);
+}
+
+int32_t stg_stop_find(void* doc) {
+    return onWorkbook(doc, [](SheetHandle& handle) {
+        handle.foundRegions.clear();
+        return callEngine(handle, &lectern_ipc_sheet_call_stop_find_sync, std::tuple<>());
+    });
+}

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: Apache-2.0
+// Selecting, and copying what is selected.
+
+#include "engine/modules/sheet/SheetHandle.h"
+
+using namespace lectern::engine;
+
+namespace {
+
+std::int32_t selectTracks(void* doc, std::int32_t sheet, TrackAxis axis, std::int32_t first,
+                          std::int32_t last, std::int32_t* count) {
+    return getFromWorkbook(doc, count, &lectern_ipc_sheet_call_select_tracks_sync, gint{sheet},
+                           static_cast<gint>(axis), gint{first}, gint{last});
+}
+
+} // namespace
+
+int32_t stg_clear_selection(void* doc) {
+    return tellWorkbook(doc, &lectern_ipc_sheet_call_clear_selection_sync);
+}
+
+int32_t stg_select_area(void* doc, int32_t sheet, int32_t left, int32_t top, int32_t width, int32_t height) {
+    return tellWorkbook(doc, &lectern_ipc_sheet_call_select_area_sync, gint{sheet}, gint{left}, gint{top},
+                        gint{width}, gint{height});
+}
+
+int32_t stg_select_column(void* doc, int32_t sheet, int32_t first_x, int32_t last_x, int32_t* count) {
+    return selectTracks(doc, sheet, TrackAxis::Columns, first_x, last_x, count);
+}
+
+int32_t stg_select_row(void* doc, int32_t sheet, int32_t first_y, int32_t last_y, int32_t* count) {
+    return selectTracks(doc, sheet, TrackAxis::Rows, first_y, last_y, count);
+}
+
+int32_t stg_select_cell(void* doc, int32_t sheet, int32_t x, int32_t y) {
+    return tellWorkbook(doc, &lectern_ipc_sheet_call_select_cell_sync, gint{sheet}, gint{x}, gint{y});
+}
+
+int32_t stg_copy_selection(void* doc, uint16_t* text, int32_t capacity, int32_t first, int32_t* length) {
+    if (!isTextBuffer(text, capacity, length) || first < 0) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return onWorkbook(doc, [&](SheetHandle& handle) {
+        g_autoptr(GVariant) selected = nullptr;
+        const std::int32_t result =
+            callEngine(handle, &lectern_ipc_sheet_call_copy_selection_sync, std::tuple<>(), &selected);
+        if (result == MODULE_OK) {
+            deliverTextFrom(elementsOf<std::uint16_t>(selected), first, text, capacity, length);
+        }
+        return result;
+    });
+}

@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: Apache-2.0
+// The sheets, what they measure, and their painting.
+
+#include "engine/modules/sheet/SheetHandle.h"
+
+#include <utility>
+
+using namespace lectern::engine;
+
+namespace {
+
+// Of a header strip; the view makes buffers of it.
+constexpr std::int32_t kMostThickness = 16384;
+
+// Gives the engine a surface of another size; the one before stays when that
+// fails.
+std::int32_t replaceSurface(SheetHandle& handle, SheetBuffer buffer, BufferPair& pair, std::int32_t width,
+                            std::int32_t height) {
+    std::unique_ptr<SharedSurface> surface;
+    const std::int32_t result =
+        offerSurface(handle, width, height, surface,
+                     [&](GVariant* memory, GUnixFDList* files, gint* answer, GError** error) {
+                         return lectern_ipc_sheet_call_set_surface_sync(
+                             handle.engine->sheet(), static_cast<gint>(buffer), memory, width, height,
+                             G_DBUS_CALL_FLAGS_NONE, G_MAXINT, files, answer, nullptr, nullptr, error);
+                     });
+    if (result == MODULE_OK) {
+        pair.surface = std::move(surface);
+    }
+    return result;
+}
+
+std::int32_t setBuffer(void* doc, std::int32_t view, SheetBuffer buffer, std::uint32_t* pixels,
+                       std::int32_t width, std::int32_t height) {
+    if (view != 0 || pixels == nullptr || width < 1 || height < 1) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return onWorkbook(doc, [&](SheetHandle& handle) -> std::int32_t {
+        if (std::int64_t{width} * height > SharedSurface::kMaximumPixels) {
+            return MODULE_TOO_LARGE;
+        }
+        BufferPair& pair = handle.buffers[static_cast<std::size_t>(buffer)];
+        std::int32_t result = handle.engine->isAlive() ? MODULE_OK : MODULE_ENGINE_LOST;
+        if (!pair.surface || pair.surface->width() != width || pair.surface->height() != height) {
+            result = replaceSurface(handle, buffer, pair, width, height);
+        }
+        if (result == MODULE_OK) {
+            pair.pixels = pixels;
+        }
+        return result;
+    });
+}
+
+} // namespace
+
+int32_t stg_set_offscreen_buffer(void* doc, int32_t view, uint32_t* pixels, int32_t width, int32_t height) {
+    return setBuffer(doc, view, SheetBuffer::Cells, pixels, width, height);
+}
+
+int32_t stg_set_row_offscreen_buffer(void* doc, int32_t view, uint32_t* pixels, int32_t width,
+                                     int32_t height) {
+    return setBuffer(doc, view, SheetBuffer::RowHeaders, pixels, width, height);
+}
+
+int32_t stg_set_column_offscreen_buffer(void* doc, int32_t view, uint32_t* pixels, int32_t width,
+                                        int32_t height) {
+    return setBuffer(doc, view, SheetBuffer::ColumnHeaders, pixels, width, height);
+}
+
+int32_t stg_set_dpi(void* doc, int32_t dpi) {
+    if (dpi < 1) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return tellWorkbook(doc, &lectern_ipc_sheet_call_set_dpi_sync, gint{dpi});
+}
+
+int32_t stg_render_sheet(void* doc, int32_t sheet, int32_t x, int32_t y) {
+    return onWorkbook(doc, [&](SheetHandle& handle) {
+        const std::int32_t result = callEngine(handle, &lectern_ipc_sheet_call_render_sync,
+                                               std::tuple(gint{sheet}, gint{x}, gint{y}));
+        for (const BufferPair& pair : handle.buffers) {
+            if (result == MODULE_OK && pair.surface) {
+                pair.surface->copyTo(pair.pixels);
+            }
+        }
+        return result;
+    });
+}
+
+int32_t stg_get_sheet_count(void* doc, int32_t* count) {
+    return getFromWorkbook(doc, count, &lectern_ipc_sheet_call_sheet_count_sync);
+}
+
+int32_t stg_get_column_count(void* doc, int32_t sheet, int32_t* count) {
+    return getFromWorkbook(doc, count, &lectern_ipc_sheet_call_column_count_sync, gint{sheet});
+}
+
+int32_t stg_get_sheet_dimensions(void* doc, int32_t sheet, int32_t* width, int32_t* height) {
+    if (width == nullptr || height == nullptr) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return onWorkbook(doc, [&](SheetHandle& handle) {
+        gint across = 0;
+        gint down = 0;
+        const std::int32_t result = callEngine(handle, &lectern_ipc_sheet_call_dimensions_sync,
+                                               std::tuple(gint{sheet}), &across, &down);
+        if (result == MODULE_OK) {
+            *width = across;
+            *height = down;
+        }
+        return result;
+    });
+}
+
+int32_t stg_get_sheet_title(void* doc, int32_t sheet, uint16_t* text, int32_t capacity, int32_t* length) {
+    if (!isTextBuffer(text, capacity, length)) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return onWorkbook(doc, [&](SheetHandle& handle) {
+        g_autoptr(GVariant) title = nullptr;
+        const std::int32_t result =
+            callEngine(handle, &lectern_ipc_sheet_call_title_sync, std::tuple(gint{sheet}), &title);
+        if (result == MODULE_OK) {
+            deliverText(elementsOf<std::uint16_t>(title), text, capacity, length);
+        }
+        return result;
+    });
+}
+
+int32_t stg_cell_bounds(void* doc, int32_t sheet, int32_t x, int32_t y, int32_t* left, int32_t* top,
+                        int32_t* width, int32_t* height) {
+    if (left == nullptr || top == nullptr || width == nullptr || height == nullptr) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return onWorkbook(doc, [&](SheetHandle& handle) -> std::int32_t {
+        module_rect bounds{};
+        const std::int32_t result = callEngine(handle, &lectern_ipc_sheet_call_cell_bounds_sync,
+                                               std::tuple(gint{sheet}, gint{x}, gint{y}), &bounds.x,
+                                               &bounds.y, &bounds.width, &bounds.height);
+        if (result != MODULE_OK) {
+            return result;
+        }
+        const bool corner = x == -1 && y == -1;
+        const std::int32_t most = corner ? kMostThickness : G_MAXINT32;
+        if (bounds.width < 0 || bounds.height < 0 || bounds.width > most || bounds.height > most) {
+            return MODULE_FAILED;
+        }
+        *left = bounds.x;
+        *top = bounds.y;
+        *width = bounds.width;
+        *height = bounds.height;
+        return MODULE_OK;
+    });
+}
+
+int32_t stg_get_cell_reference_at_location(void* doc, int32_t sheet, int32_t x, int32_t y, int32_t* column,
+                                           int32_t* row) {
+    if (column == nullptr || row == nullptr) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return onWorkbook(doc, [&](SheetHandle& handle) {
+        gint across = 0;
+        gint down = 0;
+        const std::int32_t result = callEngine(handle, &lectern_ipc_sheet_call_cell_at_sync,
+                                               std::tuple(gint{sheet}, gint{x}, gint{y}), &across, &down);
+        if (result == MODULE_OK) {
+            *column = across;
+            *row = down;
+        }
+        return result;
+    });
+}

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: Apache-2.0
+// The slides, what they measure, and their painting.
+
+#include "engine/modules/slide/SlideHandle.h"
+
+#include <algorithm>
+#include <utility>
+
+using namespace lectern::engine;
+
+namespace {
+
+// The engine keeps slides that it painted last, in memory that takes so much.
+constexpr std::int64_t kMostKept = std::int64_t{32} << 20; // bytes
+constexpr std::int64_t kMostPictures = 64;
+
+std::int32_t picturesOf(std::int32_t width, std::int32_t height) {
+    const std::int64_t bytes = std::int64_t{width} * height * 4;
+    return static_cast<std::int32_t>(std::clamp<std::int64_t>(kMostKept / bytes, 1, kMostPictures));
+}
+
+// Gives the engine a surface for pictures of another size; the one before stays
+// when that fails.
+std::int32_t replaceSurface(SlideHandle& handle, std::int32_t width, std::int32_t height) {
+    const std::int32_t pictures = picturesOf(width, height);
+    std::unique_ptr<SharedSurface> surface;
+    const std::int32_t result =
+        offerSurface(handle, width, height * pictures, surface,
+                     [&](GVariant* memory, GUnixFDList* files, gint* answer, GError** error) {
+                         return lectern_ipc_slide_call_set_surface_sync(
+                             handle.engine->slide(), memory, width, height, pictures, G_DBUS_CALL_FLAGS_NONE,
+                             G_MAXINT, files, answer, nullptr, nullptr, error);
+                     });
+    if (result == MODULE_OK) {
+        handle.surface = std::move(surface);
+        handle.pictures = pictures;
+    }
+    return result;
+}
+
+} // namespace
+
+int32_t sstg_get_slide_count(void* doc, int32_t* count) {
+    if (count == nullptr) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return onSlideshow(doc, [&](SlideHandle& handle) {
+        gint slides = 0;
+        const std::int32_t result =
+            callEngine(handle, &lectern_ipc_slide_call_slide_count_sync, std::tuple<>(), &slides);
+        if (result == MODULE_OK) {
+            *count = slides;
+        }
+        return result;
+    });
+}
+
+int32_t sstg_get_slide_dimensions(void* doc, int32_t slide, int32_t* width, int32_t* height) {
+    if (width == nullptr || height == nullptr) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return onSlideshow(doc, [&](SlideHandle& handle) -> std::int32_t {
+        gint across = 0;
+        gint down = 0;
+        const std::int32_t result = callEngine(handle, &lectern_ipc_slide_call_dimensions_sync,
+                                               std::tuple(gint{slide}), &across, &down);
+        if (result != MODULE_OK) {
+            return result;
+        }
+        if (across < 1 || down < 1) {
+            return MODULE_FAILED;
+        }
+        *width = across;
+        *height = down;
+        return MODULE_OK;
+    });
+}
+
+int32_t sstg_render_slide(void* doc, int32_t slide, int32_t /*flags*/, uint32_t* pixels, int32_t width,
+                          int32_t height) {
+    if (pixels == nullptr || width < 1 || height < 1) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return onSlideshow(doc, [&](SlideHandle& handle) -> std::int32_t {
+        if (std::int64_t{width} * height > SharedSurface::kMaximumPixels) {
+            return MODULE_TOO_LARGE;
+        }
+        std::int32_t result = MODULE_OK;
+        if (!handle.surface || handle.surface->width() != width ||
+            handle.surface->height() / handle.pictures != height) {
+            result = replaceSurface(handle, width, height);
+        }
+        gint picture = 0;
+        if (result == MODULE_OK) {
+            result =
+                callEngine(handle, &lectern_ipc_slide_call_render_sync, std::tuple(gint{slide}), &picture);
+        }
+        if (result != MODULE_OK) {
+            return result;
+        }
+        if (picture < 0 || picture >= handle.pictures) {
+            return MODULE_FAILED;
+        }
+        const std::size_t pixelCount = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+        handle.surface->copyTo(pixels, static_cast<std::size_t>(picture) * pixelCount, pixelCount);
+        return MODULE_OK;
+    });
+}

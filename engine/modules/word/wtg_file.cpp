@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: Apache-2.0
+// Opening and closing documents.
+
+#include "engine/modules/word/WordHandle.h"
+#include "modules/WordToGoModule.h"
+
+using namespace lectern::engine;
+
+namespace {
+
+// Loads the file in an engine. The engine is no longer of use when it cannot.
+std::int32_t load(Engine& engine, TimePoint deadline, const DocumentFile& file, const std::string& password) {
+    gint result = MODULE_FAILED;
+    gboolean painted = FALSE;
+    const std::int32_t sent = engine.call(deadline, [&](GError** error) {
+        return lectern_ipc_word_call_open_sync(engine.word(), file.path.c_str(), password.c_str(),
+                                               G_DBUS_CALL_FLAGS_NONE, G_MAXINT, &result, &painted, nullptr,
+                                               error);
+    });
+    return sent != MODULE_OK ? sent : result;
+}
+
+} // namespace
+
+int32_t wtg_open_file(const uint16_t* path, const uint16_t* password, const uint16_t* /*font_dir*/,
+                      const uint16_t* temp_dir, void** doc) {
+    return openDocument<WordHandle>(path, password, temp_dir, load, doc);
+}
+
+int32_t wtg_close_file(void** doc) {
+    return closeDocument<WordHandle>(doc);
+}
+
+int32_t wtg_release_memory(void* doc) {
+    return onDocument(doc, [](WordHandle& handle) { return releaseEngineMemory(handle); });
+}
+
+int32_t wtg_get_version(uint16_t* text, int32_t capacity, int32_t* length) {
+    return deliverVersion(text, capacity, length);
+}

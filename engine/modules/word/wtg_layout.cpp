@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: Apache-2.0
+// The stretch: its buffer and resolution, its place in the text, its moves.
+
+#include "engine/modules/word/WordHandle.h"
+#include "modules/WordToGoModule.h"
+
+using namespace lectern::engine;
+
+namespace {
+
+// Gives the engine a surface of another size; the one before stays when that
+// fails.
+std::int32_t replaceSurface(WordHandle& handle, std::uint32_t* pixels, std::int32_t width,
+                            std::int32_t height) {
+    std::unique_ptr<SharedSurface> surface;
+    gboolean painted = FALSE;
+    const std::int32_t result =
+        offerSurface(handle, width, height, surface,
+                     [&](GVariant* memory, GUnixFDList* files, gint* answer, GError** error) {
+                         return lectern_ipc_word_call_set_surface_sync(
+                             handle.engine->word(), memory, width, height, G_DBUS_CALL_FLAGS_NONE, G_MAXINT,
+                             files, answer, &painted, nullptr, nullptr, error);
+                     });
+    if (result != MODULE_OK) {
+        return result;
+    }
+    handle.surface = std::move(surface);
+    handle.pixels = pixels;
+    handle.painted = painted != FALSE;
+    handle.borrowed = false;
+    handle.refreshPixels();
+    return MODULE_OK;
+}
+
+// The amounts are told in any case: 0 when nothing moved.
+template<class Method>
+std::int32_t scroll(void* doc, std::int32_t view, std::int32_t rows, std::int32_t* scrolled, Method method) {
+    if (doc == nullptr || scrolled == nullptr) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    *scrolled = 0;
+    if (view != 0 || rows < 0) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return onDocument(doc, [&](WordHandle& handle) -> std::int32_t {
+        gint moved = 0;
+        const std::int32_t result = callEngine(handle, method, std::tuple(gint{rows}), &moved);
+        if (result != MODULE_OK) {
+            return result;
+        }
+        // The view counts on it: a move by more than asked would let its idea
+        // of the text's place run away.
+        if (moved < 0 || moved > rows) {
+            return MODULE_FAILED;
+        }
+        *scrolled = moved;
+        return MODULE_OK;
+    });
+}
+
+} // namespace
+
+int32_t wtg_set_offscreen_buffer(void* doc, int32_t view, uint32_t* pixels, int32_t width, int32_t height) {
+    if (view != 0 || pixels == nullptr || width < 1 || height < 1) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return onDocument(doc, [&](WordHandle& handle) -> std::int32_t {
+        if (std::int64_t{width} * height > SharedSurface::kMaximumPixels) {
+            return MODULE_TOO_LARGE;
+        }
+        if (!handle.surface || handle.borrowed || handle.surface->width() != width ||
+            handle.surface->height() != height) {
+            return replaceSurface(handle, pixels, width, height);
+        }
+        if (!handle.engine->isAlive()) {
+            return MODULE_ENGINE_LOST;
+        }
+        handle.pixels = pixels;
+        handle.refreshPixels();
+        return MODULE_OK;
+    });
+}
+
+int32_t wtg_set_dpi(void* doc, int32_t dpi) {
+    if (dpi < 1) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return tell(doc, &lectern_ipc_word_call_set_dpi_sync, gint{dpi});
+}
+
+int32_t wtg_get_character_count(void* doc, int32_t view, uint32_t* scratch, uint32_t* count) {
+    if (view != 0 || scratch == nullptr) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    const std::int32_t result = getNumber<guint>(doc, &lectern_ipc_word_call_character_count_sync, count);
+    if (result == MODULE_OK) {
+        *scratch = 0;
+    }
+    return result;
+}
+
+int32_t wtg_get_top_left_character(void* doc, int32_t view, uint32_t* position) {
+    return view != 0 ? MODULE_BAD_ARGUMENT
+                     : getNumber<guint>(doc, &lectern_ipc_word_call_top_left_character_sync, position);
+}
+
+int32_t wtg_get_bottom_right_character(void* doc, int32_t view, uint32_t* position) {
+    return view != 0 ? MODULE_BAD_ARGUMENT
+                     : getNumber<guint>(doc, &lectern_ipc_word_call_bottom_right_character_sync, position);
+}
+
+int32_t wtg_get_vertical_last_used_pixel(void* doc, int32_t view, int32_t* rows) {
+    if (view != 0 || rows == nullptr) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return onDocument(doc, [&](WordHandle& handle) -> std::int32_t {
+        gint used = 0;
+        const std::int32_t result =
+            callEngine(handle, &lectern_ipc_word_call_vertical_last_used_pixel_sync, std::tuple<>(), &used);
+        if (result != MODULE_OK) {
+            return result;
+        }
+        // A row count that the view uses as a bound within its buffer.
+        if (!handle.surface || used < 0 || used > handle.surface->height()) {
+            return MODULE_FAILED;
+        }
+        *rows = used;
+        return MODULE_OK;
+    });
+}
+
+int32_t wtg_scroll_down(void* doc, int32_t view, int32_t rows, int32_t* scrolled) {
+    return scroll(doc, view, rows, scrolled, &lectern_ipc_word_call_scroll_down_sync);
+}
+
+int32_t wtg_scroll_up(void* doc, int32_t view, int32_t rows, int32_t* scrolled) {
+    return scroll(doc, view, rows, scrolled, &lectern_ipc_word_call_scroll_up_sync);
+}
+
+int32_t wtg_jump_to_character(void* doc, int32_t story, uint32_t position) {
+    return tell(doc, &lectern_ipc_word_call_jump_to_character_sync, gint{story}, guint{position});
+}
+
+int32_t wtg_page_layout_size(void* doc, int32_t view, int32_t* width, int32_t* height) {
+    if (view != 0 || width == nullptr || height == nullptr) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return onDocument(doc, [&](WordHandle& handle) {
+        gint laidOutWidth = 0;
+        gint rows = 0;
+        const std::int32_t result =
+            callEngine(handle, &lectern_ipc_word_call_layout_size_sync, std::tuple<>(), &laidOutWidth, &rows);
+        if (result == MODULE_OK) {
+            *width = laidOutWidth;
+            *height = rows;
+        }
+        return result;
+    });
+}

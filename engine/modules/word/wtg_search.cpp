@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: Apache-2.0
+// Searching, and where the hits lie.
+
+#include "engine/modules/Arrays.h"
+#include "engine/modules/word/WordHandle.h"
+#include "modules/WordToGoModule.h"
+
+using namespace lectern::engine;
+
+namespace {
+
+// Regions with the rectangles that are theirs; false when those do not add up.
+bool keepRegions(WordHandle& handle, GVariant* positions, GVariant* counts, GVariant* rectangles) {
+    handle.regions.clear();
+    handle.regionRectangles = rectanglesOf(rectangles);
+    const std::span<const std::uint32_t> starts = elementsOf<std::uint32_t>(positions);
+    const std::span<const std::uint32_t> sizes = elementsOf<std::uint32_t>(counts);
+    if (starts.size() != sizes.size()) {
+        return false;
+    }
+    std::size_t next = 0;
+    for (std::size_t i = 0; i < starts.size(); i++) {
+        if (sizes[i] > handle.regionRectangles.size() - next) {
+            handle.regions.clear();
+            return false;
+        }
+        handle.regions.push_back({starts[i], handle.regionRectangles.data() + next, sizes[i]});
+        next += sizes[i];
+    }
+    return true;
+}
+
+} // namespace
+
+int32_t wtg_find(void* doc, const uint16_t* text, int32_t /*flags*/, uint32_t* from, uint32_t* to,
+                 const wtg_find_result** results, int32_t* count) {
+    if (doc == nullptr || text == nullptr || from == nullptr || to == nullptr || results == nullptr ||
+        count == nullptr) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    *results = nullptr;
+    *count = 0;
+    return onDocument(doc, [&](WordHandle& handle) {
+        handle.results.clear();
+        g_autoptr(GVariant) hits = nullptr;
+        g_autoptr(GVariant) wanted = g_variant_ref_sink(unitsOf(text));
+        const std::int32_t result = callEngine(handle, &lectern_ipc_word_call_find_sync,
+                                               std::tuple(wanted, guint{*from}, guint{*to}), &hits);
+        if (result != MODULE_OK) {
+            return result;
+        }
+        const std::span<const std::uint32_t> ends = elementsOf<std::uint32_t>(hits);
+        for (std::size_t i = 0; i + 2 <= ends.size(); i += 2) {
+            handle.results.push_back({0, ends[i], ends[i + 1]});
+        }
+        *count = static_cast<std::int32_t>(handle.results.size());
+        *results = handle.results.empty() ? nullptr : handle.results.data();
+        return result;
+    });
+}
+
+int32_t wtg_get_found_regions(void* doc, int32_t view, int32_t* count, const wtg_find_region** regions) {
+    if (doc == nullptr || view != 0 || count == nullptr || regions == nullptr) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    *count = 0;
+    *regions = nullptr;
+    return onDocument(doc, [&](WordHandle& handle) -> std::int32_t {
+        handle.regions.clear();
+        g_autoptr(GVariant) positions = nullptr;
+        g_autoptr(GVariant) counts = nullptr;
+        g_autoptr(GVariant) rectangles = nullptr;
+        const std::int32_t result = callEngine(handle, &lectern_ipc_word_call_found_regions_sync,
+                                               std::tuple<>(), &positions, &counts, &rectangles);
+        if (result != MODULE_OK) {
+            return result;
+        }
+        if (!keepRegions(handle, positions, counts, rectangles)) {
+            return MODULE_FAILED;
+        }
+        *count = static_cast<std::int32_t>(handle.regions.size());
+        *regions = handle.regions.empty() ? nullptr : handle.regions.data();
+        return MODULE_OK;
+    });
+}
+
+int32_t wtg_stop_find(void* doc) {
+    return onDocument(doc, [](WordHandle& handle) {
+        handle.results.clear();
+        handle.regions.clear();
+        return callEngine(handle, &lectern_ipc_word_call_stop_find_sync, std::tuple<>());
+    });
+}
+
+int32_t wtg_set_highlight_color(void* doc, const uint8_t rgb[3]) {
+    if (rgb == nullptr) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return tell(doc, &lectern_ipc_word_call_set_highlight_color_sync, guchar{rgb[0]}, guchar{rgb[1]},
+                guchar{rgb[2]});
+}

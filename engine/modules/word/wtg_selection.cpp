@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: Apache-2.0
+// Selected text.
+
+#include "engine/modules/Arrays.h"
+#include "engine/modules/Utf16.h"
+#include "engine/modules/word/WordHandle.h"
+#include "modules/WordToGoModule.h"
+
+using namespace lectern::engine;
+
+int32_t wtg_clear_selection(void* doc) {
+    return tell(doc, &lectern_ipc_word_call_clear_selection_sync);
+}
+
+int32_t wtg_copy_selection(void* doc, uint16_t* text, int32_t capacity, int32_t first, int32_t* length) {
+    if (first < 0 || !isTextBuffer(text, capacity, length)) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return onDocument(doc, [&](WordHandle& handle) {
+        g_autoptr(GVariant) whole = nullptr;
+        const std::int32_t result =
+            callEngine(handle, &lectern_ipc_word_call_copy_selection_sync, std::tuple<>(), &whole);
+        if (result == MODULE_OK) {
+            deliverTextFrom(elementsOf<std::uint16_t>(whole), first, text, capacity, length);
+        }
+        return result;
+    });
+}
+
+int32_t wtg_scroll_to_character_range(void* doc, int32_t view, uint32_t start, uint32_t end) {
+    return view != 0 || start > end
+               ? MODULE_BAD_ARGUMENT
+               : tell(doc, &lectern_ipc_word_call_scroll_to_range_sync, guint{start}, guint{end});
+}
+
+int32_t wtg_select_all(void* doc) {
+    return tell(doc, &lectern_ipc_word_call_select_all_sync);
+}
+
+int32_t wtg_select_area(void* doc, int32_t view, int32_t left, int32_t top, int32_t right, int32_t bottom) {
+    return view != 0 ? MODULE_BAD_ARGUMENT
+                     : tell(doc, &lectern_ipc_word_call_select_area_sync, gint{left}, gint{top}, gint{right},
+                            gint{bottom});
+}
+
+int32_t wtg_select_line(void* doc, int32_t view, int32_t x, int32_t y) {
+    return view != 0 ? MODULE_BAD_ARGUMENT
+                     : tell(doc, &lectern_ipc_word_call_select_line_sync, gint{x}, gint{y});
+}
+
+int32_t wtg_select_word(void* doc, int32_t view, int32_t x, int32_t y) {
+    return view != 0 ? MODULE_BAD_ARGUMENT
+                     : tell(doc, &lectern_ipc_word_call_select_word_sync, gint{x}, gint{y});
+}

@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/office/word/Body.h"
+
+#include <com/sun/star/container/XEnumerationAccess.hpp>
+#include <com/sun/star/container/XNamed.hpp>
+#include <com/sun/star/text/XTextFrame.hpp>
+#include <com/sun/star/text/XTextRangeCompare.hpp>
+#include <com/sun/star/text/XTextTable.hpp>
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+
+namespace lectern::engine {
+
+using css::uno::Reference;
+using css::uno::UNO_QUERY;
+using css::uno::UNO_QUERY_THROW;
+
+namespace {
+
+bool isDigit(sal_Unicode unit) {
+    return unit >= '0' && unit <= '9';
+}
+
+// "B12" of a cell in the twelfth row; cells of split ones have more behind a dot.
+OUString rowOf(const OUString& cell) {
+    sal_Int32 first = 0;
+    while (first < cell.getLength() && !isDigit(cell[first]))
+        ++first;
+    sal_Int32 last = first;
+    while (last < cell.getLength() && isDigit(cell[last]))
+        ++last;
+    return cell.copy(first, last - first);
+}
+
+// A shape may be a frame, or be filled by one.
+Reference<css::text::XTextFrame> frameOf(const FloatingShape& shape) {
+    const Reference<css::text::XTextFrame> frame(shape.shape, UNO_QUERY);
+    return frame.is() ? frame
+                      : property<Reference<css::text::XTextFrame>>(shape.properties, "TextBoxContent");
+}
+
+BodyText::Key keyAt(const Reference<css::beans::XPropertySet>& cursor) {
+    if (const auto table = property<Reference<css::container::XNamed>>(cursor, "TextTable"); table.is()) {
+        const auto cell = property<Reference<css::beans::XPropertySet>>(cursor, "Cell");
+        return {table->getName(), property<OUString>(cell, "CellName"), OUString()};
+    }
+    const auto frame = property<Reference<css::container::XNamed>>(cursor, "TextFrame");
+    return {OUString(), OUString(), frame.is() ? frame->getName() : OUString()};
+}
+
+} // namespace
+
+class Body::Walk {
+public:
+    Walk(Body& body, const std::function<void(const Reference<css::beans::XPropertySet>&)>& onBlock)
+        : mBody(body), mOnBlock(onBlock) {}
+
+    // Without a unit every paragraph is one.
+    void walk(const BodyText::Key& key, const Reference<css::text::XText>& text, std::optional<size_t> unit) {
+        const size_t index = mBody.mTexts.size();
+        mBody.mTexts.push_back({key, text, {}});
+        const Reference<css::container::XEnumerationAccess> access(text, UNO_QUERY_THROW);
+        const auto blocks = access->createEnumeration();
+        while (blocks->hasMoreElements()) {
+            const Reference<css::uno::XInterface> block(blocks->nextElement(), UNO_QUERY);
+            if (index == 0)
+                mOnBlock(propertiesOf(block));
+            if (const Reference<css::text::XTextTable> inner(block, UNO_QUERY); inner.is())
+                cellsOf(inner, unit);
+            else if (const Reference<css::text::XTextRange> range(block, UNO_QUERY); range.is())
+                addParagraph(range, index, unit);
+        }
+    }
+
+private:
+    void addParagraph(const Reference<css::text::XTextRange>& range, size_t text,
+                      std::optional<size_t> unit) {
+        BodyParagraph paragraph{range, toText(range->getString()), 0, 0, text, unit ? *unit : mUnits++};
+        mBody.mParagraphs.push_back(std::move(paragraph));
+    }
+
+    void cellsOf(const Reference<css::text::XTextTable>& table, std::optional<size_t> unit) {
+        mBody.mHasTables = true;
+        const Reference<css::container::XNamed> named(table, UNO_QUERY_THROW);
+        const OUString tableName = named->getName();
+        const auto names = table->getCellNames();
+        std::map<OUString, size_t> cellsInRow;
+        for (const OUString& name : names)
+            cellsInRow[rowOf(name)]++;
+        OUString row;
+        size_t rowUnit = 0;
+        for (const OUString& name : names) {
+            if (const OUString rowOfCell = rowOf(name); rowOfCell != row) {
+                row = rowOfCell;
+                rowUnit = mUnits++;
+            }
+            const bool shares = !unit && cellsInRow[row] > 1;
+            const Reference<css::text::XText> cell(table->getCellByName(name), UNO_QUERY_THROW);
+            walk({tableName, name, OUString()}, cell, shares ? std::optional(rowUnit) : unit);
+        }
+    }
+
+    Body& mBody;
+    const std::function<void(const Reference<css::beans::XPropertySet>&)>& mOnBlock;
+    size_t mUnits = 0;
+};
+
+Body::Body(const Reference<css::text::XTextDocument>& model, const std::vector<FloatingShape>& shapes,
+           const std::function<void(const Reference<css::beans::XPropertySet>&)>& onBlock) {
+    Walk walk(*this, onBlock);
+    walk.walk({}, model->getText(), std::nullopt);
+    std::vector<FrameBlock> frames;
+    for (const FloatingShape& shape : shapes) {
+        const auto frame = frameOf(shape);
+        const Reference<css::text::XTextContent> content(shape.shape, UNO_QUERY);
+        if (!frame.is() || !content.is())
+            continue;
+        const Reference<css::container::XNamed> named(frame, UNO_QUERY_THROW);
+        const size_t first = mParagraphs.size();
+        walk.walk({OUString(), OUString(), named->getName()}, frame->getText(), std::nullopt);
+        frames.push_back({first, mParagraphs.size(), content->getAnchor()});
+    }
+    for (size_t i = 0; i < mTexts.size(); ++i)
+        mTextOf.emplace(mTexts[i].key, i);
+    for (size_t i = 0; i < mParagraphs.size(); ++i)
+        mTexts[mParagraphs[i].text].paragraphs.push_back(i);
+    if (!frames.empty())
+        placeFrames(frames);
+    joinText();
+}
+
+// Frames were read behind the body; each goes behind the paragraph of its
+// anchor, be that in the body or in another frame. One anchored elsewhere, in a
+// note, goes.
+void Body::placeFrames(const std::vector<FrameBlock>& frames) {
+    std::multimap<size_t, const FrameBlock*> framesAt;
+    for (const FrameBlock& frame : frames) {
+        const auto cursor = frame.anchor->getText()->createTextCursorByRange(frame.anchor->getStart());
+        const BodyParagraph* const host =
+            paragraphAt(propertiesOf(cursor), Reference<css::text::XTextRange>(cursor, UNO_QUERY));
+        if (host != nullptr)
+            framesAt.emplace(static_cast<size_t>(host - mParagraphs.data()), &frame);
+    }
+    std::vector<BodyParagraph> ordered;
+    const std::function<void(size_t, size_t, std::optional<size_t>)> take = [&](size_t first, size_t last,
+                                                                                std::optional<size_t> unit) {
+        for (size_t i = first; i < last; ++i) {
+            ordered.push_back(mParagraphs[i]);
+            if (unit)
+                ordered.back().unit = *unit;
+            const size_t ownUnit = ordered.back().unit;
+            const auto [begin, end] = framesAt.equal_range(i);
+            for (auto frame = begin; frame != end; ++frame)
+                take(frame->second->first, frame->second->last, ownUnit);
+        }
+    };
+    take(0, frames.front().first, std::nullopt);
+    mParagraphs = std::move(ordered);
+    for (BodyText& text : mTexts)
+        text.paragraphs.clear();
+    for (size_t i = 0; i < mParagraphs.size(); ++i)
+        mTexts[mParagraphs[i].text].paragraphs.push_back(i);
+}
+
+void Body::joinText() {
+    for (BodyParagraph& paragraph : mParagraphs) {
+        if (&paragraph != &mParagraphs.front())
+            mString += paragraphSeparator;
+        paragraph.start = length();
+        paragraph.length = static_cast<uint32_t>(paragraph.string.size());
+        mString += std::exchange(paragraph.string, {});
+    }
+}
+
+void Body::moveLastParagraph(const Reference<css::text::XTextRange>& range) {
+    const std::vector<size_t>& own = mTexts.front().paragraphs;
+    if (!own.empty())
+        mParagraphs[own.back()].range = range;
+}
+
+const BodyParagraph& Body::paragraphAt(uint32_t position) const {
+    const auto next = std::upper_bound(
+        mParagraphs.begin(), mParagraphs.end(), position,
+        [](uint32_t character, const BodyParagraph& paragraph) { return character < paragraph.start; });
+    return *std::prev(next);
+}
+
+CharacterRange Body::unitOf(const BodyParagraph& paragraph) const {
+    const BodyParagraph* first = &paragraph;
+    while (first != &mParagraphs.front() && std::prev(first)->unit == paragraph.unit)
+        --first;
+    const BodyParagraph* last = &paragraph;
+    while (last != &mParagraphs.back() && std::next(last)->unit == paragraph.unit)
+        ++last;
+    return {first->start, last->start + last->length};
+}
+
+bool Body::isAlone(const BodyParagraph& paragraph) const {
+    return unitOf(paragraph) == CharacterRange{paragraph.start, paragraph.start + paragraph.length};
+}
+
+const BodyParagraph* Body::paragraphAt(const Reference<css::beans::XPropertySet>& cursor,
+                                       const Reference<css::text::XTextRange>& range) const {
+    const auto found = mTextOf.find(keyAt(cursor));
+    if (found == mTextOf.end() || mTexts[found->second].paragraphs.empty())
+        return nullptr;
+    const BodyText& text = mTexts[found->second];
+    const Reference<css::text::XTextRangeCompare> order(text.text, UNO_QUERY_THROW);
+    const auto next = std::partition_point(text.paragraphs.begin(), text.paragraphs.end(), [&](size_t index) {
+        return order->compareRegionStarts(mParagraphs[index].range, range) >= 0;
+    });
+    return &mParagraphs[next == text.paragraphs.begin() ? *next : *std::prev(next)];
+}
+
+} // namespace lectern::engine

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/office/word/LineBoxes.h"
+
+#include <LibreOfficeKit/LibreOfficeKitEnums.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <tuple>
+#include <utility>
+
+namespace lectern::engine {
+
+using css::uno::Reference;
+
+namespace {
+
+// An answer takes well under a millisecond; one that does not come is not waited for long.
+constexpr std::chrono::milliseconds patience(200);
+
+// "x, y, width, height; ..."
+std::vector<ViewBox> parseBoxes(const std::string& text) {
+    std::vector<ViewBox> boxes;
+    const char* rest = text.c_str();
+    long long left = 0, top = 0, width = 0, height = 0;
+    int used = 0;
+    while (std::sscanf(rest, "%lld, %lld, %lld, %lld%n", // NOLINT(cert-err34-c)
+                       &left, &top, &width, &height, &used) == 4) {
+        boxes.push_back({left, top, width, height});
+        rest += used;
+        rest += *rest == ';' ? 1 : 0;
+    }
+    std::sort(boxes.begin(), boxes.end(), [](const ViewBox& a, const ViewBox& b) {
+        return std::tie(a.top, a.left) < std::tie(b.top, b.left);
+    });
+    return boxes;
+}
+
+} // namespace
+
+LineBoxes::LineBoxes(lok::Document& painter, const TextFlow& flow, const TextPositions& positions)
+    : mPainter(painter), mFlow(flow), mPositions(positions) {
+    mPainter.registerCallback(&LineBoxes::onEvent, this);
+}
+
+LineBoxes::~LineBoxes() {
+    mPainter.registerCallback(nullptr, nullptr);
+}
+
+void LineBoxes::onEvent(int type, const char* payload, void* self) {
+    if (type != LOK_CALLBACK_TEXT_SELECTION || payload == nullptr || *payload == '\0')
+        return;
+    auto& boxes = *static_cast<LineBoxes*>(self);
+    const std::lock_guard lock(boxes.mMutex);
+    boxes.mPayload = payload;
+    boxes.mArrived.notify_one();
+}
+
+std::vector<ViewBox> LineBoxes::of(CharacterRange range) {
+    if (range.isEmpty())
+        return {};
+    const Reference<css::text::XTextRange> selection(mPositions.select(range), css::uno::UNO_QUERY);
+    {
+        const std::lock_guard lock(mMutex);
+        mPayload.clear();
+    }
+    mFlow.cursor()->gotoRange(selection, false);
+    return parseBoxes(takeSelection());
+}
+
+std::string LineBoxes::takeSelection() {
+    std::unique_lock lock(mMutex);
+    mArrived.wait_for(lock, patience, [this] { return !mPayload.empty(); });
+    return std::exchange(mPayload, {});
+}
+
+} // namespace lectern::engine

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/office/word/PlacedRanges.h"
+
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+namespace lectern::engine {
+
+namespace {
+
+// A single call does not place ranges for longer. Only thousands in one table
+// take as long; those left over stay unplaced until they are asked for again.
+constexpr std::chrono::seconds mostTime(3);
+
+std::vector<TextBox> textBoxes(const RowMap& map, const std::vector<ViewBox>& lines) {
+    std::vector<TextBox> boxes;
+    for (const ViewBox& line : lines) {
+        TextBox box{map.rowAt(line.top), map.rowAt(line.top + line.height), 0, 0};
+        box.left = map.columnAt(line.left, box.top);
+        box.right = std::max(map.columnAt(line.left + line.width, box.top), box.left + 1);
+        box.bottom = std::max(box.bottom, box.top + 1);
+        boxes.push_back(box);
+    }
+    return boxes;
+}
+
+} // namespace
+
+PlacedRanges::PlacedRanges(std::vector<CharacterRange> ranges)
+    : mRanges(std::move(ranges)), mPlaces(mRanges.size()) {}
+
+void PlacedRanges::forgetPlaces() {
+    std::fill(mPlaces.begin(), mPlaces.end(), std::nullopt);
+}
+
+std::vector<size_t> PlacedRanges::inRows(const LaidOutText& text, int64_t first, int64_t last) {
+    std::vector<size_t> found;
+    if (mRanges.empty() || first >= last || first >= text.map.rows())
+        return found;
+    place(text, text.positions.around(text.map, first, last));
+    for (size_t index = 0; index < mRanges.size(); ++index) {
+        if (mPlaces[index] &&
+            std::any_of(mPlaces[index]->begin(), mPlaces[index]->end(),
+                        [&](const TextBox& box) { return box.top < last && box.bottom > first; }))
+            found.push_back(index);
+    }
+    return found;
+}
+
+void PlacedRanges::placeAll(const LaidOutText& text) {
+    place(text, {0, text.positions.count()});
+    for (auto& boxes : mPlaces) {
+        if (!boxes)
+            boxes.emplace();
+    }
+}
+
+void PlacedRanges::place(const LaidOutText& text, CharacterRange near) {
+    std::optional<LineBoxes> lines;
+    const auto start = std::chrono::steady_clock::now();
+    for (size_t index = 0; index < mRanges.size(); ++index) {
+        const CharacterRange& range = mRanges[index];
+        if (mPlaces[index] || range.end <= near.start || range.start >= near.end)
+            continue;
+        if (std::chrono::steady_clock::now() - start > mostTime)
+            break;
+        if (!lines)
+            lines.emplace(text.painter, text.flow, text.positions);
+        mPlaces[index] = textBoxes(text.map, lines->of(range));
+    }
+}
+
+} // namespace lectern::engine

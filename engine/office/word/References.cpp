@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/office/word/References.h"
+
+#include <com/sun/star/container/XEnumerationAccess.hpp>
+#include <com/sun/star/container/XIndexAccess.hpp>
+#include <com/sun/star/lang/XServiceInfo.hpp>
+#include <com/sun/star/text/XEndnotesSupplier.hpp>
+#include <com/sun/star/text/XFootnotesSupplier.hpp>
+#include <com/sun/star/text/XTextContent.hpp>
+#include <com/sun/star/text/XTextFieldsSupplier.hpp>
+
+#include <algorithm>
+
+namespace lectern::engine {
+
+using css::uno::Reference;
+using css::uno::UNO_QUERY;
+
+namespace {
+
+struct Mark {
+    CharacterRange range;
+    SideText text;
+};
+
+class Collector {
+public:
+    explicit Collector(const TextPositions& positions) : mPositions(positions) {}
+
+    void add(const css::uno::Any& element, ClickTarget::Type type) {
+        const Reference<css::text::XTextContent> content(element, UNO_QUERY);
+        const auto anchor = content.is() ? content->getAnchor() : Reference<css::text::XTextRange>();
+        if (!anchor.is() || !anchor->getText().is())
+            return;
+        const uint32_t start = mPositions.positionOf(anchor->getStart());
+        if (start >= mPositions.count())
+            return; // of a header, or of another note
+        const auto length = static_cast<uint32_t>(anchor->getString().getLength());
+        // A comment on no words in particular is taken to be on the nearest letter.
+        const uint32_t from = length == 0 && start > 0 ? start - 1 : start;
+        marks.push_back({{from, std::max(start + length, from + 1)}, {type, content}});
+    }
+
+    std::vector<Mark> marks;
+
+private:
+    const TextPositions& mPositions;
+};
+
+void addNotes(Collector& collector, const Reference<css::container::XIndexAccess>& notes,
+              ClickTarget::Type type) {
+    for (sal_Int32 i = 0; i < notes->getCount(); ++i)
+        collector.add(notes->getByIndex(i), type);
+}
+
+void addComments(Collector& collector, const Reference<css::text::XTextFieldsSupplier>& supplier) {
+    const auto fields = supplier->getTextFields()->createEnumeration();
+    while (fields->hasMoreElements()) {
+        const css::uno::Any field = fields->nextElement();
+        const Reference<css::lang::XServiceInfo> info(field, UNO_QUERY);
+        if (info.is() && info->supportsService("com.sun.star.text.textfield.Annotation"))
+            collector.add(field, ClickTarget::Comment);
+    }
+}
+
+} // namespace
+
+References::References(const Reference<css::text::XTextDocument>& model, const TextPositions& positions) {
+    Collector collector(positions);
+    if (const Reference<css::text::XFootnotesSupplier> notes(model, UNO_QUERY); notes.is())
+        addNotes(collector, notes->getFootnotes(), ClickTarget::Footnote);
+    if (const Reference<css::text::XEndnotesSupplier> notes(model, UNO_QUERY); notes.is())
+        addNotes(collector, notes->getEndnotes(), ClickTarget::Endnote);
+    if (const Reference<css::text::XTextFieldsSupplier> fields(model, UNO_QUERY); fields.is())
+        addComments(collector, fields);
+    auto& marks = collector.marks;
+    std::stable_sort(marks.begin(), marks.end(),
+                     [](const Mark& a, const Mark& b) { return a.range.start < b.range.start; });
+    std::vector<CharacterRange> ranges;
+    for (Mark& mark : marks) {
+        ranges.push_back(mark.range);
+        mTexts.push_back(std::move(mark.text));
+    }
+    mPlaces = PlacedRanges(std::move(ranges));
+}
+
+} // namespace lectern::engine

@@ -1,0 +1,177 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/office/word/TextFlow.h"
+
+#include "engine/office/word/PageStyles.h"
+
+#include <com/sun/star/text/XPageCursor.hpp>
+#include <com/sun/star/text/XTextViewCursorSupplier.hpp>
+#include <com/sun/star/view/XViewCursor.hpp>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+
+namespace lectern::engine {
+
+using css::uno::Reference;
+using css::uno::UNO_QUERY_THROW;
+
+namespace {
+
+// 1/100 mm. A kilometre holds two thousand pages of text on a narrow screen;
+// pages much higher paint slowly.
+constexpr int32_t giantPage = 100'000'000;
+constexpr int32_t pageSlack = 5'000;
+
+// Twips.
+constexpr int64_t leastLine = 240;
+constexpr int64_t lowerBorder = 30; // of a table that ends the text
+
+// Text is first placed on a page in time quadratic in the paragraphs on it. A
+// long plain text is therefore poured into pages of growing height, and stays
+// on a few.
+constexpr size_t manyParagraphs = 8'000;
+constexpr int32_t growingPages[] = {300'000, 3'000'000};
+
+// Changes made while this lives are laid out together when it goes.
+class LayoutPause {
+public:
+    explicit LayoutPause(const Reference<css::text::XTextDocument>& model) : mModel(model) {
+        if (!mModel->hasControllersLocked())
+            mModel->lockControllers();
+    }
+    ~LayoutPause() {
+        try {
+            mModel->unlockControllers();
+        } catch (const css::uno::Exception&) {
+            std::fprintf(stderr, "office: the layout failed\n");
+        }
+    }
+    LayoutPause(const LayoutPause&) = delete;
+    LayoutPause& operator=(const LayoutPause&) = delete;
+
+private:
+    const Reference<css::text::XTextDocument>& mModel;
+};
+
+struct FreeDeleter {
+    void operator()(char* text) const { std::free(text); }
+};
+
+// "x, y, width, height; ..." in twips, one for each page.
+std::vector<FlowPage> pageCorners(lok::Document& painter) {
+    const std::unique_ptr<char, FreeDeleter> text(painter.getPartPageRectangles());
+    std::vector<FlowPage> pages;
+    const char* rest = text.get();
+    while (rest != nullptr && *rest != '\0') {
+        long long left = 0;
+        long long top = 0;
+        int used = 0;
+        if (std::sscanf(rest, "%lld, %lld, %*d, %*d%n", &left, &top, &used) != 2) // NOLINT(cert-err34-c)
+            break;
+        pages.push_back({left, top, 0});
+        rest += used;
+        rest += *rest == ';' ? 1 : 0;
+    }
+    return pages;
+}
+
+// Pages narrower or wider than these, in twips, are not laid out as asked.
+constexpr int64_t leastWidth = 600;
+constexpr int64_t mostWidth = 400'000;
+
+} // namespace
+
+int32_t layoutWidth(int32_t pixels, int32_t dpi) {
+    const int64_t width = (int64_t{pixels} * 1440 + dpi - 1) / dpi;
+    return static_cast<int32_t>(std::clamp(width, leastWidth, mostWidth));
+}
+
+TextFlow::TextFlow(const OpenedDocument& document, PreparedDocument& prepared)
+    : mDocument(document), mPrepared(prepared) {
+    const Reference<css::text::XTextViewCursorSupplier> supplier(document.model->getCurrentController(),
+                                                                 UNO_QUERY_THROW);
+    mCursor = supplier->getViewCursor();
+}
+
+void TextFlow::layOut(int32_t width) {
+    if (width == mWidth)
+        return;
+    const auto pageWidth = static_cast<int32_t>(hundredthMmFromTwips(width));
+    if (isLongPlainText()) {
+        if (mWidth == 0)
+            layOutOn(pageWidth, growingPages[0]);
+        layOutOn(pageWidth, growingPages[1]);
+    } else {
+        layOutOnOnePage(pageWidth);
+    }
+    mWidth = width;
+    measure();
+}
+
+void TextFlow::layOutOnOnePage(int32_t pageWidth) {
+    layOutOn(pageWidth, giantPage);
+    // Text that was on several pages may stay so; another height makes it flow
+    // together.
+    if (end().page > 0)
+        layOutOn(pageWidth, giantPage + 1000);
+    if (undoEnlargement(mPrepared.shapes))
+        layOutOn(pageWidth, giantPage);
+    // Painting a tile takes longer the higher the page is.
+    if (const FlowPlace last = end(); last.page == 0)
+        layOutOn(pageWidth, static_cast<int32_t>(hundredthMmFromTwips(last.y)) + pageSlack);
+    if (end().page > 0)
+        layOutOn(pageWidth, giantPage);
+}
+
+void TextFlow::layOutOn(int32_t pageWidth, int32_t pageHeight) {
+    const LayoutPause pause(mDocument.model);
+    if (pageWidth != mFittedWidth) {
+        fitShapes(mPrepared.shapes, pageWidth - 2 * pageMargin);
+        fitIndents(mPrepared.indents, pageWidth - 2 * pageMargin);
+        mFittedWidth = pageWidth;
+    }
+    setPageSize(mDocument.model, pageWidth, pageHeight);
+}
+
+bool TextFlow::isLongPlainText() const {
+    return mPrepared.body.paragraphs().size() > manyParagraphs && !mPrepared.body.hasTables();
+}
+
+FlowPlace TextFlow::end() const {
+    mCursor->gotoRange(mPrepared.end, false);
+    return cursorPlace();
+}
+
+FlowPlace TextFlow::cursorPlace() const {
+    const Reference<css::text::XPageCursor> page(mCursor, UNO_QUERY_THROW);
+    const auto index = static_cast<size_t>(std::max<sal_Int16>(page->getPage(), 1)) - 1;
+    // The cursor counts from the first page's corner on every page.
+    const int64_t y = twipsFromHundredthMm(mCursor->getPosition().Y);
+    const int64_t above = index < mPages.size() ? mPages[index].top - mPages.front().top : 0;
+    return {index, y - above};
+}
+
+void TextFlow::measure() {
+    mPages = pageCorners(*mDocument.painter);
+    mPages.resize(std::max(std::min(end().page + 1, mPages.size()), size_t{1}));
+    const Reference<css::text::XPageCursor> page(mCursor, UNO_QUERY_THROW);
+    for (size_t i = 1; i < mPages.size(); ++i) {
+        page->jumpToPage(static_cast<sal_Int16>(i + 1));
+        page->jumpToStartOfPage();
+        mPages[i].top += cursorPlace().y;
+    }
+    // A page ends below its last line; how far, the line above tells.
+    const Reference<css::view::XViewCursor> above(mCursor, UNO_QUERY_THROW);
+    for (size_t i = 0; i + 1 < mPages.size(); ++i) {
+        page->jumpToPage(static_cast<sal_Int16>(i + 1));
+        page->jumpToEndOfPage();
+        const int64_t lastLine = cursorPlace().y;
+        above->goUp(1, false);
+        mPages[i].height = lastLine + std::max(lastLine - cursorPlace().y, leastLine);
+    }
+    mPages.back().height = end().y + lowerBorder;
+}
+
+} // namespace lectern::engine

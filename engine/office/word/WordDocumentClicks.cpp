@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: Apache-2.0
+// What lies under a point, and the secondary documents behind it.
+#include "engine/office/word/SecondaryDocument.h"
+#include "engine/office/word/WordDocumentPrivate.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace lectern::engine {
+
+namespace {
+
+constexpr uint32_t white = 0xFFFFFFFF;
+constexpr int32_t sideTextTop = 50; // rows of the surface that a pop-up does not show
+
+// Pixels by which a finger may miss a note's mark, beside it, and above or below.
+constexpr int32_t reachAcross = 12;
+constexpr int32_t reachDown = 6;
+
+// How far a point misses a box, of what it may, in percent; 0 inside.
+int64_t missBy(const TextBox& box, int32_t x, int64_t row) {
+    const int64_t across = std::max<int64_t>({box.left - x, x - (box.right - 1), 0});
+    const int64_t down = std::max<int64_t>({box.top - row, row - (box.bottom - 1), 0});
+    return std::max(across * 100 / reachAcross, down * 100 / reachDown);
+}
+
+int64_t missBy(const std::vector<TextBox>& boxes, int32_t x, int64_t row) {
+    int64_t least = std::numeric_limits<int64_t>::max();
+    for (const TextBox& box : boxes)
+        least = std::min(least, missBy(box, x, row));
+    return least;
+}
+
+// Looks at what a point of the text is on.
+class Pointer {
+public:
+    Pointer(const LaidOutText& text, References& references, const LinkTargets& targets, int32_t x,
+            int64_t row)
+        : mText(text), mReferences(references), mTargets(targets), mX(x), mRow(row) {}
+
+    // Marks of notes are small, so a near miss counts where there is nothing else.
+    ClickTarget target() {
+        if (const auto reference = nearestReference(0))
+            return *reference;
+        if (const auto link = linkAtPoint())
+            return *link;
+        return nearestReference(100).value_or(ClickTarget());
+    }
+
+private:
+    // `most` is how far the point may miss it.
+    std::optional<ClickTarget> nearestReference(int64_t most) {
+        PlacedRanges& places = mReferences.places();
+        std::optional<ClickTarget> nearest;
+        const int64_t above = std::max<int64_t>(mRow - reachDown, 0);
+        for (const size_t index : places.inRows(mText, above, mRow + reachDown + 1)) {
+            const ClickTarget::Type type = mReferences.texts()[index].type;
+            const int64_t miss = missBy(places.boxes(index), mX, mRow);
+            // Of a comment and a mark inside of it, the mark.
+            if (miss > most || (miss == most && nearest && type == ClickTarget::Comment))
+                continue;
+            most = miss;
+            nearest = {type, {}, static_cast<uint32_t>(index)};
+        }
+        return nearest;
+    }
+
+    std::optional<ClickTarget> linkAtPoint() {
+        const auto at = mText.positions.pointedAt(mText.map, mX, mRow);
+        if (const auto url = property<OUString>(at.object, "HyperLinkURL"); !url.isEmpty())
+            return follow(url);
+        const BodyParagraph& paragraph = mText.positions.body().paragraphAt(at.position);
+        std::vector<CharacterRange> near;
+        std::vector<OUString> addresses;
+        for (const Link& link : linksIn(paragraph, mText.positions)) {
+            if (link.range.start > at.position || link.range.end < at.position)
+                continue;
+            near.push_back(link.range);
+            addresses.push_back(link.address);
+        }
+        PlacedRanges places(std::move(near));
+        places.placeAll(mText);
+        for (size_t index = 0; index < addresses.size(); ++index) {
+            if (missBy(places.boxes(index), mX, mRow) == 0)
+                return follow(addresses[index]);
+        }
+        const auto entry = mTargets.ofContentsEntry(paragraph);
+        return entry ? std::optional(ClickTarget{ClickTarget::Internal, {}, *entry}) : std::nullopt;
+    }
+
+    std::optional<ClickTarget> follow(const OUString& address) const {
+        if (!address.startsWith("#"))
+            return ClickTarget{ClickTarget::Hyperlink, toText(address), 0};
+        const auto position = mTargets.find(address.copy(1));
+        return position ? std::optional(ClickTarget{ClickTarget::Internal, {}, *position}) : std::nullopt;
+    }
+
+    const LaidOutText& mText;
+    References& mReferences;
+    const LinkTargets& mTargets;
+    int32_t mX;
+    int64_t mRow;
+};
+
+} // namespace
+
+bool WordDocument::Private::isOnText(int32_t x, int32_t y) const {
+    return x >= 0 && x < surface.width && y >= 0 && y < usedRows();
+}
+
+References& WordDocument::Private::references() {
+    if (!sideTexts)
+        sideTexts.emplace(document.model, positions);
+    return *sideTexts;
+}
+
+int32_t WordDocument::clickInfo(int32_t x, int32_t y, ClickTarget& target) {
+    Private& d = *mPrivate;
+    return d.onLayout([&]() -> int32_t {
+        if (d.isOnText(x, y))
+            target =
+                Pointer(d.text(), d.references(), LinkTargets(d.document.model, d.positions), x, d.top + y)
+                    .target();
+        return MODULE_OK;
+    });
+}
+
+int32_t WordDocument::clickRegions(std::vector<PixelRect>& regions) {
+    Private& d = *mPrivate;
+    return d.onLayout([&]() -> int32_t {
+        const CharacterRange near = d.positions.around(d.map, d.top, d.bottom());
+        std::vector<CharacterRange> links;
+        for (const BodyParagraph& paragraph : d.prepared.body.paragraphs()) {
+            if (paragraph.start + paragraph.length < near.start || paragraph.start > near.end)
+                continue;
+            for (const Link& link : linksIn(paragraph, d.positions))
+                links.push_back(link.range);
+        }
+        PlacedRanges placed(std::move(links));
+        for (PlacedRanges* ranges : {&placed, &d.references().places()}) {
+            for (const size_t index : ranges->inRows(d.text(), d.top, d.bottom())) {
+                for (const TextBox& box : ranges->boxes(index))
+                    regions.push_back(d.onSurface(box));
+            }
+        }
+        return MODULE_OK;
+    });
+}
+
+int32_t WordDocument::openSecondary(int32_t type, uint32_t number, int32_t height) {
+    Private& d = *mPrivate;
+    return guarded([&]() -> int32_t {
+        const auto& texts = d.references().texts();
+        if (number >= texts.size() || texts[number].type != type || height < 1 || d.surface.pixels == nullptr)
+            return MODULE_BAD_ARGUMENT;
+        const Surface& whole = d.surface;
+        const int32_t shown = std::clamp(whole.height - sideTextTop, 0, height);
+        if (shown > 0) {
+            const Surface part{whole.row(sideTextTop), whole.width, shown};
+            const int32_t result = paintSideText(d.office, d.document, texts[number], part, d.dpi);
+            if (result != MODULE_OK)
+                return result;
+        }
+        std::fill(whole.row(0), whole.row(std::min(sideTextTop, whole.height)), white);
+        std::fill(whole.row(std::min(sideTextTop, whole.height) + shown), whole.row(whole.height), white);
+        d.painted = true;
+        return MODULE_OK;
+    });
+}
+
+int32_t WordDocument::smartZoom(int32_t x, int32_t y, PixelRect& area) {
+    Private& d = *mPrivate;
+    return d.onLayout([&]() -> int32_t {
+        if (!d.isOnText(x, y))
+            return MODULE_NOTHING_THERE;
+        const BodyParagraph& paragraph =
+            d.prepared.body.paragraphAt(d.positions.nearest(d.map, x, d.top + y));
+        PlacedRanges whole({{paragraph.start, paragraph.start + paragraph.length}});
+        whole.placeAll(d.text());
+        if (whole.boxes(0).empty())
+            return MODULE_NOTHING_THERE;
+        TextBox around = whole.boxes(0).front();
+        for (const TextBox& box : whole.boxes(0))
+            around = {std::min(around.top, box.top), std::max(around.bottom, box.bottom),
+                      std::min(around.left, box.left), std::max(around.right, box.right)};
+        area = d.onSurface(around);
+        return MODULE_OK;
+    });
+}
+
+} // namespace lectern::engine

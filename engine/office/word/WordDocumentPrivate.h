@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "engine/office/word/Links.h"
+#include "engine/office/OfficeGuard.h"
+#include "engine/office/word/References.h"
+#include "engine/layout/SearchText.h"
+#include "engine/office/word/TilePainter.h"
+#include "engine/office/word/BoxTint.h"
+#include "engine/office/word/WordDocument.h"
+
+#include <optional>
+
+namespace lectern::engine {
+
+// What a layout is made for.
+struct LayoutKey {
+    int32_t width = 0;
+    int32_t height = 0;
+    int32_t dpi = 0;
+    friend bool operator==(const LayoutKey&, const LayoutKey&) = default;
+};
+
+struct WordDocument::Private {
+    Private(Office::Private& suite, OpenedDocument openedDocument);
+
+    // Runs work that needs the layout; lays out and paints before it when the
+    // surface's size or the dpi has changed since. MODULE_BAD_ARGUMENT without a
+    // surface.
+    template<class Work>
+    int32_t onLayout(Work work) noexcept {
+        return guarded([&]() -> int32_t {
+            if (surface.pixels == nullptr)
+                return MODULE_BAD_ARGUMENT;
+            if (!isCurrent()) {
+                layOut();
+                paint(0, surface.height);
+            }
+            return work();
+        });
+    }
+    bool isCurrent() const { return laidOut == LayoutKey{surface.width, surface.height, dpi}; }
+    void layOut();
+
+    // Paints rows [first, last) of the stretch, hits and the selection on them.
+    void paint(int32_t first, int32_t last);
+    // ... all of them, when the layout is current; else that is yet to come.
+    void repaint();
+    // Tints what of the ranges lies in rows [first, last) of the stretch.
+    void mark(PlacedRanges& ranges, int32_t first, int32_t last, const Colour& colour);
+    // Moves the stretch, keeping what stays visible.
+    void moveTo(int64_t row);
+
+    int64_t bottom() const { return top + surface.height; }
+    int64_t usedRows() const { return std::clamp<int64_t>(map.rows() - top, 0, surface.height); }
+    bool isOnText(int32_t x, int32_t y) const;
+    uint32_t topLeft() const;
+    LaidOutText text() { return {*document.painter, flow, positions, map}; }
+    // A box as it lies on the surface.
+    PixelRect onSurface(const TextBox& box) const;
+    References& references();
+    // One range for each paragraph: selected text is marked paragraph by paragraph.
+    void select(CharacterRange range);
+
+    Office::Private& office;
+    OpenedDocument document;
+    PreparedDocument prepared;
+    TextFlow flow;
+    TextPositions positions;
+    TilePainter painter;
+    RowMap map;
+    Surface surface;
+    int32_t dpi;
+    LayoutKey laidOut;
+    int64_t top = 0; // the stretch's first row
+    bool painted = false;
+
+    Colour highlight{128, 192, 255};      // for finds and selections to come
+    std::optional<SearchText> searchText; // made when first searched
+    PlacedRanges hits;
+    Colour hitColour{};
+    CharacterRange selection;
+    PlacedRanges selectedLines;
+    Colour selectionColour{};
+    std::optional<References> sideTexts; // found when first needed
+};
+
+} // namespace lectern::engine

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: Apache-2.0
+// Finding text, and where the hits lie on the surface.
+#include "engine/office/word/WordDocumentPrivate.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace lectern::engine {
+
+int32_t WordDocument::setHighlightColor(uint8_t red, uint8_t green, uint8_t blue) {
+    mPrivate->highlight = {red, green, blue};
+    return MODULE_OK;
+}
+
+int32_t WordDocument::find(const std::u16string& text, CharacterRange bounds,
+                           std::vector<CharacterRange>& hits) {
+    Private& d = *mPrivate;
+    return guarded([&]() -> int32_t {
+        if (!d.searchText)
+            d.searchText.emplace(d.prepared.body.string());
+        const bool wasMarked = !d.hits.ranges().empty();
+        hits = d.searchText->find(text, bounds);
+        d.hits = PlacedRanges(hits);
+        d.hitColour = d.highlight;
+        if (wasMarked)
+            d.repaint();
+        else if (d.surface.pixels != nullptr && d.isCurrent())
+            d.mark(d.hits, 0, d.surface.height, d.hitColour);
+        return MODULE_OK;
+    });
+}
+
+int32_t WordDocument::foundRegions(std::vector<FoundRegion>& regions) {
+    Private& d = *mPrivate;
+    return d.onLayout([&]() -> int32_t {
+        for (const size_t index : d.hits.inRows(d.text(), d.top, d.bottom())) {
+            FoundRegion region{d.hits.ranges()[index].start, {}};
+            for (const TextBox& box : d.hits.boxes(index))
+                region.rectangles.push_back(d.onSurface(box));
+            regions.push_back(std::move(region));
+        }
+        const auto place = [](const FoundRegion& region) {
+            return std::tuple(region.rectangles.front().y, region.rectangles.front().x);
+        };
+        std::stable_sort(regions.begin(), regions.end(),
+                         [&](const FoundRegion& a, const FoundRegion& b) { return place(a) < place(b); });
+        return MODULE_OK;
+    });
+}
+
+int32_t WordDocument::stopFind() {
+    Private& d = *mPrivate;
+    return guarded([&]() -> int32_t {
+        const bool wasMarked = !d.hits.ranges().empty();
+        d.hits = PlacedRanges();
+        if (wasMarked)
+            d.repaint();
+        return MODULE_OK;
+    });
+}
+
+PixelRect WordDocument::Private::onSurface(const TextBox& box) const {
+    return {box.left, static_cast<int32_t>(box.top - top), box.right - box.left,
+            static_cast<int32_t>(box.bottom - box.top)};
+}
+
+} // namespace lectern::engine

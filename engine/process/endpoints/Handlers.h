@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "engine/layout/DocumentInformation.h"
+#include "engine/process/endpoints/Wire.h"
+#include "base/FileDescriptor.h"
+
+#include <gio/gio.h>
+#include <gio/gunixfdlist.h>
+
+#include <cstdint>
+#include <tuple>
+#include <type_traits>
+
+// Handlers of the generated skeletons' signals: each runs an operation of a
+// service's document and completes the call with what it gave.
+namespace lectern::engine {
+
+template<class... Types>
+struct TypeList {};
+
+// Sorts an operation's parameters: inputs first, then outputs, which are
+// references to what can be written.
+template<class Inputs, class... Parameters>
+struct Sorted;
+template<class... Inputs>
+struct Sorted<TypeList<Inputs...>> {
+    using In = TypeList<Inputs...>;
+    using Out = std::tuple<>;
+};
+template<class... Inputs, class Output, class... Outputs>
+requires(!std::is_const_v<Output>) struct Sorted<TypeList<Inputs...>, Output&, Outputs...> {
+    using In = TypeList<Inputs...>;
+    using Out = std::tuple<Output, std::remove_reference_t<Outputs>...>;
+};
+template<class... Inputs, class Input, class... Parameters>
+struct Sorted<TypeList<Inputs...>, Input, Parameters...>
+    : Sorted<TypeList<Inputs..., std::remove_cvref_t<Input>>, Parameters...> {};
+
+template<class Operation>
+struct Signature;
+template<class Document, class... Parameters>
+struct Signature<std::int32_t (Document::*)(Parameters...)> : Sorted<TypeList<>, Parameters...> {};
+
+// Completes a call; `outputs` are in the protocol's types.
+template<class Service, class Complete, class... Outputs>
+gboolean answer(Service& service, Complete complete, typename Service::Skeleton* skeleton,
+                GDBusMethodInvocation* invocation, std::int32_t result, Outputs... outputs) {
+    std::apply([&](auto... more) { complete(skeleton, invocation, result, more..., outputs...); },
+               service.afterResult());
+    return TRUE;
+}
+
+template<class Service, auto Operation, auto Complete, class Inputs>
+struct Handler;
+template<class Service, auto Operation, auto Complete, class... Inputs>
+struct Handler<Service, Operation, Complete, TypeList<Inputs...>> {
+    static gboolean handle(typename Service::Skeleton* skeleton, GDBusMethodInvocation* invocation,
+                           typename Wire<Inputs>::Type... inputs, gpointer user) {
+        Service& service = *static_cast<Service*>(user);
+        typename Signature<decltype(Operation)>::Out outputs{};
+        const auto call = [&](auto&... output) {
+            return service.run([&](typename Service::Document& document) {
+                return (document.*Operation)(Wire<Inputs>::read(inputs)..., output...);
+            });
+        };
+        const std::int32_t result = std::apply(call, outputs);
+        return std::apply(
+            [&](const auto&... output) {
+                return answer(service, Complete, skeleton, invocation, result, written(output)...);
+            },
+            outputs);
+    }
+};
+
+// What a document says of itself, in one answer.
+template<class Service, auto Complete>
+gboolean handleInformation(typename Service::Skeleton* skeleton, GDBusMethodInvocation* invocation,
+                           gpointer user) {
+    Service& service = *static_cast<Service*>(user);
+    DocumentInformation information;
+    const std::int32_t result =
+        service.run([&](typename Service::Document& document) { return document.information(information); });
+    return answer(service, Complete, skeleton, invocation, result, written(information.name),
+                  written(information.author), written(information.description), information.created,
+                  information.lastSaved);
+}
+
+// The colour of hits to come, as three bytes.
+template<class Service, auto Complete>
+gboolean handleHighlightColour(typename Service::Skeleton* skeleton, GDBusMethodInvocation* invocation,
+                               guchar red, guchar green, guchar blue, gpointer user) {
+    Service& service = *static_cast<Service*>(user);
+    const std::int32_t result = service.run([&](typename Service::Document& document) {
+        return document.setHighlightColour({red, green, blue});
+    });
+    return answer(service, Complete, skeleton, invocation, result);
+}
+
+// The memory that came with a call; negative without any.
+inline FileDescriptor fileOf(GUnixFDList* files, GVariant* handle) {
+    return FileDescriptor(
+        files == nullptr ? -1 : g_unix_fd_list_get(files, g_variant_get_handle(handle), nullptr));
+}
+
+// Connects handlers to a service's skeleton, whose calls they answer with it.
+template<class Service>
+class Connector {
+public:
+    Connector(typename Service::Skeleton* skeleton, Service* service)
+        : mSkeleton(skeleton), mService(service) {}
+
+    template<class Function>
+    void handler(const char* signal, Function* function) const {
+        g_signal_connect(mSkeleton, signal, G_CALLBACK(function), mService);
+    }
+    // Operation is a member function of the document, Complete the generated
+    // function that takes what it gives.
+    template<auto Operation, auto Complete>
+    void operation(const char* signal) const {
+        using Inputs = typename Signature<decltype(Operation)>::In;
+        handler(signal, &Handler<Service, Operation, Complete, Inputs>::handle);
+    }
+
+private:
+    typename Service::Skeleton* mSkeleton;
+    Service* mService;
+};
+
+} // namespace lectern::engine

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/process/endpoints/SheetEndpoint.h"
+
+#include "engine/process/endpoints/Handlers.h"
+#include "engine/protocol/Inherited.h"
+
+#include <EngineProtocol.h>
+
+namespace lectern::engine {
+namespace {
+
+using Skeleton = LecternIpcSheet;
+using Invocation = GDBusMethodInvocation;
+using Document = SheetDocument;
+
+SheetEndpoint& serviceOf(gpointer user) {
+    return *static_cast<SheetEndpoint*>(user);
+}
+
+gboolean handleOpen(Skeleton* sheet, Invocation* invocation, const gchar* path, const gchar* password,
+                    gpointer user) {
+    return answer(serviceOf(user), &lectern_ipc_sheet_complete_open, sheet, invocation,
+                  serviceOf(user).open(path, std::string(password)));
+}
+
+gboolean handleSetSurface(Skeleton* sheet, Invocation* invocation, GUnixFDList* files, gint area,
+                          GVariant* memory, gint width, gint height, gpointer user) {
+    const FileDescriptor file = fileOf(files, memory);
+    lectern_ipc_sheet_complete_set_surface(sheet, invocation, nullptr,
+                                           serviceOf(user).setSurface(area, file.get(), width, height));
+    return TRUE;
+}
+
+gboolean handleCellBounds(Skeleton* sheet, Invocation* invocation, gint index, gint x, gint y,
+                          gpointer user) {
+    PixelRect bounds;
+    const std::int32_t result =
+        serviceOf(user).run([&](Document& document) { return document.cellBounds(index, x, y, bounds); });
+    return answer(serviceOf(user), &lectern_ipc_sheet_complete_cell_bounds, sheet, invocation, result,
+                  bounds.x, bounds.y, bounds.width, bounds.height);
+}
+
+void connectView(const Connector<SheetEndpoint>& on) {
+    on.handler("handle-open", &handleOpen);
+    on.handler("handle-set-surface", &handleSetSurface);
+    on.operation<&Document::setDpi, &lectern_ipc_sheet_complete_set_dpi>("handle-set-dpi");
+    on.operation<&Document::render, &lectern_ipc_sheet_complete_render>("handle-render");
+    on.operation<&Document::sheetCount, &lectern_ipc_sheet_complete_sheet_count>("handle-sheet-count");
+    on.operation<&Document::title, &lectern_ipc_sheet_complete_title>("handle-title");
+    on.operation<&Document::columnCount, &lectern_ipc_sheet_complete_column_count>("handle-column-count");
+    on.operation<&Document::dimensions, &lectern_ipc_sheet_complete_dimensions>("handle-dimensions");
+    on.handler("handle-cell-bounds", &handleCellBounds);
+    on.operation<&Document::cellAt, &lectern_ipc_sheet_complete_cell_at>("handle-cell-at");
+    on.handler("handle-information",
+               &handleInformation<SheetEndpoint, &lectern_ipc_sheet_complete_information>);
+}
+
+void connectFinding(const Connector<SheetEndpoint>& on) {
+    on.operation<&Document::commentMarks, &lectern_ipc_sheet_complete_comment_marks>("handle-comment-marks");
+    on.operation<&Document::comment, &lectern_ipc_sheet_complete_comment>("handle-comment");
+    on.handler("handle-set-highlight-color",
+               &handleHighlightColour<SheetEndpoint, &lectern_ipc_sheet_complete_set_highlight_color>);
+    on.operation<&Document::find, &lectern_ipc_sheet_complete_find>("handle-find");
+    on.operation<&Document::foundRegions, &lectern_ipc_sheet_complete_found_regions>("handle-found-regions");
+    on.operation<&Document::stopFind, &lectern_ipc_sheet_complete_stop_find>("handle-stop-find");
+    on.operation<&Document::selectArea, &lectern_ipc_sheet_complete_select_area>("handle-select-area");
+    on.operation<&Document::selectTracks, &lectern_ipc_sheet_complete_select_tracks>("handle-select-tracks");
+    on.operation<&Document::selectCell, &lectern_ipc_sheet_complete_select_cell>("handle-select-cell");
+    on.operation<&Document::clearSelection, &lectern_ipc_sheet_complete_clear_selection>(
+        "handle-clear-selection");
+    on.operation<&Document::copySelection, &lectern_ipc_sheet_complete_copy_selection>(
+        "handle-copy-selection");
+}
+
+void connectChanges(const Connector<SheetEndpoint>& on) {
+    on.operation<&Document::sort, &lectern_ipc_sheet_complete_sort>("handle-sort");
+    on.operation<&Document::hide, &lectern_ipc_sheet_complete_hide>("handle-hide");
+    on.operation<&Document::unhide, &lectern_ipc_sheet_complete_unhide>("handle-unhide");
+    on.operation<&Document::unhideAll, &lectern_ipc_sheet_complete_unhide_all>("handle-unhide-all");
+    on.operation<&Document::resize, &lectern_ipc_sheet_complete_resize>("handle-resize");
+    on.operation<&Document::autofitColumn, &lectern_ipc_sheet_complete_autofit_column>(
+        "handle-autofit-column");
+}
+
+} // namespace
+
+SheetEndpoint::SheetEndpoint() : DocumentEndpoint(lectern_ipc_sheet_skeleton_new(), kSheetPath) {
+    const Connector<SheetEndpoint> connector(skeleton(), this);
+    connectView(connector);
+    connectFinding(connector);
+    connectChanges(connector);
+}
+
+std::int32_t SheetEndpoint::setSurface(std::int32_t area, int memory, std::int32_t width,
+                                      std::int32_t height) {
+    if (area < 0) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return replaceSurface(static_cast<std::size_t>(area), MappedSurface::map(memory, width, height),
+                          [&](Document& document, std::uint32_t* pixels) {
+                              return document.setSurface(static_cast<SheetArea>(area), pixels, width, height);
+                          });
+}
+
+} // namespace lectern::engine

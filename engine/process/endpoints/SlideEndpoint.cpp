@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/process/endpoints/SlideEndpoint.h"
+
+#include "engine/process/endpoints/Handlers.h"
+#include "engine/protocol/Inherited.h"
+
+#include <EngineProtocol.h>
+
+namespace lectern::engine {
+namespace {
+
+using Skeleton = LecternIpcSlide;
+using Invocation = GDBusMethodInvocation;
+using Document = SlideDocument;
+
+SlideEndpoint& serviceOf(gpointer user) {
+    return *static_cast<SlideEndpoint*>(user);
+}
+
+gboolean handleOpen(Skeleton* slide, Invocation* invocation, const gchar* path, gpointer user) {
+    return answer(serviceOf(user), &lectern_ipc_slide_complete_open, slide, invocation,
+                  serviceOf(user).open(path));
+}
+
+gboolean handleSetSurface(Skeleton* slide, Invocation* invocation, GUnixFDList* files, GVariant* memory,
+                          gint width, gint height, gint pictures, gpointer user) {
+    const FileDescriptor file = fileOf(files, memory);
+    lectern_ipc_slide_complete_set_surface(slide, invocation, nullptr,
+                                           serviceOf(user).setSurface(file.get(), width, height, pictures));
+    return TRUE;
+}
+
+gboolean handleRender(Skeleton* slide, Invocation* invocation, gint index, gpointer user) {
+    std::int32_t picture = 0;
+    const std::int32_t result = serviceOf(user).run([&](Document& document) {
+        const std::int32_t rendered = document.render(index);
+        picture = document.picture();
+        return rendered;
+    });
+    answer(serviceOf(user), &lectern_ipc_slide_complete_render, slide, invocation, result, picture);
+    serviceOf(user).prepareWhenIdle();
+    return TRUE;
+}
+
+gboolean handleOutline(Skeleton* slide, Invocation* invocation, gint index, gpointer user) {
+    std::vector<OutlineItem> items;
+    const std::int32_t result =
+        serviceOf(user).run([&](Document& document) { return document.outline(index, items); });
+    std::u16string text;
+    std::vector<std::uint32_t> lengths;
+    std::vector<std::int32_t> levels;
+    for (const OutlineItem& item : items) {
+        text += item.text;
+        lengths.push_back(static_cast<std::uint32_t>(item.text.size()));
+        levels.push_back(item.level);
+    }
+    return answer(serviceOf(user), &lectern_ipc_slide_complete_outline, slide, invocation, result,
+                  written(text), written(lengths), written(levels));
+}
+
+gboolean handleFind(Skeleton* slide, Invocation* invocation, GVariant* text, gint first, gint last,
+                    gpointer user) {
+    std::vector<SlideHits> slides;
+    const std::int32_t result = serviceOf(user).run([&](Document& document) {
+        return document.find(Wire<std::u16string>::read(text), first, last, slides);
+    });
+    std::vector<std::int32_t> infos;
+    for (const SlideHits& hits : slides) {
+        infos.insert(infos.end(), {hits.slide, hits.onSlide, hits.inNotes});
+    }
+    return answer(serviceOf(user), &lectern_ipc_slide_complete_find, slide, invocation, result,
+                  written(infos));
+}
+
+gboolean handleFoundRegions(Skeleton* slide, Invocation* invocation, gpointer user) {
+    std::vector<std::vector<PixelRect>> regions;
+    const std::int32_t result =
+        serviceOf(user).run([&](Document& document) { return document.foundRegions(regions); });
+    std::vector<std::uint32_t> counts;
+    std::vector<PixelRect> rectangles;
+    for (const std::vector<PixelRect>& region : regions) {
+        counts.push_back(static_cast<std::uint32_t>(region.size()));
+        rectangles.insert(rectangles.end(), region.begin(), region.end());
+    }
+    return answer(serviceOf(user), &lectern_ipc_slide_complete_found_regions, slide, invocation, result,
+                  written(counts), written(rectangles));
+}
+
+gboolean handleReleaseMemory(Skeleton* slide, Invocation* invocation, gpointer user) {
+    return answer(serviceOf(user), &lectern_ipc_slide_complete_release_memory, slide, invocation,
+                  serviceOf(user).releaseMemory());
+}
+
+void connectHandlers(const Connector<SlideEndpoint>& on) {
+    on.handler("handle-open", &handleOpen);
+    on.handler("handle-set-surface", &handleSetSurface);
+    on.handler("handle-render", &handleRender);
+    on.operation<&Document::slideCount, &lectern_ipc_slide_complete_slide_count>("handle-slide-count");
+    on.operation<&Document::dimensions, &lectern_ipc_slide_complete_dimensions>("handle-dimensions");
+    on.operation<&Document::title, &lectern_ipc_slide_complete_title>("handle-title");
+    on.operation<&Document::note, &lectern_ipc_slide_complete_note>("handle-note");
+    on.handler("handle-outline", &handleOutline);
+    on.handler("handle-set-highlight-color",
+               &handleHighlightColour<SlideEndpoint, &lectern_ipc_slide_complete_set_highlight_color>);
+    on.handler("handle-find", &handleFind);
+    on.handler("handle-found-regions", &handleFoundRegions);
+    on.operation<&Document::foundNoteOffsets, &lectern_ipc_slide_complete_found_note_offsets>(
+        "handle-found-note-offsets");
+    on.operation<&Document::stopFind, &lectern_ipc_slide_complete_stop_find>("handle-stop-find");
+    on.handler("handle-information",
+               &handleInformation<SlideEndpoint, &lectern_ipc_slide_complete_information>);
+    on.handler("handle-release-memory", &handleReleaseMemory);
+}
+
+} // namespace
+
+SlideEndpoint::SlideEndpoint() : DocumentEndpoint(lectern_ipc_slide_skeleton_new(), kSlidePath) {
+    connectHandlers(Connector<SlideEndpoint>(skeleton(), this));
+}
+
+SlideEndpoint::~SlideEndpoint() {
+    g_clear_handle_id(&mIdle, g_source_remove);
+}
+
+std::int32_t SlideEndpoint::setSurface(int memory, std::int32_t width, std::int32_t height,
+                                      std::int32_t pictures) {
+    std::int32_t rows = 0;
+    if (__builtin_mul_overflow(height, pictures, &rows)) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return replaceSurface(0, MappedSurface::map(memory, width, rows),
+                          [&](Document& document, std::uint32_t* pixels) {
+                              document.setRoom(pictures);
+                              return document.setSurface(pixels, width, height);
+                          });
+}
+
+std::int32_t SlideEndpoint::releaseMemory() {
+    discardSurfaces();
+    return run([](Document& document) { return document.releaseMemory(); });
+}
+
+void SlideEndpoint::prepareWhenIdle() {
+    // Milliseconds; until then the service copies the picture, which takes both
+    // processors of a small machine.
+    constexpr guint kPause = 1;
+    constexpr auto prepare = [](gpointer user) -> gboolean {
+        SlideEndpoint& service = serviceOf(user);
+        bool more = service.document() != nullptr;
+        while (more && g_main_context_pending(nullptr) == FALSE) {
+            more = service.document()->prepareNext();
+        }
+        service.mIdle = more ? service.mIdle : 0;
+        return more ? G_SOURCE_CONTINUE : G_SOURCE_REMOVE;
+    };
+    if (mIdle == 0) {
+        mIdle = g_timeout_add_full(G_PRIORITY_DEFAULT_IDLE, kPause, prepare, this, nullptr);
+    }
+}
+
+} // namespace lectern::engine

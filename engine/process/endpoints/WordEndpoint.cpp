@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/process/endpoints/WordEndpoint.h"
+
+#include "engine/process/endpoints/Handlers.h"
+#include "engine/protocol/Inherited.h"
+
+#include <EngineProtocol.h>
+
+namespace lectern::engine {
+namespace {
+
+using Skeleton = LecternIpcWord;
+using Invocation = GDBusMethodInvocation;
+using Document = WordDocument;
+
+WordEndpoint& serviceOf(gpointer user) {
+    return *static_cast<WordEndpoint*>(user);
+}
+
+gboolean handleOpen(Skeleton* word, Invocation* invocation, const gchar* path, const gchar* password,
+                    gpointer user) {
+    return answer(serviceOf(user), &lectern_ipc_word_complete_open, word, invocation,
+                  serviceOf(user).open(path, std::string(password)));
+}
+
+gboolean handleSetSurface(Skeleton* word, Invocation* invocation, GUnixFDList* files, GVariant* memory,
+                          gint width, gint height, gpointer user) {
+    const FileDescriptor file = fileOf(files, memory);
+    const std::int32_t result = serviceOf(user).setSurface(file.get(), width, height);
+    const auto [painted] = serviceOf(user).afterResult();
+    lectern_ipc_word_complete_set_surface(word, invocation, nullptr, result, painted);
+    return TRUE;
+}
+
+gboolean handleFind(Skeleton* word, Invocation* invocation, GVariant* text, guint from, guint to,
+                    gpointer user) {
+    std::vector<CharacterRange> hits;
+    const std::int32_t result = serviceOf(user).run([&](Document& document) {
+        return document.find(Wire<std::u16string>::read(text), {from, to}, hits);
+    });
+    std::vector<std::uint32_t> ends;
+    for (const CharacterRange& hit : hits) {
+        ends.insert(ends.end(), {hit.start, hit.end});
+    }
+    return answer(serviceOf(user), &lectern_ipc_word_complete_find, word, invocation, result, written(ends));
+}
+
+gboolean handleFoundRegions(Skeleton* word, Invocation* invocation, gpointer user) {
+    std::vector<FoundRegion> regions;
+    const std::int32_t result =
+        serviceOf(user).run([&](Document& document) { return document.foundRegions(regions); });
+    std::vector<std::uint32_t> positions;
+    std::vector<std::uint32_t> counts;
+    std::vector<PixelRect> rectangles;
+    for (const FoundRegion& region : regions) {
+        positions.push_back(region.position);
+        counts.push_back(static_cast<std::uint32_t>(region.rectangles.size()));
+        rectangles.insert(rectangles.end(), region.rectangles.begin(), region.rectangles.end());
+    }
+    return answer(serviceOf(user), &lectern_ipc_word_complete_found_regions, word, invocation, result,
+                  written(positions), written(counts), written(rectangles));
+}
+
+gboolean handleClickInfo(Skeleton* word, Invocation* invocation, gint x, gint y, gpointer user) {
+    ClickTarget target;
+    const std::int32_t result =
+        serviceOf(user).run([&](Document& document) { return document.clickInfo(x, y, target); });
+    return answer(serviceOf(user), &lectern_ipc_word_complete_click_info, word, invocation, result,
+                  target.type, written(target.address), target.value);
+}
+
+gboolean handleSmartZoom(Skeleton* word, Invocation* invocation, gint x, gint y, gpointer user) {
+    std::vector<PixelRect> area(1);
+    const std::int32_t result =
+        serviceOf(user).run([&](Document& document) { return document.smartZoom(x, y, area.front()); });
+    return answer(serviceOf(user), &lectern_ipc_word_complete_smart_zoom, word, invocation, result,
+                  written(area));
+}
+
+gboolean handleScrollToRange(Skeleton* word, Invocation* invocation, guint start, guint end, gpointer user) {
+    const std::int32_t result = serviceOf(user).run([&](Document& document) {
+        return document.scrollToRange({start, end});
+    });
+    return answer(serviceOf(user), &lectern_ipc_word_complete_scroll_to_range, word, invocation, result);
+}
+
+void connectView(const Connector<WordEndpoint>& on) {
+    on.handler("handle-open", &handleOpen);
+    on.handler("handle-set-surface", &handleSetSurface);
+    on.operation<&Document::setDpi, &lectern_ipc_word_complete_set_dpi>("handle-set-dpi");
+    on.operation<&Document::jumpToCharacter, &lectern_ipc_word_complete_jump_to_character>(
+        "handle-jump-to-character");
+    on.operation<&Document::layoutSize, &lectern_ipc_word_complete_layout_size>("handle-layout-size");
+    on.operation<&Document::scrollDown, &lectern_ipc_word_complete_scroll_down>("handle-scroll-down");
+    on.operation<&Document::scrollUp, &lectern_ipc_word_complete_scroll_up>("handle-scroll-up");
+    on.handler("handle-scroll-to-range", &handleScrollToRange);
+    on.operation<&Document::characterCount, &lectern_ipc_word_complete_character_count>(
+        "handle-character-count");
+    on.operation<&Document::topLeftCharacter, &lectern_ipc_word_complete_top_left_character>(
+        "handle-top-left-character");
+    on.operation<&Document::bottomRightCharacter, &lectern_ipc_word_complete_bottom_right_character>(
+        "handle-bottom-right-character");
+    on.operation<&Document::verticalLastUsedPixel, &lectern_ipc_word_complete_vertical_last_used_pixel>(
+        "handle-vertical-last-used-pixel");
+    on.handler("handle-smart-zoom", &handleSmartZoom);
+}
+
+void connectFindingAndSelecting(const Connector<WordEndpoint>& on) {
+    on.operation<&Document::setHighlightColor, &lectern_ipc_word_complete_set_highlight_color>(
+        "handle-set-highlight-color");
+    on.handler("handle-find", &handleFind);
+    on.handler("handle-found-regions", &handleFoundRegions);
+    on.operation<&Document::stopFind, &lectern_ipc_word_complete_stop_find>("handle-stop-find");
+    on.handler("handle-click-info", &handleClickInfo);
+    on.operation<&Document::clickRegions, &lectern_ipc_word_complete_click_regions>("handle-click-regions");
+    on.operation<&Document::openSecondary, &lectern_ipc_word_complete_open_secondary>(
+        "handle-open-secondary");
+    on.operation<&Document::selectAll, &lectern_ipc_word_complete_select_all>("handle-select-all");
+    on.operation<&Document::selectArea, &lectern_ipc_word_complete_select_area>("handle-select-area");
+    on.operation<&Document::selectLine, &lectern_ipc_word_complete_select_line>("handle-select-line");
+    on.operation<&Document::selectWord, &lectern_ipc_word_complete_select_word>("handle-select-word");
+    on.operation<&Document::clearSelection, &lectern_ipc_word_complete_clear_selection>(
+        "handle-clear-selection");
+    on.operation<&Document::copySelection, &lectern_ipc_word_complete_copy_selection>(
+        "handle-copy-selection");
+}
+
+void connectProperties(const Connector<WordEndpoint>& on) {
+    on.operation<&Document::wordCount, &lectern_ipc_word_complete_word_count>("handle-word-count");
+    on.operation<&Document::creationDate, &lectern_ipc_word_complete_creation_date>("handle-creation-date");
+    on.operation<&Document::lastSavedDate, &lectern_ipc_word_complete_last_saved_date>(
+        "handle-last-saved-date");
+    on.operation<&Document::name, &lectern_ipc_word_complete_name>("handle-name");
+    on.operation<&Document::author, &lectern_ipc_word_complete_author>("handle-author");
+    on.operation<&Document::description, &lectern_ipc_word_complete_description>("handle-description");
+}
+
+} // namespace
+
+WordEndpoint::WordEndpoint() : DocumentEndpoint(lectern_ipc_word_skeleton_new(), kWordPath) {
+    const Connector<WordEndpoint> connector(skeleton(), this);
+    connectView(connector);
+    connectFindingAndSelecting(connector);
+    connectProperties(connector);
+}
+
+std::int32_t WordEndpoint::setSurface(int memory, std::int32_t width, std::int32_t height) {
+    return replaceSurface(0, MappedSurface::map(memory, width, height),
+                          [&](Document& document, std::uint32_t* pixels) {
+                              return document.setSurface(pixels, width, height);
+                          });
+}
+
+} // namespace lectern::engine
