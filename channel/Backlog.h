@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "channel/DocAdapterCommon.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <map>
-
-#include "channel/DocAdapterCommon.h"
 
 // Client records that had to leave a full queue before the worker could read
 // them: a priority queue of bounded size. The lowest type comes out first, and

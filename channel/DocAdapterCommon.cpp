@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "channel/DocAdapterCommon.h"
 
+#include "channel/QueueRecord.h"
+
 #include <unistd.h>
 
 #include <cassert>
 #include <cerrno>
 #include <cstdio>
-
-#include "channel/QueueRecord.h"
 
 namespace {
 

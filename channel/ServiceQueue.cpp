@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "channel/ServiceQueue.h"
 
+#include "channel/QueueRecord.h"
+#include "channel/Undelivered.h"
+
 #include <pthread.h>
 
 #include <algorithm>
@@ -10,9 +13,6 @@
 #include <limits>
 #include <type_traits>
 #include <vector>
-
-#include "channel/QueueRecord.h"
-#include "channel/Undelivered.h"
 
 ServiceQueue g_msgQueue;
 

@@ -30,13 +30,13 @@
 // soon as one is there, and leaves it where it is.
 #pragma once
 
+#include "channel/Backlog.h"
+#include "channel/DocAdapterCommon.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <mutex>
 #include <vector>
-
-#include "channel/Backlog.h"
-#include "channel/DocAdapterCommon.h"
 
 // Thread-safe: any thread sends, one thread reads. Its lock is the last one
 // taken, after the registry's and a view's, and is never held while waiting.

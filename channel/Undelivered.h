@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "channel/DocAdapterCommon.h"
+
 #include <cstddef>
 #include <vector>
-
-#include "channel/DocAdapterCommon.h"
 
 // Which of the waiting records to the client, oldest first, is missed least
 // when there is no room for one more to `addressee`. Requests to paint again

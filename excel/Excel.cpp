@@ -2,10 +2,10 @@
 // Making, opening and remembering a view.
 #include "excel/Excel.h"
 
-#include <cstdio>
-
 #include "view/ModuleArguments.h"
 #include "view/TextHelpers.h"
+
+#include <cstdio>
 
 namespace {
 

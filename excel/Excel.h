@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <cstdint>
-#include <memory>
-#include <span>
-#include <string>
-
 #include "excel/Tracks.h"
 #include "modules/STGFunc.h"
 #include "modules/Singleton.h"
 #include "view/OfficeBase.h"
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
 
 // The view of a spreadsheet.
 //

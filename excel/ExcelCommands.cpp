@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 // What is done with a selection.
+#include "excel/Excel.h"
+#include "view/TextHelpers.h"
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdio>
 #include <memory>
-
-#include "excel/Excel.h"
-#include "view/TextHelpers.h"
 
 namespace {
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 // Pens and taps. A stroke that begins on the cells scrolls; one that begins on
 // the headers selects columns or rows, or in resize mode moves a border.
-#include <algorithm>
-#include <cstdlib>
-
 #include "excel/Excel.h"
 #include "raster/Saturate.h"
 #include "view/JsonReply.h"
 #include "view/TextHelpers.h"
+
+#include <algorithm>
+#include <cstdlib>
 
 namespace {
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 // Where the sheet, its surfaces and the view lie, and what moves them: zooms
 // and glides.
-#include <algorithm>
-#include <climits>
-
 #include "excel/Excel.h"
 #include "raster/Saturate.h"
 #include "view/ModuleArguments.h"
 #include "view/ModuleArray.h"
+
+#include <algorithm>
+#include <climits>
 
 namespace {
 

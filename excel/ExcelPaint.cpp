@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 // The cells and what is drawn over them, and how they and the headers get into
 // the client's frame buffer.
+#include "excel/Excel.h"
+#include "raster/Saturate.h"
+
 #include <algorithm>
 #include <cassert>
 #include <cstdio>
 #include <cstring>
-
-#include "excel/Excel.h"
-#include "raster/Saturate.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 // Pinches: the module renders nothing until the fingers are off, so what is
 // shown meanwhile is the last frame, scaled.
-#include <algorithm>
-#include <cmath>
-
 #include "excel/Excel.h"
 #include "raster/Saturate.h"
 #include "view/PinchGeometry.h"
+
+#include <algorithm>
+#include <cmath>
 
 namespace {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // Any text as the payload of any method, with a document open. Input: lines of
 // a method's number in one byte and a payload.
-#include <algorithm>
-
 #include "fuzz/FuzzedService.h"
+
+#include <algorithm>
 
 extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
     startFuzzedService();

@@ -1,6 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "fuzz/FuzzedService.h"
 
+#include "channel/ServiceQueue.h"
+#include "service/MethodTables.h"
+#include "service/Registry.h"
+#include "tests/fakes/hub/FakeHub.h"
+#include "tests/fakes/word/FakeWordModule.h"
+
 #include <sched.h>
 #include <sys/ipc.h>
 #include <sys/shm.h>
@@ -11,12 +17,6 @@
 #include <cstring>
 #include <utility>
 #include <vector>
-
-#include "channel/ServiceQueue.h"
-#include "service/MethodTables.h"
-#include "service/Registry.h"
-#include "tests/fakes/hub/FakeHub.h"
-#include "tests/fakes/word/FakeWordModule.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 // Any bytes as a metafile of a slide. Input: the metafile. What is read must be
 // text whose runs follow each other, and of which any part has its boxes.
+#include "engine/layout/MetafileText.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-
-#include "engine/layout/MetafileText.h"
 
 using lectern::engine::DrawnBox;
 using lectern::engine::DrawnText;

@@ -2,11 +2,11 @@
 // Any records on the queue, for a document restored from any state record.
 // Input: 28 bytes of state, then records of one byte of type and 20 of text;
 // the high bit of the type's byte makes a paint follow.
-#include <cstring>
-
 #include "channel/DocAdapterCommon.h"
 #include "fuzz/FuzzedService.h"
 #include "service/RenderWorker.h"
+
+#include <cstring>
 
 extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
     startFuzzedService();

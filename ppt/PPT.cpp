@@ -2,12 +2,12 @@
 // Making, opening and remembering a view.
 #include "ppt/PPT.h"
 
+#include "view/ModuleArguments.h"
+#include "view/TextHelpers.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
-
-#include "view/ModuleArguments.h"
-#include "view/TextHelpers.h"
 
 PPT::PPT(int width, int height, int docId, unsigned int dataStoreId)
     : OfficeBase(width, height, docId, dataStoreId, _PPT) {

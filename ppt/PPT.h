@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <cstdint>
-#include <memory>
-#include <span>
-#include <string>
-
 #include "modules/SSTGFunc.h"
 #include "modules/Singleton.h"
 #include "ppt/SlideHits.h"
 #include "view/OfficeBase.h"
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
 
 // The view of a presentation.
 //

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // Where the slide and the view lie, and what is shown of the document.
-#include <algorithm>
-#include <string_view>
-
 #include "ppt/PPT.h"
 #include "raster/Saturate.h"
+
+#include <algorithm>
+#include <string_view>
 
 namespace {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // Rendering, the mark over the current hit, and pinches.
-#include <cstdio>
-
 #include "ppt/PPT.h"
 #include "raster/Saturate.h"
 #include "view/PinchGeometry.h"
+
+#include <cstdio>
 
 namespace {
 

@@ -2,14 +2,14 @@
 // Search: the module tells which slides have hits, and where on a slide they are
 // once it has rendered that one. Clients may show another slide in between; then
 // nothing is marked, and the steps go on from the hit that was current.
-#include <algorithm>
-
 #include "ppt/PPT.h"
 #include "raster/Saturate.h"
 #include "view/JsonReply.h"
 #include "view/ModuleArguments.h"
 #include "view/ModuleArray.h"
 #include "view/TextHelpers.h"
+
+#include <algorithm>
 
 std::string PPT::doSearch(const char* text) {
     std::string reply = formatSimpleJsonObject("resultcount", 0);

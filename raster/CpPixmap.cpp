@@ -2,11 +2,11 @@
 // Lifetime and the straight copies.
 #include "raster/CpPixmap.h"
 
+#include "raster/PixelKernels.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
-
-#include "raster/PixelKernels.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "raster/CpRect.h"
+
 #include <cstddef>
 #include <cstdint>
-
-#include "raster/CpRect.h"
 
 // Sets count pixels to a colour.
 void FillPixels(uint32_t* pixels, size_t count, uint32_t colour);

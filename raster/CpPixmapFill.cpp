@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // The translucent fills.
-#include <algorithm>
-
 #include "raster/CpPixmap.h"
 #include "raster/PixelKernels.h"
+
+#include <algorithm>
 
 // All fills come down to runs of neighbouring pixels. Pixels count from the
 // first of the pixmap and go on from row to row.

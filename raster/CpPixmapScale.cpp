@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 // Scaling by picking the nearest source pixel, up and left.
+#include "raster/CpPixmap.h"
+#include "raster/PixelKernels.h"
+
 #include <algorithm>
 #include <cstring>
 #include <memory>
 #include <new>
-
-#include "raster/CpPixmap.h"
-#include "raster/PixelKernels.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "raster/CpPoint.h"
 
-#include <cstdio>
-
 #include "raster/Saturate.h"
+
+#include <cstdio>
 
 CpPoint& CpPoint::set(int px, int py) {
     x = px;

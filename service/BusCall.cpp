@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "service/BusCall.h"
 
-#include <cstdio>
-
 #include "service/IdleClock.h"
 #include "view/JsonReply.h"
+
+#include <cstdio>
 
 json_object* HubMessageGetPayloadCJSON(HubMessage* message) {
     const char* text = HubMessageGetPayload(message);

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <string>
-
 #include "hub/hubservice.h"
 #include "service/Json.h"
+
+#include <string>
 
 // The message's text as an object; the caller owns it. Null for a text that is
 // no JSON, which then has no members.

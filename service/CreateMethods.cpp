@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "service/CreateMethods.h"
 
-#include <sys/shm.h>
-#include <syslog.h>
-
-#include <cstdio>
-#include <utility>
-
 #include "channel/ServiceQueue.h"
 #include "service/BusCall.h"
 #include "service/DocumentKind.h"
 #include "service/Parameters.h"
 #include "service/Registry.h"
 #include "view/JsonReply.h"
+
+#include <sys/shm.h>
+#include <syslog.h>
+
+#include <cstdio>
+#include <utility>
 
 namespace {
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "service/DocumentKind.h"
 
-#include <glib.h>
-
-#include <cstring>
-
 #include "excel/Excel.h"
 #include "ppt/PPT.h"
 #include "word/Word.h"
+
+#include <glib.h>
+
+#include <cstring>
 
 namespace {
 

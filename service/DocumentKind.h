@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <memory>
-
 #include "view/OfficeBase.h"
+
+#include <memory>
 
 // The kind that a file's name tells: by the text after its last dot, in upper
 // or lower case. _UNKNOWN without one.

@@ -11,15 +11,15 @@
 // in the order in which they are taken, with the registry held all the time.
 #pragma once
 
-#include <cstdio>
-#include <functional>
-#include <tuple>
-#include <type_traits>
-
 #include "service/BusCall.h"
 #include "service/Parameters.h"
 #include "service/Registry.h"
 #include "view/JsonReply.h"
+
+#include <cstdio>
+#include <functional>
+#include <tuple>
+#include <type_traits>
 
 // What a caller hears whose document is not a View; nothing for methods of all kinds.
 template<typename View>

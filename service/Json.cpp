@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "service/Json.h"
 
+#include "view/JsonReply.h"
+
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <limits>
-
-#include "view/JsonReply.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // The program lectern-service.
+#include "service/Lifecycle.h"
+
 #include <cstdio>
 #include <cstring>
-
-#include "service/Lifecycle.h"
 
 namespace {
 

@@ -1,12 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "service/Lifecycle.h"
 
-#include <glib.h>
-#include <pthread.h>
-#include <syslog.h>
-
-#include <cstdio>
-
 #include "channel/QueueOwner.h"
 #include "channel/ServiceQueue.h"
 #include "hub/hubservice.h"
@@ -16,6 +10,12 @@
 #include "service/Registry.h"
 #include "service/RenderWorker.h"
 #include "service/Signals.h"
+
+#include <glib.h>
+#include <pthread.h>
+#include <syslog.h>
+
+#include <cstdio>
 
 namespace {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "service/ModuleStop.h"
 
+#include "modules/ModuleTypes.h"
+
 #include <dlfcn.h>
 
 #include <initializer_list>
-
-#include "modules/ModuleTypes.h"
 
 void stopModulesSoon() {
     // By name: the handles belong to views, and a call in progress has the registry.

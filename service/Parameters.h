@@ -4,10 +4,10 @@
 // goes to the view: values() is what an operation is called with.
 #pragma once
 
+#include "service/BusCall.h"
+
 #include <cstring>
 #include <tuple>
-
-#include "service/BusCall.h"
 
 struct Docid {
     int docid = 0;

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "service/Registry.h"
 
+#include "channel/ServiceQueue.h"
+
 #include <algorithm>
 #include <cstdio>
-
-#include "channel/ServiceQueue.h"
 
 std::vector<Documents>& gDocuments = *new std::vector<Documents>();
 pthread_mutex_t gDocumentsMutex = PTHREAD_MUTEX_INITIALIZER;

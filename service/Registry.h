@@ -4,15 +4,15 @@
 // document goes, when numbering starts again at 0.
 #pragma once
 
+#include "service/FrameBuffer.h"
+#include "view/OfficeBase.h"
+
 #include <pthread.h>
 
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <vector>
-
-#include "service/FrameBuffer.h"
-#include "view/OfficeBase.h"
 
 struct Documents {
     std::unique_ptr<OfficeBase> view; // null once destroyed

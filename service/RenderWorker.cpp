@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "service/RenderWorker.h"
 
+#include "channel/ServiceQueue.h"
+#include "service/DocumentMethod.h"
+#include "service/Registry.h"
+#include "word/Word.h"
+
 #include <unistd.h>
 
 #include <atomic>
@@ -8,11 +13,6 @@
 #include <cerrno>
 #include <cstdio>
 #include <semaphore>
-
-#include "channel/ServiceQueue.h"
-#include "service/DocumentMethod.h"
-#include "service/Registry.h"
-#include "word/Word.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <pthread.h>
-
 #include "channel/DocAdapterCommon.h"
+
+#include <pthread.h>
 
 // The body of the worker thread: serves the message queue until the queue is
 // removed, the registry cannot be locked, a paint cannot be reported, or the

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "service/Signals.h"
 
+#include "channel/ServiceQueue.h"
+#include "service/IdleClock.h"
+#include "service/ModuleStop.h"
+
 #include <fcntl.h>
 #include <glib-unix.h>
 #include <sys/eventfd.h>
@@ -10,10 +14,6 @@
 #include <atomic>
 #include <cerrno>
 #include <csignal>
-
-#include "channel/ServiceQueue.h"
-#include "service/IdleClock.h"
-#include "service/ModuleStop.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "view/DocumentList.h"
 
+#include "view/TextHelpers.h"
+
 #include <algorithm>
 #include <string_view>
-
-#include "view/TextHelpers.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "view/DocumentProperties.h"
 
+#include "view/TextHelpers.h"
+
 #include <array>
 #include <memory>
-
-#include "view/TextHelpers.h"
 
 namespace {
 

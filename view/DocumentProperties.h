@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "view/JsonReply.h"
+
 #include <cstdint>
 #include <ctime>
-
-#include "view/JsonReply.h"
 
 // The property functions of a rendering module; they look alike in all three.
 struct PropertyFunctions {

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "view/NewtonianSmoothScroll.h"
 
+#include "raster/Saturate.h"
+
 #include <cmath>
 #include <ctime>
-
-#include "raster/Saturate.h"
 
 namespace {
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "view/OfficeBase.h"
 
+#include "channel/ServiceQueue.h"
+#include "raster/Saturate.h"
+
 #include <dlfcn.h>
 
 #include <atomic>
 #include <cstdint>
-
-#include "channel/ServiceQueue.h"
-#include "raster/Saturate.h"
 
 namespace {
 

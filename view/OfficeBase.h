@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <pthread.h>
-
-#include <cstdint>
-#include <string>
-
 #include "channel/DocAdapterCommon.h"
 #include "raster/CpPixmap.h"
 #include "view/NewtonianSmoothScroll.h"
 #include "view/StateRecord.h"
 #include "view/StateSegment.h"
+
+#include <pthread.h>
+
+#include <cstdint>
+#include <string>
 
 // The kind of a document, as clients see it in "doctype".
 enum doctype_t : int { _UNKNOWN = 0, _EXCEL = 1, _WORD = 2, _PPT = 3 };

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // What a view does with pens, clicks, flicks, keys and pinches.
-#include <algorithm>
-#include <cmath>
-
 #include "raster/Saturate.h"
 #include "view/OfficeBase.h"
+
+#include <algorithm>
+#include <cmath>
 
 namespace {
 constexpr int keyStep = 5; // pixels

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // How the surface gets into the client's frame buffer.
-#include <cstring>
-
 #include "raster/Saturate.h"
 #include "view/OfficeBase.h"
+
+#include <cstring>
 
 namespace {
 

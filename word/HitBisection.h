@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <cstdint>
-
 #include "modules/WordToGoModule.h"
+
+#include <cstdint>
 
 // Bisections among hits; see view/Bisection.h for what they answer.
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "word/TextStretch.h"
 
-#include <algorithm>
-
 #include "raster/Saturate.h"
+
+#include <algorithm>
 
 namespace {
 constexpr double surfacePixels = 500000.0;

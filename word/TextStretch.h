@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "modules/Singleton.h"
+#include "modules/WTGFunc.h"
+#include "raster/CpPixmap.h"
+
 #include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <utility>
-
-#include "modules/Singleton.h"
-#include "modules/WTGFunc.h"
-#include "raster/CpPixmap.h"
 
 // The cache: the stretch of the text that the module keeps rendered, its
 // surface, and where it lies among the document's rows.

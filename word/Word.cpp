@@ -2,11 +2,11 @@
 // Making, opening and remembering a view.
 #include "word/Word.h"
 
-#include <cstdio>
-
 #include "modules/Singleton.h"
 #include "view/ModuleArguments.h"
 #include "view/TextHelpers.h"
+
+#include <cstdio>
 
 namespace {
 

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <cstdint>
-#include <optional>
-#include <string>
-
 #include "modules/WTGFunc.h"
 #include "view/OfficeBase.h"
 #include "word/HitBisection.h"
 #include "word/TextStretch.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
 
 // The view of a word-processing document.
 //

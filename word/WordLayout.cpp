@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 // The layout's size, and the three ways to change it: wide mode, double tap
 // and pinch.
-#include <algorithm>
-
 #include "raster/Saturate.h"
 #include "view/ModuleArguments.h"
 #include "word/Word.h"
+
+#include <algorithm>
 
 namespace {
 

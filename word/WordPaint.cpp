@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // What this view paints differently from others: white paper, and the preview
 // of a pinch.
-#include <cstdio>
-
 #include "raster/Saturate.h"
 #include "word/Word.h"
+
+#include <cstdio>
 
 namespace {
 constexpr unsigned int white = 0xFFFFFFFF;

@@ -2,10 +2,10 @@
 // The pop-up: a secondary document, such as a footnote, over the darkened page.
 // While it is shown mScroll.y scrolls it and not the page, whose own row is
 // mPageRow, and the stretch stays where it is.
-#include <algorithm>
-
 #include "raster/Saturate.h"
 #include "word/Word.h"
+
+#include <algorithm>
 
 namespace {
 

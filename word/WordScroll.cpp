@@ -16,10 +16,10 @@
 // What no threshold sees - a drag that reverses in one contact, a glide faster
 // than the steps, a hit, a jump, a new layout - is made good at the next paint
 // at the latest: cover().
-#include <algorithm>
-
 #include "raster/Saturate.h"
 #include "word/Word.h"
+
+#include <algorithm>
 
 bool Word::isTall() const {
     const TextStretch::Size& size = mStretch.size();

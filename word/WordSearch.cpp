@@ -3,13 +3,13 @@
 // also as regions with rectangles. The current hit is remembered by its
 // character; mCurrentResult is its index among the regions while it is in the
 // stretch, and no more than "there is one" otherwise.
-#include <algorithm>
-
 #include "raster/Saturate.h"
 #include "view/JsonReply.h"
 #include "view/ModuleArguments.h"
 #include "view/TextHelpers.h"
 #include "word/Word.h"
+
+#include <algorithm>
 
 namespace {
 

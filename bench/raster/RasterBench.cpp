@@ -5,6 +5,9 @@
 // does not.
 //
 // raster_bench [rounds]
+#include "PlainLoops.h"
+#include "raster/CpPixmap.h"
+
 #include <time.h>
 
 #include <algorithm>
@@ -14,9 +17,6 @@
 #include <functional>
 #include <string>
 #include <vector>
-
-#include "PlainLoops.h"
-#include "raster/CpPixmap.h"
 
 namespace {
 

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 // service_bench [ROUNDS]: prints the figures of the whole service, each as a
 // ratio to a baseline of the same run.
+#include "bench/service/RunningService.h"
+
 #include <sched.h>
 #include <unistd.h>
 
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
-
-#include "bench/service/RunningService.h"
 
 int main(int argc, char** argv) {
     const int rounds = argc > 1 ? std::atoi(argv[1]) : 7;

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // What the service and its engines keep for themselves: private pages, as the
 // kernel counts them.
+#include "bench/service/RunningService.h"
+
 #include <cstdio>
 #include <sstream>
-
-#include "bench/service/RunningService.h"
 
 namespace {
 

@@ -2,10 +2,10 @@
 // From the call that opens a document to its first screen in the frame buffer,
 // against a bare program that starts the office suite, loads, reflows a text and
 // paints the same region.
+#include "bench/service/RunningService.h"
+
 #include <cstdio>
 #include <stdexcept>
-
-#include "bench/service/RunningService.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 // A paint request's round trip over the queue, with nothing to render, against
 // copying the frame twice.
+#include "bench/service/RunningService.h"
+
 #include <cstdio>
 #include <cstring>
 #include <stdexcept>
-
-#include "bench/service/RunningService.h"
 
 void paintFigures() {
     constexpr int width = 480;

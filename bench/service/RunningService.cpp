@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "bench/service/RunningService.h"
 
+#include "tests/system/support/Python.h"
+
 #include <signal.h>
 #include <time.h>
 #include <unistd.h>
@@ -8,8 +10,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <stdexcept>
-
-#include "tests/system/support/Python.h"
 
 RunningService::RunningService() : mBus(mFolder.path()) {
     mService = std::make_unique<Subprocess>(

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <memory>
-#include <string>
-#include <vector>
-
 #include "tests/system/support/Bus.h"
 #include "tests/system/support/Client.h"
 #include "tests/system/support/Subprocess.h"
+
+#include <memory>
+#include <string>
+#include <vector>
 
 // A service on a private bus, for one series of measurements.
 class RunningService {

@@ -2,11 +2,11 @@
 // A search, from its call to its reply, against the office suite's own search
 // for the same text; and a step to a hit in another stretch of the text with its
 // paint, against the suite's own paint of as many pixels.
+#include "bench/service/RunningService.h"
+
 #include <cstdio>
 #include <cstdlib>
 #include <stdexcept>
-
-#include "bench/service/RunningService.h"
 
 namespace {
 

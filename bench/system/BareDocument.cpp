@@ -4,21 +4,20 @@
 #include "engine/office/Profile.h"
 
 #include <LibreOfficeKit/LibreOfficeKitInit.h>
-
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/container/XEnumerationAccess.hpp>
 #include <com/sun/star/container/XNameAccess.hpp>
 #include <com/sun/star/frame/Desktop.hpp>
 #include <com/sun/star/style/XStyle.hpp>
 #include <com/sun/star/style/XStyleFamiliesSupplier.hpp>
+#include <dlfcn.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <dlfcn.h>
 #include <exception>
 #include <filesystem>
-#include <unistd.h>
 
 namespace bare {
 

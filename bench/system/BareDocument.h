@@ -2,7 +2,6 @@
 #pragma once
 
 #include <LibreOfficeKit/LibreOfficeKit.hxx>
-
 #include <com/sun/star/frame/XModel.hpp>
 
 namespace css = com::sun::star;

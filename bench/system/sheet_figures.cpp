@@ -5,12 +5,13 @@
 // the same run, and their ratio.
 #include "modules/STGFunc.h"
 
+#include <dlfcn.h>
+
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <dlfcn.h>
 #include <filesystem>
 #include <string>
 #include <vector>

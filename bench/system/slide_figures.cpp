@@ -9,18 +9,18 @@
 
 #include <LibreOfficeKit/LibreOfficeKit.hxx>
 #include <LibreOfficeKit/LibreOfficeKitInit.h>
+#include <dlfcn.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <dlfcn.h>
 #include <filesystem>
 #include <memory>
 #include <numeric>
 #include <random>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 namespace {

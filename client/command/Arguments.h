@@ -3,12 +3,12 @@
 // Sheets and slides are numbered from 1.
 #pragma once
 
+#include "client/lib/ScrollPlan.h"
+
 #include <optional>
 #include <string>
 #include <variant>
 #include <vector>
-
-#include "client/lib/ScrollPlan.h"
 
 namespace lectern {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <lectern/Service.h>
 #include "client/command/Commands.h"
 #include "client/command/Listing.h"
 #include "client/command/Progress.h"
 #include "client/command/ServiceCall.h"
+#include <lectern/Service.h>
 
 namespace lectern {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/command/CommandLine.h"
 
-#include <tuple>
-
 #include "client/command/Values.h"
+
+#include <tuple>
 
 namespace lectern {
 

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "client/command/Arguments.h"
+#include "client/lib/GLibHolder.h"
+
 #include <glib.h>
 
 #include <optional>
 #include <string>
 #include <variant>
 #include <vector>
-
-#include "client/lib/GLibHolder.h"
-#include "client/command/Arguments.h"
 
 namespace lectern {
 

@@ -2,9 +2,9 @@
 // The sub-commands. Each gives the exit status of the command.
 #pragma once
 
-#include <lectern/Result.h>
 #include "client/command/Arguments.h"
 #include "client/command/Interrupt.h"
+#include <lectern/Result.h>
 
 namespace lectern {
 

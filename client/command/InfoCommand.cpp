@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <lectern/CommonCalls.h>
 #include "client/command/Commands.h"
 #include "client/command/Listing.h"
 #include "client/command/OpenDocument.h"
+#include <lectern/CommonCalls.h>
 
 namespace lectern {
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 // The sub-commands "sheets" and "slides", which differ in what they ask for.
-#include <cstdio>
-
-#include <lectern/ExcelCalls.h>
-#include <lectern/ListReply.h>
-#include <lectern/PptCalls.h>
 #include "client/command/Commands.h"
 #include "client/command/Listing.h"
 #include "client/command/OpenDocument.h"
+#include <lectern/ExcelCalls.h>
+#include <lectern/ListReply.h>
+#include <lectern/PptCalls.h>
+
+#include <cstdio>
 
 namespace lectern {
 

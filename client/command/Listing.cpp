@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/command/Listing.h"
 
+#include "client/lib/Errors.h"
+#include "client/lib/GLibHolder.h"
+#include "client/lib/Json.h"
+
 #include <glib.h>
 
 #include <cerrno>
 #include <cstdio>
-
-#include "client/lib/Errors.h"
-#include "client/lib/GLibHolder.h"
-#include "client/lib/Json.h"
 
 namespace lectern {
 

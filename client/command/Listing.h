@@ -3,10 +3,10 @@
 // which documents may hold and terminals would obey.
 #pragma once
 
-#include <string>
-
 #include <lectern/Document.h>
 #include <lectern/ListReply.h>
+
+#include <string>
 
 namespace lectern {
 

@@ -3,9 +3,9 @@
 // from 1, and what a document has not is an error that says what it has.
 #pragma once
 
-#include <string>
-
 #include <lectern/Document.h>
+
+#include <string>
 
 namespace lectern {
 

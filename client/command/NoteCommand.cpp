@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <cstdio>
-
-#include "client/lib/Json.h"
-#include <lectern/PptCalls.h>
 #include "client/command/Commands.h"
 #include "client/command/Listing.h"
 #include "client/command/Moves.h"
 #include "client/command/OpenDocument.h"
+#include "client/lib/Json.h"
+#include <lectern/PptCalls.h>
+
+#include <cstdio>
 
 namespace lectern {
 

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <algorithm>
-#include <cmath>
-#include <cstdio>
-
-#include <lectern/CommonCalls.h>
-#include <lectern/Navigation.h>
 #include "client/command/Commands.h"
 #include "client/command/Moves.h"
 #include "client/command/OpenDocument.h"
 #include "client/command/OutputFile.h"
 #include "client/command/Picture.h"
+#include <lectern/CommonCalls.h>
+#include <lectern/Navigation.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
 
 namespace lectern {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/command/OpenDocument.h"
 
-#include <filesystem>
-
-#include <lectern/Service.h>
 #include "client/command/Commands.h"
 #include "client/command/Progress.h"
+#include <lectern/Service.h>
+
+#include <filesystem>
 
 namespace lectern {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "client/command/Interrupt.h"
+#include <lectern/Document.h>
+
 #include <functional>
 #include <string>
-
-#include <lectern/Document.h>
-#include "client/command/Interrupt.h"
 
 namespace lectern {
 

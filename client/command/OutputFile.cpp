@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/command/OutputFile.h"
 
+#include "client/lib/Errors.h"
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <filesystem>
-
-#include "client/lib/Errors.h"
 
 namespace lectern {
 

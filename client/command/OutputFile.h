@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <lectern/Result.h>
+
 #include <cstdio>
 #include <functional>
 #include <string>
-
-#include <lectern/Result.h>
 
 namespace lectern {
 

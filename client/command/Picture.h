@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <string>
-
 #include <lectern/FrameBuffer.h>
 #include <lectern/Result.h>
+
+#include <string>
 
 namespace lectern {
 

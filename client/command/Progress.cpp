@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/command/Progress.h"
 
+#include "client/command/Pause.h"
+
 #include <unistd.h>
 
 #include <chrono>
 #include <cstdio>
 #include <utility>
-
-#include "client/command/Pause.h"
 
 namespace lectern {
 

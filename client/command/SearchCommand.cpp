@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/lib/Calls.h"
 #include "client/command/Commands.h"
 #include "client/command/Listing.h"
 #include "client/command/Moves.h"
 #include "client/command/OpenDocument.h"
+#include "client/lib/Calls.h"
 
 namespace lectern {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <cstdio>
-
-#include <lectern/Bus.h>
-#include "client/lib/Json.h"
-#include "client/lib/PrivateBus.h"
 #include "client/command/Commands.h"
 #include "client/command/Pause.h"
 #include "client/command/ServiceCall.h"
+#include "client/lib/Json.h"
+#include "client/lib/PrivateBus.h"
+#include <lectern/Bus.h>
+
+#include <cstdio>
 
 namespace lectern {
 

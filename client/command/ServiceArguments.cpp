@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // The sub-commands that reach the service without a document.
-#include <gio/gio.h>
-
-#include "client/lib/Json.h"
 #include "client/command/CommandLine.h"
+#include "client/lib/Json.h"
+
+#include <gio/gio.h>
 
 namespace lectern {
 

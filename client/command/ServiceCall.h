@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <lectern/Bus.h>
+
 #include <optional>
 #include <string>
-
-#include <lectern/Bus.h>
 
 namespace lectern {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/command/Subcommands.h"
 
+#include "client/command/Commands.h"
+
 #include <algorithm>
 #include <cstdio>
-
-#include "client/command/Commands.h"
 
 namespace lectern {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "client/command/Arguments.h"
+
 #include <span>
 #include <string>
 #include <string_view>
-
-#include "client/command/Arguments.h"
 
 namespace lectern {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/command/Values.h"
 
+#include <lectern/FrameBuffer.h>
+
 #include <charconv>
 #include <cmath>
-
-#include <lectern/FrameBuffer.h>
 
 namespace lectern {
 

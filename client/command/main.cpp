@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // lectern: documents from the command line.
-#include <cstdio>
-#include <string_view>
-
 #include "client/command/Commands.h"
 #include "client/command/Subcommands.h"
+
+#include <cstdio>
+#include <string_view>
 
 int main(int argc, char** argv) {
     if (argc < 2) {

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 // lectern-pan FILE [PREFIX]: pans a document, in a terminal or into PREFIX-1.pam, PREFIX-2.pam ...
+#include <lectern/Document.h>
+#include <lectern/Service.h>
+
 #include <chrono>
 #include <condition_variable>
 #include <cstdio>
 #include <fstream>
 #include <mutex>
 #include <string>
-
-#include <lectern/Document.h>
-#include <lectern/Service.h>
 
 namespace {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/keeper/BusFolder.h"
 
+#include "client/lib/GLibHolder.h"
+#include <lectern/Bus.h>
+
 #include <filesystem>
 #include <fstream>
-
-#include <lectern/Bus.h>
-#include "client/lib/GLibHolder.h"
 
 namespace lectern {
 

@@ -8,6 +8,11 @@
 // It has one thread, so that the death signal of the bus daemon, which follows
 // the thread that forked, follows the process; and it is a child subreaper, so
 // that the service and its engines come to it when their parents are gone.
+#include "base/FileDescriptor.h"
+#include "client/keeper/BusFolder.h"
+#include "client/keeper/Descendants.h"
+#include <lectern/Bus.h>
+
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/prctl.h>
@@ -19,11 +24,6 @@
 #include <cstdio>
 #include <string>
 #include <string_view>
-
-#include <lectern/Bus.h>
-#include "base/FileDescriptor.h"
-#include "client/keeper/BusFolder.h"
-#include "client/keeper/Descendants.h"
 
 namespace {
 

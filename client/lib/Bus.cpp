@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "client/lib/BusMessages.h"
+#include "client/lib/LateReply.h"
 #include <lectern/Bus.h>
 
 #include <optional>
 #include <utility>
-
-#include "client/lib/BusMessages.h"
-#include "client/lib/LateReply.h"
 
 namespace lectern {
 

@@ -2,10 +2,10 @@
 // What crosses the bus, and what it means when it does not.
 #pragma once
 
-#include <string>
-
-#include <lectern/Bus.h>
 #include "client/lib/GLibHolder.h"
+#include <lectern/Bus.h>
+
+#include <string>
 
 namespace lectern {
 

@@ -2,11 +2,11 @@
 // What the typed calls of all categories are made of.
 #pragma once
 
+#include "client/lib/Json.h"
+#include <lectern/Bus.h>
+
 #include <optional>
 #include <utility>
-
-#include <lectern/Bus.h>
-#include "client/lib/Json.h"
 
 namespace lectern {
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/ClientQueue.h"
 
+#include "client/lib/Errors.h"
+
 #include <sys/ipc.h>
 #include <sys/msg.h>
 
 #include <cerrno>
 #include <thread>
-
-#include "client/lib/Errors.h"
 
 namespace lectern {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <chrono>
-
 #include "channel/DocAdapterCommon.h"
 #include <lectern/Result.h>
+
+#include <chrono>
 
 namespace lectern {
 

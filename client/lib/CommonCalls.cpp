@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <lectern/CommonCalls.h>
-
 #include "client/lib/Calls.h"
+#include <lectern/CommonCalls.h>
 
 namespace lectern::common {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/Decoding.h"
 
+#include "channel/DocAdapterCommon.h"
+
 #include <algorithm>
 #include <iterator>
-
-#include "channel/DocAdapterCommon.h"
 
 namespace lectern {
 

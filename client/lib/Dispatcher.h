@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "client/lib/GLibHolder.h"
+
 #include <functional>
 #include <memory>
 #include <thread>
-
-#include "client/lib/GLibHolder.h"
 
 namespace lectern {
 

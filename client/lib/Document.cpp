@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "client/lib/DocumentParts.h"
 #include <lectern/Document.h>
+#include <lectern/EventCalls.h>
 
 #include <filesystem>
-
-#include "client/lib/DocumentParts.h"
-#include <lectern/EventCalls.h>
 
 namespace lectern {
 

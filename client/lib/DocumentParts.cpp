@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/DocumentParts.h"
 
-#include <thread>
-
 #include "client/lib/Decoding.h"
 #include <lectern/EventCalls.h>
+
+#include <thread>
 
 namespace lectern {
 

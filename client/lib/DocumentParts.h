@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "client/lib/Dispatcher.h"
+#include "client/lib/Painter.h"
+#include "client/lib/View.h"
+#include <lectern/Document.h>
+
 #include <atomic>
 #include <chrono>
 #include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
-
-#include "client/lib/Dispatcher.h"
-#include <lectern/Document.h>
-#include "client/lib/Painter.h"
-#include "client/lib/View.h"
 
 namespace lectern {
 

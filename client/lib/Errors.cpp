@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/Errors.h"
 
-#include <system_error>
-
 #include "modules/ModuleResults.h"
+
+#include <system_error>
 
 namespace lectern {
 

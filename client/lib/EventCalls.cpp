@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <lectern/EventCalls.h>
-
 #include "client/lib/Calls.h"
+#include <lectern/EventCalls.h>
 
 namespace lectern::events {
 

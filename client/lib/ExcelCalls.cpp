@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <lectern/ExcelCalls.h>
-
 #include "client/lib/Calls.h"
+#include <lectern/ExcelCalls.h>
 
 namespace lectern::excel {
 

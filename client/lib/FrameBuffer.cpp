@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "client/lib/Errors.h"
 #include <lectern/FrameBuffer.h>
 
 #include <sys/ipc.h>
 #include <sys/shm.h>
 
 #include <cerrno>
-
-#include "client/lib/Errors.h"
 
 namespace lectern {
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/IpcNamespace.h"
 
+#include "base/FileDescriptor.h"
+
 #include <fcntl.h>
 #include <sched.h>
 #include <unistd.h>
 
 #include <string>
-
-#include "base/FileDescriptor.h"
 
 namespace lectern {
 

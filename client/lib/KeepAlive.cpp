@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/KeepAlive.h"
 
-#include <utility>
-
 #include <lectern/EventCalls.h>
+
+#include <utility>
 
 namespace lectern {
 

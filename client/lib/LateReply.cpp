@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/LateReply.h"
 
+#include "client/lib/BusMessages.h"
+
 #include <algorithm>
 #include <mutex>
 #include <utility>
 #include <vector>
-
-#include "client/lib/BusMessages.h"
 
 namespace lectern {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "client/lib/GLibHolder.h"
+#include <lectern/Bus.h>
+
 #include <cstdint>
 #include <functional>
 #include <memory>
-
-#include <lectern/Bus.h>
-#include "client/lib/GLibHolder.h"
 
 namespace lectern {
 

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <lectern/Navigation.h>
-
-#include <lectern/ExcelCalls.h>
-#include <lectern/PptCalls.h>
 #include "client/lib/ScrollPlan.h"
+#include <lectern/ExcelCalls.h>
+#include <lectern/Navigation.h>
+#include <lectern/PptCalls.h>
 
 namespace lectern {
 

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "client/lib/Dispatcher.h"
 #include <lectern/Opening.h>
 
 #include <thread>
 #include <utility>
-
-#include "client/lib/Dispatcher.h"
 
 namespace lectern {
 

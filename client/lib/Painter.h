@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "client/lib/Dispatcher.h"
+#include <lectern/FrameBuffer.h>
+#include <lectern/ViewEvents.h>
+
 #include <chrono>
 #include <condition_variable>
 #include <functional>
 #include <memory>
 #include <mutex>
 #include <thread>
-
-#include "client/lib/Dispatcher.h"
-#include <lectern/FrameBuffer.h>
-#include <lectern/ViewEvents.h>
 
 namespace lectern {
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <lectern/PptCalls.h>
-
 #include "client/lib/Calls.h"
+#include <lectern/PptCalls.h>
 
 namespace lectern::ppt {
 

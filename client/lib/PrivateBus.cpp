@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/PrivateBus.h"
 
+#include "client/lib/Errors.h"
+#include "client/lib/Programs.h"
+#include "client/lib/Spawn.h"
+
 #include <fcntl.h>
 #include <poll.h>
 #include <unistd.h>
@@ -9,10 +13,6 @@
 #include <cstdlib>
 #include <string_view>
 #include <utility>
-
-#include "client/lib/Errors.h"
-#include "client/lib/Programs.h"
-#include "client/lib/Spawn.h"
 
 namespace lectern {
 

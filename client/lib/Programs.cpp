@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/Programs.h"
 
+#include "client/lib/GLibHolder.h"
+
 #include <dlfcn.h>
 #include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
-
-#include "client/lib/GLibHolder.h"
 
 namespace lectern {
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "client/lib/ClientQueue.h"
+
 #include <atomic>
 #include <functional>
 #include <memory>
 #include <thread>
 #include <utility>
-
-#include "client/lib/ClientQueue.h"
 
 namespace lectern {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <optional>
-
 #include <lectern/Point.h>
+
+#include <optional>
 
 namespace lectern {
 

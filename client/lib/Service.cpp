@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <lectern/Service.h>
-
-#include <sys/stat.h>
-
-#include <cstdlib>
-
 #include "client/lib/GLibHolder.h"
 #include "client/lib/IpcNamespace.h"
 #include "client/lib/PrivateBus.h"
 #include "client/lib/Programs.h"
 #include "client/lib/Spawn.h"
+#include <lectern/Service.h>
+
+#include <sys/stat.h>
+
+#include <cstdlib>
 
 namespace lectern {
 

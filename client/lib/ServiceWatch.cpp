@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/ServiceWatch.h"
 
+#include "client/lib/BusMessages.h"
+
 #include <cstring>
 #include <mutex>
 #include <utility>
-
-#include "client/lib/BusMessages.h"
 
 namespace lectern {
 

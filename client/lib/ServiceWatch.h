@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <lectern/Bus.h>
+
 #include <functional>
 #include <memory>
 #include <string>
-
-#include <lectern/Bus.h>
 
 namespace lectern {
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/Spawn.h"
 
+#include "client/lib/Errors.h"
+
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
@@ -8,8 +10,6 @@
 
 #include <cerrno>
 #include <csignal>
-
-#include "client/lib/Errors.h"
 
 namespace lectern {
 

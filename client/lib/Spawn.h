@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <lectern/Result.h>
+
 #include <sys/types.h>
 
 #include <string>
 #include <vector>
-
-#include <lectern/Result.h>
 
 namespace lectern {
 

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "client/lib/Errors.h"
 #include <lectern/StateSegment.h>
 
 #include <sys/shm.h>
 
 #include <cerrno>
 #include <cstring>
-
-#include "client/lib/Errors.h"
 
 namespace lectern {
 

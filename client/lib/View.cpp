@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/View.h"
 
-#include <utility>
-
 #include "client/lib/Errors.h"
+
+#include <utility>
 
 namespace lectern {
 

@@ -1,6 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "client/lib/ClientQueue.h"
+#include "client/lib/KeepAlive.h"
+#include "client/lib/RecordReader.h"
+#include "client/lib/ServiceWatch.h"
+#include <lectern/Bus.h>
+#include <lectern/EventCalls.h>
+#include <lectern/StateSegment.h>
+
 #include <atomic>
 #include <condition_variable>
 #include <functional>
@@ -8,14 +16,6 @@
 #include <mutex>
 #include <optional>
 #include <string>
-
-#include <lectern/Bus.h>
-#include "client/lib/ClientQueue.h"
-#include <lectern/EventCalls.h>
-#include "client/lib/KeepAlive.h"
-#include "client/lib/RecordReader.h"
-#include "client/lib/ServiceWatch.h"
-#include <lectern/StateSegment.h>
 
 namespace lectern {
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <lectern/WordCalls.h>
-
 #include "client/lib/Calls.h"
+#include <lectern/WordCalls.h>
 
 namespace lectern::word {
 

@@ -1,9 +1,10 @@
 /* SPDX-License-Identifier: Apache-2.0 */
 /* A presentation module that shows every file as one blank slide of 4 by 3. */
-#include <stdlib.h>
+#include "modules/SlideshowToGoModule.h"
 
 #include "modules/ModuleResults.h"
-#include "modules/SlideshowToGoModule.h"
+
+#include <stdlib.h>
 
 /* An open document, as small as one can be: whatever is known of it goes here. */
 typedef struct {

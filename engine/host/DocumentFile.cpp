@@ -6,11 +6,11 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <filesystem>
 #include <system_error>
-#include <unistd.h>
 
 namespace lectern::engine {
 namespace {

@@ -50,7 +50,8 @@ std::unique_ptr<SharedSurface> SharedSurface::make(std::int32_t width, std::int3
     return std::unique_ptr<SharedSurface>(new SharedSurface(std::move(memory), pixels, width, height));
 }
 
-SharedSurface::SharedSurface(FileDescriptor memory, const void* pixels, std::int32_t width, std::int32_t height)
+SharedSurface::SharedSurface(FileDescriptor memory, const void* pixels, std::int32_t width,
+                             std::int32_t height)
     : mMemory(std::move(memory)), mPixels(pixels), mWidth(width), mHeight(height) {}
 
 SharedSurface::~SharedSurface() {

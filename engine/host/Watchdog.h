@@ -3,6 +3,8 @@
 
 #include "engine/host/EngineProcess.h"
 
+#include <poll.h>
+
 #include <chrono>
 #include <condition_variable>
 #include <list>
@@ -10,8 +12,6 @@
 #include <mutex>
 #include <thread>
 #include <vector>
-
-#include <poll.h>
 
 namespace lectern::engine {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "engine/protocol/Guarded.h"
 #include "engine/host/DocumentFile.h"
 #include "engine/host/Engine.h"
 #include "engine/host/Export.h"
+#include "engine/protocol/Guarded.h"
 #include "modules/ModuleResults.h"
 
 #include <chrono>

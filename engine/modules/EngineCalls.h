@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "engine/modules/DocumentHandle.h"
 #include "engine/host/SharedSurface.h"
+#include "engine/modules/DocumentHandle.h"
 
 #include <gio/gio.h>
 #include <gio/gunixfdlist.h>

@@ -1,23 +1,22 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/office/DocumentLoading.h"
 
-#include "engine/office/FileUrl.h"
 #include "engine/layout/TextEncoding.h"
+#include "engine/office/FileUrl.h"
 #include "modules/ModuleResults.h"
 
+#include <LibreOfficeKit/LibreOfficeKitEnums.h>
 #include <com/sun/star/container/XEnumerationAccess.hpp>
 #include <com/sun/star/frame/Desktop.hpp>
 #include <com/sun/star/frame/XModel.hpp>
-
-#include <LibreOfficeKit/LibreOfficeKitEnums.h>
+#include <strings.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
 #include <string_view>
-#include <strings.h>
-#include <unistd.h>
 #include <vector>
 
 namespace lectern::engine {

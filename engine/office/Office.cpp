@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "engine/office/OfficePrivate.h"
-
 #include "engine/office/FileUrl.h"
+#include "engine/office/OfficePrivate.h"
 #include "engine/office/Profile.h"
-
-#include <com/sun/star/container/XSet.hpp>
 
 #include <LibreOfficeKit/LibreOfficeKitEnums.h>
 #include <LibreOfficeKit/LibreOfficeKitInit.h>
+#include <com/sun/star/container/XSet.hpp>
 
 #include <cstdio>
 #include <cstdlib>

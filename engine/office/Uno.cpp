@@ -2,7 +2,6 @@
 #include "engine/office/Uno.h"
 
 #include <com/sun/star/lang/XServiceInfo.hpp>
-
 #include <dlfcn.h>
 
 namespace lectern::engine {

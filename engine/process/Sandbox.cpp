@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/process/Sandbox.h"
 
-#include "engine/process/SystemCallFilter.h"
 #include "base/FileDescriptor.h"
+#include "engine/process/SystemCallFilter.h"
 
 #include <fcntl.h>
 #include <linux/capability.h>

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/guides/BusGuide.h"
 
+#include "tests/guides/Markdown.h"
+
 #include <gtest/gtest.h>
 
 #include <sstream>
-
-#include "tests/guides/Markdown.h"
 
 namespace {
 

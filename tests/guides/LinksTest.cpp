@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 // What the documents point to is there.
+#include "tests/guides/Markdown.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <regex>
 #include <set>
-
-#include "tests/guides/Markdown.h"
 
 namespace {
 

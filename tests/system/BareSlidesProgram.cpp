@@ -5,7 +5,6 @@
 // leaves files in FOLDER, and does not survive an ordinary exit.
 #include <LibreOfficeKit/LibreOfficeKit.hxx>
 #include <LibreOfficeKit/LibreOfficeKitInit.h>
-
 #include <unistd.h>
 
 #include <cstdlib>

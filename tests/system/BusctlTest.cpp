@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 // The commands of docs/bus.md, run by a shell as they stand there.
-#include <filesystem>
+#include "tests/guides/BusGuide.h"
+#include "tests/system/support/ServiceFixture.h"
+
 #include <json-c/json.h>
 #include <sys/shm.h>
 
+#include <filesystem>
 #include <fstream>
 #include <memory>
-
-#include "tests/guides/BusGuide.h"
-#include "tests/system/support/ServiceFixture.h"
 
 namespace {
 

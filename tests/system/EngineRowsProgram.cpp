@@ -2,15 +2,15 @@
 // engine_rows FILE WIDTH DPI: prints a hash for every row of a word-processing
 // document as the real engine paints it, read through the module alone, without
 // the service. A program of its own, so that its engines end with it.
+#include "modules/WordToGoModule.h"
+#include "tests/system/support/RowHash.h"
+
+#include <dlfcn.h>
+
 #include <cstdio>
 #include <cstdlib>
 #include <string>
 #include <vector>
-
-#include <dlfcn.h>
-
-#include "modules/WordToGoModule.h"
-#include "tests/system/support/RowHash.h"
 
 namespace {
 

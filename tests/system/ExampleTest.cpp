@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 // The example of the client's guide, run as its reader would.
+#include "tests/system/support/Subprocess.h"
+
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
 #include <cstdio>
 #include <filesystem>
-
-#include "tests/system/support/Subprocess.h"
 
 namespace {
 

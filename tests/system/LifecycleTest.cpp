@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // How the service starts and ends.
+#include "tests/system/support/ServiceFixture.h"
+
 #include <fcntl.h>
 #include <signal.h>
 #include <sys/ipc.h>
@@ -9,8 +11,6 @@
 #include <chrono>
 #include <fstream>
 #include <thread>
-
-#include "tests/system/support/ServiceFixture.h"
 
 namespace {
 

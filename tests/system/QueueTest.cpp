@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The message queue under clients that are slow, hasty, broken or 32-bit.
+#include "tests/system/support/ServiceFixture.h"
+
 #include <sys/ipc.h>
 #include <sys/msg.h>
 #include <sys/wait.h>
@@ -7,8 +9,6 @@
 #include <climits>
 #include <cstring>
 #include <thread>
-
-#include "tests/system/support/ServiceFixture.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // What the screen shows while a long document is dragged and zoomed, compared
 // row by row with what the engine paints at that place.
-#include <unistd.h>
-
 #include "tests/system/support/EngineRows.h"
 #include "tests/system/support/ServiceFixture.h"
+
+#include <unistd.h>
 
 namespace {
 

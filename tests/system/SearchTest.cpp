@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 // Search through the service: what a client gets told and sees.
+#include "tests/system/support/Marks.h"
+#include "tests/system/support/ServiceFixture.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <set>
-
-#include "tests/system/support/Marks.h"
-#include "tests/system/support/ServiceFixture.h"
 
 namespace {
 

@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 // What no sheet has and no client should ask for: answered as ever, and
 // survived.
+#include "modules/ModuleResults.h"
+#include "tests/system/support/Python.h"
+#include "tests/system/support/ServiceFixture.h"
+#include "tests/system/support/SheetScreen.h"
+
 #include <sys/stat.h>
 
 #include <algorithm>
 #include <climits>
 #include <filesystem>
 #include <fstream>
-
-#include "modules/ModuleResults.h"
-#include "tests/system/support/Python.h"
-#include "tests/system/support/ServiceFixture.h"
-#include "tests/system/support/SheetScreen.h"
 
 namespace {
 

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 // What can be done with a sheet over the bus, against what an independent
 // reader says of the same file.
+#include "tests/system/support/Python.h"
+#include "tests/system/support/ServiceFixture.h"
+#include "tests/system/support/SheetScreen.h"
+
 #include <sys/stat.h>
 
 #include <algorithm>
 #include <filesystem>
 #include <map>
 #include <numeric>
-
-#include "tests/system/support/Python.h"
-#include "tests/system/support/ServiceFixture.h"
-#include "tests/system/support/SheetScreen.h"
 
 namespace {
 

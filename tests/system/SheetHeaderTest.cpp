@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 // Header strips on a client's screen: in step with the cells, and how they
 // select.
-#include <algorithm>
-#include <functional>
-
 #include "tests/system/support/ServiceFixture.h"
 #include "tests/system/support/SheetScreen.h"
+
+#include <algorithm>
+#include <functional>
 
 namespace {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // A sheet of 100,000 rows from end to end.
-#include <algorithm>
-
 #include "tests/system/support/Python.h"
 #include "tests/system/support/ServiceFixture.h"
 #include "tests/system/support/SheetScreen.h"
+
+#include <algorithm>
 
 namespace {
 

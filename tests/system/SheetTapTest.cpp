@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 // Where a client taps is the cell that it sees there.
+#include "tests/system/support/Python.h"
+#include "tests/system/support/ServiceFixture.h"
+#include "tests/system/support/SheetScreen.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <map>
 #include <random>
-
-#include "tests/system/support/Python.h"
-#include "tests/system/support/ServiceFixture.h"
-#include "tests/system/support/SheetScreen.h"
 
 namespace {
 

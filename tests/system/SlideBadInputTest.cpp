@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 // Presentations and requests that nobody should make.
+#include "modules/ModuleResults.h"
+#include "tests/system/support/SlideFixture.h"
+
 #include <signal.h>
 
 #include <algorithm>
 #include <chrono>
 #include <random>
-
-#include "modules/ModuleResults.h"
-#include "tests/system/support/SlideFixture.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 // What the service tells of a presentation, against the file's own XML.
+#include "tests/system/support/SlideFixture.h"
+
 #include <json-c/json.h>
 
 #include <algorithm>
 #include <random>
-
-#include "tests/system/support/SlideFixture.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // What is shown of slides, pixel by pixel against the suite's own paint of them.
-#include <algorithm>
-#include <random>
-
 #include "tests/system/support/BareSlides.h"
 #include "tests/system/support/SlideFixture.h"
+
+#include <algorithm>
+#include <random>
 
 namespace {
 

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 // Search of presentations through the service: where it lands, what it marks.
+#include "tests/system/support/BareSlides.h"
+#include "tests/system/support/Marks.h"
+#include "tests/system/support/SlideFixture.h"
+
 #include <signal.h>
 
 #include <chrono>
 #include <ostream>
 #include <sstream>
 #include <thread>
-
-#include "tests/system/support/BareSlides.h"
-#include "tests/system/support/Marks.h"
-#include "tests/system/support/SlideFixture.h"
 
 namespace {
 

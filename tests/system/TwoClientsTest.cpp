@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 // Two clients with three documents each, of every kind, at the same time.
-#include <atomic>
-#include <thread>
-
+#include "tests/system/support/ClientFixture.h"
 #include <lectern/CommonCalls.h>
 #include <lectern/Navigation.h>
 #include <lectern/PptCalls.h>
-#include "tests/system/support/ClientFixture.h"
+
+#include <atomic>
+#include <thread>
 
 namespace {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 // A client that dies without a word.
+#include "tests/system/support/ClientFixture.h"
+#include <lectern/CommonCalls.h>
+
 #include <signal.h>
 
 #include <cstdio>
-
-#include <lectern/CommonCalls.h>
-#include "tests/system/support/ClientFixture.h"
 
 namespace {
 

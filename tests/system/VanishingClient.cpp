@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 // vanishing_client ADDRESS FILE: a client to be killed. Opens a document, paints
 // it, prints its number and its state segment, and waits.
+#include <lectern/Document.h>
+
 #include <unistd.h>
 
 #include <cstdio>
-
-#include <lectern/Document.h>
 
 int main(int argc, char** argv) {
     if (argc != 3) {

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/command/play/FrameFolder.h"
 
+#include "client/command/OutputFile.h"
+#include "client/command/Picture.h"
+#include "client/lib/Errors.h"
+
 #include <sys/stat.h>
 
 #include <array>
 #include <cerrno>
 #include <cstdio>
-
-#include "client/lib/Errors.h"
-#include "client/command/OutputFile.h"
-#include "client/command/Picture.h"
 
 namespace lectern::play {
 

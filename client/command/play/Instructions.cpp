@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/command/play/Instructions.h"
 
+#include "client/command/Values.h"
+
 #include <algorithm>
 #include <optional>
 #include <sstream>
 #include <utility>
-
-#include "client/command/Values.h"
 
 namespace lectern::play {
 

@@ -2,12 +2,12 @@
 // The instructions of scripts, one by one.
 #pragma once
 
+#include "client/command/play/Script.h"
+#include <lectern/Result.h>
+
 #include <chrono>
 #include <string>
 #include <vector>
-
-#include <lectern/Result.h>
-#include "client/command/play/Script.h"
 
 namespace lectern::play {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/command/play/Player.h"
 
-#include <algorithm>
-
-#include <lectern/CommonCalls.h>
 #include "client/command/Moves.h"
 #include "client/command/Pause.h"
+#include <lectern/CommonCalls.h>
+
+#include <algorithm>
 
 namespace lectern::play {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <chrono>
-#include <optional>
-
-#include <lectern/Document.h>
 #include "client/command/play/FrameFolder.h"
 #include "client/command/play/Script.h"
+#include <lectern/Document.h>
+
+#include <chrono>
+#include <optional>
 
 namespace lectern::play {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/command/play/Script.h"
 
+#include "client/command/play/Instructions.h"
+#include "client/lib/Errors.h"
+
 #include <cerrno>
 #include <fstream>
 #include <sstream>
-
-#include "client/lib/Errors.h"
-#include "client/command/play/Instructions.h"
 
 namespace lectern::play {
 

@@ -3,13 +3,13 @@
 // "wait 500", "frame after-drag". lectern(1) lists them.
 #pragma once
 
+#include "client/lib/ScrollPlan.h"
+#include <lectern/Result.h>
+
 #include <chrono>
 #include <string>
 #include <variant>
 #include <vector>
-
-#include <lectern/Result.h>
-#include "client/lib/ScrollPlan.h"
 
 namespace lectern::play {
 

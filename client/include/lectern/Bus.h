@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <lectern/Result.h>
+
 #include <chrono>
 #include <functional>
 #include <memory>
 #include <stop_token>
 #include <string>
-
-#include <lectern/Result.h>
 
 struct _GDBusConnection; // GIO's connection, which a program need not know
 

@@ -2,9 +2,9 @@
 // The methods of the category "/common": documents of every kind.
 #pragma once
 
-#include <string>
-
 #include <lectern/Bus.h>
+
+#include <string>
 
 #pragma GCC visibility push(default)
 

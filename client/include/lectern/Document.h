@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <lectern/Bus.h>
+#include <lectern/FrameBuffer.h>
+#include <lectern/StateSegment.h>
+#include <lectern/ViewEvents.h>
+
 #include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <stop_token>
 #include <string>
-
-#include <lectern/Bus.h>
-#include <lectern/FrameBuffer.h>
-#include <lectern/StateSegment.h>
-#include <lectern/ViewEvents.h>
 
 struct _GMainContext; // GLib's
 

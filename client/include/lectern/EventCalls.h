@@ -3,10 +3,10 @@
 // answered once the view has had it. x and y are view pixels.
 #pragma once
 
+#include <lectern/Bus.h>
+
 #include <optional>
 #include <string>
-
-#include <lectern/Bus.h>
 
 #pragma GCC visibility push(default)
 

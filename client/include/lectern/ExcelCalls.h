@@ -3,9 +3,9 @@
 // selection works on the columns or rows that taps and drags have selected.
 #pragma once
 
-#include <string>
-
 #include <lectern/Bus.h>
+
+#include <string>
 
 #pragma GCC visibility push(default)
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
-
 #include <lectern/Result.h>
 #include <lectern/SharedMemory.h>
+
+#include <cstddef>
+#include <cstdint>
 
 #pragma GCC visibility push(default)
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <lectern/Document.h>
+
 #include <functional>
 #include <memory>
 #include <string>
-
-#include <lectern/Document.h>
 
 #pragma GCC visibility push(default)
 

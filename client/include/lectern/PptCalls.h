@@ -2,10 +2,10 @@
 // The methods of the category "/ppt": presentations.
 #pragma once
 
+#include <lectern/Bus.h>
+
 #include <optional>
 #include <string>
-
-#include <lectern/Bus.h>
 
 #pragma GCC visibility push(default)
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <lectern/Bus.h>
+
 #include <memory>
 #include <optional>
 #include <stop_token>
 #include <string>
-
-#include <lectern/Bus.h>
 
 #pragma GCC visibility push(default)
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <cstdint>
-
 #include <lectern/Result.h>
 #include <lectern/SharedMemory.h>
+
+#include <cstdint>
 
 #pragma GCC visibility push(default)
 

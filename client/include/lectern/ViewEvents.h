@@ -2,10 +2,10 @@
 // What the service, and the library itself, tell of an open view.
 #pragma once
 
-#include <functional>
-
 #include <lectern/FrameBuffer.h>
 #include <lectern/Result.h>
+
+#include <functional>
 
 namespace lectern {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "engine/host/SharedSurface.h"
 #include "engine/modules/Arrays.h"
 #include "engine/modules/DocumentHandle.h"
 #include "engine/modules/EngineCalls.h"
-#include "engine/host/SharedSurface.h"
 #include "engine/modules/Utf16.h"
 #include "modules/SheetToGoModule.h"
 
@@ -23,7 +23,7 @@ enum class TrackAxis : gint { Columns = 0, Rows = 1 };
 // One of the caller's buffers and what the engine paints for it.
 struct BufferPair {
     std::unique_ptr<SharedSurface> surface; // null before the buffer is set
-    std::uint32_t* pixels = nullptr;  // of the surface's size
+    std::uint32_t* pixels = nullptr;        // of the surface's size
 };
 
 // What an stg_ document handle points to.

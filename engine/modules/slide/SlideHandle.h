@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "engine/host/SharedSurface.h"
 #include "engine/modules/Arrays.h"
 #include "engine/modules/DocumentHandle.h"
 #include "engine/modules/EngineCalls.h"
-#include "engine/host/SharedSurface.h"
 #include "engine/modules/Utf16.h"
 #include "modules/SlideshowToGoModule.h"
 

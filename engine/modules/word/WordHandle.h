@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "engine/host/SharedSurface.h"
 #include "engine/modules/DocumentHandle.h"
 #include "engine/modules/EngineCalls.h"
-#include "engine/host/SharedSurface.h"
 #include "modules/WordToGoModule.h"
 
 #include <cstdint>
@@ -17,9 +17,9 @@ namespace lectern::engine {
 // What a wtg_ document handle points to.
 struct WordHandle : DocumentHandle {
     std::unique_ptr<SharedSurface> surface; // what the engine paints on; null before the first buffer
-    bool painted = false;             // the surface has been painted at least once
-    bool borrowed = false;            // it shows a secondary document
-    std::uint32_t* pixels = nullptr;  // the caller's buffer, of the surface's size
+    bool painted = false;                   // the surface has been painted at least once
+    bool borrowed = false;                  // it shows a secondary document
+    std::uint32_t* pixels = nullptr;        // the caller's buffer, of the surface's size
 
     // What was handed out; each holds until the next call of its function.
     std::vector<wtg_find_result> results;

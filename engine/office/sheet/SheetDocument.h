@@ -2,9 +2,9 @@
 #pragma once
 
 #include "engine/layout/DocumentInformation.h"
-#include "engine/office/Office.h"
 #include "engine/layout/Surface.h"
 #include "engine/layout/Tracks.h"
+#include "engine/office/Office.h"
 
 #include <cstdint>
 #include <memory>

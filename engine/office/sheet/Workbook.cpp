@@ -14,7 +14,6 @@
 #include <com/sun/star/sheet/XUsedAreaCursor.hpp>
 #include <com/sun/star/text/WritingMode2.hpp>
 #include <com/sun/star/util/XMergeable.hpp>
-
 #include <json-c/json.h>
 
 #include <algorithm>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "engine/office/DocumentLoading.h"
 #include "engine/layout/Surface.h"
-#include "engine/office/sheet/Drawings.h"
 #include "engine/layout/Tracks.h"
+#include "engine/office/DocumentLoading.h"
+#include "engine/office/sheet/Drawings.h"
 
 #include <com/sun/star/sheet/XSpreadsheet.hpp>
 #include <com/sun/star/table/CellRangeAddress.hpp>

@@ -10,7 +10,6 @@
 #include <com/sun/star/io/XOutputStream.hpp>
 #include <com/sun/star/lang/XMultiServiceFactory.hpp>
 #include <com/sun/star/presentation/XPresentationPage.hpp>
-
 #include <cppuhelper/implbase1.hxx>
 #include <rtl/ref.hxx>
 

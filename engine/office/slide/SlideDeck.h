@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "engine/office/DocumentLoading.h"
-#include "engine/layout/Surface.h"
 #include "engine/layout/DrawnText.h"
+#include "engine/layout/Surface.h"
+#include "engine/office/DocumentLoading.h"
 
 #include <com/sun/star/drawing/XDrawPage.hpp>
 #include <com/sun/star/drawing/XGraphicExportFilter.hpp>

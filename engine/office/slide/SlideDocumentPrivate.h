@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "engine/office/OfficeGuard.h"
 #include "engine/layout/PicturePlaces.h"
+#include "engine/office/OfficeGuard.h"
 #include "engine/office/slide/SlideDeck.h"
 #include "engine/office/slide/SlideDocument.h"
 

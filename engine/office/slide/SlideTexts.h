@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "engine/office/Uno.h"
 #include "engine/layout/OutlineItem.h"
+#include "engine/office/Uno.h"
 
 #include <com/sun/star/drawing/XDrawPage.hpp>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "engine/office/word/FloatingShapes.h"
 #include "engine/layout/TextTypes.h"
+#include "engine/office/word/FloatingShapes.h"
 
 #include <com/sun/star/text/XText.hpp>
 #include <com/sun/star/text/XTextCursor.hpp>

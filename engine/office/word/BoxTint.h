@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "engine/office/word/PlacedRanges.h"
 #include "engine/layout/Surface.h"
+#include "engine/office/word/PlacedRanges.h"
 
 namespace lectern::engine {
 

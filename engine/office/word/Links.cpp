@@ -6,7 +6,6 @@
 #include <com/sun/star/text/XBookmarksSupplier.hpp>
 #include <com/sun/star/text/XTextContent.hpp>
 #include <com/sun/star/text/XTextTablesSupplier.hpp>
-
 #include <rtl/uri.hxx>
 
 #include <algorithm>

@@ -3,12 +3,11 @@
 
 #include "engine/office/word/PageStyles.h"
 
+#include <LibreOfficeKit/LibreOfficeKitEnums.h>
 #include <com/sun/star/drawing/XShapes.hpp>
 #include <com/sun/star/text/XParagraphCursor.hpp>
 #include <com/sun/star/text/XTextContent.hpp>
 #include <com/sun/star/view/XLineCursor.hpp>
-
-#include <LibreOfficeKit/LibreOfficeKitEnums.h>
 
 #include <algorithm>
 #include <limits>

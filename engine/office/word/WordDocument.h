@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "engine/office/Office.h"
 #include "engine/layout/TextTypes.h"
+#include "engine/office/Office.h"
 
 #include <cstdint>
 #include <memory>

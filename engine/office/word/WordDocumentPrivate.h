@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "engine/office/word/Links.h"
-#include "engine/office/OfficeGuard.h"
-#include "engine/office/word/References.h"
 #include "engine/layout/SearchText.h"
-#include "engine/office/word/TilePainter.h"
+#include "engine/office/OfficeGuard.h"
 #include "engine/office/word/BoxTint.h"
+#include "engine/office/word/Links.h"
+#include "engine/office/word/References.h"
+#include "engine/office/word/TilePainter.h"
 #include "engine/office/word/WordDocument.h"
 
 #include <optional>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "base/FileDescriptor.h"
 #include "engine/layout/DocumentInformation.h"
 #include "engine/process/endpoints/Wire.h"
-#include "base/FileDescriptor.h"
 
 #include <gio/gio.h>
 #include <gio/gunixfdlist.h>

@@ -92,7 +92,7 @@ SheetEndpoint::SheetEndpoint() : DocumentEndpoint(lectern_ipc_sheet_skeleton_new
 }
 
 std::int32_t SheetEndpoint::setSurface(std::int32_t area, int memory, std::int32_t width,
-                                      std::int32_t height) {
+                                       std::int32_t height) {
     if (area < 0) {
         return MODULE_BAD_ARGUMENT;
     }

@@ -123,7 +123,7 @@ SlideEndpoint::~SlideEndpoint() {
 }
 
 std::int32_t SlideEndpoint::setSurface(int memory, std::int32_t width, std::int32_t height,
-                                      std::int32_t pictures) {
+                                       std::int32_t pictures) {
     std::int32_t rows = 0;
     if (__builtin_mul_overflow(height, pictures, &rows)) {
         return MODULE_BAD_ARGUMENT;

@@ -3,13 +3,13 @@
 // methods and see what they answer. One service per process.
 #pragma once
 
+#include "hub/hubservice.h"
+
 #include <functional>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "hub/hubservice.h"
 
 struct FakeHub {
     // Everything that was asked of the bus, in order: "register NAME",

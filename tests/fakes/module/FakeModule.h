@@ -2,6 +2,9 @@
 // The module's side of a fake: noting calls, and what all modules do alike.
 #pragma once
 
+#include "modules/ModuleResults.h"
+#include "tests/fakes/module/FakeCalls.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <ctime>
@@ -9,9 +12,6 @@
 #include <sstream>
 #include <string>
 #include <vector>
-
-#include "modules/ModuleResults.h"
-#include "tests/fakes/module/FakeCalls.h"
 
 namespace fake {
 

@@ -6,15 +6,15 @@
 // where: see fakeCellPixel() and its like. Commands are noted and change nothing.
 #pragma once
 
+#include "modules/SheetToGoModule.h"
+#include "tests/fakes/module/FakeCalls.h"
+
 #include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "modules/SheetToGoModule.h"
-#include "tests/fakes/module/FakeCalls.h"
 
 struct FakeSheet {
     std::u16string title = u"Sheet";

@@ -6,13 +6,13 @@
 // slide units and reported in the pixels of what was rendered last.
 #pragma once
 
+#include "modules/SlideshowToGoModule.h"
+#include "tests/fakes/module/FakeCalls.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
-
-#include "modules/SlideshowToGoModule.h"
-#include "tests/fakes/module/FakeCalls.h"
 
 // A hit: one rectangle for each line it spans, in slide units.
 using FakeSlideHit = std::vector<module_rect>;

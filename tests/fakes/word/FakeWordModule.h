@@ -8,13 +8,13 @@
 // buffer tells where in the text it is from: see fakeWordPixel().
 #pragma once
 
+#include "modules/WordToGoModule.h"
+#include "tests/fakes/module/FakeCalls.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
-
-#include "modules/WordToGoModule.h"
-#include "tests/fakes/module/FakeCalls.h"
 
 // One hit that wtg_find will find, whatever the text it is asked for.
 struct FakeWordHit {

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "tests/system/support/ServiceFixture.h"
+
 #include <gmock/gmock.h>
 
 #include <cstdint>
 #include <map>
 #include <string>
 #include <vector>
-
-#include "tests/system/support/ServiceFixture.h"
 
 // What a run of the command gave.
 struct Outcome {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // Pictures of sheets and slides, against what another client sees after a jump.
+#include "tests/system/command/CommandFixture.h"
+
 #include <functional>
 #include <set>
-
-#include "tests/system/command/CommandFixture.h"
 
 namespace {
 

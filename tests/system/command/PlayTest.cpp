@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "tests/system/command/CommandFixture.h"
+#include "tests/system/support/Marks.h"
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-
-#include "tests/system/command/CommandFixture.h"
-#include "tests/system/support/Marks.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // Exit statuses and what the command says on standard error; calls.
-#include <filesystem>
-
 #include "tests/system/command/CommandFixture.h"
+
+#include <filesystem>
 
 namespace {
 

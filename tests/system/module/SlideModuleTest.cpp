@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 // Presentations with the real engine: slides, titles, notes, bad input, memory.
 #include "tests/system/module/SlideView.h"
-
 #include "tests/system/support/Subprocess.h"
 #include "tests/unit/engine/EngineHost.h"
+
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <random>
-#include <unistd.h>
 
 namespace lectern::test {
 namespace {

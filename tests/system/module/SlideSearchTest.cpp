@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Searches of presentations with the real engine, whose hits are known.
 #include "tests/system/module/SlideView.h"
-
 #include "tests/unit/engine/EngineHost.h"
 
 #include <algorithm>

@@ -7,6 +7,7 @@
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
 #include <vector>
 
 namespace lectern::engine::test {

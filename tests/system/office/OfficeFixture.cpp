@@ -3,10 +3,11 @@
 
 #include "modules/ModuleResults.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
-#include <unistd.h>
 
 namespace lectern::engine::test {
 

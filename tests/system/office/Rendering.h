@@ -2,9 +2,10 @@
 // What the programs that paint documents for looking at share.
 #pragma once
 
+#include <png.h>
+
 #include <chrono>
 #include <cstdint>
-#include <png.h>
 
 namespace rendering {
 

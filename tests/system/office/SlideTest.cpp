@@ -8,9 +8,9 @@
 
 #include <com/sun/star/drawing/GraphicExportFilter.hpp>
 #include <com/sun/star/drawing/XDrawPagesSupplier.hpp>
+#include <png.h>
 
 #include <cstdlib>
-#include <png.h>
 
 namespace lectern::engine::test {
 namespace {

@@ -5,11 +5,12 @@
 #include "engine/office/sheet/SheetDocument.h"
 #include "tests/system/office/Rendering.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <unistd.h>
 #include <vector>
 
 namespace {

@@ -5,10 +5,11 @@
 #include "engine/office/slide/SlideDocument.h"
 #include "tests/system/office/Rendering.h"
 
+#include <unistd.h>
+
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <unistd.h>
 
 namespace {
 

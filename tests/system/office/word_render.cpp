@@ -4,10 +4,11 @@
 #include "engine/office/word/WordDocument.h"
 #include "tests/system/office/Rendering.h"
 
+#include <unistd.h>
+
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <unistd.h>
 #include <vector>
 
 namespace {

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/system/support/BareSlides.h"
 
+#include "tests/system/support/Subprocess.h"
+
 #include <cstring>
 #include <stdexcept>
-
-#include "tests/system/support/Subprocess.h"
 
 BareSlides::BareSlides(const std::string& path, int width, int height, int pointsAcross, int pointsDown)
     : mWidth(width), mHeight(height) {

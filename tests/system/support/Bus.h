@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "tests/system/support/Subprocess.h"
+
 #include <gio/gio.h>
 
 #include <memory>
 #include <string>
-
-#include "tests/system/support/Subprocess.h"
 
 // A bus daemon of the test's own.
 class PrivateBus {

@@ -3,12 +3,12 @@
 // service nor with the client library, so that it checks both.
 #pragma once
 
+#include "tests/system/support/Bus.h"
+
 #include <cstdint>
 #include <set>
 #include <string>
 #include <vector>
-
-#include "tests/system/support/Bus.h"
 
 // A service-to-client record without its type.
 struct Answer {

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "tests/system/support/ServiceFixture.h"
+#include <lectern/Document.h>
+
 #include <condition_variable>
 #include <memory>
 #include <mutex>
 #include <string>
 #include <vector>
-
-#include <lectern/Document.h>
-#include "tests/system/support/ServiceFixture.h"
 
 // The real service, used through the client library.
 class ClientTest : public ServiceTest {

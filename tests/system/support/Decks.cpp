@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/system/support/Decks.h"
 
+#include "tests/system/support/Subprocess.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
 #include <sstream>
-
-#include "tests/system/support/Subprocess.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/system/support/EngineRows.h"
 
-#include <sstream>
-#include <stdexcept>
-
 #include "tests/system/support/RowHash.h"
 #include "tests/system/support/Subprocess.h"
+
+#include <sstream>
+#include <stdexcept>
 
 EngineRows::EngineRows(const std::string& path, int width, int dpi) : mWidth(width) {
     const TemporaryFolder folder;

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/system/support/Python.h"
 
+#include "tests/system/support/Subprocess.h"
+
 #include <gtest/gtest.h>
 
 #include <sstream>
-
-#include "tests/system/support/Subprocess.h"
 
 std::string python(std::vector<std::string> arguments) {
     const TemporaryFolder folder;

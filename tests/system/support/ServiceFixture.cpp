@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/system/support/ServiceFixture.h"
 
+#include "tests/system/support/Python.h"
+
 #include <sched.h>
 #include <signal.h>
 #include <sys/ipc.h>
@@ -15,8 +17,6 @@
 #include <filesystem>
 #include <fstream>
 #include <thread>
-
-#include "tests/system/support/Python.h"
 
 namespace {
 

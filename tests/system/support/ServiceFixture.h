@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "tests/system/support/Bus.h"
+#include "tests/system/support/Client.h"
+#include "tests/system/support/Subprocess.h"
+
 #include <gtest/gtest.h>
 
 #include <functional>
 #include <map>
 #include <memory>
 #include <string>
-
-#include "tests/system/support/Bus.h"
-#include "tests/system/support/Client.h"
-#include "tests/system/support/Subprocess.h"
 
 // The real service on a bus of the test's own, in an IPC namespace of the
 // test's own. At the end nothing may be left: no process, no System V object

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/system/support/SheetScreen.h"
 
+#include "tests/system/support/Subprocess.h"
+
 #include <json-c/json.h>
 
 #include <numeric>
-
-#include "tests/system/support/Subprocess.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "tests/system/support/Client.h"
+
 #include <cstdint>
 #include <set>
 #include <string>
 #include <vector>
-
-#include "tests/system/support/Client.h"
 
 // A spreadsheet on a client's screen: where headers and cells are is read off
 // the pixels, and what is done is done with taps, strokes and pinches.

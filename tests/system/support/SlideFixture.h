@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <vector>
-
 #include "tests/system/support/Decks.h"
 #include "tests/system/support/ServiceFixture.h"
+
+#include <vector>
 
 // An area of a picture; empty when right is not above left.
 struct Area {

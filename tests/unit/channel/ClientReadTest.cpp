@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 // The client's read: its time-outs are counted in sleeps of 10 ms.
+#include "RawQueue.h"
+#include "SystemCalls.h"
+
 #include <sys/msg.h>
 
 #include <cerrno>
 #include <thread>
-
-#include "RawQueue.h"
-#include "SystemCalls.h"
 
 namespace {
 

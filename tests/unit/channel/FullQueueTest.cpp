@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 // The service's end without room: it goes on whatever clients do or do not.
+#include "RawQueue.h"
+#include "SystemCalls.h"
+#include "channel/ServiceQueue.h"
+
 #include <sys/msg.h>
 
 #include <atomic>
 #include <cerrno>
 #include <numeric>
 #include <thread>
-
-#include "RawQueue.h"
-#include "SystemCalls.h"
-#include "channel/ServiceQueue.h"
 
 namespace {
 

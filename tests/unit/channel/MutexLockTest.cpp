@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "channel/DocAdapterCommon.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <pthread.h>
 
 #include <cerrno>
-
-#include "channel/DocAdapterCommon.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "channel/QueueOwner.h"
 
+#include "channel/DocAdapterCommon.h"
+
 #include <gtest/gtest.h>
 #include <sched.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-#include "channel/DocAdapterCommon.h"
 
 namespace {
 

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 // The plain wrapper, as both ends have it.
+#include "RawQueue.h"
+#include "SystemCalls.h"
+
 #include <sys/ipc.h>
 #include <sys/msg.h>
 
 #include <cerrno>
 #include <cstring>
 #include <thread>
-
-#include "RawQueue.h"
-#include "SystemCalls.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "RawQueue.h"
 
+#include "SystemCalls.h"
+
 #include <sys/ipc.h>
 #include <sys/msg.h>
 
 #include <cstring>
-
-#include "SystemCalls.h"
 
 namespace {
 

@@ -2,13 +2,13 @@
 // The queue as any process sees it, without the wrapper under test.
 #pragma once
 
+#include "channel/DocAdapterCommon.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
-
-#include "channel/DocAdapterCommon.h"
 
 // A record as it lies in the queue.
 struct RawRecord {

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 // The records' bytes: what crosses the queue is the same for 32- and 64-bit ends.
+#include "channel/DocAdapterCommon.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
 #include <cstring>
 #include <new>
-
-#include "channel/DocAdapterCommon.h"
 
 namespace {
 

@@ -2,15 +2,15 @@
 // The service's end while there is room: reading, refusing, discarding.
 #include "channel/ServiceQueue.h"
 
+#include "RawQueue.h"
+#include "SystemCalls.h"
+
 #include <pthread.h>
 
 #include <cerrno>
 #include <cstring>
 #include <limits>
 #include <thread>
-
-#include "RawQueue.h"
-#include "SystemCalls.h"
 
 namespace {
 

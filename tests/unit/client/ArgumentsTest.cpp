@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/command/Arguments.h"
 
-#include <gmock/gmock.h>
-
 #include "client/command/Values.h"
+
+#include <gmock/gmock.h>
 
 namespace {
 

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "tests/unit/client/FakeService.h"
 #include <lectern/Bus.h>
 
 #include <gmock/gmock.h>
 
 #include <thread>
-
-#include "tests/unit/client/FakeService.h"
 
 namespace {
 

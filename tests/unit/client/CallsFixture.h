@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "client/lib/Json.h"
+#include "tests/unit/client/FakeService.h"
+#include <lectern/Bus.h>
+
 #include <gtest/gtest.h>
 
 #include <string>
 #include <utility>
-
-#include <lectern/Bus.h>
-#include "client/lib/Json.h"
-#include "tests/unit/client/FakeService.h"
 
 // Typed calls to a fake service, and what it was last sent.
 class CallsTest : public testing::Test {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "client/lib/KeepAlive.h"
+#include "tests/unit/client/CallsFixture.h"
 #include <lectern/CommonCalls.h>
 #include <lectern/EventCalls.h>
-#include "client/lib/KeepAlive.h"
 #include <lectern/WordCalls.h>
-#include "tests/unit/client/CallsFixture.h"
 
 namespace {
 

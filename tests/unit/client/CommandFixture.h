@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "client/command/Commands.h"
+#include "tests/unit/client/FakeService.h"
+
 #include <gmock/gmock.h>
 
 #include <cstdlib>
 #include <filesystem>
 #include <string>
-
-#include "client/command/Commands.h"
-#include "tests/unit/client/FakeService.h"
 
 // The sub-commands against a fake service on the session's bus.
 class CommandTest : public testing::Test {

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 // What the shell completes, --help shows and the manual page tells must be the
 // same commands and options.
+#include "client/command/Subcommands.h"
+#include "client/command/play/Instructions.h"
+#include "client/lib/GLibHolder.h"
+
 #include <glib.h>
 #include <gmock/gmock.h>
-
 #include <unistd.h>
 
 #include <cstdio>
@@ -13,10 +16,6 @@
 #include <memory>
 #include <set>
 #include <sstream>
-
-#include "client/lib/GLibHolder.h"
-#include "client/command/Subcommands.h"
-#include "client/command/play/Instructions.h"
 
 namespace {
 

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 // What a document tells its program, and where; and the paints that it makes by
 // itself.
-#include <gmock/gmock.h>
-
-#include <future>
-
-#include <lectern/Document.h>
 #include "client/lib/GLibHolder.h"
 #include "tests/unit/client/FakeService.h"
 #include "tests/unit/client/Told.h"
+#include <lectern/Document.h>
+
+#include <gmock/gmock.h>
+
+#include <future>
 
 namespace {
 

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "client/lib/Json.h"
+#include "tests/unit/client/FakeService.h"
 #include <lectern/Document.h>
 
 #include <gmock/gmock.h>
 #include <sys/shm.h>
 
 #include <filesystem>
-
-#include "client/lib/Json.h"
-#include "tests/unit/client/FakeService.h"
 
 namespace {
 

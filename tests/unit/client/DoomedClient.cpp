@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 // A client to be killed: starts a private bus and the service on it, prints the
 // bus's address and waits.
+#include "client/lib/PrivateBus.h"
+#include <lectern/Bus.h>
+
 #include <unistd.h>
 
 #include <cstdio>
-
-#include <lectern/Bus.h>
-#include "client/lib/PrivateBus.h"
 
 int main() {
     const auto privateBus = lectern::PrivateBus::start();

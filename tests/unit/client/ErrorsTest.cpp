@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/Errors.h"
 
+#include "modules/ModuleResults.h"
+
 #include <gmock/gmock.h>
 
 #include <cerrno>
 #include <set>
-
-#include "modules/ModuleResults.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/unit/client/FakeService.h"
 
+#include "client/lib/Json.h"
+#include <lectern/Bus.h>
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
-
-#include <lectern/Bus.h>
-#include "client/lib/Json.h"
 
 using lectern::GLibHolder;
 using lectern::JsonMembers;

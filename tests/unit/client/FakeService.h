@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "client/lib/GLibHolder.h"
+#include "client/lib/PrivateBus.h"
+#include "tests/unit/client/FakeView.h"
+
 #include <condition_variable>
 #include <map>
 #include <memory>
@@ -8,10 +12,6 @@
 #include <optional>
 #include <string>
 #include <vector>
-
-#include "client/lib/GLibHolder.h"
-#include "client/lib/PrivateBus.h"
-#include "tests/unit/client/FakeView.h"
 
 // The document service's name on a private bus, answering as it is told to.
 // "create" makes a FakeView. Calls are answered on the connection's own thread.

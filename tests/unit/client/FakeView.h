@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "channel/DocAdapterCommon.h"
+#include <lectern/SharedMemory.h>
+#include <lectern/StateSegment.h>
+
 #include <array>
 #include <atomic>
 #include <condition_variable>
@@ -10,10 +14,6 @@
 #include <semaphore>
 #include <thread>
 #include <vector>
-
-#include "channel/DocAdapterCommon.h"
-#include <lectern/SharedMemory.h>
-#include <lectern/StateSegment.h>
 
 // The queue's side of a service with one document: takes records as the service
 // does, paints one colour, scrolls a document of a given height, zooms.

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "client/lib/IpcNamespace.h"
 #include <lectern/FrameBuffer.h>
 
 #include <gtest/gtest.h>
@@ -7,8 +8,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-
-#include "client/lib/IpcNamespace.h"
 
 namespace {
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 // The tests run in an IPC namespace of their own, in which nothing else sends,
 // and find this build's keeper. No bus of the machine is visible to them.
+#include "client/command/Interrupt.h"
+#include "client/lib/IpcNamespace.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdio>
 #include <cstdlib>
-
-#include "client/lib/IpcNamespace.h"
-#include "client/command/Interrupt.h"
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);

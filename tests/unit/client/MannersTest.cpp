@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 // The ways of a good client, as a document goes them by itself.
+#include "tests/unit/client/FakeService.h"
+#include <lectern/Document.h>
+#include <lectern/EventCalls.h>
+
 #include <gmock/gmock.h>
 
 #include <chrono>
-
-#include <lectern/Document.h>
-#include <lectern/EventCalls.h>
-#include "tests/unit/client/FakeService.h"
 
 namespace {
 

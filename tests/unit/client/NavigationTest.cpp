@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "tests/unit/client/FakeService.h"
 #include <lectern/Navigation.h>
 
 #include <gmock/gmock.h>
-
-#include "tests/unit/client/FakeService.h"
 
 namespace {
 

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "tests/unit/client/CommandFixture.h"
+
 #include <gmock/gmock.h>
 #include <png.h>
-
 #include <unistd.h>
 
 #include <csignal>
 #include <thread>
-
-#include "tests/unit/client/CommandFixture.h"
 
 namespace {
 

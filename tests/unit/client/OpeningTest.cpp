@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 // Opens that take long: told of, given up, made in the background.
-#include <lectern/Opening.h>
-
-#include <gmock/gmock.h>
-
 #include "client/lib/GLibHolder.h"
 #include "client/lib/Json.h"
 #include "tests/unit/client/FakeService.h"
 #include "tests/unit/client/Told.h"
+#include <lectern/Opening.h>
+
+#include <gmock/gmock.h>
 
 namespace {
 

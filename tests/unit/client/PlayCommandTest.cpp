@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "tests/unit/client/CommandFixture.h"
+
 #include <unistd.h>
 
 #include <chrono>
@@ -6,8 +8,6 @@
 #include <fstream>
 #include <set>
 #include <thread>
-
-#include "tests/unit/client/CommandFixture.h"
 
 namespace {
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <lectern/PptCalls.h>
-
 #include "tests/unit/client/CallsFixture.h"
+#include <lectern/PptCalls.h>
 
 namespace {
 

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/PrivateBus.h"
 
+#include "client/lib/Spawn.h"
+#include <lectern/Bus.h>
+
 #include <gmock/gmock.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
@@ -10,9 +13,6 @@
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
-
-#include <lectern/Bus.h>
-#include "client/lib/Spawn.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/command/play/Script.h"
 
-#include <gmock/gmock.h>
-
 #include "client/command/play/Instructions.h"
+
+#include <gmock/gmock.h>
 
 namespace {
 

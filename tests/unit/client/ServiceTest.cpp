@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "base/FileDescriptor.h"
+#include "client/lib/Programs.h"
+#include "tests/unit/client/FakeService.h"
 #include <lectern/Service.h>
 
 #include <gtest/gtest.h>
@@ -9,10 +12,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
-
-#include "base/FileDescriptor.h"
-#include "client/lib/Programs.h"
-#include "tests/unit/client/FakeService.h"
 
 namespace {
 

@@ -4,11 +4,11 @@
 #include "modules/ModuleResults.h"
 #include "modules/WTGFunc.h"
 
+#include <sys/types.h>
+
 #include <cstdint>
 #include <string>
 #include <vector>
-
-#include <sys/types.h>
 
 namespace lectern::test {
 

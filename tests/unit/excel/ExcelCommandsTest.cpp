@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // What is done with a selection.
+#include "tests/unit/excel/ExcelTest.h"
+
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -7,8 +9,6 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
-
-#include "tests/unit/excel/ExcelTest.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // The state record: what a view finds again when its document is opened anew.
+#include "tests/unit/excel/ExcelTest.h"
+
 #include <sys/shm.h>
 
 #include <cstring>
-
-#include "tests/unit/excel/ExcelTest.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // The sheet list, going to another sheet, and properties.
+#include "tests/unit/excel/ExcelTest.h"
+
 #include <cstdlib>
 #include <ctime>
-
-#include "tests/unit/excel/ExcelTest.h"
 
 namespace {
 

@@ -5,6 +5,13 @@
 // column headers 30 high, and the sheet has 4000 x 8000 pixels.
 #pragma once
 
+#include "channel/ServiceQueue.h"
+#include "tests/unit/excel/TestExcel.h"
+#include "tests/unit/view/Frame.h"
+#include "tests/unit/view/IpcTest.h"
+#include "tests/unit/view/Notifications.h"
+#include "tests/unit/view/TestClock.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -14,13 +21,6 @@
 #include <ostream>
 #include <string>
 #include <vector>
-
-#include "channel/ServiceQueue.h"
-#include "tests/unit/excel/TestExcel.h"
-#include "tests/unit/view/Frame.h"
-#include "tests/unit/view/IpcTest.h"
-#include "tests/unit/view/Notifications.h"
-#include "tests/unit/view/TestClock.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;

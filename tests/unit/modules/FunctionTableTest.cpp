@@ -1,5 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 // Filling the tables from complete modules that the loader finds by bare name.
+#include "FunctionNames.h"
+#include "modules/SSTGFunc.h"
+#include "modules/STGFunc.h"
+#include "modules/Singleton.h"
+#include "modules/WTGFunc.h"
+
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
@@ -9,12 +15,6 @@
 #include <string>
 #include <type_traits>
 #include <vector>
-
-#include "FunctionNames.h"
-#include "modules/SSTGFunc.h"
-#include "modules/STGFunc.h"
-#include "modules/Singleton.h"
-#include "modules/WTGFunc.h"
 
 namespace {
 

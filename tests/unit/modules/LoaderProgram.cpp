@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 // Fills one of the function tables: modules_loader wtg|stg|sstg
-#include <cstdio>
-#include <cstring>
-
 #include "modules/SSTGFunc.h"
 #include "modules/STGFunc.h"
 #include "modules/Singleton.h"
 #include "modules/WTGFunc.h"
+
+#include <cstdio>
+#include <cstring>
 
 int main(int argc, char** argv) {
     const char* prefix = argc == 2 ? argv[1] : "";

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Modules that cannot be used end the process; a process of its own shows it.
+#include "FunctionNames.h"
+
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <spawn.h>
@@ -11,8 +13,6 @@
 #include <iterator>
 #include <string>
 #include <vector>
-
-#include "FunctionNames.h"
 
 namespace {
 

@@ -1,5 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 // docs/modules.md against the headers, and the module that it shows.
+#include "FunctionNames.h"
+#include "modules/SSTGFunc.h"
+#include "modules/STGFunc.h"
+#include "modules/Singleton.h"
+#include "modules/WTGFunc.h"
+#include "tests/guides/Markdown.h"
+
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
@@ -8,13 +15,6 @@
 #include <map>
 #include <string>
 #include <vector>
-
-#include "FunctionNames.h"
-#include "modules/SSTGFunc.h"
-#include "modules/STGFunc.h"
-#include "modules/Singleton.h"
-#include "modules/WTGFunc.h"
-#include "tests/guides/Markdown.h"
 
 namespace {
 

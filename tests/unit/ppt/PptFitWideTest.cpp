@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // Devices held on their side or upside down.
+#include "tests/unit/ppt/PptTest.h"
+
 #include <algorithm>
 #include <cstring>
 #include <functional>
-
-#include "tests/unit/ppt/PptTest.h"
 
 namespace {
 

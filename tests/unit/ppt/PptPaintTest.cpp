@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // Upright pictures.
-#include <cstring>
-
 #include "tests/unit/ppt/PptTest.h"
+
+#include <cstring>
 
 namespace {
 

@@ -5,6 +5,12 @@
 // 0.5, and the surface then 320 x 240 pixels.
 #pragma once
 
+#include "channel/ServiceQueue.h"
+#include "tests/unit/ppt/TestPpt.h"
+#include "tests/unit/view/Frame.h"
+#include "tests/unit/view/IpcTest.h"
+#include "tests/unit/view/TestClock.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/ipc.h>
@@ -17,12 +23,6 @@
 #include <ostream>
 #include <string>
 #include <vector>
-
-#include "channel/ServiceQueue.h"
-#include "tests/unit/ppt/TestPpt.h"
-#include "tests/unit/view/Frame.h"
-#include "tests/unit/view/IpcTest.h"
-#include "tests/unit/view/TestClock.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;

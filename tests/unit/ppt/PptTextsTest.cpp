@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // The slide list, notes and properties.
+#include "tests/unit/ppt/PptTest.h"
+
 #include <cstdlib>
 #include <ctime>
-
-#include "tests/unit/ppt/PptTest.h"
 
 namespace {
 

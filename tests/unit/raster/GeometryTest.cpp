@@ -1,4 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "raster/CpPoint.h"
+#include "raster/CpRect.h"
+#include "raster/Saturate.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -7,10 +11,6 @@
 #include <cstring>
 #include <limits>
 #include <type_traits>
-
-#include "raster/CpPoint.h"
-#include "raster/CpRect.h"
-#include "raster/Saturate.h"
 
 namespace {
 

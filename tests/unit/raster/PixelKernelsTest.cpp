@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 // Each set of kernels that this processor runs, not just the one it would use.
-#include <gtest/gtest.h>
-
-#include <algorithm>
+#include "raster/PixelKernels.h"
 
 #include "Arena.h"
 #include "PlainLoops.h"
-#include "raster/PixelKernels.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace {
 

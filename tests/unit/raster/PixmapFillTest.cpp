@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "raster/CpPixmap.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <climits>
 #include <set>
 #include <vector>
-
-#include "raster/CpPixmap.h"
 
 namespace {
 

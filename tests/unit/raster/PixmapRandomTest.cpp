@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 // Every operation against the plain loops, on thousands of rectangles that hang
 // off the pixmap on every side, with the whole of the memory compared.
+#include "Arena.h"
+#include "PlainLoops.h"
+#include "raster/CpPixmap.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstring>
-
-#include "Arena.h"
-#include "PlainLoops.h"
-#include "raster/CpPixmap.h"
 
 namespace {
 

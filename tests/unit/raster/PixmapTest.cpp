@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "raster/CpPixmap.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <climits>
 #include <numeric>
 #include <type_traits>
-
-#include "raster/CpPixmap.h"
 
 namespace {
 

@@ -4,9 +4,9 @@
 // measures against.
 #pragma once
 
-#include <cstdint>
-
 #include "raster/CpRect.h"
+
+#include <cstdint>
 
 namespace plain {
 

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 // docs/bus.md against the method tables, and against what the methods answer.
-#include <set>
+#include "tests/guides/BusGuide.h"
 
 #include "ServiceTest.h"
 #include "service/BusCall.h"
-#include "tests/guides/BusGuide.h"
 #include "tests/guides/Markdown.h"
+
+#include <set>
 
 namespace {
 

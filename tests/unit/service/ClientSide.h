@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "ServiceTest.h"
+
 #include <sys/shm.h>
 
 #include <string>
-
-#include "ServiceTest.h"
 
 // A client's frame-buffer segment, attached by the client too. Gone afterwards.
 // As a client should, it takes none of identifier 0, which counts as no segment.

@@ -1,9 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 // The bus method "create".
-#include <sched.h>
-
-#include <cstring>
-
 #include "ClientSide.h"
 #include "modules/Singleton.h"
 #include "modules/WTGFunc.h"
@@ -11,6 +7,10 @@
 #include "tests/fakes/sheet/FakeSheetModule.h"
 #include "tests/fakes/slides/FakeSlideModule.h"
 #include "tests/fakes/word/FakeWordModule.h"
+
+#include <sched.h>
+
+#include <cstring>
 
 namespace {
 

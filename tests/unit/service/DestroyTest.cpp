@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // The registry's numbering, and the bus method "destroy".
-#include <sched.h>
-
 #include "ClientSide.h"
 #include "tests/fakes/word/FakeWordModule.h"
+
+#include <sched.h>
 
 namespace {
 

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 // The category "/excel" on real views with a fake module: what is called,
 // answered and sent, and in which order.
-#include <cerrno>
-#include <cstdlib>
-#include <filesystem>
-
 #include "ServiceTest.h"
 #include "excel/Excel.h"
 #include "tests/fakes/sheet/FakeSheetModule.h"
 #include "tests/unit/service/HeldByAnother.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
 
 namespace {
 

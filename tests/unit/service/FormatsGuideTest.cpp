@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 // docs/formats.md against the records as they are compiled.
+#include "channel/DocAdapterCommon.h"
+#include "tests/guides/Markdown.h"
+#include "view/StateRecord.h"
+
 #include <gtest/gtest.h>
 
 #include <cstddef>
 #include <map>
-
-#include "channel/DocAdapterCommon.h"
-#include "tests/guides/Markdown.h"
-#include "view/StateRecord.h"
 
 namespace {
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "service/FrameBuffer.h"
 
+#include "raster/CpPixmap.h"
+
 #include <gtest/gtest.h>
 #include <sys/mman.h>
 #include <sys/shm.h>
@@ -10,8 +12,6 @@
 #include <cstring>
 #include <utility>
 #include <vector>
-
-#include "raster/CpPixmap.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "service/IdleClock.h"
 
+#include "SystemCalls.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include "SystemCalls.h"
 
 namespace {
 

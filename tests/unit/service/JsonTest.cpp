@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "service/Json.h"
 
+#include "SystemCalls.h"
+#include "view/JsonReply.h"
+
 #include <gtest/gtest.h>
 
 #include <climits>
 #include <string>
 #include <utility>
-
-#include "SystemCalls.h"
-#include "view/JsonReply.h"
 
 namespace {
 

@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
 // Start-up and its failures, and the orderly stop. A process each: what starts
 // here changes its signals and its threads.
+#include "LifecycleTest.h"
+
+#include "channel/QueueOwner.h"
+#include "service/IdleClock.h"
+#include "service/Signals.h"
+
 #include <dlfcn.h>
 
 #include <atomic>
 #include <cerrno>
 #include <chrono>
 #include <thread>
-
-#include "LifecycleTest.h"
-#include "channel/QueueOwner.h"
-#include "service/IdleClock.h"
-#include "service/Signals.h"
 
 namespace {
 

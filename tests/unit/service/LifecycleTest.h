@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "ServiceTest.h"
+#include "service/Lifecycle.h"
+
 #include <sys/ipc.h>
 #include <sys/msg.h>
 
 #include <csignal>
-
-#include "ServiceTest.h"
-#include "service/Lifecycle.h"
 
 // Tests with a whole service on the fake bus. A process each: what starts there
 // changes its signals and its threads.

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "view/OfficeBase.h"
+
 #include <functional>
 #include <string>
 #include <vector>
-
-#include "view/OfficeBase.h"
 
 // A view without a document that writes down what is called on it.
 class RecordingView : public OfficeBase {

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ServiceTest.h"
 
+#include "service/MethodTables.h"
+
 #include <sys/ipc.h>
 #include <sys/msg.h>
 #include <sys/shm.h>
 
 #include <cerrno>
-
-#include "service/MethodTables.h"
 
 void ServiceTest::SetUp() {
     fakeHub.reset();

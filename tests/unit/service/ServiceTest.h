@@ -1,6 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "RecordingView.h"
+#include "SystemCalls.h"
+#include "channel/ServiceQueue.h"
+#include "service/Registry.h"
+#include "tests/fakes/hub/FakeHub.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -8,12 +14,6 @@
 #include <optional>
 #include <string>
 #include <vector>
-
-#include "RecordingView.h"
-#include "SystemCalls.h"
-#include "channel/ServiceQueue.h"
-#include "service/Registry.h"
-#include "tests/fakes/hub/FakeHub.h"
 
 inline constexpr char kDone[] = R"({ "returnValue": true })";
 inline constexpr char kNoDocument[] =

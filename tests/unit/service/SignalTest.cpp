@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "LifecycleTest.h"
 #include "service/Signals.h"
 
 #include <unistd.h>
-
-#include "LifecycleTest.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // A module that wants to know when the service is about to end, and nothing else.
-#include <atomic>
-
 #include "modules/ModuleTypes.h"
+
+#include <atomic>
 
 extern "C" {
 

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 // The worker as a thread, with a client at the queue's other end.
+#include "ServiceTest.h"
+#include "service/RenderWorker.h"
+
 #include <pthread.h>
 #include <sys/ipc.h>
 #include <sys/msg.h>
 
 #include <cerrno>
 #include <thread>
-
-#include "ServiceTest.h"
-#include "service/RenderWorker.h"
 
 namespace {
 

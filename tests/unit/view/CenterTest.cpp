@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "ProbeView.h"
+
 #include <gtest/gtest.h>
 
 #include <climits>
 #include <random>
-
-#include "ProbeView.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "ProbeView.h"
+
 #include <gtest/gtest.h>
 
 #include <climits>
-
-#include "ProbeView.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "ProbeView.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
-
-#include "ProbeView.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "ProbeView.h"
+#include "TestClock.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <climits>
-
-#include "ProbeView.h"
-#include "TestClock.h"
 
 namespace {
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "TestClock.h"
+#include "view/NewtonianMotion.h"
+#include "view/NewtonianSmoothScroll.h"
+
 #include <gtest/gtest.h>
 
 #include <climits>
 #include <cmath>
 #include <ctime>
-
-#include "TestClock.h"
-#include "view/NewtonianMotion.h"
-#include "view/NewtonianSmoothScroll.h"
 
 namespace {
 

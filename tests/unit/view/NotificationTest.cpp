@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <unistd.h>
-
 #include "IpcTest.h"
 #include "ProbeView.h"
 #include "TestClock.h"
 #include "channel/ServiceQueue.h"
+
+#include <unistd.h>
 
 namespace {
 

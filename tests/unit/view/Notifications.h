@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "view/OfficeBase.h"
+
 #include <gtest/gtest.h>
 #include <sys/ipc.h>
 #include <sys/msg.h>
 
 #include <vector>
-
-#include "view/OfficeBase.h"
 
 // The ids of the records that wait for a view's client; they are gone then.
 inline std::vector<int> takeNotifications(const OfficeBase& view) {

@@ -1,4 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "Frame.h"
+#include "IpcTest.h"
+#include "ProbeView.h"
+#include "TestClock.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -6,11 +11,6 @@
 #include <climits>
 #include <cstring>
 #include <vector>
-
-#include "Frame.h"
-#include "IpcTest.h"
-#include "ProbeView.h"
-#include "TestClock.h"
 
 namespace {
 

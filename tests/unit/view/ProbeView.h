@@ -2,12 +2,12 @@
 // A view without a document that tells what was called on it.
 #pragma once
 
+#include "view/OfficeBase.h"
+
 #include <cerrno>
 #include <functional>
 #include <string>
 #include <vector>
-
-#include "view/OfficeBase.h"
 
 class ProbeView : public OfficeBase {
 public:

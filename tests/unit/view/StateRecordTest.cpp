@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "IpcTest.h"
+#include "ProbeView.h"
+
 #include <dlfcn.h>
 #include <gmock/gmock.h>
 
@@ -8,9 +11,6 @@
 #include <limits>
 #include <memory>
 #include <vector>
-
-#include "IpcTest.h"
-#include "ProbeView.h"
 
 namespace {
 

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "view/TextHelpers.h"
+
 #include <glib.h>
 #include <gtest/gtest.h>
 
@@ -7,8 +9,6 @@
 #include <ctime>
 #include <memory>
 #include <string>
-
-#include "view/TextHelpers.h"
 
 namespace {
 

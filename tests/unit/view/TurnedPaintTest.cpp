@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "Frame.h"
+#include "ProbeView.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -6,9 +9,6 @@
 #include <cstring>
 #include <functional>
 #include <tuple>
-
-#include "Frame.h"
-#include "ProbeView.h"
 
 namespace {
 

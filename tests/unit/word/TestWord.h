@@ -2,11 +2,11 @@
 // A Word view whose inside the tests can see, and what they see in it.
 #pragma once
 
-#include <algorithm>
-#include <cstdint>
-
 #include "tests/fakes/word/FakeWordModule.h"
 #include "word/Word.h"
+
+#include <algorithm>
+#include <cstdint>
 
 class TestWord : public Word {
 public:

@@ -3,9 +3,9 @@
 // scrolling is agreed to the row and the call. An oracle that knows nothing but
 // that agreement says what every pen event and tick must ask and where it must
 // end, and random sessions are held to it.
-#include <random>
-
 #include "tests/unit/word/WordTest.h"
+
+#include <random>
 
 namespace {
 

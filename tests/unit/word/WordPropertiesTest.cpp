@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "tests/unit/word/WordTest.h"
+
 #include <cstdlib>
 #include <ctime>
-
-#include "tests/unit/word/WordTest.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // Drags, glides and the stretch that follows them.
+#include "tests/unit/word/WordTest.h"
+
 #include <cerrno>
 #include <climits>
-
-#include "tests/unit/word/WordTest.h"
 
 namespace {
 

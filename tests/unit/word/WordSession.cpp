@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/unit/word/WordSession.h"
 
+#include "channel/ServiceQueue.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <utility>
-
-#include "channel/ServiceQueue.h"
 
 namespace {
 

@@ -3,15 +3,15 @@
 // its promises checked after every step.
 #pragma once
 
+#include "tests/unit/view/TestClock.h"
+#include "tests/unit/word/TestWord.h"
+
 #include <cstdint>
 #include <map>
 #include <memory>
 #include <random>
 #include <string>
 #include <vector>
-
-#include "tests/unit/view/TestClock.h"
-#include "tests/unit/word/TestWord.h"
 
 class WordSession {
 public:

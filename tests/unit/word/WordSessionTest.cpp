@@ -4,6 +4,7 @@
 // modes and for short and long texts. More sessions of each than one:
 // LECTERN_WORD_SESSIONS=n.
 #include "tests/unit/word/WordSession.h"
+
 #include "tests/unit/word/WordTest.h"
 
 namespace {

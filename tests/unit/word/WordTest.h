@@ -2,18 +2,18 @@
 // Views on the fake module, each test with a queue and segments of its own.
 #pragma once
 
+#include "channel/ServiceQueue.h"
+#include "tests/unit/view/IpcTest.h"
+#include "tests/unit/view/Notifications.h"
+#include "tests/unit/view/TestClock.h"
+#include "tests/unit/word/TestWord.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <memory>
 #include <string>
 #include <vector>
-
-#include "channel/ServiceQueue.h"
-#include "tests/unit/view/IpcTest.h"
-#include "tests/unit/view/Notifications.h"
-#include "tests/unit/view/TestClock.h"
-#include "tests/unit/word/TestWord.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;
