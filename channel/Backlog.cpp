@@ -4,7 +4,7 @@
 #include <algorithm>
 
 void Backlog::push(const ClientServerMessage& message) {
-    if (mSize == capacity) {
+    if (mSize == CAPACITY) {
         dropFirst(leastNeeded());
     }
     mByType[message.type].push_back({mArrivals++, message});

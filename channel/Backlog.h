@@ -19,7 +19,7 @@
 // Not thread-safe.
 class Backlog {
 public:
-    static constexpr size_t capacity = 4096;
+    static constexpr size_t CAPACITY = 4096;
 
     void push(const ClientServerMessage& message);
     // The first record. REQUIRES: not empty.

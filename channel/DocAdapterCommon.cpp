@@ -11,17 +11,17 @@
 
 namespace {
 
-constexpr char kQueuePath[] = "/tmp";
-constexpr unsigned int kRetryMs = 10;
+constexpr char QUEUE_PATH[] = "/tmp";
+constexpr unsigned int RETRY_MS = 10;
 
-constexpr char kClientReadFailed[] = "Can't read message from client";
-constexpr char kServerReadFailed[] = "Can't read message from server";
-constexpr char kSendFailed[] = "Failure sending messages";
+constexpr char CLIENT_READ_FAILED[] = "Can't read message from client";
+constexpr char SERVER_READ_FAILED[] = "Can't read message from server";
+constexpr char SEND_FAILED[] = "Failure sending messages";
 
 } // namespace
 
 int DocAdapterMessageQueue::Open(int flags, char project) {
-    mQueueId = msgget(ftok(kQueuePath, project), flags);
+    mQueueId = msgget(ftok(QUEUE_PATH, project), flags);
     if (!isOpen()) {
         const int error = errno;
         std::perror("msgget");
@@ -36,7 +36,7 @@ int DocAdapterMessageQueue::Drain() {
     }
     struct {
         long type;
-        unsigned char text[ClientServerMessage::textSize];
+        unsigned char text[ClientServerMessage::TEXT_SIZE];
     } scrap = {};
     while (msgrcv(mQueueId, &scrap, sizeof scrap.text, 0, IPC_NOWAIT | MSG_NOERROR) >= 0) {
     }
@@ -50,7 +50,7 @@ int DocAdapterMessageQueue::Remove() {
     if (msgctl(mQueueId, IPC_RMID, nullptr) == -1) {
         return errno;
     }
-    mQueueId = notOpen;
+    mQueueId = NOT_OPEN;
     return 0;
 }
 
@@ -60,7 +60,7 @@ int DocAdapterMessageQueue::fail(const char* what, int id) {
     // A queue that vanishes under a sleeper gives EIDRM, one that had vanished
     // before the call EINVAL. Another thread may have opened a new one meanwhile.
     if (error == EIDRM || error == EINVAL) {
-        mQueueId.compare_exchange_strong(id, notOpen);
+        mQueueId.compare_exchange_strong(id, NOT_OPEN);
     }
     errno = error;
     return -1;
@@ -70,7 +70,7 @@ long DocAdapterMessageQueue::ReadMessage(long type, ClientServerMessage& message
     const int id = mQueueId;
     const ssize_t size = TakeRecord(id, type, 0, message);
     if (size == -1) {
-        return fail(kClientReadFailed, id);
+        return fail(CLIENT_READ_FAILED, id);
     }
     ++mMessagesRead;
     return size;
@@ -83,13 +83,13 @@ long DocAdapterMessageQueue::ReadMessage(long type, ServerClientMessage& message
     ssize_t size = 0;
     while ((size = TakeRecord(id, type, flags, message)) == -1) {
         if (errno != ENOMSG || timeoutMs == 0) {
-            return fail(kServerReadFailed, id);
+            return fail(SERVER_READ_FAILED, id);
         }
-        usleep(kRetryMs * 1000);
-        elapsedMs += kRetryMs;
+        usleep(RETRY_MS * 1000);
+        elapsedMs += RETRY_MS;
         if (timeoutMs <= elapsedMs) {
             errno = ENOMSG;
-            return fail(kServerReadFailed, id);
+            return fail(SERVER_READ_FAILED, id);
         }
     }
     ++mMessagesRead;
@@ -101,10 +101,10 @@ int DocAdapterMessageQueue::send(const Record& message) {
     const int id = mQueueId;
     if (message.type < 1) { // the system's EINVAL for it would look like a queue that is gone
         errno = EINVAL;
-        return fail(kSendFailed, notOpen);
+        return fail(SEND_FAILED, NOT_OPEN);
     }
-    if (msgsnd(id, &message, Record::textSize, 0) == -1) {
-        return fail(kSendFailed, id);
+    if (msgsnd(id, &message, Record::TEXT_SIZE, 0) == -1) {
+        return fail(SEND_FAILED, id);
     }
     ++mMessagesSent;
     return 0;

@@ -68,7 +68,7 @@ struct ClientServerMessage {
     bool flag() const { return *arguments() != 0; }
     void setFlag(bool on) { *arguments() = on ? 1 : 0; }
 
-    static constexpr size_t textSize = 20;
+    static constexpr size_t TEXT_SIZE = 20;
 
 private:
     unsigned char* arguments() { return reinterpret_cast<unsigned char*>(this) + sizeof(long) + 4; }
@@ -94,18 +94,18 @@ struct ServerClientMessage {
     ServerClientMessage(long messageType, ClientMessageId messageId)
         : type(messageType), id(messageId), value(0), extra(0) {}
 
-    static constexpr size_t textSize = 12;
+    static constexpr size_t TEXT_SIZE = 12;
 };
 
 #pragma pack(pop)
 
-static_assert(sizeof(ClientServerMessage) == sizeof(long) + ClientServerMessage::textSize);
-static_assert(sizeof(ServerClientMessage) == sizeof(long) + ServerClientMessage::textSize);
+static_assert(sizeof(ClientServerMessage) == sizeof(long) + ClientServerMessage::TEXT_SIZE);
+static_assert(sizeof(ServerClientMessage) == sizeof(long) + ServerClientMessage::TEXT_SIZE);
 static_assert(offsetof(ClientServerMessage, docid) == sizeof(long));
 static_assert(offsetof(ClientServerMessage, tail) == sizeof(long) + 12);
 static_assert(offsetof(ServerClientMessage, extra) == sizeof(long) + 8);
 
-// The machine's document-adapter queue: key ftok("/tmp", projectId).
+// The machine's document-adapter queue: key ftok("/tmp", PROJECT_ID).
 //
 // Calls are atomic per message and threads may share one object; the counters
 // are for information only. The queue itself outlives every object until
@@ -117,14 +117,14 @@ class DocAdapterMessageQueue {
 public:
     static constexpr unsigned int TIMEOUT_INFINITE = 0xFFFFFFFFu;
     // What both ends open the queue with: IPC_CREAT, read and write for everybody.
-    static constexpr int openFlags = 950;
-    static constexpr char projectId = 79;
+    static constexpr int OPEN_FLAGS = 950;
+    static constexpr char PROJECT_ID = 79;
     // The highest type of a client record; everything above is output of the service.
-    static constexpr long highestClientType = 99;
+    static constexpr long HIGHEST_CLIENT_TYPE = 99;
     // The service reads this type: the lowest waiting of 99 and below.
-    static constexpr long anyClientMessage = -highestClientType;
+    static constexpr long ANY_CLIENT_MESSAGE = -HIGHEST_CLIENT_TYPE;
     // Paint-done records for a document are addressed to docid + this.
-    static constexpr long paintDoneBase = 101;
+    static constexpr long PAINT_DONE_BASE = 101;
 
     // 0, or the error number after a line on standard error.
     int Open(int flags, char project);
@@ -133,7 +133,7 @@ public:
     // Removes the queue from the system; 0, or the error number with the queue
     // still open. Safe in a signal handler.
     int Remove();
-    bool isOpen() const { return mQueueId != notOpen; }
+    bool isOpen() const { return mQueueId != NOT_OPEN; }
 
     // The service's read: blocks for a record of this type (negative: of its
     // absolute value or lower). A longer record is ignored and a shorter one
@@ -153,12 +153,12 @@ public:
     int messagesSent() const { return mMessagesSent; }
 
 protected:
-    static constexpr int notOpen = -1;
+    static constexpr int NOT_OPEN = -1;
 
     // Reports errno, closes the object when the queue `id` is gone; -1.
     int fail(const char* what, int id);
 
-    std::atomic<int> mQueueId{notOpen};
+    std::atomic<int> mQueueId{NOT_OPEN};
     std::atomic<int> mMessagesRead{0};
     std::atomic<int> mMessagesSent{0};
 

@@ -16,7 +16,7 @@ template<typename Record>
 ssize_t TakeRecord(int queueId, long type, int flags, Record& record) {
     struct {
         long type;
-        unsigned char text[Record::textSize + 1]; // the last byte tells what is too long
+        unsigned char text[Record::TEXT_SIZE + 1]; // the last byte tells what is too long
     } buffer;
     ssize_t size = 0;
     do {

@@ -18,12 +18,12 @@ ServiceQueue g_msgQueue;
 
 namespace {
 
-constexpr char kReadFailed[] = "Can't read message from client";
-constexpr char kSendFailed[] = "Failure sending messages";
-constexpr int32_t kNoDocument = -1;
+constexpr char READ_FAILED[] = "Can't read message from client";
+constexpr char SEND_FAILED[] = "Failure sending messages";
+constexpr int32_t NO_DOCUMENT = -1;
 
 bool isWake(const ClientServerMessage& message) {
-    return message.type == DocAdapterMessageQueue::highestClientType && message.docid == kNoDocument;
+    return message.type == DocAdapterMessageQueue::HIGHEST_CLIENT_TYPE && message.docid == NO_DOCUMENT;
 }
 
 // Allows the cancellation of this thread for a while.
@@ -51,7 +51,7 @@ long ServiceQueue::ReadMessage(ClientServerMessage& message) {
                 return size;
             }
             if (errno != ENOMSG) {
-                return fail(kReadFailed, id);
+                return fail(READ_FAILED, id);
             }
         }
         const long size = awaitRecord(message);
@@ -60,7 +60,7 @@ long ServiceQueue::ReadMessage(ClientServerMessage& message) {
             return size;
         }
         if (errno != E2BIG) {
-            return fail(kReadFailed, id);
+            return fail(READ_FAILED, id);
         }
     }
 }
@@ -68,12 +68,12 @@ long ServiceQueue::ReadMessage(ClientServerMessage& message) {
 // What is waiting, without waiting for it; -1 with ENOMSG when nothing is.
 long ServiceQueue::takeNext(ClientServerMessage& message) {
     // Only what goes before the backlog's first record may overtake it.
-    const long lastType = mBacklog.empty() ? highestClientType : mBacklog.lowestType() - 1;
+    const long lastType = mBacklog.empty() ? HIGHEST_CLIENT_TYPE : mBacklog.lowestType() - 1;
     errno = ENOMSG;
     const long size = lastType > 0 ? TakeRecord(mQueueId, -lastType, IPC_NOWAIT, message) : -1;
     if (size == -1 && errno == ENOMSG && !mBacklog.empty()) {
         message = mBacklog.pop();
-        return static_cast<long>(ClientServerMessage::textSize);
+        return static_cast<long>(ClientServerMessage::TEXT_SIZE);
     }
     return size;
 }
@@ -85,7 +85,7 @@ long ServiceQueue::awaitRecord(ClientServerMessage& message) {
     ssize_t size = 0;
     {
         const Cancellable whileAsleep;
-        size = msgrcv(mQueueId, &type, 0, anyClientMessage, 0);
+        size = msgrcv(mQueueId, &type, 0, ANY_CLIENT_MESSAGE, 0);
     }
     if (size == 0) {
         message = ClientServerMessage(type, 0);
@@ -94,9 +94,9 @@ long ServiceQueue::awaitRecord(ClientServerMessage& message) {
 }
 
 int ServiceQueue::SendMessage(const ServerClientMessage& message) {
-    if (message.type <= highestClientType) {
+    if (message.type <= HIGHEST_CLIENT_TYPE) {
         errno = EINVAL;
-        return fail(kSendFailed, notOpen);
+        return fail(SEND_FAILED, NOT_OPEN);
     }
     const std::lock_guard lock(mMutex);
     return post(message, message.type);
@@ -108,9 +108,9 @@ int ServiceQueue::SendMessage(const ClientServerMessage& message) {
 }
 
 int ServiceQueue::SendPaintDone(int32_t docid, int32_t value) {
-    const int64_t addressee = static_cast<int64_t>(docid) + paintDoneBase;
+    const int64_t addressee = static_cast<int64_t>(docid) + PAINT_DONE_BASE;
     // A client may be a 32-bit program, whose types end here.
-    if (addressee <= highestClientType || addressee > std::numeric_limits<int32_t>::max()) {
+    if (addressee <= HIGHEST_CLIENT_TYPE || addressee > std::numeric_limits<int32_t>::max()) {
         return 0;
     }
     ServerClientMessage message(static_cast<long>(addressee), _PAINT_DONE);
@@ -121,14 +121,14 @@ int ServiceQueue::SendPaintDone(int32_t docid, int32_t value) {
 void ServiceQueue::Discard(long addressee) {
     const std::lock_guard lock(mMutex);
     ServerClientMessage scrap;
-    while (addressee > highestClientType && TakeRecord(mQueueId, addressee, IPC_NOWAIT, scrap) >= 0) {
+    while (addressee > HIGHEST_CLIENT_TYPE && TakeRecord(mQueueId, addressee, IPC_NOWAIT, scrap) >= 0) {
     }
 }
 
 template<typename Record>
 int ServiceQueue::post(const Record& message, long addressee) {
     const int result = sendNow(message, addressee);
-    if (mWakeOwed && sendNow(ClientServerMessage(highestClientType, kNoDocument), 0) == 0) {
+    if (mWakeOwed && sendNow(ClientServerMessage(HIGHEST_CLIENT_TYPE, NO_DOCUMENT), 0) == 0) {
         mWakeOwed = false;
     }
     return result;
@@ -138,14 +138,14 @@ template<typename Record>
 int ServiceQueue::sendNow(const Record& message, long addressee) {
     const int id = mQueueId;
     // A record of a client's kind may use what output has to leave free.
-    constexpr bool isOutput = std::is_same_v<Record, ServerClientMessage>;
-    constexpr size_t size = Record::textSize + (isOutput ? ClientServerMessage::textSize : 0);
+    constexpr bool IS_OUTPUT = std::is_same_v<Record, ServerClientMessage>;
+    constexpr size_t SIZE = Record::TEXT_SIZE + (IS_OUTPUT ? ClientServerMessage::TEXT_SIZE : 0);
     bool hadAnything = true;
-    while ((isOutput && !hasRoom(size)) || msgsnd(id, &message, Record::textSize, IPC_NOWAIT) == -1) {
+    while ((IS_OUTPUT && !hasRoom(SIZE)) || msgsnd(id, &message, Record::TEXT_SIZE, IPC_NOWAIT) == -1) {
         if (errno != EAGAIN || !hadAnything) {
-            return fail(kSendFailed, id);
+            return fail(SEND_FAILED, id);
         }
-        hadAnything = makeRoom(addressee, size);
+        hadAnything = makeRoom(addressee, SIZE);
     }
     ++mMessagesSent;
     return 0;
@@ -187,7 +187,7 @@ bool ServiceQueue::moveToBacklog() {
     bool moved = false;
     ClientServerMessage message;
     for (size_t left = waitingNow();
-         left > 0 && TakeRecord(mQueueId, anyClientMessage, IPC_NOWAIT, message) >= 0; --left) {
+         left > 0 && TakeRecord(mQueueId, ANY_CLIENT_MESSAGE, IPC_NOWAIT, message) >= 0; --left) {
         moved = true;
         keep(message);
     }
@@ -207,7 +207,7 @@ void ServiceQueue::keep(const ClientServerMessage& message) {
 void ServiceQueue::giveUpOutput(long addressee, size_t capacity) {
     std::vector<ServerClientMessage> waiting;
     ServerClientMessage first;
-    if (addressee > highestClientType && TakeRecord(mQueueId, addressee, IPC_NOWAIT, first) >= 0) {
+    if (addressee > HIGHEST_CLIENT_TYPE && TakeRecord(mQueueId, addressee, IPC_NOWAIT, first) >= 0) {
         // The usual case, a client that never reads, needs no look at the rest.
         if (first.id == _INVALIDATED) {
             return;
@@ -215,12 +215,12 @@ void ServiceQueue::giveUpOutput(long addressee, size_t capacity) {
         waiting.push_back(first);
     }
     takeOutput(waiting);
-    while (waiting.size() * ServerClientMessage::textSize > capacity) {
+    while (waiting.size() * ServerClientMessage::TEXT_SIZE > capacity) {
         waiting.erase(waiting.begin() + static_cast<std::ptrdiff_t>(LeastMissed(waiting, addressee)));
     }
     for (const ServerClientMessage& message : waiting) {
         // Clients that waited for room may have taken some of it meanwhile.
-        while (msgsnd(mQueueId, &message, ServerClientMessage::textSize, IPC_NOWAIT) == -1 &&
+        while (msgsnd(mQueueId, &message, ServerClientMessage::TEXT_SIZE, IPC_NOWAIT) == -1 &&
                errno == EAGAIN && moveToBacklog()) {
         }
     }
@@ -235,9 +235,9 @@ void ServiceQueue::takeOutput(std::vector<ServerClientMessage>& waiting) {
         if (size < 0) {
             return;
         }
-        if (any.type <= highestClientType) {
+        if (any.type <= HIGHEST_CLIENT_TYPE) {
             keep(any);
-        } else if (size == static_cast<ssize_t>(ServerClientMessage::textSize)) {
+        } else if (size == static_cast<ssize_t>(ServerClientMessage::TEXT_SIZE)) {
             ServerClientMessage message;
             std::memcpy(static_cast<void*>(&message), &any, sizeof message);
             waiting.push_back(message);

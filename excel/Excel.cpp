@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int cellsSide = 1500; // pixels of the cells' surface, both ways
+constexpr int CELLS_SIDE = 1500; // pixels of the cells' surface, both ways
 
 } // namespace
 
@@ -34,8 +34,8 @@ Excel::~Excel() {
 int Excel::openFile(const char* path, const char* password) {
     const Utf16Text path16(path);
     const Utf16Text password16(password);
-    const Utf16Text fonts(fontDirectory);
-    const Utf16Text temporary(temporaryDirectory);
+    const Utf16Text fonts(FONT_DIRECTORY);
+    const Utf16Text temporary(TEMPORARY_DIRECTORY);
     const int code =
         mModule.stg_open_file(path16.get(), password16.get(), fonts.get(), temporary.get(), &mDocument);
     if (code == 0) {
@@ -45,7 +45,7 @@ int Excel::openFile(const char* path, const char* password) {
 }
 
 void Excel::initializeExcel() {
-    mCells = std::make_unique<CpPixmap>(cellsSide, cellsSide);
+    mCells = std::make_unique<CpPixmap>(CELLS_SIDE, CELLS_SIDE);
     mDocPixmap = mCells.get();
     mModule.stg_get_sheet_count(mDocument, &mSheetCount);
     mModule.stg_get_column_count(mDocument, mCurrentSheet, &mColumnCount);

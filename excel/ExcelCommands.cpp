@@ -12,8 +12,8 @@
 
 namespace {
 
-constexpr int32_t copyCapacity = 4096; // UTF-16 units
-constexpr int32_t columnLookupY = 10;  // the document row where columns are looked up
+constexpr int32_t COPY_CAPACITY = 4096; // UTF-16 units
+constexpr int32_t COLUMN_LOOKUP_Y = 10; // the document row where columns are looked up
 
 struct FileClose {
     void operator()(FILE* file) const { std::fclose(file); }
@@ -66,7 +66,7 @@ int Excel::clearSelection() {
 }
 
 const Tracks& Excel::selectedTracks() const {
-    return mSelection.Left() == 0 && mSelection.Right() == 0 ? rowTracks : columnTracks;
+    return mSelection.Left() == 0 && mSelection.Right() == 0 ? ROW_TRACKS : COLUMN_TRACKS;
 }
 
 void Excel::applyToSelection(decltype(Tracks::hide) Tracks::*operation) {
@@ -111,7 +111,7 @@ int Excel::sortSheet(decltype(STGFunc::stg_sort_ascending) sort) {
     int32_t column = 0;
     int32_t row = 0;
     int32_t selected = 0;
-    mModule.stg_get_cell_reference_at_location(mDocument, mCurrentSheet, x, columnLookupY, &column, &row);
+    mModule.stg_get_cell_reference_at_location(mDocument, mCurrentSheet, x, COLUMN_LOOKUP_Y, &column, &row);
     mModule.stg_select_area(mDocument, mCurrentSheet, 0, 0, mSheetWidth, mSheetHeight);
     const int32_t failed = sort(mDocument, mCurrentSheet, column);
     mModule.stg_select_column(mDocument, mCurrentSheet, x, x, &selected);
@@ -121,10 +121,10 @@ int Excel::sortSheet(decltype(STGFunc::stg_sort_ascending) sort) {
 }
 
 std::string Excel::selectedText() {
-    uint16_t text[copyCapacity] = {};
+    uint16_t text[COPY_CAPACITY] = {};
     int32_t length = 0;
     if (isOpen()) {
-        mModule.stg_copy_selection(mDocument, text, copyCapacity, 0, &length);
+        mModule.stg_copy_selection(mDocument, text, COPY_CAPACITY, 0, &length);
     }
     return utf8OfBuffer(text);
 }

@@ -12,17 +12,17 @@
 namespace {
 
 // In resize mode headers can be caught twice as deep as they are drawn.
-constexpr int resizeDepth = 2;
+constexpr int RESIZE_DEPTH = 2;
 // A stroke of more pixels than this selects; taps closer than this to a border
 // of the headers are none on a column or row.
-constexpr int selectingStroke = 5;
-constexpr int borderWidth = 5;
+constexpr int SELECTING_STROKE = 5;
+constexpr int BORDER_WIDTH = 5;
 
-constexpr uint8_t selectionColour[3] = {0xFF, 0xF5, 0x68};
-constexpr uint32_t wipedGuide = 0xFFCCCCCC;
-constexpr uint32_t shownGuide = 0x88000000;
+constexpr uint8_t SELECTION_COLOUR[3] = {0xFF, 0xF5, 0x68};
+constexpr uint32_t WIPED_GUIDE = 0xFFCCCCCC;
+constexpr uint32_t SHOWN_GUIDE = 0x88000000;
 
-constexpr int32_t commentCapacity = 1024;
+constexpr int32_t COMMENT_CAPACITY = 1024;
 
 } // namespace
 
@@ -56,11 +56,11 @@ bool Excel::handlePenDown(int x, int y) {
     mPenDown = true;
     mPenDownPoint = pen;
     mPenDownScroll = mScroll;
-    const int depth = mResizeMode ? resizeDepth : 1;
-    if (isOnHeaders(columnTracks, pen, depth)) {
-        beginStroke(columnTracks, pen, mStroke.resizesColumn, mStroke.selectsColumns);
-    } else if (isOnHeaders(rowTracks, pen, depth)) {
-        beginStroke(rowTracks, pen, mStroke.resizesRow, mStroke.selectsRows);
+    const int depth = mResizeMode ? RESIZE_DEPTH : 1;
+    if (isOnHeaders(COLUMN_TRACKS, pen, depth)) {
+        beginStroke(COLUMN_TRACKS, pen, mStroke.resizesColumn, mStroke.selectsColumns);
+    } else if (isOnHeaders(ROW_TRACKS, pen, depth)) {
+        beginStroke(ROW_TRACKS, pen, mStroke.resizesRow, mStroke.selectsRows);
     }
     return true;
 }
@@ -85,9 +85,9 @@ bool Excel::handlePenMove(int x, int y) {
     }
     const CpPoint pen(x, y);
     if (mStroke.resizesColumn) {
-        moveGuide(columnTracks, pen);
+        moveGuide(COLUMN_TRACKS, pen);
     } else if (mStroke.resizesRow) {
-        moveGuide(rowTracks, pen);
+        moveGuide(ROW_TRACKS, pen);
     } else if (mPenDown && !mStroke.selectsColumns && !mStroke.selectsRows) {
         mScroll = draggedPosition(x, y);
         clampPosition(mScroll.x, mScroll.y);
@@ -98,7 +98,7 @@ bool Excel::handlePenMove(int x, int y) {
 // In the pixels of the strip, which are taken for those of the document.
 void Excel::drawGuide(const Tracks& tracks, const CpPoint& pen, uint32_t colour) {
     const int place = documentPoint(pen).*tracks.along;
-    if (&tracks == &columnTracks) {
+    if (&tracks == &COLUMN_TRACKS) {
         mColumnHeaders->DrawVerticalAlphaLine(place, 0, mColumnHeaders->Height(), colour);
     } else {
         mRowHeaders->DrawHorizontalAlphaLine(place, 0, mRowHeaders->Width(), colour);
@@ -106,22 +106,22 @@ void Excel::drawGuide(const Tracks& tracks, const CpPoint& pen, uint32_t colour)
 }
 
 void Excel::moveGuide(const Tracks& tracks, const CpPoint& pen) {
-    drawGuide(tracks, mStrokePoint, wipedGuide);
-    drawGuide(tracks, pen, shownGuide);
+    drawGuide(tracks, mStrokePoint, WIPED_GUIDE);
+    drawGuide(tracks, pen, SHOWN_GUIDE);
     mStrokePoint = pen;
 }
 
 bool Excel::handlePenUp(int x, int y) {
     const CpPoint pen(x, y);
     if (mStroke.resizesColumn) {
-        finishResize(columnTracks, pen);
+        finishResize(COLUMN_TRACKS, pen);
     } else if (mStroke.resizesRow) {
-        finishResize(rowTracks, pen);
-    } else if (mStroke.selectsColumns && isSelectingStroke(columnTracks, pen)) {
-        const int count = selectStroke(columnTracks, pen);
+        finishResize(ROW_TRACKS, pen);
+    } else if (mStroke.selectsColumns && isSelectingStroke(COLUMN_TRACKS, pen)) {
+        const int count = selectStroke(COLUMN_TRACKS, pen);
         SendDocMessage(count < 2 ? _COLUMN_SELECTED : _TRACKS_SELECTED);
-    } else if (mStroke.selectsRows && isSelectingStroke(rowTracks, pen)) {
-        selectStroke(rowTracks, pen);
+    } else if (mStroke.selectsRows && isSelectingStroke(ROW_TRACKS, pen)) {
+        selectStroke(ROW_TRACKS, pen);
         SendDocMessage(_TRACKS_SELECTED);
     } else if (mPenDown && !mStroke.selectsColumns && !mStroke.selectsRows) {
         finishScroll(pen);
@@ -165,7 +165,7 @@ void Excel::finishScroll(const CpPoint& pen) {
 
 bool Excel::isSelectingStroke(const Tracks& tracks, const CpPoint& pen) const {
     const long long way = static_cast<long long>(mPenDownPoint.*tracks.along) - pen.*tracks.along;
-    return !mClicked && std::abs(way) > selectingStroke;
+    return !mClicked && std::abs(way) > SELECTING_STROKE;
 }
 
 int Excel::selectTracks(const Tracks& tracks, int from, int to) {
@@ -175,7 +175,7 @@ int Excel::selectTracks(const Tracks& tracks, int from, int to) {
     last.*tracks.along = to;
     mSelection = CpRect(first, last);
     int32_t count = 0;
-    mModule.stg_set_highlight_color(mDocument, selectionColour);
+    mModule.stg_set_highlight_color(mDocument, SELECTION_COLOUR);
     (mModule.*tracks.select)(mDocument, mCurrentSheet, from, to, &count);
     mSelectionActive = true;
     return count;
@@ -196,12 +196,12 @@ bool Excel::handleClick(int x, int y) {
     mClicked = true;
     const bool cleared = dropSelection();
     const CpPoint tap(x, y);
-    if (isOnHeaders(columnTracks, tap, 1)) {
-        if (selectTapped(columnTracks, tap, _COLUMN_SELECTED)) {
+    if (isOnHeaders(COLUMN_TRACKS, tap, 1)) {
+        if (selectTapped(COLUMN_TRACKS, tap, _COLUMN_SELECTED)) {
             return true;
         }
-    } else if (isOnHeaders(rowTracks, tap, 1)) {
-        if (selectTapped(rowTracks, tap, _TRACKS_SELECTED)) {
+    } else if (isOnHeaders(ROW_TRACKS, tap, 1)) {
+        if (selectTapped(ROW_TRACKS, tap, _TRACKS_SELECTED)) {
             return true;
         }
     } else if (readComment(x, y)) {
@@ -230,8 +230,8 @@ bool Excel::selectTapped(const Tracks& tracks, const CpPoint& tap, ClientMessage
     int start = 0;
     int length = 0;
     // Also a little before a border the track behind it is the one asked for.
-    trackAt(tracks, saturatedSum(place, borderWidth), start, length);
-    if (std::abs(static_cast<long long>(place) - start) < borderWidth) {
+    trackAt(tracks, saturatedSum(place, BORDER_WIDTH), start, length);
+    if (std::abs(static_cast<long long>(place) - start) < BORDER_WIDTH) {
         return false;
     }
     selectTracks(tracks, place, place);
@@ -243,12 +243,12 @@ bool Excel::selectTapped(const Tracks& tracks, const CpPoint& tap, ClientMessage
 // Remembers what the tapped cell says, also when that is nothing; true when it
 // is something.
 bool Excel::readComment(int lastx, int lasty) {
-    uint16_t text[commentCapacity] = {};
+    uint16_t text[COMMENT_CAPACITY] = {};
     int32_t length = 0;
     bool found = false;
     if (isOpen()) {
         const CpPoint point = documentPoint(CpPoint(lastx, lasty));
-        found = mModule.stg_get_comment(mDocument, mCurrentSheet, point.x, point.y, text, commentCapacity, 0,
+        found = mModule.stg_get_comment(mDocument, mCurrentSheet, point.x, point.y, text, COMMENT_CAPACITY, 0,
                                         &length) == 0;
     }
     const JsonOwner comment(json_object_new_object());

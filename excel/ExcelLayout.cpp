@@ -64,7 +64,7 @@ void Excel::resizeDocument() {
     }
     const int length = mCells->Width();
     mModule.stg_set_offscreen_buffer(mDocument, 0, mCells->Pixels(), length, length);
-    mModule.stg_set_dpi(mDocument, saturateToInt(dotsPerInch * mScale));
+    mModule.stg_set_dpi(mDocument, saturateToInt(DOTS_PER_INCH * mScale));
     mModule.stg_get_sheet_dimensions(mDocument, mCurrentSheet, &mSheetWidth, &mSheetHeight);
 
     int32_t left = 0;

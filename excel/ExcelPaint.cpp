@@ -11,23 +11,24 @@
 
 namespace {
 
-constexpr uint32_t white = 0xFFFFFFFF;
-constexpr uint32_t commentColour = 0x80FF0000;
-constexpr uint32_t resizeModeVeil = 0x77555555;
+constexpr uint32_t WHITE = 0xFFFFFFFF;
+constexpr uint32_t COMMENT_COLOUR = 0x80FF0000;
+constexpr uint32_t RESIZE_MODE_VEIL = 0x77555555;
 
-constexpr unsigned int squareSide = 16; // a power of two
-constexpr uint32_t squareColour = 0xFFFEDCBA;
-constexpr uint32_t otherSquareColour = 0xFFABCDEF;
+constexpr unsigned int SQUARE_SIDE = 16; // a power of two
+constexpr uint32_t SQUARE_COLOUR = 0xFFFEDCBA;
+constexpr uint32_t OTHER_SQUARE_COLOUR = 0xFFABCDEF;
 
 bool prvIsOddSquare(unsigned int position) {
-    return (position & squareSide) != 0;
+    return (position & SQUARE_SIDE) != 0;
 }
 
 void prvDrawSquares(uint32_t* row, unsigned int width, unsigned int x, bool odd) {
     for (unsigned int column = 0; column < width;) {
-        const unsigned int untilNext = squareSide - (x + column) % squareSide;
+        const unsigned int untilNext = SQUARE_SIDE - (x + column) % SQUARE_SIDE;
         const unsigned int count = std::min(untilNext, width - column);
-        FillPixels(row + column, count, prvIsOddSquare(x + column) == odd ? squareColour : otherSquareColour);
+        FillPixels(row + column, count,
+                   prvIsOddSquare(x + column) == odd ? SQUARE_COLOUR : OTHER_SQUARE_COLOUR);
         column += count;
     }
 }
@@ -61,7 +62,7 @@ int Excel::drawOffscreenBuffer() {
         const int side = mark.height / 2;
         const int right = saturatedSum(saturatedDifference(mark.x, mCells->Left()), mark.width);
         mCells->DrawAlphaTriOnPix(saturatedDifference(right, side),
-                                  saturatedDifference(mark.y, mCells->Top()), side, commentColour);
+                                  saturatedDifference(mark.y, mCells->Top()), side, COMMENT_COLOUR);
     }
     mOffscreenDirty = false;
     return 0;
@@ -93,7 +94,7 @@ void Excel::drawScreen(unsigned int* frameBuffer) {
     // The corner between the headers moves with a sheet that is off its edge.
     CpRect box(0, 0, header.x, header.y);
     box.Offset(std::max(0, toScreen.x), std::max(0, toScreen.y));
-    screen.DrawAlphaRectOnPix(box, white);
+    screen.DrawAlphaRectOnPix(box, WHITE);
 
     CpRect screenRect;
     CpRect window;
@@ -109,7 +110,7 @@ void Excel::drawScreen(unsigned int* frameBuffer) {
     }
     if (mResizeMode) {
         CpRect cells(header.x, header.y, mWidth, mHeight);
-        screen.DrawAlphaRectOnPix(cells, resizeModeVeil);
+        screen.DrawAlphaRectOnPix(cells, RESIZE_MODE_VEIL);
     }
 }
 

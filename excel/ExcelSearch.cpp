@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr uint32_t currentHitColour = 0x40FF0000;
+constexpr uint32_t CURRENT_HIT_COLOUR = 0x40FF0000;
 
 } // namespace
 
@@ -19,7 +19,7 @@ std::string Excel::doSearch(const char* text) {
         return formatSimpleJsonObject("resultcount", 0);
     }
     const Utf16Text text16(text);
-    mModule.stg_set_highlight_color(mDocument, foundColour);
+    mModule.stg_set_highlight_color(mDocument, FOUND_COLOUR);
     mModule.stg_find(mDocument, text16.get(), mCurrentSheet, 0, mCurrentSheet, mSheetHeight);
     mCurrentResult = 0;
     fetchRegions();
@@ -106,6 +106,6 @@ int Excel::drawCurrentResult(CpPixmap* frame) {
     at.Offset(saturatedDifference(region->x, mScroll.x), saturatedDifference(region->y, mScroll.y));
     at += header;
     CpRect mark(at.x, at.y, saturatedSum(at.x, region->width), saturatedSum(at.y, region->height));
-    frame->DrawAlphaRectOnPix(mark, currentHitColour);
+    frame->DrawAlphaRectOnPix(mark, CURRENT_HIT_COLOUR);
     return 0;
 }

@@ -17,5 +17,5 @@ struct Tracks {
     decltype(STGFunc::stg_unhide_columns) STGFunc::*unhide;
 };
 
-extern const Tracks columnTracks;
-extern const Tracks rowTracks;
+extern const Tracks COLUMN_TRACKS;
+extern const Tracks ROW_TRACKS;

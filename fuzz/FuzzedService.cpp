@@ -20,10 +20,10 @@
 
 namespace {
 
-constexpr int width = 64;
-constexpr int height = 96;
-constexpr int frameBytes = width * height * 4;
-constexpr size_t stateBytes = 28;
+constexpr int WIDTH = 64;
+constexpr int HEIGHT = 96;
+constexpr int FRAME_BYTES = WIDTH * HEIGHT * 4;
+constexpr size_t STATE_BYTES = 28;
 
 std::vector<std::pair<std::string, std::string>>& methods() {
     static std::vector<std::pair<std::string, std::string>> all;
@@ -56,7 +56,7 @@ void startFuzzedService() {
         std::exit(1);
     }
     pthread_mutex_init(&gDocumentsMutex, nullptr);
-    g_msgQueue.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId);
+    g_msgQueue.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID);
     addCategory("/common", commonMethods);
     addCategory("/events", eventMethods);
     addCategory("/word", wordMethods);
@@ -65,19 +65,19 @@ void startFuzzedService() {
 }
 
 FuzzedDocument::FuzzedDocument(const uint8_t* state, size_t stateSize)
-    : mFrame(makeSegment(frameBytes)), mState(stateSize < stateBytes ? 0 : makeSegment(stateBytes)) {
+    : mFrame(makeSegment(FRAME_BYTES)), mState(stateSize < STATE_BYTES ? 0 : makeSegment(STATE_BYTES)) {
     fakeWord().reset();
     fakeWord().recording = false;
     if (mState != 0) {
         void* record = shmat(mState, nullptr, 0);
-        std::memcpy(record, state, stateBytes);
+        std::memcpy(record, state, STATE_BYTES);
         shmdt(record);
     }
     char payload[256];
     std::snprintf(
         payload, sizeof payload,
         R"({"filename":"rows-2000.docx","width":%d,"height":%d,"shmid":"%d","size":%d,"datastoreshmid":"%d"})",
-        width, height, mFrame, frameBytes, mState);
+        WIDTH, HEIGHT, mFrame, FRAME_BYTES, mState);
     fakeHub.call("/events", "create", payload);
 }
 

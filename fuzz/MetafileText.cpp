@@ -41,8 +41,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     checkRuns(drawn);
     const auto units = static_cast<uint32_t>(drawn.text.size());
     checkBoxes(drawn, 0, units);
-    constexpr uint32_t mostLooks = 64;
-    for (uint32_t start = 0; start < std::min(units, mostLooks); ++start) {
+    constexpr uint32_t MOST_LOOKS = 64;
+    for (uint32_t start = 0; start < std::min(units, MOST_LOOKS); ++start) {
         checkBoxes(drawn, start, start + 1);
         checkBoxes(drawn, start, units - start);
     }

@@ -14,12 +14,12 @@ extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    constexpr size_t stateBytes = 28;
-    constexpr size_t recordBytes = 1 + ClientServerMessage::textSize;
+    constexpr size_t STATE_BYTES = 28;
+    constexpr size_t RECORD_BYTES = 1 + ClientServerMessage::TEXT_SIZE;
     const FuzzedDocument document(data, size);
-    for (size_t at = stateBytes; at + recordBytes <= size; at += recordBytes) {
+    for (size_t at = STATE_BYTES; at + RECORD_BYTES <= size; at += RECORD_BYTES) {
         ClientServerMessage message(data[at] & 0x7F, 0);
-        std::memcpy(&message.docid, data + at + 1, ClientServerMessage::textSize);
+        std::memcpy(&message.docid, data + at + 1, ClientServerMessage::TEXT_SIZE);
         if ((data[at + 1] & 1) == 0) {
             message.docid = 0; // most records are for the document that is there
         }

@@ -10,8 +10,8 @@ namespace hub {
 namespace {
 
 // Flags and answers of RequestName, as the D-Bus specification numbers them.
-constexpr guint32 kDoNotQueue = 4;
-constexpr guint32 kPrimaryOwner = 1;
+constexpr guint32 DO_NOT_QUEUE = 4;
+constexpr guint32 PRIMARY_OWNER = 1;
 
 // The bus that activates a process tells it so in its environment; a process
 // started otherwise, by a service manager for one, belongs to the session.
@@ -48,13 +48,13 @@ bool failTaken(HubError* error, const char* name) {
 } // namespace
 
 ObjectPtr<GDBusConnection> connectToBus(HubError* error) {
-    constexpr auto flags = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+    constexpr auto FLAGS = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                                              G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
     GError* cause = nullptr;
     ObjectPtr<GDBusConnection> connection;
     if (const TextPtr address = busAddress(&cause)) {
         connection.reset(
-            g_dbus_connection_new_for_address_sync(address.get(), flags, nullptr, nullptr, &cause));
+            g_dbus_connection_new_for_address_sync(address.get(), FLAGS, nullptr, nullptr, &cause));
     }
     if (!connection) {
         const ErrorPtr owned(cause);
@@ -78,13 +78,13 @@ bool checkNameIsFree(GDBusConnection* connection, const char* name, HubError* er
 
 bool takeName(GDBusConnection* connection, const char* name, HubError* error) {
     const VariantPtr reply =
-        callBus(connection, "RequestName", g_variant_new("(su)", name, kDoNotQueue), G_VARIANT_TYPE("(u)"),
+        callBus(connection, "RequestName", g_variant_new("(su)", name, DO_NOT_QUEUE), G_VARIANT_TYPE("(u)"),
                 std::string("can't take the name ") + name, error);
     if (!reply)
         return false;
     guint32 answer = 0;
     g_variant_get(reply.get(), "(u)", &answer);
-    return answer == kPrimaryOwner || failTaken(error, name);
+    return answer == PRIMARY_OWNER || failTaken(error, name);
 }
 
 } // namespace hub

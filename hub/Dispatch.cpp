@@ -17,8 +17,8 @@ struct HubMessage {
 namespace hub {
 namespace {
 
-constexpr const char* kNoReply = "org.freedesktop.DBus.Error.NoReply";
-constexpr const char* kFailed = "org.freedesktop.DBus.Error.Failed";
+constexpr const char* NO_REPLY = "org.freedesktop.DBus.Error.NoReply";
+constexpr const char* FAILED = "org.freedesktop.DBus.Error.Failed";
 
 bool wantsReply(GDBusMessage* call) {
     return (g_dbus_message_get_flags(call) & G_DBUS_MESSAGE_FLAGS_NO_REPLY_EXPECTED) == 0;
@@ -40,7 +40,7 @@ void closeCall(GDBusConnection* connection, GDBusMessage* call, bool handled) {
     const std::string method = g_dbus_message_get_member(call);
     const std::string text = handled ? method + " sends no reply" : method + " did not handle the call";
     const ObjectPtr<GDBusMessage> reply(
-        g_dbus_message_new_method_error_literal(call, handled ? kNoReply : kFailed, text.c_str()));
+        g_dbus_message_new_method_error_literal(call, handled ? NO_REPLY : FAILED, text.c_str()));
     send(connection, reply.get(), nullptr);
 }
 

@@ -9,15 +9,15 @@ namespace hub {
 namespace {
 
 // A reference count of -1 marks records that GLib neither counts nor frees.
-constexpr gint kNotCounted = -1;
+constexpr gint NOT_COUNTED = -1;
 
 // GLib's records hold pointers to non-const text that it only reads.
 char* readOnly(const char* text) {
     return const_cast<char*>(text);
 }
 
-GDBusArgInfo gPayload{kNotCounted, readOnly("payload"), readOnly("s"), nullptr};
-GDBusArgInfo gReply{kNotCounted, readOnly("reply"), readOnly("s"), nullptr};
+GDBusArgInfo gPayload{NOT_COUNTED, readOnly("payload"), readOnly("s"), nullptr};
+GDBusArgInfo gReply{NOT_COUNTED, readOnly("reply"), readOnly("s"), nullptr};
 GDBusArgInfo* gArgumentsIn[] = {&gPayload, nullptr};
 GDBusArgInfo* gArgumentsOut[] = {&gReply, nullptr};
 
@@ -26,13 +26,13 @@ GDBusArgInfo* gArgumentsOut[] = {&gReply, nullptr};
 InterfaceDescription::InterfaceDescription(std::string name, const HubMethod* methods)
     : mName(std::move(name)) {
     for (const HubMethod* method = methods; method->name != nullptr; ++method) {
-        mMethods.push_back({kNotCounted, readOnly(method->name), gArgumentsIn, gArgumentsOut, nullptr});
+        mMethods.push_back({NOT_COUNTED, readOnly(method->name), gArgumentsIn, gArgumentsOut, nullptr});
     }
     for (GDBusMethodInfo& method : mMethods)
         mMethodList.push_back(&method);
     mMethodList.push_back(nullptr);
 
-    mInfo.ref_count = kNotCounted;
+    mInfo.ref_count = NOT_COUNTED;
     mInfo.name = mName.data();
     mInfo.methods = mMethodList.data();
 }

@@ -26,8 +26,8 @@ bool isContinuation(unsigned char byte) {
 } // namespace
 
 std::string_view withoutCutCharacter(std::string_view text) {
-    constexpr size_t longestCut = 3;
-    for (size_t tail = 1; tail <= std::min(longestCut, text.size()); ++tail) {
+    constexpr size_t LONGEST_CUT = 3;
+    for (size_t tail = 1; tail <= std::min(LONGEST_CUT, text.size()); ++tail) {
         const auto byte = static_cast<unsigned char>(text[text.size() - tail]);
         if (isContinuation(byte))
             continue;

@@ -23,8 +23,8 @@ PPT::~PPT() {
 
 int PPT::openFile(const char* path, const char* /*password*/) {
     const Utf16Text path16(path);
-    const Utf16Text fonts(fontDirectory);
-    const Utf16Text temporary(temporaryDirectory);
+    const Utf16Text fonts(FONT_DIRECTORY);
+    const Utf16Text temporary(TEMPORARY_DIRECTORY);
     const int code = mModule.sstg_open_file(path16.get(), fonts.get(), temporary.get(), &mDocument);
     std::printf("openFile (Power) returnCode = '%x'\n", static_cast<unsigned int>(code));
     return code != 0 ? code : initializePPT();
@@ -43,8 +43,8 @@ int PPT::initializePPT() {
     mMinScale = fit;
     mMaxScale = 4.0 * fit;
     // A pinch to a limit may end a rounding beyond it.
-    constexpr double rounding = 1e-9;
-    const bool sensible = mScale >= mMinScale * (1 - rounding) && mScale <= mMaxScale * (1 + rounding);
+    constexpr double ROUNDING = 1e-9;
+    const bool sensible = mScale >= mMinScale * (1 - ROUNDING) && mScale <= mMaxScale * (1 + ROUNDING);
     if (!mScaleRestored || !sensible) {
         mScale = fit;
     }

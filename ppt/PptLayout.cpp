@@ -8,10 +8,10 @@
 
 namespace {
 
-constexpr long long mostPixels = (64LL << 20) / 4; // of a surface: 64 MiB
+constexpr long long MOST_PIXELS = (64LL << 20) / 4; // of a surface: 64 MiB
 // How many times beyond the zoom limits arithmetic is asked to bear: a pinch's
 // first frame is not held to them.
-constexpr double beyondLimits = 16.0;
+constexpr double BEYOND_LIMITS = 16.0;
 
 int prvEvenLength(int units, double scale) {
     const int length = saturateToInt(units * scale);
@@ -38,15 +38,15 @@ CpPoint PPT::surfaceSize(double scale) const {
 double PPT::possibleScale(double wanted) const {
     const auto fits = [this](double scale) {
         const CpPoint size = surfaceSize(scale);
-        return static_cast<long long>(size.x) * size.y <= mostPixels;
+        return static_cast<long long>(size.x) * size.y <= MOST_PIXELS;
     };
-    double tooLarge = std::min(wanted, beyondLimits * mMaxScale);
+    double tooLarge = std::min(wanted, BEYOND_LIMITS * mMaxScale);
     if (fits(tooLarge)) {
         return tooLarge;
     }
     double fitting = 0.0;
-    constexpr int halvings = 64; // more than a double has digits
-    for (int i = 0; i < halvings; ++i) {
+    constexpr int HALVINGS = 64; // more than a double has digits
+    for (int i = 0; i < HALVINGS; ++i) {
         const double middle = fitting + (tooLarge - fitting) / 2;
         (fits(middle) ? fitting : tooLarge) = middle;
     }
@@ -61,7 +61,7 @@ void PPT::resizeDocument() {
     if (mDocument == nullptr) {
         return;
     }
-    mScale = possibleScale(std::max(mScale, mMinScale / beyondLimits));
+    mScale = possibleScale(std::max(mScale, mMinScale / BEYOND_LIMITS));
     const CpPoint size = surfaceSize(mScale);
     mSurface.reset(); // before there is another: they may be large
     mSurface = std::make_unique<CpPixmap>(size.x, size.y);

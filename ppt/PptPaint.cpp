@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr uint32_t currentHitColour = 0x40FF0000;
+constexpr uint32_t CURRENT_HIT_COLOUR = 0x40FF0000;
 
 // The part of the last frame that a zoom into it shows: whole pixels about a
 // middle, moved into the frame where they lie outside. scale is above 1.
@@ -81,7 +81,7 @@ int PPT::drawCurrentResult(CpPixmap* frame) {
         const int x = saturatedSum(left, hit.x);
         const int y = saturatedSum(top, hit.y);
         CpRect mark(x, y, saturatedSum(x, hit.width), saturatedSum(y, hit.height));
-        frame->DrawAlphaRectOnPix(mark, currentHitColour);
+        frame->DrawAlphaRectOnPix(mark, CURRENT_HIT_COLOUR);
     }
     return 0;
 }

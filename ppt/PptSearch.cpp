@@ -19,7 +19,7 @@ std::string PPT::doSearch(const char* text) {
     const Utf16Text text16(text);
     const sstg_find_info* infos = nullptr;
     int32_t count = 0;
-    mModule.sstg_set_highlight_color(mDocument, foundColour);
+    mModule.sstg_set_highlight_color(mDocument, FOUND_COLOUR);
     mModule.sstg_find(mDocument, text16.get(), 0, mSlideCount - 1, &infos, &count);
     mResults = moduleArray(infos, count);
     mCurrentResult = -1;

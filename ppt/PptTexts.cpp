@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int32_t noteCapacity = 1024; // UTF-16 units
+constexpr int32_t NOTE_CAPACITY = 1024; // UTF-16 units
 
 } // namespace
 
@@ -31,9 +31,9 @@ std::string PPT::getSlideNote() {
     if (hasNote == 0) {
         return {};
     }
-    uint16_t note[noteCapacity] = {};
+    uint16_t note[NOTE_CAPACITY] = {};
     int32_t length = 0;
-    mModule.sstg_get_slide_note(mDocument, mCurrentSlide, note, noteCapacity, 0, &length);
+    mModule.sstg_get_slide_note(mDocument, mCurrentSlide, note, NOTE_CAPACITY, 0, &length);
     return formatSimpleJsonObject("note", utf8OfBuffer(note).c_str());
 }
 

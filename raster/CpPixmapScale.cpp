@@ -11,7 +11,7 @@
 namespace {
 
 // Far above any frame at any zoom; bounds tables and loops.
-constexpr int kMaxTargetSide = 1 << 20;
+constexpr int MAX_TARGET_SIDE = 1 << 20;
 
 // A range of rows or columns of the destination.
 struct Range {
@@ -134,8 +134,8 @@ void scaleRowsChecked(const CpPixmap& source, const Positions& sourceColumns, co
 
 void CpPixmap::ScaleCopyToFit(const CpRect& src, uint32_t* dst, const CpRect& dstRect, int dstWidth,
                               int dstHeight) const {
-    if (mPixels == nullptr || dstWidth < 1 || dstHeight < 1 || !between(1, dstRect.Width(), kMaxTargetSide) ||
-        !between(1, dstRect.Height(), kMaxTargetSide)) {
+    if (mPixels == nullptr || dstWidth < 1 || dstHeight < 1 ||
+        !between(1, dstRect.Width(), MAX_TARGET_SIDE) || !between(1, dstRect.Height(), MAX_TARGET_SIDE)) {
         return;
     }
     CpRect s(src);

@@ -14,20 +14,20 @@ namespace {
 
 // As many pixels as a register holds.
 #ifdef __AVX2__
-constexpr size_t kLanes = 8;
+constexpr size_t LANES = 8;
 #else
-constexpr size_t kLanes = 4;
+constexpr size_t LANES = 4;
 #endif
-constexpr size_t kLineBytes = 64; // of the cache
-constexpr size_t kLinePixels = kLineBytes / sizeof(uint32_t);
-constexpr size_t kStripColumns = 32; // measured: up to 64 much the same
+constexpr size_t LINE_BYTES = 64; // of the cache
+constexpr size_t LINE_PIXELS = LINE_BYTES / sizeof(uint32_t);
+constexpr size_t STRIP_COLUMNS = 32; // measured: up to 64 much the same
 
 typedef uint32_t Quad __attribute__((vector_size(16)));
-typedef uint32_t Lanes __attribute__((vector_size(4 * kLanes)));
-typedef uint16_t Halves __attribute__((vector_size(4 * kLanes)));
+typedef uint32_t Lanes __attribute__((vector_size(4 * LANES)));
+typedef uint16_t Halves __attribute__((vector_size(4 * LANES)));
 // The same in memory, wherever pixels lie.
 typedef uint32_t QuadInMemory __attribute__((vector_size(16), aligned(4), may_alias));
-typedef uint32_t LanesInMemory __attribute__((vector_size(4 * kLanes), aligned(4), may_alias));
+typedef uint32_t LanesInMemory __attribute__((vector_size(4 * LANES), aligned(4), may_alias));
 
 inline size_t smaller(size_t a, size_t b) {
     return a < b ? a : b;
@@ -36,7 +36,7 @@ inline size_t smaller(size_t a, size_t b) {
 // How far p is behind the last place where a register's worth of pixels starts
 // that lies in one cache line.
 inline size_t pixelsPastRegister(const uint32_t* p) {
-    return reinterpret_cast<uintptr_t>(p) / sizeof(uint32_t) % kLanes;
+    return reinterpret_cast<uintptr_t>(p) / sizeof(uint32_t) % LANES;
 }
 
 inline Lanes load(const uint32_t* p) {
@@ -50,16 +50,16 @@ inline void store(uint32_t* p, Lanes v) {
 void fill(uint32_t* dst, size_t count, uint32_t colour) {
     const Lanes lanes = Lanes{} + colour;
     size_t i = 0;
-    if (count >= kLanes) {
+    if (count >= LANES) {
         // From here on in whole registers that cross no line.
         store(dst, lanes);
-        i = kLanes - pixelsPastRegister(dst);
+        i = LANES - pixelsPastRegister(dst);
     }
-    for (; i + 4 * kLanes <= count; i += 4 * kLanes) {
+    for (; i + 4 * LANES <= count; i += 4 * LANES) {
         store(dst + i, lanes);
-        store(dst + i + kLanes, lanes);
-        store(dst + i + 2 * kLanes, lanes);
-        store(dst + i + 3 * kLanes, lanes);
+        store(dst + i + LANES, lanes);
+        store(dst + i + 2 * LANES, lanes);
+        store(dst + i + 3 * LANES, lanes);
     }
     for (; i < count; i++) {
         dst[i] = colour;
@@ -83,9 +83,9 @@ void reverse(const uint32_t* src, uint32_t* dst, size_t count) {
     };
     // Down to where the registers that are stored cross no line.
     reversePixels(left - smaller(left, pixelsPastRegister(dst + left)));
-    for (; left >= 2 * kLanes; left -= 2 * kLanes, src += 2 * kLanes) {
-        store(dst + left - kLanes, reversed(load(src)));
-        store(dst + left - 2 * kLanes, reversed(load(src + kLanes)));
+    for (; left >= 2 * LANES; left -= 2 * LANES, src += 2 * LANES) {
+        store(dst + left - LANES, reversed(load(src)));
+        store(dst + left - 2 * LANES, reversed(load(src + LANES)));
     }
     reversePixels(0);
 }
@@ -115,7 +115,7 @@ inline Lanes loadQuads(const uint32_t* src, ptrdiff_t srcStep) {
 #define LECTERN_HIGH_PAIRS(a, b) __builtin_shufflevector(a, b, 2, 3, 6, 7)
 #endif
 
-// Four columns of kLanes rows.
+// Four columns of LANES rows.
 inline void transposeTile(const uint32_t* src, ptrdiff_t srcStep, uint32_t* dst, ptrdiff_t dstStep) {
     const Lanes row0 = loadQuads(src, srcStep);
     const Lanes row1 = loadQuads(src + srcStep, srcStep);
@@ -152,11 +152,11 @@ void transposeBand(const uint32_t* src, ptrdiff_t srcStep, uint32_t* dst, ptrdif
     size_t c = 0;
     for (; c + 4 <= columns; c += 4, src += 4, dst += 4 * dstStep) {
         const uint32_t* from = src;
-        for (size_t r = 0; r < kLinePixels; r += kLanes, from += static_cast<ptrdiff_t>(kLanes) * srcStep) {
+        for (size_t r = 0; r < LINE_PIXELS; r += LANES, from += static_cast<ptrdiff_t>(LANES) * srcStep) {
             transposeTile(from, srcStep, dst + r, dstStep);
         }
     }
-    transposePlain(src, srcStep, dst, dstStep, columns - c, kLinePixels);
+    transposePlain(src, srcStep, dst, dstStep, columns - c, LINE_PIXELS);
 }
 
 // Strips of columns keep the destination's rows to as many as the processor has
@@ -164,15 +164,15 @@ void transposeBand(const uint32_t* src, ptrdiff_t srcStep, uint32_t* dst, ptrdif
 void transpose(const uint32_t* src, ptrdiff_t srcStep, uint32_t* dst, ptrdiff_t dstStep, size_t columns,
                size_t rows) {
     // Up to the first whole cache line of the destination.
-    const size_t past = reinterpret_cast<uintptr_t>(dst) % kLineBytes / sizeof(uint32_t);
-    const size_t peeled = smaller((kLinePixels - past) % kLinePixels, rows);
-    const size_t whole = (rows - peeled) / kLinePixels * kLinePixels;
-    for (size_t c = 0; c < columns; c += kStripColumns) {
-        const size_t width = smaller(kStripColumns, columns - c);
+    const size_t past = reinterpret_cast<uintptr_t>(dst) % LINE_BYTES / sizeof(uint32_t);
+    const size_t peeled = smaller((LINE_PIXELS - past) % LINE_PIXELS, rows);
+    const size_t whole = (rows - peeled) / LINE_PIXELS * LINE_PIXELS;
+    for (size_t c = 0; c < columns; c += STRIP_COLUMNS) {
+        const size_t width = smaller(STRIP_COLUMNS, columns - c);
         const uint32_t* from = src + c;
         uint32_t* to = dst + static_cast<ptrdiff_t>(c) * dstStep;
         transposePlain(from, srcStep, to, dstStep, width, peeled);
-        for (size_t r = peeled; r < peeled + whole; r += kLinePixels) {
+        for (size_t r = peeled; r < peeled + whole; r += LINE_PIXELS) {
             transposeBand(from + static_cast<ptrdiff_t>(r) * srcStep, srcStep, to + r, dstStep, width);
         }
         const size_t done = peeled + whole;
@@ -234,7 +234,7 @@ void blend(uint32_t* pixels, size_t count, uint32_t colour) {
     const Halves keepLow = reinterpret_cast<Halves>(Lanes{} + (keep << 16 | keep));
     const Halves keepHigh = reinterpret_cast<Halves>(Lanes{} + (256U << 16 | keep));
     size_t i = 0;
-    for (; i + kLanes <= count; i += kLanes) {
+    for (; i + LANES <= count; i += LANES) {
         const Lanes old = load(pixels + i);
         const Halves low = (reinterpret_cast<Halves>(old & 0x00FF00FF) * keepLow) >> 8;
         const Halves high = (reinterpret_cast<Halves>(old) >> 8) * keepHigh;
@@ -248,6 +248,6 @@ void blend(uint32_t* pixels, size_t count, uint32_t colour) {
     }
 }
 
-constexpr PixelKernels kKernels = {fill, reverse, transpose, pick, blend};
+constexpr PixelKernels KERNELS = {fill, reverse, transpose, pick, blend};
 
 } // namespace

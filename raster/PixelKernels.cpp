@@ -3,11 +3,11 @@
 
 #if defined(__x86_64__) || defined(__i386__)
 const PixelKernels& pixelKernels() {
-    static const PixelKernels& fastest = __builtin_cpu_supports("avx2") ? kAvx2Kernels : kBaselineKernels;
+    static const PixelKernels& fastest = __builtin_cpu_supports("avx2") ? AVX2_KERNELS : BASELINE_KERNELS;
     return fastest;
 }
 #else
 const PixelKernels& pixelKernels() {
-    return kBaselineKernels;
+    return BASELINE_KERNELS;
 }
 #endif

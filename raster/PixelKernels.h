@@ -23,10 +23,10 @@ struct PixelKernels {
 };
 
 // What every processor of the architecture runs.
-extern const PixelKernels kBaselineKernels;
+extern const PixelKernels BASELINE_KERNELS;
 #if defined(__x86_64__) || defined(__i386__)
 // To be run only where the processor has AVX2.
-extern const PixelKernels kAvx2Kernels;
+extern const PixelKernels AVX2_KERNELS;
 #endif
 
 // The fastest that this processor runs.

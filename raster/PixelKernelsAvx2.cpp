@@ -2,4 +2,4 @@
 // Compiled for AVX2, which CMakeLists.txt asks for.
 #include "raster/PixelKernelLoops.h"
 
-const PixelKernels kAvx2Kernels = kKernels;
+const PixelKernels AVX2_KERNELS = KERNELS;

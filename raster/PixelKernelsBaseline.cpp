@@ -1,4 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "raster/PixelKernelLoops.h"
 
-const PixelKernels kBaselineKernels = kKernels;
+const PixelKernels BASELINE_KERNELS = KERNELS;

@@ -41,7 +41,7 @@ BusCall::~BusCall() {
 
 bool BusCall::check(bool found, const char* missingText) {
     if (!found) {
-        replyError(kParamFailed, missingText);
+        replyError(PARAM_FAILED, missingText);
     }
     return found;
 }

@@ -15,13 +15,13 @@ json_object* HubMessageGetPayloadCJSON(HubMessage* message);
 bool HubMessageReplyWrapper(HubHandle* handle, HubMessage* message, const char* text);
 
 // What the errors of bus methods are called; clients match on these texts.
-inline constexpr char kParamFailed[] = "errParamFailed";
-inline constexpr char kDoesNotExist[] = "errDoesNotExist";
-inline constexpr char kWrongType[] = "errWrongType";
-inline constexpr char kDocType[] = "errDocType";
+inline constexpr char PARAM_FAILED[] = "errParamFailed";
+inline constexpr char DOES_NOT_EXIST[] = "errDoesNotExist";
+inline constexpr char WRONG_TYPE[] = "errWrongType";
+inline constexpr char DOC_TYPE[] = "errDocType";
 
-inline constexpr char kNoDocid[] = "failed to get docid";
-inline constexpr char kNoParameter[] = "failed to get required parameter";
+inline constexpr char NO_DOCID[] = "failed to get docid";
+inline constexpr char NO_PARAMETER[] = "failed to get required parameter";
 
 // One call of a bus method, on the stack of its handler: refreshes the idle
 // clock when it begins and when it ends, holds the payload and sends the reply.
@@ -37,10 +37,10 @@ public:
 
     // Reads a parameter that must be there; a missing one is answered with
     // "errParamFailed" and missingText, and false.
-    bool require(const char* key, int& value, const char* missingText = kNoParameter);
-    bool require(const char* key, unsigned int& value, const char* missingText = kNoParameter);
-    bool require(const char* key, bool& value, const char* missingText = kNoParameter);
-    bool require(const char* key, const char*& value, const char* missingText = kNoParameter);
+    bool require(const char* key, int& value, const char* missingText = NO_PARAMETER);
+    bool require(const char* key, unsigned int& value, const char* missingText = NO_PARAMETER);
+    bool require(const char* key, bool& value, const char* missingText = NO_PARAMETER);
+    bool require(const char* key, const char*& value, const char* missingText = NO_PARAMETER);
 
     void reply(const std::string& text);
     // {"returnValue": true}

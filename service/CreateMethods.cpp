@@ -58,7 +58,7 @@ bool answerCreated(BusCall& call, const Documents& document, int docid) {
     json_object_object_add(reply.get(), "datastoreshmid", json_object_new_uint(dataStore));
     // The client learns the identifier now; with its and our last detach the
     // segment goes. A view without a segment must not take another one down.
-    if (dataStore > static_cast<unsigned int>(DocAdapterMessageQueue::highestClientType)) {
+    if (dataStore > static_cast<unsigned int>(DocAdapterMessageQueue::HIGHEST_CLIENT_TYPE)) {
         shmctl(static_cast<int>(dataStore), IPC_RMID, nullptr);
     }
     *document.status = static_cast<unsigned char>(docid);
@@ -81,7 +81,7 @@ void reportOpened(const CreateRequest& request, const Documents& document, int d
 void openDocument(BusCall& call, const CreateRequest& request, FrameBuffer frame, ViewMaker makeView) {
     const auto docid = static_cast<int>(gDocuments.size());
     // Answers to an earlier document of this number are nobody's any more.
-    g_msgQueue.Discard(docid + DocAdapterMessageQueue::paintDoneBase);
+    g_msgQueue.Discard(docid + DocAdapterMessageQueue::PAINT_DONE_BASE);
 
     Documents& document = gDocuments.emplace_back(makeRecord(
         request, std::move(frame), makeView(request.width, request.height, docid, request.dataStoreShmId)));
@@ -109,10 +109,10 @@ bool create(HubHandle* handle, HubMessage* message, void* /*data*/) {
     }
     const ViewMaker makeView = ViewMakerOf(KindOf(request.fileName));
     if (makeView == nullptr) {
-        call.replyError(kDocType, "doctype is unkown");
+        call.replyError(DOC_TYPE, "doctype is unkown");
     } else if (!frame) {
         std::fprintf(stderr, "Frame buffer refused: %s.\n", problem);
-        call.replyError(kParamFailed, kNoParameter);
+        call.replyError(PARAM_FAILED, NO_PARAMETER);
     } else {
         openDocument(call, request, std::move(*frame), makeView);
     }

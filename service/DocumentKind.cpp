@@ -16,7 +16,7 @@ struct Extension {
     doctype_t kind;
 };
 
-constexpr Extension kExtensions[] = {
+constexpr Extension EXTENSIONS[] = {
     {"xls", _EXCEL}, {"xlsx", _EXCEL}, {"doc", _WORD}, {"docx", _WORD},
     {"txt", _WORD},  {"ppt", _PPT},    {"pptx", _PPT},
 };
@@ -33,7 +33,7 @@ doctype_t KindOf(const char* fileName) {
     if (dot == nullptr) {
         return _UNKNOWN;
     }
-    for (const Extension& extension : kExtensions) {
+    for (const Extension& extension : EXTENSIONS) {
         if (g_ascii_strcasecmp(dot + 1, extension.name) == 0) {
             return extension.kind;
         }

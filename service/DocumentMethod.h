@@ -4,7 +4,7 @@
 // right kind, then what is done with it. The method tables say only in what the
 // methods differ, a row each:
 //
-//     {"jumpToSheet", method<Excel, SheetNumber, ReplyNumber<kCurrentSheet, &Excel::jumpToSheet>,
+//     {"jumpToSheet", method<Excel, SheetNumber, ReplyNumber<CURRENT_SHEET, &Excel::jumpToSheet>,
 //     Invalidate>, 0},
 //
 // that is the kind of view, the parameters, and the steps from there to the reply
@@ -23,7 +23,7 @@
 
 // What a caller hears whose document is not a View; nothing for methods of all kinds.
 template<typename View>
-inline constexpr const char* kWrongKind = "";
+inline constexpr const char* WRONG_KIND = "";
 
 // Runs operation() with the view's own mutex held.
 template<typename Operation>
@@ -43,15 +43,15 @@ void withDocument(BusCall& call, int docid, Operation operation) {
     }
     const auto index = static_cast<unsigned int>(docid);
     if (!DocumentExists(index)) {
-        call.replyError(kDoesNotExist, "Document does not exist");
+        call.replyError(DOES_NOT_EXIST, "Document does not exist");
         return;
     }
     if (auto* view = dynamic_cast<View*>(gDocuments[index].view.get())) {
         operation(*view);
         return;
     }
-    std::fprintf(stderr, "%s\n", kWrongKind<View>);
-    call.replyError(kWrongType, kWrongKind<View>);
+    std::fprintf(stderr, "%s\n", WRONG_KIND<View>);
+    call.replyError(WRONG_TYPE, WRONG_KIND<View>);
 }
 
 // The handler of a method.

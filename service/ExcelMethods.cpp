@@ -5,13 +5,13 @@
 #include "service/MethodTables.h"
 
 template<>
-inline constexpr const char* kWrongKind<Excel> = "Not an Excel document";
+inline constexpr const char* WRONG_KIND<Excel> = "Not an Excel document";
 
 namespace {
 
-constexpr char kCurrentSheet[] = "cursheet";
-constexpr char kColumnCount[] = "columncnt";
-constexpr char kColumn[] = "column";
+constexpr char CURRENT_SHEET[] = "cursheet";
+constexpr char COLUMN_COUNT[] = "columncnt";
+constexpr char COLUMN[] = "column";
 
 } // namespace
 
@@ -20,11 +20,11 @@ constexpr char kColumn[] = "column";
 const HubMethod excelMethods[] = {
     {"copySelection",   method<Excel, CopyTarget, Call<&Excel::copySelection>, ReplyDone>, 0},
     {"getSheetList",    method<Excel, Docid, ReplyText<&Excel::getSheetList>>, 0},
-    {"jumpToSheet",     method<Excel, SheetNumber, ReplyNumber<kCurrentSheet, &Excel::jumpToSheet>, Invalidate>, 0},
+    {"jumpToSheet",     method<Excel, SheetNumber, ReplyNumber<CURRENT_SHEET, &Excel::jumpToSheet>, Invalidate>, 0},
     {"getLastComment",  method<Excel, Docid, ReplyText<&Excel::GetLastClickComment>>, 0},
-    {"getColumnCount",  method<Excel, Docid, ReplyNumber<kColumnCount, &Excel::columnCount>>, 0},
-    {"sortAscending",   method<Excel, Docid, ReplyNumber<kColumn, &Excel::sortAscending>, Invalidate>, 0},
-    {"sortDescending",  method<Excel, Docid, ReplyNumber<kColumn, &Excel::sortDescending>, Invalidate>, 0},
+    {"getColumnCount",  method<Excel, Docid, ReplyNumber<COLUMN_COUNT, &Excel::columnCount>>, 0},
+    {"sortAscending",   method<Excel, Docid, ReplyNumber<COLUMN, &Excel::sortAscending>, Invalidate>, 0},
+    {"sortDescending",  method<Excel, Docid, ReplyNumber<COLUMN, &Excel::sortDescending>, Invalidate>, 0},
     {"resizeMode",      method<Excel, Mode, Call<&Excel::setResizeMode>, ReplyDone>, 0},
     {"hideSelection",   method<Excel, Docid, CallLocked<&Excel::hideSelection>, ReplyDone>, 0},
     {"unhideSelection", method<Excel, Docid, CallLocked<&Excel::unhideSelection>, ReplyDone>, 0},

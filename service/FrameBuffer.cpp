@@ -14,7 +14,7 @@ size_t roundUp(size_t value, size_t unit) {
 }
 
 bool isSide(int pixels) {
-    return pixels >= 1 && pixels <= FrameBuffer::maxSide;
+    return pixels >= 1 && pixels <= FrameBuffer::MAX_SIDE;
 }
 
 // Null when a frame of this shape fits into size bytes.
@@ -49,8 +49,8 @@ std::optional<FrameBuffer> FrameBuffer::attach(unsigned int shmid, int width, in
     // Whole pages, and one unit more to move the segment to an address that the
     // system accepts.
     const auto unit = static_cast<size_t>(SHMLBA);
-    const size_t before = roundUp(slack, unit);
-    const size_t rangeSize = before + unit + roundUp(segment.shm_segsz, unit) + roundUp(slack, unit);
+    const size_t before = roundUp(SLACK, unit);
+    const size_t rangeSize = before + unit + roundUp(segment.shm_segsz, unit) + roundUp(SLACK, unit);
     void* range =
         mmap(nullptr, rangeSize, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
     if (range == MAP_FAILED) {

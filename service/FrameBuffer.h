@@ -14,13 +14,13 @@
 class FrameBuffer {
 public:
     // The longest side of a frame, in pixels.
-    static constexpr int maxSide = 16384;
+    static constexpr int MAX_SIDE = 16384;
     // Bytes of the service's own memory on either side, at least.
-    static constexpr size_t slack = (static_cast<size_t>(maxSide) + 1) * 4;
+    static constexpr size_t SLACK = (static_cast<size_t>(MAX_SIDE) + 1) * 4;
 
     // Attaches a segment of which `size` bytes are for a frame of width * height
     // pixels and the status byte. Nothing, with a text in `problem`, when a side
-    // is below 1 or above maxSide, the frame larger than size, size larger than
+    // is below 1 or above MAX_SIDE, the frame larger than size, size larger than
     // the segment, or the segment not to be had.
     static std::optional<FrameBuffer> attach(unsigned int shmid, int width, int height, int size,
                                              const char*& problem);

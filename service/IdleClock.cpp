@@ -16,7 +16,7 @@ gboolean prvCheckTimeout(void* /*data*/) {
     // The difference is right also after 2038, when the 32 bits start again.
     const auto idle =
         static_cast<int32_t>(static_cast<uint32_t>(time(nullptr)) - static_cast<uint32_t>(gLastActive));
-    if (gLastActive == 0 || idle > kIdleSeconds) {
+    if (gLastActive == 0 || idle > IDLE_SECONDS) {
         g_main_loop_quit(g_mainloop);
         syslog(LOG_INFO, "Stopping LecternServer: timeout");
     }

@@ -13,9 +13,9 @@ extern int32_t gLastActive;
 extern GMainLoop* g_mainloop;
 
 // Idle for more than this ends the service...
-inline constexpr int kIdleSeconds = 30;
+inline constexpr int IDLE_SECONDS = 30;
 // ...at the next of the checks, which are this far apart.
-inline constexpr unsigned int kCheckSeconds = 4;
+inline constexpr unsigned int CHECK_SECONDS = 4;
 
 // Sets the clock to now. Every handler does, at its start and, because an open
 // may take longer than an idle service has, at its end.

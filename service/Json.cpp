@@ -53,8 +53,8 @@ bool json_get_uint(json_object* object, const char* key, unsigned int* out) {
     const char* text = nullptr;
     const bool found = json_get_string(object, key, &text);
     const unsigned long value = text == nullptr ? 0 : std::strtoul(text, nullptr, 0);
-    constexpr unsigned int highest = std::numeric_limits<unsigned int>::max();
-    *out = value > highest ? highest : static_cast<unsigned int>(value);
+    constexpr unsigned int HIGHEST = std::numeric_limits<unsigned int>::max();
+    *out = value > HIGHEST ? HIGHEST : static_cast<unsigned int>(value);
     return found;
 }
 

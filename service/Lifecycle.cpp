@@ -19,7 +19,7 @@
 
 namespace {
 
-constexpr char kBusName[] = "com.kestrel.office";
+constexpr char BUS_NAME[] = "com.kestrel.office";
 
 pthread_t pthread;
 pthread_attr_t attr;
@@ -29,7 +29,7 @@ struct Category {
     const HubMethod* methods;
 };
 
-constexpr Category kCategories[] = {
+constexpr Category CATEGORIES[] = {
     {"/common", commonMethods}, {"/events", eventMethods}, {"/word", wordMethods},
     {"/excel", excelMethods},   {"/ppt", pptMethods},
 };
@@ -74,10 +74,10 @@ private:
 };
 
 bool registerOnBus(HubHandle*& handle, BusError& error) {
-    if (!error.check(HubRegister(kBusName, &handle, error.get()))) {
+    if (!error.check(HubRegister(BUS_NAME, &handle, error.get()))) {
         return false;
     }
-    for (const Category& category : kCategories) {
+    for (const Category& category : CATEGORIES) {
         if (!error.check(HubRegisterCategory(handle, category.name, category.methods, nullptr, nullptr,
                                              error.get()))) {
             return false;
@@ -118,7 +118,7 @@ bool serve(HubHandle* handle, MainLoop& loop, BusError& error) {
     if (attached) {
         gLastActive = 0;
         prvUpdateTimer();
-        g_timeout_add_seconds(kCheckSeconds, prvCheckTimeout, nullptr);
+        g_timeout_add_seconds(CHECK_SECONDS, prvCheckTimeout, nullptr);
         loop.run();
     }
     stopWorker();
@@ -143,7 +143,7 @@ int runService() {
 
     HubHandle* handle = nullptr;
     QueueOwner owner;
-    if (!registerOnBus(handle, error) || !owner.acquire(DocAdapterMessageQueue::projectId) ||
+    if (!registerOnBus(handle, error) || !owner.acquire(DocAdapterMessageQueue::PROJECT_ID) ||
         !startWorker() || !serve(handle, loop, error)) {
         return -1;
     }

@@ -12,7 +12,7 @@
 struct Docid {
     int docid = 0;
 
-    bool read(BusCall& call) { return call.require("docid", docid, kNoDocid); }
+    bool read(BusCall& call) { return call.require("docid", docid, NO_DOCID); }
     std::tuple<> values() const { return {}; }
 };
 
@@ -45,7 +45,7 @@ struct SearchText {
     const char* text = nullptr;
 
     bool read(BusCall& call) {
-        return call.require("docid", docid, kNoDocid) &&
+        return call.require("docid", docid, NO_DOCID) &&
                call.require("search", text, "failed to get search query");
     }
     std::tuple<const char*> values() const { return {text}; }
@@ -82,7 +82,7 @@ struct SlideNumber {
     int slide = 0;
 
     bool read(BusCall& call) {
-        return call.require("docid", docid, kNoDocid) &&
+        return call.require("docid", docid, NO_DOCID) &&
                call.require("slide", slide, "failed to get slide number");
     }
     std::tuple<int> values() const { return {slide}; }
@@ -95,7 +95,7 @@ struct Orientation {
 
     bool read(BusCall& call) {
         json_get_string(call.payload(), "orientation", &orientation);
-        return call.require("docid", docid, kNoDocid);
+        return call.require("docid", docid, NO_DOCID);
     }
     std::tuple<const char*> values() const { return {orientation}; }
 };

@@ -16,9 +16,9 @@
 
 namespace {
 
-constexpr int32_t kNoSuchDocument = -4;
-constexpr unsigned char kPainted = 1;
-constexpr useconds_t kRetryMicroseconds = 10000;
+constexpr int32_t NO_SUCH_DOCUMENT = -4;
+constexpr unsigned char PAINTED = 1;
+constexpr useconds_t RETRY_MICROSECONDS = 10000;
 
 std::counting_semaphore<> workerReady(0);
 
@@ -26,7 +26,7 @@ std::counting_semaphore<> workerReady(0);
 // pixels come first.
 int paint(const Documents& document, int32_t docid) {
     document.view->handlePaintRouter(document.buffer);
-    std::atomic_ref(*document.status).store(kPainted, std::memory_order_release);
+    std::atomic_ref(*document.status).store(PAINTED, std::memory_order_release);
     return g_msgQueue.SendPaintDone(docid, 0);
 }
 
@@ -105,12 +105,12 @@ bool serveMessage(const ClientServerMessage& message) {
         }
     }
     // Nobody's input is dropped; who asked for a paint waits for an answer.
-    return !isPaint || g_msgQueue.SendPaintDone(message.docid, kNoSuchDocument) == 0;
+    return !isPaint || g_msgQueue.SendPaintDone(message.docid, NO_SUCH_DOCUMENT) == 0;
 }
 
 void* server_func(void* /*arg*/) {
     pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, nullptr);
-    g_msgQueue.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId);
+    g_msgQueue.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID);
     g_msgQueue.Drain();
     workerReady.release();
     while (g_msgQueue.isOpen()) {
@@ -118,7 +118,7 @@ void* server_func(void* /*arg*/) {
         ClientServerMessage message;
         if (g_msgQueue.ReadMessage(message) == -1) {
             if (g_msgQueue.isOpen() && errno != EINTR) {
-                usleep(kRetryMicroseconds); // an error that stays must not spin
+                usleep(RETRY_MICROSECONDS); // an error that stays must not spin
             }
             continue;
         }

@@ -17,10 +17,10 @@
 
 namespace {
 
-constexpr unsigned int kFaultSeconds = 2;
+constexpr unsigned int FAULT_SECONDS = 2;
 // What goes through the pipe beside numbers of signals, none of which are these.
-constexpr unsigned char kEndOfThread = 0;
-constexpr unsigned char kOrderlyStop = 255;
+constexpr unsigned char END_OF_THREAD = 0;
+constexpr unsigned char ORDERLY_STOP = 255;
 
 // The pipe's end that handlers write to; -1 while no thread listens.
 std::atomic<int> passOnTo{-1};
@@ -64,7 +64,7 @@ bool isFault(int signal) {
     struct sigaction alarmed = {};
     alarmed.sa_handler = endWithoutLog;
     sigaction(SIGALRM, &alarmed, nullptr);
-    alarm(kFaultSeconds);
+    alarm(FAULT_SECONDS);
     endBySignal(signal);
 }
 
@@ -105,7 +105,7 @@ void handle_signal(int signal) {
 }
 
 void term_handler(int /*signal*/) {
-    passOn(kOrderlyStop);
+    passOn(ORDERLY_STOP);
 }
 
 void installSignalHandlers() {
@@ -140,7 +140,7 @@ int SignalThread::start() {
 
 SignalThread::~SignalThread() {
     if (mRunning) {
-        passOn(kEndOfThread);
+        passOn(END_OF_THREAD);
         pthread_join(mThread, nullptr);
     }
     if (mStopWish != -1) {
@@ -155,10 +155,10 @@ SignalThread::~SignalThread() {
 
 void* SignalThread::run(void* thread) {
     const auto& self = *static_cast<SignalThread*>(thread);
-    unsigned char what = kEndOfThread;
+    unsigned char what = END_OF_THREAD;
     // Retried, as a handler may run on this thread too.
-    while (TEMP_FAILURE_RETRY(read(self.mReadEnd, &what, 1)) == 1 && what != kEndOfThread) {
-        if (what != kOrderlyStop) {
+    while (TEMP_FAILURE_RETRY(read(self.mReadEnd, &what, 1)) == 1 && what != END_OF_THREAD) {
+        if (what != ORDERLY_STOP) {
             endBySignal(what);
         }
         stopInOrder(self.mStopWish);

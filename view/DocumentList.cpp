@@ -8,9 +8,9 @@
 
 namespace {
 
-constexpr size_t titleCapacity = 4096; // UTF-16 units
-constexpr size_t longestTitle = 2047;  // bytes
-constexpr size_t bytesForAPart = 128;
+constexpr size_t TITLE_CAPACITY = 4096; // UTF-16 units
+constexpr size_t LONGEST_TITLE = 2047;  // bytes
+constexpr size_t BYTES_FOR_APART = 128;
 
 // A text that ends where its budget of bytes does.
 class BoundedText {
@@ -35,13 +35,13 @@ private:
 
 std::string documentList(int count, int current, const TitleReader& readTitle) {
     const int parts = std::max(0, count);
-    BoundedText list(bytesForAPart * static_cast<size_t>(parts));
+    BoundedText list(BYTES_FOR_APART * static_cast<size_t>(parts));
     for (int i = 0; i < parts; ++i) {
-        uint16_t title[titleCapacity] = {};
+        uint16_t title[TITLE_CAPACITY] = {};
         readTitle(i, title);
         list.append(i == 0 ? "{\"list\": [" : ",");
         list.append("{\"data\":\"");
-        list.append(utf8Prefix(utf8OfBuffer(title), longestTitle));
+        list.append(utf8Prefix(utf8OfBuffer(title), LONGEST_TITLE));
         list.append("\", \"listitem\":\"");
         list.append(std::to_string(i + 1));
         list.append("\", \"status\":\"");

@@ -11,18 +11,18 @@ namespace {
 using TextFunction = decltype(PropertyFunctions::name);
 using DateFunction = decltype(PropertyFunctions::creationDate);
 
-constexpr int32_t longestText = 2047;
-constexpr int32_t capacity = 4096;
+constexpr int32_t LONGEST_TEXT = 2047;
+constexpr int32_t CAPACITY = 4096;
 
 std::string prvText(void* doc, TextFunction function, const char* whenTooLong) {
     int32_t length = 0;
     function(doc, nullptr, 0, &length);
-    if (length > longestText) {
+    if (length > LONGEST_TEXT) {
         return whenTooLong;
     }
     // Room for a module that counts the capacity in units instead of bytes.
-    std::array<uint16_t, capacity> text{};
-    function(doc, text.data(), capacity, &length);
+    std::array<uint16_t, CAPACITY> text{};
+    function(doc, text.data(), CAPACITY, &length);
     text.back() = 0;
     return utf8OrEmpty(text.data());
 }

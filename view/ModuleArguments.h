@@ -4,10 +4,10 @@
 
 #include <cstdint>
 
-inline constexpr char fontDirectory[] = "/usr/share/fonts";
-inline constexpr char temporaryDirectory[] = "/tmp";
+inline constexpr char FONT_DIRECTORY[] = "/usr/share/fonts";
+inline constexpr char TEMPORARY_DIRECTORY[] = "/tmp";
 
-inline constexpr double dotsPerInch = 72.0; // at a zoom of 1
+inline constexpr double DOTS_PER_INCH = 72.0; // at a zoom of 1
 
 // The colour of what a search has found: red, green, blue.
-inline constexpr uint8_t foundColour[3] = {128, 192, 255};
+inline constexpr uint8_t FOUND_COLOUR[3] = {128, 192, 255};

@@ -8,17 +8,17 @@
 
 namespace {
 
-constexpr double frictionScale = 22.0;
+constexpr double FRICTION_SCALE = 22.0;
 // The document moves against the finger, at half its speed.
-constexpr double velocityFactor = -0.5;
-constexpr long nanosecondsPerMillisecond = 1000000;
-constexpr double millisecondsPerSecond = 1000.0;
+constexpr double VELOCITY_FACTOR = -0.5;
+constexpr long NANOSECONDS_PER_MILLISECOND = 1000000;
+constexpr double MILLISECONDS_PER_SECOND = 1000.0;
 
 double prvSystemClock() {
     timespec now{};
     clock_gettime(CLOCK_REALTIME, &now);
-    const long milliseconds = now.tv_nsec / nanosecondsPerMillisecond;
-    return static_cast<double>(now.tv_sec) + static_cast<double>(milliseconds) / millisecondsPerSecond;
+    const long milliseconds = now.tv_nsec / NANOSECONDS_PER_MILLISECOND;
+    return static_cast<double>(now.tv_sec) + static_cast<double>(milliseconds) / MILLISECONDS_PER_SECOND;
 }
 
 double (*gClock)() = prvSystemClock;
@@ -26,8 +26,8 @@ double (*gClock)() = prvSystemClock;
 } // namespace
 
 void NewtonianSmoothScroll::Setup(int startX, int startY, int velocityX, int velocityY) {
-    const double vx = velocityX * velocityFactor;
-    const double vy = velocityY * velocityFactor;
+    const double vx = velocityX * VELOCITY_FACTOR;
+    const double vy = velocityY * VELOCITY_FACTOR;
     const double speed = std::sqrt(vx * vx + vy * vy);
     mStartTime = getTime();
     if (speed == 0.0) {
@@ -38,8 +38,8 @@ void NewtonianSmoothScroll::Setup(int startX, int startY, int velocityX, int vel
     }
     // Each axis gets its share of the friction, so that both come to rest at
     // the same instant and the path is a straight line.
-    mMotionX.Initialize(mStartTime, startX, vx, frictionScale * vx / speed);
-    mMotionY.Initialize(mStartTime, startY, vy, frictionScale * vy / speed);
+    mMotionX.Initialize(mStartTime, startX, vx, FRICTION_SCALE * vx / speed);
+    mMotionY.Initialize(mStartTime, startY, vy, FRICTION_SCALE * vy / speed);
     mDuration = mMotionY.duration();
     mEndTime = mStartTime + mDuration;
     mStopped = false;

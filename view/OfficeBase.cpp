@@ -12,10 +12,10 @@
 namespace {
 
 // Leaves room for the sums of positions and view sizes.
-constexpr int maxRestoredPosition = 1 << 30;
+constexpr int MAX_RESTORED_POSITION = 1 << 30;
 
 void prvTakePosition(int restored, int& position) {
-    if (between(-maxRestoredPosition, restored, maxRestoredPosition)) {
+    if (between(-MAX_RESTORED_POSITION, restored, MAX_RESTORED_POSITION)) {
         position = restored;
     }
 }
@@ -108,7 +108,7 @@ void OfficeBase::InvalidateScreen() {
 
 void OfficeBase::SendDocMessage(ClientMessageId id, int32_t value) {
     // Without a segment of its own the view has no address.
-    if (mDataStoreShmId > StateSegment::lastReservedId) {
+    if (mDataStoreShmId > StateSegment::LAST_RESERVED_ID) {
         ServerClientMessage message(static_cast<long>(mDataStoreShmId), id);
         message.value = value;
         g_msgQueue.SendMessage(message);

@@ -7,25 +7,25 @@
 #include <cmath>
 
 namespace {
-constexpr int keyStep = 5; // pixels
-constexpr int scaleLevels = 3;
-constexpr double smallestScale = 1.0 / 16;
-constexpr double largestScale = 64.0;
+constexpr int KEY_STEP = 5; // pixels
+constexpr int SCALE_LEVELS = 3;
+constexpr double SMALLEST_SCALE = 1.0 / 16;
+constexpr double LARGEST_SCALE = 64.0;
 } // namespace
 
 bool OfficeBase::handleKeyDown(int key, int /*modifiers*/) {
     switch (key) {
     case 'a':
-        mScroll.x = saturatedDifference(mScroll.x, keyStep);
+        mScroll.x = saturatedDifference(mScroll.x, KEY_STEP);
         break;
     case 'd':
-        mScroll.x = saturatedSum(mScroll.x, keyStep);
+        mScroll.x = saturatedSum(mScroll.x, KEY_STEP);
         break;
     case 'w':
-        mScroll.y = saturatedDifference(mScroll.y, keyStep);
+        mScroll.y = saturatedDifference(mScroll.y, KEY_STEP);
         break;
     case 's':
-        mScroll.y = saturatedSum(mScroll.y, keyStep);
+        mScroll.y = saturatedSum(mScroll.y, KEY_STEP);
         break;
     default:
         break;
@@ -93,7 +93,7 @@ int OfficeBase::centredPosition(int scroll, int point, float ratio, int viewLeng
 
 float OfficeBase::stepScaleLevel() {
     const double oldScale = mScale;
-    mScaleLevel = (mScaleLevel + 1) % scaleLevels;
+    mScaleLevel = (mScaleLevel + 1) % SCALE_LEVELS;
     mScale = mMinScale + (mScaleLevel + 1) * ((mMaxScale - mMinScale) * 0.25);
     return static_cast<float>(mScale / oldScale);
 }
@@ -160,7 +160,7 @@ double OfficeBase::requestedScale(double pinch) const {
 }
 
 double OfficeBase::bearableScale(double scale) {
-    return std::clamp(scale, smallestScale, largestScale);
+    return std::clamp(scale, SMALLEST_SCALE, LARGEST_SCALE);
 }
 
 bool OfficeBase::handleGestureEnd(double /*scale*/, double /*unused*/) {

@@ -13,14 +13,14 @@ namespace {
 // The kernel hands identifiers out in a cycle, which right after boot starts at
 // 0 and takes 64 steps; with many segments in use it is half as long again as
 // their number, and never above the size of the kernel's table.
-constexpr int maxAttempts = 32768;
+constexpr int MAX_ATTEMPTS = 32768;
 
-constexpr int openFlags = IPC_CREAT | IPC_EXCL | 0666;
+constexpr int OPEN_FLAGS = IPC_CREAT | IPC_EXCL | 0666;
 
 int prvMakeSegment(key_t key) {
-    const int id = shmget(key, sizeof(StateRecord), openFlags);
+    const int id = shmget(key, sizeof(StateRecord), OPEN_FLAGS);
     if (id == -1 && errno == EEXIST) {
-        return shmget(IPC_PRIVATE, sizeof(StateRecord), openFlags);
+        return shmget(IPC_PRIVATE, sizeof(StateRecord), OPEN_FLAGS);
     }
     return id;
 }
@@ -29,18 +29,18 @@ int prvMakeSegment(key_t key) {
 // moves the kernel's counter on. Others may make segments in between, so every
 // identifier is looked at. -1 after a line on standard error.
 int prvMakeUsableSegment(key_t key) {
-    for (int attempt = 0; attempt < maxAttempts; ++attempt) {
+    for (int attempt = 0; attempt < MAX_ATTEMPTS; ++attempt) {
         const int id = prvMakeSegment(key);
         if (id == -1) {
             std::perror("shmget");
             return -1;
         }
-        if (id >= StateSegment::firstOwnId) {
+        if (id >= StateSegment::FIRST_OWN_ID) {
             return id;
         }
         shmctl(id, IPC_RMID, nullptr);
     }
-    std::fprintf(stderr, "no segment identifier of %d or more to be had\n", StateSegment::firstOwnId);
+    std::fprintf(stderr, "no segment identifier of %d or more to be had\n", StateSegment::FIRST_OWN_ID);
     return -1;
 }
 
@@ -58,7 +58,7 @@ StateSegment::~StateSegment() {
 }
 
 bool StateSegment::attach(unsigned int id) {
-    if (id <= lastReservedId || id > static_cast<unsigned int>(INT_MAX)) {
+    if (id <= LAST_RESERVED_ID || id > static_cast<unsigned int>(INT_MAX)) {
         return false;
     }
     return map(static_cast<int>(id));

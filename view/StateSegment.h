@@ -16,10 +16,10 @@ class StateSegment {
 public:
     // Types up to this one are read from the queue by the service itself, and 0
     // means no segment.
-    static constexpr unsigned int lastReservedId = 99;
+    static constexpr unsigned int LAST_RESERVED_ID = 99;
     // Segments made here stay clear of the paint-done types too, which are
     // document identifiers plus 101.
-    static constexpr int firstOwnId = 4096;
+    static constexpr int FIRST_OWN_ID = 4096;
 
     StateSegment() = default;
     ~StateSegment();

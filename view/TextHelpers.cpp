@@ -9,9 +9,9 @@
 
 namespace {
 
-constexpr size_t dateSize = 32;
+constexpr size_t DATE_SIZE = 32;
 // Of the two units of a character above U+FFFF, in their upper six bits.
-constexpr uint16_t firstOfPair = 0xD800;
+constexpr uint16_t FIRST_OF_PAIR = 0xD800;
 
 const char* prvMonthName(int month) {
     static const char* const names[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
@@ -31,8 +31,8 @@ char* Time2String(long t) {
     const int hour = local.tm_hour % 12 == 0 ? 12 : local.tm_hour % 12;
     const long year = 1900L + local.tm_year;
     const char* suffix = local.tm_hour > 11 ? "pm" : "am";
-    auto* text = new char[dateSize];
-    std::snprintf(text, dateSize, "%s %d, %ld, %d:%02d%s", prvMonthName(local.tm_mon), local.tm_mday, year,
+    auto* text = new char[DATE_SIZE];
+    std::snprintf(text, DATE_SIZE, "%s %d, %ld, %d:%02d%s", prvMonthName(local.tm_mon), local.tm_mday, year,
                   hour, local.tm_min, suffix);
     return text;
 }
@@ -59,7 +59,7 @@ std::string utf8OfBuffer(std::span<uint16_t> buffer) {
     buffer.back() = 0;
     const auto end = std::find(buffer.begin(), buffer.end(), 0);
     const bool cut = end == buffer.end() - 1 && end != buffer.begin();
-    if (cut && (end[-1] & 0xFC00) == firstOfPair) {
+    if (cut && (end[-1] & 0xFC00) == FIRST_OF_PAIR) {
         end[-1] = 0;
     }
     return utf8OrEmpty(buffer.data());

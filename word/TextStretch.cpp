@@ -6,12 +6,12 @@
 #include <algorithm>
 
 namespace {
-constexpr double surfacePixels = 500000.0;
+constexpr double SURFACE_PIXELS = 500000.0;
 } // namespace
 
 TextStretch::Size TextStretch::sizeFor(double layoutWidth, int viewHeight) {
     Size size;
-    size.height = saturateToInt(surfacePixels / layoutWidth);
+    size.height = saturateToInt(SURFACE_PIXELS / layoutWidth);
     size.step = size.height / 3;
     size.height += size.height % 2;
     if (4LL * size.height < 5LL * viewHeight) {

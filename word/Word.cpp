@@ -11,13 +11,13 @@
 namespace {
 
 // Positions of a state record beyond this make no sense.
-constexpr int lastRow = 1 << 30;
+constexpr int LAST_ROW = 1 << 30;
 
 } // namespace
 
 Word::Word(int width, int height, int docId, unsigned int dataStoreId)
     : OfficeBase(width, height, docId, dataStoreId, _WORD), mStretch([this](int rows) { renumber(rows); }),
-      mPopup(width - 2 * popupLeft, popupHeight) {
+      mPopup(width - 2 * POPUP_LEFT, POPUP_HEIGHT) {
     mScale = 1.0;
     mScaleLevel = 1;
     mModuleHandle = mModule.SetFunctionPointers();
@@ -33,8 +33,8 @@ Word::~Word() {
 int Word::openFile(const char* path, const char* password) {
     const Utf16Text path16(path);
     const Utf16Text password16(password);
-    const Utf16Text fonts(fontDirectory);
-    const Utf16Text temporary(temporaryDirectory);
+    const Utf16Text fonts(FONT_DIRECTORY);
+    const Utf16Text temporary(TEMPORARY_DIRECTORY);
     const int code =
         mModule.wtg_open_file(path16.get(), password16.get(), fonts.get(), temporary.get(), &mDocument);
     std::printf("openFile (Word) returnCode = '%x'\n", static_cast<unsigned int>(code));
@@ -57,7 +57,7 @@ void Word::returnToSavedPlace() {
     const auto [character, row] = mSavedPlace;
     if (character != 0 || row != 0) {
         const bool sensible =
-            character > 0 && character < mStretch.characterCount() && between(0, row, lastRow);
+            character > 0 && character < mStretch.characterCount() && between(0, row, LAST_ROW);
         if (sensible && mStretch.jump(0, character)) {
             mStretch.place(row);
         } else {

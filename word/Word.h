@@ -124,8 +124,8 @@ protected:
     unsigned mRegionGeneration = 0;
     uint32_t mHitPosition = 0; // of the current hit, wherever the stretch is
 
-    static constexpr int popupLeft = 20; // columns of the frame on either side
-    static constexpr int popupHeight = 1000;
+    static constexpr int POPUP_LEFT = 20; // columns of the frame on either side
+    static constexpr int POPUP_HEIGHT = 1000;
     bool mPopupShown = false;
     int mPageRow = 0; // scroll y of the page below the pop-up
     CpPixmap mPopup;

@@ -9,8 +9,8 @@
 
 namespace {
 
-constexpr int zoomLevels = 3;
-constexpr long long maxSurfacePixels = 64LL * 1024 * 1024 / 4;
+constexpr int ZOOM_LEVELS = 3;
+constexpr long long MAX_SURFACE_PIXELS = 64LL * 1024 * 1024 / 4;
 
 long long prvPixels(const TextStretch::Size& size) {
     return static_cast<long long>(size.width) * size.height;
@@ -36,10 +36,10 @@ double Word::layoutWidth(double scale) const {
 double Word::fittingScale(double scale) const {
     const double wanted = bearableScale(scale);
     const TextStretch::Size size = TextStretch::sizeFor(layoutWidth(wanted), mHeight);
-    if (!mWideMode || prvPixels(size) <= maxSurfacePixels) {
+    if (!mWideMode || prvPixels(size) <= MAX_SURFACE_PIXELS) {
         return wanted;
     }
-    const long long widest = maxSurfacePixels / size.height / 2 * 2;
+    const long long widest = MAX_SURFACE_PIXELS / size.height / 2 * 2;
     return std::clamp(static_cast<double>(widest) / (2.0 * mWidth), std::min(mMinScale, wanted), wanted);
 }
 
@@ -51,7 +51,8 @@ void Word::resizeDocument() {
     if (mDocument == nullptr) {
         return;
     }
-    mStretch.layOut(TextStretch::sizeFor(layoutWidth(mScale), mHeight), saturateToInt(mScale * dotsPerInch));
+    mStretch.layOut(TextStretch::sizeFor(layoutWidth(mScale), mHeight),
+                    saturateToInt(mScale * DOTS_PER_INCH));
     mDocPixmap = mStretch.surface();
 }
 
@@ -89,7 +90,7 @@ bool Word::handleDoubleClick(int x, int y) {
     }
     closePopup();
     const double oldScale = mScale;
-    mScaleLevel = (mScaleLevel + 1) % zoomLevels;
+    mScaleLevel = (mScaleLevel + 1) % ZOOM_LEVELS;
     mScale = fittingScale(mBaseScale + mScaleLevel * mBaseScale);
     const double ratio = mScale / oldScale;
     relayoutKeepingPlace(ratio);

@@ -7,7 +7,7 @@
 #include <cstdio>
 
 namespace {
-constexpr unsigned int white = 0xFFFFFFFF;
+constexpr unsigned int WHITE = 0xFFFFFFFF;
 
 // A rectangle of width * height around the middle of a view, scaled.
 CpRect prvCentred(int width, int height, double scale) {
@@ -22,7 +22,7 @@ CpRect prvCentred(int width, int height, double scale) {
 
 void Word::eraseBuffer(unsigned int* frameBuffer, unsigned int count) const {
     std::puts("Erasing buffer!...");
-    FillPixels(frameBuffer, count, white);
+    FillPixels(frameBuffer, count, WHITE);
 }
 
 // Scales the last frame: the module renders nothing until the pinch ends.

@@ -9,12 +9,12 @@
 
 namespace {
 
-constexpr uint32_t white = 0xFFFFFFFF;
-constexpr unsigned int shade = 0x77333333;
-constexpr int popupTop = 40; // rows of the frame above and below the pop-up
+constexpr uint32_t WHITE = 0xFFFFFFFF;
+constexpr unsigned int SHADE = 0x77333333;
+constexpr int POPUP_TOP = 40; // rows of the frame above and below the pop-up
 // The module leaves the first rows of the pixmap empty; they are never shown.
-constexpr int popupHeadroom = 50;
-constexpr int popupOverlap = 30; // how far the last offset shows past what the view would
+constexpr int POPUP_HEADROOM = 50;
+constexpr int POPUP_OVERLAP = 30; // how far the last offset shows past what the view would
 
 } // namespace
 
@@ -23,10 +23,10 @@ bool Word::showPopup(const wtg_click_info& reference) {
     if (mPopup.Pixels() == nullptr) {
         return false; // the view is too narrow for one
     }
-    std::fill_n(mPopup.Pixels(), mPopup.Area(), white);
+    std::fill_n(mPopup.Pixels(), mPopup.Area(), WHITE);
     mModule.wtg_set_offscreen_buffer(mDocument, 0, mPopup.Pixels(), mPopup.Width(), mPopup.Height());
     mModule.wtg_open_secondary_document(mDocument, reference.a, reference.b, reference.c,
-                                        mPopup.Height() - popupHeadroom);
+                                        mPopup.Height() - POPUP_HEADROOM);
     mStretch.useSurface();
     mModule.wtg_close_secondary_document(mDocument);
     mScroller.Stop();
@@ -53,7 +53,7 @@ bool Word::closePopup() {
 
 // How far the view can be scrolled in the pop-up.
 int Word::popupRange() const {
-    return std::max(0, mPopup.Height() - mHeight + popupOverlap - popupHeadroom);
+    return std::max(0, mPopup.Height() - mHeight + POPUP_OVERLAP - POPUP_HEADROOM);
 }
 
 void Word::clampToPopup() {
@@ -69,25 +69,25 @@ void Word::handlePaintWide(unsigned int* frameBuffer) {
     eraseBuffer(frameBuffer, framePixels());
     mDocPixmap->CopyBits(CpRect(0, pageTop, mWidth, saturatedSum(pageTop, mHeight)), frameBuffer);
 
-    long long offset = static_cast<long long>(mScroll.y) + popupHeadroom - mPageRow;
-    if (offset < popupHeadroom) {
-        offset = popupHeadroom;
+    long long offset = static_cast<long long>(mScroll.y) + POPUP_HEADROOM - mPageRow;
+    if (offset < POPUP_HEADROOM) {
+        offset = POPUP_HEADROOM;
         mScroll.y = mPageRow;
     }
     // Past the end; from there scrolling goes on at a row of its own.
-    if (mHeight + offset - popupOverlap > mPopup.Height()) {
-        offset = std::max(popupHeadroom, mPopup.Height() - mHeight + popupOverlap);
-        mScroll.y = saturatedSum(mPageRow, mHeight - popupOverlap);
+    if (mHeight + offset - POPUP_OVERLAP > mPopup.Height()) {
+        offset = std::max(POPUP_HEADROOM, mPopup.Height() - mHeight + POPUP_OVERLAP);
+        mScroll.y = saturatedSum(mPageRow, mHeight - POPUP_OVERLAP);
         clampToPopup();
     }
     tick();
 
     CpPixmap frame(frameBuffer, mWidth, mHeight);
     CpRect everything(0, 0, mWidth, mHeight);
-    frame.DrawAlphaRectOnPix(everything, shade);
-    CpRect border(popupLeft - 1, popupTop - 1, mWidth - 10, mHeight - 30);
-    frame.DrawAlphaRectOnPix(border, shade);
+    frame.DrawAlphaRectOnPix(everything, SHADE);
+    CpRect border(POPUP_LEFT - 1, POPUP_TOP - 1, mWidth - 10, mHeight - 30);
+    frame.DrawAlphaRectOnPix(border, SHADE);
     const int top = static_cast<int>(offset);
-    mPopup.CopyBitsTo(CpRect(0, top, mPopup.Width(), mHeight + top - 2 * popupTop), frameBuffer,
-                      CpRect(popupLeft, popupTop, mWidth - popupLeft, mHeight - popupTop), mWidth);
+    mPopup.CopyBitsTo(CpRect(0, top, mPopup.Width(), mHeight + top - 2 * POPUP_TOP), frameBuffer,
+                      CpRect(POPUP_LEFT, POPUP_TOP, mWidth - POPUP_LEFT, mHeight - POPUP_TOP), mWidth);
 }

@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr uint32_t currentHitColour = 0x40FFFF00;
+constexpr uint32_t CURRENT_HIT_COLOUR = 0x40FFFF00;
 
 } // namespace
 
@@ -25,7 +25,7 @@ std::string Word::doSearch(const char* text) {
     const Utf16Text text16(text);
     uint32_t from = 0;
     uint32_t to = mStretch.characterCount();
-    mModule.wtg_set_highlight_color(mDocument, foundColour);
+    mModule.wtg_set_highlight_color(mDocument, FOUND_COLOUR);
     const int32_t failed = mModule.wtg_find(mDocument, text16.get(), 0, &from, &to, &mResults, &mResultCount);
     const int reported = mResultCount;
     if (failed != 0 || mResults == nullptr) {
@@ -204,7 +204,7 @@ int Word::drawCurrentResult(CpPixmap* frame) {
         const int x = saturatedSum(left, hit.x);
         const int y = saturatedSum(top, hit.y);
         CpRect mark(x, y, saturatedSum(x, hit.width), saturatedSum(y, hit.height));
-        frame->DrawAlphaRectOnPix(mark, currentHitColour);
+        frame->DrawAlphaRectOnPix(mark, CURRENT_HIT_COLOUR);
     }
     return 0;
 }

@@ -32,7 +32,7 @@ class Frame {
 public:
     explicit Frame(size_t pixels)
         : mPixels(static_cast<uint32_t*>(
-              std::aligned_alloc(kPage, (pixels * sizeof(uint32_t) / kPage + 1) * kPage))) {
+              std::aligned_alloc(PAGE, (pixels * sizeof(uint32_t) / PAGE + 1) * PAGE))) {
         if (mPixels == nullptr) {
             std::abort();
         }
@@ -44,11 +44,11 @@ public:
     uint32_t* data() const { return mPixels; }
 
 private:
-    static constexpr size_t kPage = 4096;
+    static constexpr size_t PAGE = 4096;
     uint32_t* mPixels;
 };
 
-constexpr double kSampleMicroseconds = 200;
+constexpr double SAMPLE_MICROSECONDS = 200;
 
 struct Variant {
     std::function<void()> run;
@@ -66,7 +66,7 @@ struct Variant {
     }
     void calibrate() {
         run();
-        repeats = std::max(1, static_cast<int>(kSampleMicroseconds / std::max(0.1, sample())));
+        repeats = std::max(1, static_cast<int>(SAMPLE_MICROSECONDS / std::max(0.1, sample())));
     }
     double median() {
         const auto middle = samples.begin() + static_cast<ptrdiff_t>(samples.size() / 2);

@@ -23,21 +23,21 @@ double privateMiB(pid_t pid) {
 } // namespace
 
 void memoryFigures() {
-    constexpr int width = 480;
-    constexpr int height = 800;
+    constexpr int WIDTH = 480;
+    constexpr int HEIGHT = 800;
     const std::string file = std::string(SAMPLES_FOLDER) + "/tour.docx";
     RunningService service;
     std::printf("\nPrivate memory, MiB\n%-46s %7.1f\n", "service, no document", privateMiB(service.pid()));
-    TestDocument first(service.bus(), service.queue(), file, width, height);
+    TestDocument first(service.bus(), service.queue(), file, WIDTH, HEIGHT);
     first.paint();
     service.waitForSpare(1);
     // The cache strip of about 500,000 pixels, the copy of the last frame and the pop-up's pixmap.
-    const double surfaces = (500000.0 + width * height + (width - 40) * 1000.0) * 4 / (1024 * 1024);
+    const double surfaces = (500000.0 + WIDTH * HEIGHT + (WIDTH - 40) * 1000.0) * 4 / (1024 * 1024);
     std::printf("%-46s %7.1f\n", "service, one document, without surfaces",
                 privateMiB(service.pid()) - surfaces);
     std::printf("%-46s %7.1f\n", "engine with a small document", privateMiB(service.engines().front()));
     std::printf("%-46s %7.1f\n", "spare engine", privateMiB(service.engines().back()));
-    TestDocument second(service.bus(), service.queue(), file, width, height);
+    TestDocument second(service.bus(), service.queue(), file, WIDTH, HEIGHT);
     second.paint();
     std::printf("%-46s %7.1f\n", "second engine with a small document", privateMiB(service.engines()[1]));
 }

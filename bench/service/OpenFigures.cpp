@@ -9,16 +9,16 @@
 
 namespace {
 
-constexpr int width = 480;
-constexpr int height = 800;
+constexpr int WIDTH = 480;
+constexpr int HEIGHT = 800;
 
 using Command = std::vector<std::string>;
 
 Command bareText(const std::string& file) {
-    return {BARE_PROGRAM, file, std::to_string(width), std::to_string(height), "72"};
+    return {BARE_PROGRAM, file, std::to_string(WIDTH), std::to_string(HEIGHT), "72"};
 }
 Command bareOther(const std::string& file) {
-    return {BARE_OPEN_PROGRAM, file, std::to_string(width), std::to_string(height)};
+    return {BARE_OPEN_PROGRAM, file, std::to_string(WIDTH), std::to_string(HEIGHT)};
 }
 
 double bareProgram(const Command& command, const TemporaryFolder& folder) {
@@ -32,7 +32,7 @@ double bareProgram(const Command& command, const TemporaryFolder& folder) {
 
 double firstScreen(RunningService& service, const std::string& file) {
     const double start = now();
-    TestDocument document(service.bus(), service.queue(), file, width, height);
+    TestDocument document(service.bus(), service.queue(), file, WIDTH, HEIGHT);
     if (document.openResult() != 0 || document.paint() != 0) {
         throw std::runtime_error("cannot open " + file);
     }
@@ -58,7 +58,7 @@ void figuresOf(const char* label, const std::string& file, int rounds,
 
 void openFigures(int rounds) {
     TemporaryFolder folder;
-    std::printf("Open to first screen, %dx%d, medians of %d rounds, ms\n", width, height, rounds);
+    std::printf("Open to first screen, %dx%d, medians of %d rounds, ms\n", WIDTH, HEIGHT, rounds);
     std::printf("%-22s %9s %9s %9s %11s %11s\n", "", "bare", "cold", "spare", "cold/bare", "spare/bare");
     const std::string samples = std::string(SAMPLES_FOLDER) + "/";
     figuresOf("text, 3 pages", samples + "tour.docx", rounds, bareText);

@@ -10,11 +10,11 @@
 
 namespace {
 
-constexpr int width = 320;
-constexpr int height = 480;
-constexpr int stretch = 1562; // rows that the view keeps painted at this width
-constexpr int pages = 200;
-constexpr char word[] = "zebra";
+constexpr int WIDTH = 320;
+constexpr int HEIGHT = 480;
+constexpr int STRETCH = 1562; // rows that the view keeps painted at this width
+constexpr int PAGES = 200;
+constexpr char WORD[] = "zebra";
 
 struct Bare {
     double find = 0;
@@ -23,7 +23,7 @@ struct Bare {
 };
 
 Bare bareProgram(const std::string& file, const TemporaryFolder& folder) {
-    Subprocess program({BARE_FIND_PROGRAM, file, std::to_string(width), std::to_string(stretch), "72", word},
+    Subprocess program({BARE_FIND_PROGRAM, file, std::to_string(WIDTH), std::to_string(STRETCH), "72", WORD},
                        {}, folder.path() + "/bare");
     Bare bare;
     if (program.wait(std::chrono::seconds(120)) != std::optional<int>(0) ||
@@ -56,8 +56,8 @@ Timed timed(RunningService& service, TestDocument& document, const char* method,
 // The times of steps that moved the stretch, of so many steps.
 void stepsOf(RunningService& service, TestDocument& document, const char* method,
              std::vector<double>& moved) {
-    constexpr int count = 150;
-    for (int i = 0; i < count; ++i) {
+    constexpr int COUNT = 150;
+    for (int i = 0; i < COUNT; ++i) {
         const int before = document.stretchCharacter();
         const double whole = timed(service, document, method).whole;
         if (document.stretchCharacter() != before) {
@@ -72,7 +72,7 @@ void printRow(const char* label, double ours, double bare) {
 
 void figuresOf(int hits, int rounds) {
     TemporaryFolder folder;
-    const std::string file = longDocument(folder, pages, word, hits);
+    const std::string file = longDocument(folder, PAGES, WORD, hits);
     std::vector<double> finds, paints, searches, steps, again;
     for (int round = 0; round < rounds; ++round) {
         const Bare bare = bareProgram(file, folder);
@@ -82,20 +82,20 @@ void figuresOf(int hits, int rounds) {
         finds.push_back(bare.find);
         paints.push_back(bare.paint);
         RunningService service;
-        TestDocument document(service.bus(), service.queue(), file, width, height);
+        TestDocument document(service.bus(), service.queue(), file, WIDTH, HEIGHT);
         if (document.openResult() != 0 || document.paint() != 0) {
             throw std::runtime_error("cannot open " + file);
         }
         searches.push_back(
-            timed(service, document, "Search", std::string(",\"search\":\"") + word + "\"").call);
+            timed(service, document, "Search", std::string(",\"search\":\"") + WORD + "\"").call);
         stepsOf(service, document, "nextResult", steps);
         // Back over the same ground: where its hits lie is known now.
         stepsOf(service, document, "previousResult", again);
         stepsOf(service, document, "nextResult", again);
     }
     const double paint = median(paints);
-    std::printf("\nSearch in %d pages with %d hits, %dx%d, medians of %d rounds, ms\n", pages, hits, width,
-                height, rounds);
+    std::printf("\nSearch in %d pages with %d hits, %dx%d, medians of %d rounds, ms\n", PAGES, hits, WIDTH,
+                HEIGHT, rounds);
     std::printf("%-46s %9s %9s %9s\n", "", "ours", "suite", "ratio");
     printRow("search, call to reply; the suite's findAll", median(searches), median(finds));
     printRow("step to another stretch; the suite's paint", median(steps), paint);

@@ -27,9 +27,9 @@ using css::uno::UNO_QUERY_THROW;
 
 namespace {
 
-constexpr sal_Int32 giantPage = 100'000'000; // 1/100 mm
-constexpr sal_Int32 margin = 150;            // 1/100 mm
-constexpr int pageCorner = 284;              // twips
+constexpr sal_Int32 GIANT_PAGE = 100'000'000; // 1/100 mm
+constexpr sal_Int32 MARGIN = 150;             // 1/100 mm
+constexpr int PAGE_CORNER = 284;              // twips
 
 Reference<css::uno::XComponentContext> componentContext() {
     using Getter = Reference<css::uno::XComponentContext> (*)();
@@ -87,11 +87,11 @@ void Document::reflow(int width, int dpi) {
             set(page, off, Any(false));
         set(page, "GridMode", Any(sal_Int16(0)));
         for (const char* side : {"LeftMargin", "RightMargin"})
-            set(page, side, Any(margin));
+            set(page, side, Any(MARGIN));
         for (const char* side : {"TopMargin", "BottomMargin"})
             set(page, side, Any(sal_Int32(0)));
         set(page, "Width", Any(static_cast<sal_Int32>(int64_t{width} * 2540 / dpi)));
-        set(page, "Height", Any(giantPage));
+        set(page, "Height", Any(GIANT_PAGE));
     }
     mModel->unlockControllers();
 }
@@ -99,7 +99,7 @@ void Document::reflow(int width, int dpi) {
 void Document::paint(int top, int width, int height, int dpi) {
     mPixels.resize(static_cast<size_t>(width) * static_cast<size_t>(height) * 4);
     const auto twips = [dpi](int pixels) { return static_cast<int>(int64_t{pixels} * 1440 / dpi); };
-    mPainter->paintTile(mPixels.data(), width, height, pageCorner, pageCorner + twips(top), twips(width),
+    mPainter->paintTile(mPixels.data(), width, height, PAGE_CORNER, PAGE_CORNER + twips(top), twips(width),
                         twips(height));
 }
 

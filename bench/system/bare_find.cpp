@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int places = 21;
+constexpr int PLACES = 21;
 
 int measure(char** argv, const std::string& profile) {
     const int width = std::atoi(argv[2]);  // NOLINT(cert-err34-c)
@@ -36,14 +36,14 @@ int measure(char** argv, const std::string& profile) {
     const int hits = found.is() ? found->getCount() : 0;
 
     std::vector<double> paints;
-    for (int i = 0; i < places; ++i) {
+    for (int i = 0; i < PLACES; ++i) {
         const double before = bare::milliseconds();
         // Each a stretch that was not painted before.
-        document->paint((i * 7 % places) * 10 * height, width, height, dpi);
+        document->paint((i * 7 % PLACES) * 10 * height, width, height, dpi);
         paints.push_back(bare::milliseconds() - before);
     }
     std::sort(paints.begin(), paints.end());
-    std::printf("find %.2f hits %d paint %.2f\n", searched - start, hits, paints[places / 2]);
+    std::printf("find %.2f hits %d paint %.2f\n", searched - start, hits, paints[PLACES / 2]);
     return 0;
 }
 

@@ -12,8 +12,8 @@
 
 namespace {
 
-constexpr int sheetDpi = 144;
-constexpr int twipsPerInch = 1440;
+constexpr int SHEET_DPI = 144;
+constexpr int TWIPS_PER_INCH = 1440;
 
 int measure(char** argv, const std::string& profile) {
     const int width = std::atoi(argv[2]);  // NOLINT(cert-err34-c)
@@ -32,8 +32,8 @@ int measure(char** argv, const std::string& profile) {
         const auto rows = static_cast<int>(slideHeight * width / std::max(slideWidth, 1L));
         document->paintTwips(width, rows, static_cast<int>(slideWidth), static_cast<int>(slideHeight));
     } else {
-        document->paintTwips(width, height, width * twipsPerInch / sheetDpi,
-                             height * twipsPerInch / sheetDpi);
+        document->paintTwips(width, height, width * TWIPS_PER_INCH / SHEET_DPI,
+                             height * TWIPS_PER_INCH / SHEET_DPI);
     }
     std::printf("start %.1f load %.1f paint %.1f\n", document->startTime(), document->loadTime(),
                 bare::milliseconds() - loaded);

@@ -36,8 +36,8 @@ using css::uno::Reference;
 using css::uno::UNO_QUERY_THROW;
 using rtl::OUString;
 
-constexpr int side = 1500;
-constexpr int twips = 15000; // of a side at 144 dpi
+constexpr int SIDE = 1500;
+constexpr int TWIPS = 15000; // of a side at 144 dpi
 
 double milliseconds() {
     const auto now = std::chrono::steady_clock::now().time_since_epoch();
@@ -99,10 +99,10 @@ void measure(lok::Office& office, const char* path, const char* word) {
     const std::string url = std::string("file://") + path;
     const std::unique_ptr<lok::Document> document(office.documentLoad(url.c_str(), "Batch=true"));
     document->initializeForRendering("{}");
-    std::vector<unsigned char> pixels(size_t{side} * side * 4);
+    std::vector<unsigned char> pixels(size_t{SIDE} * SIDE * 4);
     std::vector<unsigned char> copy(pixels.size());
     const double paint = best(
-        30, [&](int i) { document->paintTile(pixels.data(), side, side, 0, i % 10 * 3000, twips, twips); });
+        30, [&](int i) { document->paintTile(pixels.data(), SIDE, SIDE, 0, i % 10 * 3000, TWIPS, TWIPS); });
     const double copies = best(30, [&](int) {
         std::memcpy(copy.data(), pixels.data(), pixels.size());
         std::memcpy(pixels.data(), copy.data(), pixels.size());

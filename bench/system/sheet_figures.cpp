@@ -18,9 +18,9 @@
 
 namespace {
 
-constexpr int side = 1500;
-constexpr int dpi = 144;
-constexpr int step = 300; // document pixels between two renderings
+constexpr int SIDE = 1500;
+constexpr int DPI = 144;
+constexpr int STEP = 300; // document pixels between two renderings
 
 double milliseconds() {
     const auto now = std::chrono::steady_clock::now().time_since_epoch();
@@ -98,17 +98,17 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "sheet_figures: the file does not open: %d\n", result);
         return 1;
     }
-    std::vector<uint32_t> cells(size_t{side} * side);
-    stg.stg_set_dpi(doc, dpi);
+    std::vector<uint32_t> cells(size_t{SIDE} * SIDE);
+    stg.stg_set_dpi(doc, DPI);
     int32_t left = 0, top = 0, width = 0, height = 0;
     stg.stg_cell_bounds(doc, 0, -1, -1, &left, &top, &width, &height);
-    std::vector<uint32_t> rows(static_cast<size_t>(width) * side);
-    std::vector<uint32_t> columns(static_cast<size_t>(height) * side);
-    stg.stg_set_offscreen_buffer(doc, 0, cells.data(), side, side);
-    stg.stg_set_row_offscreen_buffer(doc, 0, rows.data(), width, side);
-    stg.stg_set_column_offscreen_buffer(doc, 0, columns.data(), side, height);
+    std::vector<uint32_t> rows(static_cast<size_t>(width) * SIDE);
+    std::vector<uint32_t> columns(static_cast<size_t>(height) * SIDE);
+    stg.stg_set_offscreen_buffer(doc, 0, cells.data(), SIDE, SIDE);
+    stg.stg_set_row_offscreen_buffer(doc, 0, rows.data(), width, SIDE);
+    stg.stg_set_column_offscreen_buffer(doc, 0, columns.data(), SIDE, height);
 
-    const double render = best(30, [&](int i) { return stg.stg_render_sheet(doc, 0, 0, i % 10 * step); });
+    const double render = best(30, [&](int i) { return stg.stg_render_sheet(doc, 0, 0, i % 10 * STEP); });
     const double find = best(5, [&](int) { return stg.stg_find(doc, units(word), 0, 0, 0, 1 << 30); });
     const double sort = best(5, [&](int i) { return stg.stg_sort_ascending(doc, 0, (i % 2) * 2); });
     stg.stg_close_file(&doc);

@@ -11,8 +11,8 @@ namespace {
 
 // The bus's own words for it say nothing of what there is.
 Error explained(Error error, const CallArguments& arguments) {
-    constexpr char prefix[] = "org.freedesktop.DBus.Error.Unknown"; // -Object, -Interface, -Method
-    if (error.name.rfind(prefix, 0) == 0) {
+    constexpr char PREFIX[] = "org.freedesktop.DBus.Error.Unknown"; // -Object, -Interface, -Method
+    if (error.name.rfind(PREFIX, 0) == 0) {
         error.text = "the service has no method '" + arguments.method + "' in '" + arguments.category +
                      "'; its categories are /common, /events, /word, /excel and /ppt";
     }
@@ -21,10 +21,10 @@ Error explained(Error error, const CallArguments& arguments) {
 
 Result<std::optional<std::string>> call(const Bus& bus, const CallArguments& arguments,
                                         const std::stop_token& stop) {
-    constexpr std::chrono::minutes longestOpen{10};
+    constexpr std::chrono::minutes LONGEST_OPEN{10};
     const Progress progress("waiting for the answer to " + arguments.method);
     return callService(bus, arguments.category.c_str(), arguments.method.c_str(), arguments.payload,
-                       {longestOpen, stop});
+                       {LONGEST_OPEN, stop});
 }
 
 } // namespace
@@ -38,14 +38,14 @@ int runCall(const CallArguments& arguments, Interrupt& interrupt) {
     }
     interrupt.watch();
     const Result<std::optional<std::string>> reply = call(service->bus(), arguments, interrupt.token());
-    if (!reply && reply.error().kind != Error::Kind::refused) {
+    if (!reply && reply.error().kind != Error::Kind::Refused) {
         return report(explained(reply.error(), arguments));
     }
     const std::optional<std::string> text = reply ? *reply : reply.error().reply;
     if (const Failure failure = text ? print(*text + "\n") : Failure()) {
         return report(*failure);
     }
-    return reply ? statusDone : report(reply.error());
+    return reply ? STATUS_DONE : report(reply.error());
 }
 
 } // namespace lectern

@@ -6,10 +6,10 @@
 namespace lectern {
 
 int report(const Error& error) {
-    if (error.kind != Error::Kind::cancelled) {
+    if (error.kind != Error::Kind::Cancelled) {
         std::fprintf(stderr, "lectern: %s\n", error.text.c_str());
     }
-    return error.kind == Error::Kind::argument ? statusMisuse : statusFailed;
+    return error.kind == Error::Kind::Argument ? STATUS_MISUSE : STATUS_FAILED;
 }
 
 } // namespace lectern

@@ -8,9 +8,9 @@
 
 namespace lectern {
 
-inline constexpr int statusDone = 0;
-inline constexpr int statusFailed = 1;
-inline constexpr int statusMisuse = 2;
+inline constexpr int STATUS_DONE = 0;
+inline constexpr int STATUS_FAILED = 1;
+inline constexpr int STATUS_MISUSE = 2;
 
 int runOpen(const OpenArguments& arguments, Interrupt& interrupt);
 int runInfo(const PrintArguments& arguments, Interrupt& interrupt);

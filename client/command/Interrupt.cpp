@@ -12,12 +12,12 @@ namespace lectern {
 namespace {
 
 // Sent to the watching thread alone, to end it.
-constexpr int endOfWatch = SIGUSR1;
+constexpr int END_OF_WATCH = SIGUSR1;
 
 sigset_t watched() {
     sigset_t signals;
     sigemptyset(&signals);
-    for (const int number : {SIGINT, SIGTERM, SIGHUP, endOfWatch}) {
+    for (const int number : {SIGINT, SIGTERM, SIGHUP, END_OF_WATCH}) {
         sigaddset(&signals, number);
     }
     return signals;
@@ -34,7 +34,7 @@ void Interrupt::watch() {
     mThread = std::jthread([this] {
         const sigset_t signals = watched();
         int number = 0;
-        while (sigwait(&signals, &number) == 0 && number != endOfWatch) {
+        while (sigwait(&signals, &number) == 0 && number != END_OF_WATCH) {
             if (mSignal != 0) {
                 dieOfSignal(number);
             }
@@ -46,7 +46,7 @@ void Interrupt::watch() {
 
 Interrupt::~Interrupt() {
     if (mThread.joinable()) {
-        pthread_kill(mThread.native_handle(), endOfWatch);
+        pthread_kill(mThread.native_handle(), END_OF_WATCH);
         mThread.join();
     }
 }

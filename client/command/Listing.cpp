@@ -31,11 +31,11 @@ std::string changed(const std::string& text, Change change) {
 
 const char* kindName(DocumentKind kind) {
     switch (kind) {
-    case DocumentKind::spreadsheet:
+    case DocumentKind::Spreadsheet:
         return "spreadsheet";
-    case DocumentKind::wordProcessing:
+    case DocumentKind::WordProcessing:
         return "word-processing document";
-    case DocumentKind::presentation:
+    case DocumentKind::Presentation:
         return "presentation";
     default:
         return "";
@@ -43,9 +43,9 @@ const char* kindName(DocumentKind kind) {
 }
 
 std::string propertyLine(const std::string& label, const std::string& value) {
-    constexpr size_t labelWidth = 13;
+    constexpr size_t LABEL_WIDTH = 13;
     const std::string text = onOneLine(value);
-    return text.empty() ? "" : label + ":" + std::string(labelWidth - label.size() - 1, ' ') + text + "\n";
+    return text.empty() ? "" : label + ":" + std::string(LABEL_WIDTH - label.size() - 1, ' ') + text + "\n";
 }
 
 // The service gives the start of its time for a date that the document has not,
@@ -84,9 +84,9 @@ std::string propertyListing(DocumentKind kind, const std::string& reply) {
     if (!properties) {
         return lines;
     }
-    constexpr std::pair<const char*, const char*> labels[] = {
+    constexpr std::pair<const char*, const char*> LABELS[] = {
         {"Name", "name"}, {"Author", "author"}, {"Description", "description"}};
-    for (const auto& [label, key] : labels) {
+    for (const auto& [label, key] : LABELS) {
         lines += propertyLine(label, properties->string(key).value_or(""));
     }
     lines += propertyLine("Created", knownDate(properties->string("createdate").value_or("")));

@@ -11,16 +11,16 @@ namespace lectern {
 namespace {
 
 Error misuse(std::string text) {
-    return {Error::Kind::argument, std::move(text), 0, {}};
+    return {Error::Kind::Argument, std::move(text), 0, {}};
 }
 
 const char* plural(DocumentKind kind) {
     switch (kind) {
-    case DocumentKind::spreadsheet:
+    case DocumentKind::Spreadsheet:
         return "spreadsheets";
-    case DocumentKind::wordProcessing:
+    case DocumentKind::WordProcessing:
         return "word-processing documents";
-    case DocumentKind::presentation:
+    case DocumentKind::Presentation:
         return "presentations";
     default:
         return "documents of another kind";

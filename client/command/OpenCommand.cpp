@@ -16,17 +16,17 @@ namespace lectern {
 namespace {
 
 Failure widen(Document& document) {
-    const Failure failure = requireKind(document, DocumentKind::wordProcessing, "--wide");
+    const Failure failure = requireKind(document, DocumentKind::WordProcessing, "--wide");
     return failure ? failure : document.wideMode(true);
 }
 
 Failure turnTo(Document& document, const OpenArguments& arguments, const CallLimits& limits) {
     if (arguments.sheet) {
-        const Failure failure = requireKind(document, DocumentKind::spreadsheet, "--sheet");
+        const Failure failure = requireKind(document, DocumentKind::Spreadsheet, "--sheet");
         return failure ? failure : goToSheet(document, *arguments.sheet, limits);
     }
     if (arguments.slide) {
-        const Failure failure = requireKind(document, DocumentKind::presentation, "--slide");
+        const Failure failure = requireKind(document, DocumentKind::Presentation, "--slide");
         return failure ? failure : goToSlide(document, *arguments.slide, limits);
     }
     return std::nullopt;
@@ -39,8 +39,8 @@ Failure zoom(Document& document, double factor, const CallLimits& limits) {
         return failure;
     }
     const double reached = document.state().scale / before;
-    constexpr double closeEnough = 0.005;
-    if (std::abs(reached - factor) > closeEnough * factor) {
+    constexpr double CLOSE_ENOUGH = 0.005;
+    if (std::abs(reached - factor) > CLOSE_ENOUGH * factor) {
         std::fprintf(stderr, "lectern: zoomed by %.3g, which is as far as this view goes\n", reached);
     }
     return std::nullopt;
@@ -71,7 +71,7 @@ Failure search(Document& document, const std::string& text, int hit, const CallL
         return hits.error();
     }
     // Presentations show their hits and never count them.
-    const bool counted = document.kind() != DocumentKind::presentation;
+    const bool counted = document.kind() != DocumentKind::Presentation;
     if (counted && *hits < hit) {
         const std::string often = *hits == 0   ? "not found"
                                   : *hits == 1 ? "found once"

@@ -31,7 +31,7 @@ int withDocument(const std::string& path, OpenOptions options, Interrupt& interr
         return report(document.error());
     }
     const Failure failure = work(**document, {.stop = options.stop});
-    return failure ? report(*failure) : statusDone;
+    return failure ? report(*failure) : STATUS_DONE;
 }
 
 } // namespace lectern

@@ -13,9 +13,9 @@ namespace lectern {
 
 namespace {
 
-constexpr std::chrono::milliseconds quick{500};
-constexpr std::chrono::milliseconds quickUnseen{5'000}; // where nobody watches
-constexpr std::chrono::milliseconds second{1'000};
+constexpr std::chrono::milliseconds QUICK{500};
+constexpr std::chrono::milliseconds QUICK_UNSEEN{5'000}; // where nobody watches
+constexpr std::chrono::milliseconds SECOND{1'000};
 
 } // namespace
 
@@ -31,18 +31,18 @@ Progress::Progress(std::string activity)
 Progress::~Progress() = default;
 
 void Progress::count(const std::stop_token& stop) {
-    if (!pauseFor(quick, stop)) {
+    if (!pauseFor(QUICK, stop)) {
         return;
     }
     int seconds = 0;
     do {
         std::fprintf(stderr, "\rlectern: %s ... %d s", mActivity.c_str(), seconds++);
-    } while (pauseFor(second, stop));
+    } while (pauseFor(SECOND, stop));
     std::fputs("\r\033[K", stderr);
 }
 
 void Progress::tellOnce(const std::stop_token& stop) {
-    if (pauseFor(quickUnseen, stop)) {
+    if (pauseFor(QUICK_UNSEEN, stop)) {
         std::fprintf(stderr, "lectern: %s ...\n", mActivity.c_str());
     }
 }

@@ -12,12 +12,12 @@ namespace {
 // "12 hits for 'boat'".
 std::string hitsText(DocumentKind kind, int hits, const SearchArguments& arguments) {
     const std::string text = "'" + onOneLine(arguments.text) + "'";
-    if (kind == DocumentKind::presentation) {
+    if (kind == DocumentKind::Presentation) {
         return "hits for " + text + " in a presentation are shown and not counted; see them with: " +
                "lectern open FILE -o OUT.png --search TEXT\n";
     }
     const std::string count = hits == 0 ? "no hit" : hits == 1 ? "1 hit" : std::to_string(hits) + " hits";
-    const bool ofSheet = kind == DocumentKind::spreadsheet;
+    const bool ofSheet = kind == DocumentKind::Spreadsheet;
     return count + " for " + text +
            (ofSheet ? " in sheet " + std::to_string(arguments.sheet.value_or(1)) : "") + "\n";
 }
@@ -26,7 +26,7 @@ Failure goToWhereToLook(Document& document, const SearchArguments& arguments, co
     if (!arguments.sheet) {
         return std::nullopt;
     }
-    const Failure failure = requireKind(document, DocumentKind::spreadsheet, "--sheet");
+    const Failure failure = requireKind(document, DocumentKind::Spreadsheet, "--sheet");
     return failure ? failure : goToSheet(document, *arguments.sheet, limits);
 }
 

@@ -21,16 +21,16 @@ void explain(const std::string& address) {
                  "  lectern open FILE -o OUT.png\n"
                  "  busctl --user call %s /common %s.common getDocProperties s '{\"docid\": 0}'\n"
                  "It stops when it is idle, and starts again at the next call. Ctrl-C ends it all.\n",
-                 address.c_str(), serviceName, serviceName);
+                 address.c_str(), SERVICE_NAME, SERVICE_NAME);
 }
 
 Failure waitForEnd(const Bus& bus, const std::stop_token& stop) {
-    constexpr std::chrono::milliseconds betweenChecks{1'000};
+    constexpr std::chrono::milliseconds BETWEEN_CHECKS{1'000};
     do {
         if (bus.isClosed()) {
-            return Error{Error::Kind::bus, "the private bus has ended", 0, {}};
+            return Error{Error::Kind::Bus, "the private bus has ended", 0, {}};
         }
-    } while (pauseFor(betweenChecks, stop));
+    } while (pauseFor(BETWEEN_CHECKS, stop));
     return std::nullopt;
 }
 
@@ -40,7 +40,7 @@ Failure waitForEnd(const Bus& bus, const std::stop_token& stop) {
 // other processes, which share memory with the service.
 int runServe(const ServeArguments& /*none*/, Interrupt& interrupt) {
     interrupt.watch();
-    const Result<PrivateBus> privateBus = PrivateBus::start(Complaints::shown);
+    const Result<PrivateBus> privateBus = PrivateBus::start(Complaints::Shown);
     if (!privateBus) {
         return report(privateBus.error());
     }
@@ -55,7 +55,7 @@ int runServe(const ServeArguments& /*none*/, Interrupt& interrupt) {
     }
     explain(privateBus->address());
     const Failure failure = waitForEnd(*bus, interrupt.token());
-    return failure ? report(*failure) : statusDone;
+    return failure ? report(*failure) : STATUS_DONE;
 }
 
 } // namespace lectern

@@ -14,14 +14,14 @@ namespace {
 // until a signal comes is no interruption: its status says so.
 template<auto run, typename Arguments>
 int perform(const Arguments& arguments) {
-    int status = statusDone;
+    int status = STATUS_DONE;
     int signal = 0;
     {
         Interrupt interrupt;
         status = run(arguments, interrupt);
         signal = interrupt.signal();
     }
-    if (signal != 0 && status != statusDone) {
+    if (signal != 0 && status != STATUS_DONE) {
         dieOfSignal(signal);
     }
     return status;
@@ -32,16 +32,16 @@ int parseAndRun(const Words& words) {
     const auto parsed = parse(words);
     if (const auto* help = std::get_if<Help>(&parsed)) {
         std::fputs(help->text.c_str(), stdout);
-        return statusDone;
+        return STATUS_DONE;
     }
     if (const auto* misuse = std::get_if<Misuse>(&parsed)) {
         std::fprintf(stderr, "lectern: %s\nTry the option --help.\n", misuse->text.c_str());
-        return statusMisuse;
+        return STATUS_MISUSE;
     }
     return perform<run>(std::get<0>(parsed));
 }
 
-constexpr Subcommand all[] = {
+constexpr Subcommand ALL[] = {
     {"open", "FILE -o OUT.png", "Write a document's view into a picture", parseAndRun<parseOpen, runOpen>},
     {"info", "FILE", "Print a document's properties", parseAndRun<parseInfo, runInfo>},
     {"sheets", "FILE", "Print the sheets of a spreadsheet", parseAndRun<parseSheets, runSheets>},
@@ -56,20 +56,20 @@ constexpr Subcommand all[] = {
 } // namespace
 
 std::span<const Subcommand> subcommands() {
-    return all;
+    return ALL;
 }
 
 std::string generalHelp() {
-    constexpr size_t width = 30;
+    constexpr size_t WIDTH = 30;
     std::string text = "Usage:\n"
                        "  lectern COMMAND [OPTION…] …\n"
                        "\n"
                        "Shows word-processing documents, spreadsheets and presentations.\n"
                        "\n"
                        "Commands:\n";
-    for (const Subcommand& subcommand : all) {
+    for (const Subcommand& subcommand : ALL) {
         std::string line = std::string("  ") + subcommand.name + " " + subcommand.operands;
-        line.resize(width, ' ');
+        line.resize(WIDTH, ' ');
         text += line + subcommand.summary + "\n";
     }
     return text + "\n"
@@ -81,12 +81,12 @@ std::string generalHelp() {
 }
 
 int runSubcommand(std::string_view name, const Words& words) {
-    const auto* found = std::find_if(std::begin(all), std::end(all),
+    const auto* found = std::find_if(std::begin(ALL), std::end(ALL),
                                      [name](const Subcommand& known) { return name == known.name; });
-    if (found == std::end(all)) {
+    if (found == std::end(ALL)) {
         std::fprintf(stderr, "lectern: '%.*s' is no command\nTry lectern --help.\n",
                      static_cast<int>(name.size()), name.data());
-        return statusMisuse;
+        return STATUS_MISUSE;
     }
     return found->run(words);
 }

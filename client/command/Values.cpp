@@ -38,7 +38,7 @@ std::optional<std::pair<int, int>> parsePair(std::string_view word, char separat
 } // namespace
 
 std::optional<std::pair<int, int>> parseSize(std::string_view word) {
-    return parsePair(word, 'x', 1, FrameBuffer::maxSide);
+    return parsePair(word, 'x', 1, FrameBuffer::MAX_SIDE);
 }
 
 std::optional<std::pair<int, int>> parsePosition(std::string_view word) {

@@ -8,7 +8,7 @@
 
 namespace lectern {
 
-// "480x800": two sides of 1 to FrameBuffer::maxSide pixels.
+// "480x800": two sides of 1 to FrameBuffer::MAX_SIDE pixels.
 std::optional<std::pair<int, int>> parseSize(std::string_view word);
 // "0,1200": two numbers of at least 0.
 std::optional<std::pair<int, int>> parsePosition(std::string_view word);

@@ -9,16 +9,16 @@
 int main(int argc, char** argv) {
     if (argc < 2) {
         std::fputs(lectern::generalHelp().c_str(), stderr);
-        return lectern::statusMisuse;
+        return lectern::STATUS_MISUSE;
     }
     const std::string_view name = argv[1];
     if (name == "--help" || name == "-h" || name == "help") {
         std::fputs(lectern::generalHelp().c_str(), stdout);
-        return lectern::statusDone;
+        return lectern::STATUS_DONE;
     }
     if (name == "--version") {
         std::puts("lectern " LECTERN_VERSION);
-        return lectern::statusDone;
+        return lectern::STATUS_DONE;
     }
     return lectern::runSubcommand(name, lectern::Words(argv + 2, argv + argc));
 }

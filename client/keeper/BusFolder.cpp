@@ -45,7 +45,7 @@ std::string busConfiguration(const std::string& folder) {
 }
 
 std::string activation(const std::string& folder) {
-    return std::string("[D-BUS Service]\nName=") + serviceName + "\nExec=" + folder + "/service\n";
+    return std::string("[D-BUS Service]\nName=") + SERVICE_NAME + "\nExec=" + folder + "/service\n";
 }
 
 } // namespace
@@ -65,7 +65,7 @@ BusFolder::BusFolder(const std::string& service) {
     std::filesystem::create_directory(mPath + "/services", failure);
     std::filesystem::create_symlink(program, mPath + "/service", failure);
     mComplete = !failure && writeFile(configuration(), busConfiguration(mPath)) &&
-                writeFile(mPath + "/services/" + serviceName + ".service", activation(mPath));
+                writeFile(mPath + "/services/" + SERVICE_NAME + ".service", activation(mPath));
 }
 
 BusFolder::~BusFolder() {

@@ -20,7 +20,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 // Signals get lost on nobody, but a process may be reparented without one.
-constexpr std::chrono::milliseconds lookAgain{50};
+constexpr std::chrono::milliseconds LOOK_AGAIN{50};
 
 // The parent in a line of /proc/PID/stat: "PID (name) state parent ...", where
 // the name may hold spaces and parentheses.
@@ -82,7 +82,7 @@ void endDescendants(std::chrono::milliseconds patience) {
                 kill(child, SIGTERM);
             }
         }
-        waitForChange(lookAgain);
+        waitForChange(LOOK_AGAIN);
     }
 }
 

@@ -30,7 +30,7 @@ namespace {
 using lectern::FileDescriptor;
 
 // Longer than the service takes to stop during a module call.
-constexpr std::chrono::milliseconds patience{3'000};
+constexpr std::chrono::milliseconds PATIENCE{3'000};
 
 FileDescriptor blockSignals() {
     sigset_t handled;
@@ -131,7 +131,7 @@ int keepBus(const char* service) {
     if (status == 0) {
         waitForEnd(signals.get());
     }
-    lectern::endDescendants(patience);
+    lectern::endDescendants(PATIENCE);
     return status;
 }
 

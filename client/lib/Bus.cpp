@@ -11,7 +11,7 @@ namespace lectern {
 namespace {
 
 using Clock = std::chrono::steady_clock;
-constexpr unsigned int betweenProgressMs = 250;
+constexpr unsigned int BETWEEN_PROGRESS_MS = 250;
 
 // A GCancellable that follows a stop token for the length of a call.
 class Cancellation {
@@ -51,7 +51,7 @@ public:
 
     // Null with an error.
     GLibHolder<GDBusMessage> wait(GDBusConnection* connection, GError** failure) {
-        const GLibHolder<GSource> ticks(g_timeout_source_new(betweenProgressMs));
+        const GLibHolder<GSource> ticks(g_timeout_source_new(BETWEEN_PROGRESS_MS));
         if (mLimits.onProgress) {
             g_source_set_callback(ticks.get(), &PendingCall::tick, this, nullptr);
             g_source_attach(ticks.get(), mContext.get());
@@ -82,7 +82,7 @@ private:
 };
 
 bool isGivenUp(const Error& error) {
-    return error.kind == Error::Kind::cancelled || error.kind == Error::Kind::timedOut;
+    return error.kind == Error::Kind::Cancelled || error.kind == Error::Kind::TimedOut;
 }
 
 } // namespace
@@ -116,7 +116,7 @@ Result<std::string> Bus::call(const char* category, const char* method, const st
 
 Result<Reply> Bus::request(const char* category, const char* method, const std::string& payload,
                            const CallLimits& limits, LateHandler late) const {
-    const auto message = makeCall(category, method, payload, serviceName);
+    const auto message = makeCall(category, method, payload, SERVICE_NAME);
     if (!message) {
         return notBusText();
     }
@@ -195,7 +195,7 @@ bool Bus::offersService() const {
     g_variant_iter_init(&iterator, list.get());
     const char* name = nullptr;
     while (g_variant_iter_next(&iterator, "&s", &name) != FALSE) {
-        if (g_str_equal(name, serviceName) != FALSE) {
+        if (g_str_equal(name, SERVICE_NAME) != FALSE) {
             return true;
         }
     }

@@ -8,7 +8,7 @@ namespace lectern {
 
 namespace {
 
-constexpr int daemonTimeoutMs = 5'000;
+constexpr int DAEMON_TIMEOUT_MS = 5'000;
 
 bool isSpawnError(GQuark domain, int code) {
     return domain == G_DBUS_ERROR && code >= G_DBUS_ERROR_SPAWN_EXEC_FAILED &&
@@ -45,7 +45,7 @@ GLibHolder<GDBusMessage> makeCall(const char* category, const char* method, cons
     if (g_utf8_validate(payload.c_str(), static_cast<gssize>(payload.size()), nullptr) == FALSE) {
         return nullptr;
     }
-    const std::string interface = std::string(serviceName) + '.' + (category + 1);
+    const std::string interface = std::string(SERVICE_NAME) + '.' + (category + 1);
     GLibHolder<GDBusMessage> message(
         g_dbus_message_new_method_call(destination.c_str(), category, interface.c_str(), method));
     g_dbus_message_set_body(message.get(), g_variant_new("(s)", payload.c_str()));
@@ -53,7 +53,7 @@ GLibHolder<GDBusMessage> makeCall(const char* category, const char* method, cons
 }
 
 Error notBusText() {
-    return {Error::Kind::argument, "paths and texts must be valid UTF-8", 0, {}};
+    return {Error::Kind::Argument, "paths and texts must be valid UTF-8", 0, {}};
 }
 
 Result<Reply> readReply(GDBusMessage* reply, const char* method) {
@@ -64,7 +64,7 @@ Result<Reply> readReply(GDBusMessage* reply, const char* method) {
     }
     GVariant* body = g_dbus_message_get_body(reply);
     if (body == nullptr || g_variant_is_of_type(body, G_VARIANT_TYPE("(s)")) == FALSE) {
-        return Error{Error::Kind::bus, "the service's reply is no text; it may be of another version", 0, {}};
+        return Error{Error::Kind::Bus, "the service's reply is no text; it may be of another version", 0, {}};
     }
     const char* text = nullptr;
     g_variant_get(body, "(&s)", &text);
@@ -81,19 +81,19 @@ Result<Reply> readReply(GDBusMessage* reply, const char* method) {
 
 Error busError(GError* failure, const char* method) {
     if (g_error_matches(failure, G_IO_ERROR, G_IO_ERROR_CANCELLED) != FALSE) {
-        return {Error::Kind::cancelled, "interrupted", 0, {}};
+        return {Error::Kind::Cancelled, "interrupted", 0, {}};
     }
     if (g_error_matches(failure, G_IO_ERROR, G_IO_ERROR_TIMED_OUT) != FALSE ||
         g_error_matches(failure, G_DBUS_ERROR, G_DBUS_ERROR_TIMEOUT) != FALSE) {
         return {
-            Error::Kind::timedOut, std::string("the service did not answer '") + method + "' in time", 0, {}};
+            Error::Kind::TimedOut, std::string("the service did not answer '") + method + "' in time", 0, {}};
     }
     std::string name;
     if (const GLibHolder<char> remote{g_dbus_error_get_remote_error(failure)}) {
         name = remote.get();
     }
     g_dbus_error_strip_remote_error(failure);
-    return {Error::Kind::bus, busErrorText(*failure, method), failure->code, std::move(name)};
+    return {Error::Kind::Bus, busErrorText(*failure, method), failure->code, std::move(name)};
 }
 
 GLibHolder<GVariant> askDaemon(GDBusConnection* connection, const char* method, GVariant* arguments,
@@ -101,7 +101,7 @@ GLibHolder<GVariant> askDaemon(GDBusConnection* connection, const char* method, 
     return GLibHolder<GVariant>(g_dbus_connection_call_sync(
         connection, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", method,
         arguments, replyType != nullptr ? G_VARIANT_TYPE(replyType) : nullptr, G_DBUS_CALL_FLAGS_NONE,
-        daemonTimeoutMs, nullptr, nullptr));
+        DAEMON_TIMEOUT_MS, nullptr, nullptr));
 }
 
 } // namespace lectern

@@ -14,12 +14,12 @@ namespace lectern {
 namespace {
 
 using Clock = std::chrono::steady_clock;
-constexpr std::chrono::microseconds betweenTries{500};
+constexpr std::chrono::microseconds BETWEEN_TRIES{500};
 
 } // namespace
 
 Failure ClientQueue::connect() {
-    const int failure = Open(openFlags, projectId);
+    const int failure = Open(OPEN_FLAGS, PROJECT_ID);
     if (failure != 0) {
         return systemError("cannot open the message queue", failure);
     }
@@ -28,20 +28,20 @@ Failure ClientQueue::connect() {
 
 Failure ClientQueue::post(const ClientServerMessage& message, std::chrono::milliseconds patience) const {
     const Clock::time_point deadline = Clock::now() + patience;
-    while (msgsnd(mQueueId, &message, ClientServerMessage::textSize, IPC_NOWAIT) != 0) {
+    while (msgsnd(mQueueId, &message, ClientServerMessage::TEXT_SIZE, IPC_NOWAIT) != 0) {
         if (errno != EAGAIN && errno != EINTR) {
             return systemError("the message queue is gone; open the document again", errno);
         }
         if (Clock::now() >= deadline) {
-            return Error{Error::Kind::timedOut, "the service does not read its messages", EAGAIN, {}};
+            return Error{Error::Kind::TimedOut, "the service does not read its messages", EAGAIN, {}};
         }
-        std::this_thread::sleep_for(betweenTries);
+        std::this_thread::sleep_for(BETWEEN_TRIES);
     }
     return std::nullopt;
 }
 
 bool ClientQueue::tryPost(const ServerClientMessage& message) const {
-    return msgsnd(mQueueId, &message, ServerClientMessage::textSize, IPC_NOWAIT) == 0;
+    return msgsnd(mQueueId, &message, ServerClientMessage::TEXT_SIZE, IPC_NOWAIT) == 0;
 }
 
 bool ClientQueue::settle(std::chrono::milliseconds patience) const {
@@ -51,7 +51,7 @@ bool ClientQueue::settle(std::chrono::milliseconds patience) const {
         if (Clock::now() >= deadline) {
             return false;
         }
-        std::this_thread::sleep_for(betweenTries);
+        std::this_thread::sleep_for(BETWEEN_TRIES);
     }
     return true;
 }

@@ -22,7 +22,7 @@ void plainly(const ViewEvents& events, const ViewRecord& /*record*/) {
     }
 }
 
-constexpr Decoding decodings[] = {
+constexpr Decoding DECODINGS[] = {
     {_INVALIDATED, plainly<&ViewEvents::onInvalidated>},
     {_HYPERLINK, plainly<&ViewEvents::onLinkTapped>},
     {_COMMENT_TAPPED, plainly<&ViewEvents::onCommentTapped>},
@@ -50,9 +50,9 @@ void tell(const ViewEvents& events, const ViewRecord& record) {
     if (events.onRecord) {
         events.onRecord(record);
     }
-    const auto* known = std::find_if(std::begin(decodings), std::end(decodings),
+    const auto* known = std::find_if(std::begin(DECODINGS), std::end(DECODINGS),
                                      [&](const Decoding& decoding) { return decoding.id == record.id; });
-    if (known != std::end(decodings)) {
+    if (known != std::end(DECODINGS)) {
         known->tell(events, record);
     }
 }

@@ -12,7 +12,7 @@ Result<std::unique_ptr<Document>> Document::open(const Bus& bus, const std::stri
     std::error_code unusable;
     const std::string absolute = std::filesystem::absolute(path, unusable);
     if (unusable) {
-        return Error{Error::Kind::argument, "'" + path + "' is not a path", 0, {}};
+        return Error{Error::Kind::Argument, "'" + path + "' is not a path", 0, {}};
     }
     Result<FrameBuffer> frame = FrameBuffer::create(options.width, options.height);
     if (!frame) {

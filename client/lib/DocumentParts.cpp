@@ -11,16 +11,16 @@ namespace lectern {
 namespace {
 
 // How long a full settle waits: as long as another document's paint may take.
-constexpr std::chrono::milliseconds settlePatience{2'000};
+constexpr std::chrono::milliseconds SETTLE_PATIENCE{2'000};
 // The same, once the queue is known to hold what others do not take.
-constexpr std::chrono::milliseconds crowdedPatience{20};
+constexpr std::chrono::milliseconds CROWDED_PATIENCE{20};
 // How long a pen up is waited for before what must follow it.
-constexpr std::chrono::milliseconds penPatience{200};
+constexpr std::chrono::milliseconds PEN_PATIENCE{200};
 // How long the end of a drag waits for a service that is busy.
-constexpr std::chrono::milliseconds restPatience{1'000};
+constexpr std::chrono::milliseconds REST_PATIENCE{1'000};
 // The slowest glide there is, and one that ends at the pixel where it began.
-constexpr int slowest = -1;
-constexpr std::chrono::milliseconds slowestGlide{3};
+constexpr int SLOWEST = -1;
+constexpr std::chrono::milliseconds SLOWEST_GLIDE{3};
 
 } // namespace
 
@@ -95,10 +95,10 @@ Failure Document::Parts::paint(const CallLimits& limits) {
 Failure Document::Parts::paintItself(bool afterInput, const std::stop_token& stop) {
     const std::shared_ptr<View> current = view();
     if (current == nullptr) { // asked for during the first open, which asks again at its end
-        return Error{Error::Kind::cancelled, "not open yet", 0, {}};
+        return Error{Error::Kind::Cancelled, "not open yet", 0, {}};
     }
     if (afterInput) {
-        mOthersWait = !current->settle(mOthersWait ? crowdedPatience : settlePatience);
+        mOthersWait = !current->settle(mOthersWait ? CROWDED_PATIENCE : SETTLE_PATIENCE);
     }
     CallLimits limits;
     limits.stop = stop;
@@ -146,12 +146,12 @@ Failure Document::Parts::sendPen(ClientMessageType type, int x, int y) {
         dragEnds = type == _PEN_UP && mContact.active && mContact.dragged && !mContact.flicked;
         mContact.active = mContact.active && type != _PEN_UP;
     }
-    if (dragEnds && view()->kind() == static_cast<int>(DocumentKind::spreadsheet)) {
+    if (dragEnds && view()->kind() == static_cast<int>(DocumentKind::Spreadsheet)) {
         Failure failure = sendPoint(_PEN_MOVE, x, y);
         if (!failure) {
-            failure = slowFlick({.timeout = restPatience});
+            failure = slowFlick({.timeout = REST_PATIENCE});
         }
-        if (failure && failure->kind != Error::Kind::timedOut) {
+        if (failure && failure->kind != Error::Kind::TimedOut) {
             return failure;
         }
     }
@@ -164,7 +164,7 @@ Failure Document::Parts::ask(const std::function<Failure(const Bus& bus, int doc
     if (Failure failure = current->ended()) {
         return failure;
     }
-    current->settle(penPatience);
+    current->settle(PEN_PATIENCE);
     Failure failure = call(bus, current->docid());
     requestPaint(false);
     return failure;
@@ -187,9 +187,9 @@ Failure Document::Parts::flick(int velocityX, int velocityY, const CallLimits& l
 
 Failure Document::Parts::slowFlick(const CallLimits& limits) {
     Failure failure =
-        ask([&](const Bus& onBus, int id) { return events::handleFlick(onBus, id, 0, slowest, limits); });
+        ask([&](const Bus& onBus, int id) { return events::handleFlick(onBus, id, 0, SLOWEST, limits); });
     const std::lock_guard lock(mPenMutex);
-    mRestFrom = Clock::now() + slowestGlide;
+    mRestFrom = Clock::now() + SLOWEST_GLIDE;
     return failure;
 }
 
@@ -199,7 +199,7 @@ Failure Document::Parts::comeToRest(const CallLimits& limits) {
 }
 
 void Document::Parts::settle() {
-    view()->settle(settlePatience);
+    view()->settle(SETTLE_PATIENCE);
     Clock::time_point rest;
     {
         const std::lock_guard lock(mPenMutex);

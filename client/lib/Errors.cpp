@@ -47,7 +47,7 @@ std::string moduleResultText(int code) {
 }
 
 Error documentError(const std::string& path, int code) {
-    return {Error::Kind::document,
+    return {Error::Kind::Document,
             "cannot open '" + path + "': " + moduleResultText(code) + " (code " + std::to_string(code) + ")",
             code,
             {}};
@@ -67,12 +67,12 @@ Error refusalError(const std::string& errorCode, const std::string& errorText) {
     } else {
         text = "the service refused: " + errorText;
     }
-    return {Error::Kind::refused, text + " (" + errorCode + ")", 0, errorCode};
+    return {Error::Kind::Refused, text + " (" + errorCode + ")", 0, errorCode};
 }
 
 Error systemError(const std::string& attempt, int errorNumber) {
     return {
-        Error::Kind::system, attempt + ": " + std::generic_category().message(errorNumber), errorNumber, {}};
+        Error::Kind::System, attempt + ": " + std::generic_category().message(errorNumber), errorNumber, {}};
 }
 
 } // namespace lectern

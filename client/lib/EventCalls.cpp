@@ -6,15 +6,15 @@ namespace lectern::events {
 
 namespace {
 
-constexpr char category[] = "/events";
+constexpr char CATEGORY[] = "/events";
 
 Failure pointer(const Bus& bus, const char* method, int docid, int x, int y, const CallLimits& limits) {
-    return command(bus, category, method, documentPayload(docid).add("xCoord", x).add("yCoord", y), limits);
+    return command(bus, CATEGORY, method, documentPayload(docid).add("xCoord", x).add("yCoord", y), limits);
 }
 
 Failure key(const Bus& bus, const char* method, int docid, int character, int modifiers,
             const CallLimits& limits) {
-    return command(bus, category, method,
+    return command(bus, CATEGORY, method,
                    documentPayload(docid).add("chr", character).add("modifiers", modifiers), limits);
 }
 
@@ -52,7 +52,7 @@ Result<CreateReply> create(const Bus& bus, const CreateRequest& request, const C
     if (request.password) {
         payload.add("password", *request.password);
     }
-    const Result<Reply> reply = bus.request(category, "create", payload.text(), limits, destroyLate);
+    const Result<Reply> reply = bus.request(CATEGORY, "create", payload.text(), limits, destroyLate);
     if (!reply) {
         return reply.error();
     }
@@ -60,11 +60,11 @@ Result<CreateReply> create(const Bus& bus, const CreateRequest& request, const C
 }
 
 Failure destroy(const Bus& bus, int docid, const std::string& owner) {
-    return bus.post(category, "destroy", documentPayload(docid).text(), owner);
+    return bus.post(CATEGORY, "destroy", documentPayload(docid).text(), owner);
 }
 
 Failure ping(const Bus& bus) {
-    return bus.post(category, "ping", JsonMembers().text());
+    return bus.post(CATEGORY, "ping", JsonMembers().text());
 }
 
 Failure handlePenDown(const Bus& bus, int docid, int x, int y, const CallLimits& limits) {

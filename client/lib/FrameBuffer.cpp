@@ -9,7 +9,7 @@
 
 namespace lectern {
 
-static_assert(FrameBuffer::sizeFor(FrameBuffer::maxSide, FrameBuffer::maxSide) <= INT32_MAX,
+static_assert(FrameBuffer::sizeFor(FrameBuffer::MAX_SIDE, FrameBuffer::MAX_SIDE) <= INT32_MAX,
               "the size crosses the bus as a signed number");
 
 namespace {
@@ -31,9 +31,9 @@ int makeSegment(size_t size) {
 } // namespace
 
 Result<FrameBuffer> FrameBuffer::create(int width, int height) {
-    if (width < 1 || height < 1 || width > maxSide || height > maxSide) {
-        return Error{Error::Kind::argument,
-                     "a view is 1 to " + std::to_string(maxSide) + " pixels wide and high, not " +
+    if (width < 1 || height < 1 || width > MAX_SIDE || height > MAX_SIDE) {
+        return Error{Error::Kind::Argument,
+                     "a view is 1 to " + std::to_string(MAX_SIDE) + " pixels wide and high, not " +
                          std::to_string(width) + "x" + std::to_string(height),
                      0,
                      {}};

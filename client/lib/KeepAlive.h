@@ -15,11 +15,11 @@ namespace lectern {
 // reading and scrolling cross the queue, and only bus calls count.
 class KeepAlive {
 public:
-    static constexpr std::chrono::milliseconds defaultPeriod{10'000};
+    static constexpr std::chrono::milliseconds DEFAULT_PERIOD{10'000};
 
     // onBusLost: called once, on a thread of the object's, when the connection
     // turns out to be lost; nothing else would tell.
-    explicit KeepAlive(const Bus& bus, std::chrono::milliseconds period = defaultPeriod,
+    explicit KeepAlive(const Bus& bus, std::chrono::milliseconds period = DEFAULT_PERIOD,
                        std::function<void()> onBusLost = {});
     KeepAlive(const KeepAlive&) = delete;
     KeepAlive& operator=(const KeepAlive&) = delete;

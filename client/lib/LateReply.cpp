@@ -29,7 +29,7 @@ struct LateReply::Watches {
 
 namespace {
 
-constexpr char watchesKey[] = "lectern-late-replies";
+constexpr char WATCHES_KEY[] = "lectern-late-replies";
 
 } // namespace
 
@@ -37,14 +37,14 @@ constexpr char watchesKey[] = "lectern-late-replies";
 // away while it runs is released by a main loop, which a client may not have.
 void LateReply::prepare(GDBusConnection* connection) {
     auto* watches = new Watches;
-    g_object_set_data_full(G_OBJECT(connection), watchesKey, watches,
+    g_object_set_data_full(G_OBJECT(connection), WATCHES_KEY, watches,
                            [](void* data) { delete static_cast<Watches*>(data); });
     g_dbus_connection_add_filter(connection, &LateReply::look, watches, nullptr);
 }
 
 LateReply::LateReply(const Bus& bus, Bus::LateHandler handler)
     : mConnection(bus.connection()),
-      mWatches(*static_cast<Watches*>(g_object_get_data(G_OBJECT(bus.connection()), watchesKey))),
+      mWatches(*static_cast<Watches*>(g_object_get_data(G_OBJECT(bus.connection()), WATCHES_KEY))),
       mWatch(std::make_shared<Watch>(std::move(handler))) {
     const std::lock_guard lock(mWatches.mutex);
     mWatches.list.push_back(mWatch);

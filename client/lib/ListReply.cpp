@@ -8,7 +8,7 @@ namespace lectern {
 
 namespace {
 
-constexpr size_t bytesForAPart = 128;
+constexpr size_t BYTES_FOR_APART = 128;
 
 // Reads a text from its start to its end.
 class Scanner {
@@ -66,7 +66,7 @@ PartList readPartList(const std::string& text) {
     } while (scanner.skip(","));
     // A list that was cut is as long as it may be, and so tells its parts' number.
     const size_t count =
-        scanner.skip("]}") ? list.parts.size() : (text.size() + bytesForAPart - 1) / bytesForAPart;
+        scanner.skip("]}") ? list.parts.size() : (text.size() + BYTES_FOR_APART - 1) / BYTES_FOR_APART;
     list.count = static_cast<int>(count);
     return list;
 }

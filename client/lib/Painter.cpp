@@ -30,10 +30,10 @@ bool Painter::awaitRequest(const std::stop_token& stop, bool& afterInput) {
 void Painter::run(const std::stop_token& stop) {
     bool afterInput = false;
     while (awaitRequest(stop, afterInput)) {
-        const auto next = std::chrono::steady_clock::now() + framePeriod;
+        const auto next = std::chrono::steady_clock::now() + FRAME_PERIOD;
         if (const Failure failure = mPaint(afterInput, stop); !failure) {
             show(stop);
-        } else if (failure->kind != Error::Kind::gone && failure->kind != Error::Kind::cancelled) {
+        } else if (failure->kind != Error::Kind::Gone && failure->kind != Error::Kind::Cancelled) {
             mDispatcher.post([events = mEvents, error = *failure] {
                 if (events->onPaintFailed) {
                     events->onPaintFailed(error);

@@ -22,7 +22,7 @@ public:
     using Paint = std::function<Failure(bool afterInput, const std::stop_token& stop)>;
 
     // The shortest time from frame to frame: what a glide is shown at.
-    static constexpr std::chrono::milliseconds framePeriod{16};
+    static constexpr std::chrono::milliseconds FRAME_PERIOD{16};
 
     // The frame and the dispatcher must outlive the painter, which may end in a
     // callback of the events.

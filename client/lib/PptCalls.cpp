@@ -6,25 +6,25 @@ namespace lectern::ppt {
 
 namespace {
 
-constexpr char category[] = "/ppt";
+constexpr char CATEGORY[] = "/ppt";
 
 } // namespace
 
 Result<int> getSlideCount(const Bus& bus, int docid, const CallLimits& limits) {
-    return queryInteger(bus, category, "getSlideCount", documentPayload(docid), "slidecnt", limits);
+    return queryInteger(bus, CATEGORY, "getSlideCount", documentPayload(docid), "slidecnt", limits);
 }
 
 Result<std::string> getSlideList(const Bus& bus, int docid, const CallLimits& limits) {
-    return bus.call(category, "getSlideList", documentPayload(docid).text(), limits);
+    return bus.call(CATEGORY, "getSlideList", documentPayload(docid).text(), limits);
 }
 
 Result<int> jumpToSlide(const Bus& bus, int docid, int slide, const CallLimits& limits) {
-    return queryInteger(bus, category, "jumpToSlide", documentPayload(docid).add("slide", slide),
+    return queryInteger(bus, CATEGORY, "jumpToSlide", documentPayload(docid).add("slide", slide),
                         "slideNumber", limits);
 }
 
 Result<std::string> getSlideNote(const Bus& bus, int docid, const CallLimits& limits) {
-    return bus.call(category, "getSlideNote", documentPayload(docid).text(), limits);
+    return bus.call(CATEGORY, "getSlideNote", documentPayload(docid).text(), limits);
 }
 
 Failure fitWideMode(const Bus& bus, int docid, const std::optional<std::string>& orientation,
@@ -33,7 +33,7 @@ Failure fitWideMode(const Bus& bus, int docid, const std::optional<std::string>&
     if (orientation) {
         payload.add("orientation", *orientation);
     }
-    return command(bus, category, "fitWideMode", payload, limits);
+    return command(bus, CATEGORY, "fitWideMode", payload, limits);
 }
 
 } // namespace lectern::ppt

@@ -18,9 +18,9 @@ namespace lectern {
 
 namespace {
 
-constexpr int startTimeoutMs = 10'000;
+constexpr int START_TIMEOUT_MS = 10'000;
 // How the keeper's one line begins when the bus runs; anything else is why not.
-constexpr std::string_view addressMark = "address ";
+constexpr std::string_view ADDRESS_MARK = "address ";
 
 struct Pipe {
     FileDescriptor read;
@@ -39,7 +39,7 @@ Result<Pipe> makePipe() {
 std::string readLine(int descriptor) {
     std::string line;
     pollfd waiting{descriptor, POLLIN, 0};
-    while (poll(&waiting, 1, startTimeoutMs) > 0 || errno == EINTR) {
+    while (poll(&waiting, 1, START_TIMEOUT_MS) > 0 || errno == EINTR) {
         char buffer[512];
         const ssize_t count = read(descriptor, buffer, sizeof buffer);
         if (count <= 0) {
@@ -60,7 +60,7 @@ Result<PrivateBus> PrivateBus::start(Complaints complaints) {
     const std::string service = findProgram("lectern-service", "LECTERN_SERVICE");
     const std::string keeper = findProgram("lectern-keeper", "LECTERN_KEEPER");
     if (service.empty() || keeper.empty()) {
-        return Error{Error::Kind::system,
+        return Error{Error::Kind::System,
                      std::string("cannot find the program ") +
                          (service.empty() ? "lectern-service" : "lectern-keeper") +
                          "; check the installation",
@@ -72,7 +72,7 @@ Result<PrivateBus> PrivateBus::start(Complaints complaints) {
     if (!life || !answer) {
         return life ? answer.error() : life.error();
     }
-    const bool hidden = complaints == Complaints::hidden && std::getenv("LECTERN_VERBOSE") == nullptr;
+    const bool hidden = complaints == Complaints::Hidden && std::getenv("LECTERN_VERBOSE") == nullptr;
     const Result<pid_t> child =
         spawn(keeper, {service}, {life->read.get(), answer->write.get(), hidden ? -1 : STDERR_FILENO});
     if (!child) {
@@ -81,10 +81,10 @@ Result<PrivateBus> PrivateBus::start(Complaints complaints) {
     PrivateBus bus(*child, std::move(life->write));
     answer->write.reset();
     const std::string line = readLine(answer->read.get());
-    if (line.rfind(addressMark, 0) != 0) {
-        return Error{Error::Kind::bus, line.empty() ? "the private bus does not start" : line, 0, {}};
+    if (line.rfind(ADDRESS_MARK, 0) != 0) {
+        return Error{Error::Kind::Bus, line.empty() ? "the private bus does not start" : line, 0, {}};
     }
-    bus.mAddress = line.substr(addressMark.size());
+    bus.mAddress = line.substr(ADDRESS_MARK.size());
     return bus;
 }
 

@@ -12,7 +12,7 @@ namespace lectern {
 
 // Where the standard error of the bus and the service goes. Hidden ones are
 // shown all the same where LECTERN_VERBOSE is set in the environment.
-enum class Complaints { hidden, shown };
+enum class Complaints { Hidden, Shown };
 
 // A message bus for this process alone, with the document service on it, which
 // starts at the first call.
@@ -24,7 +24,7 @@ class PrivateBus {
 public:
     // The service is LECTERN_SERVICE in the environment, else lectern-service
     // of this installation. Must come after isolateIpc where that is wanted.
-    static Result<PrivateBus> start(Complaints complaints = Complaints::hidden);
+    static Result<PrivateBus> start(Complaints complaints = Complaints::Hidden);
     // Returns when everything has ended.
     ~PrivateBus();
     PrivateBus(PrivateBus&& other) noexcept;

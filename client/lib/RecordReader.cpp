@@ -11,8 +11,8 @@ namespace {
 
 // A blocked read can only be ended by a record: one of this id, which no service
 // uses, that the reader sends to itself.
-constexpr auto wakeId = static_cast<ClientMessageId>(-1);
-constexpr std::chrono::milliseconds beforeNextWake{20};
+constexpr auto WAKE_ID = static_cast<ClientMessageId>(-1);
+constexpr std::chrono::milliseconds BEFORE_NEXT_WAKE{20};
 
 } // namespace
 
@@ -35,7 +35,7 @@ RecordReader::~RecordReader() {
         if (!mWoken) {
             stop();
         }
-        for (auto waited = std::chrono::milliseconds(0); !mEnded && waited < beforeNextWake; ++waited) {
+        for (auto waited = std::chrono::milliseconds(0); !mEnded && waited < BEFORE_NEXT_WAKE; ++waited) {
             std::this_thread::sleep_for(std::chrono::milliseconds(1));
         }
         mWoken = false;
@@ -52,7 +52,7 @@ void RecordReader::stop() {
 // Unlike that of any other reader: one that was sent twice may still be there
 // when the next reader of the address starts.
 ServerClientMessage RecordReader::wakeRecord() const {
-    ServerClientMessage record(mAddress, wakeId);
+    ServerClientMessage record(mAddress, WAKE_ID);
     record.value = getpid();
     record.extra = static_cast<int32_t>(reinterpret_cast<uintptr_t>(this) / alignof(RecordReader));
     return record;
@@ -65,7 +65,7 @@ void RecordReader::run() {
         if (mQueue.ReadMessage(mAddress, message, DocAdapterMessageQueue::TIMEOUT_INFINITE) < 0) {
             continue; // interrupted, or the queue is gone and no longer open
         }
-        if (message.id != wakeId) {
+        if (message.id != WAKE_ID) {
             mHandler(message);
         } else if (message.value == ownWake.value && message.extra == ownWake.extra) {
             mEnded = true;

@@ -9,9 +9,9 @@ namespace {
 
 // A drag may happen to end where it began although the view moved under it,
 // when rows are counted anew; two of different lengths do not.
-constexpr int stallsAtEdge = 2;
+constexpr int STALLS_AT_EDGE = 2;
 // Far beyond any document; ends a plan against a view that does not obey.
-constexpr int mostDrags = 100'000;
+constexpr int MOST_DRAGS = 100'000;
 
 // One axis of a drag that scrolls by `distance`, or by the part of the longest
 // that `divisor` leaves. No finger starts in the view's first third: there may
@@ -34,13 +34,13 @@ bool ScrollPlan::done(Point position) {
     mStalls = mBefore == position ? mStalls + 1 : 0;
     const bool pushedUp = mBefore && mTarget.y == 0 && mBefore->y <= 0;
     // A short document follows the finger below its start, and is there for sure.
-    if (pushedUp && (position.y < 0 || mStalls >= stallsAtEdge)) {
+    if (pushedUp && (position.y < 0 || mStalls >= STALLS_AT_EDGE)) {
         mStartFound = true;
     }
     if (position == mTarget && (mTarget.y != 0 || mStartFound)) {
         return true;
     }
-    return mStalls >= stallsAtEdge || mDrags >= mostDrags;
+    return mStalls >= STALLS_AT_EDGE || mDrags >= MOST_DRAGS;
 }
 
 std::optional<Drag> ScrollPlan::next(Point position) {

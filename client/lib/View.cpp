@@ -13,16 +13,16 @@ using Clock = std::chrono::steady_clock;
 
 // How long a full queue is waited for; a service that does not read for so long
 // hangs.
-constexpr std::chrono::milliseconds queuePatience{10'000};
+constexpr std::chrono::milliseconds QUEUE_PATIENCE{10'000};
 // The opened record follows the reply at once.
-constexpr std::chrono::milliseconds openedPatience{10'000};
+constexpr std::chrono::milliseconds OPENED_PATIENCE{10'000};
 // How often a wait makes sure that the bus is still there.
-constexpr std::chrono::milliseconds betweenChecks{1'000};
+constexpr std::chrono::milliseconds BETWEEN_CHECKS{1'000};
 // How long the start of a contact waits for the end of the one before.
-constexpr std::chrono::milliseconds orderPatience{1'000};
+constexpr std::chrono::milliseconds ORDER_PATIENCE{1'000};
 
 Error goneError() {
-    return {Error::Kind::gone, "the document service has stopped; open the document again", 0, {}};
+    return {Error::Kind::Gone, "the document service has stopped; open the document again", 0, {}};
 }
 
 } // namespace
@@ -42,7 +42,7 @@ Result<std::shared_ptr<View>> View::open(const Bus& bus, const events::CreateReq
     if (Failure failure = view->listen()) {
         return *failure;
     }
-    const Result<int> result = view->openResult({openedPatience, limits.stop, {}});
+    const Result<int> result = view->openResult({OPENED_PATIENCE, limits.stop, {}});
     if (!result) {
         return result.error();
     }
@@ -56,7 +56,7 @@ Failure View::listen() {
     if (Failure failure = mQueue.connect()) {
         return failure;
     }
-    const auto onGone = [this] { endWith(Life::gone); };
+    const auto onGone = [this] { endWith(Life::Gone); };
     auto view = RecordReader::start(
         static_cast<long>(mState.identifier()),
         [this](const ServerClientMessage& message) { takeRecord(message); }, onGone);
@@ -64,24 +64,24 @@ Failure View::listen() {
         return view.error();
     }
     auto paint = RecordReader::start(
-        docid() + DocAdapterMessageQueue::paintDoneBase,
+        docid() + DocAdapterMessageQueue::PAINT_DONE_BASE,
         [this](const ServerClientMessage& message) { takePaintDone(message); }, onGone);
     if (!paint) {
         return paint.error();
     }
     Attendants attendants{std::move(*view), std::move(*paint),
                           std::make_unique<ServiceWatch>(mBus, owner(), onGone),
-                          std::make_unique<KeepAlive>(mBus, KeepAlive::defaultPeriod, onGone)};
+                          std::make_unique<KeepAlive>(mBus, KeepAlive::DEFAULT_PERIOD, onGone)};
     const std::lock_guard lock(mAttendantsMutex);
     mAttendants.emplace(std::move(attendants));
     return std::nullopt;
 }
 
 void View::close() {
-    Life before = Life::closed;
+    Life before = Life::Closed;
     {
         const std::lock_guard lock(mMutex);
-        before = std::exchange(mLife, Life::closed);
+        before = std::exchange(mLife, Life::Closed);
         mArrived.notify_all();
     }
     std::optional<Attendants> leaving;
@@ -90,7 +90,7 @@ void View::close() {
         leaving.swap(mAttendants);
     }
     leaving.reset(); // may wait for one that wants the mutex
-    if (before == Life::open) {
+    if (before == Life::Open) {
         events::destroy(mBus, docid(), owner());
         mBus.flush();
     }
@@ -101,7 +101,7 @@ void View::close() {
 void View::endWith(Life life) {
     {
         const std::lock_guard lock(mMutex);
-        if (mLife != Life::open) {
+        if (mLife != Life::Open) {
             return;
         }
         mLife = life;
@@ -119,7 +119,7 @@ void View::endWith(Life life) {
 
 Failure View::ended() const {
     const std::lock_guard lock(mMutex);
-    return mLife == Life::open ? Failure() : goneError();
+    return mLife == Life::Open ? Failure() : goneError();
 }
 
 void View::takeRecord(const ServerClientMessage& message) {
@@ -142,18 +142,18 @@ template<typename Condition>
 Failure View::await(const char* what, const CallLimits& limits, Condition condition) {
     const Clock::time_point start = Clock::now();
     std::unique_lock lock(mMutex);
-    const auto over = [&] { return condition() || mLife != Life::open; };
-    while (!mArrived.wait_for(lock, limits.stop, betweenChecks, over)) {
+    const auto over = [&] { return condition() || mLife != Life::Open; };
+    while (!mArrived.wait_for(lock, limits.stop, BETWEEN_CHECKS, over)) {
         const auto elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
         if (limits.stop.stop_requested()) {
-            return Error{Error::Kind::cancelled, "interrupted", 0, {}};
+            return Error{Error::Kind::Cancelled, "interrupted", 0, {}};
         }
         if (mBus.isClosed()) {
             return goneError();
         }
         if (elapsed >= limits.timeout) {
             return Error{
-                Error::Kind::timedOut, std::string("the service did not ") + what + " in time", 0, {}};
+                Error::Kind::TimedOut, std::string("the service did not ") + what + " in time", 0, {}};
         }
         if (limits.onProgress) {
             lock.unlock();
@@ -192,7 +192,7 @@ Failure View::paint(const CallLimits& limits) {
 Failure View::send(ClientServerMessage message) {
     const bool begins = message.type == _PEN_DOWN || message.type == _GESTURE_START;
     if (begins && mHighestSent > message.type) {
-        settle(orderPatience);
+        settle(ORDER_PATIENCE);
     }
     if (Failure failure = ended()) {
         return failure;
@@ -201,9 +201,9 @@ Failure View::send(ClientServerMessage message) {
     while (message.type > highest && !mHighestSent.compare_exchange_weak(highest, message.type)) {
     }
     message.docid = docid();
-    Failure failure = mQueue.post(message, queuePatience);
-    if (failure && failure->kind == Error::Kind::system) {
-        endWith(Life::gone);
+    Failure failure = mQueue.post(message, QUEUE_PATIENCE);
+    if (failure && failure->kind == Error::Kind::System) {
+        endWith(Life::Gone);
         return goneError();
     }
     return failure;

@@ -26,7 +26,7 @@ struct ViewListener {
 };
 
 // One view in one process of the service, from "create" to "destroy". When that
-// process goes away, the view is gone: calls fail with Error::Kind::gone at
+// process goes away, the view is gone: calls fail with Error::Kind::Gone at
 // once, and only the state segment is left of it.
 //
 // Threads: paints one after the other, everything else from any.
@@ -56,7 +56,7 @@ public:
     void close();
 
 private:
-    enum class Life { open, gone, closed };
+    enum class Life { Open, Gone, Closed };
     // What works for an open view in threads of its own.
     struct Attendants {
         std::unique_ptr<RecordReader> viewReader;
@@ -85,7 +85,7 @@ private:
 
     mutable std::mutex mMutex; // guards what the readers and the watch write
     std::condition_variable_any mArrived;
-    Life mLife = Life::open;
+    Life mLife = Life::Open;
     std::optional<int> mOpenResult;
     unsigned int mPaintsAsked = 0;
     unsigned int mPaintsDone = 0;

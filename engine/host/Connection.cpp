@@ -32,21 +32,21 @@ bool Connection::open(FileDescriptor socket) {
     socket.release();
     g_autoptr(GSocketConnection) stream = g_socket_connection_factory_create_connection(end);
     g_autofree gchar* guid = g_dbus_generate_guid();
-    constexpr auto kFlags =
+    constexpr auto FLAGS =
         static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_SERVER |
                                           G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_REQUIRE_SAME_USER);
-    mBus = g_dbus_connection_new_sync(G_IO_STREAM(stream), guid, kFlags, nullptr, nullptr, nullptr);
+    mBus = g_dbus_connection_new_sync(G_IO_STREAM(stream), guid, FLAGS, nullptr, nullptr, nullptr);
     if (mBus == nullptr) {
         return false;
     }
     g_signal_connect(mBus, "closed", G_CALLBACK(noteClosed), &mClosed);
 
-    constexpr auto kPlain = static_cast<GDBusProxyFlags>(G_DBUS_PROXY_FLAGS_DO_NOT_LOAD_PROPERTIES |
-                                                         G_DBUS_PROXY_FLAGS_DO_NOT_CONNECT_SIGNALS);
-    mProcess = lectern_ipc_process_proxy_new_sync(mBus, kPlain, nullptr, kProcessPath, nullptr, nullptr);
-    mWord = lectern_ipc_word_proxy_new_sync(mBus, kPlain, nullptr, kWordPath, nullptr, nullptr);
-    mSheet = lectern_ipc_sheet_proxy_new_sync(mBus, kPlain, nullptr, kSheetPath, nullptr, nullptr);
-    mSlide = lectern_ipc_slide_proxy_new_sync(mBus, kPlain, nullptr, kSlidePath, nullptr, nullptr);
+    constexpr auto PLAIN = static_cast<GDBusProxyFlags>(G_DBUS_PROXY_FLAGS_DO_NOT_LOAD_PROPERTIES |
+                                                        G_DBUS_PROXY_FLAGS_DO_NOT_CONNECT_SIGNALS);
+    mProcess = lectern_ipc_process_proxy_new_sync(mBus, PLAIN, nullptr, PROCESS_PATH, nullptr, nullptr);
+    mWord = lectern_ipc_word_proxy_new_sync(mBus, PLAIN, nullptr, WORD_PATH, nullptr, nullptr);
+    mSheet = lectern_ipc_sheet_proxy_new_sync(mBus, PLAIN, nullptr, SHEET_PATH, nullptr, nullptr);
+    mSlide = lectern_ipc_slide_proxy_new_sync(mBus, PLAIN, nullptr, SLIDE_PATH, nullptr, nullptr);
     return mProcess != nullptr && mWord != nullptr && mSheet != nullptr && mSlide != nullptr;
 }
 

@@ -11,7 +11,7 @@ namespace lectern::engine {
 namespace {
 
 // For an engine to end by itself once its connection has ended.
-constexpr std::chrono::milliseconds kGrace(250);
+constexpr std::chrono::milliseconds GRACE(250);
 
 Watchdog& watchdog() {
     return Supervisor::instance().watchdog();
@@ -52,7 +52,7 @@ std::unique_ptr<Engine> Engine::start(const LaunchSettings& settings, TimePoint 
 }
 
 Engine::~Engine() {
-    watchdog().end(mHandle, kGrace);
+    watchdog().end(mHandle, GRACE);
 }
 
 bool Engine::isAlive() const {

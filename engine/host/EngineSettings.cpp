@@ -16,9 +16,9 @@ namespace {
 using std::chrono::milliseconds;
 
 #ifdef __SANITIZE_ADDRESS__
-constexpr int kSlowness = 6; // of an engine under the sanitizer
+constexpr int SLOWNESS = 6; // of an engine under the sanitizer
 #else
-constexpr int kSlowness = 1;
+constexpr int SLOWNESS = 1;
 #endif
 
 // The engine program belonging to this very library, whose place says where.
@@ -58,13 +58,13 @@ LaunchSettings LaunchSettings::forFolder(const std::string& temporaryParent) {
 }
 
 TimeLimits TimeLimits::forDocument(const std::string& path, off_t bytes) {
-    constexpr off_t kBytesPerShare = off_t{4} << 20; // each adds the ordinary limit once more
-    constexpr off_t kMostShares = 6;
+    constexpr off_t BYTES_PER_SHARE = off_t{4} << 20; // each adds the ordinary limit once more
+    constexpr off_t MOST_SHARES = 6;
     TimeLimits limits;
-    limits.open *= kSlowness;
-    limits.call *= kSlowness;
+    limits.open *= SLOWNESS;
+    limits.call *= SLOWNESS;
     if (isPlainText(path)) {
-        const off_t shares = std::min(1 + bytes / kBytesPerShare, kMostShares);
+        const off_t shares = std::min(1 + bytes / BYTES_PER_SHARE, MOST_SHARES);
         limits.open *= shares;
         limits.call *= shares;
     }

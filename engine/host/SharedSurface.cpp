@@ -15,10 +15,10 @@ namespace {
 
 // From this size on a second thread pays: one processor alone cannot keep the
 // memory busy. Pixels; 2 MiB.
-constexpr std::size_t kShared = std::size_t{512} * 1024;
+constexpr std::size_t SHARED = std::size_t{512} * 1024;
 
 void copyPixels(std::uint32_t* to, const std::uint32_t* from, std::size_t count) {
-    const std::size_t half = count < kShared ? 0 : count / 2;
+    const std::size_t half = count < SHARED ? 0 : count / 2;
     const auto copyHalf = [&] { std::memcpy(to, from, half * sizeof *to); };
     std::thread helper;
     try {

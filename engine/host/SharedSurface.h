@@ -15,9 +15,9 @@ namespace lectern::engine {
 // stays inside. The engine may change the pixels at any time.
 class LECTERN_ENGINE_EXPORT SharedSurface {
 public:
-    static constexpr std::int64_t kMaximumPixels = std::int64_t{1} << 26; // 256 MiB
+    static constexpr std::int64_t MAXIMUM_PIXELS = std::int64_t{1} << 26; // 256 MiB
 
-    // REQUIRES: width, height >= 1, width * height <= kMaximumPixels. Null when
+    // REQUIRES: width, height >= 1, width * height <= MAXIMUM_PIXELS. Null when
     // the system has no memory for it.
     static std::unique_ptr<SharedSurface> make(std::int32_t width, std::int32_t height);
     ~SharedSurface();

@@ -36,9 +36,9 @@ std::vector<std::string> environmentIn(const std::string& folder) {
         "GST_PLUGIN_SYSTEM_PATH_1_0=/nonexistent",
         "GST_REGISTRY=" + folder + "/gst-registry",
     };
-    constexpr const char* kPassedOn[] = {"TZ", "LD_LIBRARY_PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS",
+    constexpr const char* PASSED_ON[] = {"TZ", "LD_LIBRARY_PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS",
                                          "TSAN_OPTIONS"};
-    for (const char* name : kPassedOn) {
+    for (const char* name : PASSED_ON) {
         if (const char* value = std::getenv(name)) {
             environment.push_back(std::string(name) + "=" + value);
         }
@@ -59,7 +59,7 @@ std::vector<char*> pointersTo(std::vector<std::string>& texts) {
 // A duplicate above the numbers that the new process uses, so that moving one
 // descriptor into its place never overwrites another.
 FileDescriptor clearOfTargets(int fd) {
-    return FileDescriptor(fcntl(fd, F_DUPFD_CLOEXEC, std::max(kEngineSocket, kEngineFolder) + 1));
+    return FileDescriptor(fcntl(fd, F_DUPFD_CLOEXEC, std::max(ENGINE_SOCKET, ENGINE_FOLDER) + 1));
 }
 
 struct FileActions {
@@ -96,9 +96,9 @@ int addFiles(FileActions& files, bool verbose, int socket, int folder) {
         error |= posix_spawn_file_actions_addopen(actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
         error |= posix_spawn_file_actions_addopen(actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
     }
-    error |= posix_spawn_file_actions_adddup2(actions, socket, kEngineSocket);
-    error |= posix_spawn_file_actions_adddup2(actions, folder, kEngineFolder);
-    error |= posix_spawn_file_actions_addclosefrom_np(actions, kEngineFolder + 1);
+    error |= posix_spawn_file_actions_adddup2(actions, socket, ENGINE_SOCKET);
+    error |= posix_spawn_file_actions_adddup2(actions, folder, ENGINE_FOLDER);
+    error |= posix_spawn_file_actions_addclosefrom_np(actions, ENGINE_FOLDER + 1);
     return error == 0 ? 0 : ENOMEM;
 }
 

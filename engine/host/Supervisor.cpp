@@ -13,10 +13,10 @@
 namespace lectern::engine {
 namespace {
 
-constexpr std::chrono::seconds kStopLimit(2);
+constexpr std::chrono::seconds STOP_LIMIT(2);
 // For a spare to show that it has not died or stalled since it was started,
 // as the open of a document should not be the first to find out.
-constexpr std::chrono::seconds kSpareAnswers(1);
+constexpr std::chrono::seconds SPARE_ANSWERS(1);
 
 pid_t gOwner; // a forked copy of this process has no claim on the engines
 
@@ -41,7 +41,7 @@ Supervisor::Supervisor() : mThread([this] { run(); }) {
 std::unique_ptr<Engine> Supervisor::take(const LaunchSettings& settings, TimePoint deadline,
                                          std::int32_t& result) {
     std::unique_ptr<Engine> spare = takeSpare(settings, deadline);
-    if (spare && spare->isReady(std::min(deadline, Clock::now() + kSpareAnswers))) {
+    if (spare && spare->isReady(std::min(deadline, Clock::now() + SPARE_ANSWERS))) {
         return spare;
     }
     std::unique_ptr<Engine> engine = Engine::start(settings, deadline, result);
@@ -70,7 +70,7 @@ void Supervisor::prepareSpare(const LaunchSettings& settings, std::chrono::milli
 void Supervisor::stopSoon() {
     const std::lock_guard lock(mMutex);
     mStopping = true;
-    mWatchdog.cutDeadlines(kStopLimit);
+    mWatchdog.cutDeadlines(STOP_LIMIT);
 }
 
 void Supervisor::run() {

@@ -16,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kPrefix = "lectern-engine-";
+constexpr const char* PREFIX = "lectern-engine-";
 
 // Opens and locks a folder of this user. Fails when somebody holds the lock,
 // and when the path has come to name something else meanwhile.
@@ -36,7 +36,7 @@ void removeLeftBehind(const std::string& parent) {
     std::error_code error;
     for (fs::directory_iterator entry(parent, error), end; !error && entry != end; entry.increment(error)) {
         const fs::path& path = entry->path();
-        if (path.filename().native().rfind(kPrefix, 0) == 0 && lockFolder(path)) {
+        if (path.filename().native().rfind(PREFIX, 0) == 0 && lockFolder(path)) {
             // One that stays does not keep the others.
             std::error_code ignored;
             fs::remove_all(path, ignored);
@@ -51,7 +51,7 @@ std::unique_ptr<TemporaryFolder> TemporaryFolder::make(const std::string& parent
     // Another service may take a folder that is not locked yet for one that
     // was left behind; then the next is made.
     for (int attempt = 0; attempt < 10; attempt++) {
-        std::string path = parent + "/" + kPrefix + "XXXXXX";
+        std::string path = parent + "/" + PREFIX + "XXXXXX";
         if (mkdtemp(path.data()) == nullptr) {
             return nullptr;
         }

@@ -12,8 +12,8 @@ namespace {
 
 // What lines of the usual fonts take above and below the baseline, of the
 // font's height.
-constexpr double ascent = 0.95;
-constexpr double descent = 0.25;
+constexpr double ASCENT = 0.95;
+constexpr double DESCENT = 0.25;
 
 void extend(DrawnBox& box, double x, double y) {
     box.left = std::min(box.left, x);
@@ -41,7 +41,7 @@ DrawnBox boxOf(const TextRun& run, CharacterRange range) {
     const double sine = std::sin(run.angle);
     DrawnBox box{run.x + from * cosine, run.y - from * sine, run.x + from * cosine, run.y - from * sine};
     for (const double along : {from, to})
-        for (const double up : {ascent * run.height, -descent * run.height})
+        for (const double up : {ASCENT * run.height, -DESCENT * run.height})
             extend(box, run.x + along * cosine - up * sine, run.y - along * sine - up * cosine);
     return box;
 }
@@ -53,7 +53,7 @@ void DrawnText::append(const DrawnText& other) {
         return;
     uint32_t line = 0;
     if (!runs.empty()) {
-        text += paragraphSeparator;
+        text += PARAGRAPH_SEPARATOR;
         line = runs.back().line + 1;
     }
     const auto start = static_cast<uint32_t>(text.size());

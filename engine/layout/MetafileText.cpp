@@ -30,10 +30,10 @@ enum Action : uint16_t {
 };
 
 // What of the state Push keeps for Pop.
-constexpr uint16_t keepsFont = 0x4;
-constexpr uint16_t keepsLayoutMode = 0x800;
-constexpr uint32_t rightToLeftMode = 0x1;
-constexpr size_t deepestState = 1024;
+constexpr uint16_t KEEPS_FONT = 0x4;
+constexpr uint16_t KEEPS_LAYOUT_MODE = 0x800;
+constexpr uint32_t RIGHT_TO_LEFT_MODE = 0x1;
+constexpr size_t DEEPEST_STATE = 1024;
 
 // Little-endian numbers; past the end everything is 0 and ok() is false.
 class Reader {
@@ -188,10 +188,10 @@ public:
             readFont(action, mState);
             break;
         case LayoutMode:
-            mState.rightToLeft = (action.number<uint32_t>() & rightToLeftMode) != 0;
+            mState.rightToLeft = (action.number<uint32_t>() & RIGHT_TO_LEFT_MODE) != 0;
             break;
         case Push:
-            if (mKept.size() < deepestState)
+            if (mKept.size() < DEEPEST_STATE)
                 mKept.emplace_back(action.number<uint16_t>(), mState);
             break;
         case Pop:
@@ -213,11 +213,11 @@ private:
         if (mKept.empty())
             return;
         const auto& [keeps, state] = mKept.back();
-        if ((keeps & keepsFont) != 0) {
+        if ((keeps & KEEPS_FONT) != 0) {
             mState.height = state.height;
             mState.angle = state.angle;
         }
-        if ((keeps & keepsLayoutMode) != 0)
+        if ((keeps & KEEPS_LAYOUT_MODE) != 0)
             mState.rightToLeft = state.rightToLeft;
         mKept.pop_back();
     }
@@ -230,11 +230,11 @@ private:
 } // namespace
 
 DrawnText readMetafileText(Bytes metafile) {
-    constexpr std::string_view signature = "VCLMTF";
+    constexpr std::string_view SIGNATURE = "VCLMTF";
     Reader reader(metafile);
-    const Bytes head = reader.take(signature.size());
+    const Bytes head = reader.take(SIGNATURE.size());
     Player player;
-    if (reader.ok() && std::memcmp(head.data(), signature.data(), signature.size()) == 0) {
+    if (reader.ok() && std::memcmp(head.data(), SIGNATURE.data(), SIGNATURE.size()) == 0) {
         reader.part(); // how the whole is drawn
         while (!reader.atEnd()) {
             const auto type = reader.number<uint16_t>();

@@ -8,7 +8,7 @@ namespace lectern::engine {
 
 namespace {
 
-constexpr int64_t twipsPerInch = 1440;
+constexpr int64_t TWIPS_PER_INCH = 1440;
 
 int64_t divideUp(int64_t value, int64_t by) {
     return (value + by - 1) / by;
@@ -19,7 +19,7 @@ int64_t divideUp(int64_t value, int64_t by) {
 RowMap::RowMap(const std::vector<FlowPage>& pages, int32_t dpi) : mDpi(dpi) {
     int64_t row = 0;
     for (const FlowPage& page : pages) {
-        const int64_t rows = std::max<int64_t>(divideUp(page.height * dpi, twipsPerInch), 1);
+        const int64_t rows = std::max<int64_t>(divideUp(page.height * dpi, TWIPS_PER_INCH), 1);
         mPages.push_back({row, rows, page.left, page.top});
         row += rows;
     }
@@ -27,7 +27,7 @@ RowMap::RowMap(const std::vector<FlowPage>& pages, int32_t dpi) : mDpi(dpi) {
 
 int64_t RowMap::rowOf(const FlowPlace& place) const {
     const Page& page = mPages[std::min(place.page, mPages.size() - 1)];
-    return page.firstRow + std::clamp<int64_t>(place.y * mDpi / twipsPerInch, 0, page.rows - 1);
+    return page.firstRow + std::clamp<int64_t>(place.y * mDpi / TWIPS_PER_INCH, 0, page.rows - 1);
 }
 
 const RowMap::Page& RowMap::pageOf(int64_t row) const {
@@ -38,18 +38,18 @@ const RowMap::Page& RowMap::pageOf(int64_t row) const {
 
 int64_t RowMap::viewY(int64_t row) const {
     const Page& page = pageOf(row);
-    return page.top + divideUp((row - page.firstRow) * twipsPerInch, mDpi);
+    return page.top + divideUp((row - page.firstRow) * TWIPS_PER_INCH, mDpi);
 }
 
 int64_t RowMap::rowAt(int64_t viewY) const {
     const auto next = std::upper_bound(mPages.begin(), mPages.end(), viewY,
                                        [](int64_t place, const Page& page) { return place < page.top; });
     const Page& page = next == mPages.begin() ? *next : *std::prev(next);
-    return page.firstRow + std::clamp<int64_t>((viewY - page.top) * mDpi / twipsPerInch, 0, page.rows);
+    return page.firstRow + std::clamp<int64_t>((viewY - page.top) * mDpi / TWIPS_PER_INCH, 0, page.rows);
 }
 
 int32_t RowMap::columnAt(int64_t viewX, int64_t row) const {
-    return static_cast<int32_t>((viewX - pageOf(row).left) * mDpi / twipsPerInch);
+    return static_cast<int32_t>((viewX - pageOf(row).left) * mDpi / TWIPS_PER_INCH);
 }
 
 } // namespace lectern::engine

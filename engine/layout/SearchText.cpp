@@ -75,7 +75,7 @@ private:
 
 SearchText::SearchText(std::u16string_view text) {
     for (size_t start = 0; start <= text.size();) {
-        const size_t end = std::min(text.find(paragraphSeparator, start), text.size());
+        const size_t end = std::min(text.find(PARAGRAPH_SEPARATOR, start), text.size());
         mParagraphs.push_back(fold(text.substr(start, end - start), static_cast<uint32_t>(start)));
         start = end + 1;
     }

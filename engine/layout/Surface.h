@@ -17,9 +17,9 @@ struct Surface {
 };
 
 // The largest side of a surface, in pixels, and the finest resolution.
-constexpr int32_t mostPixels = 16384;
-constexpr int32_t mostDpi = 2400;
-constexpr int32_t defaultDpi = 72;
+constexpr int32_t MOST_PIXELS = 16384;
+constexpr int32_t MOST_DPI = 2400;
+constexpr int32_t DEFAULT_DPI = 72;
 
 struct PixelRect {
     int32_t x = 0;

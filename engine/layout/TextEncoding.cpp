@@ -9,7 +9,7 @@ namespace lectern::engine {
 
 namespace {
 
-constexpr char32_t replacement = 0xFFFD;
+constexpr char32_t REPLACEMENT = 0xFFFD;
 
 unsigned byteAt(std::string_view bytes, size_t i) {
     return static_cast<unsigned char>(bytes[i]);
@@ -93,7 +93,7 @@ std::string fromUtf16(std::string_view bytes, size_t highByte) {
         if (c >= 0xD800 && c < 0xE000) {
             const bool pair =
                 c < 0xDC00 && i + 3 < bytes.size() && unit(i + 2) >= 0xDC00 && unit(i + 2) < 0xE000;
-            c = pair ? 0x10000 + ((c - 0xD800) << 10) + (unit(i + 2) - 0xDC00) : replacement;
+            c = pair ? 0x10000 + ((c - 0xD800) << 10) + (unit(i + 2) - 0xDC00) : REPLACEMENT;
             i += pair ? 2 : 0;
         }
         appendUtf8(text, c);
@@ -104,7 +104,7 @@ std::string fromUtf16(std::string_view bytes, size_t highByte) {
 std::string fromWindows1252(std::string_view bytes) {
     // 0x80 to 0x9F; the rest is Latin-1. The five codes without a character
     // stay the control characters of their number.
-    static constexpr std::array<char16_t, 32> high = {
+    static constexpr std::array<char16_t, 32> HIGH = {
         0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
         0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
         0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
@@ -112,7 +112,7 @@ std::string fromWindows1252(std::string_view bytes) {
     text.reserve(bytes.size() + bytes.size() / 8);
     for (size_t i = 0; i < bytes.size(); ++i) {
         const unsigned byte = byteAt(bytes, i);
-        appendUtf8(text, byte >= 0x80 && byte < 0xA0 ? high[byte - 0x80] : byte);
+        appendUtf8(text, byte >= 0x80 && byte < 0xA0 ? HIGH[byte - 0x80] : byte);
     }
     return text;
 }

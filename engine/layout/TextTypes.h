@@ -10,7 +10,7 @@
 namespace lectern::engine {
 
 // Stands between two paragraphs of a text.
-constexpr char16_t paragraphSeparator = u'\u2029';
+constexpr char16_t PARAGRAPH_SEPARATOR = u'\u2029';
 
 // Characters [start, end) of the body text.
 struct CharacterRange {

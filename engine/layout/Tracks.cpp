@@ -38,7 +38,7 @@ std::vector<Stretch> readStates(const std::string& text) {
 
 // In this very order, so that the last bit comes out as the suite's.
 double pixelsPerTwip(int32_t dpi) {
-    return 96.0 / static_cast<double>(twipsPerInch) * (dpi / 96.0);
+    return 96.0 / static_cast<double>(TWIPS_PER_INCH) * (dpi / 96.0);
 }
 
 int64_t pixelsOf(int32_t twips, double perTwip) {
@@ -152,7 +152,7 @@ void Tracks::widenOverHiddenBehind(int32_t& last) const {
 
 int32_t Tracks::twipsFor(int64_t pixels, int32_t dpi) {
     const double perTwip = pixelsPerTwip(dpi);
-    auto twips = static_cast<int32_t>(pixels * twipsPerInch / dpi);
+    auto twips = static_cast<int32_t>(pixels * TWIPS_PER_INCH / dpi);
     while (pixelsOf(twips, perTwip) < pixels)
         ++twips;
     return twips;

@@ -66,10 +66,10 @@ std::int32_t deliverVersion(std::uint16_t* text, std::int32_t capacity, std::int
     if (!isTextBuffer(text, capacity, length)) {
         return MODULE_BAD_ARGUMENT;
     }
-    static constexpr char16_t kVersion[] = u"Lectern " LECTERN_VERSION;
+    static constexpr char16_t VERSION[] = u"Lectern " LECTERN_VERSION;
     static_assert(sizeof(char16_t) == sizeof(std::uint16_t));
-    std::uint16_t units[std::size(kVersion)];
-    std::memcpy(units, kVersion, sizeof units);
+    std::uint16_t units[std::size(VERSION)];
+    std::memcpy(units, VERSION, sizeof units);
     deliverText(std::span(units).first(std::size(units) - 1), text, capacity, length);
     return MODULE_OK;
 }

@@ -31,8 +31,8 @@ std::optional<std::string> toUtf8(const std::uint16_t* text) {
 
 void deliverText(std::span<const std::uint16_t> whole, std::uint16_t* text, std::int32_t capacity,
                  std::int32_t* length) {
-    constexpr std::size_t kLongest = std::numeric_limits<std::int32_t>::max();
-    *length = static_cast<std::int32_t>(std::min(whole.size(), kLongest));
+    constexpr std::size_t LONGEST = std::numeric_limits<std::int32_t>::max();
+    *length = static_cast<std::int32_t>(std::min(whole.size(), LONGEST));
     if (capacity < 1) {
         return;
     }

@@ -28,7 +28,7 @@ namespace {
 
 // Without Batch a damaged file may raise a dialog, which nobody would close.
 // The others override the profile, which a load would else reset.
-constexpr char loadOptions[] = "Batch=true,MacroSecurityLevel=3,EnableMacrosExecution=false";
+constexpr char LOAD_OPTIONS[] = "Batch=true,MacroSecurityLevel=3,EnableMacrosExecution=false";
 
 // Answers the suite's questions for a password while a load runs. It asks again
 // after a wrong one; the second question ends the load.
@@ -136,15 +136,15 @@ bool isBrokenContainer(const Reference<css::frame::XModel>& model, const std::st
         OUString filter;
         return argument.Name == "FilterName" && (argument.Value >>= filter) && filter.startsWith("Text");
     });
-    constexpr std::string_view compound = "\xD0\xCF\x11\xE0", zip = "PK\x03\x04";
+    constexpr std::string_view COMPOUND = "\xD0\xCF\x11\xE0", zip = "PK\x03\x04";
     std::string head(4, '\0');
     std::ifstream(path, std::ios::binary).read(head.data(), static_cast<std::streamsize>(head.size()));
-    return readAsText && (head == compound || head == zip);
+    return readAsText && (head == COMPOUND || head == zip);
 }
 
 int32_t load(const Office::Private& office, const std::string& url, LoadedModel& loaded) {
     const auto before = openModels(office);
-    std::unique_ptr<lok::Document> painter(office.suite->documentLoad(url.c_str(), loadOptions));
+    std::unique_ptr<lok::Document> painter(office.suite->documentLoad(url.c_str(), LOAD_OPTIONS));
     if (!painter)
         return MODULE_DAMAGED;
     loaded = {std::move(painter), newModel(office, before)};

@@ -4,7 +4,7 @@
 namespace lectern::engine {
 
 std::string fileUrl(const std::string& path) {
-    static constexpr char hex[] = "0123456789ABCDEF";
+    static constexpr char HEX[] = "0123456789ABCDEF";
     std::string url = "file://";
     for (const char c : path) {
         const auto byte = static_cast<unsigned char>(c);
@@ -13,8 +13,8 @@ std::string fileUrl(const std::string& path) {
             url += c;
         } else {
             url += '%';
-            url += hex[byte >> 4];
-            url += hex[byte & 15];
+            url += HEX[byte >> 4];
+            url += HEX[byte & 15];
         }
     }
     return url;

@@ -15,7 +15,7 @@ struct Setting {
     const char* value;
 };
 
-constexpr Setting settings[] = {
+constexpr Setting SETTINGS[] = {
     // No lock files beside documents. A foreign one would open the document
     // read-only, where changes of its layout silently do nothing.
     {"Office.Common/Misc", "UseLocking", "false"},
@@ -62,7 +62,7 @@ bool writeProfile(const std::string& directory) {
            "<oor:items xmlns:oor=\"http://openoffice.org/2001/registry\""
            " xmlns:xs=\"http://www.w3.org/2001/XMLSchema\""
            " xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\">\n";
-    for (const Setting& setting : settings)
+    for (const Setting& setting : SETTINGS)
         writeSetting(out, setting);
     out << "</oor:items>\n";
     out.close();

@@ -27,10 +27,10 @@ GDBusConnection* connectTo(int socket) {
         return nullptr;
     }
     g_autoptr(GSocketConnection) stream = g_socket_connection_factory_create_connection(end);
-    constexpr auto kFlags = static_cast<GDBusConnectionFlags>(
+    constexpr auto FLAGS = static_cast<GDBusConnectionFlags>(
         G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT | G_DBUS_CONNECTION_FLAGS_DELAY_MESSAGE_PROCESSING);
     GDBusConnection* connection =
-        g_dbus_connection_new_sync(G_IO_STREAM(stream), nullptr, kFlags, nullptr, nullptr, &error);
+        g_dbus_connection_new_sync(G_IO_STREAM(stream), nullptr, FLAGS, nullptr, nullptr, &error);
     if (connection == nullptr) {
         std::fprintf(stderr, "engine: %s\n", error->message);
     }
@@ -80,7 +80,7 @@ void runEngine(int socket, const std::string& folder, bool confined) {
     g_signal_connect(process, "handle-start", G_CALLBACK(handleStart), &state);
     g_signal_connect(process, "handle-release-memory", G_CALLBACK(handleReleaseMemory), &state);
 
-    if (g_dbus_interface_skeleton_export(G_DBUS_INTERFACE_SKELETON(process), connection, kProcessPath,
+    if (g_dbus_interface_skeleton_export(G_DBUS_INTERFACE_SKELETON(process), connection, PROCESS_PATH,
                                          nullptr) == FALSE ||
         !state.word.exportOn(connection) || !state.sheet.exportOn(connection) ||
         !state.slide.exportOn(connection)) {

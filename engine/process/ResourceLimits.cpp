@@ -12,16 +12,16 @@
 namespace lectern::engine {
 namespace {
 
-constexpr rlim_t kMegabyte = rlim_t{1} << 20;
+constexpr rlim_t MEGABYTE = rlim_t{1} << 20;
 #ifdef __SANITIZE_ADDRESS__
 // Freed blocks wait in quarantine, and all memory has its shadow.
-constexpr rlim_t kMemory = 8192 * kMegabyte;
+constexpr rlim_t MEMORY = 8192 * MEGABYTE;
 #else
-constexpr rlim_t kMemory = 1024 * kMegabyte;
+constexpr rlim_t MEMORY = 1024 * MEGABYTE;
 #endif
-constexpr rlim_t kFileSize = 512 * kMegabyte;
+constexpr rlim_t FILE_SIZE = 512 * MEGABYTE;
 // Of 1000; an ordinary program has 0.
-constexpr int kOomScore = 500;
+constexpr int OOM_SCORE = 500;
 
 void setLimit(__rlimit_resource resource, rlim_t value, const char* what) {
     const rlimit limit{value, value};
@@ -47,9 +47,9 @@ rlim_t dataInUse() {
 
 void limitResources() {
     setLimit(RLIMIT_CORE, 0, "core dumps");
-    setLimit(RLIMIT_FSIZE, kFileSize, "file sizes");
-    setLimit(RLIMIT_DATA, dataInUse() + kMemory, "memory");
-    std::ofstream("/proc/self/oom_score_adj") << kOomScore;
+    setLimit(RLIMIT_FSIZE, FILE_SIZE, "file sizes");
+    setLimit(RLIMIT_DATA, dataInUse() + MEMORY, "memory");
+    std::ofstream("/proc/self/oom_score_adj") << OOM_SCORE;
 }
 
 } // namespace lectern::engine

@@ -27,10 +27,10 @@
 namespace lectern::engine {
 namespace {
 
-constexpr std::uint64_t kWriteInFolder = LANDLOCK_ACCESS_FS_WRITE_FILE | LANDLOCK_ACCESS_FS_REMOVE_DIR |
-                                         LANDLOCK_ACCESS_FS_REMOVE_FILE | LANDLOCK_ACCESS_FS_MAKE_DIR |
-                                         LANDLOCK_ACCESS_FS_MAKE_REG | LANDLOCK_ACCESS_FS_MAKE_SYM;
-constexpr std::uint64_t kNeverAllowed = LANDLOCK_ACCESS_FS_EXECUTE | LANDLOCK_ACCESS_FS_MAKE_CHAR |
+constexpr std::uint64_t WRITE_IN_FOLDER = LANDLOCK_ACCESS_FS_WRITE_FILE | LANDLOCK_ACCESS_FS_REMOVE_DIR |
+                                          LANDLOCK_ACCESS_FS_REMOVE_FILE | LANDLOCK_ACCESS_FS_MAKE_DIR |
+                                          LANDLOCK_ACCESS_FS_MAKE_REG | LANDLOCK_ACCESS_FS_MAKE_SYM;
+constexpr std::uint64_t NEVER_ALLOWED = LANDLOCK_ACCESS_FS_EXECUTE | LANDLOCK_ACCESS_FS_MAKE_CHAR |
                                         LANDLOCK_ACCESS_FS_MAKE_SOCK | LANDLOCK_ACCESS_FS_MAKE_FIFO |
                                         LANDLOCK_ACCESS_FS_MAKE_BLOCK;
 
@@ -46,12 +46,12 @@ Confinement restrictFiles(const std::string& folder) {
     if (version < 1) {
         return Confinement::NoFileRules;
     }
-    std::uint64_t inFolder = kWriteInFolder;
+    std::uint64_t inFolder = WRITE_IN_FOLDER;
     inFolder |= version >= 2 ? LANDLOCK_ACCESS_FS_REFER : 0;
     inFolder |= version >= 3 ? LANDLOCK_ACCESS_FS_TRUNCATE : 0;
     const std::uint64_t toFile = inFolder & (LANDLOCK_ACCESS_FS_WRITE_FILE | LANDLOCK_ACCESS_FS_TRUNCATE);
 
-    const landlock_ruleset_attr attributes{inFolder | kNeverAllowed};
+    const landlock_ruleset_attr attributes{inFolder | NEVER_ALLOWED};
     const FileDescriptor ruleset(
         static_cast<int>(syscall(SYS_landlock_create_ruleset, &attributes, sizeof attributes, 0)));
     const bool done = ruleset && allowAt(ruleset.get(), folder.c_str(), inFolder) &&

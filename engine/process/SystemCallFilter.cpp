@@ -17,7 +17,7 @@ namespace {
 // The office suite needs several hundred calls that differ between versions of
 // it and of the C library, so what is dangerous is named, not what is needed.
 // clang-format off
-const char* const kRefused[] = {
+const char* const REFUSED[] = {
     // the network and every other socket; the one it has stays usable
     "socket", "connect", "bind", "listen", "accept", "accept4",
     // other programs
@@ -61,7 +61,7 @@ constexpr scmp_arg_cmp firstArgument(scmp_compare comparison, scmp_datum_t value
 }
 
 bool addRules(void* filter) {
-    for (const char* name : kRefused) {
+    for (const char* name : REFUSED) {
         if (!refuse(filter, name)) {
             return false;
         }

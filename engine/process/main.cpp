@@ -16,7 +16,7 @@
 
 int main(int argc, char** argv) {
     using namespace lectern::engine;
-    if (argc != 2 || fcntl(kEngineSocket, F_SETFD, FD_CLOEXEC) != 0) {
+    if (argc != 2 || fcntl(ENGINE_SOCKET, F_SETFD, FD_CLOEXEC) != 0) {
         std::fprintf(stderr, "%s is started by the service, not by hand\n", argv[0]);
         return 2;
     }
@@ -26,7 +26,7 @@ int main(int argc, char** argv) {
     if (confinement == Confinement::Failed) {
         _exit(1);
     }
-    startLifeline(kEngineSocket, folder);
-    runEngine(kEngineSocket, folder, confinement == Confinement::Complete);
+    startLifeline(ENGINE_SOCKET, folder);
+    runEngine(ENGINE_SOCKET, folder, confinement == Confinement::Complete);
     _exit(1);
 }

@@ -12,12 +12,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path kRoot = LECTERN_SOURCE_DIR;
+const fs::path ROOT = LECTERN_SOURCE_DIR;
 
 // From the top of the source tree.
 std::set<std::string> documents() {
     std::set<std::string> names = {"README.md"};
-    for (const auto& entry : fs::directory_iterator(kRoot / "docs")) {
+    for (const auto& entry : fs::directory_iterator(ROOT / "docs")) {
         if (entry.path().extension() == ".md") {
             names.insert("docs/" + entry.path().filename().string());
         }
@@ -39,7 +39,7 @@ TEST(Guides, LinksLeadSomewhere) {
     size_t links = 0;
     for (const std::string& name : documents()) {
         for (const std::string& target : matches(markdown::read(name), R"(\]\(([^)#: ]+)\))")) {
-            EXPECT_TRUE(fs::exists((kRoot / name).parent_path() / target)) << name << ": " << target;
+            EXPECT_TRUE(fs::exists((ROOT / name).parent_path() / target)) << name << ": " << target;
             ++links;
         }
     }
@@ -53,7 +53,7 @@ TEST(Guides, FilesAndFoldersOfTheTreeThatAreNamedExist) {
              matches(markdown::read(document),
                      "`((?:service|hub|word|excel|ppt|view|raster|channel|modules|engine|client|docs|scripts|"
                      "tests|samples)/[A-Za-z0-9_./-]*)`")) {
-            EXPECT_TRUE(fs::exists(kRoot / name)) << document << ": " << name;
+            EXPECT_TRUE(fs::exists(ROOT / name)) << document << ": " << name;
             ++names;
         }
     }

@@ -9,7 +9,7 @@ class ClickTest : public ServiceTest {
 protected:
     void SetUp() override {
         ServiceTest::SetUp();
-        document = std::make_unique<TestDocument>(*client, *queue, linkedDocument(), width, height);
+        document = std::make_unique<TestDocument>(*client, *queue, linkedDocument(), WIDTH, HEIGHT);
         ASSERT_EQ(document->openResult(), 0);
         ASSERT_EQ(document->paint(), 0);
     }
@@ -18,17 +18,17 @@ protected:
         ServiceTest::TearDown();
     }
     std::vector<uint32_t> screen() const {
-        return {document->frame(), document->frame() + width * (height - 1)};
+        return {document->frame(), document->frame() + WIDTH * (HEIGHT - 1)};
     }
     // Taps the middle of the first mark of a search, `right` pixels beside it.
     void tapOn(const std::string& text, int right = 0) {
         document->call("/common", "Search", ",\"search\":\"" + text + "\"");
         int x = -1;
         int y = -1;
-        for (int i = 0; i < width * (height - 1) && x < 0; ++i) {
+        for (int i = 0; i < WIDTH * (HEIGHT - 1) && x < 0; ++i) {
             if (isCurrentHit(document->frame()[i])) {
-                x = i % width + 3;
-                y = i / width + 6;
+                x = i % WIDTH + 3;
+                y = i / WIDTH + 6;
             }
         }
         ASSERT_GE(x, 0) << text << " is not shown";
@@ -38,9 +38,9 @@ protected:
     // Rows of the pop-up's part of the screen that hold dark ink.
     std::vector<int> popupRows() const {
         std::vector<int> rows;
-        for (int y = 40; y < height - 40; ++y) {
-            for (int x = 20; x < width - 20; ++x) {
-                if ((document->frame()[y * width + x] & 0xFF) < 0x60) {
+        for (int y = 40; y < HEIGHT - 40; ++y) {
+            for (int x = 20; x < WIDTH - 20; ++x) {
+                if ((document->frame()[y * WIDTH + x] & 0xFF) < 0x60) {
                     rows.push_back(y);
                     break;
                 }
@@ -50,11 +50,11 @@ protected:
     }
     bool isPopupShown() const {
         // The page around it is darkened.
-        return (document->frame()[10 * width + 2] & 0xFF) < 0xE0;
+        return (document->frame()[10 * WIDTH + 2] & 0xFF) < 0xE0;
     }
 
-    static constexpr int width = 320;
-    static constexpr int height = 480;
+    static constexpr int WIDTH = 320;
+    static constexpr int HEIGHT = 480;
     std::unique_ptr<TestDocument> document;
 };
 
@@ -112,10 +112,10 @@ TEST_F(ClickTest, ALongNoteIsScrolledToItsLastLine) {
     document->call("/common", "Search", ",\"search\":\"Note 1212\"");
     int x = -1;
     int y = -1;
-    for (int i = 0; i < width * (height - 1); ++i) {
+    for (int i = 0; i < WIDTH * (HEIGHT - 1); ++i) {
         if (isCurrentHit(document->frame()[i])) {
-            x = std::max(x, i % width);
-            y = y < 0 ? i / width : y;
+            x = std::max(x, i % WIDTH);
+            y = y < 0 ? i / WIDTH : y;
         }
     }
     ASSERT_GE(x, 0);
@@ -123,7 +123,7 @@ TEST_F(ClickTest, ALongNoteIsScrolledToItsLastLine) {
     document->tap(x - 2, y + 12);
     ASSERT_TRUE(isPopupShown());
     ASSERT_LT(popupRows().front(), 90);
-    ASSERT_GT(popupRows().back(), height - 80) << "more than a screen of it";
+    ASSERT_GT(popupRows().back(), HEIGHT - 80) << "more than a screen of it";
     std::vector<uint32_t> last;
     for (int i = 0; i < 10 && screen() != last; ++i) {
         last = screen();

@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int height = 1000;
+constexpr int HEIGHT = 1000;
 
 template<typename F>
 F function(void* module, const char* name) {
@@ -50,8 +50,8 @@ int main(int argc, char** argv) {
     if (open(units(file), units(nothing), units(fonts), units(temporary), &document) != 0) {
         return 1;
     }
-    std::vector<uint32_t> pixels(static_cast<size_t>(width) * height);
-    setBuffer(document, 0, pixels.data(), width, height);
+    std::vector<uint32_t> pixels(static_cast<size_t>(width) * HEIGHT);
+    setBuffer(document, 0, pixels.data(), width, HEIGHT);
     setDpi(document, std::atoi(argv[3]));
     int32_t rows = 0;
     int32_t scrolled = 0;
@@ -62,7 +62,7 @@ int main(int argc, char** argv) {
             const size_t first = static_cast<size_t>(row) * static_cast<size_t>(width);
             std::printf("%llx\n", static_cast<unsigned long long>(rowHash(&pixels[first], width)));
         }
-    } while (rows == height && down(document, 0, height, &scrolled) == 0);
+    } while (rows == HEIGHT && down(document, 0, HEIGHT, &scrolled) == 0);
     close(&document);
     return 0;
 }

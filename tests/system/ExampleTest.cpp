@@ -20,7 +20,7 @@ protected:
         example = std::make_unique<Subprocess>(arguments, nothingOfTheMachines, folder.path() + "/example");
         return example->wait(std::chrono::seconds(120));
     }
-    static constexpr char header[] = "P7\nWIDTH 480\nHEIGHT 800\nDEPTH 3\nMAXVAL 255\nENDHDR\n";
+    static constexpr char HEADER[] = "P7\nWIDTH 480\nHEIGHT 800\nDEPTH 3\nMAXVAL 255\nENDHDR\n";
 
     TemporaryFolder folder;
     std::unique_ptr<Subprocess> example;
@@ -34,8 +34,8 @@ TEST_F(ExampleTest, WritesAPictureForEveryStepOfThePan) {
     EXPECT_GE(count, 12);
     EXPECT_GT(row, 0);
     const std::string first = readFile(folder.path() + "/p-1.pam");
-    EXPECT_EQ(first.size(), sizeof header - 1 + 480 * 800 * 3);
-    EXPECT_EQ(first.rfind(header, 0), 0U);
+    EXPECT_EQ(first.size(), sizeof HEADER - 1 + 480 * 800 * 3);
+    EXPECT_EQ(first.rfind(HEADER, 0), 0U);
     EXPECT_NE(first, readFile(folder.path() + "/p-" + std::to_string(count) + ".pam"));
     EXPECT_FALSE(std::filesystem::exists(folder.path() + "/p-" + std::to_string(count + 1) + ".pam"));
 }

@@ -34,14 +34,14 @@ protected:
     }
     // True when the screen is the one kept before, moved by less than a line's height.
     static bool isSameButForALine(const std::vector<uint32_t>& before, const TestDocument& document) {
-        constexpr int line = 40;
+        constexpr int LINE = 40;
         const int width = document.width();
-        const int rows = document.height() - 1 - line;
+        const int rows = document.height() - 1 - LINE;
         const auto same = [&](int from, int to) {
             return std::equal(document.frame() + to * width, document.frame() + (to + rows) * width,
                               before.begin() + from * width);
         };
-        for (int shift = 0; shift < line; ++shift) {
+        for (int shift = 0; shift < LINE; ++shift) {
             if (same(shift, 0) || same(0, shift)) {
                 return true;
             }

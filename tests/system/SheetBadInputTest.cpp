@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr int extremes[] = {INT_MIN, -100000, -1, 100000, INT_MAX};
+constexpr int EXTREMES[] = {INT_MIN, -100000, -1, 100000, INT_MAX};
 
 class SheetBadInputTest : public ServiceTest {
 protected:
@@ -88,7 +88,7 @@ TEST_F(SheetBadInputTest, SheetNumbersOutOfRange) {
 TEST_F(SheetBadInputTest, TapsAndStrokesOutsideTheScreenAndTheSheet) {
     SheetScreen screen(*client, *queue, fares());
     const std::vector<uint32_t> before = screen.pixels();
-    for (const int far : extremes) {
+    for (const int far : EXTREMES) {
         for (const auto& [x, y] : {std::pair(far, 100), {100, far}, {far, far}, {far, 3}, {3, far}}) {
             screen.document().tap(x, y);
             screen.document().doubleTap(x, y);

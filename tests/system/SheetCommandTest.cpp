@@ -140,20 +140,20 @@ TEST_F(SheetCommandTest, HiddenColumnsAndRowsAreLeftOutHiddenAndShown) {
 }
 
 TEST_F(SheetCommandTest, SortsWholeRowsByTheSelectedColumn) {
-    constexpr int rows = 200;
-    open(ledger(rows));
+    constexpr int ROWS = 200;
+    open(ledger(ROWS));
     // The rows in the order of their numbers, and of their words, by the reader.
     const Lines numbers = readWorkbook({"column", path, "Ledger", "A"});
     const Lines words = readWorkbook({"column", path, "Ledger", "B"});
-    ASSERT_EQ(numbers.size(), rows + 1U);
+    ASSERT_EQ(numbers.size(), ROWS + 1U);
     std::map<int, std::string> wordsOf;
     for (size_t i = 1; i < numbers.size(); ++i) {
         wordsOf[std::stoi(numbers[i])] = words[i];
     }
     const auto column = [&](bool ascending, bool ofWords) {
         Lines lines{ofWords ? "Words" : "Number"};
-        for (int i = 1; i <= rows; ++i) {
-            const int number = ascending ? i : rows + 1 - i;
+        for (int i = 1; i <= ROWS; ++i) {
+            const int number = ascending ? i : ROWS + 1 - i;
             lines.push_back(ofWords ? wordsOf.at(number) : std::to_string(number));
         }
         return lines;

@@ -9,11 +9,11 @@
 
 namespace {
 
-constexpr uint32_t headerLine = 0xFF8C8C8C;
-constexpr uint32_t headerGround = 0xFFCCCCCC;
-constexpr uint32_t gridLine = 0xFFC0C0C0;
-constexpr uint32_t white = 0xFFFFFFFF;
-constexpr uint32_t selected = 0xFFFFF568;
+constexpr uint32_t HEADER_LINE = 0xFF8C8C8C;
+constexpr uint32_t HEADER_GROUND = 0xFFCCCCCC;
+constexpr uint32_t GRID_LINE = 0xFFC0C0C0;
+constexpr uint32_t WHITE = 0xFFFFFFFF;
+constexpr uint32_t SELECTED = 0xFFFFF568;
 
 using Header = SheetScreen::Header;
 
@@ -40,11 +40,11 @@ protected:
         const int row = rows[0].middle(); // of pixels without a line
         const int column = columns[0].middle();
         for (int x = cells.left; x < screen->width(); ++x) {
-            ASSERT_EQ(screen->at(x, 0) == headerLine, screen->at(x, row) == gridLine)
+            ASSERT_EQ(screen->at(x, 0) == HEADER_LINE, screen->at(x, row) == GRID_LINE)
                 << "column of pixels " << x;
         }
         for (int y = cells.top; y < screen->height() - 1; ++y) {
-            ASSERT_EQ(screen->at(0, y) == headerLine, screen->at(column, y) == gridLine)
+            ASSERT_EQ(screen->at(0, y) == HEADER_LINE, screen->at(column, y) == GRID_LINE)
                 << "row of pixels " << y;
         }
     }
@@ -62,7 +62,7 @@ protected:
     // hasInk takes a pixel's place along the strip and across it.
     static int labelsInTheirMiddle(const std::vector<Header>& headers, int thickness,
                                    const std::function<bool(int, int)>& hasInk) {
-        constexpr int tolerance = 4;
+        constexpr int TOLERANCE = 4;
         int labels = 0;
         for (const Header& header : headers) {
             int first = header.end, last = header.begin;
@@ -75,7 +75,7 @@ protected:
                 }
             }
             if (last > header.begin) {
-                EXPECT_NEAR(first - header.begin, header.end - last, tolerance) << "at " << header.begin;
+                EXPECT_NEAR(first - header.begin, header.end - last, TOLERANCE) << "at " << header.begin;
                 ++labels;
             }
         }
@@ -91,10 +91,10 @@ protected:
                 const uint32_t now = screen->at(x, y);
                 if (!band.has(x, y) || (x < cells.left && y < cells.top)) {
                     ASSERT_EQ(now, old) << x << "," << y;
-                } else if (old == white) {
-                    ASSERT_EQ(now, selected) << x << "," << y;
-                } else if (old == headerGround) {
-                    ASSERT_NE(now, headerGround) << x << "," << y;
+                } else if (old == WHITE) {
+                    ASSERT_EQ(now, SELECTED) << x << "," << y;
+                } else if (old == HEADER_GROUND) {
+                    ASSERT_NE(now, HEADER_GROUND) << x << "," << y;
                 } else if ((old & 0xFFFFFF) == 0) {
                     ASSERT_EQ(now, old) << "writing at " << x << "," << y;
                 }

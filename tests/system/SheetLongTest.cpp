@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int rows = 100'000;
+constexpr int ROWS = 100'000;
 
 class SheetLongTest : public ServiceTest {
 protected:
@@ -16,7 +16,7 @@ protected:
         ServiceTest::SetUp();
         screen = std::make_unique<SheetScreen>(
             *client, *queue,
-            generated("long.xlsx", "make_xlsx.py", {"long", std::to_string(rows), "OUT", "zebra", "100"}));
+            generated("long.xlsx", "make_xlsx.py", {"long", std::to_string(ROWS), "OUT", "zebra", "100"}));
         ASSERT_EQ(screen->document().openResult(), 0);
     }
     void TearDown() override {
@@ -91,7 +91,7 @@ TEST_F(SheetLongTest, IsFlungToItsEndSearchedAndSorted) {
     screen->tapRow({screen->rows().back().end, screen->height()});
     const std::string text = screen->copy(folder.path() + "/row.txt");
     numbers.push_back(text.substr(0, text.find('\t')));
-    EXPECT_EQ(numbers.back(), std::to_string(rows));
+    EXPECT_EQ(numbers.back(), std::to_string(ROWS));
     for (size_t i = 1; i < numbers.size(); ++i) {
         EXPECT_EQ(std::stoi(numbers[i]), std::stoi(numbers[i - 1]) + 1);
     }

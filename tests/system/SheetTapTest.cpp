@@ -11,23 +11,23 @@
 
 namespace {
 
-constexpr int points = 200;
-constexpr int farther = 1 << 30; // than any sheet goes
-constexpr uint32_t opaque = 0xFF000000;
+constexpr int POINTS = 200;
+constexpr int FARTHER = 1 << 30; // than any sheet goes
+constexpr uint32_t OPAQUE = 0xFF000000;
 
 // Half of red over a colour, as the mark of a comment lies in its corner.
 uint32_t marked(uint32_t colour) {
     const auto mixed = [&](int shift, uint32_t over) {
         return (((colour >> shift & 0xFF) * 127 >> 8) + (over * 128 >> 8)) << shift;
     };
-    return opaque | mixed(16, 0xFF) | mixed(8, 0) | mixed(0, 0);
+    return OPAQUE | mixed(16, 0xFF) | mixed(8, 0) | mixed(0, 0);
 }
 
 class SheetTapTest : public ServiceTest {
 protected:
     void SetUp() override {
         ServiceTest::SetUp();
-        RecordProperty("seed", std::to_string(seed));
+        RecordProperty("seed", std::to_string(SEED));
         path = generated("labelled.xlsx", "make_xlsx.py", {"labelled", "OUT"});
         screen = std::make_unique<SheetScreen>(*client, *queue, path, 320, 480);
         ASSERT_EQ(screen->document().openResult(), 0);
@@ -40,7 +40,7 @@ protected:
         std::uniform_int_distribution<int> across(screen->cells().left, screen->width() - 1);
         std::uniform_int_distribution<int> down(screen->cells().top, screen->height() - 2);
         std::map<std::string, int> cells;
-        for (int i = 0; i < points; ++i) {
+        for (int i = 0; i < POINTS; ++i) {
             const int x = across(chance);
             const int y = down(chance);
             const uint32_t pixel = screen->at(x, y);
@@ -48,9 +48,9 @@ protected:
             const std::set<int> notices = screen->notices();
             const std::string reply = screen->lastComment();
             const std::string comment = jsonMember(reply, "comment");
-            const auto colour = static_cast<uint32_t>(std::strtoul(comment.c_str(), nullptr, 16)) | opaque;
+            const auto colour = static_cast<uint32_t>(std::strtoul(comment.c_str(), nullptr, 16)) | OPAQUE;
             ASSERT_TRUE(pixel == colour || pixel == marked(colour))
-                << "seed " << seed << ", point " << i << ": the pixel at " << x << "," << y << " is "
+                << "seed " << SEED << ", point " << i << ": the pixel at " << x << "," << y << " is "
                 << std::hex << pixel << ", the tap tells " << reply;
             ASSERT_EQ(notices.count(2), 1U) << reply;
             ASSERT_EQ(notices.count(3), 0U) << reply;
@@ -61,8 +61,8 @@ protected:
         EXPECT_GT(cells.size(), 3U);
     }
 
-    static constexpr unsigned int seed = 20260214;
-    std::mt19937 chance{seed};
+    static constexpr unsigned int SEED = 20260214;
+    std::mt19937 chance{SEED};
     std::string path;
     std::unique_ptr<SheetScreen> screen;
 };
@@ -81,7 +81,7 @@ TEST_F(SheetTapTest, EveryPointFarAwayIsInTheCellDrawnThere) {
     for (const double zoom : {2.0, 1.0, 3.25}) {
         SCOPED_TRACE(zoom);
         screen->zoom(zoom);
-        screen->scrollTo(farther, farther); // to the last cell
+        screen->scrollTo(FARTHER, FARTHER); // to the last cell
         screen->scrollTo(screen->document().scrollX() - 13, screen->document().scrollY() - 9);
         checkPoints();
     }

@@ -8,9 +8,9 @@
 
 namespace {
 
-constexpr int slidesThatStayAsTheyAre = 6; // of the tour: the last one's box goes away
-constexpr int pointsAcross = 960;
-constexpr int pointsDown = 540;
+constexpr int SLIDES_THAT_STAY_AS_THEY_ARE = 6; // of the tour: the last one's box goes away
+constexpr int POINTS_ACROSS = 960;
+constexpr int POINTS_DOWN = 540;
 
 class SlidePictureTest : public SlidesTest {
 protected:
@@ -63,16 +63,16 @@ protected:
 
 TEST_F(SlidePictureTest, EverySlideIsTheOneThatTheSuitePaints) {
     for (const auto& [width, height] : {std::pair{480, 800}, {1280, 960}, {1280, 480}}) {
-        const int high = width * pointsDown / pointsAcross;
-        const BareSlides slides(slideSample("tour.pptx"), width, high, pointsAcross, pointsDown);
+        const int high = width * POINTS_DOWN / POINTS_ACROSS;
+        const BareSlides slides(slideSample("tour.pptx"), width, high, POINTS_ACROSS, POINTS_DOWN);
         TestDocument document(*client, *queue, slideSample("tour.pptx"), width, height);
         ASSERT_EQ(document.openResult(), 0);
         ASSERT_EQ(document.paint(), 0);
-        for (int slide = 0; slide < slidesThatStayAsTheyAre; ++slide) {
+        for (int slide = 0; slide < SLIDES_THAT_STAY_AS_THEY_ARE; ++slide) {
             ASSERT_EQ(jump(document, slide), slide);
             EXPECT_EQ(document.scrollX(), 0);
             EXPECT_EQ(wrongPixels(document, slides, slide), 0) << width << ", slide " << slide;
-            EXPECT_GT(wrongPixels(document, slides, (slide + 1) % slidesThatStayAsTheyAre), 100)
+            EXPECT_GT(wrongPixels(document, slides, (slide + 1) % SLIDES_THAT_STAY_AS_THEY_ARE), 100)
                 << "another slide is another picture";
         }
     }
@@ -86,18 +86,18 @@ TEST_F(SlidePictureTest, ASlideLowerThanTheViewIsInItsMiddle) {
 }
 
 TEST_F(SlidePictureTest, AnimationsHaveEnded) {
-    constexpr uint32_t box = 0xC8553D; // of the box that goes away
-    const BareSlides slides(slideSample("tour.pptx"), 480, 270, pointsAcross, pointsDown);
+    constexpr uint32_t BOX = 0xC8553D; // of the box that goes away
+    const BareSlides slides(slideSample("tour.pptx"), 480, 270, POINTS_ACROSS, POINTS_DOWN);
     TestDocument document(*client, *queue, slideSample("tour.pptx"), 480, 800);
     ASSERT_EQ(jump(document, 6), 6);
     const Shown picture = shown(document);
-    EXPECT_EQ(std::count(picture.begin(), picture.end(), box), 0);
-    EXPECT_EQ(slides.colour(6, 165, 190), box) << "it is there before they have";
+    EXPECT_EQ(std::count(picture.begin(), picture.end(), BOX), 0);
+    EXPECT_EQ(slides.colour(6, 165, 190), BOX) << "it is there before they have";
     EXPECT_EQ(picture[static_cast<size_t>((265 + 190) * 480 + 165)], 0xFFFFFFU);
 }
 
 TEST_F(SlidePictureTest, PinchedAndDraggedItIsTheSamePictureLarger) {
-    const BareSlides slides(slideSample("tour.pptx"), 960, 540, pointsAcross, pointsDown);
+    const BareSlides slides(slideSample("tour.pptx"), 960, 540, POINTS_ACROSS, POINTS_DOWN);
     TestDocument document(*client, *queue, slideSample("tour.pptx"), 480, 320);
     ASSERT_EQ(document.paint(), 0);
     document.pinch(2.0);
@@ -107,7 +107,7 @@ TEST_F(SlidePictureTest, PinchedAndDraggedItIsTheSamePictureLarger) {
     std::mt19937 chance(seed);
     const auto upTo = [&](int most) { return static_cast<int>(chance() % static_cast<unsigned>(most)); };
     for (int step = 0; step < 25; ++step) {
-        const int slide = upTo(slidesThatStayAsTheyAre);
+        const int slide = upTo(SLIDES_THAT_STAY_AS_THEY_ARE);
         ASSERT_EQ(jump(document, slide), slide);
         document.penDown(upTo(480), upTo(320));
         document.penMove(upTo(480), upTo(320));
@@ -129,7 +129,7 @@ TEST_F(SlidePictureTest, DoubleTapsGoThroughThreeZooms) {
         EXPECT_DOUBLE_EQ(document.scale(), zoom);
         const int width = static_cast<int>(960 * zoom) + static_cast<int>(960 * zoom) % 2;
         const int height = static_cast<int>(540 * zoom) + static_cast<int>(540 * zoom) % 2;
-        const BareSlides slides(slideSample("tour.pptx"), width, height, pointsAcross, pointsDown);
+        const BareSlides slides(slideSample("tour.pptx"), width, height, POINTS_ACROSS, POINTS_DOWN);
         EXPECT_EQ(wrongPixels(document, slides, 0), 0) << zoom;
     }
 }
@@ -141,7 +141,7 @@ TEST_F(SlidePictureTest, PinchesEndAtTheLimits) {
     EXPECT_DOUBLE_EQ(document.scale(), 2.0);
     document.pinch(0.01);
     EXPECT_DOUBLE_EQ(document.scale(), 0.5);
-    const BareSlides slides(slideSample("tour.pptx"), 480, 270, pointsAcross, pointsDown);
+    const BareSlides slides(slideSample("tour.pptx"), 480, 270, POINTS_ACROSS, POINTS_DOWN);
     EXPECT_EQ(wrongPixels(document, slides, 0), 0);
 }
 
@@ -156,7 +156,7 @@ TEST_F(SlidePictureTest, AFlickGlidesAndDoesNotTurnThePage) {
         return document.scrollY() > from + 50;
     }));
     EXPECT_EQ(document.slide(), 0);
-    const BareSlides slides(slideSample("tour.pptx"), 1920, 1080, pointsAcross, pointsDown);
+    const BareSlides slides(slideSample("tour.pptx"), 1920, 1080, POINTS_ACROSS, POINTS_DOWN);
     document.penDown(10, 10); // the glide stops
     document.penUp(10, 10);
     document.paint();
@@ -164,24 +164,24 @@ TEST_F(SlidePictureTest, AFlickGlidesAndDoesNotTurnThePage) {
 }
 
 TEST_F(SlidePictureTest, TurnedForADeviceOnItsSide) {
-    constexpr int width = 480;
-    constexpr int height = 800;
-    const BareSlides lying(slideSample("tour.pptx"), 800, 450, pointsAcross, pointsDown);
-    const BareSlides upright(slideSample("tour.pptx"), 480, 270, pointsAcross, pointsDown);
-    TestDocument document(*client, *queue, slideSample("tour.pptx"), width, height);
+    constexpr int WIDTH = 480;
+    constexpr int HEIGHT = 800;
+    const BareSlides lying(slideSample("tour.pptx"), 800, 450, POINTS_ACROSS, POINTS_DOWN);
+    const BareSlides upright(slideSample("tour.pptx"), 480, 270, POINTS_ACROSS, POINTS_DOWN);
+    TestDocument document(*client, *queue, slideSample("tour.pptx"), WIDTH, HEIGHT);
     for (const int slide : {0, 3}) {
         jump(document, slide);
         turn(document, ",\"orientation\":\"right\"");
         EXPECT_EQ(
-            wrongTurnedPixels(document, lying, slide, [](int x, int y) { return (height - x) * width + y; }),
+            wrongTurnedPixels(document, lying, slide, [](int x, int y) { return (HEIGHT - x) * WIDTH + y; }),
             0);
         turn(document, ",\"orientation\":\"left\"");
         EXPECT_EQ(
-            wrongTurnedPixels(document, lying, slide, [](int x, int y) { return x * width + height - y; }),
+            wrongTurnedPixels(document, lying, slide, [](int x, int y) { return x * WIDTH + HEIGHT - y; }),
             0);
         turn(document, ",\"orientation\":\"down\"");
         EXPECT_EQ(wrongTurnedPixels(document, upright, slide,
-                                    [](int x, int y) { return (width - y) * height + height - x; }),
+                                    [](int x, int y) { return (WIDTH - y) * HEIGHT + HEIGHT - x; }),
                   0);
         turn(document, ",\"orientation\":\"up\"");
         EXPECT_EQ(wrongPixels(document, upright, slide), 0);
@@ -210,34 +210,34 @@ TEST_F(SlidePictureTest, AClosedDeckOpensAgainWhereItWas) {
 }
 
 TEST_F(SlidePictureTest, LongJumpingAtRandomDoesNotGrowTheMemory) {
-    constexpr int slides = 300;
+    constexpr int SLIDES = 300;
 #ifdef __SANITIZE_ADDRESS__
     // Its allocator keeps more or less of what was freed: 12 MiB up and down,
     // where a thousand pictures that were lost would be hundreds.
-    constexpr size_t allowed = size_t{32} << 20;
+    constexpr size_t ALLOWED = size_t{32} << 20;
 #else
-    constexpr size_t allowed = size_t{2} << 20;
+    constexpr size_t ALLOWED = size_t{2} << 20;
 #endif
     const unsigned seed = std::random_device()();
     RecordProperty("seed", std::to_string(seed));
     SCOPED_TRACE("seed " + std::to_string(seed));
     std::mt19937 chance(seed);
-    TestDocument document(*client, *queue, longSlides(slides), 480, 800);
-    ASSERT_EQ(slideCount(document), slides);
+    TestDocument document(*client, *queue, longSlides(SLIDES), 480, 800);
+    ASSERT_EQ(slideCount(document), SLIDES);
     // First everything is seen once: what is kept for speed is full then.
-    for (int slide = 0; slide < slides; ++slide) {
+    for (int slide = 0; slide < SLIDES; ++slide) {
         ASSERT_EQ(jump(document, slide), slide);
     }
     const size_t before = privateMemory();
     for (int times = 0; times < 1000; ++times) {
-        const int slide = static_cast<int>(chance() % slides);
+        const int slide = static_cast<int>(chance() % SLIDES);
         ASSERT_EQ(jump(document, slide), slide);
         ASSERT_EQ(slideTold(document), slide);
     }
     const size_t after = privateMemory();
     RecordProperty("before", std::to_string(before >> 10));
     RecordProperty("after", std::to_string(after >> 10));
-    EXPECT_LT(after, before + allowed) << before << " bytes before";
+    EXPECT_LT(after, before + ALLOWED) << before << " bytes before";
 }
 
 } // namespace

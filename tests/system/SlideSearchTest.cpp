@@ -13,9 +13,9 @@
 
 namespace {
 
-constexpr int pointsAcross = 960;
-constexpr int pointsDown = 540;
-constexpr const char* fiveHits = R"(deck = Pptx(WIDE)
+constexpr int POINTS_ACROSS = 960;
+constexpr int POINTS_DOWN = 540;
+constexpr const char* FIVE_HITS = R"(deck = Pptx(WIDE)
 for i in range(6):
     slide = deck.slide()
     slide.title(f'Page {i}')
@@ -77,9 +77,9 @@ protected:
     // The area that a word takes up: what the suite's pictures of a slide with
     // and without it differ in.
     static Area wordOn(int slide, const std::string& with, const std::string& without, int width) {
-        const int height = width * pointsDown / pointsAcross;
-        const BareSlides a(with, width, height, pointsAcross, pointsDown);
-        const BareSlides b(without, width, height, pointsAcross, pointsDown);
+        const int height = width * POINTS_DOWN / POINTS_ACROSS;
+        const BareSlides a(with, width, height, POINTS_ACROSS, POINTS_DOWN);
+        const BareSlides b(without, width, height, POINTS_ACROSS, POINTS_DOWN);
         Shown first;
         Shown second;
         for (int y = 0; y < height; ++y) {
@@ -154,7 +154,7 @@ TEST_F(SlideHitsTest, TheMarkCoversTheWordAfterJumpsAndZooms) {
 }
 
 TEST_F(SlideHitsTest, StepsGoRoundBothWays) {
-    TestDocument document(*client, *queue, madeSlides("five.pptx", fiveHits), 480, 800);
+    TestDocument document(*client, *queue, madeSlides("five.pptx", FIVE_HITS), 480, 800);
     search(document, "quay");
     std::vector<Mark> marks{at(document)};
     for (int step = 1; step < 5; ++step) {
@@ -236,9 +236,9 @@ TEST_F(SlideHitsTest, OddTextsFindNothing) {
 }
 
 TEST_F(SlideHitsTest, ASearchThatTakesTooLongGivesWhatItFoundAndGoesOnTheNextTime) {
-    constexpr int slides = 300;
-    constexpr auto longerThanItsPatience = std::chrono::milliseconds(6000);
-    TestDocument document(*client, *queue, longSlides(slides), 480, 800);
+    constexpr int SLIDES = 300;
+    constexpr auto LONGER_THAN_ITS_PATIENCE = std::chrono::milliseconds(6000);
+    TestDocument document(*client, *queue, longSlides(SLIDES), 480, 800);
     ASSERT_EQ(document.paint(), 0);
     const pid_t engine = descendants("lectern-engine").front();
     const long before = processorTime(engine);
@@ -246,7 +246,7 @@ TEST_F(SlideHitsTest, ASearchThatTakesTooLongGivesWhatItFoundAndGoesOnTheNextTim
         // It is at work; now time passes without it.
         EXPECT_TRUE(eventually([&] { return processorTime(engine) > before + 3; }));
         kill(engine, SIGSTOP);
-        std::this_thread::sleep_for(longerThanItsPatience);
+        std::this_thread::sleep_for(LONGER_THAN_ITS_PATIENCE);
         kill(engine, SIGCONT);
     });
     search(document, "needle");
@@ -255,13 +255,13 @@ TEST_F(SlideHitsTest, ASearchThatTakesTooLongGivesWhatItFoundAndGoesOnTheNextTim
     EXPECT_FALSE(markOf(document).isEmpty());
     previous(document);
     const int last = document.slide();
-    EXPECT_LT(last, slides - 1) << "it came to the end all the same";
+    EXPECT_LT(last, SLIDES - 1) << "it came to the end all the same";
     EXPECT_FALSE(markOf(document).isEmpty());
     EXPECT_TRUE(eventually([&] { // where the machine is slow, not at once
         jump(document, 0);
         search(document, "needle");
         previous(document);
-        return document.slide() == slides - 1;
+        return document.slide() == SLIDES - 1;
     }));
 }
 

@@ -30,9 +30,9 @@ protected:
         };
         const auto slides = open(own, sample("tour.pptx"), options);
         ASSERT_TRUE(text && sheet && slides);
-        EXPECT_EQ(text->kind(), DocumentKind::wordProcessing);
-        EXPECT_EQ(sheet->kind(), DocumentKind::spreadsheet);
-        EXPECT_EQ(slides->kind(), DocumentKind::presentation);
+        EXPECT_EQ(text->kind(), DocumentKind::WordProcessing);
+        EXPECT_EQ(sheet->kind(), DocumentKind::Spreadsheet);
+        EXPECT_EQ(slides->kind(), DocumentKind::Presentation);
         for (int round = 0; round < 5; ++round) {
             drag(*text, rows);
             EXPECT_EQ(text->state().scrollY, rows);

@@ -14,8 +14,8 @@
 namespace lectern::play {
 
 Result<FrameFolder> FrameFolder::open(const std::string& path) {
-    constexpr mode_t everybody = 0777; // less what the umask takes
-    if (mkdir(path.c_str(), everybody) != 0 && errno != EEXIST) {
+    constexpr mode_t EVERYBODY = 0777; // less what the umask takes
+    if (mkdir(path.c_str(), EVERYBODY) != 0 && errno != EEXIST) {
         return systemError("cannot make the folder '" + path + "'", errno);
     }
     FrameFolder folder(path);

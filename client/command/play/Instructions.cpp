@@ -12,12 +12,12 @@ namespace lectern::play {
 
 namespace {
 
-constexpr int longestWait = 24 * 60 * 60 * 1'000; // milliseconds
-constexpr char blanks[] = " \t\r";
+constexpr int LONGEST_WAIT = 24 * 60 * 60 * 1'000; // milliseconds
+constexpr char BLANKS[] = " \t\r";
 
 std::string trimmed(const std::string& text) {
-    const size_t first = text.find_first_not_of(blanks);
-    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(blanks) - first + 1);
+    const size_t first = text.find_first_not_of(BLANKS);
+    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(BLANKS) - first + 1);
 }
 
 using Read = std::optional<Instruction>;
@@ -28,7 +28,7 @@ Read given(Action action) {
 }
 
 Read timeFrom(const Operands& operands, bool isTime) {
-    const auto milliseconds = parseInteger(operands[0], 0, longestWait);
+    const auto milliseconds = parseInteger(operands[0], 0, LONGEST_WAIT);
     return milliseconds ? Read(Instruction{Wait(), std::chrono::milliseconds(*milliseconds), isTime})
                         : std::nullopt;
 }
@@ -62,7 +62,7 @@ Read readAt(const Line& line) {
 Read readPinch(const Line& line) {
     const Operands& operands = line.operands();
     const auto factor = parseFactor(operands[0]);
-    const auto duration = operands.size() < 2 ? 0 : parseInteger(operands[1], 0, longestWait);
+    const auto duration = operands.size() < 2 ? 0 : parseInteger(operands[1], 0, LONGEST_WAIT);
     return factor && duration ? given(Pinch{*factor, std::chrono::milliseconds(*duration)}) : std::nullopt;
 }
 
@@ -96,11 +96,11 @@ Read readEvery(const Line& line) {
     if (line.operands()[0] == "off") {
         return given(TakeFrames());
     }
-    const auto period = parseInteger(line.operands()[0], 1, longestWait);
+    const auto period = parseInteger(line.operands()[0], 1, LONGEST_WAIT);
     return period ? given(TakeFrames{std::chrono::milliseconds(*period)}) : std::nullopt;
 }
 
-constexpr size_t anyNumber = SIZE_MAX;
+constexpr size_t ANY_NUMBER = SIZE_MAX;
 
 struct Form {
     const char* name;
@@ -110,7 +110,7 @@ struct Form {
     Read (*read)(const Line& line);
 };
 
-constexpr Form forms[] = {
+constexpr Form FORMS[] = {
     {"wait", 1, 1, "MILLISECONDS", readWait},
     {"at", 1, 1, "MILLISECONDS", readAt},
     {"down", 2, 2, "X Y", readPoint<PenDown>},
@@ -123,7 +123,7 @@ constexpr Form forms[] = {
     {"key", 1, 2, "CODE [MODIFIERS]", readKey},
     {"sheet", 1, 1, "NUMBER", readJump<GoToSheet>},
     {"slide", 1, 1, "NUMBER", readJump<GoToSlide>},
-    {"search", 1, anyNumber, "TEXT", readSearch},
+    {"search", 1, ANY_NUMBER, "TEXT", readSearch},
     {"next", 0, 0, "", readPlain<NextHit>},
     {"previous", 0, 0, "", readPlain<PreviousHit>},
     {"close", 0, 0, "", readPlain<EndSearch>},
@@ -137,7 +137,7 @@ std::string shown(const Form& form) {
 }
 
 Error misuse(std::string text) {
-    return {Error::Kind::argument, std::move(text), 0, {}};
+    return {Error::Kind::Argument, std::move(text), 0, {}};
 }
 
 } // namespace
@@ -155,9 +155,9 @@ Line::Line(const std::string& text) : mText(trimmed(text)) {
 }
 
 Result<Instruction> readInstruction(const Line& line) {
-    const auto* form = std::find_if(std::begin(forms), std::end(forms),
+    const auto* form = std::find_if(std::begin(FORMS), std::end(FORMS),
                                     [&line](const Form& known) { return line.name() == known.name; });
-    if (form == std::end(forms)) {
+    if (form == std::end(FORMS)) {
         return misuse("'" + line.name() + "' is no instruction; lectern(1) lists those of scripts");
     }
     const size_t count = line.operands().size();
@@ -170,7 +170,7 @@ Result<Instruction> readInstruction(const Line& line) {
 
 std::vector<std::string> instructionForms() {
     std::vector<std::string> all;
-    std::transform(std::begin(forms), std::end(forms), std::back_inserter(all), shown);
+    std::transform(std::begin(FORMS), std::end(FORMS), std::back_inserter(all), shown);
     return all;
 }
 

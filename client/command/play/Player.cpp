@@ -12,7 +12,7 @@ namespace lectern::play {
 namespace {
 
 // How often fingers tell where they are.
-constexpr std::chrono::milliseconds fingerStep{40};
+constexpr std::chrono::milliseconds FINGER_STEP{40};
 
 } // namespace
 
@@ -25,7 +25,7 @@ Failure Player::play(const Script& script) {
             failure = std::visit([this](const auto& action) { return perform(action); }, step.action);
         }
         if (failure) {
-            return failure->kind == Error::Kind::cancelled ? failure : lineError(script, step.line, *failure);
+            return failure->kind == Error::Kind::Cancelled ? failure : lineError(script, step.line, *failure);
         }
         // Input of different kinds overtakes each other in the queue.
         mDocument.settle();
@@ -34,7 +34,7 @@ Failure Player::play(const Script& script) {
 }
 
 Failure Player::waitUntil(Time due) {
-    Failure interrupted = Error{Error::Kind::cancelled, "interrupted", 0, {}};
+    Failure interrupted = Error{Error::Kind::Cancelled, "interrupted", 0, {}};
     while (mNextFrame && *mNextFrame <= due) {
         if (!pauseUntil(mStart + *mNextFrame, mLimits.stop)) {
             return interrupted;
@@ -77,7 +77,7 @@ Failure Player::perform(const Pinch& pinch) {
     if (!failure) {
         failure = mDocument.gestureStart(1.0);
     }
-    const auto steps = std::max<Time::rep>(1, pinch.duration / fingerStep);
+    const auto steps = std::max<Time::rep>(1, pinch.duration / FINGER_STEP);
     for (Time::rep i = 1; !failure && i <= steps; ++i) {
         failure = waitUntil(mDue + pinch.duration * i / steps);
         if (!failure) {
@@ -100,12 +100,12 @@ Failure Player::perform(const Key& key) {
 }
 
 Failure Player::perform(const GoToSheet& jump) {
-    Failure failure = requireKind(mDocument, DocumentKind::spreadsheet, "'sheet'");
+    Failure failure = requireKind(mDocument, DocumentKind::Spreadsheet, "'sheet'");
     return failure ? failure : goToSheet(mDocument, jump.number, mLimits);
 }
 
 Failure Player::perform(const GoToSlide& jump) {
-    Failure failure = requireKind(mDocument, DocumentKind::presentation, "'slide'");
+    Failure failure = requireKind(mDocument, DocumentKind::Presentation, "'slide'");
     return failure ? failure : goToSlide(mDocument, jump.number, mLimits);
 }
 
@@ -127,7 +127,7 @@ Failure Player::perform(const EndSearch& /*end*/) {
 }
 
 Failure Player::perform(const Wide& wide) {
-    Failure failure = requireKind(mDocument, DocumentKind::wordProcessing, "'wide'");
+    Failure failure = requireKind(mDocument, DocumentKind::WordProcessing, "'wide'");
     return failure ? failure : mDocument.wideMode(wide.on);
 }
 

@@ -13,7 +13,7 @@ namespace lectern::play {
 namespace {
 
 // Longer than anyone waits for; keeps sums of times small.
-constexpr std::chrono::milliseconds longestScript = std::chrono::hours(24);
+constexpr std::chrono::milliseconds LONGEST_SCRIPT = std::chrono::hours(24);
 
 // Reads line by line and knows the time that each is due.
 class Reader {
@@ -31,10 +31,10 @@ public:
         }
         const std::chrono::milliseconds due =
             instruction->isTime ? instruction->time : mNow + instruction->time;
-        if (due < mNow || due > longestScript) {
+        if (due < mNow || due > LONGEST_SCRIPT) {
             const std::string now = std::to_string(mNow.count());
             return lineError(mScript, number,
-                             {Error::Kind::argument,
+                             {Error::Kind::Argument,
                               due < mNow ? "it is " + now + " ms by then; times cannot go back"
                                          : "a script may last 24 hours at most",
                               0,

@@ -20,7 +20,7 @@ class LateReply; // not part of the interface
 namespace lectern {
 
 // The service's name on the bus; it prefixes its interfaces too.
-inline constexpr const char* serviceName = "com.kestrel.office";
+inline constexpr const char* SERVICE_NAME = "com.kestrel.office";
 
 // How long a call may take, what ends it early, and who is told that it goes on.
 struct CallLimits {
@@ -63,14 +63,14 @@ public:
     // Sends a call of a method that never replies to the process of this unique
     // name, or to the service as long as it runs: it is not started for it.
     Failure post(const char* category, const char* method, const std::string& payload,
-                 const std::string& destination = serviceName) const;
+                 const std::string& destination = SERVICE_NAME) const;
     // Waits until everything posted has left the process.
     Failure flush() const;
 
     // Whether the connection is lost for good.
     bool isClosed() const;
     // Whether the service, or the process of a unique name, is on this bus.
-    bool serviceRuns(const std::string& name = serviceName) const;
+    bool serviceRuns(const std::string& name = SERVICE_NAME) const;
     // Whether it runs or can be started by it.
     bool offersService() const;
 

@@ -19,7 +19,7 @@ struct _GMainContext; // GLib's
 
 namespace lectern {
 
-enum class DocumentKind { unknown = 0, spreadsheet = 1, wordProcessing = 2, presentation = 3 };
+enum class DocumentKind { Unknown = 0, Spreadsheet = 1, WordProcessing = 2, Presentation = 3 };
 
 struct OpenOptions {
     int width = 480; // of the view, pixels

@@ -34,7 +34,7 @@ struct CreateReply {
 Result<CreateReply> create(const Bus& bus, const CreateRequest& request, const CallLimits& limits);
 // Not answered. owner: as "create" gave it; after a restart of the service its
 // number is another document's.
-Failure destroy(const Bus& bus, int docid, const std::string& owner = serviceName);
+Failure destroy(const Bus& bus, int docid, const std::string& owner = SERVICE_NAME);
 Failure ping(const Bus& bus);
 
 Failure handlePenDown(const Bus& bus, int docid, int x, int y, const CallLimits& limits = {});

@@ -20,9 +20,9 @@ namespace lectern {
 // of both has ended, in whatever way.
 class FrameBuffer {
 public:
-    static constexpr int maxSide = 16'384;
+    static constexpr int MAX_SIDE = 16'384;
 
-    // Sides are 1 to maxSide.
+    // Sides are 1 to MAX_SIDE.
     static Result<FrameBuffer> create(int width, int height);
     static constexpr size_t sizeFor(int width, int height) {
         return (static_cast<size_t>(width) * static_cast<size_t>(height) + 1) * sizeof(uint32_t);

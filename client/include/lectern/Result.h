@@ -12,18 +12,18 @@ namespace lectern {
 
 struct Error {
     enum class Kind {
-        argument,  // the caller asked for something that cannot be
-        system,    // this machine refused: no memory, no segment, no program
-        bus,       // no service, no connection, or a call that was not answered
-        refused,   // the service answered with an error; name holds its "errorCode"
-        document,  // the document did not open; code holds the rendering module's code
-        timedOut,  // no answer in time
-        gone,      // the service that had the document has stopped; Document::reopen
+        Argument,  // the caller asked for something that cannot be
+        System,    // this machine refused: no memory, no segment, no program
+        Bus,       // no service, no connection, or a call that was not answered
+        Refused,   // the service answered with an error; name holds its "errorCode"
+        Document,  // the document did not open; code holds the rendering module's code
+        TimedOut,  // no answer in time
+        Gone,      // the service that had the document has stopped; Document::reopen
                    // brings the view back
-        cancelled, // the caller's stop token was used
+        Cancelled, // the caller's stop token was used
     };
 
-    Kind kind = Kind::system;
+    Kind kind = Kind::System;
     std::string text; // a plain sentence, without a full stop at its end
     int code = 0;
     std::string name;

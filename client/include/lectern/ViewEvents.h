@@ -54,7 +54,7 @@ struct ViewEvents {
     std::function<void(const ViewRecord&)> onRecord;
 
     // The service has stopped, was idle or has crashed: calls fail with
-    // Error::Kind::gone until Document::reopen has brought the view back.
+    // Error::Kind::Gone until Document::reopen has brought the view back.
     std::function<void()> onServiceGone;
 };
 

@@ -7,8 +7,8 @@ using namespace lectern::engine;
 
 namespace {
 
-constexpr gint kColumns = static_cast<gint>(TrackAxis::Columns);
-constexpr gint kRows = static_cast<gint>(TrackAxis::Rows);
+constexpr gint COLUMNS = static_cast<gint>(TrackAxis::Columns);
+constexpr gint ROWS = static_cast<gint>(TrackAxis::Rows);
 
 } // namespace
 
@@ -21,40 +21,40 @@ int32_t stg_sort_descending(void* doc, int32_t sheet, int32_t column) {
 }
 
 int32_t stg_hide_columns(void* doc, int32_t sheet, int32_t first_x, int32_t last_x) {
-    return tellWorkbook(doc, &lectern_ipc_sheet_call_hide_sync, gint{sheet}, kColumns, gint{first_x},
+    return tellWorkbook(doc, &lectern_ipc_sheet_call_hide_sync, gint{sheet}, COLUMNS, gint{first_x},
                         gint{last_x});
 }
 
 int32_t stg_hide_rows(void* doc, int32_t sheet, int32_t first_y, int32_t last_y) {
-    return tellWorkbook(doc, &lectern_ipc_sheet_call_hide_sync, gint{sheet}, kRows, gint{first_y},
+    return tellWorkbook(doc, &lectern_ipc_sheet_call_hide_sync, gint{sheet}, ROWS, gint{first_y},
                         gint{last_y});
 }
 
 int32_t stg_unhide_columns(void* doc, int32_t sheet, int32_t first_x, int32_t last_x) {
-    return tellWorkbook(doc, &lectern_ipc_sheet_call_unhide_sync, gint{sheet}, kColumns, gint{first_x},
+    return tellWorkbook(doc, &lectern_ipc_sheet_call_unhide_sync, gint{sheet}, COLUMNS, gint{first_x},
                         gint{last_x});
 }
 
 int32_t stg_unhide_rows(void* doc, int32_t sheet, int32_t first_y, int32_t last_y) {
-    return tellWorkbook(doc, &lectern_ipc_sheet_call_unhide_sync, gint{sheet}, kRows, gint{first_y},
+    return tellWorkbook(doc, &lectern_ipc_sheet_call_unhide_sync, gint{sheet}, ROWS, gint{first_y},
                         gint{last_y});
 }
 
 int32_t stg_unhide_all_columns(void* doc, int32_t sheet) {
-    return tellWorkbook(doc, &lectern_ipc_sheet_call_unhide_all_sync, gint{sheet}, kColumns);
+    return tellWorkbook(doc, &lectern_ipc_sheet_call_unhide_all_sync, gint{sheet}, COLUMNS);
 }
 
 int32_t stg_unhide_all_rows(void* doc, int32_t sheet) {
-    return tellWorkbook(doc, &lectern_ipc_sheet_call_unhide_all_sync, gint{sheet}, kRows);
+    return tellWorkbook(doc, &lectern_ipc_sheet_call_unhide_all_sync, gint{sheet}, ROWS);
 }
 
 int32_t stg_resize_column(void* doc, int32_t sheet, int32_t x, int32_t change) {
-    return tellWorkbook(doc, &lectern_ipc_sheet_call_resize_sync, gint{sheet}, kColumns, gint{x},
+    return tellWorkbook(doc, &lectern_ipc_sheet_call_resize_sync, gint{sheet}, COLUMNS, gint{x},
                         gint{change});
 }
 
 int32_t stg_resize_row(void* doc, int32_t sheet, int32_t y, int32_t change) {
-    return tellWorkbook(doc, &lectern_ipc_sheet_call_resize_sync, gint{sheet}, kRows, gint{y}, gint{change});
+    return tellWorkbook(doc, &lectern_ipc_sheet_call_resize_sync, gint{sheet}, ROWS, gint{y}, gint{change});
 }
 
 int32_t stg_autofit_column(void* doc, int32_t sheet, int32_t x) {

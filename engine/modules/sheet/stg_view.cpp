@@ -10,7 +10,7 @@ using namespace lectern::engine;
 namespace {
 
 // Of a header strip; the view makes buffers of it.
-constexpr std::int32_t kMostThickness = 16384;
+constexpr std::int32_t MOST_THICKNESS = 16384;
 
 // Gives the engine a surface of another size; the one before stays when that
 // fails.
@@ -36,7 +36,7 @@ std::int32_t setBuffer(void* doc, std::int32_t view, SheetBuffer buffer, std::ui
         return MODULE_BAD_ARGUMENT;
     }
     return onWorkbook(doc, [&](SheetHandle& handle) -> std::int32_t {
-        if (std::int64_t{width} * height > SharedSurface::kMaximumPixels) {
+        if (std::int64_t{width} * height > SharedSurface::MAXIMUM_PIXELS) {
             return MODULE_TOO_LARGE;
         }
         BufferPair& pair = handle.buffers[static_cast<std::size_t>(buffer)];
@@ -141,7 +141,7 @@ int32_t stg_cell_bounds(void* doc, int32_t sheet, int32_t x, int32_t y, int32_t*
             return result;
         }
         const bool corner = x == -1 && y == -1;
-        const std::int32_t most = corner ? kMostThickness : G_MAXINT32;
+        const std::int32_t most = corner ? MOST_THICKNESS : G_MAXINT32;
         if (bounds.width < 0 || bounds.height < 0 || bounds.width > most || bounds.height > most) {
             return MODULE_FAILED;
         }

@@ -11,12 +11,12 @@ using namespace lectern::engine;
 namespace {
 
 // The engine keeps slides that it painted last, in memory that takes so much.
-constexpr std::int64_t kMostKept = std::int64_t{32} << 20; // bytes
-constexpr std::int64_t kMostPictures = 64;
+constexpr std::int64_t MOST_KEPT = std::int64_t{32} << 20; // bytes
+constexpr std::int64_t MOST_PICTURES = 64;
 
 std::int32_t picturesOf(std::int32_t width, std::int32_t height) {
     const std::int64_t bytes = std::int64_t{width} * height * 4;
-    return static_cast<std::int32_t>(std::clamp<std::int64_t>(kMostKept / bytes, 1, kMostPictures));
+    return static_cast<std::int32_t>(std::clamp<std::int64_t>(MOST_KEPT / bytes, 1, MOST_PICTURES));
 }
 
 // Gives the engine a surface for pictures of another size; the one before stays
@@ -82,7 +82,7 @@ int32_t sstg_render_slide(void* doc, int32_t slide, int32_t /*flags*/, uint32_t*
         return MODULE_BAD_ARGUMENT;
     }
     return onSlideshow(doc, [&](SlideHandle& handle) -> std::int32_t {
-        if (std::int64_t{width} * height > SharedSurface::kMaximumPixels) {
+        if (std::int64_t{width} * height > SharedSurface::MAXIMUM_PIXELS) {
             return MODULE_TOO_LARGE;
         }
         std::int32_t result = MODULE_OK;

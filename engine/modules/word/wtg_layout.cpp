@@ -65,7 +65,7 @@ int32_t wtg_set_offscreen_buffer(void* doc, int32_t view, uint32_t* pixels, int3
         return MODULE_BAD_ARGUMENT;
     }
     return onDocument(doc, [&](WordHandle& handle) -> std::int32_t {
-        if (std::int64_t{width} * height > SharedSurface::kMaximumPixels) {
+        if (std::int64_t{width} * height > SharedSurface::MAXIMUM_PIXELS) {
             return MODULE_TOO_LARGE;
         }
         if (!handle.surface || handle.borrowed || handle.surface->width() != width ||

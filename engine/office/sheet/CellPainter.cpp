@@ -10,18 +10,18 @@ namespace lectern::engine {
 
 namespace {
 
-constexpr uint32_t white = 0xFFFFFFFF;
+constexpr uint32_t WHITE = 0xFFFFFFFF;
 
 // Where a tile is to begin that shows a pixel, for drawings in it to stand where
 // they belong. The suite moves them by a part of the way that the tile begins
 // into a cell: by a third of it at 144 dpi. So it begins with a cell, or as
 // near behind a cell's beginning as is to be had within some pixels.
 int64_t startForDrawings(int64_t pixel, const Tracks& tracks, int32_t dpi) {
-    constexpr int64_t mostBefore = 512; // pixels that may be painted in vain
+    constexpr int64_t MOST_BEFORE = 512; // pixels that may be painted in vain
     const int64_t step = tileStep(dpi);
     int64_t best = roundDown(pixel, step);
     int64_t least = std::numeric_limits<int64_t>::max();
-    for (int64_t start = best; start >= 0 && start + mostBefore >= pixel && least > 0; start -= step) {
+    for (int64_t start = best; start >= 0 && start + MOST_BEFORE >= pixel && least > 0; start -= step) {
         const int64_t into = start - tracks.position(tracks.trackAt(start));
         if (into < least) {
             least = into;
@@ -64,7 +64,7 @@ struct Span {
 
 void fill(const Surface& surface, int64_t left, int64_t top, int64_t right, int64_t bottom) {
     for (int64_t y = top; y < bottom; ++y)
-        std::fill(surface.row(y) + left, surface.row(y) + right, white);
+        std::fill(surface.row(y) + left, surface.row(y) + right, WHITE);
 }
 
 // All but the part that lies on the sheet.

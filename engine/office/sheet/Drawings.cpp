@@ -15,12 +15,12 @@ using css::uno::UNO_QUERY_THROW;
 
 namespace {
 
-constexpr double hundredthMmPerInch = 2540;
+constexpr double HUNDREDTH_MM_PER_INCH = 2540;
 
 // Where the cells at a place are painted, both in 1/100 mm.
 int32_t paintedPlace(const Tracks& tracks, int32_t place, int32_t dpi) {
-    const double pixel = tracks.paintedAt(place * 1440 / hundredthMmPerInch, dpi);
-    return static_cast<int32_t>(std::lround(pixel * hundredthMmPerInch / dpi));
+    const double pixel = tracks.paintedAt(place * 1440 / HUNDREDTH_MM_PER_INCH, dpi);
+    return static_cast<int32_t>(std::lround(pixel * HUNDREDTH_MM_PER_INCH / dpi));
 }
 
 } // namespace

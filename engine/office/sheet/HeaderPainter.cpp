@@ -11,11 +11,11 @@ namespace lectern::engine {
 
 namespace {
 
-constexpr double fontPoints = 9;
-constexpr double paddingPoints = 4;
-constexpr double pointsPerInch = 72;
-constexpr uint32_t background = 0xFFCCCCCC;
-constexpr uint32_t line = 0xFF8C8C8C;
+constexpr double FONT_POINTS = 9;
+constexpr double PADDING_POINTS = 4;
+constexpr double POINTS_PER_INCH = 72;
+constexpr uint32_t BACKGROUND = 0xFFCCCCCC;
+constexpr uint32_t LINE = 0xFF8C8C8C;
 
 using CairoSurface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
 using Cairo = std::unique_ptr<cairo_t, decltype(&cairo_destroy)>;
@@ -59,11 +59,11 @@ void forTracks(const Tracks& tracks, int64_t from, int32_t length, Use use) {
 } // namespace
 
 HeaderPainter::HeaderPainter(int32_t dpi)
-    : mFont(nullptr, &cairo_scaled_font_destroy), mPadding(paddingPoints * dpi / pointsPerInch) {
+    : mFont(nullptr, &cairo_scaled_font_destroy), mPadding(PADDING_POINTS * dpi / POINTS_PER_INCH) {
     const CairoSurface surface(cairo_image_surface_create(CAIRO_FORMAT_A8, 1, 1), &cairo_surface_destroy);
     const Cairo cairo(cairo_create(surface.get()), &cairo_destroy);
     cairo_select_font_face(cairo.get(), "sans-serif", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
-    cairo_set_font_size(cairo.get(), fontPoints * dpi / pointsPerInch);
+    cairo_set_font_size(cairo.get(), FONT_POINTS * dpi / POINTS_PER_INCH);
     mFont.reset(cairo_scaled_font_reference(cairo_get_scaled_font(cairo.get())));
     cairo_font_extents_t font{};
     cairo_scaled_font_extents(mFont.get(), &font);
@@ -90,15 +90,15 @@ int32_t HeaderPainter::columnHeaderHeight() const {
 void HeaderPainter::paint(Axis axis, const Tracks& tracks, int64_t from,
                           const std::optional<MarkedTracks>& marked, const Surface& surface) const {
     const Strip strip{axis, surface};
-    strip.fill(0, strip.length(), 0, strip.thickness(), background);
+    strip.fill(0, strip.length(), 0, strip.thickness(), BACKGROUND);
     forTracks(tracks, from, strip.length(), [&](int32_t track, int64_t first, int64_t last) {
         if (marked && track >= marked->first && track <= marked->last)
-            strip.fill(first, last, 0, strip.thickness(), tinted(background, marked->colour));
+            strip.fill(first, last, 0, strip.thickness(), tinted(BACKGROUND, marked->colour));
         if (from + first > 0)
-            strip.fill(first, first + 1, 0, strip.thickness(), line);
+            strip.fill(first, first + 1, 0, strip.thickness(), LINE);
     });
     const int32_t inner = strip.thickness() - 1;
-    strip.fill(0, strip.length(), inner, strip.thickness(), line);
+    strip.fill(0, strip.length(), inner, strip.thickness(), LINE);
 
     const CairoSurface image(
         cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(surface.pixels),
@@ -127,10 +127,10 @@ void HeaderPainter::paint(Axis axis, const Tracks& tracks, int64_t from,
 }
 
 std::string columnLabel(int32_t column) {
-    constexpr int32_t letters = 26;
+    constexpr int32_t LETTERS = 26;
     std::string label;
-    for (int32_t rest = column + 1; rest > 0; rest = (rest - 1) / letters)
-        label.insert(label.begin(), static_cast<char>('A' + (rest - 1) % letters));
+    for (int32_t rest = column + 1; rest > 0; rest = (rest - 1) / LETTERS)
+        label.insert(label.begin(), static_cast<char>('A' + (rest - 1) % LETTERS));
     return label;
 }
 

@@ -75,14 +75,14 @@ void SheetDocument::Private::markCells(int32_t sheet, int32_t x, int32_t y) {
 }
 
 int32_t SheetDocument::setSurface(SheetArea area, uint32_t* pixels, int32_t width, int32_t height) {
-    if (pixels == nullptr || width < 1 || height < 1 || width > mostPixels || height > mostPixels)
+    if (pixels == nullptr || width < 1 || height < 1 || width > MOST_PIXELS || height > MOST_PIXELS)
         return MODULE_BAD_ARGUMENT;
     mPrivate->surfaces[static_cast<size_t>(area)] = {pixels, width, height};
     return MODULE_OK;
 }
 
 int32_t SheetDocument::setDpi(int32_t dpi) {
-    if (dpi < 1 || dpi > mostDpi)
+    if (dpi < 1 || dpi > MOST_DPI)
         return MODULE_BAD_ARGUMENT;
     return guarded([&]() -> int32_t {
         if (dpi != mPrivate->dpi) {

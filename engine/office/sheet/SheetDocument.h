@@ -15,7 +15,7 @@ namespace lectern::engine {
 
 // The surfaces of a view of a sheet.
 enum class SheetArea { Cells, RowHeaders, ColumnHeaders };
-constexpr int32_t sheetAreas = 3;
+constexpr int32_t SHEET_AREAS = 3;
 
 // A workbook. The operations and their meanings are those of the stg_ functions
 // in modules/SheetToGoModule.h; results are module_result codes, and what is

@@ -77,11 +77,11 @@ int32_t SheetDocument::unhideAll(int32_t sheet, Axis axis) {
 
 int32_t SheetDocument::resize(int32_t sheet, Axis axis, int32_t at, int32_t change) {
     Private& d = *mPrivate;
-    constexpr int32_t mostTwips = std::numeric_limits<uint16_t>::max(); // that a track can have
+    constexpr int32_t MOST_TWIPS = std::numeric_limits<uint16_t>::max(); // that a track can have
     return d.onTracks(sheet, axis, [&](const Tracks& tracks) -> int32_t {
         const int32_t track = tracks.trackAt(at);
         const int64_t wanted = tracks.size(track) + change;
-        if (wanted < 1 || wanted * 1440 / d.dpi > mostTwips)
+        if (wanted < 1 || wanted * 1440 / d.dpi > MOST_TWIPS)
             return MODULE_BAD_ARGUMENT;
         const auto object = tracksOf(d.book.sheet(sheet), axis, track, track);
         const char* const size = axis == Axis::Columns ? "Width" : "Height";

@@ -21,8 +21,8 @@ struct SheetSelection {
 };
 
 struct SheetDocument::Private {
-    explicit Private(LoadedModel loaded) : book(std::move(loaded)), headers(defaultDpi) {
-        book.setDpi(defaultDpi);
+    explicit Private(LoadedModel loaded) : book(std::move(loaded)), headers(DEFAULT_DPI) {
+        book.setDpi(DEFAULT_DPI);
     }
 
     // Runs work on a sheet that there is.
@@ -52,8 +52,8 @@ struct SheetDocument::Private {
     Workbook book;
     CellPainter cells;
     HeaderPainter headers;
-    std::array<Surface, sheetAreas> surfaces;
-    int32_t dpi = defaultDpi;
+    std::array<Surface, SHEET_AREAS> surfaces;
+    int32_t dpi = DEFAULT_DPI;
 
     Colour highlight{128, 192, 255}; // for finds and selections to come
     CellHits hits;

@@ -16,8 +16,8 @@ using css::uno::UNO_QUERY_THROW;
 
 namespace {
 
-constexpr size_t mostHits = 1'000'000;
-constexpr sal_Int16 searchValues = 1;
+constexpr size_t MOST_HITS = 1'000'000;
+constexpr sal_Int16 SEARCH_VALUES = 1;
 
 css::uno::Sequence<css::table::CellRangeAddress> findRanges(const Reference<css::sheet::XSpreadsheet>& sheet,
                                                             const std::u16string& text) {
@@ -25,7 +25,7 @@ css::uno::Sequence<css::table::CellRangeAddress> findRanges(const Reference<css:
     const auto descriptor = searchable->createSearchDescriptor();
     descriptor->setSearchString(
         OUString(reinterpret_cast<const sal_Unicode*>(text.data()), static_cast<sal_Int32>(text.size())));
-    setProperty(propertiesOf(descriptor), "SearchType", searchValues);
+    setProperty(propertiesOf(descriptor), "SearchType", SEARCH_VALUES);
     setProperty(propertiesOf(descriptor), "SearchFormatted", true);
     const Reference<css::sheet::XSheetCellRanges> found(searchable->findAll(descriptor), UNO_QUERY);
     return found.is() ? found->getRangeAddresses() : css::uno::Sequence<css::table::CellRangeAddress>();
@@ -59,7 +59,7 @@ CellHits findInSheet(const Workbook& book, int32_t sheet, const std::u16string& 
     for (const css::table::CellRangeAddress& range : findRanges(book.sheet(sheet), text)) {
         const CellBlock block = blockOf(range);
         const bool merged = holdsMergedCells(book.sheet(sheet), block);
-        for (int32_t row = block.top; row <= block.bottom && cells.size() < mostHits; ++row) {
+        for (int32_t row = block.top; row <= block.bottom && cells.size() < MOST_HITS; ++row) {
             for (int32_t column = block.left; column <= block.right; ++column)
                 cells.push_back(merged ? book.mergedBlock(sheet, column, row)
                                        : CellBlock{column, row, column, row});

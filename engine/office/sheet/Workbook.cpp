@@ -28,10 +28,10 @@ using css::uno::UNO_QUERY_THROW;
 namespace {
 
 // What is laid out of even the smallest sheet.
-constexpr int32_t leastColumns = 21;
-constexpr int32_t leastRows = 51;
+constexpr int32_t LEAST_COLUMNS = 21;
+constexpr int32_t LEAST_ROWS = 51;
 
-constexpr char geometryCommand[] = ".uno:SheetGeometryData?columns=true&rows=true&sizes=true&hidden=true";
+constexpr char GEOMETRY_COMMAND[] = ".uno:SheetGeometryData?columns=true&rows=true&sizes=true&hidden=true";
 
 // Comments are told, not drawn.
 void hideComments(const Reference<css::sheet::XSpreadsheet>& sheet) {
@@ -87,7 +87,7 @@ CellBlock mergedAround(const Reference<css::sheet::XSpreadsheet>& sheet, const C
 
 // How many tracks the suite lays out, for cells and drawings: so many twips.
 int32_t laidOut(const Tracks& tracks, long twips, int32_t dpi) {
-    const int64_t pixels = (int64_t{twips} * dpi + twipsPerInch / 2) / twipsPerInch;
+    const int64_t pixels = (int64_t{twips} * dpi + TWIPS_PER_INCH / 2) / TWIPS_PER_INCH;
     // A pixel less: the twips were rounded from pixels once already.
     return tracks.countUpTo(pixels - 1);
 }
@@ -134,7 +134,7 @@ const SheetGeometry& Workbook::geometry(int32_t index) {
     Sheet& sheet = mSheets[static_cast<size_t>(index)];
     if (!sheet.geometry) {
         show(index);
-        const std::unique_ptr<char, decltype(&std::free)> text(painter().getCommandValues(geometryCommand),
+        const std::unique_ptr<char, decltype(&std::free)> text(painter().getCommandValues(GEOMETRY_COMMAND),
                                                                &std::free);
         const Json json(json_tokener_parse(text ? text.get() : "{}"), &json_object_put);
         SheetGeometry read{readTracks(json.get(), "columns"), readTracks(json.get(), "rows")};
@@ -145,8 +145,8 @@ const SheetGeometry& Workbook::geometry(int32_t index) {
         painter().getDocumentSize(&width, &height);
         const CellBlock used = usedBlock(index).value_or(CellBlock{});
         const CellBlock merged = mergedExtent(index).value_or(CellBlock{});
-        const int32_t columns = std::max({used.right + 1, merged.right + 1, leastColumns});
-        const int32_t rows = std::max({used.bottom + 1, merged.bottom + 1, leastRows});
+        const int32_t columns = std::max({used.right + 1, merged.right + 1, LEAST_COLUMNS});
+        const int32_t rows = std::max({used.bottom + 1, merged.bottom + 1, LEAST_ROWS});
         read.columns.setCount(std::max(columns, laidOut(read.columns, width, mDpi)));
         read.rows.setCount(std::max(rows, laidOut(read.rows, height, mDpi)));
         sheet.geometry = std::move(read);

@@ -79,7 +79,7 @@ private:
 
     LoadedModel mLoaded;
     std::vector<Sheet> mSheets;
-    int32_t mDpi = defaultDpi;
+    int32_t mDpi = DEFAULT_DPI;
 };
 
 } // namespace lectern::engine

@@ -10,18 +10,18 @@
 namespace lectern::engine {
 
 bool isEncryptedPresentation(const std::string& path) {
-    constexpr std::string_view compound = "\xD0\xCF\x11\xE0";
+    constexpr std::string_view COMPOUND = "\xD0\xCF\x11\xE0";
     // The record of the user who saved last: its size, then the token of an
     // encrypted file in place of the ordinary one.
-    constexpr std::string_view encryptedUser("\x14\x00\x00\x00\xDF\xC4\xD1\xF3", 8);
+    constexpr std::string_view ENCRYPTED_USER("\x14\x00\x00\x00\xDF\xC4\xD1\xF3", 8);
     std::ifstream file(path, std::ios::binary);
-    std::string head(compound.size(), '\0');
-    if (!file.read(head.data(), static_cast<std::streamsize>(head.size())) || head != compound)
+    std::string head(COMPOUND.size(), '\0');
+    if (!file.read(head.data(), static_cast<std::streamsize>(head.size())) || head != COMPOUND)
         return false;
     const std::istreambuf_iterator<char> first(file);
     const std::string rest(first, {});
     return std::search(rest.begin(), rest.end(),
-                       std::boyer_moore_searcher(encryptedUser.begin(), encryptedUser.end())) != rest.end();
+                       std::boyer_moore_searcher(ENCRYPTED_USER.begin(), ENCRYPTED_USER.end())) != rest.end();
 }
 
 } // namespace lectern::engine

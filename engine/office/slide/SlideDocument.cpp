@@ -60,7 +60,7 @@ SlideDocument::~SlideDocument() {
 }
 
 int32_t SlideDocument::setSurface(uint32_t* pixels, int32_t width, int32_t height) {
-    if (pixels == nullptr || width < 1 || height < 1 || width > mostPixels || height > mostPixels)
+    if (pixels == nullptr || width < 1 || height < 1 || width > MOST_PIXELS || height > MOST_PIXELS)
         return MODULE_BAD_ARGUMENT;
     mPrivate->surface = {pixels, width, height};
     mPrivate->places = PicturePlaces(mRoom);
@@ -96,24 +96,24 @@ bool SlideDocument::prepareNext() {
 std::optional<int32_t> SlideDocument::Private::after(std::optional<int32_t> before, int32_t slide) const {
     // What takes long to paint takes long to leave, too, and may be wanted in
     // another size.
-    constexpr auto quick = std::chrono::milliseconds(50);
-    if (paintTime > quick)
+    constexpr auto QUICK = std::chrono::milliseconds(50);
+    if (paintTime > QUICK)
         return std::nullopt;
     // Whoever turns the pages goes on in the same direction.
     return before && slide < *before ? slide - 1 : slide + 1;
 }
 
 bool SlideDocument::Private::warmMemory(int32_t shown) {
-    constexpr int64_t portion = 16384; // pixels; some ten microseconds
-    constexpr int64_t cacheLine = 16;  // pixels
+    constexpr int64_t PORTION = 16384; // pixels; some ten microseconds
+    constexpr int64_t CACHE_LINE = 16; // pixels
     const int64_t count = int64_t{surface.width} * surface.height;
     const int32_t next = places.next();
     if (surface.pixels == nullptr || next == shown || warmed >= count)
         return false;
     // Written as they are, for the picture there can still be asked for.
     volatile uint32_t* const pixels = pictureAt(next).pixels;
-    const int64_t end = std::min(warmed + portion, count);
-    for (; warmed < end; warmed += cacheLine)
+    const int64_t end = std::min(warmed + PORTION, count);
+    for (; warmed < end; warmed += CACHE_LINE)
         pixels[warmed] = pixels[warmed];
     return true;
 }

@@ -18,11 +18,11 @@ using Clock = std::chrono::steady_clock;
 
 // A search ends with what it has found by then: well before the time that a
 // call may take.
-constexpr std::chrono::seconds patience(5);
+constexpr std::chrono::seconds PATIENCE(5);
 
 // A line feed parts the paragraphs of notes; a search takes another sign for it.
 std::u16string searchable(std::u16string note) {
-    std::replace(note.begin(), note.end(), u'\n', paragraphSeparator);
+    std::replace(note.begin(), note.end(), u'\n', PARAGRAPH_SEPARATOR);
     return note;
 }
 
@@ -107,7 +107,7 @@ int32_t SlideDocument::find(const std::u16string& text, int32_t first, int32_t l
     return guarded([&]() -> int32_t {
         mPrivate->found.clear();
         mPrivate->hitColour = mPrivate->highlight;
-        const Clock::time_point end = Clock::now() + patience;
+        const Clock::time_point end = Clock::now() + PATIENCE;
         for (int32_t slide = first; slide <= last && !text.empty() && Clock::now() < end; ++slide) {
             FoundOnSlide hits = mPrivate->search(slide, text);
             if (hits.boxes.empty() && hits.noteOffsets.empty())

@@ -25,20 +25,20 @@ namespace {
 using Bytes = std::span<const sal_Int8>;
 
 Sequence<sal_Int8> wholeOf(const Reference<XInputStream>& stream) {
-    constexpr sal_Int32 most = sal_Int32{64} << 20; // bytes
+    constexpr sal_Int32 MOST = sal_Int32{64} << 20; // bytes
     Sequence<sal_Int8> bytes;
-    stream->readBytes(bytes, most);
+    stream->readBytes(bytes, MOST);
     return bytes;
 }
 
 // A package lists the types of its parts.
 bool hasSlidesInPackage(const Reference<css::packages::zip::XZipFileAccess2>& package) {
-    constexpr std::string_view slideType = "presentationml.slide+xml";
+    constexpr std::string_view SLIDE_TYPE = "presentationml.slide+xml";
     const Reference<XInputStream> types(package->getByName("[Content_Types].xml"), UNO_QUERY_THROW);
     const Sequence<sal_Int8> bytes = wholeOf(types);
     const std::string_view text(reinterpret_cast<const char*>(bytes.getConstArray()),
                                 static_cast<size_t>(bytes.getLength()));
-    return text.find(slideType) != std::string_view::npos;
+    return text.find(SLIDE_TYPE) != std::string_view::npos;
 }
 
 // A record of the binary format: what it is, and its content, which may be
@@ -51,8 +51,8 @@ struct Record {
 
 // Takes the first record off; nothing when there is no whole one.
 std::optional<Record> takeRecord(Bytes& rest) {
-    constexpr size_t header = 8;
-    if (rest.size() < header)
+    constexpr size_t HEADER = 8;
+    if (rest.size() < HEADER)
         return std::nullopt;
     const auto number = [&](size_t at, size_t length) {
         uint32_t value = 0;
@@ -61,11 +61,11 @@ std::optional<Record> takeRecord(Bytes& rest) {
         return value;
     };
     const size_t length = number(4, 4);
-    if (length > rest.size() - header)
+    if (length > rest.size() - HEADER)
         return std::nullopt;
     const Record record{static_cast<uint16_t>(number(2, 2)), static_cast<uint16_t>(number(0, 2) >> 4),
-                        rest.subspan(header, length)};
-    rest = rest.subspan(header + length);
+                        rest.subspan(HEADER, length)};
+    rest = rest.subspan(HEADER + length);
     return record;
 }
 
@@ -80,13 +80,13 @@ bool holds(Bytes records, std::span<const uint16_t> types) {
 }
 
 bool hasSlidesInStorage(const Reference<css::container::XNameAccess>& storage) {
-    constexpr uint16_t document = 1000;
-    constexpr uint16_t listOfSlides = 4080; // of instance 0; others list masters and notes
-    constexpr uint16_t slide = 1011;
-    constexpr uint16_t path[] = {document, listOfSlides, slide};
+    constexpr uint16_t DOCUMENT = 1000;
+    constexpr uint16_t LIST_OF_SLIDES = 4080; // of instance 0; others list masters and notes
+    constexpr uint16_t SLIDE = 1011;
+    constexpr uint16_t PATH[] = {DOCUMENT, LIST_OF_SLIDES, SLIDE};
     const Reference<css::io::XStream> stream(storage->getByName("PowerPoint Document"), UNO_QUERY_THROW);
     const Sequence<sal_Int8> bytes = wholeOf(stream->getInputStream());
-    return holds({bytes.getConstArray(), static_cast<size_t>(bytes.getLength())}, path);
+    return holds({bytes.getConstArray(), static_cast<size_t>(bytes.getLength())}, PATH);
 }
 
 bool hasSlides(const Reference<css::uno::XComponentContext>& context, const OUString& url) {

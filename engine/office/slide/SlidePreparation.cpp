@@ -66,8 +66,8 @@ sal_Int16 userNumber(const Reference<XAnimationNode>& node, const char* name) {
 class Outcome {
 public:
     void follow(const Reference<XAnimationNode>& node, bool takesAway, bool decides, int depth) {
-        constexpr int deepest = 32;
-        if (depth > deepest || userNumber(node, "node-type") == EffectNodeType::INTERACTIVE_SEQUENCE)
+        constexpr int DEEPEST = 32;
+        if (depth > DEEPEST || userNumber(node, "node-type") == EffectNodeType::INTERACTIVE_SEQUENCE)
             return;
         const sal_Int16 kind = userNumber(node, "preset-class");
         if (kind != 0) {

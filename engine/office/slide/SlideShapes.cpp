@@ -12,7 +12,7 @@ using css::uno::UNO_QUERY;
 
 namespace {
 
-constexpr int deepestGroup = 64;
+constexpr int DEEPEST_GROUP = 64;
 
 bool visit(const Reference<XShapes>& shapes, const ShapeVisit& use, int depth) {
     for (sal_Int32 i = 0; i < shapes->getCount(); ++i) {
@@ -20,7 +20,7 @@ bool visit(const Reference<XShapes>& shapes, const ShapeVisit& use, int depth) {
         if (!shape.is())
             continue;
         const Reference<XShapes> group(shape, UNO_QUERY);
-        const bool goOn = group.is() ? depth >= deepestGroup || visit(group, use, depth + 1) : use(shape);
+        const bool goOn = group.is() ? depth >= DEEPEST_GROUP || visit(group, use, depth + 1) : use(shape);
         if (!goOn)
             return false;
     }

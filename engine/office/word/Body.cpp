@@ -167,7 +167,7 @@ void Body::placeFrames(const std::vector<FrameBlock>& frames) {
 void Body::joinText() {
     for (BodyParagraph& paragraph : mParagraphs) {
         if (&paragraph != &mParagraphs.front())
-            mString += paragraphSeparator;
+            mString += PARAGRAPH_SEPARATOR;
         paragraph.start = length();
         paragraph.length = static_cast<uint32_t>(paragraph.string.size());
         mString += std::exchange(paragraph.string, {});

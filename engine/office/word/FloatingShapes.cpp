@@ -21,7 +21,7 @@ using css::uno::UNO_QUERY;
 
 namespace {
 
-constexpr int32_t leastWidth = 300; // 1/100 mm; nothing is scaled below it
+constexpr int32_t LEAST_WIDTH = 300; // 1/100 mm; nothing is scaled below it
 
 Reference<css::text::XTextRange> anchorOf(const Reference<css::drawing::XShape>& shape) {
     const Reference<css::text::XTextContent> content(shape, UNO_QUERY);
@@ -97,7 +97,7 @@ void setShapeSize(const FloatingShape& shape, const css::awt::Size& size) {
 }
 
 void fitInLine(const FloatingShape& shape, int32_t width) {
-    const int32_t available = std::max(width - shape.indent, leastWidth);
+    const int32_t available = std::max(width - shape.indent, LEAST_WIDTH);
     css::awt::Size size = shape.natural;
     if (size.Width > available) {
         const int64_t height = int64_t{size.Height} * available / size.Width;

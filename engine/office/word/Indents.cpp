@@ -8,7 +8,7 @@ namespace lectern::engine {
 namespace {
 
 // 1/100 mm. On no screen is this half of a line.
-constexpr int32_t harmless = 500;
+constexpr int32_t HARMLESS = 500;
 
 int64_t taken(const IndentedParagraph& paragraph) {
     return int64_t{std::max(paragraph.left, 0)} + std::max(paragraph.right, 0) +
@@ -24,7 +24,7 @@ std::vector<IndentedParagraph> indentedParagraphs(const Body& body) {
         const IndentedParagraph indented{properties, property<sal_Int32>(properties, "ParaLeftMargin"),
                                          property<sal_Int32>(properties, "ParaRightMargin"),
                                          property<sal_Int32>(properties, "ParaFirstLineIndent")};
-        if (taken(indented) > harmless)
+        if (taken(indented) > HARMLESS)
             paragraphs.push_back(indented);
     }
     return paragraphs;

@@ -16,7 +16,7 @@ using css::uno::Reference;
 namespace {
 
 // An answer takes well under a millisecond; one that does not come is not waited for long.
-constexpr std::chrono::milliseconds patience(200);
+constexpr std::chrono::milliseconds PATIENCE(200);
 
 // "x, y, width, height; ..."
 std::vector<ViewBox> parseBoxes(const std::string& text) {
@@ -70,7 +70,7 @@ std::vector<ViewBox> LineBoxes::of(CharacterRange range) {
 
 std::string LineBoxes::takeSelection() {
     std::unique_lock lock(mMutex);
-    mArrived.wait_for(lock, patience, [this] { return !mPayload.empty(); });
+    mArrived.wait_for(lock, PATIENCE, [this] { return !mPayload.empty(); });
     return std::exchange(mPayload, {});
 }
 

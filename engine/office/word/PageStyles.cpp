@@ -44,7 +44,7 @@ void stripPage(const Reference<css::beans::XPropertySet>& page) {
     // A text grid would break a page after so many lines, however high it is.
     setProperty(page, "GridMode", static_cast<sal_Int16>(0));
     for (const char* margin : {"LeftMargin", "RightMargin"})
-        setProperty(page, margin, pageMargin);
+        setProperty(page, margin, PAGE_MARGIN);
     for (const char* margin : {"TopMargin", "BottomMargin"})
         setProperty(page, margin, static_cast<sal_Int32>(0));
     for (const char* border : {"LeftBorder", "RightBorder", "TopBorder", "BottomBorder"})

@@ -9,7 +9,7 @@
 namespace lectern::engine {
 
 // Margin to the left and the right of the text, in 1/100 mm.
-constexpr int32_t pageMargin = 150;
+constexpr int32_t PAGE_MARGIN = 150;
 
 // The largest page's size, in 1/100 mm.
 css::awt::Size paperSize(const css::uno::Reference<css::text::XTextDocument>& model);

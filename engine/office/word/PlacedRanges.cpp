@@ -11,7 +11,7 @@ namespace {
 
 // A single call does not place ranges for longer. Only thousands in one table
 // take as long; those left over stay unplaced until they are asked for again.
-constexpr std::chrono::seconds mostTime(3);
+constexpr std::chrono::seconds MOST_TIME(3);
 
 std::vector<TextBox> textBoxes(const RowMap& map, const std::vector<ViewBox>& lines) {
     std::vector<TextBox> boxes;
@@ -63,7 +63,7 @@ void PlacedRanges::place(const LaidOutText& text, CharacterRange near) {
         const CharacterRange& range = mRanges[index];
         if (mPlaces[index] || range.end <= near.start || range.start >= near.end)
             continue;
-        if (std::chrono::steady_clock::now() - start > mostTime)
+        if (std::chrono::steady_clock::now() - start > MOST_TIME)
             break;
         if (!lines)
             lines.emplace(text.painter, text.flow, text.positions);

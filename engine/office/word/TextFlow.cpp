@@ -21,18 +21,18 @@ namespace {
 
 // 1/100 mm. A kilometre holds two thousand pages of text on a narrow screen;
 // pages much higher paint slowly.
-constexpr int32_t giantPage = 100'000'000;
-constexpr int32_t pageSlack = 5'000;
+constexpr int32_t GIANT_PAGE = 100'000'000;
+constexpr int32_t PAGE_SLACK = 5'000;
 
 // Twips.
-constexpr int64_t leastLine = 240;
-constexpr int64_t lowerBorder = 30; // of a table that ends the text
+constexpr int64_t LEAST_LINE = 240;
+constexpr int64_t LOWER_BORDER = 30; // of a table that ends the text
 
 // Text is first placed on a page in time quadratic in the paragraphs on it. A
 // long plain text is therefore poured into pages of growing height, and stays
 // on a few.
-constexpr size_t manyParagraphs = 8'000;
-constexpr int32_t growingPages[] = {300'000, 3'000'000};
+constexpr size_t MANY_PARAGRAPHS = 8'000;
+constexpr int32_t GROWING_PAGES[] = {300'000, 3'000'000};
 
 // Changes made while this lives are laid out together when it goes.
 class LayoutPause {
@@ -78,14 +78,14 @@ std::vector<FlowPage> pageCorners(lok::Document& painter) {
 }
 
 // Pages narrower or wider than these, in twips, are not laid out as asked.
-constexpr int64_t leastWidth = 600;
-constexpr int64_t mostWidth = 400'000;
+constexpr int64_t LEAST_WIDTH = 600;
+constexpr int64_t MOST_WIDTH = 400'000;
 
 } // namespace
 
 int32_t layoutWidth(int32_t pixels, int32_t dpi) {
     const int64_t width = (int64_t{pixels} * 1440 + dpi - 1) / dpi;
-    return static_cast<int32_t>(std::clamp(width, leastWidth, mostWidth));
+    return static_cast<int32_t>(std::clamp(width, LEAST_WIDTH, MOST_WIDTH));
 }
 
 TextFlow::TextFlow(const OpenedDocument& document, PreparedDocument& prepared)
@@ -101,8 +101,8 @@ void TextFlow::layOut(int32_t width) {
     const auto pageWidth = static_cast<int32_t>(hundredthMmFromTwips(width));
     if (isLongPlainText()) {
         if (mWidth == 0)
-            layOutOn(pageWidth, growingPages[0]);
-        layOutOn(pageWidth, growingPages[1]);
+            layOutOn(pageWidth, GROWING_PAGES[0]);
+        layOutOn(pageWidth, GROWING_PAGES[1]);
     } else {
         layOutOnOnePage(pageWidth);
     }
@@ -111,32 +111,32 @@ void TextFlow::layOut(int32_t width) {
 }
 
 void TextFlow::layOutOnOnePage(int32_t pageWidth) {
-    layOutOn(pageWidth, giantPage);
+    layOutOn(pageWidth, GIANT_PAGE);
     // Text that was on several pages may stay so; another height makes it flow
     // together.
     if (end().page > 0)
-        layOutOn(pageWidth, giantPage + 1000);
+        layOutOn(pageWidth, GIANT_PAGE + 1000);
     if (undoEnlargement(mPrepared.shapes))
-        layOutOn(pageWidth, giantPage);
+        layOutOn(pageWidth, GIANT_PAGE);
     // Painting a tile takes longer the higher the page is.
     if (const FlowPlace last = end(); last.page == 0)
-        layOutOn(pageWidth, static_cast<int32_t>(hundredthMmFromTwips(last.y)) + pageSlack);
+        layOutOn(pageWidth, static_cast<int32_t>(hundredthMmFromTwips(last.y)) + PAGE_SLACK);
     if (end().page > 0)
-        layOutOn(pageWidth, giantPage);
+        layOutOn(pageWidth, GIANT_PAGE);
 }
 
 void TextFlow::layOutOn(int32_t pageWidth, int32_t pageHeight) {
     const LayoutPause pause(mDocument.model);
     if (pageWidth != mFittedWidth) {
-        fitShapes(mPrepared.shapes, pageWidth - 2 * pageMargin);
-        fitIndents(mPrepared.indents, pageWidth - 2 * pageMargin);
+        fitShapes(mPrepared.shapes, pageWidth - 2 * PAGE_MARGIN);
+        fitIndents(mPrepared.indents, pageWidth - 2 * PAGE_MARGIN);
         mFittedWidth = pageWidth;
     }
     setPageSize(mDocument.model, pageWidth, pageHeight);
 }
 
 bool TextFlow::isLongPlainText() const {
-    return mPrepared.body.paragraphs().size() > manyParagraphs && !mPrepared.body.hasTables();
+    return mPrepared.body.paragraphs().size() > MANY_PARAGRAPHS && !mPrepared.body.hasTables();
 }
 
 FlowPlace TextFlow::end() const {
@@ -169,9 +169,9 @@ void TextFlow::measure() {
         page->jumpToEndOfPage();
         const int64_t lastLine = cursorPlace().y;
         above->goUp(1, false);
-        mPages[i].height = lastLine + std::max(lastLine - cursorPlace().y, leastLine);
+        mPages[i].height = lastLine + std::max(lastLine - cursorPlace().y, LEAST_LINE);
     }
-    mPages.back().height = end().y + lowerBorder;
+    mPages.back().height = end().y + LOWER_BORDER;
 }
 
 } // namespace lectern::engine

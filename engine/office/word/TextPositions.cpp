@@ -22,15 +22,15 @@ namespace {
 
 // Lines looked at for the next one below a row: in a table the lines of a row's
 // other cells come first.
-constexpr int mostLines = 256;
+constexpr int MOST_LINES = 256;
 
 // Moves the end of a selection that starts with the paragraph; tells how many
 // units the selected text then shows.
 uint32_t extendTo(const Reference<css::text::XTextCursor>& cursor, uint32_t characters) {
-    constexpr uint32_t most = std::numeric_limits<sal_Int16>::max();
+    constexpr uint32_t MOST = std::numeric_limits<sal_Int16>::max();
     cursor->gotoRange(cursor->getStart(), false);
-    for (; characters > most; characters -= most)
-        cursor->goRight(static_cast<sal_Int16>(most), true);
+    for (; characters > MOST; characters -= MOST)
+        cursor->goRight(static_cast<sal_Int16>(MOST), true);
     cursor->goRight(static_cast<sal_Int16>(characters), true);
     return static_cast<uint32_t>(cursor->getString().getLength());
 }
@@ -61,7 +61,7 @@ uint32_t TextPositions::lineAtOrBelow(const RowMap& map, int64_t row) const {
     const auto& cursor = mFlow.cursor();
     const Reference<css::view::XLineCursor> line(cursor, UNO_QUERY_THROW);
     line->gotoStartOfLine(false);
-    for (int i = 0; i < mostLines && map.rowOf(mFlow.cursorPlace()) < row; ++i) {
+    for (int i = 0; i < MOST_LINES && map.rowOf(mFlow.cursorPlace()) < row; ++i) {
         line->gotoEndOfLine(false);
         if (!cursor->goRight(1, false))
             return mCount;
@@ -95,7 +95,7 @@ TextPositions::PointedAt TextPositions::pointedAt(const RowMap& map, int32_t x, 
 
 void TextPositions::setCursor(const RowMap& map, int64_t x, int64_t row) const {
     const int64_t leftEdge = map.pageOf(row).left;
-    const int64_t column = std::max(x * 1440 / map.dpi(), twipsFromHundredthMm(pageMargin) + 1);
+    const int64_t column = std::max(x * 1440 / map.dpi(), twipsFromHundredthMm(PAGE_MARGIN) + 1);
     mPainter.setTextSelection(LOK_SETTEXTSELECTION_RESET, static_cast<int>(leftEdge + column),
                               static_cast<int>(map.viewY(row)));
 }
@@ -145,7 +145,7 @@ Reference<css::text::XTextCursor> TextPositions::cursorTo(uint32_t position, Ins
     // The fewest characters that reach it, or one less.
     uint32_t least = 0;
     uint32_t most = 1;
-    while (!reaches(most) && most <= paragraph.length + mostLines)
+    while (!reaches(most) && most <= paragraph.length + MOST_LINES)
         most *= 2;
     while (least < most) {
         const uint32_t middle = least + (most - least) / 2;

@@ -9,8 +9,8 @@ namespace lectern::engine {
 
 namespace {
 
-constexpr uint32_t white = 0xFFFFFFFF;
-constexpr int64_t bandRows = 512;
+constexpr uint32_t WHITE = 0xFFFFFFFF;
+constexpr int64_t BAND_ROWS = 512;
 
 } // namespace
 
@@ -25,7 +25,7 @@ void TilePainter::paint(const RowMap& map, int64_t top, const Surface& surface, 
                   surface.row(from - top));
         next = static_cast<int32_t>(to - top);
     }
-    std::fill(surface.row(next), surface.row(last), white);
+    std::fill(surface.row(next), surface.row(last), WHITE);
 }
 
 // Pictures are scaled from what of them falls into the tile, so tiles are always
@@ -34,7 +34,7 @@ void TilePainter::paintPage(const RowMap& map, const RowMap::Page& page, int64_t
                             int32_t width, uint32_t* target) {
     const int64_t step = tileStep(map.dpi());
     const int64_t tileWidth = roundUp(width, step);
-    const int64_t tileHeight = roundUp(bandRows, step);
+    const int64_t tileHeight = roundUp(BAND_ROWS, step);
     for (int64_t firstRow = from / tileHeight * tileHeight; firstRow < to; firstRow += tileHeight) {
         const Band& band = bandAt(map, page, firstRow, tileWidth, tileHeight, step);
         const int64_t first = std::max(from, firstRow);
@@ -54,7 +54,7 @@ const TilePainter::Band& TilePainter::bandAt(const RowMap& map, const RowMap::Pa
     if (latest.isFor(page.top, firstRow, width, map.dpi()))
         return latest;
     const auto twips = [&](int64_t pixels) {
-        return static_cast<int>(pixels / step * (twipsPerInch * step / map.dpi()));
+        return static_cast<int>(pixels / step * (TWIPS_PER_INCH * step / map.dpi()));
     };
     latest.pixels.resize(static_cast<size_t>(width * height));
     mPainter.paintTile(reinterpret_cast<unsigned char*>(latest.pixels.data()), static_cast<int>(width),

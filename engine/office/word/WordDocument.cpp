@@ -14,7 +14,7 @@ namespace lectern::engine {
 WordDocument::Private::Private(Office::Private& suite, OpenedDocument openedDocument)
     : office(suite), document(std::move(openedDocument)), prepared(prepareForReflow(document.model)),
       flow(document, prepared), positions(document, prepared, flow), painter(*document.painter),
-      dpi(defaultDpi) {}
+      dpi(DEFAULT_DPI) {}
 
 void WordDocument::Private::layOut() {
     const uint32_t kept = top > 0 ? topLeft() : 0;
@@ -96,7 +96,7 @@ WordDocument::~WordDocument() {
 }
 
 int32_t WordDocument::setSurface(uint32_t* pixels, int32_t width, int32_t height) {
-    if (pixels == nullptr || width < 1 || height < 1 || width > mostPixels || height > mostPixels)
+    if (pixels == nullptr || width < 1 || height < 1 || width > MOST_PIXELS || height > MOST_PIXELS)
         return MODULE_BAD_ARGUMENT;
     mPrivate->surface = {pixels, width, height};
     return guarded([this]() -> int32_t {
@@ -106,7 +106,7 @@ int32_t WordDocument::setSurface(uint32_t* pixels, int32_t width, int32_t height
 }
 
 int32_t WordDocument::setDpi(int32_t dpi) {
-    if (dpi < 1 || dpi > mostDpi)
+    if (dpi < 1 || dpi > MOST_DPI)
         return MODULE_BAD_ARGUMENT;
     mPrivate->dpi = dpi;
     return MODULE_OK;

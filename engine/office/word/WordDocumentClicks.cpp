@@ -10,18 +10,18 @@ namespace lectern::engine {
 
 namespace {
 
-constexpr uint32_t white = 0xFFFFFFFF;
-constexpr int32_t sideTextTop = 50; // rows of the surface that a pop-up does not show
+constexpr uint32_t WHITE = 0xFFFFFFFF;
+constexpr int32_t SIDE_TEXT_TOP = 50; // rows of the surface that a pop-up does not show
 
 // Pixels by which a finger may miss a note's mark, beside it, and above or below.
-constexpr int32_t reachAcross = 12;
-constexpr int32_t reachDown = 6;
+constexpr int32_t REACH_ACROSS = 12;
+constexpr int32_t REACH_DOWN = 6;
 
 // How far a point misses a box, of what it may, in percent; 0 inside.
 int64_t missBy(const TextBox& box, int32_t x, int64_t row) {
     const int64_t across = std::max<int64_t>({box.left - x, x - (box.right - 1), 0});
     const int64_t down = std::max<int64_t>({box.top - row, row - (box.bottom - 1), 0});
-    return std::max(across * 100 / reachAcross, down * 100 / reachDown);
+    return std::max(across * 100 / REACH_ACROSS, down * 100 / REACH_DOWN);
 }
 
 int64_t missBy(const std::vector<TextBox>& boxes, int32_t x, int64_t row) {
@@ -52,8 +52,8 @@ private:
     std::optional<ClickTarget> nearestReference(int64_t most) {
         PlacedRanges& places = mReferences.places();
         std::optional<ClickTarget> nearest;
-        const int64_t above = std::max<int64_t>(mRow - reachDown, 0);
-        for (const size_t index : places.inRows(mText, above, mRow + reachDown + 1)) {
+        const int64_t above = std::max<int64_t>(mRow - REACH_DOWN, 0);
+        for (const size_t index : places.inRows(mText, above, mRow + REACH_DOWN + 1)) {
             const ClickTarget::Type type = mReferences.texts()[index].type;
             const int64_t miss = missBy(places.boxes(index), mX, mRow);
             // Of a comment and a mark inside of it, the mark.
@@ -154,15 +154,15 @@ int32_t WordDocument::openSecondary(int32_t type, uint32_t number, int32_t heigh
         if (number >= texts.size() || texts[number].type != type || height < 1 || d.surface.pixels == nullptr)
             return MODULE_BAD_ARGUMENT;
         const Surface& whole = d.surface;
-        const int32_t shown = std::clamp(whole.height - sideTextTop, 0, height);
+        const int32_t shown = std::clamp(whole.height - SIDE_TEXT_TOP, 0, height);
         if (shown > 0) {
-            const Surface part{whole.row(sideTextTop), whole.width, shown};
+            const Surface part{whole.row(SIDE_TEXT_TOP), whole.width, shown};
             const int32_t result = paintSideText(d.office, d.document, texts[number], part, d.dpi);
             if (result != MODULE_OK)
                 return result;
         }
-        std::fill(whole.row(0), whole.row(std::min(sideTextTop, whole.height)), white);
-        std::fill(whole.row(std::min(sideTextTop, whole.height) + shown), whole.row(whole.height), white);
+        std::fill(whole.row(0), whole.row(std::min(SIDE_TEXT_TOP, whole.height)), WHITE);
+        std::fill(whole.row(std::min(SIDE_TEXT_TOP, whole.height) + shown), whole.row(whole.height), WHITE);
         d.painted = true;
         return MODULE_OK;
     });

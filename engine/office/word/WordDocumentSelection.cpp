@@ -88,7 +88,7 @@ int32_t WordDocument::copySelection(std::u16string& text) {
     const CharacterRange& selection = mPrivate->selection;
     return guarded([&]() -> int32_t {
         text = mPrivate->prepared.body.string().substr(selection.start, selection.end - selection.start);
-        std::replace(text.begin(), text.end(), paragraphSeparator, u'\n');
+        std::replace(text.begin(), text.end(), PARAGRAPH_SEPARATOR, u'\n');
         return MODULE_OK;
     });
 }

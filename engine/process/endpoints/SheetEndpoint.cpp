@@ -84,7 +84,7 @@ void connectChanges(const Connector<SheetEndpoint>& on) {
 
 } // namespace
 
-SheetEndpoint::SheetEndpoint() : DocumentEndpoint(lectern_ipc_sheet_skeleton_new(), kSheetPath) {
+SheetEndpoint::SheetEndpoint() : DocumentEndpoint(lectern_ipc_sheet_skeleton_new(), SHEET_PATH) {
     const Connector<SheetEndpoint> connector(skeleton(), this);
     connectView(connector);
     connectFinding(connector);

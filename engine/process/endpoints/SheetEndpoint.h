@@ -9,7 +9,7 @@ typedef struct _LecternIpcSheet LecternIpcSheet;
 namespace lectern::engine {
 
 // The Sheet interface.
-class SheetEndpoint : public DocumentEndpoint<SheetDocument, LecternIpcSheet, sheetAreas> {
+class SheetEndpoint : public DocumentEndpoint<SheetDocument, LecternIpcSheet, SHEET_AREAS> {
 public:
     SheetEndpoint();
 

@@ -114,7 +114,7 @@ void connectHandlers(const Connector<SlideEndpoint>& on) {
 
 } // namespace
 
-SlideEndpoint::SlideEndpoint() : DocumentEndpoint(lectern_ipc_slide_skeleton_new(), kSlidePath) {
+SlideEndpoint::SlideEndpoint() : DocumentEndpoint(lectern_ipc_slide_skeleton_new(), SLIDE_PATH) {
     connectHandlers(Connector<SlideEndpoint>(skeleton(), this));
 }
 
@@ -143,8 +143,8 @@ std::int32_t SlideEndpoint::releaseMemory() {
 void SlideEndpoint::prepareWhenIdle() {
     // Milliseconds; until then the service copies the picture, which takes both
     // processors of a small machine.
-    constexpr guint kPause = 1;
-    constexpr auto prepare = [](gpointer user) -> gboolean {
+    constexpr guint PAUSE = 1;
+    constexpr auto PREPARE = [](gpointer user) -> gboolean {
         SlideEndpoint& service = serviceOf(user);
         bool more = service.document() != nullptr;
         while (more && g_main_context_pending(nullptr) == FALSE) {
@@ -154,7 +154,7 @@ void SlideEndpoint::prepareWhenIdle() {
         return more ? G_SOURCE_CONTINUE : G_SOURCE_REMOVE;
     };
     if (mIdle == 0) {
-        mIdle = g_timeout_add_full(G_PRIORITY_DEFAULT_IDLE, kPause, prepare, this, nullptr);
+        mIdle = g_timeout_add_full(G_PRIORITY_DEFAULT_IDLE, PAUSE, PREPARE, this, nullptr);
     }
 }
 

@@ -137,7 +137,7 @@ void connectProperties(const Connector<WordEndpoint>& on) {
 
 } // namespace
 
-WordEndpoint::WordEndpoint() : DocumentEndpoint(lectern_ipc_word_skeleton_new(), kWordPath) {
+WordEndpoint::WordEndpoint() : DocumentEndpoint(lectern_ipc_word_skeleton_new(), WORD_PATH) {
     const Connector<WordEndpoint> connector(skeleton(), this);
     connectView(connector);
     connectFindingAndSelecting(connector);

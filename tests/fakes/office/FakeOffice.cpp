@@ -28,8 +28,8 @@ namespace lectern::engine {
 
 namespace {
 
-constexpr std::uint32_t kCharactersPerRow = 10;
-constexpr std::uint32_t kWhite = 0xFFFFFFFF;
+constexpr std::uint32_t CHARACTERS_PER_ROW = 10;
+constexpr std::uint32_t WHITE = 0xFFFFFFFF;
 
 std::u16string widen(const std::string& ascii) {
     return {ascii.begin(), ascii.end()};
@@ -82,7 +82,7 @@ struct WordDocument::Private {
     void paint() {
         for (std::int32_t y = 0; y < height; y++) {
             const std::int32_t row = top + y;
-            const std::uint32_t color = row < rows() ? 0xFF000000 + static_cast<std::uint32_t>(row) : kWhite;
+            const std::uint32_t color = row < rows() ? 0xFF000000 + static_cast<std::uint32_t>(row) : WHITE;
             std::fill_n(pixels + std::int64_t{y} * width, width, color);
         }
         painted = true;
@@ -151,19 +151,19 @@ int32_t WordDocument::setDpi(int32_t dpi) {
 }
 
 int32_t WordDocument::characterCount(uint32_t& count) {
-    count = static_cast<uint32_t>(mPrivate->rows()) * kCharactersPerRow;
+    count = static_cast<uint32_t>(mPrivate->rows()) * CHARACTERS_PER_ROW;
     return fake::misbehave(mPrivate->setting("count"));
 }
 
 int32_t WordDocument::topLeftCharacter(uint32_t& position) {
     const int32_t result = mPrivate->ensureLaidOut();
-    position = static_cast<uint32_t>(mPrivate->top) * kCharactersPerRow;
+    position = static_cast<uint32_t>(mPrivate->top) * CHARACTERS_PER_ROW;
     return result;
 }
 
 int32_t WordDocument::bottomRightCharacter(uint32_t& position) {
     const int32_t result = mPrivate->ensureLaidOut();
-    position = static_cast<uint32_t>(mPrivate->top + mPrivate->usedRows()) * kCharactersPerRow;
+    position = static_cast<uint32_t>(mPrivate->top + mPrivate->usedRows()) * CHARACTERS_PER_ROW;
     return result;
 }
 
@@ -204,7 +204,7 @@ int32_t WordDocument::scrollUp(int32_t rows, int32_t& scrolled) {
 
 int32_t WordDocument::jumpToCharacter(int32_t story, uint32_t position) {
     Private& d = *mPrivate;
-    const auto row = static_cast<int32_t>(position / kCharactersPerRow);
+    const auto row = static_cast<int32_t>(position / CHARACTERS_PER_ROW);
     if (story != 0 || row >= d.rows()) {
         return MODULE_BAD_ARGUMENT;
     }
@@ -322,7 +322,7 @@ int32_t WordDocument::openSecondary(int32_t type, uint32_t number, int32_t heigh
     for (std::int32_t y = 0; y < d.height; y++) {
         const bool inside = y >= 50 && y < 50 + height;
         std::fill_n(d.pixels + std::int64_t{y} * d.width, d.width,
-                    inside ? static_cast<uint32_t>(type) * 1000 + number : kWhite);
+                    inside ? static_cast<uint32_t>(type) * 1000 + number : WHITE);
     }
     d.painted = true;
     return MODULE_OK;

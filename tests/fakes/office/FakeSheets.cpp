@@ -22,18 +22,18 @@ namespace lectern::engine {
 
 namespace {
 
-constexpr int32_t kSheets = 2;
-constexpr int32_t kColumns = 10;
-constexpr int32_t kRows = 20;
-constexpr int32_t kCellWidth = 50;
-constexpr int32_t kCellHeight = 20;
+constexpr int32_t SHEETS = 2;
+constexpr int32_t COLUMNS = 10;
+constexpr int32_t ROWS = 20;
+constexpr int32_t CELL_WIDTH = 50;
+constexpr int32_t CELL_HEIGHT = 20;
 
 int32_t trackAt(int32_t pixel, int32_t size, int32_t count) {
     return std::clamp(pixel / size, 0, count - 1);
 }
 
 int32_t whenSheet(int32_t sheet) {
-    return sheet >= 0 && sheet < kSheets ? MODULE_OK : MODULE_BAD_ARGUMENT;
+    return sheet >= 0 && sheet < SHEETS ? MODULE_OK : MODULE_BAD_ARGUMENT;
 }
 
 int32_t change(int32_t sheet) {
@@ -44,7 +44,7 @@ int32_t change(int32_t sheet) {
 
 struct SheetDocument::Private {
     fake::Settings settings;
-    std::array<Surface, sheetAreas> surfaces;
+    std::array<Surface, SHEET_AREAS> surfaces;
     int32_t hits = 0;
     bool selected = false;
 
@@ -78,7 +78,7 @@ int32_t SheetDocument::setSurface(SheetArea area, uint32_t* pixels, int32_t widt
 }
 
 int32_t SheetDocument::setDpi(int32_t dpi) {
-    return dpi > mostDpi ? MODULE_BAD_ARGUMENT : MODULE_OK;
+    return dpi > MOST_DPI ? MODULE_BAD_ARGUMENT : MODULE_OK;
 }
 
 int32_t SheetDocument::render(int32_t sheet, int32_t /*x*/, int32_t y) {
@@ -97,7 +97,7 @@ int32_t SheetDocument::render(int32_t sheet, int32_t /*x*/, int32_t y) {
 }
 
 int32_t SheetDocument::sheetCount(int32_t& count) {
-    count = kSheets;
+    count = SHEETS;
     return MODULE_OK;
 }
 
@@ -107,13 +107,13 @@ int32_t SheetDocument::title(int32_t sheet, std::u16string& text) {
 }
 
 int32_t SheetDocument::columnCount(int32_t sheet, int32_t& count) {
-    count = kColumns;
+    count = COLUMNS;
     return whenSheet(sheet);
 }
 
 int32_t SheetDocument::dimensions(int32_t sheet, int32_t& width, int32_t& height) {
-    width = kColumns * kCellWidth;
-    height = kRows * kCellHeight;
+    width = COLUMNS * CELL_WIDTH;
+    height = ROWS * CELL_HEIGHT;
     return whenSheet(sheet);
 }
 
@@ -122,27 +122,27 @@ int32_t SheetDocument::cellBounds(int32_t sheet, int32_t x, int32_t y, PixelRect
         bounds =
             mPrivate->settings.count("lie") != 0 ? PixelRect{0, 0, 1 << 30, -5} : PixelRect{0, 0, 30, 16};
     } else {
-        bounds = {trackAt(x, kCellWidth, kColumns) * kCellWidth, trackAt(y, kCellHeight, kRows) * kCellHeight,
-                  kCellWidth, kCellHeight};
+        bounds = {trackAt(x, CELL_WIDTH, COLUMNS) * CELL_WIDTH, trackAt(y, CELL_HEIGHT, ROWS) * CELL_HEIGHT,
+                  CELL_WIDTH, CELL_HEIGHT};
     }
     return whenSheet(sheet);
 }
 
 int32_t SheetDocument::cellAt(int32_t sheet, int32_t x, int32_t y, int32_t& column, int32_t& row) {
-    column = trackAt(x, kCellWidth, kColumns);
-    row = trackAt(y, kCellHeight, kRows);
+    column = trackAt(x, CELL_WIDTH, COLUMNS);
+    row = trackAt(y, CELL_HEIGHT, ROWS);
     return whenSheet(sheet);
 }
 
 int32_t SheetDocument::commentMarks(int32_t sheet, std::vector<PixelRect>& marks) {
-    for (int32_t column = 0; column < kColumns; column += 2) {
-        marks.push_back({column * kCellWidth, kCellHeight, kCellWidth, kCellHeight});
+    for (int32_t column = 0; column < COLUMNS; column += 2) {
+        marks.push_back({column * CELL_WIDTH, CELL_HEIGHT, CELL_WIDTH, CELL_HEIGHT});
     }
     return whenSheet(sheet);
 }
 
 int32_t SheetDocument::comment(int32_t sheet, int32_t x, int32_t y, std::u16string& text) {
-    const bool commented = trackAt(y, kCellHeight, kRows) == 1 && trackAt(x, kCellWidth, kColumns) % 2 == 0;
+    const bool commented = trackAt(y, CELL_HEIGHT, ROWS) == 1 && trackAt(x, CELL_WIDTH, COLUMNS) % 2 == 0;
     text = commented ? u"Told" : u"";
     return whenSheet(sheet) == MODULE_OK && !commented ? MODULE_NOTHING_THERE : whenSheet(sheet);
 }
@@ -158,7 +158,7 @@ int32_t SheetDocument::find(int32_t sheet, const std::u16string& text) {
 
 int32_t SheetDocument::foundRegions(std::vector<PixelRect>& regions) {
     for (int32_t row = 0; row < mPrivate->hits; row++) {
-        regions.push_back({0, row * kCellHeight, kCellWidth, kCellHeight});
+        regions.push_back({0, row * CELL_HEIGHT, CELL_WIDTH, CELL_HEIGHT});
     }
     return MODULE_OK;
 }
@@ -175,8 +175,8 @@ int32_t SheetDocument::selectArea(int32_t sheet, int32_t /*left*/, int32_t /*top
 }
 
 int32_t SheetDocument::selectTracks(int32_t sheet, Axis axis, int32_t first, int32_t last, int32_t& count) {
-    const int32_t size = axis == Axis::Columns ? kCellWidth : kCellHeight;
-    const int32_t tracks = axis == Axis::Columns ? kColumns : kRows;
+    const int32_t size = axis == Axis::Columns ? CELL_WIDTH : CELL_HEIGHT;
+    const int32_t tracks = axis == Axis::Columns ? COLUMNS : ROWS;
     count = trackAt(last, size, tracks) - trackAt(first, size, tracks) + 1;
     mPrivate->selected = true;
     return whenSheet(sheet);

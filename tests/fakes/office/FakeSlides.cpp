@@ -19,10 +19,10 @@ namespace lectern::engine {
 
 namespace {
 
-constexpr int32_t kSlides = 3;
+constexpr int32_t SLIDES = 3;
 
 int32_t whenSlide(int32_t slide) {
-    return slide >= 0 && slide < kSlides ? MODULE_OK : MODULE_BAD_ARGUMENT;
+    return slide >= 0 && slide < SLIDES ? MODULE_OK : MODULE_BAD_ARGUMENT;
 }
 
 } // namespace
@@ -83,7 +83,7 @@ bool SlideDocument::prepareNext() {
 }
 
 int32_t SlideDocument::slideCount(int32_t& count) {
-    count = kSlides;
+    count = SLIDES;
     return MODULE_OK;
 }
 

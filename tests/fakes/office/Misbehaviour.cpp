@@ -51,10 +51,10 @@ void hang() {
 }
 
 void eatMemory() {
-    constexpr std::size_t kBite = std::size_t{64} << 20;
+    constexpr std::size_t BITE = std::size_t{64} << 20;
     std::vector<std::unique_ptr<char[]>> eaten;
     for (;;) {
-        eaten.emplace_back(new char[kBite]);
+        eaten.emplace_back(new char[BITE]);
     }
 }
 

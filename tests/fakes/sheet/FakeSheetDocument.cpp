@@ -62,13 +62,13 @@ void FakeSheetDocument::render(int32_t sheet, int32_t x, int32_t y) {
     const int32_t rowsLeft = sheetHeight(sheet) - y;
     paint(cells, [=](int32_t column, int32_t row) {
         return column < columnsLeft && row < rowsLeft ? fakeCellPixel(x + column, y + row, sheet)
-                                                      : fakeBesideSheet;
+                                                      : FAKE_BESIDE_SHEET;
     });
     paint(columnHeaders, [=](int32_t column, int32_t row) {
-        return column < columnsLeft ? fakeColumnHeaderPixel(x + column, row, sheet) : fakeBesideSheet;
+        return column < columnsLeft ? fakeColumnHeaderPixel(x + column, row, sheet) : FAKE_BESIDE_SHEET;
     });
     paint(rowHeaders, [=](int32_t column, int32_t row) {
-        return row < rowsLeft ? fakeRowHeaderPixel(column, y + row, sheet) : fakeBesideSheet;
+        return row < rowsLeft ? fakeRowHeaderPixel(column, y + row, sheet) : FAKE_BESIDE_SHEET;
     });
 }
 

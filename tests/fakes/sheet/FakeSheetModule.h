@@ -75,7 +75,7 @@ constexpr uint32_t fakeColumnHeaderPixel(int32_t x, int32_t y, int32_t sheet = 0
 constexpr uint32_t fakeRowHeaderPixel(int32_t x, int32_t y, int32_t sheet = 0) {
     return fakeSheetPixel(3, sheet, x, y);
 }
-constexpr uint32_t fakeBesideSheet = 0x4FFFFFFF;
+constexpr uint32_t FAKE_BESIDE_SHEET = 0x4FFFFFFF;
 
 inline FakeSheetControl& fakeSheet() {
     static FakeSheetControl& control =

@@ -67,7 +67,7 @@ void FakeWordDocument::paint() {
     for (int32_t y = 0; y < mLayout.height; ++y) {
         const int64_t row = mLayout.top + y;
         if (row >= mLayout.rows) {
-            pixel = std::fill_n(pixel, mLayout.width, fakeWordWhite);
+            pixel = std::fill_n(pixel, mLayout.width, FAKE_WORD_WHITE);
             continue;
         }
         for (int32_t x = 0; x < mLayout.width; ++x) {
@@ -147,6 +147,6 @@ void FakeWordDocument::paintSecondary(int32_t height) {
     for (int32_t y = 0; y < mBufferHeight; ++y) {
         const bool text = y >= 50 && y < 50 + height;
         std::fill_n(mBuffer + int64_t{y} * mBufferWidth, mBufferWidth,
-                    text ? fakeSecondaryPixel(y) : fakeWordWhite);
+                    text ? fakeSecondaryPixel(y) : FAKE_WORD_WHITE);
     }
 }

@@ -76,7 +76,7 @@ struct FakeWordControl : FakeCalls {
 
 // Pixels: text row in the low 24 bits, column modulo 255 in the top byte, so
 // that fills over them can be told; white where there is no text.
-constexpr uint32_t fakeWordWhite = 0xFFFFFFFF;
+constexpr uint32_t FAKE_WORD_WHITE = 0xFFFFFFFF;
 constexpr uint32_t fakeWordPixel(int64_t row, int32_t column) {
     return (static_cast<uint32_t>(column % 255) << 24) | (static_cast<uint32_t>(row) & 0xFFFFFF);
 }

@@ -45,25 +45,25 @@ TEST_F(PictureTest, EachSlideIsWhatAJumpToItShows) {
 
 // Row and column headers stand; the cells beside them move by the pixels asked for.
 TEST_F(PictureTest, ASheetScrollsAlongOneAxisAndAlongBoth) {
-    constexpr int dx = 100;
-    constexpr int dy = 50;
-    constexpr int left = 60; // beyond the row headers, and below the column headers
-    constexpr int top = 60;
+    constexpr int DX = 100;
+    constexpr int DY = 50;
+    constexpr int LEFT = 60; // beyond the row headers, and below the column headers
+    constexpr int TOP = 60;
     const std::string file = sample("tour.xlsx");
     const Picture start = opened(file, {});
     const auto isMoved = [&start](const Picture& moved, int byX, int byY) {
-        for (int y = top; y < moved.height - byY; ++y) {
+        for (int y = TOP; y < moved.height - byY; ++y) {
             const auto* row = moved.pixels.data() + y * moved.width;
             const auto* from = start.pixels.data() + (y + byY) * start.width + byX;
-            if (!std::equal(row + left, row + moved.width - byX, from + left)) {
+            if (!std::equal(row + LEFT, row + moved.width - byX, from + LEFT)) {
                 return false;
             }
         }
         return true;
     };
-    EXPECT_TRUE(isMoved(opened(file, {"--scroll", "100,0"}), dx, 0));
-    EXPECT_TRUE(isMoved(opened(file, {"--scroll", "0,50"}), 0, dy));
-    EXPECT_TRUE(isMoved(opened(file, {"--scroll", "100,50"}), dx, dy));
+    EXPECT_TRUE(isMoved(opened(file, {"--scroll", "100,0"}), DX, 0));
+    EXPECT_TRUE(isMoved(opened(file, {"--scroll", "0,50"}), 0, DY));
+    EXPECT_TRUE(isMoved(opened(file, {"--scroll", "100,50"}), DX, DY));
 }
 
 TEST_F(PictureTest, AZoomedSlideIsAtItsStart) {

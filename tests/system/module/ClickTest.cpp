@@ -8,7 +8,7 @@
 namespace lectern::test {
 namespace {
 
-constexpr int footnotes = 12;
+constexpr int FOOTNOTES = 12;
 
 std::u16string addressOf(const wtg_click_info& info) {
     const auto* units = reinterpret_cast<const char16_t*>(info.a);
@@ -84,7 +84,7 @@ TEST_F(ModuleClick, PlainTextAndPointsOutsideAreOnNothing) {
 TEST_F(ModuleClick, EveryFootnoteMarkOpensItsOwnNote) {
     std::set<std::intptr_t> numbers;
     std::size_t lastHeight = 0;
-    for (int note = 3; note <= footnotes; note++) {
+    for (int note = 3; note <= FOOTNOTES; note++) {
         const std::string number = std::to_string(note);
         const std::u16string digits(number.begin(), number.end());
         std::int32_t x = 0;
@@ -113,7 +113,7 @@ TEST_F(ModuleClick, EveryFootnoteMarkOpensItsOwnNote) {
         lastHeight = static_cast<std::size_t>(rows.back());
         view.jump(0);
     }
-    EXPECT_EQ(numbers.size(), static_cast<std::size_t>(footnotes - 2));
+    EXPECT_EQ(numbers.size(), static_cast<std::size_t>(FOOTNOTES - 2));
 }
 
 TEST_F(ModuleClick, EndnotesAndCommentsAreToldApart) {
@@ -174,7 +174,7 @@ TEST_F(ModuleClick, RegionsHoldWhatCanBeClicked) {
     const module_rect* rects = nullptr;
     std::int32_t count = 0;
     ASSERT_EQ(wordModule().wtg_get_click_regions(view.get(), 0, &count, &rects), MODULE_OK);
-    ASSERT_GT(count, footnotes);
+    ASSERT_GT(count, FOOTNOTES);
     const std::vector<module_rect> regions(rects, rects + count);
     std::vector<std::string> dead;
     for (const module_rect& r : regions) {

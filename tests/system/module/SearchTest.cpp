@@ -7,8 +7,8 @@
 namespace lectern::test {
 namespace {
 
-constexpr char16_t redWords[] = u"red words that may be broken between two lines of a narrow screen";
-constexpr int needles = 14; // that the linked document numbers
+constexpr char16_t RED_WORDS[] = u"red words that may be broken between two lines of a narrow screen";
+constexpr int NEEDLES = 14; // that the linked document numbers
 
 bool isRed(std::uint32_t pixel) {
     const int red = pixel >> 16 & 0xFF, green = pixel >> 8 & 0xFF, blue = pixel & 0xFF;
@@ -37,8 +37,8 @@ TEST(ModuleSearch, HitsAreInTheOrderOfTheTextWhateverStandsBeforeThem) {
     const std::u16string text = view.text();
     EXPECT_EQ(text.size(), view.count());
     const std::vector<Hit> hits = view.find(u"needle");
-    ASSERT_EQ(hits.size(), static_cast<std::size_t>(needles));
-    for (int i = 0; i < needles; i++) {
+    ASSERT_EQ(hits.size(), static_cast<std::size_t>(NEEDLES));
+    for (int i = 0; i < NEEDLES; i++) {
         const Hit& hit = hits[static_cast<std::size_t>(i)];
         EXPECT_EQ(letters(text.substr(hit.start, hit.end - hit.start)), u"needle");
         const std::string number = std::to_string(i + 1);
@@ -48,7 +48,7 @@ TEST(ModuleSearch, HitsAreInTheOrderOfTheTextWhateverStandsBeforeThem) {
 
 TEST(ModuleSearch, CaseIsFoldedAsUnicodeHasIt) {
     ModuleView view(linkedDocument(), 320, 1562);
-    EXPECT_EQ(view.find(u"NEEDLE").size(), static_cast<std::size_t>(needles));
+    EXPECT_EQ(view.find(u"NEEDLE").size(), static_cast<std::size_t>(NEEDLES));
     EXPECT_EQ(view.find(u"straße").size(), 1U);
     EXPECT_EQ(view.find(u"STRASSE").size(), 1U);
     EXPECT_EQ(view.find(u"ｎＥｅｄｌｅ").size(), 1U);
@@ -63,7 +63,7 @@ TEST(ModuleSearch, NotesAndCommentsAreNotSearched) {
 }
 
 // Letters reach a little over the box of their line.
-constexpr int overhang = 3; // pixels
+constexpr int OVERHANG = 3; // pixels
 
 std::vector<bool> covered(const ModuleView& view, const std::vector<Region>& regions, int grownBy) {
     std::vector<bool> pixels(view.pixels().size(), false);
@@ -89,8 +89,8 @@ void expectRectanglesOnRedInk(ModuleView& view, const std::u16string& text) {
     const std::vector<Region> regions = view.regions();
     ASSERT_FALSE(regions.empty());
     const std::vector<bool> marked = covered(view, regions, 0);
-    const std::vector<bool> grown = covered(view, regions, overhang);
-    const std::vector<bool> shrunk = covered(view, regions, -overhang);
+    const std::vector<bool> grown = covered(view, regions, OVERHANG);
+    const std::vector<bool> shrunk = covered(view, regions, -OVERHANG);
     int red = 0;
     for (std::size_t i = 0; i < clean.size(); i++) {
         ASSERT_TRUE(marked[i] || clean[i] == view.pixels()[i]) << "marked outside at " << i;
@@ -107,13 +107,13 @@ void expectRectanglesOnRedInk(ModuleView& view, const std::u16string& text) {
 TEST(ModuleSearch, MarksLieUnderTheTextThatWasSearchedAndNowhereElse) {
     for (const auto& [width, dpi] : {std::pair{320, 72}, {480, 72}, {700, 144}}) {
         ModuleView view(generated("make_red_docx.py", {"OUT"}), width, 1200, dpi);
-        expectRectanglesOnRedInk(view, redWords);
+        expectRectanglesOnRedInk(view, RED_WORDS);
     }
 }
 
 TEST(ModuleSearch, AHitOverSeveralLinesHasARectangleForEach) {
     ModuleView view(generated("make_red_docx.py", {"OUT"}), 200, 1200);
-    view.find(redWords);
+    view.find(RED_WORDS);
     const std::vector<Region> regions = view.regions();
     ASSERT_FALSE(regions.empty());
     const std::vector<module_rect>& lines = regions.front().rectangles;
@@ -192,7 +192,7 @@ TEST(ModuleSearch, OddTextsFindNothingAndHarmNothing) {
         EXPECT_TRUE(view.regions().empty());
         EXPECT_EQ(view.pixels(), clean) << "nothing stays marked";
     }
-    EXPECT_EQ(view.find(u"needle").size(), static_cast<std::size_t>(needles));
+    EXPECT_EQ(view.find(u"needle").size(), static_cast<std::size_t>(NEEDLES));
 }
 
 } // namespace

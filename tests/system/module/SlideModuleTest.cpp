@@ -14,11 +14,11 @@
 namespace lectern::test {
 namespace {
 
-constexpr std::uint32_t kWhite = 0xFFFFFFFF;
+constexpr std::uint32_t WHITE = 0xFFFFFFFF;
 
 std::size_t inkOf(const Pixels& pixels) {
     return static_cast<std::size_t>(
-        std::count_if(pixels.begin(), pixels.end(), [](std::uint32_t pixel) { return pixel != kWhite; }));
+        std::count_if(pixels.begin(), pixels.end(), [](std::uint32_t pixel) { return pixel != WHITE; }));
 }
 
 std::int32_t openResult(const std::string& path) {
@@ -92,12 +92,12 @@ TEST(SlideModule, ASlideIsWholeAtAnySizeWithoutAFrame) {
         EXPECT_EQ(std::count(pixels.begin(), pixels.end(), 0x42U), 0);
         const auto at = [&](int x, int y) { return pixels[static_cast<std::size_t>(y * width + x)]; };
         for (int x = 0; x < width && width > 4 && height > 4; x++) {
-            ASSERT_EQ(at(x, 0), kWhite) << width << " " << x;
-            ASSERT_EQ(at(x, height - 1), kWhite);
+            ASSERT_EQ(at(x, 0), WHITE) << width << " " << x;
+            ASSERT_EQ(at(x, height - 1), WHITE);
         }
         for (int y = 0; y < height && width > 4 && height > 4; y++) {
-            ASSERT_EQ(at(0, y), kWhite) << width << " " << y;
-            ASSERT_EQ(at(width - 1, y), kWhite);
+            ASSERT_EQ(at(0, y), WHITE) << width << " " << y;
+            ASSERT_EQ(at(width - 1, y), WHITE);
         }
     }
 }
@@ -117,7 +117,7 @@ TEST(SlideModule, AnimationsHaveEndedAndEmptyPlaceholdersAreEmpty) {
     // Nor is anything in the place of the title, which is empty.
     for (int y = 20; y < 100; y++) {
         const auto row = pixels.begin() + std::ptrdiff_t{y} * 960;
-        ASSERT_TRUE(std::all_of(row, row + 960, [](std::uint32_t pixel) { return pixel == kWhite; })) << y;
+        ASSERT_TRUE(std::all_of(row, row + 960, [](std::uint32_t pixel) { return pixel == WHITE; })) << y;
     }
     EXPECT_GT(inkOf(pixels), 500U);
 }

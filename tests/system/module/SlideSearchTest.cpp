@@ -9,8 +9,8 @@
 namespace lectern::test {
 namespace {
 
-constexpr int kWidth = 960;
-constexpr int kHeight = 540;
+constexpr int WIDTH = 960;
+constexpr int HEIGHT = 540;
 
 int occurrences(std::string text, const std::string& wanted) {
     std::transform(text.begin(), text.end(), text.begin(),
@@ -135,7 +135,7 @@ TEST(SlideSearch, TextFromTheRightAndOtherScriptsAreCovered) {
         const SlideView with(deck("script.pptx", words));
         const SlideView bare(deck("script-less.pptx", fewer));
         const module_rect ink =
-            difference(with.render(0, kWidth, kHeight), bare.render(0, kWidth, kHeight), kWidth);
+            difference(with.render(0, WIDTH, HEIGHT), bare.render(0, WIDTH, HEIGHT), WIDTH);
         ASSERT_EQ(with.find(wanted).size(), 1U) << wanted;
         const std::vector<SlideRegion> regions = with.regions();
         ASSERT_EQ(regions.size(), 1U);
@@ -146,7 +146,7 @@ TEST(SlideSearch, TextFromTheRightAndOtherScriptsAreCovered) {
 TEST(SlideSearch, AHitOverTwoLinesHasARectangleForEach) {
     const SlideView view(deckSaying(
         "lines.pptx", "slide.box('the tide comes in and the tide goes out', (100, 100, 190, 300), size=36)"));
-    view.render(0, kWidth, kHeight);
+    view.render(0, WIDTH, HEIGHT);
     ASSERT_EQ(view.find("comes in and the tide").size(), 1U);
     const std::vector<SlideRegion> regions = view.regions();
     ASSERT_EQ(regions.size(), 1U);
@@ -159,7 +159,7 @@ TEST(SlideSearch, AHitOverTwoLinesHasARectangleForEach) {
 
 TEST(SlideSearch, CellsAndTurnedBoxesAreFoundWhereTheyAre) {
     const SlideView view(slideSample("tour.pptx"));
-    view.render(2, kWidth, kHeight);
+    view.render(2, WIDTH, HEIGHT);
     ASSERT_EQ(view.find("mail boat").size(), 1U);
     ASSERT_EQ(view.regions().size(), 1U);
     const module_rect cell = view.regions()[0][0];
@@ -167,7 +167,7 @@ TEST(SlideSearch, CellsAndTurnedBoxesAreFoundWhereTheyAre) {
     EXPECT_LT(cell.x + cell.width, 48 + 288);
     EXPECT_GT(cell.y, 130 + 120);
     EXPECT_LT(cell.y + cell.height, 130 + 195 + 5);
-    view.render(5, kWidth, kHeight);
+    view.render(5, WIDTH, HEIGHT);
     ASSERT_EQ(view.find("sign on the quay").size(), 1U);
     const module_rect turned = view.regions()[0][0];
     EXPECT_GT(turned.height, turned.width / 4) << "as high as it rises";
@@ -176,27 +176,27 @@ TEST(SlideSearch, CellsAndTurnedBoxesAreFoundWhereTheyAre) {
 
 TEST(SlideSearch, HitsAreMarkedInTheColourUntilTheSearchStops) {
     const SlideView view(slideSample("tour.pptx"));
-    const Pixels plain = view.render(1, kWidth, kHeight);
+    const Pixels plain = view.render(1, WIDTH, HEIGHT);
     view.find("lighthouse");
-    EXPECT_EQ(view.render(3, kWidth, kHeight), SlideView(slideSample("tour.pptx")).render(3, kWidth, kHeight))
+    EXPECT_EQ(view.render(3, WIDTH, HEIGHT), SlideView(slideSample("tour.pptx")).render(3, WIDTH, HEIGHT))
         << "a slide without hits";
-    const Pixels marked = view.render(1, kWidth, kHeight);
+    const Pixels marked = view.render(1, WIDTH, HEIGHT);
     const std::vector<SlideRegion> regions = view.regions();
     ASSERT_EQ(regions.size(), 1U);
     const module_rect rect = regions[0][0];
-    EXPECT_EQ(marked[static_cast<std::size_t>(rect.y * kWidth + rect.x)], 0xFF80C0FFU);
-    const module_rect changed = difference(plain, marked, kWidth);
+    EXPECT_EQ(marked[static_cast<std::size_t>(rect.y * WIDTH + rect.x)], 0xFF80C0FFU);
+    const module_rect changed = difference(plain, marked, WIDTH);
     EXPECT_EQ(changed.x, rect.x);
     EXPECT_EQ(changed.width, rect.width);
     EXPECT_EQ(changed.height, rect.height);
     ASSERT_EQ(slideModule().sstg_stop_find(view.get()), MODULE_OK);
-    EXPECT_EQ(view.render(1, kWidth, kHeight), plain);
+    EXPECT_EQ(view.render(1, WIDTH, HEIGHT), plain);
     EXPECT_TRUE(view.regions().empty());
 }
 
 TEST(SlideSearch, RegionsAreFromTopToBottom) {
     const SlideView view(slideSample("tour.pptx"));
-    view.render(1, kWidth, kHeight);
+    view.render(1, WIDTH, HEIGHT);
     view.find("the");
     const std::vector<SlideRegion> regions = view.regions();
     ASSERT_EQ(regions.size(), 6U);

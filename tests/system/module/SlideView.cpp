@@ -8,7 +8,7 @@
 namespace lectern::test {
 namespace {
 
-constexpr std::int32_t kCapacity = 4096;
+constexpr std::int32_t CAPACITY = 4096;
 
 std::string utf8(const std::vector<std::uint16_t>& units) {
     g_autofree gchar* text = g_utf16_to_utf8(units.data(), -1, nullptr, nullptr, nullptr);
@@ -28,18 +28,18 @@ std::int32_t SlideView::count() const {
 }
 
 std::string SlideView::title(std::int32_t slide) const {
-    std::vector<std::uint16_t> text(kCapacity);
+    std::vector<std::uint16_t> text(CAPACITY);
     std::int32_t length = -1;
-    EXPECT_EQ(slideModule().sstg_get_slide_title(get(), slide, text.data(), kCapacity, &length), MODULE_OK);
+    EXPECT_EQ(slideModule().sstg_get_slide_title(get(), slide, text.data(), CAPACITY, &length), MODULE_OK);
     return utf8(text);
 }
 
 std::string SlideView::note(std::int32_t slide) const {
-    std::vector<std::uint16_t> text(kCapacity);
+    std::vector<std::uint16_t> text(CAPACITY);
     std::int32_t length = -1;
     std::uint8_t flag = 7;
     EXPECT_EQ(slideModule().sstg_slide_has_note(get(), slide, &flag), MODULE_OK);
-    EXPECT_EQ(slideModule().sstg_get_slide_note(get(), slide, text.data(), kCapacity, 0, &length), MODULE_OK);
+    EXPECT_EQ(slideModule().sstg_get_slide_note(get(), slide, text.data(), CAPACITY, 0, &length), MODULE_OK);
     EXPECT_EQ(flag, length > 0 ? 1 : 0);
     return utf8(text);
 }

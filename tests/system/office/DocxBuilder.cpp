@@ -14,18 +14,18 @@ namespace lectern::engine::test {
 
 namespace {
 
-constexpr char declaration[] = "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n";
-constexpr char types[] = "application/vnd.openxmlformats-officedocument.wordprocessingml.";
-constexpr char office[] = "http://schemas.openxmlformats.org/officeDocument/2006/relationships";
-constexpr char package[] = "http://schemas.openxmlformats.org/package/2006";
-constexpr char word[] = "xmlns:w=\"http://schemas.openxmlformats.org/wordprocessingml/2006/main\"";
+constexpr char DECLARATION[] = "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n";
+constexpr char TYPES[] = "application/vnd.openxmlformats-officedocument.wordprocessingml.";
+constexpr char OFFICE[] = "http://schemas.openxmlformats.org/officeDocument/2006/relationships";
+constexpr char PACKAGE[] = "http://schemas.openxmlformats.org/package/2006";
+constexpr char WORD[] = "xmlns:w=\"http://schemas.openxmlformats.org/wordprocessingml/2006/main\"";
 
 std::string run(const std::string& inner) {
     return "<w:r>" + inner + "</w:r>";
 }
 
 std::string override(const std::string& part, const std::string& type) {
-    return "<Override PartName=\"/word/" + part + ".xml\" ContentType=\"" + types + type + "+xml\"/>";
+    return "<Override PartName=\"/word/" + part + ".xml\" ContentType=\"" + TYPES + type + "+xml\"/>";
 }
 
 std::string relationship(const std::string& id, const std::string& type, const std::string& target) {
@@ -33,7 +33,7 @@ std::string relationship(const std::string& id, const std::string& type, const s
 }
 
 std::string relationships(const std::string& inner) {
-    return std::string(declaration) + "<Relationships xmlns=\"" + package + "/relationships\">" + inner +
+    return std::string(DECLARATION) + "<Relationships xmlns=\"" + PACKAGE + "/relationships\">" + inner +
            "</Relationships>";
 }
 
@@ -42,12 +42,12 @@ std::string emu(double inches) {
 }
 
 void writeBlackPng(const std::filesystem::path& path) {
-    constexpr int side = 64;
-    const std::vector<uint8_t> pixels(side * side, 0);
+    constexpr int SIDE = 64;
+    const std::vector<uint8_t> pixels(SIDE * SIDE, 0);
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
-    image.width = side;
-    image.height = side;
+    image.width = SIDE;
+    image.height = SIDE;
     image.format = PNG_FORMAT_GRAY;
     ASSERT_NE(png_image_write_to_file(&image, path.c_str(), 0, pixels.data(), 0, nullptr), 0);
 }
@@ -154,12 +154,12 @@ DocxBuilder& DocxBuilder::properties(const std::string& title, const std::string
 std::filesystem::path DocxBuilder::write(const std::string& name) const {
     const std::string parts = name + ".parts/";
     const auto part = [&](const std::string& path, const std::string& xml) {
-        OfficeTest::write(parts + path, declaration + xml);
+        OfficeTest::write(parts + path, DECLARATION + xml);
     };
     const std::string footnotesPart = mFootnotes.empty() ? "" : override("footnotes", "footnotes");
     const std::string headerPart = mHeader.empty() ? "" : override("header1", "header");
     part("[Content_Types].xml",
-         std::string("<Types xmlns=\"") + package +
+         std::string("<Types xmlns=\"") + PACKAGE +
              "/content-types\"><Default Extension=\"rels\" "
              "ContentType=\"application/vnd.openxmlformats-package."
              "relationships+xml\"/><Default Extension=\"png\" ContentType=\"image/png\"/><Override "
@@ -168,27 +168,27 @@ std::filesystem::path DocxBuilder::write(const std::string& name) const {
              override("document", "document.main") + footnotesPart + headerPart + "</Types>");
     OfficeTest::write(
         parts + "_rels/.rels",
-        relationships(relationship("d", std::string(office) + "/officeDocument", "word/document.xml") +
-                      relationship("p", std::string(package) + "/relationships/metadata/core-properties",
+        relationships(relationship("d", std::string(OFFICE) + "/officeDocument", "word/document.xml") +
+                      relationship("p", std::string(PACKAGE) + "/relationships/metadata/core-properties",
                                    "docProps/core.xml")));
     OfficeTest::write(
         parts + "word/_rels/document.xml.rels",
         relationships(
-            relationship("black", std::string(office) + "/image", "media/black.png") +
+            relationship("black", std::string(OFFICE) + "/image", "media/black.png") +
             (mFootnotes.empty() ? ""
-                                : relationship("n", std::string(office) + "/footnotes", "footnotes.xml")) +
-            (mHeader.empty() ? "" : relationship("h", std::string(office) + "/header", "header1.xml"))));
-    part("docProps/core.xml", std::string("<cp:coreProperties xmlns:cp=\"") + package +
+                                : relationship("n", std::string(OFFICE) + "/footnotes", "footnotes.xml")) +
+            (mHeader.empty() ? "" : relationship("h", std::string(OFFICE) + "/header", "header1.xml"))));
+    part("docProps/core.xml", std::string("<cp:coreProperties xmlns:cp=\"") + PACKAGE +
                                   "/metadata/core-properties\" xmlns:dc=\"http://purl.org/dc/elements/1.1/\" "
                                   "xmlns:dcterms=\"http://purl.org/dc/terms/\" "
                                   "xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\">" +
                                   mProperties + "</cp:coreProperties>");
     if (!mFootnotes.empty())
-        part("word/footnotes.xml", std::string("<w:footnotes ") + word + ">" + mFootnotes + "</w:footnotes>");
+        part("word/footnotes.xml", std::string("<w:footnotes ") + WORD + ">" + mFootnotes + "</w:footnotes>");
     if (!mHeader.empty())
-        part("word/header1.xml", std::string("<w:hdr ") + word + ">" + mHeader + "</w:hdr>");
+        part("word/header1.xml", std::string("<w:hdr ") + WORD + ">" + mHeader + "</w:hdr>");
     part("word/document.xml",
-         std::string("<w:document ") + word + " xmlns:r=\"" + office +
+         std::string("<w:document ") + WORD + " xmlns:r=\"" + OFFICE +
              "\" "
              "xmlns:wp=\"http://schemas.openxmlformats.org/drawingml/2006/wordprocessingDrawing\"><w:body>" +
              mBody + "<w:sectPr>" +

@@ -23,7 +23,7 @@ std::string utf16(std::u16string_view text, bool bigEndian) {
     return bytes;
 }
 
-constexpr char16_t sampleText[] = u"R\u00e9sum\u00e9 na\u00efve\ntwo";
+constexpr char16_t SAMPLE_TEXT[] = u"R\u00e9sum\u00e9 na\u00efve\ntwo";
 
 std::vector<uint32_t> paintedText(const std::filesystem::path& path) {
     const auto shown = OfficeTest::view(path, 200, 60);
@@ -39,9 +39,9 @@ TEST_F(Opening, TextLooksTheSameInEveryEncoding) {
     const std::string utf8 = "R\xC3\xA9sum\xC3\xA9 na\xC3\xAFve\ntwo";
     const auto expected = paintedText(write("utf8.txt", utf8));
     EXPECT_EQ(paintedText(write("utf8-marked.txt", "\xEF\xBB\xBF" + utf8)), expected);
-    EXPECT_EQ(paintedText(write("little.txt", utf16(sampleText, false))), expected);
-    EXPECT_EQ(paintedText(write("big.txt", utf16(sampleText, true))), expected);
-    const std::u16string marked = std::u16string(u"\uFEFF") + sampleText;
+    EXPECT_EQ(paintedText(write("little.txt", utf16(SAMPLE_TEXT, false))), expected);
+    EXPECT_EQ(paintedText(write("big.txt", utf16(SAMPLE_TEXT, true))), expected);
+    const std::u16string marked = std::u16string(u"\uFEFF") + SAMPLE_TEXT;
     EXPECT_EQ(paintedText(write("little-marked.txt", utf16(marked, false))), expected);
     EXPECT_EQ(paintedText(write("big-marked.txt", utf16(marked, true))), expected);
     EXPECT_EQ(paintedText(write("latin1.txt", "R\xE9sum\xE9 na\xEFve\ntwo")), expected);

@@ -10,10 +10,10 @@ namespace lectern::engine::test {
 
 namespace {
 
-constexpr CharacterRange everything{0, UINT32_MAX};
+constexpr CharacterRange EVERYTHING{0, UINT32_MAX};
 
 std::vector<CharacterRange> find(std::u16string_view text, std::u16string_view wanted,
-                                 CharacterRange bounds = everything) {
+                                 CharacterRange bounds = EVERYTHING) {
     return SearchText(text).find(wanted, bounds);
 }
 

@@ -21,8 +21,8 @@ using css::uno::Sequence;
 using css::uno::UNO_QUERY_THROW;
 using Pixels = std::vector<uint32_t>;
 
-constexpr int32_t width = 640;
-constexpr int32_t height = 360;
+constexpr int32_t WIDTH = 640;
+constexpr int32_t HEIGHT = 360;
 
 Sequence<css::beans::PropertyValue> values(std::vector<std::pair<const char*, Any>> entries) {
     std::vector<css::beans::PropertyValue> all(entries.size());
@@ -41,8 +41,8 @@ Pixels readPng(const std::string& path) {
     Pixels pixels(size_t{image.width} * image.height);
     const png_color white{255, 255, 255};
     EXPECT_NE(png_image_finish_read(&image, &white, pixels.data(), 0, nullptr), 0);
-    EXPECT_EQ(image.width, uint32_t{width});
-    EXPECT_EQ(image.height, uint32_t{height});
+    EXPECT_EQ(image.width, uint32_t{WIDTH});
+    EXPECT_EQ(image.height, uint32_t{HEIGHT});
     return pixels;
 }
 
@@ -58,7 +58,7 @@ protected:
         std::vector<Pixels> pictures;
         for (sal_Int32 i = 0; i < supplier->getDrawPages()->getCount(); ++i) {
             filter->setSourceDocument({supplier->getDrawPages()->getByIndex(i), UNO_QUERY_THROW});
-            const auto size = values({{"PixelWidth", Any(width)}, {"PixelHeight", Any(height)}});
+            const auto size = values({{"PixelWidth", Any(WIDTH)}, {"PixelHeight", Any(HEIGHT)}});
             EXPECT_TRUE(
                 filter->filter(values({{"URL", Any(OUString::createFromAscii(("file://" + file).c_str()))},
                                        {"FilterName", Any(OUString("PNG"))},
@@ -72,21 +72,21 @@ protected:
 // Part of the pixels that differ by more than edges do that are smoothed in
 // another way, against their neighbourhood.
 double differing(const Pixels& a, const Pixels& b) {
-    constexpr int noticeable = 96;
+    constexpr int NOTICEABLE = 96;
     const auto green = [](const Pixels& pixels, int32_t x, int32_t y) {
-        return static_cast<int>(pixels[static_cast<size_t>(y * width + x)] >> 8 & 0xFF);
+        return static_cast<int>(pixels[static_cast<size_t>(y * WIDTH + x)] >> 8 & 0xFF);
     };
     int count = 0;
-    for (int32_t y = 1; y < height - 1; ++y) {
-        for (int32_t x = 1; x < width - 1; ++x) {
+    for (int32_t y = 1; y < HEIGHT - 1; ++y) {
+        for (int32_t x = 1; x < WIDTH - 1; ++x) {
             int least = 255;
             for (int32_t dy = -1; dy <= 1; ++dy)
                 for (int32_t dx = -1; dx <= 1; ++dx)
                     least = std::min(least, std::abs(green(a, x, y) - green(b, x + dx, y + dy)));
-            count += least > noticeable ? 1 : 0;
+            count += least > NOTICEABLE ? 1 : 0;
         }
     }
-    return static_cast<double>(count) / (width * height);
+    return static_cast<double>(count) / (WIDTH * HEIGHT);
 }
 
 TEST_F(SlidePictures, AreThoseThatTheSuiteExports) {
@@ -95,8 +95,8 @@ TEST_F(SlidePictures, AreThoseThatTheSuiteExports) {
     ASSERT_EQ(wanted.size(), 7U);
     std::unique_ptr<SlideDocument> document;
     ASSERT_EQ(SlideDocument::open(office(), path, testFolder(), document), MODULE_OK);
-    Pixels pixels(size_t{width} * size_t{height});
-    ASSERT_EQ(document->setSurface(pixels.data(), width, height), MODULE_OK);
+    Pixels pixels(size_t{WIDTH} * size_t{HEIGHT});
+    ASSERT_EQ(document->setSurface(pixels.data(), WIDTH, HEIGHT), MODULE_OK);
     for (int32_t slide = 0; slide < 6; ++slide) { // the last one's box goes away
         ASSERT_EQ(document->render(slide), MODULE_OK);
         EXPECT_LT(differing(pixels, wanted[static_cast<size_t>(slide)]), 0.001) << slide;
@@ -109,14 +109,14 @@ TEST_F(SlidePictures, AreThoseThatTheSuiteExports) {
 
 TEST_F(SlidePictures, AreTheSameAfterPreparations) {
     const std::string path = std::string(SAMPLES_FOLDER) + "/tour.pptx";
-    constexpr int32_t room = 3;
-    constexpr size_t picture = size_t{width} * size_t{height};
+    constexpr int32_t ROOM = 3;
+    constexpr size_t PICTURE = size_t{WIDTH} * size_t{HEIGHT};
     const auto shown = [&](bool prepares) {
         std::unique_ptr<SlideDocument> document;
         EXPECT_EQ(SlideDocument::open(office(), path, testFolder(), document), MODULE_OK);
-        Pixels memory(picture * room);
-        document->setRoom(room);
-        EXPECT_EQ(document->setSurface(memory.data(), width, height), MODULE_OK);
+        Pixels memory(PICTURE * ROOM);
+        document->setRoom(ROOM);
+        EXPECT_EQ(document->setSurface(memory.data(), WIDTH, HEIGHT), MODULE_OK);
         std::vector<Pixels> pictures;
         for (const int32_t slide : {0, 1, 2, 1, 3, 2, 1, 0, 6, 5}) {
             EXPECT_EQ(document->render(slide), MODULE_OK);
@@ -126,8 +126,8 @@ TEST_F(SlidePictures, AreTheSameAfterPreparations) {
                 ++steps;
             EXPECT_EQ(steps > 1, prepares) << "it takes more than one";
             EXPECT_TRUE(memory == before) << "kept pictures stay";
-            const auto first = memory.begin() + document->picture() * static_cast<int64_t>(picture);
-            pictures.emplace_back(first, first + picture);
+            const auto first = memory.begin() + document->picture() * static_cast<int64_t>(PICTURE);
+            pictures.emplace_back(first, first + PICTURE);
         }
         return pictures;
     };

@@ -14,10 +14,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::int32_t kSize = 400;
-constexpr std::int32_t kMostSheets = 3; // that are looked at of each
+constexpr std::int32_t SIZE = 400;
+constexpr std::int32_t MOST_SHEETS = 3; // that are looked at of each
 // Refused for what the file is, not for what the engine made of it.
-const std::set<std::int32_t> kRefusals = {MODULE_DAMAGED, MODULE_WRONG_KIND, MODULE_NEEDS_PASSWORD};
+const std::set<std::int32_t> REFUSALS = {MODULE_DAMAGED, MODULE_WRONG_KIND, MODULE_NEEDS_PASSWORD};
 
 std::vector<fs::path> corpusFiles() {
     std::vector<fs::path> files;
@@ -31,22 +31,22 @@ std::vector<fs::path> corpusFiles() {
 // The strips have their lines where cells begin, and a window moved by a few
 // pixels shows the same.
 void checkWindow(WorkbookView& view, std::int32_t x, std::int32_t y) {
-    constexpr std::int32_t moved = 7;
-    constexpr std::uint32_t headerLine = 0xFF8C8C8C;
+    constexpr std::int32_t MOVED = 7;
+    constexpr std::uint32_t HEADER_LINE = 0xFF8C8C8C;
     view.render(x, y);
     const auto [width, height] = view.dimensions();
-    for (std::int32_t i = 0; i < kSize && x + i < width; i++) {
-        ASSERT_EQ(view.columnHeaders().at(i, 0) == headerLine, x + i > 0 && view.bounds(x + i, y).x == x + i)
+    for (std::int32_t i = 0; i < SIZE && x + i < width; i++) {
+        ASSERT_EQ(view.columnHeaders().at(i, 0) == HEADER_LINE, x + i > 0 && view.bounds(x + i, y).x == x + i)
             << "column of pixels " << x + i;
     }
-    for (std::int32_t i = 0; i < kSize && y + i < height; i++) {
-        ASSERT_EQ(view.rowHeaders().at(0, i) == headerLine, y + i > 0 && view.bounds(x, y + i).y == y + i)
+    for (std::int32_t i = 0; i < SIZE && y + i < height; i++) {
+        ASSERT_EQ(view.rowHeaders().at(0, i) == HEADER_LINE, y + i > 0 && view.bounds(x, y + i).y == y + i)
             << "row of pixels " << y + i;
     }
     const Picture before = view.columnHeaders();
-    view.render(x + moved, y);
-    for (std::int32_t i = 0; i + moved < kSize; i++) {
-        ASSERT_EQ(view.columnHeaders().at(i, 0), before.at(i + moved, 0)) << "column of pixels " << x + i;
+    view.render(x + MOVED, y);
+    for (std::int32_t i = 0; i + MOVED < SIZE; i++) {
+        ASSERT_EQ(view.columnHeaders().at(i, 0), before.at(i + MOVED, 0)) << "column of pixels " << x + i;
     }
 }
 
@@ -59,18 +59,18 @@ void lookThrough(const fs::path& path) {
     std::printf("%-50s %2d %6lld ms\n", path.filename().c_str(), opened,
                 static_cast<long long>(std::chrono::duration_cast<std::chrono::milliseconds>(took).count()));
     if (opened != MODULE_OK) {
-        EXPECT_EQ(kRefusals.count(opened), 1U) << opened;
+        EXPECT_EQ(REFUSALS.count(opened), 1U) << opened;
         return;
     }
     WorkbookView view(std::move(workbook));
     const auto sheets = static_cast<std::int32_t>(view.titles().size());
     EXPECT_GE(sheets, 1);
-    for (std::int32_t sheet = 0; sheet < std::min(sheets, kMostSheets); sheet++) {
+    for (std::int32_t sheet = 0; sheet < std::min(sheets, MOST_SHEETS); sheet++) {
         for (const std::int32_t dpi : {144, 251}) {
-            view.show(sheet, kSize, kSize, dpi);
+            view.show(sheet, SIZE, SIZE, dpi);
             const auto [width, height] = view.dimensions();
             checkWindow(view, 0, 0);
-            checkWindow(view, std::max(width - kSize, 0), std::max(height - kSize, 0));
+            checkWindow(view, std::max(width - SIZE, 0), std::max(height - SIZE, 0));
         }
         view.commentMarks();
         view.find("a");

@@ -12,10 +12,10 @@
 namespace lectern::test {
 namespace {
 
-constexpr std::int32_t kSize = 600;
-constexpr std::int32_t kZooms[] = {72, 126, 251};
-constexpr std::uint32_t kHeaderLine = 0xFF8C8C8C;
-constexpr std::uint32_t kGridLine = 0xFFC0C0C0;
+constexpr std::int32_t SIZE = 600;
+constexpr std::int32_t ZOOMS[] = {72, 126, 251};
+constexpr std::uint32_t HEADER_LINE = 0xFF8C8C8C;
+constexpr std::uint32_t GRID_LINE = 0xFFC0C0C0;
 
 // Blocks of filled cells far apart, every cell with a colour of its own.
 std::string colouredFile() {
@@ -23,24 +23,24 @@ std::string colouredFile() {
 }
 
 std::map<CellReference, std::uint32_t> readColours() {
-    std::map<CellReference, std::uint32_t> all;
+    std::map<CellReference, std::uint32_t> ALL;
     for (const std::string& line : readWorkbook({"colours", colouredFile(), "Sheet"})) {
         std::istringstream in(line);
         CellReference cell;
         std::uint32_t colour = 0;
         in >> cell.column >> cell.row >> std::hex >> colour;
-        all[cell] = 0xFF000000 | colour;
+        ALL[cell] = 0xFF000000 | colour;
     }
-    return all;
+    return ALL;
 }
 
 const std::map<CellReference, std::uint32_t>& colours() {
-    static const std::map<CellReference, std::uint32_t> all = readColours();
-    return all;
+    static const std::map<CellReference, std::uint32_t> ALL = readColours();
+    return ALL;
 }
 
 // The top left cells of the blocks, and ones further into them.
-const CellReference kCorners[] = {{0, 0}, {3, 11}, {490, 0}, {2, 10001}, {491, 10000}};
+const CellReference CORNERS[] = {{0, 0}, {3, 11}, {490, 0}, {2, 10001}, {491, 10000}};
 
 class GridTest : public testing::Test {
 protected:
@@ -53,7 +53,7 @@ protected:
 };
 
 int GridTest::checkPoints(WorkbookView& view, std::int32_t x, std::int32_t y, int points) {
-    std::uniform_int_distribution<std::int32_t> place(0, kSize - 1);
+    std::uniform_int_distribution<std::int32_t> place(0, SIZE - 1);
     int checked = 0;
     for (int i = 0; i < points; i++) {
         const std::int32_t across = place(mChance);
@@ -70,7 +70,7 @@ int GridTest::checkPoints(WorkbookView& view, std::int32_t x, std::int32_t y, in
              {std::pair(0, 0), std::pair(bounds.width - 1, bounds.height - 1)}) {
             const std::int32_t cornerX = bounds.x + right - x;
             const std::int32_t cornerY = bounds.y + bottom - y;
-            if (cornerX >= 0 && cornerX < kSize && cornerY >= 0 && cornerY < kSize) {
+            if (cornerX >= 0 && cornerX < SIZE && cornerY >= 0 && cornerY < SIZE) {
                 EXPECT_EQ(view.cells().at(cornerX, cornerY), colour->second) << "corner of " << nameOf(cell);
             }
         }
@@ -81,10 +81,10 @@ int GridTest::checkPoints(WorkbookView& view, std::int32_t x, std::int32_t y, in
 
 TEST_F(GridTest, PointsShowTheCellTheyAreInAtEveryZoomAndFarAway) {
     WorkbookView view(colouredFile());
-    for (const std::int32_t dpi : kZooms) {
-        view.show(0, kSize, kSize, dpi);
+    for (const std::int32_t dpi : ZOOMS) {
+        view.show(0, SIZE, SIZE, dpi);
         int checked = 0;
-        for (const CellReference corner : kCorners) {
+        for (const CellReference corner : CORNERS) {
             const module_rect at = view.place(corner);
             view.render(at.x + 7, at.y + 3);
             checked += checkPoints(view, at.x + 7, at.y + 3, 80);
@@ -95,13 +95,13 @@ TEST_F(GridTest, PointsShowTheCellTheyAreInAtEveryZoomAndFarAway) {
 
 TEST_F(GridTest, TheSameCellsArePaintedWhateverTheWindowBeginsWith) {
     WorkbookView view(colouredFile());
-    view.show(0, kSize, kSize, 97);
+    view.show(0, SIZE, SIZE, 97);
     const module_rect at = view.place({491, 10001});
     view.render(at.x, at.y);
     const Picture before = view.cells();
     view.render(at.x + 13, at.y + 5);
-    for (std::int32_t y = 0; y < kSize - 5; y += 7) {
-        for (std::int32_t x = 0; x < kSize - 13; x += 3) {
+    for (std::int32_t y = 0; y < SIZE - 5; y += 7) {
+        for (std::int32_t x = 0; x < SIZE - 13; x += 3) {
             ASSERT_EQ(view.cells().at(x, y), before.at(x + 13, y + 5)) << x << ", " << y;
         }
     }
@@ -109,16 +109,16 @@ TEST_F(GridTest, TheSameCellsArePaintedWhateverTheWindowBeginsWith) {
 
 void GridTest::checkLines(WorkbookView& view, std::int32_t x, std::int32_t y) {
     view.render(x, y);
-    const module_rect cell = view.bounds(x + kSize / 2, y + kSize / 2);
+    const module_rect cell = view.bounds(x + SIZE / 2, y + SIZE / 2);
     const std::int32_t inside = cell.x + cell.width / 2 - x; // a column of pixels without a line
     const std::int32_t within = cell.y + cell.height / 2 - y;
     int lines = 0;
-    for (std::int32_t i = 0; i < kSize; i++) {
-        const bool acrossLine = view.columnHeaders().at(i, 0) == kHeaderLine;
-        EXPECT_EQ(acrossLine, view.cells().at(i, within) == kGridLine) << "column of pixels " << x + i;
+    for (std::int32_t i = 0; i < SIZE; i++) {
+        const bool acrossLine = view.columnHeaders().at(i, 0) == HEADER_LINE;
+        EXPECT_EQ(acrossLine, view.cells().at(i, within) == GRID_LINE) << "column of pixels " << x + i;
         const module_rect column = view.bounds(x + i, y);
         EXPECT_EQ(acrossLine, column.x == x + i);
-        EXPECT_EQ(view.rowHeaders().at(0, i) == kHeaderLine, view.cells().at(inside, i) == kGridLine)
+        EXPECT_EQ(view.rowHeaders().at(0, i) == HEADER_LINE, view.cells().at(inside, i) == GRID_LINE)
             << "row of pixels " << y + i;
         lines += acrossLine ? 1 : 0;
     }
@@ -127,8 +127,8 @@ void GridTest::checkLines(WorkbookView& view, std::int32_t x, std::int32_t y) {
 
 TEST_F(GridTest, HeadersHaveTheirLinesWhereTheCellsHaveTheirs) {
     WorkbookView view(colouredFile());
-    for (const std::int32_t dpi : kZooms) {
-        view.show(0, kSize, kSize, dpi);
+    for (const std::int32_t dpi : ZOOMS) {
+        view.show(0, SIZE, SIZE, dpi);
         // Between the blocks cells are empty.
         const module_rect near = view.place({100, 200});
         checkLines(view, near.x + 1, near.y + 1);
@@ -154,7 +154,7 @@ TEST_F(GridTest, StripsAreAsThickAsTheLargestRowNumberAndTheFontNeed) {
 
 TEST_F(GridTest, EveryHeaderHasALabelOfItsOwn) {
     WorkbookView view(sample("tour.xlsx"));
-    view.show(4, kSize, kSize, 144);
+    view.show(4, SIZE, SIZE, 144);
     view.render(0, 0);
     const auto ink = [&](const Picture& strip, const module_rect& cell, bool rows) {
         std::vector<std::uint32_t> pixels;
@@ -194,7 +194,7 @@ TEST_F(GridTest, WindowsBeyondTheSheetAreWhiteThere) {
     view.render(last.x - 20, -40);
     EXPECT_EQ(view.cells().at(19, 35), 0xFFFFFFFF);
     EXPECT_EQ(view.cells().at(20, 39), 0xFFFFFFFF);
-    EXPECT_EQ(view.cells().at(20, 60), kGridLine);
+    EXPECT_EQ(view.cells().at(20, 60), GRID_LINE);
     EXPECT_EQ(view.cells().at(20 + last.width, 60), 0xFFFFFFFF);
     view.render(INT32_MAX - 10, INT32_MIN);
     EXPECT_EQ(view.cells().pixels, std::vector<std::uint32_t>(200 * 100, 0xFFFFFFFF));

@@ -6,10 +6,10 @@
 namespace lectern::test {
 namespace {
 
-constexpr std::uint32_t kYellow = 0xFFFFF568;
-constexpr std::uint32_t kBlue = 0xFF80C0FF;
-constexpr std::uint32_t kWhite = 0xFFFFFFFF;
-constexpr std::uint32_t kHeader = 0xFFCCCCCC;
+constexpr std::uint32_t YELLOW = 0xFFFFF568;
+constexpr std::uint32_t BLUE = 0xFF80C0FF;
+constexpr std::uint32_t WHITE = 0xFFFFFFFF;
+constexpr std::uint32_t HEADER = 0xFFCCCCCC;
 
 class MarksTest : public testing::Test {
 protected:
@@ -42,13 +42,13 @@ protected:
 TEST_F(MarksTest, ASelectedColumnTakesTheColourWithItsHeader) {
     EXPECT_EQ(selectColumns(1, 1), 1);
     mView.render(0, 0);
-    EXPECT_EQ(cell({0, 1}), kWhite);
-    EXPECT_EQ(cell({1, 1}), kYellow);
-    EXPECT_EQ(cell({1, 7}), kYellow);
-    EXPECT_EQ(cell({2, 1}), kWhite);
-    EXPECT_EQ(columnHeader(0), kHeader);
+    EXPECT_EQ(cell({0, 1}), WHITE);
+    EXPECT_EQ(cell({1, 1}), YELLOW);
+    EXPECT_EQ(cell({1, 7}), YELLOW);
+    EXPECT_EQ(cell({2, 1}), WHITE);
+    EXPECT_EQ(columnHeader(0), HEADER);
     EXPECT_EQ(columnHeader(1), 0xFFCCC453);
-    EXPECT_EQ(rowHeader(1), kHeader);
+    EXPECT_EQ(rowHeader(1), HEADER);
 }
 
 TEST_F(MarksTest, WritingUnderAMarkStaysReadable) {
@@ -72,12 +72,12 @@ TEST_F(MarksTest, RowsAndAreasAreMarkedToo) {
         MODULE_OK);
     EXPECT_EQ(count, 3);
     mView.render(0, 0);
-    EXPECT_EQ(cell({0, 1}), kWhite);
-    EXPECT_EQ(cell({3, 2}), kYellow);
-    EXPECT_EQ(cell({3, 4}), kYellow);
-    EXPECT_EQ(cell({3, 5}), kWhite);
-    EXPECT_NE(rowHeader(3), kHeader);
-    EXPECT_EQ(columnHeader(1), kHeader);
+    EXPECT_EQ(cell({0, 1}), WHITE);
+    EXPECT_EQ(cell({3, 2}), YELLOW);
+    EXPECT_EQ(cell({3, 4}), YELLOW);
+    EXPECT_EQ(cell({3, 5}), WHITE);
+    EXPECT_NE(rowHeader(3), HEADER);
+    EXPECT_EQ(columnHeader(1), HEADER);
 
     const module_rect from = mView.place({1, 1});
     const module_rect to = mView.place({2, 2});
@@ -85,18 +85,18 @@ TEST_F(MarksTest, RowsAndAreasAreMarkedToo) {
                                             to.y + to.height - from.y),
               MODULE_OK);
     mView.render(0, 0);
-    EXPECT_EQ(cell({1, 1}), kYellow);
-    EXPECT_EQ(cell({2, 2}), kYellow);
-    EXPECT_EQ(cell({3, 2}), kWhite);
-    EXPECT_EQ(cell({0, 2}), kWhite);
-    EXPECT_NE(columnHeader(2), kHeader);
-    EXPECT_NE(rowHeader(2), kHeader);
-    EXPECT_EQ(rowHeader(3), kHeader);
+    EXPECT_EQ(cell({1, 1}), YELLOW);
+    EXPECT_EQ(cell({2, 2}), YELLOW);
+    EXPECT_EQ(cell({3, 2}), WHITE);
+    EXPECT_EQ(cell({0, 2}), WHITE);
+    EXPECT_NE(columnHeader(2), HEADER);
+    EXPECT_NE(rowHeader(2), HEADER);
+    EXPECT_EQ(rowHeader(3), HEADER);
 
     EXPECT_EQ(sheetModule().stg_clear_selection(mView.get()), MODULE_OK);
     mView.render(0, 0);
-    EXPECT_EQ(cell({1, 1}), kWhite);
-    EXPECT_EQ(columnHeader(2), kHeader);
+    EXPECT_EQ(cell({1, 1}), WHITE);
+    EXPECT_EQ(columnHeader(2), HEADER);
 }
 
 TEST_F(MarksTest, HitsHaveTheColourThatHeldWhenTheyWereFound) {
@@ -105,21 +105,21 @@ TEST_F(MarksTest, HitsHaveTheColourThatHeldWhenTheyWereFound) {
     mView.highlight(0xFF, 0xF5, 0x68);
     selectColumns(2, 2);
     mView.render(0, 0);
-    EXPECT_EQ(cell({0, 1}), kBlue);
-    EXPECT_EQ(cell({0, 0}), kWhite);
-    EXPECT_EQ(cell({2, 0}), kYellow);
+    EXPECT_EQ(cell({0, 1}), BLUE);
+    EXPECT_EQ(cell({0, 0}), WHITE);
+    EXPECT_EQ(cell({2, 0}), YELLOW);
     EXPECT_EQ(sheetModule().stg_stop_find(mView.get()), MODULE_OK);
     mView.render(0, 0);
-    EXPECT_EQ(cell({0, 1}), kWhite);
-    EXPECT_EQ(cell({2, 0}), kYellow);
+    EXPECT_EQ(cell({0, 1}), WHITE);
+    EXPECT_EQ(cell({2, 0}), YELLOW);
 }
 
 TEST_F(MarksTest, OtherSheetsAreNotMarked) {
     selectColumns(1, 2);
     mView.show(3, 500, 300, 144);
     mView.render(0, 0);
-    EXPECT_EQ(cell({1, 6}), kWhite);
-    EXPECT_EQ(columnHeader(1), kHeader);
+    EXPECT_EQ(cell({1, 6}), WHITE);
+    EXPECT_EQ(columnHeader(1), HEADER);
 }
 
 TEST_F(MarksTest, TheEnginesOwnMarksOfCommentsAreOff) {

@@ -12,7 +12,7 @@ namespace lectern::test {
 
 namespace {
 
-const STGFunc& stg = sheetModule();
+const STGFunc& STG = sheetModule();
 
 const std::string& folder() {
     static const TemporaryFolder temporary;
@@ -54,37 +54,37 @@ WorkbookView::WorkbookView(const std::string& path, const std::string& password)
 
 void WorkbookView::show(std::int32_t sheet, std::int32_t width, std::int32_t height, std::int32_t dpi) {
     mSheet = sheet;
-    EXPECT_EQ(stg.stg_set_dpi(get(), dpi), MODULE_OK);
+    EXPECT_EQ(STG.stg_set_dpi(get(), dpi), MODULE_OK);
     const module_rect corner = bounds(-1, -1);
     mCells.resize(width, height);
     mRows.resize(corner.width, height);
     mColumns.resize(width, corner.height);
-    EXPECT_EQ(stg.stg_set_offscreen_buffer(get(), 0, mCells.pixels.data(), width, height), MODULE_OK);
-    EXPECT_EQ(stg.stg_set_row_offscreen_buffer(get(), 0, mRows.pixels.data(), corner.width, height),
+    EXPECT_EQ(STG.stg_set_offscreen_buffer(get(), 0, mCells.pixels.data(), width, height), MODULE_OK);
+    EXPECT_EQ(STG.stg_set_row_offscreen_buffer(get(), 0, mRows.pixels.data(), corner.width, height),
               MODULE_OK);
-    EXPECT_EQ(stg.stg_set_column_offscreen_buffer(get(), 0, mColumns.pixels.data(), width, corner.height),
+    EXPECT_EQ(STG.stg_set_column_offscreen_buffer(get(), 0, mColumns.pixels.data(), width, corner.height),
               MODULE_OK);
 }
 
 void WorkbookView::render(std::int32_t x, std::int32_t y) {
-    EXPECT_EQ(stg.stg_render_sheet(get(), mSheet, x, y), MODULE_OK);
+    EXPECT_EQ(STG.stg_render_sheet(get(), mSheet, x, y), MODULE_OK);
 }
 
 std::pair<std::int32_t, std::int32_t> WorkbookView::dimensions() const {
     std::pair<std::int32_t, std::int32_t> size;
-    EXPECT_EQ(stg.stg_get_sheet_dimensions(get(), mSheet, &size.first, &size.second), MODULE_OK);
+    EXPECT_EQ(STG.stg_get_sheet_dimensions(get(), mSheet, &size.first, &size.second), MODULE_OK);
     return size;
 }
 
 module_rect WorkbookView::bounds(std::int32_t x, std::int32_t y) const {
     module_rect r{};
-    EXPECT_EQ(stg.stg_cell_bounds(get(), mSheet, x, y, &r.x, &r.y, &r.width, &r.height), MODULE_OK);
+    EXPECT_EQ(STG.stg_cell_bounds(get(), mSheet, x, y, &r.x, &r.y, &r.width, &r.height), MODULE_OK);
     return r;
 }
 
 CellReference WorkbookView::cellAt(std::int32_t x, std::int32_t y) const {
     CellReference cell;
-    EXPECT_EQ(stg.stg_get_cell_reference_at_location(get(), mSheet, x, y, &cell.column, &cell.row),
+    EXPECT_EQ(STG.stg_get_cell_reference_at_location(get(), mSheet, x, y, &cell.column, &cell.row),
               MODULE_OK);
     return cell;
 }
@@ -130,13 +130,13 @@ std::vector<std::int32_t> WorkbookView::visibleRows(std::int32_t count) const {
 
 std::u16string WorkbookView::title(std::int32_t sheet) const {
     return textOf([&](std::uint16_t* text, std::int32_t capacity, std::int32_t* length) {
-        return stg.stg_get_sheet_title(get(), sheet, text, capacity, length);
+        return STG.stg_get_sheet_title(get(), sheet, text, capacity, length);
     });
 }
 
 std::vector<std::string> WorkbookView::titles() const {
     std::int32_t count = 0;
-    EXPECT_EQ(stg.stg_get_sheet_count(get(), &count), MODULE_OK);
+    EXPECT_EQ(STG.stg_get_sheet_count(get(), &count), MODULE_OK);
     std::vector<std::string> all;
     for (std::int32_t i = 0; i < count; i++) {
         all.push_back(utf8(title(i)));
@@ -147,7 +147,7 @@ std::vector<std::string> WorkbookView::titles() const {
 std::string WorkbookView::comment(CellReference cell) const {
     const module_rect at = place(cell);
     return utf8(textOf([&](std::uint16_t* text, std::int32_t capacity, std::int32_t* length) {
-        return stg.stg_get_comment(get(), mSheet, at.x + at.width / 2, at.y + at.height / 2, text, capacity,
+        return STG.stg_get_comment(get(), mSheet, at.x + at.width / 2, at.y + at.height / 2, text, capacity,
                                    0, length);
     }));
 }
@@ -155,37 +155,37 @@ std::string WorkbookView::comment(CellReference cell) const {
 std::vector<stg_region> WorkbookView::commentMarks() const {
     const stg_region* marks = nullptr;
     std::int32_t count = -1;
-    EXPECT_EQ(stg.stg_get_comment_marks_rects(get(), mSheet, &marks, &count), MODULE_OK);
+    EXPECT_EQ(STG.stg_get_comment_marks_rects(get(), mSheet, &marks, &count), MODULE_OK);
     return {marks, marks + count};
 }
 
 std::vector<stg_region> WorkbookView::find(const std::string& text) const {
-    EXPECT_EQ(stg.stg_find(get(), wide(text).data(), mSheet, 0, mSheet, dimensions().second), MODULE_OK);
+    EXPECT_EQ(STG.stg_find(get(), wide(text).data(), mSheet, 0, mSheet, dimensions().second), MODULE_OK);
     return regions();
 }
 
 std::vector<stg_region> WorkbookView::regions() const {
     const stg_region* found = nullptr;
     std::int32_t count = -1;
-    EXPECT_EQ(stg.stg_get_found_regions(get(), &count, &found), MODULE_OK);
+    EXPECT_EQ(STG.stg_get_found_regions(get(), &count, &found), MODULE_OK);
     return {found, found + count};
 }
 
 void WorkbookView::highlight(std::uint8_t red, std::uint8_t green, std::uint8_t blue) const {
     const std::uint8_t colour[] = {red, green, blue};
-    EXPECT_EQ(stg.stg_set_highlight_color(get(), colour), MODULE_OK);
+    EXPECT_EQ(STG.stg_set_highlight_color(get(), colour), MODULE_OK);
 }
 
 std::string WorkbookView::copy() const {
     return utf8(textOf([&](std::uint16_t* text, std::int32_t capacity, std::int32_t* length) {
-        return stg.stg_copy_selection(get(), text, capacity, 0, length);
+        return STG.stg_copy_selection(get(), text, capacity, 0, length);
     }));
 }
 
 std::vector<std::string> WorkbookView::column(std::int32_t column) const {
     const module_rect at = place({column, 0});
     std::int32_t count = 0;
-    EXPECT_EQ(stg.stg_select_column(get(), mSheet, at.x, at.x, &count), MODULE_OK);
+    EXPECT_EQ(STG.stg_select_column(get(), mSheet, at.x, at.x, &count), MODULE_OK);
     return linesOf(copy());
 }
 

@@ -8,10 +8,10 @@
 
 BareSlides::BareSlides(const std::string& path, int width, int height, int pointsAcross, int pointsDown)
     : mWidth(width), mHeight(height) {
-    constexpr int twips = 20; // to the point
+    constexpr int TWIPS = 20; // to the point
     const TemporaryFolder folder;
     Subprocess program({BARE_SLIDES_PROGRAM, path, std::to_string(width), std::to_string(height),
-                        std::to_string(pointsAcross * twips), std::to_string(pointsDown * twips),
+                        std::to_string(pointsAcross * TWIPS), std::to_string(pointsDown * TWIPS),
                         folder.path()},
                        {}, folder.path() + "/program");
     if (program.wait(std::chrono::seconds(120)) != std::optional<int>(0)) {

@@ -17,12 +17,12 @@ public:
     uint32_t colour(int slide, int x, int y) const;
     // False for the edges, where the suite draws its frame, and outside.
     bool isInside(int x, int y) const {
-        return x >= frame && y >= frame && x < mWidth - frame && y < mHeight - frame;
+        return x >= FRAME && y >= FRAME && x < mWidth - FRAME && y < mHeight - FRAME;
     }
     bool isOnSlide(int x, int y) const { return x >= 0 && y >= 0 && x < mWidth && y < mHeight; }
 
 private:
-    static constexpr int frame = 2;
+    static constexpr int FRAME = 2;
     int mWidth;
     int mHeight;
     std::string mPixels;

@@ -11,9 +11,9 @@
 
 namespace {
 
-constexpr const char* serviceName = "com.kestrel.office";
+constexpr const char* SERVICE_NAME = "com.kestrel.office";
 
-constexpr const char* configuration = R"(<!DOCTYPE busconfig PUBLIC
+constexpr const char* CONFIGURATION = R"(<!DOCTYPE busconfig PUBLIC
  "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
  "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
 <busconfig>
@@ -46,7 +46,7 @@ void waitForFile(const std::string& folder, const std::string& name) {
 
 PrivateBus::PrivateBus(const std::string& folder) : mAddress("unix:path=" + folder + "/bus") {
     const std::string file = folder + "/bus.conf";
-    char* text = g_strdup_printf(configuration, folder.c_str());
+    char* text = g_strdup_printf(CONFIGURATION, folder.c_str());
     std::ofstream(file) << text;
     g_free(text);
     mDaemon = std::make_unique<Subprocess>(std::vector<std::string>{"dbus-daemon", "--config-file=" + file,
@@ -79,10 +79,10 @@ BusConnection::~BusConnection() {
 
 BusReply BusConnection::call(const std::string& category, const std::string& method,
                              const std::string& payload, int timeoutMs) {
-    const std::string interface = std::string(serviceName) + "." + category.substr(1);
+    const std::string interface = std::string(SERVICE_NAME) + "." + category.substr(1);
     GError* error = nullptr;
     GVariant* result = g_dbus_connection_call_sync(
-        mConnection, serviceName, category.c_str(), interface.c_str(), method.c_str(),
+        mConnection, SERVICE_NAME, category.c_str(), interface.c_str(), method.c_str(),
         g_variant_new("(s)", payload.c_str()), G_VARIANT_TYPE("(s)"), G_DBUS_CALL_FLAGS_NO_AUTO_START,
         timeoutMs, nullptr, &error);
     BusReply reply;
@@ -109,7 +109,7 @@ bool BusConnection::waitForService(int timeoutMs) {
     g_main_context_push_thread_default(context);
     Wait wait{g_main_loop_new(context, FALSE), false};
     const guint watch = g_bus_watch_name_on_connection(
-        mConnection, serviceName, G_BUS_NAME_WATCHER_FLAGS_NONE,
+        mConnection, SERVICE_NAME, G_BUS_NAME_WATCHER_FLAGS_NONE,
         [](GDBusConnection*, const char*, const char*, void* data) {
             auto* state = static_cast<Wait*>(data);
             state->owned = true;

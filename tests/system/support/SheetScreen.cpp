@@ -9,9 +9,9 @@
 
 namespace {
 
-constexpr uint32_t cornerBox = 0xFFFEFEFE; // white as the fill makes it
-constexpr uint32_t headerLine = 0xFF8C8C8C;
-constexpr int clear = 5; // pixels from the headers, where strokes on the cells begin
+constexpr uint32_t CORNER_BOX = 0xFFFEFEFE; // white as the fill makes it
+constexpr uint32_t HEADER_LINE = 0xFF8C8C8C;
+constexpr int CLEAR = 5; // pixels from the headers, where strokes on the cells begin
 
 } // namespace
 
@@ -21,10 +21,10 @@ std::vector<uint32_t> SheetScreen::pixels() const {
 
 SheetScreen::Area SheetScreen::cells() const {
     Area area{0, 0, width(), height()};
-    while (area.left < width() - 1 && at(area.left, 0) == cornerBox) {
+    while (area.left < width() - 1 && at(area.left, 0) == CORNER_BOX) {
         ++area.left;
     }
-    while (area.top < height() - 1 && at(0, area.top) == cornerBox) {
+    while (area.top < height() - 1 && at(0, area.top) == CORNER_BOX) {
         ++area.top;
     }
     return area;
@@ -35,7 +35,7 @@ std::vector<SheetScreen::Header> SheetScreen::headers(int first, int last, bool 
     std::vector<Header> found;
     int begin = fromCorner ? first : -1;
     for (int i = first; i < last; ++i) {
-        if ((across ? at(i, 0) : at(0, i)) != headerLine) {
+        if ((across ? at(i, 0) : at(0, i)) != HEADER_LINE) {
             continue;
         }
         if (begin >= 0) {
@@ -96,8 +96,8 @@ void SheetScreen::rest() {
 
 void SheetScreen::scrollTo(int x, int y) {
     const Area area = cells();
-    const int fromX = area.left + clear;
-    const int fromY = area.top + clear;
+    const int fromX = area.left + CLEAR;
+    const int fromY = area.top + CLEAR;
     stroke(fromX, fromY, fromX + mDocument.scrollX() - x, fromY + mDocument.scrollY() - y);
     rest();
 }

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int slideChanged = 7; // a notification's id
+constexpr int SLIDE_CHANGED = 7; // a notification's id
 
 std::string member(const std::string& json, const char* key) {
     json_object* const object = json_tokener_parse(json.c_str());
@@ -87,7 +87,7 @@ int SlidesTest::slideTold(const TestDocument& document) const {
     int slide = -1;
     for (Answer answer = queue->poll(document.store()); answer.id >= 0;
          answer = queue->poll(document.store())) {
-        if (answer.id == slideChanged) {
+        if (answer.id == SLIDE_CHANGED) {
             slide = answer.value;
         }
     }

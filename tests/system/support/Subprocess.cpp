@@ -50,10 +50,10 @@ Subprocess::Subprocess(std::vector<std::string> argv, const std::map<std::string
     std::vector<std::string> merged = mergedEnvironment(environment);
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
-    constexpr int flags = O_WRONLY | O_CREAT | O_APPEND;
+    constexpr int FLAGS = O_WRONLY | O_CREAT | O_APPEND;
     posix_spawn_file_actions_addopen(&actions, 0, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_addopen(&actions, 1, (outputPrefix + ".out").c_str(), flags, 0600);
-    posix_spawn_file_actions_addopen(&actions, 2, (outputPrefix + ".err").c_str(), flags, 0600);
+    posix_spawn_file_actions_addopen(&actions, 1, (outputPrefix + ".out").c_str(), FLAGS, 0600);
+    posix_spawn_file_actions_addopen(&actions, 2, (outputPrefix + ".err").c_str(), FLAGS, 0600);
     const int failure = posix_spawnp(&mPid, argv[0].c_str(), &actions, nullptr, pointers(argv).data(),
                                      pointers(merged).data());
     posix_spawn_file_actions_destroy(&actions);
@@ -111,9 +111,9 @@ TemporaryFolder::TemporaryFolder() {
 
 TemporaryFolder::~TemporaryFolder() {
     // A process that is ending may write to it meanwhile.
-    constexpr int attempts = 100;
+    constexpr int ATTEMPTS = 100;
     std::error_code error;
-    for (int i = 0; i < attempts; ++i) {
+    for (int i = 0; i < ATTEMPTS; ++i) {
         std::filesystem::remove_all(mPath, error);
         if (!error) {
             return;

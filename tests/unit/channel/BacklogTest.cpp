@@ -18,7 +18,7 @@ ClientServerMessage record(long type, int number) {
 class ListBacklog {
 public:
     void push(const ClientServerMessage& message) {
-        if (mList.size() == Backlog::capacity) {
+        if (mList.size() == Backlog::CAPACITY) {
             auto victim = find([](long type) { return type == _PEN_MOVE; });
             if (victim == mList.end()) {
                 victim = find([](long type) { return type != _PAINT; });
@@ -46,7 +46,7 @@ private:
 };
 
 void fill(Backlog& backlog, long type) {
-    for (int i = 0; backlog.size() < Backlog::capacity; ++i) {
+    for (int i = 0; backlog.size() < Backlog::CAPACITY; ++i) {
         backlog.push(record(type, i));
     }
 }
@@ -85,7 +85,7 @@ TEST(BacklogTest, FullItGivesUpTheOldestPenMove) {
     backlog.push(record(_KEY_DOWN, -1));
     fill(backlog, _PEN_MOVE);
     backlog.push(record(_PEN_UP, -2));
-    EXPECT_EQ(backlog.size(), Backlog::capacity);
+    EXPECT_EQ(backlog.size(), Backlog::CAPACITY);
     EXPECT_EQ(backlog.pop().docid, -1);
     EXPECT_EQ(backlog.pop().docid, -2);
     EXPECT_EQ(backlog.pop().docid, 1); // 0 is gone
@@ -98,7 +98,7 @@ TEST(BacklogTest, FullWithoutPenMovesItGivesUpTheOldestInputButPaints) {
     fill(backlog, _KEY_DOWN);
     backlog.push(record(_KEY_UP, -3));
     backlog.push(record(_KEY_UP, -4));
-    EXPECT_EQ(backlog.size(), Backlog::capacity);
+    EXPECT_EQ(backlog.size(), Backlog::CAPACITY);
     EXPECT_EQ(backlog.pop().docid, -1);
     EXPECT_EQ(backlog.pop().docid, 1); // -2 went first, then 0
 }
@@ -107,7 +107,7 @@ TEST(BacklogTest, FullOfPaintsItGivesUpTheOldestPaint) {
     Backlog backlog;
     fill(backlog, _PAINT);
     backlog.push(record(_PAINT, -1));
-    EXPECT_EQ(backlog.size(), Backlog::capacity);
+    EXPECT_EQ(backlog.size(), Backlog::CAPACITY);
     EXPECT_EQ(backlog.pop().docid, 1);
 }
 

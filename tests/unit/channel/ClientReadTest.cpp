@@ -13,20 +13,20 @@ namespace {
 using testing::internal::CaptureStderr;
 using testing::internal::GetCapturedStderr;
 
-constexpr long kAddressee = 5000;
+constexpr long ADDRESSEE = 5000;
 
 class ClientReadTest : public RawQueueTest {
 protected:
     void SetUp() override {
         RawQueueTest::SetUp();
-        ASSERT_EQ(queue.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId), 0);
+        ASSERT_EQ(queue.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID), 0);
         systemCalls.reset();
     }
     // Reads from the empty queue; the tries that it took.
     int triesOf(unsigned int timeoutMs) {
         systemCalls.reset();
         CaptureStderr();
-        EXPECT_EQ(queue.ReadMessage(kAddressee, message, timeoutMs), -1);
+        EXPECT_EQ(queue.ReadMessage(ADDRESSEE, message, timeoutMs), -1);
         EXPECT_EQ(GetCapturedStderr(), "Can't read message from server: No message of desired type\n");
         EXPECT_EQ(systemCalls.slept, static_cast<unsigned int>(systemCalls.sleeps) * 10000);
         EXPECT_TRUE(queue.isOpen());
@@ -59,10 +59,10 @@ TEST_F(ClientReadTest, TwentyFiveMillisecondsAreThreeTriesAndThreeSleeps) {
 TEST_F(ClientReadTest, ARecordThatComesWhileItSleepsIsRead) {
     systemCalls.onSleep = [this](int number) {
         if (number == 2) {
-            post(output(kAddressee, _PAINT_DONE, 11));
+            post(output(ADDRESSEE, _PAINT_DONE, 11));
         }
     };
-    EXPECT_EQ(queue.ReadMessage(kAddressee, message, 1000), 12);
+    EXPECT_EQ(queue.ReadMessage(ADDRESSEE, message, 1000), 12);
     EXPECT_EQ(message.value, 11);
     EXPECT_EQ(systemCalls.receives, 3);
     EXPECT_EQ(systemCalls.sleeps, 2);
@@ -72,7 +72,7 @@ TEST_F(ClientReadTest, ARecordThatComesWhileItSleepsIsRead) {
 TEST_F(ClientReadTest, AnErrorEndsItAtOnce) {
     systemCalls.nextReceiveError = EIDRM;
     CaptureStderr();
-    EXPECT_EQ(queue.ReadMessage(kAddressee, message, 1000), -1);
+    EXPECT_EQ(queue.ReadMessage(ADDRESSEE, message, 1000), -1);
     EXPECT_EQ(GetCapturedStderr(), "Can't read message from server: Identifier removed\n");
     EXPECT_EQ(systemCalls.receives, 1);
     EXPECT_EQ(systemCalls.sleeps, 0);
@@ -82,15 +82,15 @@ TEST_F(ClientReadTest, AnErrorEndsItAtOnce) {
 TEST_F(ClientReadTest, AQueueThatGoesWhileItSleepsEndsIt) {
     systemCalls.onSleep = [this](int) { remove(); };
     CaptureStderr();
-    EXPECT_EQ(queue.ReadMessage(kAddressee, message, 1000), -1);
+    EXPECT_EQ(queue.ReadMessage(ADDRESSEE, message, 1000), -1);
     EXPECT_EQ(GetCapturedStderr(), "Can't read message from server: Invalid argument\n");
     EXPECT_EQ(systemCalls.receives, 2);
     EXPECT_FALSE(queue.isOpen());
 }
 
 TEST_F(ClientReadTest, AnInfiniteOneWaitsInTheSystem) {
-    post(output(kAddressee, _OPENED, 3));
-    EXPECT_EQ(queue.ReadMessage(kAddressee, message, DocAdapterMessageQueue::TIMEOUT_INFINITE), 12);
+    post(output(ADDRESSEE, _OPENED, 3));
+    EXPECT_EQ(queue.ReadMessage(ADDRESSEE, message, DocAdapterMessageQueue::TIMEOUT_INFINITE), 12);
     EXPECT_EQ(message.value, 3);
     EXPECT_EQ(systemCalls.receives, 1);
     EXPECT_EQ(systemCalls.sleeps, 0);
@@ -102,9 +102,9 @@ TEST_F(ClientReadTest, AnInfiniteOneSleepsUntilARecordComes) {
         while (systemCalls.receives == 0) {
             std::this_thread::yield();
         }
-        post(output(kAddressee, _OPENED, 3));
+        post(output(ADDRESSEE, _OPENED, 3));
     });
-    EXPECT_EQ(queue.ReadMessage(kAddressee, message, DocAdapterMessageQueue::TIMEOUT_INFINITE), 12);
+    EXPECT_EQ(queue.ReadMessage(ADDRESSEE, message, DocAdapterMessageQueue::TIMEOUT_INFINITE), 12);
     service.join();
     EXPECT_EQ(systemCalls.receives, 1);
     EXPECT_EQ(systemCalls.sleeps, 0);
@@ -113,15 +113,15 @@ TEST_F(ClientReadTest, AnInfiniteOneSleepsUntilARecordComes) {
 TEST_F(ClientReadTest, TimeOutsAreUnsigned) {
     systemCalls.onSleep = [this](int number) {
         if (number == 2) {
-            post(output(kAddressee, _PAINT_DONE, 11));
+            post(output(ADDRESSEE, _PAINT_DONE, 11));
         }
     };
-    EXPECT_EQ(queue.ReadMessage(kAddressee, message, 0xFFFFFFFEU), 12);
+    EXPECT_EQ(queue.ReadMessage(ADDRESSEE, message, 0xFFFFFFFEU), 12);
     EXPECT_EQ(systemCalls.sleeps, 2);
 }
 
 TEST_F(ClientReadTest, OtherAddresseesRecordsStay) {
-    post(output(kAddressee + 1, _OPENED, 3));
+    post(output(ADDRESSEE + 1, _OPENED, 3));
     EXPECT_EQ(triesOf(0), 1);
     EXPECT_EQ(waiting(), 1U);
 }

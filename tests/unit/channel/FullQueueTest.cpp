@@ -16,14 +16,14 @@ namespace {
 using testing::internal::CaptureStderr;
 using testing::internal::GetCapturedStderr;
 
-constexpr long kView = 5000;
-constexpr long kOtherView = 6000;
+constexpr long VIEW = 5000;
+constexpr long OTHER_VIEW = 6000;
 
 class FullQueueTest : public RawQueueTest {
 protected:
     void SetUp() override {
         RawQueueTest::SetUp();
-        ASSERT_EQ(queue.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId), 0);
+        ASSERT_EQ(queue.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID), 0);
     }
     // Fills the queue with records of a client, numbered by docid; how many.
     int fillWithMoves(int first = 0) const {
@@ -36,7 +36,7 @@ protected:
     // Fills the queue with output, numbered by value, as far as the service does; how many.
     int fillWithOutput(long addressee, ClientMessageId what) const {
         int count = 0;
-        while (room() >= ServerClientMessage::textSize + ClientServerMessage::textSize) {
+        while (room() >= ServerClientMessage::TEXT_SIZE + ClientServerMessage::TEXT_SIZE) {
             EXPECT_TRUE(post(output(addressee, what, count)));
             ++count;
         }
@@ -86,7 +86,7 @@ TEST_F(FullQueueTest, TheWorkerIsWokenWithARecordForNoDocument) {
 TEST_F(FullQueueTest, WakeRecordsDoNotPileUp) {
     for (int round = 0; round < 3; ++round) {
         fillWithMoves(round * 1000);
-        EXPECT_EQ(queue.SendMessage(output(kView, _INVALIDATED, round)), 0);
+        EXPECT_EQ(queue.SendMessage(output(VIEW, _INVALIDATED, round)), 0);
     }
     int wakes = 0;
     for (const RawRecord& record : take(-99)) {
@@ -137,7 +137,7 @@ TEST_F(FullQueueTest, ThousandsOfMovesDuringOnePaintAreBounded) {
     ASSERT_EQ(queue.SendMessage(ClientServerMessage(_WIDE_MODE, -5)), 0);
     take(-99);
     // The latest are all there.
-    for (int i = posted - static_cast<int>(Backlog::capacity); i < posted; ++i) {
+    for (int i = posted - static_cast<int>(Backlog::CAPACITY); i < posted; ++i) {
         ASSERT_EQ(read(), i);
     }
 }
@@ -154,18 +154,18 @@ TEST_F(FullQueueTest, TheServicesOwnRecordsFindRoomToo) {
 }
 
 TEST_F(FullQueueTest, AClientThatNeverReadsLosesItsOldestRequestsToPaint) {
-    const int count = fillWithOutput(kView, _INVALIDATED);
+    const int count = fillWithOutput(VIEW, _INVALIDATED);
     ASSERT_EQ(count, 1363);
     for (int i = 0; i < 500; ++i) {
-        ASSERT_EQ(queue.SendMessage(output(kView, _INVALIDATED, count + i)), 0);
+        ASSERT_EQ(queue.SendMessage(output(VIEW, _INVALIDATED, count + i)), 0);
     }
-    EXPECT_EQ(takeValues(kView), numbers(500, count + 500));
+    EXPECT_EQ(takeValues(VIEW), numbers(500, count + 500));
 }
 
 TEST_F(FullQueueTest, OutputLeavesRoomForOneRecordOfAClient) {
     for (const ClientMessageId what : {_INVALIDATED, _SLIDE_CHANGED, _OPENED}) {
         for (int i = 0; i < 1500; ++i) {
-            ASSERT_EQ(queue.SendMessage(output(kView, what, i)), 0);
+            ASSERT_EQ(queue.SendMessage(output(VIEW, what, i)), 0);
         }
         for (int docid = 1; docid < 4; ++docid) {
             EXPECT_TRUE(post(ClientServerMessage(_PEN_MOVE, docid))) << "a client would be shut out";
@@ -181,46 +181,46 @@ TEST_F(FullQueueTest, AQueueTooSmallForSpareRoomIsUsedAllTheSame) {
     status.msg_qbytes = 24; // two records of output
     ASSERT_EQ(msgctl(id, IPC_SET, &status), 0);
     for (int i = 0; i < 3; ++i) {
-        EXPECT_EQ(queue.SendMessage(output(kView, _OPENED, i)), 0);
+        EXPECT_EQ(queue.SendMessage(output(VIEW, _OPENED, i)), 0);
     }
-    EXPECT_EQ(takeValues(kView), std::vector{2});
+    EXPECT_EQ(takeValues(VIEW), std::vector{2});
 }
 
 TEST_F(FullQueueTest, WhatIsNotGivenUpStaysInOrder) {
-    const int count = fillWithOutput(kView, _SLIDE_CHANGED);
-    ASSERT_EQ(queue.SendMessage(output(kView, _OPENED, count)), 0);
-    EXPECT_EQ(takeValues(kView), numbers(1, count + 1));
+    const int count = fillWithOutput(VIEW, _SLIDE_CHANGED);
+    ASSERT_EQ(queue.SendMessage(output(VIEW, _OPENED, count)), 0);
+    EXPECT_EQ(takeValues(VIEW), numbers(1, count + 1));
 }
 
 TEST_F(FullQueueTest, RequestsToPaintOfOthersGoBeforeAnswers) {
-    post(output(kOtherView, _INVALIDATED, -1));
-    const int count = fillWithOutput(kView, _PAINT_DONE);
-    ASSERT_EQ(queue.SendMessage(output(kView, _PAINT_DONE, count)), 0);
-    EXPECT_TRUE(take(kOtherView).empty());
-    EXPECT_EQ(takeValues(kView), numbers(0, count + 1));
+    post(output(OTHER_VIEW, _INVALIDATED, -1));
+    const int count = fillWithOutput(VIEW, _PAINT_DONE);
+    ASSERT_EQ(queue.SendMessage(output(VIEW, _PAINT_DONE, count)), 0);
+    EXPECT_TRUE(take(OTHER_VIEW).empty());
+    EXPECT_EQ(takeValues(VIEW), numbers(0, count + 1));
 }
 
 TEST_F(FullQueueTest, WithAnswersOnlyTheSameAddresseesOldestGoes) {
-    post(output(kOtherView, _OPENED, -1));
-    const int count = fillWithOutput(kView, _OPENED);
-    ASSERT_EQ(queue.SendMessage(output(kView, _PAINT_DONE, count)), 0);
-    EXPECT_EQ(takeValues(kOtherView), std::vector{-1});
-    EXPECT_EQ(takeValues(kView), numbers(1, count + 1));
+    post(output(OTHER_VIEW, _OPENED, -1));
+    const int count = fillWithOutput(VIEW, _OPENED);
+    ASSERT_EQ(queue.SendMessage(output(VIEW, _PAINT_DONE, count)), 0);
+    EXPECT_EQ(takeValues(OTHER_VIEW), std::vector{-1});
+    EXPECT_EQ(takeValues(VIEW), numbers(1, count + 1));
 }
 
 TEST_F(FullQueueTest, ClientRecordsGoBeforeAnyOutputIsGivenUp) {
     post(ClientServerMessage(_PEN_DOWN, 8));
     post(ClientServerMessage(_PEN_UP, 9));
-    const int count = fillWithOutput(kView, _INVALIDATED);
-    ASSERT_EQ(queue.SendMessage(output(kView, _INVALIDATED, count)), 0);
-    EXPECT_EQ(takeValues(kView), numbers(0, count + 1)) << "their place was enough";
+    const int count = fillWithOutput(VIEW, _INVALIDATED);
+    ASSERT_EQ(queue.SendMessage(output(VIEW, _INVALIDATED, count)), 0);
+    EXPECT_EQ(takeValues(VIEW), numbers(0, count + 1)) << "their place was enough";
     EXPECT_EQ(read(), 8);
 }
 
 TEST_F(FullQueueTest, ABacklogIsServedAlsoWhenThereWasHardlyRoomForTheWake) {
     post(ClientServerMessage(_PEN_DOWN, 8));
-    const int count = fillWithOutput(kView, _OPENED);
-    ASSERT_EQ(queue.SendMessage(output(kView, _OPENED, count)), 0);
+    const int count = fillWithOutput(VIEW, _OPENED);
+    ASSERT_EQ(queue.SendMessage(output(VIEW, _OPENED, count)), 0);
     const auto wakes = take(-99);
     ASSERT_EQ(wakes.size(), 1U) << "a worker about to sleep would not hear of the backlog";
     EXPECT_EQ(wakes[0].type, 99);
@@ -228,19 +228,19 @@ TEST_F(FullQueueTest, ABacklogIsServedAlsoWhenThereWasHardlyRoomForTheWake) {
 }
 
 TEST_F(FullQueueTest, JunkIsThrownAwayBeforeOutputIsLost) {
-    post(kView, std::string(8192, 'x'));
+    post(VIEW, std::string(8192, 'x'));
     post(7000, std::string(3, 'x'));
-    const int count = fillWithOutput(kOtherView, _OPENED);
-    ASSERT_EQ(queue.SendMessage(output(kView, _OPENED, 5)), 0);
-    EXPECT_EQ(takeValues(kView), std::vector{5});
-    EXPECT_EQ(takeValues(kOtherView), numbers(0, count));
+    const int count = fillWithOutput(OTHER_VIEW, _OPENED);
+    ASSERT_EQ(queue.SendMessage(output(VIEW, _OPENED, 5)), 0);
+    EXPECT_EQ(takeValues(VIEW), std::vector{5});
+    EXPECT_EQ(takeValues(OTHER_VIEW), numbers(0, count));
 }
 
 TEST_F(FullQueueTest, JunkFromClientsMakesRoomAsWell) {
     post(_PEN_MOVE, std::string(8192, 'x'));
     post(_PEN_MOVE, std::string(8192, 'x'));
-    ASSERT_EQ(queue.SendMessage(output(kView, _OPENED, 5)), 0);
-    EXPECT_EQ(takeValues(kView), std::vector{5});
+    ASSERT_EQ(queue.SendMessage(output(VIEW, _OPENED, 5)), 0);
+    EXPECT_EQ(takeValues(VIEW), std::vector{5});
 }
 
 TEST_F(FullQueueTest, AQueueThatHoldsNoRecordAtAllFailsTheSend) {
@@ -255,15 +255,15 @@ TEST_F(FullQueueTest, AQueueThatHoldsNoRecordAtAllFailsTheSend) {
 }
 
 TEST_F(FullQueueTest, ClientsThatWaitForRoomGetItAndLoseNothing) {
-    constexpr int perClient = 3000;
+    constexpr int PER_CLIENT = 3000;
     // Fewer records than the backlog holds are unread at any time: nothing may go.
     std::atomic<int> unread{0};
     std::atomic<bool> done{false};
     const auto client = [&](int number) {
         DocAdapterMessageQueue end;
-        ASSERT_EQ(end.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId), 0);
+        ASSERT_EQ(end.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID), 0);
         ClientServerMessage move(_PEN_MOVE, number);
-        for (move.x = 0; move.x < perClient; ++move.x) {
+        for (move.x = 0; move.x < PER_CLIENT; ++move.x) {
             while (unread.load() > 3000) {
                 std::this_thread::yield();
             }
@@ -275,11 +275,11 @@ TEST_F(FullQueueTest, ClientsThatWaitForRoomGetItAndLoseNothing) {
     std::thread second(client, 1);
     std::thread notifier([&] {
         for (int i = 0; !done; ++i) {
-            ASSERT_EQ(queue.SendMessage(output(kView, _INVALIDATED, i)), 0);
+            ASSERT_EQ(queue.SendMessage(output(VIEW, _INVALIDATED, i)), 0);
         }
     });
     std::vector<int> next(2, 0);
-    for (int count = 0; count < 2 * perClient;) {
+    for (int count = 0; count < 2 * PER_CLIENT;) {
         ASSERT_EQ(queue.ReadMessage(message), 20);
         if (message.docid == -1) {
             continue;
@@ -296,11 +296,11 @@ TEST_F(FullQueueTest, ClientsThatWaitForRoomGetItAndLoseNothing) {
 
 TEST_F(FullQueueTest, BothEndsFullAtOnceNeverLockUp) {
     // A client that posts without reading, and one that only ever paints.
-    fillWithOutput(kView, _SLIDE_CHANGED);
+    fillWithOutput(VIEW, _SLIDE_CHANGED);
     std::atomic<bool> done{false};
     std::thread flood([&] {
         DocAdapterMessageQueue end;
-        ASSERT_EQ(end.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId), 0);
+        ASSERT_EQ(end.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID), 0);
         while (!done) {
             ASSERT_EQ(end.SendMessage(ClientServerMessage(_PEN_MOVE, 0)), 0);
         }
@@ -312,7 +312,7 @@ TEST_F(FullQueueTest, BothEndsFullAtOnceNeverLockUp) {
             while (!done && i > 2 * paints) {
                 std::this_thread::yield();
             }
-            ASSERT_EQ(queue.SendMessage(output(kView, i % 2 == 0 ? _INVALIDATED : _SLIDE_CHANGED, i)), 0);
+            ASSERT_EQ(queue.SendMessage(output(VIEW, i % 2 == 0 ? _INVALIDATED : _SLIDE_CHANGED, i)), 0);
         }
     });
     for (; paints < 30; ++paints) {

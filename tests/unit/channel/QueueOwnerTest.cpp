@@ -13,36 +13,36 @@ namespace {
 using testing::internal::CaptureStderr;
 using testing::internal::GetCapturedStderr;
 
-constexpr char kProject = DocAdapterMessageQueue::projectId;
+constexpr char PROJECT = DocAdapterMessageQueue::PROJECT_ID;
 
 TEST(QueueOwner, OneAtATime) {
     QueueOwner first;
-    ASSERT_TRUE(first.acquire(kProject));
+    ASSERT_TRUE(first.acquire(PROJECT));
     QueueOwner second;
     CaptureStderr();
-    EXPECT_FALSE(second.acquire(kProject));
+    EXPECT_FALSE(second.acquire(PROJECT));
     EXPECT_EQ(GetCapturedStderr(), "Another service already serves the message queue.\n");
 }
 
 TEST(QueueOwner, TheNextOneMayHaveItAfterwards) {
-    { EXPECT_TRUE(QueueOwner().acquire(kProject)); }
-    EXPECT_TRUE(QueueOwner().acquire(kProject));
+    { EXPECT_TRUE(QueueOwner().acquire(PROJECT)); }
+    EXPECT_TRUE(QueueOwner().acquire(PROJECT));
 }
 
 TEST(QueueOwner, AnotherQueueIsAnotherMatter) {
     QueueOwner first;
     QueueOwner second;
-    EXPECT_TRUE(first.acquire(kProject));
+    EXPECT_TRUE(first.acquire(PROJECT));
     EXPECT_TRUE(second.acquire('P'));
 }
 
 TEST(QueueOwner, AnotherIpcNamespaceHasAnotherQueue) {
     QueueOwner here;
-    ASSERT_TRUE(here.acquire(kProject));
+    ASSERT_TRUE(here.acquire(PROJECT));
     const pid_t child = fork();
     if (child == 0) {
         QueueOwner there;
-        _exit(unshare(CLONE_NEWIPC) == 0 && there.acquire(kProject) ? 0 : 1);
+        _exit(unshare(CLONE_NEWIPC) == 0 && there.acquire(PROJECT) ? 0 : 1);
     }
     int status = -1;
     ASSERT_EQ(waitpid(child, &status, 0), child);
@@ -53,12 +53,12 @@ TEST(QueueOwner, AProcessThatDiesLetsGo) {
     const pid_t child = fork();
     if (child == 0) {
         auto* owner = new QueueOwner;
-        _exit(owner->acquire(kProject) ? 0 : 1);
+        _exit(owner->acquire(PROJECT) ? 0 : 1);
     }
     int status = -1;
     ASSERT_EQ(waitpid(child, &status, 0), child);
     ASSERT_EQ(status, 0);
-    EXPECT_TRUE(QueueOwner().acquire(kProject));
+    EXPECT_TRUE(QueueOwner().acquire(PROJECT));
 }
 
 } // namespace

@@ -19,7 +19,7 @@ class QueueTest : public RawQueueTest {
 protected:
     void SetUp() override {
         RawQueueTest::SetUp();
-        ASSERT_EQ(queue.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId), 0);
+        ASSERT_EQ(queue.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID), 0);
     }
 
     DocAdapterMessageQueue queue;
@@ -53,7 +53,7 @@ TEST(ClosedQueue, SendsAndReadsFail) {
 
 TEST_F(QueueTest, OpensTheMachinesQueueForEverybody) {
     EXPECT_TRUE(queue.isOpen());
-    EXPECT_EQ(DocAdapterMessageQueue::openFlags, IPC_CREAT | 0666);
+    EXPECT_EQ(DocAdapterMessageQueue::OPEN_FLAGS, IPC_CREAT | 0666);
     msqid_ds status = {};
     ASSERT_EQ(msgctl(msgget(ftok("/tmp", 'O'), 0), IPC_STAT, &status), 0);
     EXPECT_EQ(status.msg_perm.mode & 0777, 0666);
@@ -63,7 +63,7 @@ TEST_F(QueueTest, OpensTheMachinesQueueForEverybody) {
 TEST_F(QueueTest, AFailedOpenIsReportedAndLeavesItClosed) {
     remove();
     CaptureStderr();
-    EXPECT_EQ(queue.Open(0666, DocAdapterMessageQueue::projectId), ENOENT);
+    EXPECT_EQ(queue.Open(0666, DocAdapterMessageQueue::PROJECT_ID), ENOENT);
     EXPECT_EQ(GetCapturedStderr(), "msgget: No such file or directory\n");
     EXPECT_FALSE(queue.isOpen());
 }
@@ -92,14 +92,14 @@ TEST_F(QueueTest, APaintRequestOvertakesPenMoves) {
         post(ClientServerMessage(_PEN_MOVE, 0));
     }
     post(ClientServerMessage(_PAINT, 0));
-    ASSERT_EQ(queue.ReadMessage(DocAdapterMessageQueue::anyClientMessage, request), 20);
+    ASSERT_EQ(queue.ReadMessage(DocAdapterMessageQueue::ANY_CLIENT_MESSAGE, request), 20);
     EXPECT_EQ(request.type, _PAINT);
 }
 
 TEST_F(QueueTest, TheServicesReadNeverTakesItsOwnOutput) {
     post(output(100, _PAINT_DONE, 0));
     post(ClientServerMessage(99, 8));
-    ASSERT_EQ(queue.ReadMessage(DocAdapterMessageQueue::anyClientMessage, request), 20);
+    ASSERT_EQ(queue.ReadMessage(DocAdapterMessageQueue::ANY_CLIENT_MESSAGE, request), 20);
     EXPECT_EQ(request.type, 99);
     EXPECT_EQ(waiting(), 1U);
 }
@@ -225,7 +225,7 @@ TEST_F(QueueTest, ATypeThatCannotBeSentFailsAndLeavesItOpen) {
 TEST_F(QueueTest, AnErrorOfAnOldQueueDoesNotCloseANewOne) {
     DocAdapterMessageQueue other;
     remove();
-    ASSERT_EQ(other.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId), 0);
+    ASSERT_EQ(other.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID), 0);
     CaptureStderr();
     EXPECT_EQ(queue.SendMessage(ClientServerMessage(_PAINT, 0)), -1);
     GetCapturedStderr();

@@ -17,14 +17,14 @@ struct Wire {
 
 template<typename Record>
 std::string textOf(const Record& message) {
-    return {reinterpret_cast<const char*>(&message) + sizeof(long), Record::textSize};
+    return {reinterpret_cast<const char*>(&message) + sizeof(long), Record::TEXT_SIZE};
 }
 
 } // namespace
 
 void RawQueueTest::SetUp() {
     systemCalls.reset();
-    id = msgget(ftok("/tmp", DocAdapterMessageQueue::projectId), IPC_CREAT | 0666);
+    id = msgget(ftok("/tmp", DocAdapterMessageQueue::PROJECT_ID), IPC_CREAT | 0666);
     ASSERT_NE(id, -1);
     take();
 }

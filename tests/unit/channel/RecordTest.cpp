@@ -11,8 +11,8 @@
 namespace {
 
 template<typename Record>
-std::array<unsigned char, Record::textSize> textOf(const Record& message) {
-    std::array<unsigned char, Record::textSize> text;
+std::array<unsigned char, Record::TEXT_SIZE> textOf(const Record& message) {
+    std::array<unsigned char, Record::TEXT_SIZE> text;
     std::memcpy(text.data(), reinterpret_cast<const unsigned char*>(&message) + sizeof(long), text.size());
     return text;
 }

@@ -21,7 +21,7 @@ class ServiceQueueTest : public RawQueueTest {
 protected:
     void SetUp() override {
         RawQueueTest::SetUp();
-        ASSERT_EQ(queue.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId), 0);
+        ASSERT_EQ(queue.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID), 0);
     }
 
     ServiceQueue queue;
@@ -122,16 +122,16 @@ TEST_F(ServiceQueueTest, PaintAnswersGoToDocidPlus101) {
 }
 
 TEST_F(ServiceQueueTest, PaintAnswersThatCannotBeAddressedAreNotSent) {
-    constexpr int highest = std::numeric_limits<int>::max();
-    for (const int docid : {-2, -101, -102, std::numeric_limits<int>::min(), highest - 100, highest}) {
+    constexpr int HIGHEST = std::numeric_limits<int>::max();
+    for (const int docid : {-2, -101, -102, std::numeric_limits<int>::min(), HIGHEST - 100, HIGHEST}) {
         EXPECT_EQ(queue.SendPaintDone(docid, -4), 0);
     }
     EXPECT_EQ(waiting(), 0U);
     // The lowest and the highest that can.
     EXPECT_EQ(queue.SendPaintDone(-1, -4), 0);
-    EXPECT_EQ(queue.SendPaintDone(highest - 101, -4), 0);
+    EXPECT_EQ(queue.SendPaintDone(HIGHEST - 101, -4), 0);
     EXPECT_EQ(takeValues(100), std::vector{-4});
-    EXPECT_EQ(takeValues(highest), std::vector{-4});
+    EXPECT_EQ(takeValues(HIGHEST), std::vector{-4});
 }
 
 TEST_F(ServiceQueueTest, ASendToARemovedQueueFailsAndCloses) {

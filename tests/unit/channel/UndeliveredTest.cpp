@@ -5,29 +5,28 @@
 
 namespace {
 
-constexpr long kHere = 5000;
-constexpr long kThere = 6000;
+constexpr long HERE = 5000;
+constexpr long THERE = 6000;
 
 TEST(LeastMissed, RequestsToPaintGoFirstWhoeverTheyAreFor) {
-    EXPECT_EQ(LeastMissed({{kHere, _OPENED}, {kHere, _SLIDE_CHANGED}, {kThere, _INVALIDATED}}, kHere), 2U);
+    EXPECT_EQ(LeastMissed({{HERE, _OPENED}, {HERE, _SLIDE_CHANGED}, {THERE, _INVALIDATED}}, HERE), 2U);
 }
 
 TEST(LeastMissed, OfThoseTheSameAddresseesFirst) {
-    EXPECT_EQ(LeastMissed({{kThere, _INVALIDATED}, {kHere, _INVALIDATED}, {kHere, _INVALIDATED}}, kHere), 1U);
+    EXPECT_EQ(LeastMissed({{THERE, _INVALIDATED}, {HERE, _INVALIDATED}, {HERE, _INVALIDATED}}, HERE), 1U);
 }
 
 TEST(LeastMissed, ThenTheOldest) {
-    EXPECT_EQ(LeastMissed({{kThere, _INVALIDATED}, {kThere, _INVALIDATED}}, kHere), 0U);
+    EXPECT_EQ(LeastMissed({{THERE, _INVALIDATED}, {THERE, _INVALIDATED}}, HERE), 0U);
 }
 
 TEST(LeastMissed, AnswersThatSomebodyWaitsForGoLast) {
-    EXPECT_EQ(LeastMissed({{kHere, _PAINT_DONE}, {kHere, _OPENED}, {kThere, _CLICK_UNUSED}}, kHere), 2U);
-    EXPECT_EQ(LeastMissed({{kThere, _OPENED}, {kThere, _PAINT_DONE}, {kHere, _PAINT_DONE}}, kHere), 2U);
+    EXPECT_EQ(LeastMissed({{HERE, _PAINT_DONE}, {HERE, _OPENED}, {THERE, _CLICK_UNUSED}}, HERE), 2U);
+    EXPECT_EQ(LeastMissed({{THERE, _OPENED}, {THERE, _PAINT_DONE}, {HERE, _PAINT_DONE}}, HERE), 2U);
 }
 
 TEST(LeastMissed, NotificationsOfAllKindsAreEqual) {
-    EXPECT_EQ(LeastMissed({{kThere, _HYPERLINK}, {kHere, _SLIDE_CHANGED}, {kHere, _CLICK_UNUSED}}, kHere),
-              1U);
+    EXPECT_EQ(LeastMissed({{THERE, _HYPERLINK}, {HERE, _SLIDE_CHANGED}, {HERE, _CLICK_UNUSED}}, HERE), 1U);
 }
 
 } // namespace

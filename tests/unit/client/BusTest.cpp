@@ -33,14 +33,14 @@ TEST_F(BusTest, MakesAnErrorOfAReplyWithAnErrorCode) {
                     R"({"errorCode": "errWrongType", "errorText": "Not a PowerPoint document"})");
     const auto reply = mBus.call("/ppt", "getSlideCount", "{}");
     ASSERT_FALSE(reply);
-    EXPECT_EQ(reply.error().kind, Error::Kind::refused);
+    EXPECT_EQ(reply.error().kind, Error::Kind::Refused);
     EXPECT_EQ(reply.error().name, "errWrongType");
 }
 
 TEST_F(BusTest, WaitsNoLongerThanTold) {
     const auto reply = mBus.call("/events", "ping", "{}", {.timeout = 20ms});
     ASSERT_FALSE(reply);
-    EXPECT_EQ(reply.error().kind, Error::Kind::timedOut);
+    EXPECT_EQ(reply.error().kind, Error::Kind::TimedOut);
 }
 
 TEST_F(BusTest, EndsAWaitWhenStopped) {
@@ -52,7 +52,7 @@ TEST_F(BusTest, EndsAWaitWhenStopped) {
     const auto reply = mBus.call("/events", "ping", "{}", {.stop = stop.get_token()});
     stopper.join();
     ASSERT_FALSE(reply);
-    EXPECT_EQ(reply.error().kind, Error::Kind::cancelled);
+    EXPECT_EQ(reply.error().kind, Error::Kind::Cancelled);
 }
 
 TEST_F(BusTest, PostsWithoutWaitingForAnAnswer) {
@@ -63,7 +63,7 @@ TEST_F(BusTest, PostsWithoutWaitingForAnAnswer) {
 TEST_F(BusTest, RefusesTextThatTheBusCannotCarry) {
     const auto reply = mBus.call("/common", "Search", "\xff");
     ASSERT_FALSE(reply);
-    EXPECT_EQ(reply.error().kind, Error::Kind::argument);
+    EXPECT_EQ(reply.error().kind, Error::Kind::Argument);
     EXPECT_TRUE(mBus.post("/events", "ping", "\xff"));
     EXPECT_TRUE(mService.calls().empty());
 }
@@ -90,14 +90,14 @@ TEST(BusWithoutService, SaysThatTheServiceDoesNotStart) {
     ASSERT_TRUE(bus);
     const auto reply = bus->call("/events", "ping", "{}");
     ASSERT_FALSE(reply);
-    EXPECT_EQ(reply.error().kind, Error::Kind::bus);
+    EXPECT_EQ(reply.error().kind, Error::Kind::Bus);
     EXPECT_THAT(reply.error().text, HasSubstr("does not start"));
 }
 
 TEST(BusAddress, ThatLeadsNowhereIsAnError) {
     const auto bus = Bus::connect("unix:path=/nonexistent/bus");
     ASSERT_FALSE(bus);
-    EXPECT_EQ(bus.error().kind, Error::Kind::bus);
+    EXPECT_EQ(bus.error().kind, Error::Kind::Bus);
     EXPECT_FALSE(Bus::connect("nonsense"));
 }
 

@@ -21,7 +21,7 @@ protected:
 
 TEST_F(CallCommand, PrintsTheReplyAsItIs) {
     mService.answer("/ppt getSlideCount", R"({"slidecnt":   7})");
-    EXPECT_EQ(run({"/ppt", "getSlideCount", R"({"docid": 0})"}), statusDone);
+    EXPECT_EQ(run({"/ppt", "getSlideCount", R"({"docid": 0})"}), STATUS_DONE);
     EXPECT_EQ(mPrinted, "{\"slidecnt\":   7}\n");
     EXPECT_EQ(mService.waitForCall("/ppt getSlideCount"), R"({"docid": 0})");
     EXPECT_EQ(complaints(), "");
@@ -30,21 +30,21 @@ TEST_F(CallCommand, PrintsTheReplyAsItIs) {
 TEST_F(CallCommand, PrintsAnErrorAndFails) {
     const std::string reply = R"({"errorCode": "errDoesNotExist", "errorText": "Document does not exist"})";
     mService.answer("/ppt getSlideCount", reply);
-    EXPECT_EQ(run({"/ppt", "getSlideCount", R"({"docid": 9})"}), statusFailed);
+    EXPECT_EQ(run({"/ppt", "getSlideCount", R"({"docid": 9})"}), STATUS_FAILED);
     EXPECT_EQ(mPrinted, reply + "\n");
     EXPECT_THAT(complaints(), HasSubstr("errDoesNotExist"));
 }
 
 TEST_F(CallCommand, PrintsNothingForAMethodWithoutReply) {
     mService.fail("/events ping", "org.freedesktop.DBus.Error.NoReply");
-    EXPECT_EQ(run({"/events", "ping", "{}"}), statusDone);
+    EXPECT_EQ(run({"/events", "ping", "{}"}), STATUS_DONE);
     EXPECT_EQ(mPrinted, "");
     EXPECT_EQ(complaints(), "");
 }
 
 TEST_F(CallCommand, SaysWhichCategoriesThereAre) {
     mService.fail("/none at", "org.freedesktop.DBus.Error.UnknownMethod");
-    EXPECT_EQ(run({"/none", "at", "{}"}), statusFailed);
+    EXPECT_EQ(run({"/none", "at", "{}"}), STATUS_FAILED);
     EXPECT_THAT(complaints(), HasSubstr("no method 'at' in '/none'; its categories are /common, /events"));
 }
 

@@ -33,7 +33,7 @@ TEST_F(ClientQueueTest, SendsARecordToTheService) {
     sent.y = -20;
     ASSERT_FALSE(mQueue.post(sent, 0ms));
     ClientServerMessage got;
-    ASSERT_EQ(mQueue.ReadMessage(DocAdapterMessageQueue::anyClientMessage, got), 20);
+    ASSERT_EQ(mQueue.ReadMessage(DocAdapterMessageQueue::ANY_CLIENT_MESSAGE, got), 20);
     EXPECT_EQ(got.type, _PEN_MOVE);
     EXPECT_EQ(got.docid, 4);
     EXPECT_EQ(got.x, 10);
@@ -44,7 +44,7 @@ TEST_F(ClientQueueTest, GivesUpOnAFullQueueInsteadOfBlocking) {
     fill();
     const auto failure = mQueue.post(ClientServerMessage(_PAINT, 0), 5ms);
     ASSERT_TRUE(failure);
-    EXPECT_EQ(failure->kind, lectern::Error::Kind::timedOut);
+    EXPECT_EQ(failure->kind, lectern::Error::Kind::TimedOut);
 }
 
 TEST_F(ClientQueueTest, SendsAsSoonAsThereIsRoom) {
@@ -65,7 +65,7 @@ TEST_F(ClientQueueTest, IsSettledWhenNothingWaits) {
     EXPECT_FALSE(mQueue.settle(1ms));
     std::thread reader([this] {
         ClientServerMessage message;
-        mQueue.ReadMessage(DocAdapterMessageQueue::anyClientMessage, message);
+        mQueue.ReadMessage(DocAdapterMessageQueue::ANY_CLIENT_MESSAGE, message);
     });
     EXPECT_TRUE(mQueue.settle(30'000ms));
     reader.join();
@@ -77,7 +77,7 @@ TEST_F(ClientQueueTest, SaysThatTheQueueIsGone) {
     ASSERT_EQ(other.Remove(), 0);
     const auto failure = mQueue.post(ClientServerMessage(_PAINT, 0), 1'000ms);
     ASSERT_TRUE(failure);
-    EXPECT_EQ(failure->kind, lectern::Error::Kind::system);
+    EXPECT_EQ(failure->kind, lectern::Error::Kind::System);
 }
 
 } // namespace

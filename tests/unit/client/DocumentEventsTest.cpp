@@ -30,7 +30,7 @@ protected:
     }
     void paintByItself() {
         mOptions.events.onFrame = [this](const FrameBuffer& frame) {
-            mTold.add(frame.pixels()[199] == FakeView::colour ? "frame" : "no frame");
+            mTold.add(frame.pixels()[199] == FakeView::COLOUR ? "frame" : "no frame");
         };
     }
     long paintsTaken() {

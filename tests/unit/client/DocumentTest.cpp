@@ -37,7 +37,7 @@ TEST_F(DocumentTest, OpensWithAFrameBufferThatTheServiceCanAttach) {
     const auto document = open({.width = 32, .height = 48});
     ASSERT_TRUE(document) << document.error().text;
     EXPECT_EQ((*document)->docid(), 3);
-    EXPECT_EQ((*document)->kind(), DocumentKind::wordProcessing);
+    EXPECT_EQ((*document)->kind(), DocumentKind::WordProcessing);
     EXPECT_TRUE(mService.view().attached());
     EXPECT_EQ((*document)->stateIdentifier(), mService.view().stateIdentifier());
     const auto sent = JsonMembers::parse(mService.calls().front().payload);
@@ -60,7 +60,7 @@ TEST_F(DocumentTest, ThatDoesNotOpenSaysWhyAndIsDestroyed) {
     mService.openResult(7);
     const auto document = open();
     ASSERT_FALSE(document);
-    EXPECT_EQ(document.error().kind, Error::Kind::document);
+    EXPECT_EQ(document.error().kind, Error::Kind::Document);
     EXPECT_EQ(document.error().code, 7);
     EXPECT_THAT(document.error().text, HasSubstr("'/letter.docx'"));
     EXPECT_EQ(mService.waitForCall("/events destroy"), R"({ "docid": 3 })");
@@ -90,7 +90,7 @@ TEST_F(DocumentTest, WaitsForTheOpenedRecordNoLongerThanStopped) {
     const auto document = open({.stop = stop.get_token()});
     stopper.join();
     ASSERT_FALSE(document);
-    EXPECT_EQ(document.error().kind, Error::Kind::cancelled);
+    EXPECT_EQ(document.error().kind, Error::Kind::Cancelled);
 }
 
 TEST_F(DocumentTest, PaintReturnsWhenThePictureIsThere) {
@@ -98,7 +98,7 @@ TEST_F(DocumentTest, PaintReturnsWhenThePictureIsThere) {
     ASSERT_TRUE(document);
     ASSERT_FALSE((*document)->paint());
     for (int i = 0; i < 200; ++i) {
-        ASSERT_EQ((*document)->frame().pixels()[i], FakeView::colour);
+        ASSERT_EQ((*document)->frame().pixels()[i], FakeView::COLOUR);
     }
 }
 
@@ -117,7 +117,7 @@ TEST_F(DocumentTest, PaintIsWaitedForNoLongerThanTold) {
     mService.view().answersPaints = false;
     const auto failure = (*document)->paint({.timeout = 1ms});
     ASSERT_TRUE(failure);
-    EXPECT_EQ(failure->kind, Error::Kind::timedOut);
+    EXPECT_EQ(failure->kind, Error::Kind::TimedOut);
 }
 
 TEST_F(DocumentTest, InputCrossesTheQueueInTheRecordsOfItsTypes) {
@@ -155,7 +155,7 @@ TEST_F(DocumentTest, FailsToOpenOnALostBus) {
     }();
     const auto document = Document::open(lost, "/letter.docx");
     ASSERT_FALSE(document);
-    EXPECT_EQ(document.error().kind, Error::Kind::bus);
+    EXPECT_EQ(document.error().kind, Error::Kind::Bus);
 }
 
 } // namespace

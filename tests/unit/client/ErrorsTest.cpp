@@ -31,14 +31,14 @@ TEST(ModuleResultText, SaysWhatToDo) {
 
 TEST(DocumentError, NamesTheFileAndTheCode) {
     const Error error = documentError("x.docx", MODULE_NEEDS_PASSWORD);
-    EXPECT_EQ(error.kind, Error::Kind::document);
+    EXPECT_EQ(error.kind, Error::Kind::Document);
     EXPECT_EQ(error.code, 7);
     EXPECT_EQ(error.text, "cannot open 'x.docx': it needs a password; give one with --password (code 7)");
 }
 
 TEST(RefusalError, IsAPlainSentenceForEachOfTheServicesCodes) {
     const Error kind = refusalError("errDocType", "doctype is unkown");
-    EXPECT_EQ(kind.kind, Error::Kind::refused);
+    EXPECT_EQ(kind.kind, Error::Kind::Refused);
     EXPECT_EQ(kind.name, "errDocType");
     EXPECT_THAT(kind.text, HasSubstr("must end in .doc"));
     EXPECT_THAT(refusalError("errDoesNotExist", "x").text, HasSubstr("open it again"));
@@ -50,7 +50,7 @@ TEST(RefusalError, IsAPlainSentenceForEachOfTheServicesCodes) {
 
 TEST(SystemError, TellsTheAttemptAndTheReason) {
     const Error error = systemError("cannot write 'a'", ENOENT);
-    EXPECT_EQ(error.kind, Error::Kind::system);
+    EXPECT_EQ(error.kind, Error::Kind::System);
     EXPECT_EQ(error.code, ENOENT);
     EXPECT_EQ(error.text, "cannot write 'a': No such file or directory");
 }

@@ -36,7 +36,7 @@ void FakeService::comeBack() {
     mFilter = g_dbus_connection_add_filter(mConnection.get(), &FakeService::filter, this, nullptr);
     const GLibHolder<GVariant> owned(g_dbus_connection_call_sync(
         mConnection.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
-        "RequestName", g_variant_new("(su)", lectern::serviceName, 4U), nullptr, G_DBUS_CALL_FLAGS_NONE, -1,
+        "RequestName", g_variant_new("(su)", lectern::SERVICE_NAME, 4U), nullptr, G_DBUS_CALL_FLAGS_NONE, -1,
         nullptr, nullptr));
     EXPECT_NE(owned, nullptr);
 }
@@ -156,18 +156,18 @@ std::optional<std::string> FakeService::replyTo(const Call& call) {
 }
 
 std::string FakeService::create(const std::string& payload) {
-    constexpr int docid = 3;
+    constexpr int DOCID = 3;
     const auto members = JsonMembers::parse(payload);
     mView.reset(); // its thread has ended before the next begins
-    mView = std::make_unique<FakeView>(docid, static_cast<int>(members->identifier("shmid").value_or(0)),
+    mView = std::make_unique<FakeView>(DOCID, static_cast<int>(members->identifier("shmid").value_or(0)),
                                        members->integer("width").value_or(0),
                                        members->integer("height").value_or(0),
                                        members->identifier("datastoreshmid").value_or(0));
     if (mSendsOpened) {
-        mView->notify(_OPENED, docid, mOpenResult);
+        mView->notify(_OPENED, DOCID, mOpenResult);
     }
     return JsonMembers()
-        .add("docid", docid)
+        .add("docid", DOCID)
         .add("doctype", mKind.load())
         .addIdentifier("datastoreshmid", mView->stateIdentifier())
         .text();

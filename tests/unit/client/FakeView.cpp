@@ -10,7 +10,7 @@
 namespace {
 
 // A record of this type, which no client sends, ends the worker.
-constexpr long endOfWork = 98;
+constexpr long END_OF_WORK = 98;
 
 // A segment whose identifier can be a record's type.
 int makeStateSegment() {
@@ -40,12 +40,12 @@ FakeView::FakeView(int docid, int frameBuffer, int width, int height, unsigned i
         shmctl(identifier, IPC_RMID, nullptr);
         writeState();
     }
-    mQueue.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId);
+    mQueue.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID);
     mWorker = std::thread([this] { run(); });
 }
 
 FakeView::~FakeView() {
-    mQueue.SendMessage(ClientServerMessage(endOfWork, -1));
+    mQueue.SendMessage(ClientServerMessage(END_OF_WORK, -1));
     mWorker.join();
 }
 
@@ -68,8 +68,8 @@ void FakeView::waitForTaken(size_t count) const {
 
 void FakeView::run() {
     ClientServerMessage message;
-    while (mQueue.ReadMessage(DocAdapterMessageQueue::anyClientMessage, message) > 0 &&
-           message.type != endOfWork) {
+    while (mQueue.ReadMessage(DocAdapterMessageQueue::ANY_CLIENT_MESSAGE, message) > 0 &&
+           message.type != END_OF_WORK) {
         mIdle.acquire();
         {
             const std::lock_guard lock(mMutex);
@@ -124,10 +124,10 @@ void FakeView::paint() {
     }
     mPainted = mFactor;
     // In one go: the thread sanitizer looks at each write to what threads share.
-    const std::vector<uint32_t> picture(static_cast<size_t>(mWidth) * static_cast<size_t>(mHeight), colour);
+    const std::vector<uint32_t> picture(static_cast<size_t>(mWidth) * static_cast<size_t>(mHeight), COLOUR);
     std::memcpy(mFrame.address(), picture.data(), picture.size() * sizeof picture[0]);
     writeState();
-    ServerClientMessage done(mDocid + DocAdapterMessageQueue::paintDoneBase, _PAINT_DONE);
+    ServerClientMessage done(mDocid + DocAdapterMessageQueue::PAINT_DONE_BASE, _PAINT_DONE);
     done.value = paintResult;
     mQueue.SendMessage(done);
 }

@@ -46,7 +46,7 @@ public:
     std::atomic<int> rowsAbove{0};         // rows before row 0 that a push against it shows
     std::atomic<double> largestScale{4.0}; // of a pinch
 
-    static constexpr uint32_t colour = 0x80123456;
+    static constexpr uint32_t COLOUR = 0x80123456;
 
 private:
     void run();

@@ -74,7 +74,7 @@ TEST(FrameBuffer, HasSidesWithinTheServicesLimits) {
     for (const auto& [width, height] : {std::pair(0, 8), {8, 0}, {-1, 8}, {16'385, 1}, {1, 16'385}}) {
         const auto frame = FrameBuffer::create(width, height);
         ASSERT_FALSE(frame) << width << 'x' << height;
-        EXPECT_EQ(frame.error().kind, lectern::Error::Kind::argument);
+        EXPECT_EQ(frame.error().kind, lectern::Error::Kind::Argument);
     }
     EXPECT_TRUE(FrameBuffer::create(1, 1));
     EXPECT_TRUE(FrameBuffer::create(16'384, 1));

@@ -18,7 +18,7 @@ TEST(Listing, LabelsWhatIsKnown) {
     const std::string reply =
         R"({ "name": "N", "author": "A", "description": "D\nE", "lastsave": )"
         R"("Feb 11, 2026, 4:05pm", "createdate": "Jan 5, 2026, 8:30am", "wordcnt": 0 })";
-    EXPECT_EQ(propertyListing(DocumentKind::wordProcessing, reply), "Kind:        word-processing document\n"
+    EXPECT_EQ(propertyListing(DocumentKind::WordProcessing, reply), "Kind:        word-processing document\n"
                                                                     "Name:        N\n"
                                                                     "Author:      A\n"
                                                                     "Description: D E\n"
@@ -30,8 +30,8 @@ TEST(Listing, LabelsWhatIsKnown) {
 TEST(Listing, LeavesOutWhatIsNotKnown) {
     const std::string reply = R"({ "name": "", "lastsave": "Jan 1, 1970, 12:00am", )"
                               R"("createdate": "Dec 31, 1969, 7:00pm" })";
-    EXPECT_EQ(propertyListing(DocumentKind::spreadsheet, reply), "Kind:        spreadsheet\n");
-    EXPECT_EQ(propertyListing(DocumentKind::presentation, ""), "Kind:        presentation\n");
+    EXPECT_EQ(propertyListing(DocumentKind::Spreadsheet, reply), "Kind:        spreadsheet\n");
+    EXPECT_EQ(propertyListing(DocumentKind::Presentation, ""), "Kind:        presentation\n");
 }
 
 TEST(Listing, AlignsTheNumbersOfParts) {

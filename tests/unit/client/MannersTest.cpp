@@ -38,7 +38,7 @@ protected:
 };
 
 TEST_F(Manners, ADragOfASheetEndsInTheSlowestFlickBeforeThePenUp) {
-    const auto document = open(DocumentKind::spreadsheet);
+    const auto document = open(DocumentKind::Spreadsheet);
     ASSERT_FALSE(document->penDown(10, 60));
     ASSERT_FALSE(document->penUp(10, 20));
     document->settle();
@@ -48,10 +48,10 @@ TEST_F(Manners, ADragOfASheetEndsInTheSlowestFlickBeforeThePenUp) {
 }
 
 TEST_F(Manners, ATapOfASheetAndADragOfAnythingElseNeedNoFlick) {
-    auto document = open(DocumentKind::spreadsheet);
+    auto document = open(DocumentKind::Spreadsheet);
     ASSERT_FALSE(document->penDown(10, 60));
     ASSERT_FALSE(document->penUp(10, 60));
-    document = open(DocumentKind::wordProcessing);
+    document = open(DocumentKind::WordProcessing);
     ASSERT_FALSE(document->penDown(10, 60));
     ASSERT_FALSE(document->penUp(10, 20));
     document->settle();
@@ -59,7 +59,7 @@ TEST_F(Manners, ATapOfASheetAndADragOfAnythingElseNeedNoFlick) {
 }
 
 TEST_F(Manners, AFlickThatEndsADragOfASheetGoesOn) {
-    const auto document = open(DocumentKind::spreadsheet);
+    const auto document = open(DocumentKind::Spreadsheet);
     ASSERT_FALSE(document->penDown(10, 60));
     ASSERT_FALSE(document->penMove(10, 50));
     ASSERT_FALSE(document->flick(0, -800));
@@ -70,20 +70,20 @@ TEST_F(Manners, AFlickThatEndsADragOfASheetGoesOn) {
 }
 
 TEST_F(Manners, AFlickOutsideOfAContactIsEndedByAPenUp) {
-    const auto document = open(DocumentKind::wordProcessing);
+    const auto document = open(DocumentKind::WordProcessing);
     ASSERT_FALSE(document->flick(0, -800));
     mService.view().waitForTaken(1);
     EXPECT_THAT(mService.view().taken(), ElementsAre(_PEN_UP));
 }
 
 TEST_F(Manners, AFlickIsNeverPurelySideways) {
-    const auto document = open(DocumentKind::wordProcessing);
+    const auto document = open(DocumentKind::WordProcessing);
     ASSERT_FALSE(document->flick(500, 0));
     EXPECT_THAT(flicks(), ElementsAre(HasSubstr(R"("xCoord": 500, "yCoord": 1)")));
 }
 
 TEST_F(Manners, AJumpToAnotherSheetComesToRest) {
-    const auto document = open(DocumentKind::spreadsheet);
+    const auto document = open(DocumentKind::Spreadsheet);
     ASSERT_FALSE(document->comeToRest());
     mService.view().waitForTaken(1);
     EXPECT_THAT(flicks(), ElementsAre(HasSubstr(R"("yCoord": -1)")));
@@ -92,7 +92,7 @@ TEST_F(Manners, AJumpToAnotherSheetComesToRest) {
 
 // The service takes the lowest type first.
 TEST_F(Manners, AContactDoesNotOvertakeTheEndOfTheLast) {
-    const auto document = open(DocumentKind::wordProcessing);
+    const auto document = open(DocumentKind::WordProcessing);
     std::thread letGo;
     {
         auto held = mService.view().holdUp();
@@ -107,17 +107,17 @@ TEST_F(Manners, AContactDoesNotOvertakeTheEndOfTheLast) {
 }
 
 TEST_F(Manners, InputWaitsForRoomInAFullQueueAndNotificationsAreReadMeanwhile) {
-    const auto document = open(DocumentKind::wordProcessing);
-    constexpr int moves = 2'000; // more than the queue holds
-    for (int i = 0; i < moves; ++i) {
+    const auto document = open(DocumentKind::WordProcessing);
+    constexpr int MOVES = 2'000; // more than the queue holds
+    for (int i = 0; i < MOVES; ++i) {
         ASSERT_FALSE(document->penMove(i, i));
         mService.view().notify(_INVALIDATED, 0, 0);
     }
-    mService.view().waitForTaken(moves);
+    mService.view().waitForTaken(MOVES);
 }
 
 TEST_F(Manners, DestroyGoesToTheProcessThatHasTheDocument) {
-    auto document = open(DocumentKind::wordProcessing);
+    auto document = open(DocumentKind::WordProcessing);
     const auto reply = mBus.request("/events", "handleClick", "{}", {});
     ASSERT_TRUE(reply);
     EXPECT_EQ(reply->sender.front(), ':');

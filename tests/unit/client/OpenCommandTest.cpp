@@ -41,7 +41,7 @@ protected:
 };
 
 TEST_F(OpenCommand, WritesAPictureOfTheViewsSize) {
-    EXPECT_EQ(run(), statusDone);
+    EXPECT_EQ(run(), STATUS_DONE);
     EXPECT_EQ(complaints(), "");
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
@@ -58,7 +58,7 @@ TEST_F(OpenCommand, WritesAPictureOfTheViewsSize) {
 
 TEST_F(OpenCommand, SaysWhatIsWrongWithADocumentAndWritesNothing) {
     mService.openResult(8);
-    EXPECT_EQ(run(), statusFailed);
+    EXPECT_EQ(run(), STATUS_FAILED);
     EXPECT_EQ(complaints(), "lectern: cannot open '/letter.docx': the password is wrong; "
                             "give the right one with --password (code 8)\n");
     EXPECT_FALSE(std::filesystem::exists(mArguments.output));
@@ -66,14 +66,14 @@ TEST_F(OpenCommand, SaysWhatIsWrongWithADocumentAndWritesNothing) {
 
 TEST_F(OpenCommand, OpensNothingWhenThePictureCannotBeWritten) {
     mArguments.output = mFolder / "none" / "out.png";
-    EXPECT_EQ(run(), statusFailed);
+    EXPECT_EQ(run(), STATUS_FAILED);
     EXPECT_THAT(complaints(), HasSubstr("cannot write"));
     EXPECT_TRUE(mService.calls().empty());
 }
 
 TEST_F(OpenCommand, ZoomsAndComesBackToTheStart) {
     mArguments.zoom = 1.5;
-    EXPECT_EQ(run(), statusDone);
+    EXPECT_EQ(run(), STATUS_DONE);
     EXPECT_EQ(complaints(), "");
     const std::vector<long> taken = mService.view().taken();
     EXPECT_THAT(std::vector<long>(taken.begin(), taken.begin() + 7),
@@ -84,7 +84,7 @@ TEST_F(OpenCommand, ZoomsAndComesBackToTheStart) {
 TEST_F(OpenCommand, SaysWhenAZoomOrAPlaceIsOutOfReach) {
     mArguments.zoom = 9.0;
     mArguments.scroll = {0, 1'000'000};
-    EXPECT_EQ(run(), statusDone);
+    EXPECT_EQ(run(), STATUS_DONE);
     const std::string text = complaints();
     EXPECT_THAT(text, HasSubstr("zoomed by 4,"));
     EXPECT_THAT(text, HasSubstr("scrolled to 0,5000,"));
@@ -92,10 +92,10 @@ TEST_F(OpenCommand, SaysWhenAZoomOrAPlaceIsOutOfReach) {
 
 TEST_F(OpenCommand, LaysOutWideOnlyWhatIsWordProcessing) {
     mArguments.wide = true;
-    EXPECT_EQ(run(), statusDone);
+    EXPECT_EQ(run(), STATUS_DONE);
     EXPECT_THAT(mService.view().taken(), testing::Contains(_WIDE_MODE));
     mService.documentKind(1);
-    EXPECT_EQ(run(), statusMisuse);
+    EXPECT_EQ(run(), STATUS_MISUSE);
     EXPECT_THAT(complaints(), HasSubstr("--wide is for word-processing documents only"));
 }
 
@@ -107,7 +107,7 @@ TEST_F(OpenCommand, ShowsASheetBeforeItMovesTheView) {
     mService.answer("/excel jumpToSheet", R"({"cursheet": 1})");
     mArguments.sheet = 2;
     mArguments.scroll = {0, 30};
-    EXPECT_EQ(run(), statusDone);
+    EXPECT_EQ(run(), STATUS_DONE);
     EXPECT_EQ(complaints(), "");
     EXPECT_THAT(mService.waitForCall("/excel jumpToSheet"), HasSubstr(R"("sheet": 1)"));
     EXPECT_EQ(mService.view().taken(),
@@ -119,7 +119,7 @@ TEST_F(OpenCommand, ShowsASlide) {
     mService.answer("/ppt getSlideCount", R"({"slidecnt": 7})");
     mService.answer("/ppt jumpToSlide", R"({"slideNumber": 6})");
     mArguments.slide = 7;
-    EXPECT_EQ(run(), statusDone);
+    EXPECT_EQ(run(), STATUS_DONE);
     EXPECT_EQ(complaints(), "");
     EXPECT_THAT(mService.waitForCall("/ppt jumpToSlide"), HasSubstr(R"("slide": 6)"));
 }
@@ -128,7 +128,7 @@ TEST_F(OpenCommand, NamesTheRangeForASheetOrSlideThatIsNotThere) {
     mService.documentKind(3);
     mService.answer("/ppt getSlideCount", R"({"slidecnt": 7})");
     mArguments.slide = 8;
-    EXPECT_EQ(run(), statusMisuse);
+    EXPECT_EQ(run(), STATUS_MISUSE);
     EXPECT_EQ(complaints(), "lectern: there is no slide 8; give a number from 1 to 7\n");
     EXPECT_FALSE(std::filesystem::exists(mArguments.output));
 }
@@ -138,17 +138,17 @@ TEST_F(OpenCommand, KnowsTheRangeOfSheetsWhoseListIsCut) {
     const std::string title(200, 'x');
     mService.answer("/excel getSheetList", ("{\"list\": [{\"data\":\"" + title).substr(0, 128));
     mArguments.sheet = 2;
-    EXPECT_EQ(run(), statusMisuse);
+    EXPECT_EQ(run(), STATUS_MISUSE);
     EXPECT_EQ(complaints(), "lectern: there is no sheet 2; give 1\n");
 }
 
 TEST_F(OpenCommand, HasNoSheetsOrSlidesForOtherKinds) {
     mArguments.sheet = 1;
-    EXPECT_EQ(run(), statusMisuse);
+    EXPECT_EQ(run(), STATUS_MISUSE);
     EXPECT_EQ(complaints(), "lectern: --sheet is for spreadsheets only\n");
     mArguments.sheet.reset();
     mArguments.slide = 1;
-    EXPECT_EQ(run(), statusMisuse);
+    EXPECT_EQ(run(), STATUS_MISUSE);
     EXPECT_EQ(complaints(), "lectern: --slide is for presentations only\n");
 }
 
@@ -156,7 +156,7 @@ TEST_F(OpenCommand, GoesFromHitToHitAndPaintsTheOneAskedFor) {
     mArguments.search = "boat";
     mArguments.hit = 3;
     mService.answer("/common Search", R"({ "resultcount": 7 })");
-    EXPECT_EQ(run(), statusDone);
+    EXPECT_EQ(run(), STATUS_DONE);
     EXPECT_EQ(complaints(), "");
     EXPECT_THAT(mService.waitForCall("/common Search"), HasSubstr("boat"));
     EXPECT_THAT(steps(), testing::ElementsAre("/common Search", "/common nextResult", "/common nextResult"));
@@ -167,7 +167,7 @@ TEST_F(OpenCommand, SaysWhenThereAreFewerHitsAndShowsTheLast) {
     mArguments.search = "boat";
     mArguments.hit = 3;
     mService.answer("/common Search", R"({ "resultcount": 2 })");
-    EXPECT_EQ(run(), statusDone);
+    EXPECT_EQ(run(), STATUS_DONE);
     EXPECT_EQ(complaints(), "lectern: 'boat' is found 2 times\n");
     EXPECT_THAT(steps(), testing::ElementsAre("/common Search", "/common nextResult"));
 }
@@ -176,11 +176,11 @@ TEST_F(OpenCommand, SaysWhenThereIsOneHitOrNone) {
     mArguments.search = "boat";
     mArguments.hit = 2;
     mService.answer("/common Search", R"({ "resultcount": 1 })");
-    EXPECT_EQ(run(), statusDone);
+    EXPECT_EQ(run(), STATUS_DONE);
     EXPECT_EQ(complaints(), "lectern: 'boat' is found once\n");
     mArguments.hit = 1;
     mService.answer("/common Search", R"({ "resultcount": 0 })");
-    EXPECT_EQ(run(), statusDone);
+    EXPECT_EQ(run(), STATUS_DONE);
     EXPECT_EQ(complaints(), "lectern: 'boat' is not found\n");
 }
 
@@ -189,7 +189,7 @@ TEST_F(OpenCommand, StepsThroughAPresentationWhichCountsNoHits) {
     mArguments.search = "boat";
     mArguments.hit = 3;
     mService.answer("/common Search", R"({ "resultcount": 0 })");
-    EXPECT_EQ(run(), statusDone);
+    EXPECT_EQ(run(), STATUS_DONE);
     EXPECT_EQ(complaints(), "");
     EXPECT_THAT(steps(), testing::ElementsAre("/common Search", "/common nextResult", "/common nextResult"));
 }
@@ -201,7 +201,7 @@ TEST_F(OpenCommand, IsCalledOffByASignalAndSaysNothing) {
         mService.waitForCall("/events create");
         kill(getpid(), SIGTERM);
     });
-    EXPECT_EQ(runOpen(mArguments, interrupt), statusFailed);
+    EXPECT_EQ(runOpen(mArguments, interrupt), STATUS_FAILED);
     user.join();
     EXPECT_EQ(interrupt.signal(), SIGTERM);
     EXPECT_EQ(complaints(), "");

@@ -41,7 +41,7 @@ TEST_F(LongOpen, TellsHowLongItHasTakenOnTheThreadThatOpens) {
     };
     const auto document = Document::open(mBus, "/a.doc", mOptions);
     ASSERT_FALSE(document);
-    EXPECT_EQ(document.error().kind, Error::Kind::cancelled);
+    EXPECT_EQ(document.error().kind, Error::Kind::Cancelled);
     EXPECT_EQ(where, std::this_thread::get_id());
     ASSERT_GE(times.size(), 3U);
     EXPECT_GT(times[0], 100ms);
@@ -54,7 +54,7 @@ TEST_F(LongOpen, GivenUpIsDestroyedWhenItsAnswerComes) {
     mOptions.timeout = 20ms;
     const auto document = Document::open(mBus, "/a.doc", mOptions);
     ASSERT_FALSE(document);
-    EXPECT_EQ(document.error().kind, Error::Kind::timedOut);
+    EXPECT_EQ(document.error().kind, Error::Kind::TimedOut);
     mService.answerOpenLate(17);
     EXPECT_EQ(mService.waitForCall("/events destroy"), R"({ "docid": 17 })");
 }

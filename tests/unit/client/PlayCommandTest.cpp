@@ -33,14 +33,14 @@ protected:
 };
 
 TEST_F(PlayCommand, WritesNumberedFrames) {
-    EXPECT_EQ(play("frame\ndown 10 70\nmove 10 40\nup 10 20\nframe dragged\n"), statusDone);
+    EXPECT_EQ(play("frame\ndown 10 70\nmove 10 40\nup 10 20\nframe dragged\n"), STATUS_DONE);
     EXPECT_EQ(complaints(), "");
     EXPECT_THAT(frames(), ElementsAre("0001.png", "0002-dragged.png"));
     EXPECT_THAT(mService.view().taken(), ElementsAre(_PAINT, _PAINT, _PEN_DOWN, _PEN_MOVE, _PEN_UP, _PAINT));
 }
 
 TEST_F(PlayCommand, GivesInputInTheOrderOfTheScript) {
-    EXPECT_EQ(play("up 1 1\nmove 1 1\ndown 1 1\nkey 97 1\n"), statusDone);
+    EXPECT_EQ(play("up 1 1\nmove 1 1\ndown 1 1\nkey 97 1\n"), STATUS_DONE);
     EXPECT_THAT(mService.view().taken(),
                 ElementsAre(_PAINT, _PEN_UP, _PEN_MOVE, _PEN_DOWN, _KEY_DOWN, _KEY_UP));
 }
@@ -48,7 +48,7 @@ TEST_F(PlayCommand, GivesInputInTheOrderOfTheScript) {
 TEST_F(PlayCommand, CallsWhatTheBusServes) {
     mService.answer("/common Search", R"({"resultcount": 2})");
     EXPECT_EQ(play("click 1 2\ndoubleclick 3 4\nflick 0 -500\nsearch a boat\nnext\nprevious\nclose\n"),
-              statusDone);
+              STATUS_DONE);
     EXPECT_EQ(complaints(), "");
     std::vector<std::string> places;
     for (const FakeService::Call& call : mService.calls()) {
@@ -63,19 +63,19 @@ TEST_F(PlayCommand, CallsWhatTheBusServes) {
 }
 
 TEST_F(PlayCommand, APinchIsPaintedAtEachMoveOfTheFingers) {
-    EXPECT_EQ(play("pinch 2 80\n"), statusDone);
+    EXPECT_EQ(play("pinch 2 80\n"), STATUS_DONE);
     EXPECT_THAT(mService.view().taken(), ElementsAre(_PAINT, _PAINT, _GESTURE_START, _GESTURE_CHANGE, _PAINT,
                                                      _GESTURE_CHANGE, _PAINT, _GESTURE_END, _PAINT));
 }
 
 TEST_F(PlayCommand, KeepsTheTimesOfTheScript) {
     const auto start = std::chrono::steady_clock::now();
-    EXPECT_EQ(play("wait 100\nwait 50\nframe\nat 300\n"), statusDone);
+    EXPECT_EQ(play("wait 100\nwait 50\nframe\nat 300\n"), STATUS_DONE);
     EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(300));
 }
 
 TEST_F(PlayCommand, TakesFramesAgainAndAgainUntilTold) {
-    EXPECT_EQ(play("every 100\nwait 350\nevery off\nwait 150\nframe last\n"), statusDone);
+    EXPECT_EQ(play("every 100\nwait 350\nevery off\nwait 150\nframe last\n"), STATUS_DONE);
     // On a busy machine some come too late and are left out, and never more.
     EXPECT_GE(frames().size(), 2U);
     EXPECT_LE(frames().size(), 4U);
@@ -83,26 +83,26 @@ TEST_F(PlayCommand, TakesFramesAgainAndAgainUntilTold) {
 }
 
 TEST_F(PlayCommand, RefusesAScriptBeforeItOpensTheDocument) {
-    EXPECT_EQ(play("frame\nfly\n"), statusMisuse);
+    EXPECT_EQ(play("frame\nfly\n"), STATUS_MISUSE);
     EXPECT_THAT(complaints(), HasSubstr("a.play:2: 'fly' is no instruction"));
     EXPECT_TRUE(mService.calls().empty());
 }
 
 TEST_F(PlayCommand, NamesTheLineOfWhatTheDocumentCannotDo) {
-    EXPECT_EQ(play("frame\nsheet 2\n"), statusMisuse);
+    EXPECT_EQ(play("frame\nsheet 2\n"), STATUS_MISUSE);
     EXPECT_THAT(complaints(), HasSubstr("a.play:2: 'sheet' is for spreadsheets only"));
     EXPECT_THAT(frames(), ElementsAre("0001.png"));
 }
 
 TEST_F(PlayCommand, NamesTheLineThatTheServiceRefuses) {
     mService.answer("/common nextResult", R"({"errorCode": "errDoesNotExist", "errorText": "x"})");
-    EXPECT_EQ(play("\nnext\n"), statusFailed);
+    EXPECT_EQ(play("\nnext\n"), STATUS_FAILED);
     EXPECT_THAT(complaints(), HasSubstr("a.play:2: the service no longer knows the document"));
 }
 
 TEST_F(PlayCommand, NeedsAFolderItCanWriteTo) {
     std::ofstream(mFolder / "frames") << "a file\n";
-    EXPECT_EQ(play("frame\n"), statusFailed);
+    EXPECT_EQ(play("frame\n"), STATUS_FAILED);
     EXPECT_THAT(complaints(), HasSubstr("cannot write"));
     EXPECT_TRUE(mService.calls().empty());
 }
@@ -112,7 +112,7 @@ TEST_F(PlayCommand, IsCalledOffByASignal) {
         mService.waitForCall("/common nextResult");
         kill(getpid(), SIGTERM);
     });
-    EXPECT_EQ(play("next\nwait 600000\n"), statusFailed);
+    EXPECT_EQ(play("next\nwait 600000\n"), STATUS_FAILED);
     user.join();
     EXPECT_EQ(complaints(), "");
 }

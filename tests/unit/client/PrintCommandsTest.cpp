@@ -29,7 +29,7 @@ private:
 
 TEST_F(PrintCommands, InfoPrintsALabelledLineForEachProperty) {
     mService.answer("/common getDocProperties", R"({ "name": "Letter", "author": "", "wordcnt": 5 })");
-    EXPECT_EQ(run(runInfo, {"/letter.docx", "secret"}), statusDone);
+    EXPECT_EQ(run(runInfo, {"/letter.docx", "secret"}), STATUS_DONE);
     EXPECT_EQ(printed(), "Kind:        word-processing document\nName:        Letter\nWords:       5\n");
     EXPECT_THAT(mService.calls().front().payload, HasSubstr("secret"));
     EXPECT_EQ(complaints(), "");
@@ -37,22 +37,22 @@ TEST_F(PrintCommands, InfoPrintsALabelledLineForEachProperty) {
 
 TEST_F(PrintCommands, InfoPrintsTheServicesTextWhenAsked) {
     mService.answer("/common getDocProperties", R"({"name":  "Letter", "wordcnt": 5 })");
-    EXPECT_EQ(run(runInfo, {"/letter.docx", {}, true}), statusDone);
+    EXPECT_EQ(run(runInfo, {"/letter.docx", {}, true}), STATUS_DONE);
     EXPECT_EQ(printed(), "{\"name\":  \"Letter\", \"wordcnt\": 5 }\n");
 }
 
 TEST_F(PrintCommands, SheetsPrintsNumbersAndNames) {
     mService.answer("/excel getSheetList", mSheets);
-    EXPECT_EQ(run(runSheets, {"/a.xls", {}}), statusDone);
+    EXPECT_EQ(run(runSheets, {"/a.xls", {}}), STATUS_DONE);
     EXPECT_EQ(printed(), "1  A \"B\"\n2  C\n");
-    EXPECT_EQ(run(runSheets, {"/a.xls", {}, true}), statusDone);
+    EXPECT_EQ(run(runSheets, {"/a.xls", {}, true}), STATUS_DONE);
     EXPECT_EQ(printed(), mSheets + "\n");
     EXPECT_EQ(complaints(), "");
 }
 
 TEST_F(PrintCommands, SlidesPrintsNumbersAndTitles) {
     mService.answer("/ppt getSlideList", mSheets);
-    EXPECT_EQ(run(runSlides, {"/a.ppt", {}}), statusDone);
+    EXPECT_EQ(run(runSlides, {"/a.ppt", {}}), STATUS_DONE);
     EXPECT_EQ(printed(), "1  A \"B\"\n2  C\n");
     EXPECT_EQ(complaints(), "");
 }
@@ -60,7 +60,7 @@ TEST_F(PrintCommands, SlidesPrintsNumbersAndTitles) {
 TEST_F(PrintCommands, ListsSayWhenTheServiceHasCutThem) {
     const std::string cut = (mSheets.substr(0, mSheets.size() - 2) + ",{\"data\":\"" + std::string(300, 'x'));
     mService.answer("/ppt getSlideList", cut.substr(0, 3 * 128));
-    EXPECT_EQ(run(runSlides, {"/a.ppt", {}}), statusDone);
+    EXPECT_EQ(run(runSlides, {"/a.ppt", {}}), STATUS_DONE);
     EXPECT_EQ(printed(), "1  A \"B\"\n2  C\n");
     EXPECT_THAT(complaints(), HasSubstr("there are 3 slides"));
 }
@@ -68,7 +68,7 @@ TEST_F(PrintCommands, ListsSayWhenTheServiceHasCutThem) {
 TEST_F(PrintCommands, AnotherKindOfDocumentIsTheServicesError) {
     mService.answer("/excel getSheetList",
                     R"({"errorCode": "errWrongType", "errorText": "Not an Excel document"})");
-    EXPECT_EQ(run(runSheets, {"/a.doc", {}}), statusFailed);
+    EXPECT_EQ(run(runSheets, {"/a.doc", {}}), STATUS_FAILED);
     EXPECT_EQ(printed(), "");
     EXPECT_THAT(complaints(), HasSubstr("Not an Excel document"));
 }
@@ -77,10 +77,10 @@ TEST_F(PrintCommands, NotePrintsTheNoteOfTheSlide) {
     mService.answer("/ppt getSlideCount", R"({"slidecnt": 7})");
     mService.answer("/ppt jumpToSlide", R"({"slideNumber": 1})");
     mService.answer("/ppt getSlideNote", R"({ "note": "One.\nTwo\u001b[1m." })");
-    EXPECT_EQ(run(runNote, {{"/a.ppt"}, 2}), statusDone);
+    EXPECT_EQ(run(runNote, {{"/a.ppt"}, 2}), STATUS_DONE);
     EXPECT_EQ(printed(), "One.\nTwo[1m.\n");
     EXPECT_THAT(mService.waitForCall("/ppt jumpToSlide"), HasSubstr(R"("slide": 1)"));
-    EXPECT_EQ(run(runNote, {{"/a.ppt", {}, true}, 2}), statusDone);
+    EXPECT_EQ(run(runNote, {{"/a.ppt", {}, true}, 2}), STATUS_DONE);
     EXPECT_EQ(printed(), "{ \"note\": \"One.\\nTwo\\u001b[1m.\" }\n");
     EXPECT_EQ(complaints(), "");
 }
@@ -89,23 +89,23 @@ TEST_F(PrintCommands, NoteSaysThatASlideHasNone) {
     mService.answer("/ppt getSlideCount", R"({"slidecnt": 7})");
     mService.answer("/ppt jumpToSlide", R"({"slideNumber": 1})");
     mService.answer("/ppt getSlideNote", "");
-    EXPECT_EQ(run(runNote, {{"/a.ppt"}, 2}), statusDone);
+    EXPECT_EQ(run(runNote, {{"/a.ppt"}, 2}), STATUS_DONE);
     EXPECT_EQ(printed(), "");
     EXPECT_EQ(complaints(), "lectern: slide 2 has no note\n");
 }
 
 TEST_F(PrintCommands, NoteNamesTheRangeOfSlides) {
     mService.answer("/ppt getSlideCount", R"({"slidecnt": 1})");
-    EXPECT_EQ(run(runNote, {{"/a.ppt"}, 2}), statusMisuse);
+    EXPECT_EQ(run(runNote, {{"/a.ppt"}, 2}), STATUS_MISUSE);
     EXPECT_EQ(complaints(), "lectern: there is no slide 2; give 1\n");
 }
 
 TEST_F(PrintCommands, SearchPrintsTheNumberOfHits) {
     for (const auto& [count, text] : {std::pair("0", "no hit"), {"1", "1 hit"}, {"12", "12 hits"}}) {
         mService.answer("/common Search", std::string("{\"resultcount\":") + count + "}");
-        EXPECT_EQ(run(runSearch, {{"/letter.docx", "secret"}, "boat", {}}), statusDone);
+        EXPECT_EQ(run(runSearch, {{"/letter.docx", "secret"}, "boat", {}}), STATUS_DONE);
         EXPECT_EQ(printed(), std::string(text) + " for 'boat'\n");
-        EXPECT_EQ(run(runSearch, {{"/letter.docx", {}, true}, "boat", {}}), statusDone);
+        EXPECT_EQ(run(runSearch, {{"/letter.docx", {}, true}, "boat", {}}), STATUS_DONE);
         EXPECT_EQ(printed(), std::string("{\"resultcount\":") + count + "}\n");
     }
     EXPECT_EQ(complaints(), "");
@@ -116,25 +116,25 @@ TEST_F(PrintCommands, SearchLooksInOneSheet) {
     mService.answer("/excel getSheetList", mSheets);
     mService.answer("/excel jumpToSheet", R"({"cursheet": 1})");
     mService.answer("/common Search", R"({ "resultcount": 3 })");
-    EXPECT_EQ(run(runSearch, {{"/a.xls"}, "boat", 2}), statusDone);
+    EXPECT_EQ(run(runSearch, {{"/a.xls"}, "boat", 2}), STATUS_DONE);
     EXPECT_EQ(printed(), "3 hits for 'boat' in sheet 2\n");
-    EXPECT_EQ(run(runSearch, {{"/a.xls"}, "boat", {}}), statusDone);
+    EXPECT_EQ(run(runSearch, {{"/a.xls"}, "boat", {}}), STATUS_DONE);
     EXPECT_EQ(printed(), "3 hits for 'boat' in sheet 1\n");
-    EXPECT_EQ(run(runSearch, {{"/a.xls"}, "boat", 3}), statusMisuse);
+    EXPECT_EQ(run(runSearch, {{"/a.xls"}, "boat", 3}), STATUS_MISUSE);
     EXPECT_THAT(complaints(), HasSubstr("a number from 1 to 2"));
 }
 
 TEST_F(PrintCommands, SearchDoesNotPretendThatPresentationsCount) {
     mService.documentKind(3);
     mService.answer("/common Search", R"({ "resultcount": 0 })");
-    EXPECT_EQ(run(runSearch, {{"/a.ppt"}, "boat", {}}), statusDone);
+    EXPECT_EQ(run(runSearch, {{"/a.ppt"}, "boat", {}}), STATUS_DONE);
     EXPECT_THAT(printed(), HasSubstr("shown and not counted"));
 }
 
 TEST_F(PrintCommands, FailWithTheDocument) {
     mService.openResult(2);
-    EXPECT_EQ(run(runSearch, {{"/letter.docx"}, "boat", {}}), statusFailed);
-    EXPECT_EQ(run(runInfo, {"/letter.docx", {}}), statusFailed);
+    EXPECT_EQ(run(runSearch, {{"/letter.docx"}, "boat", {}}), STATUS_FAILED);
+    EXPECT_EQ(run(runInfo, {"/letter.docx", {}}), STATUS_FAILED);
     EXPECT_EQ(printed(), "");
     EXPECT_THAT(complaints(), HasSubstr("(code 2)"));
 }

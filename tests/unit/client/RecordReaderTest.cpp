@@ -12,7 +12,7 @@ namespace {
 using lectern::ClientQueue;
 using lectern::RecordReader;
 
-constexpr long address = 5'000;
+constexpr long ADDRESS = 5'000;
 
 class RecordReaderTest : public testing::Test {
 protected:
@@ -23,7 +23,7 @@ protected:
     ~RecordReaderTest() override { mQueue.Remove(); }
 
     std::unique_ptr<RecordReader> start() {
-        auto reader = RecordReader::start(address, [this](const ServerClientMessage& message) {
+        auto reader = RecordReader::start(ADDRESS, [this](const ServerClientMessage& message) {
             const std::lock_guard lock(mMutex);
             mValues.push_back(message.value);
             mArrived.notify_all();
@@ -51,26 +51,26 @@ protected:
 };
 
 TEST_F(RecordReaderTest, HandsOverItsOwnRecordsInOrder) {
-    send(address, 1);
+    send(ADDRESS, 1);
     const auto reader = start();
-    send(address + 1, 2);
+    send(ADDRESS + 1, 2);
     send(_PAINT, 3);
-    send(address, 4);
+    send(ADDRESS, 4);
     EXPECT_EQ(waitFor(2), (std::vector{1, 4}));
     ServerClientMessage other;
-    EXPECT_GT(mQueue.ReadMessage(address + 1, other, 0), 0);
+    EXPECT_GT(mQueue.ReadMessage(ADDRESS + 1, other, 0), 0);
     EXPECT_GT(mQueue.ReadMessage(_PAINT, other, 0), 0);
 }
 
 TEST_F(RecordReaderTest, EndsWhileItWaits) {
     { const auto reader = start(); }
     ServerClientMessage left;
-    EXPECT_LT(mQueue.ReadMessage(address, left, 0), 0) << "a record of its own is left";
+    EXPECT_LT(mQueue.ReadMessage(ADDRESS, left, 0), 0) << "a record of its own is left";
 }
 
 TEST_F(RecordReaderTest, EndsThoughTheQueueIsFull) {
     const auto reader = start();
-    while (mQueue.tryPost(ServerClientMessage(address + 1, _INVALIDATED))) {
+    while (mQueue.tryPost(ServerClientMessage(ADDRESS + 1, _INVALIDATED))) {
     }
     std::thread room([this] { mQueue.Drain(); });
     room.join();
@@ -78,7 +78,7 @@ TEST_F(RecordReaderTest, EndsThoughTheQueueIsFull) {
 
 TEST_F(RecordReaderTest, EndsWithTheQueue) {
     const auto reader = start();
-    send(address, 1);
+    send(ADDRESS, 1);
     waitFor(1);
     ClientQueue other;
     ASSERT_FALSE(other.connect());

@@ -12,8 +12,8 @@ using lectern::Drag;
 using lectern::Point;
 using lectern::ScrollPlan;
 
-constexpr int width = 480;
-constexpr int height = 800;
+constexpr int WIDTH = 480;
+constexpr int HEIGHT = 800;
 
 // What a view of a document makes of drags.
 struct Scrolled {
@@ -37,10 +37,10 @@ struct Scrolled {
     }
 
     void follow(Point target) {
-        ScrollPlan plan(width, height, target);
+        ScrollPlan plan(WIDTH, HEIGHT, target);
         while (const auto step = plan.next(position)) {
-            ASSERT_LE(std::abs(step->from.y - step->to.y), height - 1);
-            ASSERT_LE(std::abs(step->from.x - step->to.x), width - 1);
+            ASSERT_LE(std::abs(step->from.y - step->to.y), HEIGHT - 1);
+            ASSERT_LE(std::abs(step->from.x - step->to.x), WIDTH - 1);
             drag(*step);
             ASSERT_LT(drags, 1'000);
         }
@@ -48,26 +48,26 @@ struct Scrolled {
 };
 
 TEST(ScrollPlan, NeedsNoDragWhereTheTargetIsReached) {
-    ScrollPlan plan(width, height, {0, 300});
+    ScrollPlan plan(WIDTH, HEIGHT, {0, 300});
     EXPECT_EQ(plan.next({0, 300}), std::nullopt);
 }
 
 TEST(ScrollPlan, DragsUpwardsToScrollDownAndStaysInTheView) {
-    ScrollPlan down(width, height, {0, 100});
+    ScrollPlan down(WIDTH, HEIGHT, {0, 100});
     EXPECT_EQ(down.next({0, 0}), (Drag{{479, 799}, {479, 699}}));
-    ScrollPlan up(width, height, {0, 100});
+    ScrollPlan up(WIDTH, HEIGHT, {0, 100});
     EXPECT_EQ(up.next({0, 150}), (Drag{{479, 266}, {479, 316}}));
-    ScrollPlan far(width, height, {0, 9'000});
+    ScrollPlan far(WIDTH, HEIGHT, {0, 9'000});
     EXPECT_EQ(far.next({0, 0}), (Drag{{479, 799}, {479, 0}}));
 }
 
 TEST(ScrollPlan, LeavesTheHeadersOfASheetAlone) {
     for (const Point target : {Point{0, 500}, Point{500, 0}, Point{500, 500}, Point{200, 0}, Point{0, 0}}) {
-        ScrollPlan plan(width, height, target);
+        ScrollPlan plan(WIDTH, HEIGHT, target);
         const auto step = plan.next({500, 500});
         if (step) {
-            EXPECT_GE(step->from.x, width / 3);
-            EXPECT_GE(step->from.y, height / 3);
+            EXPECT_GE(step->from.x, WIDTH / 3);
+            EXPECT_GE(step->from.y, HEIGHT / 3);
         }
     }
 }

@@ -8,8 +8,8 @@
 namespace lectern::test {
 namespace {
 
-constexpr std::int32_t kUntouched = 0x5A5A5A5A;
-constexpr std::uint32_t kUntouchedU = 0x5A5A5A5A;
+constexpr std::int32_t UNTOUCHED = 0x5A5A5A5A;
+constexpr std::uint32_t UNTOUCHED_U = 0x5A5A5A5A;
 
 class ArgumentsTest : public EngineTest {
 protected:
@@ -21,12 +21,12 @@ protected:
 
     const WordModule& word;
     std::vector<std::uint16_t> text = std::vector<std::uint16_t>(16, 0x5A5A);
-    std::uint32_t pixels[4] = {kUntouchedU, kUntouchedU, kUntouchedU, kUntouchedU};
-    std::int32_t number = kUntouched;
-    std::int32_t number2 = kUntouched;
-    std::uint32_t position = kUntouchedU;
-    std::uint32_t position2 = kUntouchedU;
-    time_t time = kUntouched;
+    std::uint32_t pixels[4] = {UNTOUCHED_U, UNTOUCHED_U, UNTOUCHED_U, UNTOUCHED_U};
+    std::int32_t number = UNTOUCHED;
+    std::int32_t number2 = UNTOUCHED;
+    std::uint32_t position = UNTOUCHED_U;
+    std::uint32_t position2 = UNTOUCHED_U;
+    time_t time = UNTOUCHED;
 };
 
 void ArgumentsTest::expectAllRefuse(void* doc, std::int32_t code) {
@@ -46,7 +46,7 @@ void ArgumentsTest::expectAllRefuse(void* doc, std::int32_t code) {
     EXPECT_EQ(word.wtg_set_offscreen_buffer(doc, 0, pixels, 2, 2), code);
     EXPECT_EQ(word.wtg_word_count(doc, &number), code);
     const wtg_click_info* info = nullptr;
-    module_rect area{0, 0, kUntouched, 0};
+    module_rect area{0, 0, UNTOUCHED, 0};
     EXPECT_EQ(word.wtg_clear_selection(doc), code);
     EXPECT_EQ(word.wtg_close_secondary_document(doc), code);
     EXPECT_EQ(word.wtg_copy_selection(doc, text.data(), 16, 0, &number), code);
@@ -60,22 +60,22 @@ void ArgumentsTest::expectAllRefuse(void* doc, std::int32_t code) {
     EXPECT_EQ(word.wtg_smart_zoom(doc, 0, 0, 0, &area), code);
     EXPECT_EQ(word.wtg_stop_find(doc), code);
     EXPECT_EQ(info, nullptr);
-    EXPECT_EQ(area.width, kUntouched);
+    EXPECT_EQ(area.width, UNTOUCHED);
 
-    EXPECT_EQ(number, kUntouched);
-    EXPECT_EQ(number2, kUntouched);
-    EXPECT_EQ(position, kUntouchedU);
-    EXPECT_EQ(position2, kUntouchedU);
-    EXPECT_EQ(time, kUntouched);
+    EXPECT_EQ(number, UNTOUCHED);
+    EXPECT_EQ(number2, UNTOUCHED);
+    EXPECT_EQ(position, UNTOUCHED_U);
+    EXPECT_EQ(position2, UNTOUCHED_U);
+    EXPECT_EQ(time, UNTOUCHED);
     EXPECT_EQ(text, std::vector<std::uint16_t>(16, 0x5A5A));
-    EXPECT_EQ(pixels[0], kUntouchedU);
+    EXPECT_EQ(pixels[0], UNTOUCHED_U);
 }
 
 TEST_F(ArgumentsTest, EveryFunctionSurvivesANullDocument) {
     expectAllRefuse(nullptr, MODULE_BAD_ARGUMENT);
     EXPECT_EQ(word.wtg_scroll_down(nullptr, 0, 1, &number), MODULE_BAD_ARGUMENT);
     EXPECT_EQ(word.wtg_scroll_up(nullptr, 0, 1, &number), MODULE_BAD_ARGUMENT);
-    EXPECT_EQ(number, kUntouched);
+    EXPECT_EQ(number, UNTOUCHED);
 
     void* none = nullptr;
     EXPECT_EQ(word.wtg_close_file(&none), MODULE_BAD_ARGUMENT);
@@ -106,7 +106,7 @@ TEST_F(ArgumentsTest, SearchesClicksAndSelectionsSurviveANullDocument) {
     EXPECT_EQ(word.wtg_select_line(nullptr, 0, 0, 0), MODULE_BAD_ARGUMENT);
     EXPECT_EQ(word.wtg_select_word(nullptr, 0, 0, 0), MODULE_BAD_ARGUMENT);
     EXPECT_EQ(word.wtg_smart_zoom(nullptr, 0, 0, 0, &area), MODULE_BAD_ARGUMENT);
-    EXPECT_EQ(number, kUntouched);
+    EXPECT_EQ(number, UNTOUCHED);
 }
 
 TEST_F(ArgumentsTest, SearchesAndClicksOfARefusedCallGiveEmptyArrays) {
@@ -119,7 +119,7 @@ TEST_F(ArgumentsTest, SearchesAndClicksOfARefusedCallGiveEmptyArrays) {
               MODULE_FAILED);
     EXPECT_EQ(results, nullptr);
     EXPECT_EQ(number, 0);
-    number = kUntouched;
+    number = UNTOUCHED;
     const wtg_find_region* regions = nullptr;
     const module_rect* rects = nullptr;
     const wtg_click_info* info = nullptr;
@@ -136,7 +136,7 @@ TEST_F(ArgumentsTest, SearchesAndClicksOfARefusedCallGiveEmptyArrays) {
     EXPECT_EQ(word.wtg_copy_selection(doc, text.data(), 16, -1, &number), MODULE_BAD_ARGUMENT);
     EXPECT_EQ(word.wtg_copy_selection(doc, nullptr, 16, 0, &number), MODULE_BAD_ARGUMENT);
     EXPECT_EQ(word.wtg_scroll_to_character_range(doc, 0, 5, 4), MODULE_BAD_ARGUMENT);
-    EXPECT_EQ(number, kUntouched);
+    EXPECT_EQ(number, UNTOUCHED);
     EXPECT_EQ(info, nullptr);
 }
 
@@ -167,8 +167,8 @@ TEST_F(ArgumentsTest, OnlyViewZeroExists) {
         EXPECT_EQ(word.wtg_set_offscreen_buffer(doc, view, pixels, 2, 2), MODULE_BAD_ARGUMENT);
         EXPECT_EQ(word.wtg_page_layout_size(doc, view, &number, &number2), MODULE_BAD_ARGUMENT);
     }
-    EXPECT_EQ(number, kUntouched);
-    EXPECT_EQ(position, kUntouchedU);
+    EXPECT_EQ(number, UNTOUCHED);
+    EXPECT_EQ(position, UNTOUCHED_U);
 }
 
 TEST_F(ArgumentsTest, NullOutParametersAreRefused) {
@@ -187,8 +187,8 @@ TEST_F(ArgumentsTest, NullOutParametersAreRefused) {
     EXPECT_EQ(word.wtg_get_document_creation_date(doc, nullptr), MODULE_BAD_ARGUMENT);
     EXPECT_EQ(word.wtg_word_count(doc, nullptr), MODULE_BAD_ARGUMENT);
     EXPECT_EQ(word.wtg_get_document_name(doc, text.data(), 32, nullptr), MODULE_BAD_ARGUMENT);
-    EXPECT_EQ(position, kUntouchedU);
-    EXPECT_EQ(number, kUntouched);
+    EXPECT_EQ(position, UNTOUCHED_U);
+    EXPECT_EQ(number, UNTOUCHED);
 }
 
 TEST_F(ArgumentsTest, NullPixelsAndImpossibleSizesAreRefused) {
@@ -208,7 +208,7 @@ TEST_F(ArgumentsTest, ARefusedScrollGivesTheAmountZero) {
     open(document, "rows=10\n");
     EXPECT_EQ(word.wtg_scroll_down(document.get(), 1, 1, &number), MODULE_BAD_ARGUMENT);
     EXPECT_EQ(number, 0);
-    number = kUntouched;
+    number = UNTOUCHED;
     EXPECT_EQ(word.wtg_scroll_up(document.get(), 0, -1, &number), MODULE_BAD_ARGUMENT);
     EXPECT_EQ(number, 0);
 }
@@ -242,7 +242,7 @@ TEST_F(ArgumentsTest, ALostDocumentAnswersEveryCallAndTouchesNothing) {
     open(document, "scroll=crash\n");
     EXPECT_EQ(word.wtg_scroll_down(document.get(), 0, 1, &number), MODULE_ENGINE_LOST);
     EXPECT_EQ(number, 0);
-    number = kUntouched;
+    number = UNTOUCHED;
     expectAllRefuse(document.get(), MODULE_ENGINE_LOST);
 }
 

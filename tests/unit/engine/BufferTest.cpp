@@ -9,9 +9,9 @@
 namespace lectern::test {
 namespace {
 
-constexpr std::int32_t kWidth = 4;
-constexpr std::int32_t kHeight = 100;
-constexpr std::uint32_t kWhite = 0xFFFFFFFF;
+constexpr std::int32_t WIDTH = 4;
+constexpr std::int32_t HEIGHT = 100;
+constexpr std::uint32_t WHITE = 0xFFFFFFFF;
 
 class BufferTest : public EngineTest {
 protected:
@@ -22,8 +22,8 @@ protected:
     // The buffer shows rows from `top` on, those past `end` white.
     static void expectRows(const std::vector<std::uint32_t>& pixels, std::uint32_t top, std::uint32_t end) {
         for (std::size_t i = 0; i < pixels.size(); i++) {
-            const std::uint32_t row = top + static_cast<std::uint32_t>(i) / kWidth;
-            ASSERT_EQ(pixels[i], row < end ? colorOfRow(row) : kWhite) << "pixel " << i;
+            const std::uint32_t row = top + static_cast<std::uint32_t>(i) / WIDTH;
+            ASSERT_EQ(pixels[i], row < end ? colorOfRow(row) : WHITE) << "pixel " << i;
         }
     }
 
@@ -43,11 +43,11 @@ protected:
 
 TEST_F(BufferTest, ShowsTheStretchOnceItIsLaidOut) {
     open(document, "rows=250\n");
-    show(document, pixels, kWidth, kHeight);
+    show(document, pixels, WIDTH, HEIGHT);
     expectRows(pixels, 0, 250);
     std::int32_t rows = 0;
     EXPECT_EQ(word.wtg_get_vertical_last_used_pixel(document.get(), 0, &rows), MODULE_OK);
-    EXPECT_EQ(rows, kHeight);
+    EXPECT_EQ(rows, HEIGHT);
     std::uint32_t position = 0;
     EXPECT_EQ(word.wtg_get_bottom_right_character(document.get(), 0, &position), MODULE_OK);
     EXPECT_EQ(position, 1000u);
@@ -55,7 +55,7 @@ TEST_F(BufferTest, ShowsTheStretchOnceItIsLaidOut) {
 
 TEST_F(BufferTest, FollowsScrolls) {
     open(document, "rows=250\n");
-    show(document, pixels, kWidth, kHeight);
+    show(document, pixels, WIDTH, HEIGHT);
     EXPECT_EQ(word.wtg_scroll_down(document.get(), 0, 30, &scrolled), MODULE_OK);
     EXPECT_EQ(scrolled, 30);
     expectRows(pixels, 30, 250);
@@ -66,7 +66,7 @@ TEST_F(BufferTest, FollowsScrolls) {
 
 TEST_F(BufferTest, ScrollsPastTheEndIntoWhiteAndThenNoFurther) {
     open(document, "rows=250\n");
-    show(document, pixels, kWidth, kHeight);
+    show(document, pixels, WIDTH, HEIGHT);
     EXPECT_EQ(word.wtg_scroll_down(document.get(), 0, 200, &scrolled), MODULE_OK);
     EXPECT_EQ(scrolled, 200);
     expectRows(pixels, 200, 250);
@@ -79,7 +79,7 @@ TEST_F(BufferTest, ScrollsPastTheEndIntoWhiteAndThenNoFurther) {
 
 TEST_F(BufferTest, FollowsJumps) {
     open(document, "rows=250\n");
-    show(document, pixels, kWidth, kHeight);
+    show(document, pixels, WIDTH, HEIGHT);
     EXPECT_EQ(word.wtg_jump_to_character(document.get(), 0, 605), MODULE_OK);
     expectRows(pixels, 60, 250);
     EXPECT_EQ(word.wtg_jump_to_character(document.get(), 0, 2500), MODULE_BAD_ARGUMENT);
@@ -89,10 +89,10 @@ TEST_F(BufferTest, FollowsJumps) {
 
 TEST_F(BufferTest, ANewBufferOfTheSameSizeShowsTheStretchAtOnce) {
     open(document, "rows=250\n");
-    show(document, pixels, kWidth, kHeight);
+    show(document, pixels, WIDTH, HEIGHT);
     ASSERT_EQ(word.wtg_scroll_down(document.get(), 0, 30, &scrolled), MODULE_OK);
     std::vector<std::uint32_t> other(pixels.size(), 7);
-    EXPECT_EQ(word.wtg_set_offscreen_buffer(document.get(), 0, other.data(), kWidth, kHeight), MODULE_OK);
+    EXPECT_EQ(word.wtg_set_offscreen_buffer(document.get(), 0, other.data(), WIDTH, HEIGHT), MODULE_OK);
     expectRows(other, 30, 250);
 
     // Only the last one given is written to.
@@ -104,7 +104,7 @@ TEST_F(BufferTest, ANewBufferOfTheSameSizeShowsTheStretchAtOnce) {
 
 TEST_F(BufferTest, PointingElsewhereAndBackLaysNothingOut) {
     open(document, "rows=250\n");
-    show(document, pixels, kWidth, kHeight);
+    show(document, pixels, WIDTH, HEIGHT);
     ASSERT_EQ(word.wtg_scroll_down(document.get(), 0, 30, &scrolled), MODULE_OK);
     EXPECT_EQ(layouts(document), u"1");
 
@@ -112,7 +112,7 @@ TEST_F(BufferTest, PointingElsewhereAndBackLaysNothingOut) {
     EXPECT_EQ(word.wtg_set_offscreen_buffer(document.get(), 0, elsewhere.data(), 3, 10), MODULE_OK);
     EXPECT_EQ(std::count(elsewhere.begin(), elsewhere.end(), 7u), 30);
     std::fill(pixels.begin(), pixels.end(), 0u);
-    EXPECT_EQ(word.wtg_set_offscreen_buffer(document.get(), 0, pixels.data(), kWidth, kHeight), MODULE_OK);
+    EXPECT_EQ(word.wtg_set_offscreen_buffer(document.get(), 0, pixels.data(), WIDTH, HEIGHT), MODULE_OK);
     expectRows(pixels, 30, 250);
     std::uint32_t position = 0;
     EXPECT_EQ(word.wtg_get_top_left_character(document.get(), 0, &position), MODULE_OK);
@@ -122,7 +122,7 @@ TEST_F(BufferTest, PointingElsewhereAndBackLaysNothingOut) {
 
 TEST_F(BufferTest, ANewSizeAndDpiTogetherLayOutOnce) {
     open(document, "rows=250\n");
-    show(document, pixels, kWidth, kHeight);
+    show(document, pixels, WIDTH, HEIGHT);
     std::vector<std::uint32_t> wide(static_cast<std::size_t>(8) * 60, 7);
     EXPECT_EQ(word.wtg_set_offscreen_buffer(document.get(), 0, wide.data(), 8, 60), MODULE_OK);
     EXPECT_EQ(word.wtg_set_dpi(document.get(), 144), MODULE_OK);
@@ -140,7 +140,7 @@ TEST_F(BufferTest, ANewSizeAndDpiTogetherLayOutOnce) {
 
 TEST_F(BufferTest, ARefusedBufferLeavesTheOneBeforeInPlace) {
     open(document, "rows=250\n");
-    show(document, pixels, kWidth, kHeight);
+    show(document, pixels, WIDTH, HEIGHT);
     std::uint32_t other[1] = {7};
     EXPECT_EQ(word.wtg_set_offscreen_buffer(document.get(), 0, other, 1 << 20, 1 << 20), MODULE_TOO_LARGE);
     EXPECT_EQ(word.wtg_scroll_down(document.get(), 0, 30, &scrolled), MODULE_OK);
@@ -165,7 +165,7 @@ TEST_F(BufferTest, LayoutQuestionsWithoutABufferFail) {
 
 TEST_F(BufferTest, NumbersThatCannotBeAreNotPassedOn) {
     open(document, "lie=\nrows=250\n");
-    show(document, pixels, kWidth, kHeight);
+    show(document, pixels, WIDTH, HEIGHT);
     std::int32_t rows = 42;
     EXPECT_EQ(word.wtg_get_vertical_last_used_pixel(document.get(), 0, &rows), MODULE_FAILED);
     EXPECT_EQ(rows, 42);
@@ -177,7 +177,7 @@ TEST_F(BufferTest, NumbersThatCannotBeAreNotPassedOn) {
 
 TEST_F(BufferTest, ALostEngineLeavesTheLastPicture) {
     open(document, "rows=250\nscroll=crash\n");
-    show(document, pixels, kWidth, kHeight);
+    show(document, pixels, WIDTH, HEIGHT);
     EXPECT_EQ(word.wtg_scroll_down(document.get(), 0, 10, &scrolled), MODULE_ENGINE_LOST);
     expectRows(pixels, 0, 250);
 }

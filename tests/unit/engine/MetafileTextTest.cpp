@@ -137,7 +137,7 @@ TEST(MetafileText, WhatIsNotDrawnKeepsItsPlaceInTheText) {
 TEST(MetafileText, ParagraphsAreSeparated) {
     const DrawnText text =
         Metafile().font(9).text(0, 0, u"a", 0, 1).paragraph().text(0, 90, u"b", 0, 1).paragraph().read();
-    EXPECT_EQ(text.text, std::u16string(u"a") + paragraphSeparator + u"b");
+    EXPECT_EQ(text.text, std::u16string(u"a") + PARAGRAPH_SEPARATOR + u"b");
     EXPECT_EQ(text.boxes({0, 3}).size(), 2U);
 }
 

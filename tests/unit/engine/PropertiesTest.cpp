@@ -7,7 +7,7 @@ namespace lectern::test {
 namespace {
 
 // What the fake says: a pair of surrogates, one on its own among them.
-const std::u16string kDescription = std::u16string(u"\U0001F4C4 ") + char16_t{0xD800} + u"text \U0001F4C4";
+const std::u16string DESCRIPTION = std::u16string(u"\U0001F4C4 ") + char16_t{0xD800} + u"text \U0001F4C4";
 
 class PropertiesTest : public EngineTest {
 protected:
@@ -61,17 +61,17 @@ TEST_F(PropertiesTest, ACapacityForLessThanATerminatorOnlyMeasures) {
 TEST_F(PropertiesTest, TextsAreCutBetweenWholeCharacters) {
     open(document, "rows=1\n");
     EXPECT_EQ(word.wtg_get_document_description(document.get(), text.data(), 64, &length), MODULE_OK);
-    EXPECT_EQ(textOf(text), kDescription);
+    EXPECT_EQ(textOf(text), DESCRIPTION);
     EXPECT_EQ(length, 11);
     // One unit for the text: half of its first character.
     EXPECT_EQ(word.wtg_get_document_description(document.get(), text.data(), 4, &length), MODULE_OK);
     EXPECT_EQ(textOf(text), u"");
     // All but the last unit.
     EXPECT_EQ(word.wtg_get_document_description(document.get(), text.data(), 22, &length), MODULE_OK);
-    EXPECT_EQ(textOf(text), kDescription.substr(0, 9));
+    EXPECT_EQ(textOf(text), DESCRIPTION.substr(0, 9));
     // A unit that is no half of anything is no reason to cut earlier.
     EXPECT_EQ(word.wtg_get_document_description(document.get(), text.data(), 10, &length), MODULE_OK);
-    EXPECT_EQ(textOf(text), kDescription.substr(0, 4));
+    EXPECT_EQ(textOf(text), DESCRIPTION.substr(0, 4));
     EXPECT_EQ(length, 11);
 }
 

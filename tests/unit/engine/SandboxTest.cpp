@@ -79,13 +79,13 @@ TEST_F(SandboxTest, PrivilegesAndDumpsAreGone) {
     std::ifstream status(process + "/status");
     std::string line;
     std::string found;
-    constexpr std::uint64_t kReadFiles = std::uint64_t{1} << 2; // CAP_DAC_READ_SEARCH
+    constexpr std::uint64_t READ_FILES = std::uint64_t{1} << 2; // CAP_DAC_READ_SEARCH
     while (std::getline(status, line)) {
         if (line == "NoNewPrivs:\t1" || line == "Seccomp:\t2") {
             found += line + ";";
         }
         if (line.rfind("CapEff:", 0) == 0) {
-            EXPECT_EQ(std::stoull(line.substr(7), nullptr, 16) & ~kReadFiles, 0u);
+            EXPECT_EQ(std::stoull(line.substr(7), nullptr, 16) & ~READ_FILES, 0u);
         }
     }
     EXPECT_EQ(found, "NoNewPrivs:\t1;Seccomp:\t2;");

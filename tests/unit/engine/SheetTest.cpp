@@ -9,7 +9,7 @@
 namespace lectern::test {
 namespace {
 
-constexpr std::int32_t kUntouched = 0x5A5A5A5A;
+constexpr std::int32_t UNTOUCHED = 0x5A5A5A5A;
 
 class SheetTest : public EngineTest {
 protected:
@@ -20,10 +20,10 @@ protected:
     void expectAllAnswer(void* doc, std::int32_t code);
 
     const STGFunc& stg = sheetModule();
-    std::int32_t a = kUntouched;
-    std::int32_t b = kUntouched;
-    std::int32_t c = kUntouched;
-    std::int32_t d = kUntouched;
+    std::int32_t a = UNTOUCHED;
+    std::int32_t b = UNTOUCHED;
+    std::int32_t c = UNTOUCHED;
+    std::int32_t d = UNTOUCHED;
     std::uint32_t pixels[64 * 64] = {};
     std::vector<std::uint16_t> text = std::vector<std::uint16_t>(16, 0x5A5A);
 };
@@ -63,7 +63,7 @@ void SheetTest::expectAllAnswer(void* doc, std::int32_t code) {
     EXPECT_EQ(stg.stg_unhide_columns(doc, 0, 0, 0), code);
     EXPECT_EQ(stg.stg_unhide_rows(doc, 0, 0, 0), code);
     EXPECT_EQ(stg.stg_get_cell_reference_at_location(doc, 0, 0, 0, &a, &b), code);
-    EXPECT_EQ(std::vector({a, b, c, d}), std::vector(4, kUntouched));
+    EXPECT_EQ(std::vector({a, b, c, d}), std::vector(4, UNTOUCHED));
     EXPECT_EQ(text, std::vector<std::uint16_t>(16, 0x5A5A));
     const stg_region* regions = reinterpret_cast<const stg_region*>(pixels);
     EXPECT_EQ(stg.stg_get_found_regions(doc, &a, &regions), code);
@@ -72,7 +72,7 @@ void SheetTest::expectAllAnswer(void* doc, std::int32_t code) {
 }
 
 TEST_F(SheetTest, EveryFunctionSurvivesANullDocument) {
-    a = kUntouched;
+    a = UNTOUCHED;
     const stg_region* regions = nullptr;
     EXPECT_EQ(stg.stg_close_file(nullptr), MODULE_BAD_ARGUMENT);
     expectAllAnswer(nullptr, MODULE_BAD_ARGUMENT);
@@ -96,7 +96,7 @@ TEST_F(SheetTest, PlacesThatCannotBeAreRefused) {
     EXPECT_EQ(stg.stg_get_sheet_title(workbook.get(), 0, nullptr, 4, &a), MODULE_BAD_ARGUMENT);
     EXPECT_EQ(stg.stg_copy_selection(workbook.get(), text.data(), 16, -1, &a), MODULE_BAD_ARGUMENT);
     EXPECT_EQ(stg.stg_get_sheet_dimensions(workbook.get(), 2, &a, &b), MODULE_BAD_ARGUMENT);
-    EXPECT_EQ(a, kUntouched);
+    EXPECT_EQ(a, UNTOUCHED);
 }
 
 TEST_F(SheetTest, RenderingFillsAllThreeBuffersAndNothingBeforeIt) {
@@ -171,7 +171,7 @@ TEST_F(SheetTest, AHeaderCornerThatCannotBeIsNotBelieved) {
     WorkbookHandle workbook;
     openSheets(workbook, "lie=yes\n");
     EXPECT_EQ(stg.stg_cell_bounds(workbook.get(), 0, -1, -1, &a, &b, &c, &d), MODULE_FAILED);
-    EXPECT_EQ(a, kUntouched);
+    EXPECT_EQ(a, UNTOUCHED);
 }
 
 TEST_F(SheetTest, AnEngineThatHangsCostsItsWorkbookAlone) {

@@ -22,20 +22,20 @@ double since(Clock::time_point start) {
 }
 
 void drive(Document& document, const char* path) {
-    constexpr std::int32_t kWidth = 320;
-    constexpr std::int32_t kHeight = 1562;
+    constexpr std::int32_t WIDTH = 320;
+    constexpr std::int32_t HEIGHT = 1562;
     const std::filesystem::path temporary = std::filesystem::temp_directory_path();
 
     const auto start = Clock::now();
     const std::int32_t opened = document.open(path, temporary);
     const double open = since(start);
-    std::vector<std::uint32_t> pixels(static_cast<std::size_t>(kWidth) * kHeight);
+    std::vector<std::uint32_t> pixels(static_cast<std::size_t>(WIDTH) * HEIGHT);
     std::uint32_t scratch = 0;
     std::uint32_t characters = 0;
     std::int32_t rows = 0;
     std::int32_t laidOut = MODULE_FAILED;
     if (opened == MODULE_OK) {
-        wordModule().wtg_set_offscreen_buffer(document.get(), 0, pixels.data(), kWidth, kHeight);
+        wordModule().wtg_set_offscreen_buffer(document.get(), 0, pixels.data(), WIDTH, HEIGHT);
         wordModule().wtg_set_dpi(document.get(), 72);
         laidOut = wordModule().wtg_get_vertical_last_used_pixel(document.get(), 0, &rows);
         wordModule().wtg_get_character_count(document.get(), 0, &scratch, &characters);

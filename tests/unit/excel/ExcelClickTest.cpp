@@ -4,7 +4,7 @@
 
 namespace {
 
-const std::string selectionColour = "stg_set_highlight_color(255, 245, 104)";
+const std::string SELECTION_COLOUR = "stg_set_highlight_color(255, 245, 104)";
 
 class ExcelClickTest : public ExcelTest {
 protected:
@@ -32,8 +32,8 @@ protected:
 TEST_F(ExcelClickTest, TapOnAColumnHeaderSelectsTheColumn) {
     const auto view = openAt(100, 50);
     EXPECT_TRUE(view->handleClick(90, 29));
-    EXPECT_THAT(calls(),
-                ElementsAre("stg_cell_bounds(0, 135, 0)", selectionColour, "stg_select_column(0, 130, 130)"));
+    EXPECT_THAT(calls(), ElementsAre("stg_cell_bounds(0, 135, 0)", SELECTION_COLOUR,
+                                     "stg_select_column(0, 130, 130)"));
     EXPECT_EQ(view->mSelection, CpRect(130, 0, 130, 0));
     EXPECT_TRUE(view->mSelectionActive);
     EXPECT_TRUE(view->mOffscreenDirty);
@@ -46,7 +46,7 @@ TEST_F(ExcelClickTest, TapOnARowHeaderSelectsTheRow) {
     const auto view = openAt(100, 50);
     EXPECT_TRUE(view->handleClick(59, 110));
     EXPECT_THAT(calls(),
-                ElementsAre("stg_cell_bounds(0, 0, 135)", selectionColour, "stg_select_row(0, 130, 130)"));
+                ElementsAre("stg_cell_bounds(0, 0, 135)", SELECTION_COLOUR, "stg_select_row(0, 130, 130)"));
     EXPECT_EQ(view->mSelection, CpRect(0, 130, 0, 130));
     EXPECT_TRUE(view->mOffscreenDirty);
     EXPECT_THAT(notifications(*view), ElementsAre(_TRACKS_SELECTED, _INVALIDATED));

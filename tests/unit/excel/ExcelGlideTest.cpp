@@ -6,7 +6,7 @@ namespace {
 
 class ExcelGlideTest : public ExcelTest {
 protected:
-    static constexpr const char* sizing = "stg_set_offscreen_buffer(0, 1500, 1500)";
+    static constexpr const char* SIZING = "stg_set_offscreen_buffer(0, 1500, 1500)";
 
     TestClock clock;
 };
@@ -58,7 +58,7 @@ TEST_F(ExcelGlideTest, ComingToRestMovesTheWindowAndSizes) {
     EXPECT_FALSE(view->tick());
     EXPECT_EQ(view->mScroll, CpPoint(1000, 2430));
     EXPECT_EQ(window(*view), CpRect(410, 1920, 1910, 3420));
-    EXPECT_EQ(calls().front(), sizing);
+    EXPECT_EQ(calls().front(), SIZING);
     EXPECT_TRUE(view->mOffscreenDirty);
     EXPECT_THAT(notifications(*view), ElementsAre(_INVALIDATED)) << "the last step is shown too";
 }
@@ -79,7 +79,7 @@ TEST_F(ExcelGlideTest, CornerStopsTheGlide) {
     clock.advance(0.7);
     EXPECT_FALSE(view->tick());
     EXPECT_EQ(view->mScroll, CpPoint(3740, 7550));
-    EXPECT_EQ(calls().front(), sizing);
+    EXPECT_EQ(calls().front(), SIZING);
 }
 
 TEST_F(ExcelGlideTest, OneEdgeLetsItGoOnAlongTheOther) {
@@ -120,7 +120,7 @@ TEST_F(ExcelGlideTest, PenDownStopsItAndMovesTheWindow) {
     EXPECT_TRUE(view->handlePenDown(100, 100));
     EXPECT_FALSE(view->mScroller.isMoving());
     EXPECT_TRUE(view->mTapStoppedScroll);
-    EXPECT_EQ(calls().front(), sizing);
+    EXPECT_EQ(calls().front(), SIZING);
     EXPECT_TRUE(view->mOffscreenDirty);
     EXPECT_EQ(window(*view).Top(), view->mScroll.y - 750 + 240);
 }

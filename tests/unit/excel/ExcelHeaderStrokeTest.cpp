@@ -4,10 +4,10 @@
 
 namespace {
 
-const std::string selectionColour = "stg_set_highlight_color(255, 245, 104)";
-const std::string marksAsked = "stg_get_comment_marks_rects(0)";
-constexpr uint32_t wiped = 0xFFCCCCCC;
-constexpr uint32_t guide = 0x88000000;
+const std::string SELECTION_COLOUR = "stg_set_highlight_color(255, 245, 104)";
+const std::string MARKS_ASKED = "stg_get_comment_marks_rects(0)";
+constexpr uint32_t WIPED = 0xFFCCCCCC;
+constexpr uint32_t GUIDE = 0x88000000;
 
 class ExcelHeaderStrokeTest : public ExcelTest {
 protected:
@@ -35,8 +35,8 @@ protected:
 TEST_F(ExcelHeaderStrokeTest, StrokeOverColumnsSelectsThem) {
     const auto view = openAt(100, 50);
     stroke(*view, {70, 10}, {200, 25});
-    EXPECT_THAT(calls(),
-                ElementsAre("stg_cell_bounds(0, 110, 0)", selectionColour, "stg_select_column(0, 110, 240)"));
+    EXPECT_THAT(calls(), ElementsAre("stg_cell_bounds(0, 110, 0)", SELECTION_COLOUR,
+                                     "stg_select_column(0, 110, 240)"));
     EXPECT_EQ(view->mSelection, CpRect(110, 0, 240, 0));
     EXPECT_TRUE(view->mSelectionActive);
     EXPECT_TRUE(view->mOffscreenDirty);
@@ -67,7 +67,7 @@ TEST_F(ExcelHeaderStrokeTest, StrokeOverRowsSelectsThem) {
     const auto view = openAt(100, 50);
     stroke(*view, {10, 100}, {55, 200});
     EXPECT_THAT(calls(),
-                ElementsAre("stg_cell_bounds(0, 0, 120)", selectionColour, "stg_select_row(0, 120, 220)"));
+                ElementsAre("stg_cell_bounds(0, 0, 120)", SELECTION_COLOUR, "stg_select_row(0, 120, 220)"));
     EXPECT_EQ(view->mSelection, CpRect(0, 120, 0, 220));
     EXPECT_TRUE(view->mSelectionActive);
     EXPECT_TRUE(view->mOffscreenDirty);
@@ -129,7 +129,7 @@ TEST_F(ExcelHeaderStrokeTest, BorderBehindTheMiddleResizesTheColumnItself) {
     const auto view = openAt(0, 0, true);
     stroke(*view, {200, 10}, {230, 300}); // 140 in the column from 80 to 160
     EXPECT_THAT(calls(),
-                ElementsAre("stg_cell_bounds(0, 140, 0)", "stg_resize_column(0, 140, 30)", marksAsked));
+                ElementsAre("stg_cell_bounds(0, 140, 0)", "stg_resize_column(0, 140, 30)", MARKS_ASKED));
     EXPECT_TRUE(view->mOffscreenDirty);
     EXPECT_FALSE(anyFlag(*view));
     EXPECT_FALSE(view->mSelectionActive);
@@ -140,7 +140,7 @@ TEST_F(ExcelHeaderStrokeTest, BorderBeforeTheMiddleResizesTheOneBefore) {
     const auto view = openAt(0, 0, true);
     stroke(*view, {150, 10}, {130, 10}); // 90
     EXPECT_THAT(calls(),
-                ElementsAre("stg_cell_bounds(0, 90, 0)", "stg_resize_column(0, 79, -20)", marksAsked));
+                ElementsAre("stg_cell_bounds(0, 90, 0)", "stg_resize_column(0, 79, -20)", MARKS_ASKED));
     stroke(*view, {179, 10}, {180, 10});
     EXPECT_EQ(calls().at(1), "stg_resize_column(0, 79, 1)");
     stroke(*view, {180, 10}, {181, 10}); // the middle itself
@@ -150,7 +150,8 @@ TEST_F(ExcelHeaderStrokeTest, BorderBeforeTheMiddleResizesTheOneBefore) {
 TEST_F(ExcelHeaderStrokeTest, RowsAreResizedLikewise) {
     const auto view = openAt(100, 50, true);
     stroke(*view, {10, 100}, {300, 140}); // 120, in the row from 120 to 160
-    EXPECT_THAT(calls(), ElementsAre("stg_cell_bounds(0, 0, 120)", "stg_resize_row(0, 119, 40)", marksAsked));
+    EXPECT_THAT(calls(),
+                ElementsAre("stg_cell_bounds(0, 0, 120)", "stg_resize_row(0, 119, 40)", MARKS_ASKED));
     EXPECT_THAT(notifications(*view), ElementsAre(_TRACK_RESIZED, _INVALIDATED));
     EXPECT_TRUE(view->mOffscreenDirty);
     stroke(*view, {10, 120}, {10, 119}); // 140
@@ -200,14 +201,14 @@ TEST_F(ExcelHeaderStrokeTest, GuideFollowsThePenInTheColumnHeaders) {
     view->handlePenMove(160, 20);
     EXPECT_EQ(view->mScroll, CpPoint(0, 0));
     for (const int y : {0, 15, 29}) {
-        EXPECT_EQ(pixelOf(strip, 90, y), blended(fakeColumnHeaderPixel(90, y), wiped));
-        EXPECT_EQ(pixelOf(strip, 100, y), blended(fakeColumnHeaderPixel(100, y), guide));
+        EXPECT_EQ(pixelOf(strip, 90, y), blended(fakeColumnHeaderPixel(90, y), WIPED));
+        EXPECT_EQ(pixelOf(strip, 100, y), blended(fakeColumnHeaderPixel(100, y), GUIDE));
         EXPECT_EQ(pixelOf(strip, 99, y), fakeColumnHeaderPixel(99, y));
     }
     view->handlePenUp(165, 20);
-    const uint32_t first = blended(fakeColumnHeaderPixel(100, 5), guide);
-    EXPECT_EQ(pixelOf(strip, 100, 5), blended(first, wiped));
-    EXPECT_EQ(pixelOf(strip, 105, 5), blended(fakeColumnHeaderPixel(105, 5), guide));
+    const uint32_t first = blended(fakeColumnHeaderPixel(100, 5), GUIDE);
+    EXPECT_EQ(pixelOf(strip, 100, 5), blended(first, WIPED));
+    EXPECT_EQ(pixelOf(strip, 105, 5), blended(fakeColumnHeaderPixel(105, 5), GUIDE));
     EXPECT_EQ(calls().at(1), "stg_resize_column(0, 79, 15)") << "from where it began";
 }
 
@@ -217,20 +218,20 @@ TEST_F(ExcelHeaderStrokeTest, GuideFollowsThePenInTheRowHeaders) {
     const CpPixmap& strip = *view->mRowHeaders;
     view->handlePenMove(20, 160);
     for (const int x : {0, 30, 59}) {
-        EXPECT_EQ(pixelOf(strip, x, 120), blended(fakeRowHeaderPixel(x, 120), wiped));
-        EXPECT_EQ(pixelOf(strip, x, 130), blended(fakeRowHeaderPixel(x, 130), guide));
+        EXPECT_EQ(pixelOf(strip, x, 120), blended(fakeRowHeaderPixel(x, 120), WIPED));
+        EXPECT_EQ(pixelOf(strip, x, 130), blended(fakeRowHeaderPixel(x, 130), GUIDE));
         EXPECT_EQ(pixelOf(strip, x, 129), fakeRowHeaderPixel(x, 129));
     }
     view->handlePenMove(20, 150);
-    const uint32_t first = blended(fakeRowHeaderPixel(5, 130), guide);
-    EXPECT_EQ(pixelOf(strip, 5, 130), blended(first, wiped));
+    const uint32_t first = blended(fakeRowHeaderPixel(5, 130), GUIDE);
+    EXPECT_EQ(pixelOf(strip, 5, 130), blended(first, WIPED));
 }
 
 TEST_F(ExcelHeaderStrokeTest, GuidePlacesAreTakenForPixelsOfTheStrip) {
     const auto view = openAt(1000, 2000, true); // the window begins at 410
     view->handlePenDown(150, 10);
     view->handlePenMove(160, 20);
-    EXPECT_EQ(pixelOf(*view->mColumnHeaders, 1100, 3), blended(fakeColumnHeaderPixel(410 + 1100, 3), guide));
+    EXPECT_EQ(pixelOf(*view->mColumnHeaders, 1100, 3), blended(fakeColumnHeaderPixel(410 + 1100, 3), GUIDE));
 }
 
 TEST_F(ExcelHeaderStrokeTest, FlagsAreHonouredWithoutThePenDown) {

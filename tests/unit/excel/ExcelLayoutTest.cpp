@@ -173,7 +173,7 @@ TEST_F(ExcelLayoutTest, SheetsUpToTheEndOfIntAreSurvived) {
     view->restAt(INT_MAX, INT_MAX);
     const Frame picture = paint(*view);
     EXPECT_EQ(view->mScroll, CpPoint(INT_MAX - 320 + 60, INT_MAX - 480 + 30));
-    EXPECT_EQ(picture.at(0, 0), cornerBox);
+    EXPECT_EQ(picture.at(0, 0), CORNER_BOX);
     view->handleDoubleClick(300, 470);
     paint(*view);
     view->handleGestureStart(1.0, 0.0);

@@ -48,8 +48,8 @@ TEST_F(ExcelPaintTest, GroundShowsWhereTheWindowEnds) {
     // 195 columns and 393 rows of the window are left, headers included.
     for (int row = 0; row < 480; ++row) {
         for (int column = 0; column < 320; ++column) {
-            const bool covered = (row < columnHeaderHeight || row < 393) && column < 195;
-            const bool box = row < columnHeaderHeight && column < rowHeaderWidth;
+            const bool covered = (row < COLUMN_HEADER_HEIGHT || row < 393) && column < 195;
+            const bool box = row < COLUMN_HEADER_HEIGHT && column < ROW_HEADER_WIDTH;
             const uint32_t expected =
                 covered || box ? sheetPixel(*view, column, row) : ground(1305 + column, 1107 + row);
             ASSERT_EQ(picture.at(column, row), expected) << column << ", " << row;
@@ -63,7 +63,7 @@ TEST_F(ExcelPaintTest, GroundScrollsWithTheSheet) {
                              CpPoint(-1, -1), CpPoint(-20, 5)}) {
         view->mScroll.set(at.x + 1600, at.y + 1600); // beside the window
         const Frame picture = draw(*view);
-        for (int row = columnHeaderHeight; row < 480; row += 7) {
+        for (int row = COLUMN_HEADER_HEIGHT; row < 480; row += 7) {
             for (int column = 0; column < 320; ++column) {
                 ASSERT_EQ(picture.at(column, row), ground(at.x + 1600 + column, at.y + 1600 + row));
             }
@@ -119,8 +119,8 @@ TEST_F(ExcelPaintTest, CornerBoxMovesWithASheetOffItsEdge) {
     const Frame picture = draw(*view);
     EXPECT_EQ(picture.at(39, 60), ground(-1, 10));
     EXPECT_EQ(picture.at(39, 50), ground(-1, 0));
-    EXPECT_EQ(picture.at(40, 50), cornerBox);
-    EXPECT_EQ(picture.at(99, 79), cornerBox);
+    EXPECT_EQ(picture.at(40, 50), CORNER_BOX);
+    EXPECT_EQ(picture.at(99, 79), CORNER_BOX);
     EXPECT_EQ(picture.at(40, 49), ground(0, -1));
     EXPECT_EQ(picture.at(100, 50), ground(60, 0)) << "the strip above the cells is at the top";
     EXPECT_EQ(picture.at(100, 0), fakeColumnHeaderPixel(0, 0));
@@ -145,8 +145,8 @@ TEST_F(ExcelPaintTest, BesideASmallSheetTheModulePaints) {
     const auto view = openView();
     const Frame picture = paint(*view);
     EXPECT_EQ(picture.at(60 + 159, 30 + 79), fakeCellPixel(159, 79));
-    EXPECT_EQ(picture.at(60 + 160, 30 + 79), fakeBesideSheet);
-    EXPECT_EQ(picture.at(60 + 160, 5), fakeBesideSheet);
+    EXPECT_EQ(picture.at(60 + 160, 30 + 79), FAKE_BESIDE_SHEET);
+    EXPECT_EQ(picture.at(60 + 160, 5), FAKE_BESIDE_SHEET);
 }
 
 TEST_F(ExcelPaintTest, ScreensLargerThanTheWindowHaveGroundAround) {
@@ -235,7 +235,7 @@ TEST_F(ExcelPaintTest, ResizeModeVeilsTheCellsOnly) {
     for (int row = 0; row < 480; row += 3) {
         for (int column = 0; column < 320; ++column) {
             const uint32_t plain = sheetPixel(*view, column, row);
-            const bool cells = column >= rowHeaderWidth && row >= columnHeaderHeight;
+            const bool cells = column >= ROW_HEADER_WIDTH && row >= COLUMN_HEADER_HEIGHT;
             ASSERT_EQ(picture.at(column, row), cells ? blended(plain, 0x77555555) : plain);
         }
     }

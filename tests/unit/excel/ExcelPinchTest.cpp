@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr uint32_t black = 0xFF000000;
+constexpr uint32_t BLACK = 0xFF000000;
 
 class ExcelPinchTest : public ExcelTest {
 protected:
@@ -106,7 +106,7 @@ TEST_F(ExcelPinchTest, ZoomingOutShowsTheLastFrameInTheMiddle) {
         for (int column = 0; column < 320; ++column) {
             const bool inside = column >= 80 && column < 240 && row >= 120 && row < 360;
             ASSERT_EQ(picture.at(column, row),
-                      inside ? before(*view, 2 * (column - 80), 2 * (row - 120)) : black)
+                      inside ? before(*view, 2 * (column - 80), 2 * (row - 120)) : BLACK)
                 << column << ", " << row;
         }
     }
@@ -119,9 +119,9 @@ TEST_F(ExcelPinchTest, ZoomingOutNearTheStartShiftsTowardsIt) {
     // Half of the shrunk view, 80 x 120, reaches past the edges by 50 x 20.
     const auto view = pinchedView(30, 100, 0.5);
     const Frame picture = paint(*view);
-    EXPECT_EQ(picture.at(80 - 25 - 1, 240), black);
+    EXPECT_EQ(picture.at(80 - 25 - 1, 240), BLACK);
     EXPECT_EQ(picture.at(80 - 25, 120 - 10), before(*view, 0, 0));
-    EXPECT_EQ(picture.at(160, 120 - 10 - 1), black);
+    EXPECT_EQ(picture.at(160, 120 - 10 - 1), BLACK);
     EXPECT_EQ(view->mGestureScroll, CpPoint(15 - 55, 50 - 110));
 }
 
@@ -129,9 +129,9 @@ TEST_F(ExcelPinchTest, ZoomingOutNearTheEndShiftsTowardsIt) {
     // 4000 - 3650 - 320 = 30 and 8000 - 7420 - 480 = 100 are left.
     const auto view = pinchedView(3650, 7420, 0.5);
     const Frame picture = paint(*view);
-    EXPECT_EQ(picture.at(80 + 25 - 1, 240), black);
+    EXPECT_EQ(picture.at(80 + 25 - 1, 240), BLACK);
     EXPECT_EQ(picture.at(80 + 25, 120 + 10), before(*view, 0, 0));
-    EXPECT_EQ(picture.at(160, 120 + 10 - 1), black);
+    EXPECT_EQ(picture.at(160, 120 + 10 - 1), BLACK);
     EXPECT_EQ(view->mGestureScroll, CpPoint(1825 - 105, 3710 - 130));
 }
 

@@ -4,9 +4,9 @@
 
 namespace {
 
-constexpr uint32_t red = 0x40FF0000;
-const std::string foundColour = "stg_set_highlight_color(128, 192, 255)";
-const std::string regionsAsked = "stg_get_found_regions()";
+constexpr uint32_t RED = 0x40FF0000;
+const std::string FOUND_COLOUR = "stg_set_highlight_color(128, 192, 255)";
+const std::string REGIONS_ASKED = "stg_get_found_regions()";
 
 class ExcelSearchTest : public ExcelTest {
 protected:
@@ -26,7 +26,7 @@ TEST_F(ExcelSearchTest, FindsOnTheSheetShown) {
     view->mCurrentSheet = 2;
     view->mOffscreenDirty = false;
     EXPECT_EQ(view->doSearch("Wort"), count(2));
-    EXPECT_THAT(calls(), ElementsAre(foundColour, "stg_find(\"Wort\", 2, 0, 2, 8000)", regionsAsked));
+    EXPECT_THAT(calls(), ElementsAre(FOUND_COLOUR, "stg_find(\"Wort\", 2, 0, 2, 8000)", REGIONS_ASKED));
     EXPECT_EQ(fakeSheet().highlightColor, (std::vector<uint8_t>{0x80, 0xC0, 0xFF}));
     EXPECT_EQ(view->mCurrentResult, 0);
     EXPECT_TRUE(view->mOffscreenDirty);
@@ -162,7 +162,7 @@ TEST_F(ExcelSearchTest, ZoomFetchesRegionsAgainAndCentresWithoutMovingTheWindow)
     const CpRect before = window(*view);
     view->mOffscreenDirty = false;
     EXPECT_EQ(view->ReinitSearchRects(), 0);
-    EXPECT_THAT(calls(), ElementsAre(regionsAsked));
+    EXPECT_THAT(calls(), ElementsAre(REGIONS_ASKED));
     EXPECT_TRUE(view->mOffscreenDirty);
     EXPECT_EQ(view->mCurrentResult, 1);
     EXPECT_EQ(view->mScroll, CpPoint(4040 - 120 - 160, 8020 - 240));
@@ -196,7 +196,7 @@ TEST_F(ExcelSearchTest, CurrentHitIsMarkedOnlyThere) {
         for (int column = 0; column < 320; ++column) {
             const bool marked = column >= 160 && column < 200 && row >= 130 && row < 150;
             const uint32_t plain = sheetPixel(*view, column, row);
-            ASSERT_EQ(picture.at(column, row), marked ? blended(plain, red) : plain) << column << ", " << row;
+            ASSERT_EQ(picture.at(column, row), marked ? blended(plain, RED) : plain) << column << ", " << row;
         }
     }
 }
@@ -209,7 +209,7 @@ TEST_F(ExcelSearchTest, MarkIsPlacedFromTheWindow) {
     view->mOffscreenDirty = true;
     const Frame picture = paint(*view);
     const auto isMarked = [&](int column, int row) {
-        return picture.at(column, row) == blended(sheetPixel(*view, column, row), red);
+        return picture.at(column, row) == blended(sheetPixel(*view, column, row), RED);
     };
     EXPECT_TRUE(isMarked(60 + 60 + 50, 30 + 100));
     EXPECT_FALSE(isMarked(60 + 60 + 50 - 1, 30 + 100));

@@ -40,13 +40,13 @@ inline std::ostream& operator<<(std::ostream& out, const CpRect& r) {
 
 class ExcelTest : public IpcTest {
 protected:
-    static constexpr int rowHeaderWidth = 60;
-    static constexpr int columnHeaderHeight = 30;
+    static constexpr int ROW_HEADER_WIDTH = 60;
+    static constexpr int COLUMN_HEADER_HEIGHT = 30;
 
     void SetUp() override {
         IpcTest::SetUp();
         fakeSheet().reset();
-        ASSERT_EQ(g_msgQueue.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId), 0);
+        ASSERT_EQ(g_msgQueue.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID), 0);
     }
     void TearDown() override { g_msgQueue.Remove(); }
 
@@ -100,19 +100,19 @@ protected:
     }
     // What is seen where there is no sheet: document pixels.
     static uint32_t ground(int x, int y) { return (x >> 4 & 1) == (y >> 4 & 1) ? 0xFFFEDCBA : 0xFFABCDEF; }
-    static constexpr uint32_t cornerBox = 0xFFFEFEFE; // white as the fill makes it
+    static constexpr uint32_t CORNER_BOX = 0xFFFEFEFE; // white as the fill makes it
 
     // A screen pixel of a view whose window covers it.
     static uint32_t sheetPixel(const TestExcel& view, int column, int row) {
-        const int x = view.mScroll.x + column - rowHeaderWidth;
-        const int y = view.mScroll.y + row - columnHeaderHeight;
-        if (column < rowHeaderWidth && row < columnHeaderHeight) {
-            return cornerBox;
+        const int x = view.mScroll.x + column - ROW_HEADER_WIDTH;
+        const int y = view.mScroll.y + row - COLUMN_HEADER_HEIGHT;
+        if (column < ROW_HEADER_WIDTH && row < COLUMN_HEADER_HEIGHT) {
+            return CORNER_BOX;
         }
-        if (row < columnHeaderHeight) {
+        if (row < COLUMN_HEADER_HEIGHT) {
             return fakeColumnHeaderPixel(x, row);
         }
-        return column < rowHeaderWidth ? fakeRowHeaderPixel(column, y) : fakeCellPixel(x, y);
+        return column < ROW_HEADER_WIDTH ? fakeRowHeaderPixel(column, y) : fakeCellPixel(x, y);
     }
     static void expectSheet(const TestExcel& view, const Frame& picture) {
         for (int row = 0; row < view.height(); ++row) {

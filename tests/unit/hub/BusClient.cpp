@@ -63,10 +63,10 @@ void PendingCall::finish(GObject* connection, GAsyncResult* result, gpointer sel
 }
 
 BusClient::BusClient(const std::string& address) {
-    constexpr auto flags = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+    constexpr auto FLAGS = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                                              G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
     mConnection.reset(
-        g_dbus_connection_new_for_address_sync(address.c_str(), flags, nullptr, nullptr, nullptr));
+        g_dbus_connection_new_for_address_sync(address.c_str(), FLAGS, nullptr, nullptr, nullptr));
 }
 
 Answer BusClient::call(const char* service, const char* path, const char* interface, const char* method,

@@ -7,8 +7,8 @@
 
 namespace {
 
-constexpr const char* kInterface = "com.kestrel.hubtest.events";
-constexpr const char* kInvalidArguments = "org.freedesktop.DBus.Error.InvalidArgs";
+constexpr const char* INTERFACE = "com.kestrel.hubtest.events";
+constexpr const char* INVALID_ARGUMENTS = "org.freedesktop.DBus.Error.InvalidArgs";
 
 class Call : public HubFixture {
 protected:
@@ -19,7 +19,7 @@ protected:
     }
 
     Answer callAt(const char* path, const char* interface, const char* method, GVariant* parameters) const {
-        return mClient.call(kService, path, interface, method, parameters);
+        return mClient.call(SERVICE, path, interface, method, parameters);
     }
 
     Answer replyTo(const std::string& rawReply) const {
@@ -30,7 +30,7 @@ protected:
     // Calls without asking for a reply.
     void post(const char* method) const {
         const hub::ObjectPtr<GDBusMessage> message(
-            g_dbus_message_new_method_call(kService, "/events", kInterface, method));
+            g_dbus_message_new_method_call(SERVICE, "/events", INTERFACE, method));
         g_dbus_message_set_body(message.get(), g_variant_new("(s)", "posted"));
         g_dbus_message_set_flags(message.get(), G_DBUS_MESSAGE_FLAGS_NO_REPLY_EXPECTED);
         g_dbus_connection_send_message(mClient.connection(), message.get(), G_DBUS_SEND_MESSAGE_FLAGS_NONE,
@@ -60,7 +60,7 @@ TEST_F(Call, MegabytePayloadCrossesUnchanged) {
 
 TEST_F(Call, HandledWithoutReplyEndsAtOnceWithNoReply) {
     const Answer answer = call("silent", "x");
-    EXPECT_EQ(answer.error, kNoReply);
+    EXPECT_EQ(answer.error, NO_REPLY);
     EXPECT_EQ(answer.text, "silent sends no reply");
     EXPECT_EQ(gRecord.payloads, std::vector<std::string>{"x"});
 }
@@ -110,12 +110,12 @@ TEST_F(Call, RepliesWithoutTextHandleOrMessageFailAndLeaveTheCallOpen) {
 }
 
 TEST_F(Call, BurstIsServedAndAnsweredInOrder) {
-    constexpr int count = 500;
+    constexpr int COUNT = 500;
     std::deque<PendingCall> calls;
     std::vector<std::string> sent;
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < COUNT; ++i) {
         sent.push_back(std::to_string(i));
-        calls.emplace_back(mClient.connection(), kService, "/events", kInterface, "echo",
+        calls.emplace_back(mClient.connection(), SERVICE, "/events", INTERFACE, "echo",
                            g_variant_new("(s)", sent.back().c_str()));
     }
     for (size_t i = 0; i < sent.size(); ++i)
@@ -128,8 +128,8 @@ TEST_F(Call, BurstAcrossCategoriesKeepsItsOrder) {
     std::vector<std::string> sent;
     for (int i = 0; i < 100; ++i) {
         sent.push_back(std::to_string(i));
-        calls.emplace_back(mClient.connection(), kService, i % 2 == 0 ? "/events" : "/common",
-                           i % 2 == 0 ? kInterface : "com.kestrel.hubtest.common", "echo",
+        calls.emplace_back(mClient.connection(), SERVICE, i % 2 == 0 ? "/events" : "/common",
+                           i % 2 == 0 ? INTERFACE : "com.kestrel.hubtest.common", "echo",
                            g_variant_new("(s)", sent.back().c_str()));
     }
     for (PendingCall& pending : calls)
@@ -138,26 +138,25 @@ TEST_F(Call, BurstAcrossCategoriesKeepsItsOrder) {
 }
 
 TEST_F(Call, UnknownMethodIsAnError) {
-    EXPECT_EQ(call("missing", "x").error, kUnknownMethod);
-    EXPECT_EQ(call("Echo", "x").error, kUnknownMethod) << "names are case-sensitive";
+    EXPECT_EQ(call("missing", "x").error, UNKNOWN_METHOD);
+    EXPECT_EQ(call("Echo", "x").error, UNKNOWN_METHOD) << "names are case-sensitive";
     EXPECT_TRUE(gRecord.payloads.empty());
 }
 
 TEST_F(Call, UnknownInterfaceIsAnError) {
     EXPECT_EQ(callAt("/events", "com.kestrel.other", "echo", g_variant_new("(s)", "x")).error,
-              kUnknownMethod);
+              UNKNOWN_METHOD);
 }
 
 TEST_F(Call, UnknownObjectIsAnError) {
-    EXPECT_EQ(callAt("/nowhere", kInterface, "echo", g_variant_new("(s)", "x")).error, kUnknownMethod);
+    EXPECT_EQ(callAt("/nowhere", INTERFACE, "echo", g_variant_new("(s)", "x")).error, UNKNOWN_METHOD);
 }
 
 TEST_F(Call, WrongSignaturesAreErrors) {
-    EXPECT_EQ(callAt("/events", kInterface, "echo", g_variant_new("()")).error, kInvalidArguments);
-    EXPECT_EQ(callAt("/events", kInterface, "echo", g_variant_new("(i)", 5)).error, kInvalidArguments);
-    EXPECT_EQ(callAt("/events", kInterface, "echo", g_variant_new("(ss)", "a", "b")).error,
-              kInvalidArguments);
-    EXPECT_EQ(callAt("/events", kInterface, "echo", g_variant_new("(o)", "/")).error, kInvalidArguments);
+    EXPECT_EQ(callAt("/events", INTERFACE, "echo", g_variant_new("()")).error, INVALID_ARGUMENTS);
+    EXPECT_EQ(callAt("/events", INTERFACE, "echo", g_variant_new("(i)", 5)).error, INVALID_ARGUMENTS);
+    EXPECT_EQ(callAt("/events", INTERFACE, "echo", g_variant_new("(ss)", "a", "b")).error, INVALID_ARGUMENTS);
+    EXPECT_EQ(callAt("/events", INTERFACE, "echo", g_variant_new("(o)", "/")).error, INVALID_ARGUMENTS);
     EXPECT_TRUE(gRecord.payloads.empty());
 }
 

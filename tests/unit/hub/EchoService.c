@@ -23,7 +23,7 @@ static gboolean giveUp(gpointer data) {
     _exit(2);
 }
 
-static const HubMethod kMethods[] = {{"echo", echo, 0}, {"last", last, 0}, {NULL, NULL, 0}};
+static const HubMethod METHODS[] = {{"echo", echo, 0}, {"last", last, 0}, {NULL, NULL, 0}};
 
 int main(void) {
     HubError error;
@@ -31,7 +31,7 @@ int main(void) {
     HubErrorInit(&error);
     gLoop = g_main_loop_new(NULL, FALSE);
     const bool ready = HubRegister("com.kestrel.hubtest", &handle, &error) &&
-                       HubRegisterCategory(handle, "/events", kMethods, NULL, NULL, &error) &&
+                       HubRegisterCategory(handle, "/events", METHODS, NULL, NULL, &error) &&
                        HubGmainAttach(handle, gLoop, &error);
     g_timeout_add_seconds(20, giveUp, NULL);
     if (ready)

@@ -60,7 +60,7 @@ bool badReplies(HubHandle* handle, HubMessage* message, void*) {
 
 } // namespace
 
-const HubMethod kEventMethods[] = {{"echo", echo, 0},
+const HubMethod EVENT_METHODS[] = {{"echo", echo, 0},
                                    {"silent", silent, 0},
                                    {"refuse", refuse, 0},
                                    {"raw", raw, 0},
@@ -69,7 +69,7 @@ const HubMethod kEventMethods[] = {{"echo", echo, 0},
                                    {"badReplies", badReplies, 0},
                                    {nullptr, nullptr, 0}};
 
-const HubMethod kCommonMethods[] = {{"echo", echo, 0}, {nullptr, nullptr, 0}};
+const HubMethod COMMON_METHODS[] = {{"echo", echo, 0}, {nullptr, nullptr, 0}};
 
 HubFixture::HubFixture() : mClient(mBus.address()), mLoop(g_main_loop_new(nullptr, FALSE)) {
     gRecord = Record();
@@ -90,10 +90,10 @@ void HubFixture::SetUp() {
 }
 
 void HubFixture::registerService() {
-    ASSERT_TRUE(HubRegister(kService, &mHandle, mError.get())) << mError.text();
-    ASSERT_TRUE(HubRegisterCategory(mHandle, "/events", kEventMethods, nullptr, nullptr, mError.get()))
+    ASSERT_TRUE(HubRegister(SERVICE, &mHandle, mError.get())) << mError.text();
+    ASSERT_TRUE(HubRegisterCategory(mHandle, "/events", EVENT_METHODS, nullptr, nullptr, mError.get()))
         << mError.text();
-    ASSERT_TRUE(HubRegisterCategory(mHandle, "/common", kCommonMethods, nullptr, nullptr, mError.get()))
+    ASSERT_TRUE(HubRegisterCategory(mHandle, "/common", COMMON_METHODS, nullptr, nullptr, mError.get()))
         << mError.text();
 }
 
@@ -103,6 +103,6 @@ void HubFixture::attachService() {
 }
 
 Answer HubFixture::call(const char* method, const std::string& payload) const {
-    return mClient.call(kService, "/events", "com.kestrel.hubtest.events", method,
+    return mClient.call(SERVICE, "/events", "com.kestrel.hubtest.events", method,
                         g_variant_new("(s)", payload.c_str()));
 }

@@ -11,9 +11,9 @@
 #include <string>
 #include <vector>
 
-inline constexpr const char* kService = "com.kestrel.hubtest";
-inline constexpr const char* kNoReply = "org.freedesktop.DBus.Error.NoReply";
-inline constexpr const char* kUnknownMethod = "org.freedesktop.DBus.Error.UnknownMethod";
+inline constexpr const char* SERVICE = "com.kestrel.hubtest";
+inline constexpr const char* NO_REPLY = "org.freedesktop.DBus.Error.NoReply";
+inline constexpr const char* UNKNOWN_METHOD = "org.freedesktop.DBus.Error.UnknownMethod";
 
 // A HubError that releases itself.
 class ErrorHolder {
@@ -41,9 +41,9 @@ struct Record {
 extern Record gRecord;
 
 // "echo", "silent", "refuse", "raw", "twice", "replyAndRefuse", "badReplies"
-extern const HubMethod kEventMethods[];
+extern const HubMethod EVENT_METHODS[];
 // "echo"
-extern const HubMethod kCommonMethods[];
+extern const HubMethod COMMON_METHODS[];
 
 class HubFixture : public testing::Test {
 protected:

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr const char* kInterface = "com.kestrel.hubtest.events";
+constexpr const char* INTERFACE = "com.kestrel.hubtest.events";
 
 class Activation : public HubFixture {
 protected:
@@ -17,7 +17,7 @@ protected:
         HubFixture::SetUp();
         if (HasFatalFailure())
             return;
-        mBus.addService(kService, HUB_ECHO_SERVICE);
+        mBus.addService(SERVICE, HUB_ECHO_SERVICE);
         ASSERT_EQ(mClient
                       .call("org.freedesktop.DBus", "/", "org.freedesktop.DBus", "ReloadConfig",
                             g_variant_new("()"))
@@ -44,13 +44,13 @@ TEST_F(Activation, ReplySentRightBeforeTheEndArrives) {
     for (int round = 0; round < 20; ++round) {
         const std::string payload(100000, static_cast<char>('a' + round));
         ASSERT_EQ(call("last", payload), (Answer{"", payload}));
-        ASSERT_TRUE(mClient.waitUntilUnowned(kService));
+        ASSERT_TRUE(mClient.waitUntilUnowned(SERVICE));
     }
 }
 
 TEST_F(Activation, ServiceEndsOrderlyWhenTheBusGoesAway) {
     ASSERT_EQ(call("echo", "x").text, "x");
-    const std::optional<pid_t> service = mClient.processOf(kService);
+    const std::optional<pid_t> service = mClient.processOf(SERVICE);
     ASSERT_TRUE(service.has_value());
     mBus.stop();
     int status = -1;
@@ -67,9 +67,8 @@ class Waiting : public HubFixture {};
 
 TEST_F(Waiting, CallsBeforeTheLoopRunsAreServedWhenItRuns) {
     attachService();
-    PendingCall first(mClient.connection(), kService, "/events", kInterface, "echo",
-                      g_variant_new("(s)", "1"));
-    PendingCall second(mClient.connection(), kService, "/events", kInterface, "echo",
+    PendingCall first(mClient.connection(), SERVICE, "/events", INTERFACE, "echo", g_variant_new("(s)", "1"));
+    PendingCall second(mClient.connection(), SERVICE, "/events", INTERFACE, "echo",
                        g_variant_new("(s)", "2"));
     // An answer of the bus to a later call: the calls before it are delivered.
     const hub::VariantPtr ordered(g_dbus_connection_call_sync(
@@ -132,7 +131,7 @@ TEST_F(Loss, ReplyAfterTheBusIsGoneIsSurvived) {
     registerService();
     ASSERT_TRUE(HubRegisterCategory(mHandle, "/late", methods, nullptr, nullptr, mError.get()));
     ASSERT_TRUE(HubGmainAttach(mHandle, mLoop, mError.get()));
-    PendingCall late(mClient.connection(), kService, "/late", "com.kestrel.hubtest.late", "late",
+    PendingCall late(mClient.connection(), SERVICE, "/late", "com.kestrel.hubtest.late", "late",
                      g_variant_new("(s)", ""));
     EXPECT_TRUE(runLoop());
     EXPECT_EQ(gRecord.replyCodes.size(), 1U);

@@ -12,7 +12,7 @@ class Registration : public HubFixture {
 protected:
     std::string introspect(const char* path) const {
         return mClient
-            .call(kService, path, "org.freedesktop.DBus.Introspectable", "Introspect", g_variant_new("()"))
+            .call(SERVICE, path, "org.freedesktop.DBus.Introspectable", "Introspect", g_variant_new("()"))
             .text;
     }
 
@@ -38,22 +38,22 @@ TEST_F(Registration, ServesUnderTheNameAfterAttaching) {
 
 TEST_F(Registration, NameAppearsOnlyWithAttaching) {
     registerService();
-    EXPECT_FALSE(mClient.processOf(kService).has_value());
+    EXPECT_FALSE(mClient.processOf(SERVICE).has_value());
     ASSERT_TRUE(HubGmainAttach(mHandle, mLoop, mError.get()));
-    EXPECT_EQ(mClient.processOf(kService), getpid());
+    EXPECT_EQ(mClient.processOf(SERVICE), getpid());
 }
 
 TEST_F(Registration, TakenNameIsRefused) {
-    ASSERT_TRUE(mClient.own(kService));
-    EXPECT_FALSE(HubRegister(kService, &mHandle, mError.get()));
+    ASSERT_TRUE(mClient.own(SERVICE));
+    EXPECT_FALSE(HubRegister(SERVICE, &mHandle, mError.get()));
     EXPECT_EQ(mHandle, nullptr);
     EXPECT_EQ(mError.code(), HUB_ERROR_NAME_TAKEN);
-    EXPECT_NE(mError.text().find(kService), std::string::npos);
+    EXPECT_NE(mError.text().find(SERVICE), std::string::npos);
 }
 
 TEST_F(Registration, NameTakenBetweenRegisteringAndAttachingIsRefused) {
     registerService();
-    ASSERT_TRUE(mClient.own(kService));
+    ASSERT_TRUE(mClient.own(SERVICE));
     EXPECT_FALSE(HubGmainAttach(mHandle, mLoop, mError.get()));
     EXPECT_EQ(mError.code(), HUB_ERROR_NAME_TAKEN);
 }
@@ -61,30 +61,30 @@ TEST_F(Registration, NameTakenBetweenRegisteringAndAttachingIsRefused) {
 TEST_F(Registration, RefusedNameIsNotQueuedFor) {
     registerService();
     const BusClient rival(mBus.address());
-    ASSERT_TRUE(rival.own(kService));
+    ASSERT_TRUE(rival.own(SERVICE));
     ASSERT_FALSE(HubGmainAttach(mHandle, mLoop, mError.get()));
     ASSERT_TRUE(g_dbus_connection_close_sync(rival.connection(), nullptr, nullptr));
-    ASSERT_TRUE(mClient.waitUntilUnowned(kService));
-    EXPECT_FALSE(mClient.processOf(kService).has_value());
+    ASSERT_TRUE(mClient.waitUntilUnowned(SERVICE));
+    EXPECT_FALSE(mClient.processOf(SERVICE).has_value());
 }
 
 TEST_F(Registration, AttachingAgainAfterTheNameIsFreeSucceeds) {
     registerService();
     const BusClient rival(mBus.address());
-    ASSERT_TRUE(rival.own(kService));
+    ASSERT_TRUE(rival.own(SERVICE));
     ASSERT_FALSE(HubGmainAttach(mHandle, mLoop, mError.get()));
     ASSERT_TRUE(g_dbus_connection_close_sync(rival.connection(), nullptr, nullptr));
-    ASSERT_TRUE(mClient.waitUntilUnowned(kService));
+    ASSERT_TRUE(mClient.waitUntilUnowned(SERVICE));
     ASSERT_TRUE(HubGmainAttach(mHandle, mLoop, mError.get())) << mError.text();
     EXPECT_EQ(call("echo", "text").text, "text");
 }
 
 TEST_F(Registration, NameCannotBeTakenAwayLater) {
     attachService();
-    constexpr guint32 replaceExisting = 2;
-    constexpr guint32 doNotQueue = 4;
+    constexpr guint32 REPLACE_EXISTING = 2;
+    constexpr guint32 DO_NOT_QUEUE = 4;
     const Answer answer = mClient.call("org.freedesktop.DBus", "/", "org.freedesktop.DBus", "RequestName",
-                                       g_variant_new("(su)", kService, replaceExisting | doNotQueue));
+                                       g_variant_new("(su)", SERVICE, REPLACE_EXISTING | DO_NOT_QUEUE));
     EXPECT_EQ(answer.text, "3") << "the name exists";
     EXPECT_EQ(call("echo", "text").text, "text");
 }
@@ -98,13 +98,13 @@ TEST_F(Registration, MalformedNamesAreRefused) {
     }
     EXPECT_FALSE(HubRegister(nullptr, &mHandle, mError.get()));
     EXPECT_EQ(mError.code(), HUB_ERROR_INVALID);
-    EXPECT_FALSE(HubRegister(kService, nullptr, mError.get()));
+    EXPECT_FALSE(HubRegister(SERVICE, nullptr, mError.get()));
     EXPECT_EQ(mError.code(), HUB_ERROR_INVALID);
 }
 
 TEST_F(Registration, MissingBusIsAnError) {
     mBus.stop();
-    EXPECT_FALSE(HubRegister(kService, &mHandle, mError.get()));
+    EXPECT_FALSE(HubRegister(SERVICE, &mHandle, mError.get()));
     EXPECT_EQ(mHandle, nullptr);
     EXPECT_EQ(mError.code(), HUB_ERROR_BUS);
     EXPECT_NE(mError.text().find("can't connect to the bus"), std::string::npos);
@@ -112,8 +112,8 @@ TEST_F(Registration, MissingBusIsAnError) {
 
 TEST_F(Registration, ErrorsMayBeIgnored) {
     EXPECT_FALSE(HubRegister("oneelement", &mHandle, nullptr));
-    ASSERT_TRUE(HubRegister(kService, &mHandle, nullptr));
-    EXPECT_FALSE(HubRegisterCategory(mHandle, "events", kEventMethods, nullptr, nullptr, nullptr));
+    ASSERT_TRUE(HubRegister(SERVICE, &mHandle, nullptr));
+    EXPECT_FALSE(HubRegisterCategory(mHandle, "events", EVENT_METHODS, nullptr, nullptr, nullptr));
     EXPECT_FALSE(HubGmainAttach(mHandle, nullptr, nullptr));
 }
 
@@ -136,20 +136,20 @@ TEST_F(Registration, SystemBusThatStartedTheProcessIsUsed) {
 TEST_F(Registration, CategoriesAreSeparateObjects) {
     attachService();
     const auto callAt = [this](const char* path, const char* interface, const char* method) {
-        return mClient.call(kService, path, interface, method, g_variant_new("(s)", "x"));
+        return mClient.call(SERVICE, path, interface, method, g_variant_new("(s)", "x"));
     };
     EXPECT_EQ(callAt("/common", "com.kestrel.hubtest.common", "echo").text, "x");
     EXPECT_EQ(callAt("/events", "com.kestrel.hubtest.events", "echo").text, "x");
-    EXPECT_EQ(callAt("/common", "com.kestrel.hubtest.events", "echo").error, kUnknownMethod);
-    EXPECT_EQ(callAt("/common", "com.kestrel.hubtest.common", "silent").error, kUnknownMethod);
+    EXPECT_EQ(callAt("/common", "com.kestrel.hubtest.events", "echo").error, UNKNOWN_METHOD);
+    EXPECT_EQ(callAt("/common", "com.kestrel.hubtest.common", "silent").error, UNKNOWN_METHOD);
 }
 
 TEST_F(Registration, NestedCategoryGetsANestedInterface) {
     registerService();
-    ASSERT_TRUE(addCategory("/a/b_2", kCommonMethods)) << mError.text();
+    ASSERT_TRUE(addCategory("/a/b_2", COMMON_METHODS)) << mError.text();
     ASSERT_TRUE(HubGmainAttach(mHandle, mLoop, mError.get()));
     EXPECT_EQ(
-        mClient.call(kService, "/a/b_2", "com.kestrel.hubtest.a.b_2", "echo", g_variant_new("(s)", "x")).text,
+        mClient.call(SERVICE, "/a/b_2", "com.kestrel.hubtest.a.b_2", "echo", g_variant_new("(s)", "x")).text,
         "x");
 }
 
@@ -157,7 +157,7 @@ TEST_F(Registration, IntrospectionNamesEachMethodWithItsArguments) {
     attachService();
     const std::string xml = introspect("/events");
     EXPECT_NE(xml.find("<interface name=\"com.kestrel.hubtest.events\">"), std::string::npos) << xml;
-    for (const HubMethod* method = kEventMethods; method->name != nullptr; ++method) {
+    for (const HubMethod* method = EVENT_METHODS; method->name != nullptr; ++method) {
         const std::string element = "    <method name=\"" + std::string(method->name) +
                                     "\">\n"
                                     "      <arg type=\"s\" name=\"payload\" direction=\"in\"/>\n"
@@ -186,17 +186,17 @@ TEST_F(Registration, MalformedCategoriesAreRefused) {
     registerService();
     for (const char* category :
          {"", "/", "events", "/events/", "//events", "/e-vents", "/1st", "/b\xC3\xA4r"})
-        expectInvalid(category, kEventMethods, "not a category");
-    expectInvalid(nullptr, kEventMethods, "needs");
+        expectInvalid(category, EVENT_METHODS, "not a category");
+    expectInvalid(nullptr, EVENT_METHODS, "needs");
     expectInvalid("/other", nullptr, "needs");
-    EXPECT_FALSE(HubRegisterCategory(nullptr, "/x", kEventMethods, nullptr, nullptr, mError.get()));
+    EXPECT_FALSE(HubRegisterCategory(nullptr, "/x", EVENT_METHODS, nullptr, nullptr, mError.get()));
 }
 
 TEST_F(Registration, CategoryRegisteredTwiceIsRefusedAndTheFirstStays) {
     attachService();
-    EXPECT_FALSE(addCategory("/events", kCommonMethods));
+    EXPECT_FALSE(addCategory("/events", COMMON_METHODS));
     EXPECT_EQ(mError.code(), HUB_ERROR_INVALID);
-    EXPECT_EQ(call("silent", "").error, kNoReply);
+    EXPECT_EQ(call("silent", "").error, NO_REPLY);
 }
 
 TEST_F(Registration, FaultyMethodTablesAreRefused) {
@@ -209,19 +209,19 @@ TEST_F(Registration, FaultyMethodTablesAreRefused) {
     expectInvalid("/other", noHandler, "\"orphan\" has no handler");
     expectInvalid("/other", flagged, "\"flagged\" has unknown flags");
     expectInvalid("/other", doubled, "\"one\" is listed twice");
-    EXPECT_TRUE(addCategory("/other", kEventMethods)) << "a refused category leaves nothing behind";
+    EXPECT_TRUE(addCategory("/other", EVENT_METHODS)) << "a refused category leaves nothing behind";
 }
 
 TEST_F(Registration, SignalsAndPropertiesMayBeEmptyButNotMore) {
     registerService();
     const HubSignal signals[] = {{"changed", 0}, {nullptr, 0}};
     const HubProperty properties[] = {{"count", 0}, {nullptr, 0}};
-    EXPECT_FALSE(HubRegisterCategory(mHandle, "/other", kEventMethods, signals, nullptr, mError.get()));
+    EXPECT_FALSE(HubRegisterCategory(mHandle, "/other", EVENT_METHODS, signals, nullptr, mError.get()));
     EXPECT_EQ(mError.code(), HUB_ERROR_INVALID);
-    EXPECT_FALSE(HubRegisterCategory(mHandle, "/other", kEventMethods, nullptr, properties, mError.get()));
+    EXPECT_FALSE(HubRegisterCategory(mHandle, "/other", EVENT_METHODS, nullptr, properties, mError.get()));
     EXPECT_EQ(mError.code(), HUB_ERROR_INVALID);
     EXPECT_TRUE(
-        HubRegisterCategory(mHandle, "/other", kEventMethods, signals + 1, properties + 1, mError.get()));
+        HubRegisterCategory(mHandle, "/other", EVENT_METHODS, signals + 1, properties + 1, mError.get()));
 }
 
 TEST_F(Registration, AttachingTwiceIsRefused) {

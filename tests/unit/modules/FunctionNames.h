@@ -3,7 +3,7 @@
 // more and independently of the tables' own lists.
 #pragma once
 
-inline constexpr const char* kWordFunctions[] = {
+inline constexpr const char* WORD_FUNCTIONS[] = {
     "wtg_clear_selection",
     "wtg_close_file",
     "wtg_close_secondary_document",
@@ -43,7 +43,7 @@ inline constexpr const char* kWordFunctions[] = {
 };
 
 // The marks of comments and the last one stand out of order.
-inline constexpr const char* kSheetFunctions[] = {
+inline constexpr const char* SHEET_FUNCTIONS[] = {
     "stg_autofit_column",
     "stg_cell_bounds",
     "stg_clear_selection",
@@ -89,7 +89,7 @@ inline constexpr const char* kSheetFunctions[] = {
     "stg_get_cell_reference_at_location",
 };
 
-inline constexpr const char* kSlideFunctions[] = {
+inline constexpr const char* SLIDE_FUNCTIONS[] = {
     "sstg_close_file",
     "sstg_find",
     "sstg_free_slide_outline",

@@ -20,27 +20,27 @@ namespace {
 
 struct Word {
     using Table = WTGFunc;
-    static constexpr const char* kFile = "WordToGoModule.so";
-    static std::vector<std::string> names() { return {std::begin(kWordFunctions), std::end(kWordFunctions)}; }
-    static constexpr auto kStopFind = &WTGFunc::wtg_stop_find;
+    static constexpr const char* FILE = "WordToGoModule.so";
+    static std::vector<std::string> names() { return {std::begin(WORD_FUNCTIONS), std::end(WORD_FUNCTIONS)}; }
+    static constexpr auto STOP_FIND = &WTGFunc::wtg_stop_find;
 };
 
 struct Sheet {
     using Table = STGFunc;
-    static constexpr const char* kFile = "SheetToGoModule.so";
+    static constexpr const char* FILE = "SheetToGoModule.so";
     static std::vector<std::string> names() {
-        return {std::begin(kSheetFunctions), std::end(kSheetFunctions)};
+        return {std::begin(SHEET_FUNCTIONS), std::end(SHEET_FUNCTIONS)};
     }
-    static constexpr auto kStopFind = &STGFunc::stg_stop_find;
+    static constexpr auto STOP_FIND = &STGFunc::stg_stop_find;
 };
 
 struct Slides {
     using Table = SSTGFunc;
-    static constexpr const char* kFile = "SlideshowToGoModule.so";
+    static constexpr const char* FILE = "SlideshowToGoModule.so";
     static std::vector<std::string> names() {
-        return {std::begin(kSlideFunctions), std::end(kSlideFunctions)};
+        return {std::begin(SLIDE_FUNCTIONS), std::end(SLIDE_FUNCTIONS)};
     }
-    static constexpr auto kStopFind = &SSTGFunc::sstg_stop_find;
+    static constexpr auto STOP_FIND = &SSTGFunc::sstg_stop_find;
 };
 
 // The members in memory order.
@@ -107,7 +107,7 @@ TYPED_TEST(FunctionTable, KeepsItsModulesNamesToItself) {
 
 TYPED_TEST(FunctionTable, FilledAgainKeepsItsAddressesAndTakesASecondReference) {
     auto& table = Singleton<typename TypeParam::Table>::Instance();
-    ASSERT_FALSE(isLoaded(TypeParam::kFile));
+    ASSERT_FALSE(isLoaded(TypeParam::FILE));
     void* first = table.SetFunctionPointers();
     const std::vector<void*> before = addresses(table);
     void* second = table.SetFunctionPointers();
@@ -115,10 +115,10 @@ TYPED_TEST(FunctionTable, FilledAgainKeepsItsAddressesAndTakesASecondReference) 
     EXPECT_EQ(addresses(table), before);
 
     dlclose(first);
-    EXPECT_TRUE(isLoaded(TypeParam::kFile));
-    EXPECT_EQ((table.*TypeParam::kStopFind)(nullptr), 0);
+    EXPECT_TRUE(isLoaded(TypeParam::FILE));
+    EXPECT_EQ((table.*TypeParam::STOP_FIND)(nullptr), 0);
     dlclose(second);
-    EXPECT_FALSE(isLoaded(TypeParam::kFile));
+    EXPECT_FALSE(isLoaded(TypeParam::FILE));
     EXPECT_EQ(addresses(table), before); // stale, but never taken back
 }
 
@@ -126,7 +126,7 @@ TYPED_TEST(FunctionTable, IsUsableAgainAfterItsModuleWasUnloaded) {
     auto& table = Singleton<typename TypeParam::Table>::Instance();
     dlclose(table.SetFunctionPointers());
     void* handle = table.SetFunctionPointers();
-    EXPECT_EQ((table.*TypeParam::kStopFind)(&table), 1);
+    EXPECT_EQ((table.*TypeParam::STOP_FIND)(&table), 1);
     dlclose(handle);
 }
 

@@ -24,10 +24,10 @@ struct Kind {
     std::vector<std::string> names;
 };
 
-const Kind kKinds[] = {
-    {"wtg", "WordToGoModule.so", {std::begin(kWordFunctions), std::end(kWordFunctions)}},
-    {"stg", "SheetToGoModule.so", {std::begin(kSheetFunctions), std::end(kSheetFunctions)}},
-    {"sstg", "SlideshowToGoModule.so", {std::begin(kSlideFunctions), std::end(kSlideFunctions)}},
+const Kind KINDS[] = {
+    {"wtg", "WordToGoModule.so", {std::begin(WORD_FUNCTIONS), std::end(WORD_FUNCTIONS)}},
+    {"stg", "SheetToGoModule.so", {std::begin(SHEET_FUNCTIONS), std::end(SHEET_FUNCTIONS)}},
+    {"sstg", "SlideshowToGoModule.so", {std::begin(SLIDE_FUNCTIONS), std::end(SLIDE_FUNCTIONS)}},
 };
 
 struct Outcome {
@@ -96,7 +96,7 @@ protected:
 };
 
 TEST_F(Loading, FindsACompleteModuleAlongTheSearchPath) {
-    for (const Kind& kind : kKinds) {
+    for (const Kind& kind : KINDS) {
         fs::copy(fs::path(MODULE_DIR) / kind.file, modules());
         const Outcome outcome = load(kind);
         EXPECT_EQ(outcome.status, 0) << kind.file;
@@ -108,15 +108,15 @@ TEST_F(Loading, FindsACompleteModuleAlongTheSearchPath) {
 // What is not called need not be there, and a null address that the loader does
 // not call an error is taken as it is.
 TEST_F(Loading, BindsLazilyAndAcceptsANullAddress) {
-    fs::copy(fs::path(UNBOUND_MODULE_DIR) / kKinds[2].file, modules());
-    const Outcome outcome = load(kKinds[2]);
+    fs::copy(fs::path(UNBOUND_MODULE_DIR) / KINDS[2].file, modules());
+    const Outcome outcome = load(KINDS[2]);
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.output, "loaded\n");
     EXPECT_EQ(outcome.errors, "");
 }
 
 TEST_F(Loading, OfAMissingModuleEndsTheProcessWithTheLoadersMessage) {
-    for (const Kind& kind : kKinds) {
+    for (const Kind& kind : KINDS) {
         const Outcome outcome = load(kind);
         EXPECT_EQ(outcome.status, 1);
         EXPECT_EQ(outcome.output, "");
@@ -126,7 +126,7 @@ TEST_F(Loading, OfAMissingModuleEndsTheProcessWithTheLoadersMessage) {
 }
 
 TEST_F(Loading, OfAFileThatIsNoModuleEndsTheProcess) {
-    for (const Kind& kind : kKinds) {
+    for (const Kind& kind : KINDS) {
         std::ofstream(modules() / kind.file)
             << "not a shared object, but long enough to look like a header\n";
         const Outcome outcome = load(kind);
@@ -136,7 +136,7 @@ TEST_F(Loading, OfAFileThatIsNoModuleEndsTheProcess) {
 }
 
 TEST_F(Loading, OfAModuleThatLacksAnySingleFunctionEndsTheProcess) {
-    for (const Kind& kind : kKinds) {
+    for (const Kind& kind : KINDS) {
         for (const std::string& name : kind.names) {
             writeModuleWithout(kind, name);
             const Outcome outcome = load(kind);

@@ -18,12 +18,12 @@
 
 namespace {
 
-constexpr char kGuide[] = "docs/modules.md";
+constexpr char GUIDE[] = "docs/modules.md";
 
 // Sorted, so that one named twice shows.
 std::vector<std::string> functionsIn(const std::string& heading) {
     std::vector<std::string> names;
-    for (const markdown::Row& row : markdown::table(kGuide, heading, "Function").rows) {
+    for (const markdown::Row& row : markdown::table(GUIDE, heading, "Function").rows) {
         for (const std::string& name : markdown::codes(row.at(0))) {
             names.push_back(name);
         }
@@ -40,15 +40,15 @@ std::vector<std::string> sorted(const char* const (&names)[count]) {
 }
 
 TEST(ModuleGuide, NamesEveryFunctionOnce) {
-    EXPECT_EQ(functionsIn("Texts: WordToGoModule.so"), sorted(kWordFunctions));
-    EXPECT_EQ(functionsIn("Spreadsheets: SheetToGoModule.so"), sorted(kSheetFunctions));
-    EXPECT_EQ(functionsIn("Presentations: SlideshowToGoModule.so"), sorted(kSlideFunctions));
+    EXPECT_EQ(functionsIn("Texts: WordToGoModule.so"), sorted(WORD_FUNCTIONS));
+    EXPECT_EQ(functionsIn("Spreadsheets: SheetToGoModule.so"), sorted(SHEET_FUNCTIONS));
+    EXPECT_EQ(functionsIn("Presentations: SlideshowToGoModule.so"), sorted(SLIDE_FUNCTIONS));
 }
 
 TEST(ModuleGuide, CountsTheFunctions) {
     std::map<std::string, size_t> counts;
     for (const markdown::Row& row :
-         markdown::table(kGuide, "Bringing your own rendering module", "File").rows) {
+         markdown::table(GUIDE, "Bringing your own rendering module", "File").rows) {
         counts[markdown::codes(row.at(0)).at(0)] = std::stoul(row.at(2));
     }
     EXPECT_EQ(counts, (std::map<std::string, size_t>{
@@ -60,7 +60,7 @@ TEST(ModuleGuide, CountsTheFunctions) {
 
 TEST(ModuleGuide, TellsTheSizesOfTheRecords) {
     std::map<std::string, size_t> sizes;
-    for (const markdown::Row& row : markdown::table(kGuide, "Rules", "Record").rows) {
+    for (const markdown::Row& row : markdown::table(GUIDE, "Rules", "Record").rows) {
         sizes[markdown::codes(row.at(0)).at(0)] = std::stoul(row.at(sizeof(void*) == 8 ? 1 : 2));
     }
     EXPECT_EQ(sizes, (std::map<std::string, size_t>{{"module_rect", sizeof(module_rect)},
@@ -75,11 +75,11 @@ TEST(ModuleGuide, TellsTheSizesOfTheRecords) {
 
 TEST(ModuleGuide, ShowsTheModuleThatIsCompiled) {
     const std::string source = markdown::read("docs/examples/SlideshowToGoModule.c");
-    const std::vector<std::string> shown = markdown::blocks(markdown::read(kGuide), "c");
+    const std::vector<std::string> shown = markdown::blocks(markdown::read(GUIDE), "c");
     EXPECT_EQ(shown, std::vector{source.substr(source.find("#include"))});
 }
 
-constexpr uint16_t kPath[] = {'/', 'd', 0};
+constexpr uint16_t PATH[] = {'/', 'd', 0};
 
 // The module as a program gets it that was started with its folder as the
 // loader's search path.
@@ -100,7 +100,7 @@ TEST_F(ShownModule, IsTheOneThatTheLoaderFinds) {
 }
 
 TEST_F(ShownModule, PaintsItsSlide) {
-    ASSERT_EQ(module.sstg_open_file(kPath, kPath, kPath, &document), 0);
+    ASSERT_EQ(module.sstg_open_file(PATH, PATH, PATH, &document), 0);
     int32_t count = 0, width = 0, height = 0;
     EXPECT_EQ(module.sstg_get_slide_count(document, &count), 0);
     EXPECT_EQ(count, 1);
@@ -128,7 +128,7 @@ TEST_F(ShownModule, KeepsTheRules) {
     EXPECT_NE(module.sstg_find(nullptr, none, 0, 0, &infos, &count), 0);
     EXPECT_EQ(infos, nullptr);
     EXPECT_EQ(count, 0) << "found counts and arrays are emptied";
-    ASSERT_EQ(module.sstg_open_file(kPath, none, none, &document), 0);
+    ASSERT_EQ(module.sstg_open_file(PATH, none, none, &document), 0);
     uint32_t pixel = 5;
     EXPECT_NE(module.sstg_render_slide(document, 1, 0, &pixel, 1, 1), 0) << "no such slide";
     EXPECT_NE(module.sstg_render_slide(document, 0, 0, nullptr, 1, 1), 0);

@@ -27,9 +27,9 @@ struct Counted {
 };
 
 TEST(Singleton, IsMadeOnceHoweverManyThreadsAskFirst) {
-    constexpr int kThreads = 16;
-    std::barrier together(kThreads);
-    std::vector<Counted*> seen(kThreads);
+    constexpr int THREADS = 16;
+    std::barrier together(THREADS);
+    std::vector<Counted*> seen(THREADS);
     std::vector<std::thread> threads;
     for (Counted*& mine : seen) {
         threads.emplace_back([&together, &mine] {

@@ -62,7 +62,7 @@ TEST_F(PptBadInputTest, DeckWithoutSlidesIsBlack) {
     EXPECT_EQ(view->slideCount(), 0);
     EXPECT_EQ(view->mScale, 1.0);
     Frame expected(320, 480);
-    expected.fill(black);
+    expected.fill(BLACK);
     EXPECT_TRUE(paint(*view) == expected);
     EXPECT_THAT(calls(), IsEmpty()) << "there is nothing to render";
     EXPECT_EQ(view->jumpToSlide(5), 0);
@@ -72,10 +72,10 @@ TEST_F(PptBadInputTest, DeckWithoutSlidesIsBlack) {
 }
 
 TEST_F(PptBadInputTest, SlidesOfAllSizesAreSurvived) {
-    constexpr int32_t sizes[][2] = {{1, 1},       {1, 50000}, {50000, 1},       {50000, 50000},  {INT_MAX, 1},
+    constexpr int32_t SIZES[][2] = {{1, 1},       {1, 50000}, {50000, 1},       {50000, 50000},  {INT_MAX, 1},
                                     {1, INT_MAX}, {0, 480},   {640, 0},         {-640, 480},     {640, -480},
                                     {2, 3},       {3, 100},   {INT_MAX, 50000}, {50000, INT_MAX}};
-    for (const auto& [width, height] : sizes) {
+    for (const auto& [width, height] : SIZES) {
         SCOPED_TRACE(testing::Message() << width << " x " << height);
         fakeSlides().reset();
         fakeSlides().recording = false;
@@ -116,7 +116,7 @@ TEST_F(PptBadInputTest, SlideTooNarrowToBeSeenIsBlack) {
     const auto view = openView();
     EXPECT_EQ(surfaceSize(*view), CpPoint(320, 0));
     Frame expected(320, 480);
-    expected.fill(black);
+    expected.fill(BLACK);
     EXPECT_TRUE(paint(*view) == expected);
     EXPECT_FALSE(view->mOffscreenDirty);
 }

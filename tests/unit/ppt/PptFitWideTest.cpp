@@ -19,7 +19,7 @@ protected:
         view->setFitWideMode(mode);
         view->mScroll.set(7, 9); // plays no part
         Frame expected(width, height);
-        expected.fill(black);
+        expected.fill(BLACK);
         const int right = std::min(height, view->mSurface->Width());
         const int bottom = std::min(width, view->mSurface->Height());
         for (int y = 0; y < bottom; ++y) {
@@ -135,7 +135,7 @@ TEST_F(PptFitWideTest, ToAndFroModeShowsNothing) {
     const auto view = openView();
     view->setFitWideMode(nullptr);
     Frame expected(320, 480);
-    expected.fill(black);
+    expected.fill(BLACK);
     EXPECT_TRUE(paint(*view) == expected);
     EXPECT_THAT(calls(), ElementsAre("sstg_render_slide(0, 0, 480, 360)"));
 }

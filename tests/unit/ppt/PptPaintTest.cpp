@@ -12,10 +12,10 @@ TEST_F(PptPaintTest, SlideLiesInTheMiddleOnBlack) {
     const auto view = openView();
     Frame frame = paint(*view);
     EXPECT_EQ(view->mScroll, CpPoint(0, -120));
-    EXPECT_EQ(frame[119 * 320], black);
+    EXPECT_EQ(frame[119 * 320], BLACK);
     EXPECT_EQ(frame[120 * 320], fakeSlidePixel(0, 0, 0));
     EXPECT_EQ(frame[359 * 320 + 319], fakeSlidePixel(0, 319, 239));
-    EXPECT_EQ(frame[360 * 320], black);
+    EXPECT_EQ(frame[360 * 320], BLACK);
     expectSlide(*view, frame);
     EXPECT_TRUE(frame.slackIsUntouched());
 }

@@ -20,7 +20,7 @@ protected:
     // What the pinch shows must be the last frame scaled so.
     static void expectScaled(TestPpt& view, const CpRect& from, const CpRect& to) {
         Frame expected(view.width(), view.height());
-        expected.fill(black);
+        expected.fill(BLACK);
         view.mLastFrame.ScaleCopyToFit(from, expected.pixels(), to, view.width(), view.height());
         EXPECT_TRUE(paint(view) == expected);
         EXPECT_THAT(calls(), IsEmpty()) << "the module renders nothing";
@@ -187,8 +187,9 @@ TEST_F(PptPinchTest, FirstFrameBelowAllBoundsLeavesASurface) {
 }
 
 TEST_F(PptPinchTest, PinchesOfAnyScaleAreSurvived) {
-    constexpr double infinity = std::numeric_limits<double>::infinity();
-    for (const double scale : {0.0, -1.0, -1e300, 1e-300, 1e300, infinity, -infinity, std::nan("")}) {
+    constexpr double POSITIVE_INFINITY = std::numeric_limits<double>::infinity();
+    for (const double scale :
+         {0.0, -1.0, -1e300, 1e-300, 1e300, POSITIVE_INFINITY, -POSITIVE_INFINITY, std::nan("")}) {
         const auto view = pinchedView(1.0, INT_MAX, INT_MIN, scale);
         paint(*view);
         view->handleGestureEnd(scale, scale);

@@ -78,8 +78,9 @@ TEST_F(PptRecordTest, PaintsKeepTheRecordCurrent) {
 
 TEST_F(PptRecordTest, ZoomOutsideTheDocumentsLimitsIsTheOneThatFits) {
     const auto old = openView();
-    constexpr double infinity = std::numeric_limits<double>::infinity();
-    for (const double scale : {0.49, 2.01, 0.0, -1.0, 1e300, -infinity, infinity, std::nan("")}) {
+    constexpr double POSITIVE_INFINITY = std::numeric_limits<double>::infinity();
+    for (const double scale :
+         {0.49, 2.01, 0.0, -1.0, 1e300, -POSITIVE_INFINITY, POSITIVE_INFINITY, std::nan("")}) {
         old->mDataStore->scale = scale;
         EXPECT_EQ(reopen(*old)->mScale, 0.5) << scale;
     }

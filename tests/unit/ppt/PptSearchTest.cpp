@@ -4,9 +4,9 @@
 
 namespace {
 
-constexpr char nothingCounted[] = "{ \"resultcount\": 0 }";
-constexpr uint32_t red = 0x40FF0000;
-const std::string regionsAsked = "sstg_get_found_regions()";
+constexpr char NOTHING_COUNTED[] = "{ \"resultcount\": 0 }";
+constexpr uint32_t RED = 0x40FF0000;
+const std::string REGIONS_ASKED = "sstg_get_found_regions()";
 
 class PptSearchTest : public PptTest {
 protected:
@@ -41,9 +41,9 @@ TEST_F(PptSearchTest, FindsOnTheSlideShown) {
     paint(*view);
     calls();
     notifications(*view);
-    EXPECT_EQ(view->doSearch("Wort"), nothingCounted);
+    EXPECT_EQ(view->doSearch("Wort"), NOTHING_COUNTED);
     EXPECT_THAT(calls(), ElementsAre("sstg_set_highlight_color(128, 192, 255)", "sstg_find(\"Wort\", 0, 2)",
-                                     render(1), regionsAsked));
+                                     render(1), REGIONS_ASKED));
     EXPECT_EQ(fakeSlides().highlightColor, (std::vector<uint8_t>{128, 192, 255}));
     EXPECT_THAT(notifications(*view), IsEmpty()) << "the caller asks for the paint";
     EXPECT_EQ(marked(*view), Mark(1, 100));
@@ -92,9 +92,9 @@ TEST_F(PptSearchTest, FirstHitOnAnotherSlideSwitchesToIt) {
     const auto view = openWithHits({{}, {}, {300, 100}, {}});
     paint(*view);
     calls();
-    EXPECT_EQ(view->doSearch("x"), nothingCounted);
+    EXPECT_EQ(view->doSearch("x"), NOTHING_COUNTED);
     EXPECT_THAT(calls(), ElementsAre("sstg_set_highlight_color(128, 192, 255)", "sstg_find(\"x\", 0, 3)",
-                                     render(0), regionsAsked, render(2), regionsAsked));
+                                     render(0), REGIONS_ASKED, render(2), REGIONS_ASKED));
     EXPECT_THAT(notifications(*view), ElementsAre("7 2"));
     EXPECT_EQ(view->mCurrentResult, 0);
     EXPECT_EQ(marked(*view), Mark(2, 300)) << "the first region, wherever it lies";
@@ -122,7 +122,7 @@ TEST_F(PptSearchTest, NoHitsLeaveEverything) {
     const auto view = openWithHits({{}, {}});
     paint(*view);
     notifications(*view);
-    EXPECT_EQ(view->doSearch("x"), nothingCounted);
+    EXPECT_EQ(view->doSearch("x"), NOTHING_COUNTED);
     EXPECT_EQ(view->mCurrentResult, -1);
     EXPECT_EQ(view->mCurrentSlide, 0);
     EXPECT_EQ(view->mScroll, CpPoint(0, -120));
@@ -137,7 +137,7 @@ TEST_F(PptSearchTest, NoHitsLeaveEverything) {
 TEST_F(PptSearchTest, CountIsNeverTold) {
     const auto view = openWithHits({{1, 2, 3}, {4}});
     fakeSlides().slides[0].noteHits = 5;
-    EXPECT_EQ(view->doSearch("x"), nothingCounted);
+    EXPECT_EQ(view->doSearch("x"), NOTHING_COUNTED);
 }
 
 TEST_F(PptSearchTest, NextStepsThroughTheSlideAndOnToTheNextWithHits) {
@@ -152,7 +152,7 @@ TEST_F(PptSearchTest, NextStepsThroughTheSlideAndOnToTheNextWithHits) {
     EXPECT_THAT(notifications(*view), IsEmpty());
     view->nextResult();
     EXPECT_EQ(marked(*view), Mark(2, 200));
-    EXPECT_THAT(calls(), ElementsAre(render(2), regionsAsked));
+    EXPECT_THAT(calls(), ElementsAre(render(2), REGIONS_ASKED));
     EXPECT_THAT(notifications(*view), ElementsAre("7 2"));
     view->nextResult();
     EXPECT_EQ(marked(*view), Mark(3, 50));
@@ -171,7 +171,7 @@ TEST_F(PptSearchTest, PreviousStepsBackAndAroundToTheLast) {
     calls();
     view->previousResult();
     EXPECT_EQ(marked(*view), Mark(3, 60));
-    EXPECT_THAT(calls(), ElementsAre(render(3), regionsAsked));
+    EXPECT_THAT(calls(), ElementsAre(render(3), REGIONS_ASKED));
     EXPECT_THAT(notifications(*view), ElementsAre("7 3"));
     view->previousResult();
     EXPECT_EQ(marked(*view), Mark(3, 50));
@@ -201,7 +201,7 @@ TEST_F(PptSearchTest, OnlySlideWithHitsIsJumpedToAgain) {
     view->nextResult();
     EXPECT_EQ(marked(*view), Mark(0, 100));
     EXPECT_THAT(notifications(*view), ElementsAre("7 0"));
-    EXPECT_THAT(calls(), ElementsAre(render(0), regionsAsked));
+    EXPECT_THAT(calls(), ElementsAre(render(0), REGIONS_ASKED));
     view->previousResult();
     EXPECT_EQ(marked(*view), Mark(0, 100));
 }
@@ -255,7 +255,7 @@ TEST_F(PptSearchTest, MarkIsTranslucentRedOnEveryRectangle) {
             const bool first = column >= 10 && column < 30 && y >= 10 && y < 30;
             const bool second = column >= 150 && column < 200 && y >= 100 && y < 130;
             const uint32_t pixel = slidePixel(*view, column, row);
-            ASSERT_EQ(frame[row * 320 + column], first || second ? blended(pixel, red) : pixel)
+            ASSERT_EQ(frame[row * 320 + column], first || second ? blended(pixel, RED) : pixel)
                 << column << ", " << row;
         }
     }
@@ -269,7 +269,7 @@ TEST_F(PptSearchTest, OnlyTheCurrentHitIsMarkedAndScrollsAlong) {
     view->mScroll.set(37, 0);
     ASSERT_EQ(marked(*view), Mark(0, 300));
     Frame frame = paint(*view);
-    EXPECT_EQ(frame[305 * 320 + 70], blended(fakeSlidePixel(0, 107, 305), red));
+    EXPECT_EQ(frame[305 * 320 + 70], blended(fakeSlidePixel(0, 107, 305), RED));
     EXPECT_EQ(frame[105 * 320 + 70], fakeSlidePixel(0, 107, 105));
 }
 
@@ -288,13 +288,13 @@ TEST_F(PptSearchTest, ZoomFindsTheHitAgain) {
     ASSERT_EQ(marked(*view), Mark(0, 100));
     calls();
     view->handleDoubleClick(160, 240);
-    EXPECT_THAT(calls(), ElementsAre(render(0, "800, 600"), regionsAsked));
+    EXPECT_THAT(calls(), ElementsAre(render(0, "800, 600"), REGIONS_ASKED));
     EXPECT_EQ(marked(*view), Mark(0, 100));
     paint(*view);
     EXPECT_THAT(calls(), IsEmpty());
     view->mScroll.set(0, 10000);
     view->ReinitSearchRects();
-    EXPECT_THAT(calls(), ElementsAre(regionsAsked));
+    EXPECT_THAT(calls(), ElementsAre(REGIONS_ASKED));
     EXPECT_EQ(view->mScroll.y, 125 + 12 + 180 - 240) << "in view again, with the flag";
 }
 

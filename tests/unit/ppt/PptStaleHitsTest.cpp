@@ -4,7 +4,7 @@
 
 namespace {
 
-const std::string regionsAsked = "sstg_get_found_regions()";
+const std::string REGIONS_ASKED = "sstg_get_found_regions()";
 
 class PptStaleHitsTest : public PptTest {
 protected:
@@ -75,7 +75,7 @@ TEST_F(PptStaleHitsTest, ZoomOnAnotherSlideLeavesTheViewAlone) {
     EXPECT_EQ(view->mScroll, CpPoint(900, 400));
     EXPECT_THAT(calls(), IsEmpty());
     view->nextResult();
-    EXPECT_THAT(calls(), ElementsAre("sstg_render_slide(0, 0, 1280, 960)", regionsAsked));
+    EXPECT_THAT(calls(), ElementsAre("sstg_render_slide(0, 0, 1280, 960)", REGIONS_ASKED));
     EXPECT_EQ(view->currentRegion()->rectangles[0].y, 600);
 }
 
@@ -85,7 +85,7 @@ TEST_F(PptStaleHitsTest, RegionsAreFetchedOnceAfterTheSizeChanged) {
     view->setFitWideMode("");
     view->zoomTo(1.0);
     paint(*view);
-    EXPECT_THAT(calls(), ElementsAre("sstg_render_slide(0, 0, 640, 480)", regionsAsked));
+    EXPECT_THAT(calls(), ElementsAre("sstg_render_slide(0, 0, 640, 480)", REGIONS_ASKED));
     EXPECT_EQ(view->currentRegion()->rectangles[0].y, 100);
     paint(*view);
     EXPECT_THAT(calls(), IsEmpty());
@@ -95,7 +95,7 @@ TEST_F(PptStaleHitsTest, StepAfterAFitWideModeFetchesTheRegionsOfTheNewSize) {
     const auto view = searchedView();
     view->setFitWideMode("right");
     view->nextResult();
-    EXPECT_THAT(calls(), ElementsAre("sstg_render_slide(0, 0, 480, 360)", regionsAsked));
+    EXPECT_THAT(calls(), ElementsAre("sstg_render_slide(0, 0, 480, 360)", REGIONS_ASKED));
     EXPECT_EQ(view->currentRegion()->rectangles[0].y, 225);
 }
 
@@ -116,7 +116,7 @@ TEST_F(PptStaleHitsTest, FailedSearchFindsNothing) {
     const auto view = openView();
     fakeSlides().nextResults["sstg_find"] = {1};
     EXPECT_EQ(view->doSearch("x"), "{ \"resultcount\": 0 }");
-    EXPECT_THAT(calls(), testing::Contains(regionsAsked)) << "the code is not looked at";
+    EXPECT_THAT(calls(), testing::Contains(REGIONS_ASKED)) << "the code is not looked at";
     EXPECT_EQ(view->mCurrentResult, -1);
 }
 

@@ -36,12 +36,12 @@ inline std::ostream& operator<<(std::ostream& out, const CpPoint& p) {
 
 class PptTest : public IpcTest {
 protected:
-    static constexpr uint32_t black = 0xFF000000;
+    static constexpr uint32_t BLACK = 0xFF000000;
 
     void SetUp() override {
         IpcTest::SetUp();
         fakeSlides().reset();
-        ASSERT_EQ(g_msgQueue.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId), 0);
+        ASSERT_EQ(g_msgQueue.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID), 0);
     }
     void TearDown() override { g_msgQueue.Remove(); }
 
@@ -70,10 +70,10 @@ protected:
 
     // The records that wait for a view's client, as "id value"; they are gone then.
     static std::vector<std::string> notifications(const TestPpt& view) {
-        const int queue = msgget(ftok("/tmp", DocAdapterMessageQueue::projectId), 0);
+        const int queue = msgget(ftok("/tmp", DocAdapterMessageQueue::PROJECT_ID), 0);
         ServerClientMessage message;
         std::vector<std::string> records;
-        while (msgrcv(queue, &message, ServerClientMessage::textSize,
+        while (msgrcv(queue, &message, ServerClientMessage::TEXT_SIZE,
                       static_cast<long>(view.dataStoreShmId()), IPC_NOWAIT) >= 0) {
             EXPECT_EQ(message.extra, 0);
             records.push_back(std::to_string(message.id) + " " + std::to_string(message.value));
@@ -95,7 +95,7 @@ protected:
         const int x = column + view.mScroll.x;
         const int y = row + view.mScroll.y;
         const bool onSlide = x >= 0 && y >= 0 && x < view.mSurface->Width() && y < view.mSurface->Height();
-        return onSlide ? fakeSlidePixel(view.mCurrentSlide, x, y) : black;
+        return onSlide ? fakeSlidePixel(view.mCurrentSlide, x, y) : BLACK;
     }
     static void expectSlide(const TestPpt& view, Frame& frame) {
         for (int row = 0; row < view.height(); ++row) {

@@ -17,27 +17,27 @@ struct NamedKernels {
 };
 
 std::vector<NamedKernels> runnableKernels() {
-    std::vector<NamedKernels> all{{"Baseline", &kBaselineKernels}};
+    std::vector<NamedKernels> all{{"Baseline", &BASELINE_KERNELS}};
 #if defined(__x86_64__) || defined(__i386__)
     if (__builtin_cpu_supports("avx2")) {
-        all.push_back({"Avx2", &kAvx2Kernels});
+        all.push_back({"Avx2", &AVX2_KERNELS});
     }
 #endif
     return all;
 }
 
-constexpr size_t kLongest = 200; // pixels; several registers and a rest
+constexpr size_t LONGEST = 200; // pixels; several registers and a rest
 
 class Kernels : public testing::TestWithParam<NamedKernels> {
 protected:
     const PixelKernels& mKernels = *GetParam().kernels;
-    std::vector<uint32_t> mSource = noise(kLongest * kLongest, 5);
-    Arena mOurs{kLongest * kLongest, 400};
-    Arena mPlain{kLongest * kLongest, 400};
+    std::vector<uint32_t> mSource = noise(LONGEST * LONGEST, 5);
+    Arena mOurs{LONGEST * LONGEST, 400};
+    Arena mPlain{LONGEST * LONGEST, 400};
 };
 
 TEST_P(Kernels, FillEveryLengthAtEveryAlignment) {
-    for (size_t count = 0; count < kLongest; count++) {
+    for (size_t count = 0; count < LONGEST; count++) {
         mKernels.fill(mOurs.start() + count % 17, count, 0x89ABCDEF);
         std::fill_n(mPlain.start() + count % 17, count, 0x89ABCDEF);
         ASSERT_TRUE(mOurs == mPlain) << count;
@@ -47,7 +47,7 @@ TEST_P(Kernels, FillEveryLengthAtEveryAlignment) {
 }
 
 TEST_P(Kernels, ReverseEveryLength) {
-    for (size_t count = 0; count < kLongest; count++) {
+    for (size_t count = 0; count < LONGEST; count++) {
         mKernels.reverse(mSource.data(), mOurs.start() + 1, count);
         std::reverse_copy(mSource.data(), mSource.data() + count, mPlain.start() + 1);
         ASSERT_TRUE(mOurs == mPlain) << count;
@@ -101,7 +101,7 @@ TEST_P(Kernels, PickNothingBeyondTheLastColumn) {
 }
 
 TEST_P(Kernels, BlendEveryLength) {
-    for (size_t count = 0; count < kLongest; count++) {
+    for (size_t count = 0; count < LONGEST; count++) {
         mKernels.blend(mOurs.start() + 1, count, 0x5A30F0C1);
         for (size_t i = 1; i <= count; i++) {
             mPlain.start()[i] = plain::blended(mPlain.start()[i], 0x5A30F0C1);

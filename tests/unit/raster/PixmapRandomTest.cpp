@@ -12,9 +12,9 @@
 
 namespace {
 
-constexpr int kCases = 3000;
-constexpr int kMaxSide = 130; // of pixmaps
-constexpr int kOverhang = 40; // of rectangles
+constexpr int CASES = 3000;
+constexpr int MAX_SIDE = 130; // of pixmaps
+constexpr int OVERHANG = 40;  // of rectangles
 
 class RandomCase : public testing::Test {
 protected:
@@ -23,14 +23,14 @@ protected:
     }
     // Mostly rectangles that overlap, some empty or inverted.
     CpRect rectAround(int width, int height) {
-        const CpRect r(number(-kOverhang, width), number(-kOverhang, height), number(0, width + kOverhang),
-                       number(0, height + kOverhang));
+        const CpRect r(number(-OVERHANG, width), number(-OVERHANG, height), number(0, width + OVERHANG),
+                       number(0, height + OVERHANG));
         return number(0, 3) == 0 ? CpRect(0, 0, width, height) : r;
     }
     uint32_t colour() { return static_cast<uint32_t>(mEngine()); }
 
     std::mt19937 mEngine{20};
-    std::vector<uint32_t> mSource = noise(kMaxSide * (kMaxSide + 2), 2);
+    std::vector<uint32_t> mSource = noise(MAX_SIDE * (MAX_SIDE + 2), 2);
 };
 
 // Copies of one pixmap by both ways into equal arenas.
@@ -54,9 +54,9 @@ std::string describe(const CpRect& s, int width, int height) {
 }
 
 TEST_F(RandomCopy, WritesWhatThePlainLoopsWrite) {
-    for (int i = 0; i < kCases; i++) {
-        const int width = number(1, kMaxSide);
-        const int height = number(1, kMaxSide);
+    for (int i = 0; i < CASES; i++) {
+        const int width = number(1, MAX_SIDE);
+        const int height = number(1, MAX_SIDE);
         const CpPixmap pixmap(mSource.data(), width, height);
         const plain::Image image{mSource.data(), width, height};
         const CpRect s = rectAround(width, height);
@@ -93,9 +93,9 @@ TEST_F(RandomCopy, WritesWhatThePlainLoopsWrite) {
 }
 
 TEST_F(RandomCopy, ScalesAsThePlainLoopsDo) {
-    for (int i = 0; i < kCases; i++) {
-        const int width = number(1, kMaxSide);
-        const int height = number(1, kMaxSide);
+    for (int i = 0; i < CASES; i++) {
+        const int width = number(1, MAX_SIDE);
+        const int height = number(1, MAX_SIDE);
         const CpPixmap pixmap(mSource.data(), width, height);
         const CpRect s = rectAround(width, height);
         const int dstWidth = number(1, 200);
@@ -110,7 +110,7 @@ TEST_F(RandomCopy, ScalesAsThePlainLoopsDo) {
 
 TEST_F(RandomCopy, ScalesSmallSourcesFarToTheRightAsThePlainLoopsDo) {
     const std::vector<uint32_t> wide = noise(40000, 3);
-    for (int i = 0; i < kCases / 10; i++) {
+    for (int i = 0; i < CASES / 10; i++) {
         const CpPixmap pixmap(const_cast<uint32_t*>(wide.data()), 20000, 2);
         const int left = number(16000, 19990);
         const CpRect s(left, 0, left + number(1, 9), number(1, 2));
@@ -134,9 +134,9 @@ protected:
         EXPECT_EQ(pixmap.DrawAlphaRectOnPix(ours, shade), 0);
         plain::alphaRect(canvas, theirs, shade);
         EXPECT_EQ(describe(ours, width, height), describe(theirs, width, height));
-        const int x = number(-kOverhang, width + kOverhang);
-        const int y = number(-kOverhang, height + kOverhang);
-        const int end = number(-kOverhang, kMaxSide + kOverhang);
+        const int x = number(-OVERHANG, width + OVERHANG);
+        const int y = number(-OVERHANG, height + OVERHANG);
+        const int end = number(-OVERHANG, MAX_SIDE + OVERHANG);
         EXPECT_EQ(pixmap.DrawAlphaTriOnPix(x, y, end, shade), 0);
         plain::alphaTriangle(canvas, x, y, end, shade);
         EXPECT_EQ(pixmap.DrawVerticalAlphaLine(x, y, end, shade), 0);
@@ -147,11 +147,11 @@ protected:
 };
 
 TEST_F(RandomFill, OfAWrappedImageChangesNothingBehindIt) {
-    Arena ours(kMaxSide * kMaxSide, 1000);
-    Arena theirs(kMaxSide * kMaxSide, 1000);
-    for (int i = 0; i < kCases; i++) {
-        const int width = number(1, kMaxSide);
-        const int height = number(1, kMaxSide);
+    Arena ours(MAX_SIDE * MAX_SIDE, 1000);
+    Arena theirs(MAX_SIDE * MAX_SIDE, 1000);
+    for (int i = 0; i < CASES; i++) {
+        const int width = number(1, MAX_SIDE);
+        const int height = number(1, MAX_SIDE);
         CpPixmap pixmap(ours.start(), width, height);
         fillBoth(pixmap, {theirs.start(), width, height, static_cast<long long>(width) * height});
         ASSERT_TRUE(ours == theirs) << width << " x " << height << ", case " << i;
@@ -159,8 +159,8 @@ TEST_F(RandomFill, OfAWrappedImageChangesNothingBehindIt) {
 }
 
 TEST_F(RandomFill, OfAnOwnedImageReachesTheSpareRowAndColumn) {
-    for (int i = 0; i < kCases; i++) {
-        CpPixmap pixmap(number(1, kMaxSide), number(1, kMaxSide));
+    for (int i = 0; i < CASES; i++) {
+        CpPixmap pixmap(number(1, MAX_SIDE), number(1, MAX_SIDE));
         const size_t count = static_cast<size_t>(pixmap.Area()) +
                              static_cast<size_t>(std::max(pixmap.Width(), pixmap.Height())) + 1;
         std::copy_n(mSource.begin(), count, pixmap.Pixels());

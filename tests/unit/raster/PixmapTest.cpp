@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr uint32_t kUntouched = 0xDEADBEEF;
+constexpr uint32_t UNTOUCHED = 0xDEADBEEF;
 
 // A pixmap whose pixels are their own indices.
 class Numbered : public CpPixmap {
@@ -89,33 +89,33 @@ TEST(Pixmap, StoresBlueFirstAndAlphaLast) {
 
 TEST(CopyBits, PutsTheOverlapWhereTheWholeRectangleWouldHaveIt) {
     const Numbered pixmap(2, 2);
-    Pixels dst(16, kUntouched);
+    Pixels dst(16, UNTOUCHED);
     pixmap.CopyBits(CpRect(-1, -1, 3, 3), dst.data());
-    const uint32_t u = kUntouched;
+    const uint32_t u = UNTOUCHED;
     EXPECT_EQ(dst, (Pixels{u, u, u, u, u, 0, 1, u, u, 2, 3, u, u, u, u, u}));
 }
 
 TEST(CopyBits, CountsSourceRowsFromThePixmapsOwnCorner) {
     CpPixmap pixmap(CpRect(100, 100, 102, 102));
     std::iota(pixmap.Pixels(), pixmap.Pixels() + 4, 10U);
-    Pixels dst(2, kUntouched);
+    Pixels dst(2, UNTOUCHED);
     pixmap.CopyBits(CpRect(0, 1, 2, 2), dst.data());
     EXPECT_EQ(dst, (Pixels{12, 13}));
 }
 
 TEST(CopyBits, OfARectangleThatGoesOnForEverStopsAtThePixmap) {
     const Numbered pixmap(2, 3);
-    Pixels dst(8, kUntouched);
+    Pixels dst(8, UNTOUCHED);
     pixmap.CopyBits(CpRect(0, 1, 2, INT_MAX), dst.data());
-    const uint32_t u = kUntouched;
+    const uint32_t u = UNTOUCHED;
     EXPECT_EQ(dst, (Pixels{2, 3, 4, 5, u, u, u, u}));
 }
 
 TEST(CopyBitsTo, StartsAtThePlacesCornerWithTheFirstKeptPixel) {
     const Numbered pixmap(2, 2);
-    Pixels dst(20, kUntouched);
+    Pixels dst(20, UNTOUCHED);
     pixmap.CopyBitsTo(CpRect(-3, -3, 2, 2), dst.data(), CpRect(1, 2, 0, 0), 5);
-    const uint32_t u = kUntouched;
+    const uint32_t u = UNTOUCHED;
     EXPECT_EQ(dst, (Pixels{u, u, u, u, u, u, u, u, u, u, u, 0, 1, u, u, u, 2, 3, u, u}));
 }
 
@@ -123,31 +123,31 @@ TEST(CopyBitsTo, StartsAtThePlacesCornerWithTheFirstKeptPixel) {
 // 3 4 5
 TEST(CopyBitsRotatedLeft, LeavesTheFirstRowAndEndsOneBeyondTheImage) {
     const Numbered pixmap(3, 2);
-    Pixels dst(9, kUntouched);
+    Pixels dst(9, UNTOUCHED);
     pixmap.CopyBitsRotatedLeft(CpRect(0, 0, 3, 2), dst.data());
-    const uint32_t u = kUntouched;
+    const uint32_t u = UNTOUCHED;
     EXPECT_EQ(dst, (Pixels{u, u, 2, 5, 1, 4, 0, 3, u}));
 }
 
 TEST(CopyBitsRotatedRight, StartsAtColumnWidthOfRowsAsLongAsTheHeight) {
     const Numbered pixmap(3, 2);
-    Pixels dst(9, kUntouched);
+    Pixels dst(9, UNTOUCHED);
     pixmap.CopyBitsRotatedRight(CpRect(0, 0, 3, 2), dst.data());
-    const uint32_t u = kUntouched;
+    const uint32_t u = UNTOUCHED;
     EXPECT_EQ(dst, (Pixels{u, u, 3, 0, 4, 1, 5, 2, u}));
 }
 
 TEST(CopyBitsRotated180, LandsOneRowAndOnePixelBeyondTheMirrorPosition) {
     const Numbered pixmap(3, 2);
-    Pixels dst(11, kUntouched);
+    Pixels dst(11, UNTOUCHED);
     pixmap.CopyBitsRotated180(CpRect(0, 0, 3, 2), dst.data());
-    const uint32_t u = kUntouched;
+    const uint32_t u = UNTOUCHED;
     EXPECT_EQ(dst, (Pixels{u, u, u, u, 5, 4, 3, 2, 1, 0, u}));
 }
 
 TEST(ScaleCopyToFit, ToHalfTheSizeTakesEverySecondPixel) {
     const Numbered pixmap(100, 100);
-    Pixels dst(2500, kUntouched);
+    Pixels dst(2500, UNTOUCHED);
     pixmap.ScaleCopyToFit(pixmap, dst.data(), CpRect(0, 0, 50, 50), 50, 50);
     for (uint32_t y = 0; y < 50; y++) {
         for (uint32_t x = 0; x < 50; x++) {
@@ -158,23 +158,23 @@ TEST(ScaleCopyToFit, ToHalfTheSizeTakesEverySecondPixel) {
 
 TEST(ScaleCopyToFit, WithAnEmptyTargetDoesNothing) {
     const Numbered pixmap(4, 4);
-    Pixels dst(16, kUntouched);
+    Pixels dst(16, UNTOUCHED);
     pixmap.ScaleCopyToFit(pixmap, dst.data(), CpRect(0, 0, 0, 4), 4, 4);
     pixmap.ScaleCopyToFit(pixmap, dst.data(), CpRect(0, 0, 4, 0), 4, 4);
     pixmap.ScaleCopyToFit(pixmap, dst.data(), CpRect(4, 4, 0, 0), 4, 4);
     pixmap.ScaleCopyToFit(pixmap, dst.data(), CpRect(0, 0, 4, 4), 0, 4);
     pixmap.ScaleCopyToFit(pixmap, dst.data(), CpRect(0, 0, 4, 4), 4, -1);
-    EXPECT_EQ(dst, Pixels(16, kUntouched));
+    EXPECT_EQ(dst, Pixels(16, UNTOUCHED));
 }
 
 TEST(ScaleCopyToFit, OfASourceOutsideThePixmapReadsNothingOutside) {
     const Numbered pixmap(4, 4);
     for (const CpRect& src : {CpRect(50, 50, 60, 60), CpRect(-60, -60, -50, -50), CpRect(0, 50, 4, 60),
                               CpRect(INT_MAX, INT_MAX, INT_MIN, INT_MIN), CpRect(3, 3, 1, 1)}) {
-        Pixels dst(64, kUntouched);
+        Pixels dst(64, UNTOUCHED);
         pixmap.ScaleCopyToFit(src, dst.data(), CpRect(0, 0, 8, 8), 8, 8);
         for (const uint32_t pixel : dst) {
-            EXPECT_TRUE(pixel == kUntouched || pixel < 16) << pixel;
+            EXPECT_TRUE(pixel == UNTOUCHED || pixel < 16) << pixel;
         }
     }
 }
@@ -183,56 +183,56 @@ TEST(ScaleCopyToFit, OfASourceOutsideThePixmapReadsNothingOutside) {
 // source's right edge, and on the last row there is nothing behind it.
 TEST(ScaleCopyToFit, StopsAtTheLastPixelWhenTheSumPassesTheEdge) {
     const Numbered pixmap(16673, 1);
-    Pixels dst(3017, kUntouched);
+    Pixels dst(3017, UNTOUCHED);
     pixmap.ScaleCopyToFit(CpRect(16670, 0, 16673, 1), dst.data(), CpRect(0, 0, 3017, 1), 3017, 1);
     EXPECT_EQ(dst.front(), 16670U);
-    EXPECT_EQ(dst.back(), kUntouched);
+    EXPECT_EQ(dst.back(), UNTOUCHED);
 }
 
 TEST(ScaleCopyToFit, OfARowThatSticksOutGoesOnInTheNextOne) {
     const Numbered pixmap(4, 2);
-    Pixels dst(8, kUntouched);
+    Pixels dst(8, UNTOUCHED);
     pixmap.ScaleCopyToFit(pixmap, dst.data(), CpRect(2, 0, 6, 2), 4, 2);
-    const uint32_t u = kUntouched;
+    const uint32_t u = UNTOUCHED;
     EXPECT_EQ(dst, (Pixels{u, u, 0, 1, 2, 3, 4, 5}));
 }
 
 TEST(ScaleCopyToFit, ToATargetFarBeyondTheImageFillsTheImage) {
     const Numbered pixmap(4, 2);
-    Pixels dst(50, kUntouched);
+    Pixels dst(50, UNTOUCHED);
     pixmap.ScaleCopyToFit(pixmap, dst.data(), CpRect(0, 0, 1 << 20, 1 << 20), 10, 5);
     EXPECT_EQ(dst, Pixels(50, 0));
-    dst.assign(50, kUntouched);
+    dst.assign(50, UNTOUCHED);
     pixmap.ScaleCopyToFit(pixmap, dst.data(), CpRect(-(1 << 19), -(1 << 19), 1 << 19, 1 << 19), 10, 5);
     // Of each row the first pixels of the target come to rest in the image: the
     // last row that has them there wins.
-    EXPECT_EQ(std::count(dst.begin(), dst.end(), kUntouched), 0);
+    EXPECT_EQ(std::count(dst.begin(), dst.end(), UNTOUCHED), 0);
 }
 
 TEST(ScaleCopyToFit, ToATargetOfMillionsOfPixelsASideDoesNothing) {
     const Numbered pixmap(4, 2);
-    Pixels dst(50, kUntouched);
+    Pixels dst(50, UNTOUCHED);
     pixmap.ScaleCopyToFit(pixmap, dst.data(), CpRect(0, 0, INT_MAX, 5), 10, 5);
     pixmap.ScaleCopyToFit(pixmap, dst.data(), CpRect(INT_MIN, INT_MIN, INT_MAX, INT_MAX), 10, 5);
-    EXPECT_EQ(dst, Pixels(50, kUntouched));
+    EXPECT_EQ(dst, Pixels(50, UNTOUCHED));
 }
 
 TEST(ScaleCopyToFit, ToATargetAsideOfTheImageDoesNothing) {
     const Numbered pixmap(4, 2);
-    Pixels dst(50, kUntouched);
+    Pixels dst(50, UNTOUCHED);
     for (const CpRect& aside : {CpRect(0, 5, 10, 9), CpRect(0, -4, 10, 0), CpRect(0, INT_MAX - 4, 4, INT_MAX),
                                 CpRect(INT_MIN, 0, INT_MIN + 4, 4), CpRect(0, INT_MIN, 4, INT_MIN + 4)}) {
         pixmap.ScaleCopyToFit(pixmap, dst.data(), aside, 10, 5);
     }
-    EXPECT_EQ(dst, Pixels(50, kUntouched));
+    EXPECT_EQ(dst, Pixels(50, UNTOUCHED));
 }
 
 TEST(CopyBitsTwice, GivesBothTheOverlapWhereTheWholeRectangleWouldHaveIt) {
     const Numbered pixmap(2, 2);
-    Pixels frame(17, kUntouched);
+    Pixels frame(17, UNTOUCHED);
     Pixels last(17, 9);
     pixmap.CopyBitsTwice(CpRect(-1, -1, 3, 3), frame.data(), last.data());
-    const uint32_t u = kUntouched;
+    const uint32_t u = UNTOUCHED;
     EXPECT_EQ(frame, (Pixels{u, u, u, u, u, 0, 1, u, u, 2, 3, u, u, u, u, u, u}));
     EXPECT_EQ(last, (Pixels{9, 9, 9, 9, 9, 0, 1, 9, 9, 2, 3, 9, 9, 9, 9, 9, 9}));
 }
@@ -255,7 +255,7 @@ TEST_P(NoPixels, LeaveEveryDestinationAlone) {
     const CpPixmap wrapping(nullptr, 10, 10);
     const CpRect s = GetParam();
     for (const CpPixmap* pixmap : {&owning, &wrapping}) {
-        Pixels dst(4, kUntouched);
+        Pixels dst(4, UNTOUCHED);
         pixmap->CopyBits(s, dst.data());
         pixmap->CopyBitsTwice(s, dst.data(), dst.data());
         pixmap->CopyBitsTo(s, dst.data(), s, 2);
@@ -263,7 +263,7 @@ TEST_P(NoPixels, LeaveEveryDestinationAlone) {
         pixmap->CopyBitsRotatedRight(s, dst.data());
         pixmap->CopyBitsRotated180(s, dst.data());
         pixmap->ScaleCopyToFit(s, dst.data(), CpRect(0, 0, 2, 2), 2, 2);
-        EXPECT_EQ(dst, Pixels(4, kUntouched));
+        EXPECT_EQ(dst, Pixels(4, UNTOUCHED));
     }
 }
 
@@ -289,14 +289,14 @@ TEST(Copies, OfNothingWriteNothing) {
     const Numbered pixmap(4, 4);
     for (const CpRect& s : {CpRect(), CpRect(3, 3, 1, 1), CpRect(4, 0, 9, 4), CpRect(-9, 0, 0, 4),
                             CpRect(INT_MAX, 0, INT_MIN, 4), CpRect(INT_MIN, INT_MIN, 0, 0)}) {
-        Pixels dst(1, kUntouched);
+        Pixels dst(1, UNTOUCHED);
         pixmap.CopyBits(s, dst.data());
         pixmap.CopyBitsTwice(s, dst.data(), dst.data());
         pixmap.CopyBitsTo(s, dst.data(), CpRect(INT_MAX, INT_MAX, 0, 0), INT_MAX);
         pixmap.CopyBitsRotatedLeft(s, dst.data());
         pixmap.CopyBitsRotatedRight(s, dst.data());
         pixmap.CopyBitsRotated180(s, dst.data());
-        EXPECT_EQ(dst[0], kUntouched);
+        EXPECT_EQ(dst[0], UNTOUCHED);
     }
 }
 

@@ -11,7 +11,7 @@
 namespace {
 
 std::string paramFailed(const std::string& text) {
-    return formatErrorJsonObject(kParamFailed, text.c_str());
+    return formatErrorJsonObject(PARAM_FAILED, text.c_str());
 }
 
 // A payload of all these parameters but one. The values fit every kind, and name
@@ -75,7 +75,7 @@ TEST_F(BusGuideTest, NothingMoreIsRequired) {
     for (const GuideMethod& method : busGuide()) {
         const size_t none = method.required.size();
         const auto reply = call(method.category, method.name, payloadWithout(method.required, none));
-        EXPECT_EQ(reply.value_or("").find(kParamFailed), std::string::npos) << method.name << *reply;
+        EXPECT_EQ(reply.value_or("").find(PARAM_FAILED), std::string::npos) << method.name << *reply;
         EXPECT_EQ(reply.has_value(), !method.reply.empty()) << method.name;
     }
 }
@@ -107,14 +107,14 @@ TEST_F(BusGuideTest, TellsWhetherThePaintIsAskedForBeforeTheReplyOrAfterIt) {
 TEST_F(BusGuideTest, NamesEveryErrorAndItsTexts) {
     const std::string guide = markdown::read("docs/bus.md");
     const std::set<std::pair<std::string, std::string>> errors = {
-        {kParamFailed, kNoParameter},
-        {kParamFailed, kNoDocid},
-        {kParamFailed, "failed to get search query"},
-        {kParamFailed, "failed to get slide number"},
-        {kDoesNotExist, "Document does not exist"},
-        {kWrongType, "Not an Excel document"},
-        {kWrongType, "Not a PowerPoint document"},
-        {kDocType, "doctype is unkown"}};
+        {PARAM_FAILED, NO_PARAMETER},
+        {PARAM_FAILED, NO_DOCID},
+        {PARAM_FAILED, "failed to get search query"},
+        {PARAM_FAILED, "failed to get slide number"},
+        {DOES_NOT_EXIST, "Document does not exist"},
+        {WRONG_TYPE, "Not an Excel document"},
+        {WRONG_TYPE, "Not a PowerPoint document"},
+        {DOC_TYPE, "doctype is unkown"}};
     std::set<std::pair<std::string, std::string>> inGuide;
     for (const markdown::Table& table : markdown::tables(guide)) {
         if (table.columns.at(0) == "errorCode") {

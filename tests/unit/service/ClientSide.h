@@ -50,13 +50,13 @@ private:
 // Tests that open documents through the bus, in the fake word module.
 class ClientSideTest : public ServiceTest {
 protected:
-    static constexpr int kWidth = 320;
-    static constexpr int kHeight = 480;
-    static constexpr int kSize = kWidth * kHeight * 4;
+    static constexpr int WIDTH = 320;
+    static constexpr int HEIGHT = 480;
+    static constexpr int SIZE = WIDTH * HEIGHT * 4;
 
     // The payload of a "create", without its braces.
-    static std::string payloadOf(const std::string& fileName, const ClientFrame& frame, int width = kWidth,
-                                 int height = kHeight, const std::string& dataStore = "0") {
+    static std::string payloadOf(const std::string& fileName, const ClientFrame& frame, int width = WIDTH,
+                                 int height = HEIGHT, const std::string& dataStore = "0") {
         return R"("filename": ")" + fileName + R"(", "width": )" + std::to_string(width) + R"(, "height": )" +
                std::to_string(height) + R"(, "shmid": )" + std::to_string(frame.id()) + R"(, "size": )" +
                std::to_string(frame.size()) + R"(, "datastoreshmid": )" + dataStore;

@@ -8,7 +8,7 @@ using testing::ElementsAre;
 using testing::internal::CaptureStderr;
 using testing::internal::GetCapturedStderr;
 
-constexpr char kReplyDone[] = "reply { \"returnValue\": true }";
+constexpr char REPLY_DONE[] = "reply { \"returnValue\": true }";
 
 class CommonMethodsTest : public ServiceTest {
 protected:
@@ -26,7 +26,7 @@ protected:
         return methods;
     }
     // A payload with all that any of the methods takes.
-    static constexpr char kComplete[] = R"({"docid": 0, "search": "x"})";
+    static constexpr char COMPLETE[] = R"({"docid": 0, "search": "x"})";
 };
 
 TEST_F(CommonMethodsTest, GetDocPropertiesAnswersTheViewsText) {
@@ -50,14 +50,14 @@ TEST_F(CommonMethodsTest, SearchRepliesAndThenInvalidates) {
 
 TEST_F(CommonMethodsTest, SteppingHoldsTheViewsMutexAndInvalidatesBeforeTheReply) {
     addView();
-    EXPECT_THAT(traceOf("nextResult"), ElementsAre("nextResult locked", "message 0", kReplyDone));
-    EXPECT_THAT(traceOf("previousResult"), ElementsAre("previousResult locked", "message 0", kReplyDone));
+    EXPECT_THAT(traceOf("nextResult"), ElementsAre("nextResult locked", "message 0", REPLY_DONE));
+    EXPECT_THAT(traceOf("previousResult"), ElementsAre("previousResult locked", "message 0", REPLY_DONE));
 }
 
 TEST_F(CommonMethodsTest, ClosingAndClearingInvalidateBeforeTheReply) {
     addView();
-    EXPECT_THAT(traceOf("closeSearch"), ElementsAre("stopFind", "message 0", kReplyDone));
-    EXPECT_THAT(traceOf("clearSelection"), ElementsAre("clearSelection", "message 0", kReplyDone));
+    EXPECT_THAT(traceOf("closeSearch"), ElementsAre("stopFind", "message 0", REPLY_DONE));
+    EXPECT_THAT(traceOf("clearSelection"), ElementsAre("clearSelection", "message 0", REPLY_DONE));
 }
 
 TEST_F(CommonMethodsTest, InvalidatingMarksTheViewDirty) {
@@ -76,13 +76,13 @@ TEST_F(CommonMethodsTest, InvalidatingMarksTheViewDirty) {
 
 TEST_F(CommonMethodsTest, TheDocidIsRequired) {
     for (const std::string& method : docidMethods()) {
-        EXPECT_EQ(call("/common", method, R"({"doc": 0})"), kNoDocidText) << method;
+        EXPECT_EQ(call("/common", method, R"({"doc": 0})"), NO_DOCID_TEXT) << method;
     }
 }
 
 TEST_F(CommonMethodsTest, SearchTellsWhichParameterIsMissingTheDocidFirst) {
-    EXPECT_EQ(call("/common", "Search", "{}"), kNoDocidText);
-    EXPECT_EQ(call("/common", "Search", R"({"search": "x"})"), kNoDocidText);
+    EXPECT_EQ(call("/common", "Search", "{}"), NO_DOCID_TEXT);
+    EXPECT_EQ(call("/common", "Search", R"({"search": "x"})"), NO_DOCID_TEXT);
     EXPECT_EQ(call("/common", "Search", R"({"docid": 0})"),
               R"({ "errorCode": "errParamFailed", "errorText": "failed to get search query" })");
 }
@@ -93,18 +93,18 @@ TEST_F(CommonMethodsTest, DocumentsThatDoNotExistAreTold) {
     gDocuments[static_cast<size_t>(docid)].view.reset();
     for (const char* number : {"0", "2", "-1", "2147483647", "-2147483648"}) {
         for (const std::string& method : docidMethods()) {
-            EXPECT_EQ(call("/common", method, std::string(R"({"docid": )") + number + "}"), kNoDocument)
+            EXPECT_EQ(call("/common", method, std::string(R"({"docid": )") + number + "}"), NO_DOCUMENT)
                 << method << number;
         }
         EXPECT_EQ(call("/common", "Search", std::string(R"({"search": "x", "docid": )") + number + "}"),
-                  kNoDocument);
+                  NO_DOCUMENT);
     }
 }
 
 TEST_F(CommonMethodsTest, ParametersAreCheckedBeforeTheRegistryIsLocked) {
     const StuckRegistry stuck;
     for (const std::string& method : allMethods()) {
-        EXPECT_EQ(call("/common", method, "{}"), kNoDocidText) << method;
+        EXPECT_EQ(call("/common", method, "{}"), NO_DOCID_TEXT) << method;
     }
 }
 
@@ -112,7 +112,7 @@ TEST_F(CommonMethodsTest, WithoutTheRegistryThereIsNoReply) {
     const StuckRegistry stuck;
     for (const std::string& method : allMethods()) {
         CaptureStderr();
-        EXPECT_EQ(call("/common", method, kComplete), std::nullopt) << method;
+        EXPECT_EQ(call("/common", method, COMPLETE), std::nullopt) << method;
         EXPECT_EQ(GetCapturedStderr(), "Unable to acquire mutex: 35.");
     }
 }
@@ -121,7 +121,7 @@ TEST_F(CommonMethodsTest, ARegistryThatCannotBeUnlockedIsReportedAfterTheReply) 
     addView();
     systemCalls.failingUnlock = &gDocumentsMutex;
     CaptureStderr();
-    EXPECT_EQ(call("/common", "closeSearch", R"({"docid": 0})"), kDone);
+    EXPECT_EQ(call("/common", "closeSearch", R"({"docid": 0})"), DONE);
     EXPECT_EQ(GetCapturedStderr(), "Unable to release mutex: 1.");
     systemCalls.failingUnlock = nullptr;
 }
@@ -140,7 +140,7 @@ TEST_F(CommonMethodsTest, ViewsMessagesAndRepliesHaveTheRegistryHeld) {
         ++replies;
     };
     for (const std::string& method : allMethods()) {
-        call("/common", method, kComplete);
+        call("/common", method, COMPLETE);
         EXPECT_FALSE(registryIsHeld()) << method;
     }
     EXPECT_EQ(replies, 7);
@@ -153,7 +153,7 @@ TEST_F(CommonMethodsTest, TheViewsMutexIsFreeAgainAtMessagesAndReplies) {
     systemCalls.onSend = [&](long) { EXPECT_FALSE(viewIsHeld(docid)); };
     fakeHub.onReply = [&](const std::string&) { EXPECT_FALSE(viewIsHeld(docid)); };
     for (const std::string& method : allMethods()) {
-        EXPECT_NE(call("/common", method, kComplete), std::nullopt);
+        EXPECT_NE(call("/common", method, COMPLETE), std::nullopt);
     }
     EXPECT_EQ(waiting(), 5U);
 }
@@ -163,7 +163,7 @@ TEST_F(CommonMethodsTest, DocidsConvertAsJsonDoes) {
     addView();
     EXPECT_EQ(call("/common", "getMimeInfo", R"({"docid": "1"})"), "");
     EXPECT_EQ(call("/common", "getMimeInfo", R"({"docid": true})"), "");
-    EXPECT_EQ(call("/common", "getMimeInfo", R"({"docid": "2"})"), kNoDocument);
+    EXPECT_EQ(call("/common", "getMimeInfo", R"({"docid": "2"})"), NO_DOCUMENT);
 }
 
 } // namespace

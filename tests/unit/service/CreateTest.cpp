@@ -22,7 +22,7 @@ using testing::SizeIs;
 using testing::internal::CaptureStderr;
 using testing::internal::GetCapturedStderr;
 
-constexpr char kUnknownKind[] = R"({ "errorCode": "errDocType", "errorText": "doctype is unkown" })";
+constexpr char UNKNOWN_KIND[] = R"({ "errorCode": "errDocType", "errorText": "doctype is unkown" })";
 
 class CreateTest : public ClientSideTest {
 protected:
@@ -46,7 +46,7 @@ protected:
     void expectOwnView(Control& control, const std::string& name, const std::string& call,
                        const std::string& second, int kind) {
         control.reset();
-        const ClientFrame frame(kSize);
+        const ClientFrame frame(SIZE);
         const auto reply = create(name.c_str(), frame);
         EXPECT_EQ(reply, R"({ "docid": 0, "doctype": )" + std::to_string(kind) + R"(, "datastoreshmid": ")" +
                              std::to_string(dataStoreOf(0)) + R"(" })");
@@ -60,7 +60,7 @@ protected:
 };
 
 TEST_F(CreateTest, AnswersTheDocidTheKindAndTheDataStoreAsText) {
-    const ClientFrame frame(kSize);
+    const ClientFrame frame(SIZE);
     const auto reply = create("letter.doc", frame);
     ASSERT_THAT(gDocuments, SizeIs(1));
     EXPECT_EQ(reply, replyFor(0));
@@ -68,13 +68,13 @@ TEST_F(CreateTest, AnswersTheDocidTheKindAndTheDataStoreAsText) {
     EXPECT_EQ(frame.attachments(), 2U);
     const Documents& record = gDocuments[0];
     EXPECT_EQ(record.shmid, static_cast<unsigned int>(frame.id()));
-    EXPECT_EQ(record.size, kSize);
-    EXPECT_EQ(reinterpret_cast<unsigned char*>(record.buffer) + kSize - 1, record.status);
+    EXPECT_EQ(record.size, SIZE);
+    EXPECT_EQ(reinterpret_cast<unsigned char*>(record.buffer) + SIZE - 1, record.status);
 }
 
 TEST_F(CreateTest, MarksTheFrameWithTheDocidAndTheDataStore) {
-    const ClientFrame first(kSize);
-    const ClientFrame second(kSize + 12);
+    const ClientFrame first(SIZE);
+    const ClientFrame second(SIZE + 12);
     create("a.doc", first);
     create("b.doc", second);
     EXPECT_EQ(first.pixel(0), dataStoreOf(0));
@@ -87,13 +87,13 @@ TEST_F(CreateTest, OfADocidTheStatusHasTheLowByte) {
     for (int i = 0; i < 258; ++i) {
         addView();
     }
-    const ClientFrame frame(kSize);
+    const ClientFrame frame(SIZE);
     create("a.doc", frame);
     EXPECT_EQ(frame.status(), 258 & 0xFF);
 }
 
 TEST_F(CreateTest, TheReplyComesBeforeTheOpenedMessageAndAfterTheMarks) {
-    ClientFrame frame(kSize);
+    ClientFrame frame(SIZE);
     frame.setStatus(99);
     bool replied = false;
     fakeHub.onReply = [&](const std::string& text) {
@@ -116,7 +116,7 @@ TEST_F(CreateTest, TheReplyComesBeforeTheOpenedMessageAndAfterTheMarks) {
 }
 
 TEST_F(CreateTest, AFileThatDoesNotOpenIsKeptAndReportedByMessage) {
-    const ClientFrame frame(kSize);
+    const ClientFrame frame(SIZE);
     create("a.doc", frame);
     expectCreated(1, "/x/code-26.docx", frame);
     const auto messages = takeMessages(static_cast<long>(dataStoreOf(1)));
@@ -129,7 +129,7 @@ TEST_F(CreateTest, AFileThatDoesNotOpenIsKeptAndReportedByMessage) {
 }
 
 TEST_F(CreateTest, AFailedOpenIsLoggedAfterTheReplyAndBeforeTheMessage) {
-    const ClientFrame frame(kSize);
+    const ClientFrame frame(SIZE);
     fakeHub.onReply = [](const std::string&) { EXPECT_THAT(systemCalls.takeLog(), IsEmpty()); };
     bool sent = false;
     systemCalls.onSend = [&](long type) {
@@ -142,7 +142,7 @@ TEST_F(CreateTest, AFailedOpenIsLoggedAfterTheReplyAndBeforeTheMessage) {
 }
 
 TEST_F(CreateTest, TheFrameIsAttachedBeforeTheRegistryIsLocked) {
-    const ClientFrame frame(kSize);
+    const ClientFrame frame(SIZE);
     bool attached = false;
     systemCalls.onFrameAttach = [&] {
         attached = true;
@@ -153,18 +153,18 @@ TEST_F(CreateTest, TheFrameIsAttachedBeforeTheRegistryIsLocked) {
 }
 
 TEST_F(CreateTest, ASecondViewOfAKindLeavesTheModulesTableAlone) {
-    ClientFrame frame(kSize);
+    ClientFrame frame(SIZE);
     create("a.doc", frame);
     const WTGFunc before = Singleton<WTGFunc>::Instance();
     create("b.doc", frame);
     EXPECT_EQ(std::memcmp(&Singleton<WTGFunc>::Instance(), &before, sizeof before), 0);
     destroy(0);
     EXPECT_TRUE(serveMessage(ClientServerMessage(_PAINT, 1)));
-    EXPECT_EQ(frame.pixel(kWidth), fakeWordPixel(1, 0)) << "the other one works on";
+    EXPECT_EQ(frame.pixel(WIDTH), fakeWordPixel(1, 0)) << "the other one works on";
 }
 
 TEST_F(CreateTest, EveryCallOnADocumentThatDidNotOpenIsSurvived) {
-    const ClientFrame frame(kSize);
+    const ClientFrame frame(SIZE);
     expectCreated(0, "/x/code-8.docx", frame);
     const std::string payload = R"({"docid": 0, "search": "x", "xCoord": 5, "yCoord": 5, "chr": 1,)"
                                 R"( "modifiers": 0, "wideMode": true})";
@@ -188,10 +188,10 @@ TEST_F(CreateTest, EveryCallOnADocumentThatDidNotOpenIsSurvived) {
 TEST_F(CreateTest, AViewWithoutADataStoreTakesNobodysSegmentDown) {
     // The first segment of a fresh namespace is number 0, which no data store has.
     ASSERT_EQ(unshare(CLONE_NEWIPC), 0);
-    ASSERT_EQ(g_msgQueue.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId), 0);
-    const ClientFrame other(kSize, shmget(IPC_PRIVATE, kSize, IPC_CREAT | 0600));
+    ASSERT_EQ(g_msgQueue.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID), 0);
+    const ClientFrame other(SIZE, shmget(IPC_PRIVATE, SIZE, IPC_CREAT | 0600));
     ASSERT_EQ(other.id(), 0);
-    const ClientFrame frame(kSize);
+    const ClientFrame frame(SIZE);
     systemCalls.noSegments = true;
     CaptureStderr();
     expectCreated(0, "a.doc", frame);
@@ -205,7 +205,7 @@ TEST_F(CreateTest, AViewWithoutADataStoreTakesNobodysSegmentDown) {
 }
 
 TEST_F(CreateTest, OpensTheFileWithThePasswordOrNone) {
-    const ClientFrame frame(kSize);
+    const ClientFrame frame(SIZE);
     create("/d/a.doc", frame);
     EXPECT_THAT(fakeWord().takeCalls(), Contains(HasSubstr(R"(wtg_open_file("/d/a.doc", "",)")));
     create(payloadOf("/d/b.txt", frame) + R"(, "password": "secret")");
@@ -214,7 +214,7 @@ TEST_F(CreateTest, OpensTheFileWithThePasswordOrNone) {
 }
 
 TEST_F(CreateTest, TheDataStoreVanishesWithItsLastAttachment) {
-    const ClientFrame frame(kSize);
+    const ClientFrame frame(SIZE);
     create("a.doc", frame);
     shmid_ds status = {};
     ASSERT_EQ(shmctl(static_cast<int>(dataStoreOf(0)), IPC_STAT, &status), 0);
@@ -225,30 +225,30 @@ TEST_F(CreateTest, TheDataStoreVanishesWithItsLastAttachment) {
 }
 
 TEST_F(CreateTest, TheStateOfAnEarlierViewIsTakenOver) {
-    const ClientFrame frame(kSize);
+    const ClientFrame frame(SIZE);
     create("a.doc", frame);
     const unsigned int dataStore = dataStoreOf(0);
     const void* kept = shmat(static_cast<int>(dataStore), nullptr, 0);
     destroy(0);
-    expectCreated(0, payloadOf("a.doc", frame, kWidth, kHeight, "\"" + std::to_string(dataStore) + "\""));
+    expectCreated(0, payloadOf("a.doc", frame, WIDTH, HEIGHT, "\"" + std::to_string(dataStore) + "\""));
     EXPECT_EQ(dataStoreOf(0), dataStore);
     shmdt(kept);
 }
 
 TEST_F(CreateTest, EveryParameterButThePasswordIsRequired) {
-    const ClientFrame frame(kSize);
+    const ClientFrame frame(SIZE);
     for (const char* key : {"filename", "width", "height", "shmid", "size", "datastoreshmid"}) {
         std::string members = payloadOf("a.doc", frame);
         members.replace(members.find(key), 1, "_");
-        expectRefused(members, kNoParameterText, "", frame);
+        expectRefused(members, NO_PARAMETER_TEXT, "", frame);
     }
 }
 
 TEST_F(CreateTest, UnknownKindsAreRefusedWhateverTheFrame) {
-    const ClientFrame frame(kSize);
+    const ClientFrame frame(SIZE);
     for (const char* name : {"a.tar", "a", "", "a.doc/b", "a."}) {
-        expectRefused(payloadOf(name, frame), kUnknownKind, "", frame);
-        expectRefused(payloadOf(name, frame, -1), kUnknownKind, "", frame);
+        expectRefused(payloadOf(name, frame), UNKNOWN_KIND, "", frame);
+        expectRefused(payloadOf(name, frame, -1), UNKNOWN_KIND, "", frame);
     }
 }
 
@@ -263,33 +263,33 @@ TEST_F(CreateTest, SpreadsheetsHaveTheirOwnView) {
 }
 
 TEST_F(CreateTest, FramesThatCannotBeAreRefusedWithAReason) {
-    const ClientFrame frame(kSize);
+    const ClientFrame frame(SIZE);
     const std::string range = "Frame buffer refused: width or height out of range.\n";
     for (const int side : {0, -1, 16385, 2147483647}) {
-        expectRefused(payloadOf("a.doc", frame, side, 1), kNoParameterText, range, frame);
-        expectRefused(payloadOf("a.doc", frame, 1, side), kNoParameterText, range, frame);
+        expectRefused(payloadOf("a.doc", frame, side, 1), NO_PARAMETER_TEXT, range, frame);
+        expectRefused(payloadOf("a.doc", frame, 1, side), NO_PARAMETER_TEXT, range, frame);
     }
-    expectRefused(payloadOf("a.doc", frame, kWidth + 1), kNoParameterText,
+    expectRefused(payloadOf("a.doc", frame, WIDTH + 1), NO_PARAMETER_TEXT,
                   "Frame buffer refused: frame larger than size.\n", frame);
     // 16384 * 16384 * 4 does not fit into 32 bits.
-    expectRefused(payloadOf("a.doc", frame, 16384, 16384), kNoParameterText,
+    expectRefused(payloadOf("a.doc", frame, 16384, 16384), NO_PARAMETER_TEXT,
                   "Frame buffer refused: frame larger than size.\n", frame);
 }
 
 TEST_F(CreateTest, SegmentsThatCannotBeAttachedAreRefusedWithAReason) {
-    const ClientFrame frame(kSize);
+    const ClientFrame frame(SIZE);
     std::string members = payloadOf("a.doc", frame);
-    const std::string size = std::to_string(kSize);
-    members.replace(members.find(size), size.size(), std::to_string(kSize + 1));
-    expectRefused(members, kNoParameterText, "Frame buffer refused: size larger than the segment.\n", frame);
+    const std::string size = std::to_string(SIZE);
+    members.replace(members.find(size), size.size(), std::to_string(SIZE + 1));
+    expectRefused(members, NO_PARAMETER_TEXT, "Frame buffer refused: size larger than the segment.\n", frame);
     const std::string id = "\"shmid\": ";
     members = payloadOf("a.doc", frame);
     members.replace(members.find(id), id.size(), id + "9");
-    expectRefused(members, kNoParameterText, "Frame buffer refused: no such segment.\n", frame);
+    expectRefused(members, NO_PARAMETER_TEXT, "Frame buffer refused: no such segment.\n", frame);
 }
 
 TEST_F(CreateTest, TheSegmentsIdentifierMayBeTextInAnyBase) {
-    const ClientFrame frame(kSize);
+    const ClientFrame frame(SIZE);
     std::string members = payloadOf("a.doc", frame);
     char hexadecimal[32];
     std::snprintf(hexadecimal, sizeof hexadecimal, R"("shmid": "0x%x")",
@@ -300,17 +300,17 @@ TEST_F(CreateTest, TheSegmentsIdentifierMayBeTextInAnyBase) {
 }
 
 TEST_F(CreateTest, WithoutTheRegistryThereIsNoReplyAndNothingIsKept) {
-    const ClientFrame frame(kSize);
+    const ClientFrame frame(SIZE);
     const StuckRegistry stuck;
     CaptureStderr();
     EXPECT_EQ(create("a.doc", frame), std::nullopt);
     EXPECT_EQ(GetCapturedStderr(), "Unable to acquire mutex: 35.");
     EXPECT_EQ(frame.attachments(), 1U);
-    EXPECT_EQ(create("\"a\": 1"), kNoParameterText) << "parameters are checked before";
+    EXPECT_EQ(create("\"a\": 1"), NO_PARAMETER_TEXT) << "parameters are checked before";
 }
 
 TEST_F(CreateTest, WithoutMemoryForTheReplyThereIsNoneAndNeitherMarksNorMessage) {
-    ClientFrame frame(kSize);
+    ClientFrame frame(SIZE);
     frame.setStatus(99);
     systemCalls.noJsonObjects = true;
     fakeWord().results["wtg_open_file"] = 3;
@@ -325,7 +325,7 @@ TEST_F(CreateTest, WithoutMemoryForTheReplyThereIsNoneAndNeitherMarksNorMessage)
 }
 
 TEST_F(CreateTest, PaintAnswersToAnEarlierDocumentOfTheNumberAreDiscarded) {
-    const ClientFrame frame(kSize);
+    const ClientFrame frame(SIZE);
     g_msgQueue.SendPaintDone(0, 0);
     g_msgQueue.SendPaintDone(1, 0);
     create("a.doc", frame);
@@ -334,7 +334,7 @@ TEST_F(CreateTest, PaintAnswersToAnEarlierDocumentOfTheNumberAreDiscarded) {
 }
 
 TEST_F(CreateTest, ARegistryThatCannotBeUnlockedIsReported) {
-    const ClientFrame frame(kSize);
+    const ClientFrame frame(SIZE);
     systemCalls.failingUnlock = &gDocumentsMutex;
     CaptureStderr();
     expectCreated(0, "a.doc", frame);
@@ -345,7 +345,7 @@ TEST_F(CreateTest, ARegistryThatCannotBeUnlockedIsReported) {
 }
 
 TEST_F(CreateTest, AFailedMessageChangesNothingElse) {
-    const ClientFrame frame(kSize);
+    const ClientFrame frame(SIZE);
     g_msgQueue.Remove();
     CaptureStderr();
     expectCreated(0, "a.doc", frame);

@@ -29,7 +29,7 @@ TEST_F(DestroyTest, DocumentsExistWhileTheyHaveAView) {
 }
 
 TEST_F(DestroyTest, NumbersAreNotReusedWhileADocumentIsOpen) {
-    const ClientFrame frame(kSize);
+    const ClientFrame frame(SIZE);
     for (int docid = 0; docid < 3; ++docid) {
         expectCreated(docid, "a.doc", frame);
     }
@@ -50,7 +50,7 @@ TEST_F(DestroyTest, SavesTheStateAndDeletesTheView) {
 }
 
 TEST_F(DestroyTest, DetachesTheFrameAndEmptiesTheRecord) {
-    const ClientFrame frame(kSize);
+    const ClientFrame frame(SIZE);
     create("a.doc", frame);
     create("b.doc", frame);
     EXPECT_EQ(frame.attachments(), 3U);
@@ -68,8 +68,8 @@ TEST_F(DestroyTest, DetachesTheFrameAndEmptiesTheRecord) {
 TEST_F(DestroyTest, ASegmentNumberedZeroIsNeverDetached) {
     // The first segment of a fresh namespace has the number.
     ASSERT_EQ(unshare(CLONE_NEWIPC), 0);
-    ASSERT_EQ(g_msgQueue.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId), 0);
-    const ClientFrame frame(kSize, shmget(IPC_PRIVATE, kSize, IPC_CREAT | 0600));
+    ASSERT_EQ(g_msgQueue.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID), 0);
+    const ClientFrame frame(SIZE, shmget(IPC_PRIVATE, SIZE, IPC_CREAT | 0600));
     ASSERT_EQ(frame.id(), 0);
     create("a.doc", frame);
     create("b.doc", frame);
@@ -77,7 +77,7 @@ TEST_F(DestroyTest, ASegmentNumberedZeroIsNeverDetached) {
     destroy(0);
     EXPECT_EQ(gDocuments[0].view, nullptr);
     EXPECT_EQ(gDocuments[0].buffer, buffers[0]);
-    EXPECT_EQ(gDocuments[0].size, kSize);
+    EXPECT_EQ(gDocuments[0].size, SIZE);
     destroy(1);
     EXPECT_THAT(gDocuments, IsEmpty());
     EXPECT_EQ(frame.attachments(), 3U);
@@ -97,7 +97,7 @@ TEST_F(DestroyTest, MessagesToTheViewAreDiscarded) {
 }
 
 TEST_F(DestroyTest, TheDocidIsRequired) {
-    EXPECT_EQ(call("/events", "destroy", "{}"), kNoDocidText);
+    EXPECT_EQ(call("/events", "destroy", "{}"), NO_DOCID_TEXT);
 }
 
 TEST_F(DestroyTest, UnknownDocumentsAreNoMatterAndNotAnswered) {

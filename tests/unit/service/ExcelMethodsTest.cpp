@@ -19,9 +19,9 @@ using testing::internal::CaptureStdout;
 using testing::internal::GetCapturedStderr;
 using testing::internal::GetCapturedStdout;
 
-constexpr char kNotExcel[] = R"({ "errorCode": "errWrongType", "errorText": "Not an Excel document" })";
-const std::string kReplyDone = std::string("reply ") + kDone;
-const std::string kInvalidated = "message 0 0";
+constexpr char NOT_EXCEL[] = R"({ "errorCode": "errWrongType", "errorText": "Not an Excel document" })";
+const std::string REPLY_DONE = std::string("reply ") + DONE;
+const std::string INVALIDATED = "message 0 0";
 
 class ExcelMethodsTest : public ServiceTest {
 protected:
@@ -103,7 +103,7 @@ TEST_F(ExcelMethodsTest, SheetListIsTheViewsText) {
 TEST_F(ExcelMethodsTest, JumpRepliesAndThenInvalidates) {
     addBook(3);
     EXPECT_THAT(traceOf("jumpToSheet", R"({"docid": 0, "sheet": 2})"),
-                ElementsAre(R"(reply { "cursheet": 2 })", kInvalidated));
+                ElementsAre(R"(reply { "cursheet": 2 })", INVALIDATED));
     EXPECT_THAT(fakeSheet().takeCalls(),
                 ElementsAre("stg_get_comment_marks_rects(2)", "stg_get_column_count(2)"));
 }
@@ -112,7 +112,7 @@ TEST_F(ExcelMethodsTest, JumpOutOfRangeIsAnsweredUnchanged) {
     addBook(1);
     for (const char* sheet : {"-1", "99", "2147483647", "-2147483648"}) {
         EXPECT_THAT(traceOf("jumpToSheet", std::string(R"({"docid": 0, "sheet": )") + sheet + "}"),
-                    ElementsAre(std::string(R"(reply { "cursheet": )") + sheet + " }", kInvalidated));
+                    ElementsAre(std::string(R"(reply { "cursheet": )") + sheet + " }", INVALIDATED));
         EXPECT_THAT(traceOf("getColumnCount"), ElementsAre(R"(reply { "columncnt": 50 })"));
         paintedCell();
     }
@@ -131,24 +131,24 @@ TEST_F(ExcelMethodsTest, LastCommentIsTheViewsText) {
 TEST_F(ExcelMethodsTest, SortRepliesTheColumnAndThenInvalidates) {
     addBook(1);
     selectColumns();
-    EXPECT_THAT(traceOf("sortAscending"), ElementsAre(R"(reply { "column": 1 })", kInvalidated));
+    EXPECT_THAT(traceOf("sortAscending"), ElementsAre(R"(reply { "column": 1 })", INVALIDATED));
     EXPECT_EQ(fakeSheet().takeCalls().at(2), "stg_sort_ascending(0, 1)");
-    EXPECT_THAT(traceOf("sortDescending"), ElementsAre(R"(reply { "column": 1 })", kInvalidated));
+    EXPECT_THAT(traceOf("sortDescending"), ElementsAre(R"(reply { "column": 1 })", INVALIDATED));
     EXPECT_EQ(fakeSheet().takeCalls().at(2), "stg_sort_descending(0, 1)");
 }
 
 TEST_F(ExcelMethodsTest, FailedSortIsMinusOne) {
     addBook(1);
     fakeSheet().results["stg_sort_ascending"] = 4;
-    EXPECT_THAT(traceOf("sortAscending"), ElementsAre(R"(reply { "column": -1 })", kInvalidated));
+    EXPECT_THAT(traceOf("sortAscending"), ElementsAre(R"(reply { "column": -1 })", INVALIDATED));
 }
 
 TEST_F(ExcelMethodsTest, HidingInvalidatesBeforeTheReply) {
     addBook(1);
     selectColumns();
-    EXPECT_THAT(traceOf("hideSelection"), ElementsAre(kInvalidated, kReplyDone));
-    EXPECT_THAT(traceOf("unhideSelection"), ElementsAre(kInvalidated, kReplyDone));
-    EXPECT_THAT(traceOf("unhideAll"), ElementsAre(kInvalidated, kReplyDone));
+    EXPECT_THAT(traceOf("hideSelection"), ElementsAre(INVALIDATED, REPLY_DONE));
+    EXPECT_THAT(traceOf("unhideSelection"), ElementsAre(INVALIDATED, REPLY_DONE));
+    EXPECT_THAT(traceOf("unhideAll"), ElementsAre(INVALIDATED, REPLY_DONE));
     EXPECT_THAT(fakeSheet().takeCalls(),
                 ElementsAre("stg_hide_columns(0, 1, 120)", "stg_unhide_columns(0, 1, 120)",
                             "stg_unhide_all_rows(0)", "stg_unhide_all_columns(0)"));
@@ -156,10 +156,10 @@ TEST_F(ExcelMethodsTest, HidingInvalidatesBeforeTheReply) {
 
 TEST_F(ExcelMethodsTest, CommandsBeforeAnySelectionAreAnswered) {
     addBook(1);
-    EXPECT_THAT(traceOf("hideSelection"), ElementsAre(kInvalidated, kReplyDone));
+    EXPECT_THAT(traceOf("hideSelection"), ElementsAre(INVALIDATED, REPLY_DONE));
     EXPECT_THAT(fakeSheet().takeCalls(), ElementsAre("stg_hide_rows(0, 0, 0)"));
-    EXPECT_THAT(traceOf("sortAscending"), ElementsAre(R"(reply { "column": 0 })", kInvalidated));
-    EXPECT_EQ(call("/excel", "copySelection", R"({"docid": 0, "column": ""})"), kDone);
+    EXPECT_THAT(traceOf("sortAscending"), ElementsAre(R"(reply { "column": 0 })", INVALIDATED));
+    EXPECT_EQ(call("/excel", "copySelection", R"({"docid": 0, "column": ""})"), DONE);
 }
 
 TEST_F(ExcelMethodsTest, HidingHoldsTheViewsMutex) {
@@ -208,10 +208,10 @@ TEST_F(ExcelMethodsTest, OnlyOnSwitchesResizeModeOn) {
     addBook(1);
     const unsigned int plain = paintedCell();
     for (const char* off : {"ON", "on ", " on", "off", "", "1", "onn", "o"}) {
-        EXPECT_THAT(traceOf("resizeMode", R"({"docid": 0, "mode": "on"})"), ElementsAre(kReplyDone));
+        EXPECT_THAT(traceOf("resizeMode", R"({"docid": 0, "mode": "on"})"), ElementsAre(REPLY_DONE));
         EXPECT_NE(paintedCell(), plain) << "veiled";
         EXPECT_THAT(traceOf("resizeMode", std::string(R"({"docid": 0, "mode": ")") + off + "\"}"),
-                    ElementsAre(kReplyDone));
+                    ElementsAre(REPLY_DONE));
         EXPECT_EQ(paintedCell(), plain) << off;
     }
 }
@@ -223,7 +223,7 @@ TEST_F(ExcelMethodsTest, CopyWritesTheFileNamedByColumn) {
     const std::string path = std::string(folder) + "/copy.txt";
     fakeSheet().selection = u"abcd";
     EXPECT_THAT(traceOf("copySelection", R"({"docid": 0, "column": ")" + path + "\"}"),
-                ElementsAre(kInvalidated, kReplyDone));
+                ElementsAre(INVALIDATED, REPLY_DONE));
     EXPECT_EQ(std::filesystem::file_size(path), 4U);
     EXPECT_THAT(fakeSheet().takeCalls(), ElementsAre("stg_copy_selection(4096, 0)", "stg_clear_selection()"));
     std::filesystem::remove_all(folder);
@@ -233,22 +233,22 @@ TEST_F(ExcelMethodsTest, CopyToAPathThatCannotBeWrittenIsStillDone) {
     addBook(1);
     CaptureStdout();
     EXPECT_THAT(traceOf("copySelection", R"({"docid": 0, "column": "/none/at/all"})"),
-                ElementsAre(kInvalidated, kReplyDone));
+                ElementsAre(INVALIDATED, REPLY_DONE));
     EXPECT_EQ(GetCapturedStdout(), "Excel::copySelection: fileptr is null");
 }
 
 TEST_F(ExcelMethodsTest, MissingParametersAreTold) {
     addBook(1);
     for (const std::string& method : methods()) {
-        const char* text = needsMore(method) ? kNoParameterText : kNoDocidText;
+        const char* text = needsMore(method) ? NO_PARAMETER_TEXT : NO_DOCID_TEXT;
         EXPECT_EQ(call("/excel", method, "{}"), text) << method;
         EXPECT_EQ(call("/excel", method, "no JSON"), text) << method;
         EXPECT_EQ(call("/excel", method, R"({"column": "x", "mode": "on", "sheet": 1})"), text) << method;
         if (needsMore(method)) {
-            EXPECT_EQ(call("/excel", method, R"({"docid": 0})"), kNoParameterText) << method;
-            EXPECT_EQ(call("/excel", method, R"({"docid": 99})"), kNoParameterText) << "before existence";
+            EXPECT_EQ(call("/excel", method, R"({"docid": 0})"), NO_PARAMETER_TEXT) << method;
+            EXPECT_EQ(call("/excel", method, R"({"docid": 99})"), NO_PARAMETER_TEXT) << "before existence";
             EXPECT_EQ(call("/excel", method, R"({"docid": 0, "column": null, "mode": null, "sheet": null})"),
-                      kNoParameterText);
+                      NO_PARAMETER_TEXT);
         }
     }
     EXPECT_EQ(waiting(), 0U);
@@ -259,7 +259,7 @@ TEST_F(ExcelMethodsTest, DocumentsThatDoNotExistAreTold) {
     addBook(1);
     for (const char* docid : {"1", "-1", "2147483647", "-2147483648"}) {
         for (const std::string& method : methods()) {
-            EXPECT_EQ(callFully(method, docid), kNoDocument) << method << docid;
+            EXPECT_EQ(callFully(method, docid), NO_DOCUMENT) << method << docid;
         }
     }
 }
@@ -270,7 +270,7 @@ TEST_F(ExcelMethodsTest, OtherKindsAreRefusedAndThatIsSaid) {
     for (const char* docid : {"0", "1"}) {
         for (const std::string& method : methods()) {
             CaptureStderr();
-            EXPECT_EQ(callFully(method, docid), kNotExcel) << method;
+            EXPECT_EQ(callFully(method, docid), NOT_EXCEL) << method;
             EXPECT_EQ(GetCapturedStderr(), "Not an Excel document\n") << method;
         }
     }
@@ -288,7 +288,7 @@ TEST_F(ExcelMethodsTest, JumpToSlideOnASheetIsRefused) {
 TEST_F(ExcelMethodsTest, ParametersAreCheckedBeforeTheRegistryIsLocked) {
     const StuckRegistry stuck;
     for (const std::string& method : methods()) {
-        EXPECT_EQ(call("/excel", method, "{}"), needsMore(method) ? kNoParameterText : kNoDocidText)
+        EXPECT_EQ(call("/excel", method, "{}"), needsMore(method) ? NO_PARAMETER_TEXT : NO_DOCID_TEXT)
             << method;
     }
 }
@@ -310,13 +310,13 @@ TEST_F(ExcelMethodsTest, DocumentThatFailedToOpenIsAnswered) {
     EXPECT_THAT(traceOf("getSheetList"), ElementsAre("reply "));
     EXPECT_THAT(traceOf("getLastComment"), ElementsAre("reply "));
     EXPECT_THAT(traceOf("jumpToSheet", R"({"docid": 0, "sheet": 4})"),
-                ElementsAre(R"(reply { "cursheet": 4 })", kInvalidated));
-    EXPECT_THAT(traceOf("sortAscending"), ElementsAre(R"(reply { "column": -1 })", kInvalidated));
-    EXPECT_THAT(traceOf("sortDescending"), ElementsAre(R"(reply { "column": -1 })", kInvalidated));
+                ElementsAre(R"(reply { "cursheet": 4 })", INVALIDATED));
+    EXPECT_THAT(traceOf("sortAscending"), ElementsAre(R"(reply { "column": -1 })", INVALIDATED));
+    EXPECT_THAT(traceOf("sortDescending"), ElementsAre(R"(reply { "column": -1 })", INVALIDATED));
     for (const char* method : {"hideSelection", "unhideSelection", "unhideAll", "copySelection"}) {
-        EXPECT_THAT(traceOf(method, R"({"docid": 0, "column": ""})"), ElementsAre(kInvalidated, kReplyDone));
+        EXPECT_THAT(traceOf(method, R"({"docid": 0, "column": ""})"), ElementsAre(INVALIDATED, REPLY_DONE));
     }
-    EXPECT_THAT(traceOf("resizeMode", R"({"docid": 0, "mode": "on"})"), ElementsAre(kReplyDone));
+    EXPECT_THAT(traceOf("resizeMode", R"({"docid": 0, "mode": "on"})"), ElementsAre(REPLY_DONE));
     EXPECT_THAT(fakeSheet().takeCalls(), IsEmpty());
 }
 

@@ -11,14 +11,14 @@
 
 namespace {
 
-constexpr char kGuide[] = "docs/formats.md";
+constexpr char GUIDE[] = "docs/formats.md";
 
 using Place = std::pair<size_t, size_t>; // offset and size
 using Fields = std::map<std::string, Place>;
 
 Fields fieldsOf(const std::string& heading) {
     Fields fields;
-    for (const markdown::Row& row : markdown::table(kGuide, heading, "Offset").rows) {
+    for (const markdown::Row& row : markdown::table(GUIDE, heading, "Offset").rows) {
         fields[markdown::codes(row.at(2)).at(0)] = {std::stoul(row.at(0)), std::stoul(row.at(1))};
     }
     return fields;
@@ -26,7 +26,7 @@ Fields fieldsOf(const std::string& heading) {
 
 std::map<long, std::string> numbersOf(const std::string& heading, const std::string& column) {
     std::map<long, std::string> numbers;
-    for (const markdown::Row& row : markdown::table(kGuide, heading, column).rows) {
+    for (const markdown::Row& row : markdown::table(GUIDE, heading, column).rows) {
         numbers[std::stol(row.at(0))] = markdown::codes(row.at(1)).at(0);
     }
     return numbers;
@@ -38,10 +38,10 @@ Place changed(const Record& before, const Record& after) {
     const auto* a = reinterpret_cast<const unsigned char*>(&before) + sizeof(long);
     const auto* b = reinterpret_cast<const unsigned char*>(&after) + sizeof(long);
     size_t first = 0;
-    while (first < Record::textSize && a[first] == b[first]) {
+    while (first < Record::TEXT_SIZE && a[first] == b[first]) {
         ++first;
     }
-    size_t end = Record::textSize;
+    size_t end = Record::TEXT_SIZE;
     while (end > first && a[end - 1] == b[end - 1]) {
         --end;
     }
@@ -85,15 +85,15 @@ TEST(FormatsGuide, PlacesTheFieldsOfTheStateSegment) {
 }
 
 TEST(FormatsGuide, TellsTheSizes) {
-    const std::string guide = markdown::read(kGuide);
+    const std::string guide = markdown::read(GUIDE);
     const auto says = [&](const std::string& text) { return guide.find(text) != std::string::npos; };
     EXPECT_TRUE(
-        says("To the service: a text of " + std::to_string(ClientServerMessage::textSize) + " bytes"));
-    EXPECT_TRUE(says("To a client: a text of " + std::to_string(ServerClientMessage::textSize) + " bytes"));
+        says("To the service: a text of " + std::to_string(ClientServerMessage::TEXT_SIZE) + " bytes"));
+    EXPECT_TRUE(says("To a client: a text of " + std::to_string(ServerClientMessage::TEXT_SIZE) + " bytes"));
     EXPECT_TRUE(says("\n" + std::to_string(sizeof(StateRecord)) + " bytes, made by the service"));
-    EXPECT_TRUE(says("ftok(\"/tmp\", " + std::to_string(int{DocAdapterMessageQueue::projectId}) + ")"));
-    EXPECT_TRUE(says("docid + " + std::to_string(DocAdapterMessageQueue::paintDoneBase) + "."));
-    EXPECT_TRUE(says("never below " + std::to_string(DocAdapterMessageQueue::highestClientType + 1)));
+    EXPECT_TRUE(says("ftok(\"/tmp\", " + std::to_string(int{DocAdapterMessageQueue::PROJECT_ID}) + ")"));
+    EXPECT_TRUE(says("docid + " + std::to_string(DocAdapterMessageQueue::PAINT_DONE_BASE) + "."));
+    EXPECT_TRUE(says("never below " + std::to_string(DocAdapterMessageQueue::HIGHEST_CLIENT_TYPE + 1)));
 }
 
 TEST(FormatsGuide, NumbersTheTypesToTheService) {

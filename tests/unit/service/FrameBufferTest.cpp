@@ -140,17 +140,17 @@ TEST_F(FrameBufferTest, WritesBesideTheFrameLandInMemoryOfTheService) {
     const auto frame = FrameBuffer::attach(id, 32, 32, 4096, problem);
     ASSERT_TRUE(frame);
     auto* client = static_cast<unsigned int*>(shmat(static_cast<int>(id), nullptr, 0));
-    constexpr auto reach = static_cast<std::ptrdiff_t>(FrameBuffer::slack / 4);
-    EXPECT_GE(reach, 16385);
+    constexpr auto REACH = static_cast<std::ptrdiff_t>(FrameBuffer::SLACK / 4);
+    EXPECT_GE(REACH, 16385);
     frame->pixels()[-1] = 1;
-    frame->pixels()[-reach] = 2;
+    frame->pixels()[-REACH] = 2;
     frame->pixels()[1024] = 3;
-    frame->pixels()[1023 + reach] = 4;
+    frame->pixels()[1023 + REACH] = 4;
     for (int i = 0; i < 1024; ++i) {
         ASSERT_EQ(client[i], 0U) << i;
     }
-    EXPECT_EQ(frame->pixels()[-reach], 2U);
-    EXPECT_EQ(frame->pixels()[1023 + reach], 4U);
+    EXPECT_EQ(frame->pixels()[-REACH], 2U);
+    EXPECT_EQ(frame->pixels()[1023 + REACH], 4U);
     shmdt(client);
 }
 

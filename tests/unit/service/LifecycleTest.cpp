@@ -21,13 +21,13 @@ using testing::IsEmpty;
 using testing::internal::CaptureStderr;
 using testing::internal::GetCapturedStderr;
 
-const std::vector<std::string> kStart = {"register com.kestrel.office",
-                                         "category /common",
-                                         "category /events",
-                                         "category /word",
-                                         "category /excel",
-                                         "category /ppt",
-                                         "attach"};
+const std::vector<std::string> START = {"register com.kestrel.office",
+                                        "category /common",
+                                        "category /events",
+                                        "category /word",
+                                        "category /excel",
+                                        "category /ppt",
+                                        "attach"};
 
 TEST_F(LifecycleTest, RegistersEverythingInOrderAndStopsInOrderOnSigterm) {
     inLoop([](void*) -> gboolean {
@@ -35,7 +35,7 @@ TEST_F(LifecycleTest, RegistersEverythingInOrderAndStopsInOrderOnSigterm) {
         return G_SOURCE_REMOVE;
     });
     EXPECT_EQ(runService(), 0);
-    EXPECT_EQ(fakeHub.requests, kStart);
+    EXPECT_EQ(fakeHub.requests, START);
     EXPECT_THAT(systemCalls.takeLog(),
                 ElementsAre("<6> Starting LecternServer", "<6> Stopping LecternServer: terminated by signal",
                             "<6> Stopping LecternServer: normal"));
@@ -45,7 +45,7 @@ TEST_F(LifecycleTest, RegistersEverythingInOrderAndStopsInOrderOnSigterm) {
 TEST_F(LifecycleTest, TheQueueIsForEverybody) {
     inLoop([](void*) -> gboolean {
         msqid_ds status = {};
-        msgctl(msgget(ftok("/tmp", DocAdapterMessageQueue::projectId), 0), IPC_STAT, &status);
+        msgctl(msgget(ftok("/tmp", DocAdapterMessageQueue::PROJECT_ID), 0), IPC_STAT, &status);
         EXPECT_EQ(status.msg_perm.mode & 0777, 0666);
         raise(SIGTERM);
         return G_SOURCE_REMOVE;
@@ -60,7 +60,7 @@ TEST_F(LifecycleTest, ASigtermThatComesBeforeTheLoopRunsCountsWhenItDoes) {
         }
     };
     EXPECT_EQ(runService(), 0);
-    EXPECT_EQ(fakeHub.requests, kStart);
+    EXPECT_EQ(fakeHub.requests, START);
     EXPECT_THAT(systemCalls.takeLog(),
                 ElementsAre("<6> Starting LecternServer", "<6> Stopping LecternServer: terminated by signal",
                             "<6> Stopping LecternServer: normal"));
@@ -164,9 +164,9 @@ TEST_F(LifecycleTest, APingPutsTheStopOff) {
 
 TEST_F(LifecycleTest, ServesCallsAndRecordsWhileItRuns) {
     inLoop([](void*) -> gboolean {
-        EXPECT_EQ(fakeHub.call("/common", "closeSearch", R"({"docid": 0})"), kNoDocument);
+        EXPECT_EQ(fakeHub.call("/common", "closeSearch", R"({"docid": 0})"), NO_DOCUMENT);
         DocAdapterMessageQueue client;
-        EXPECT_EQ(client.Open(0666, DocAdapterMessageQueue::projectId), 0);
+        EXPECT_EQ(client.Open(0666, DocAdapterMessageQueue::PROJECT_ID), 0);
         EXPECT_EQ(client.SendMessage(ClientServerMessage(_PAINT, 3)), 0);
         ServerClientMessage answer;
         EXPECT_EQ(client.ReadMessage(104, answer, DocAdapterMessageQueue::TIMEOUT_INFINITE), 12);
@@ -212,18 +212,17 @@ TEST_F(LifecycleTest, InstallsItsSignalHandlers) {
 }
 
 TEST_F(LifecycleTest, AFailedBusCallEndsTheStartAtThatStep) {
-    for (size_t step = 0; step < kStart.size(); ++step) {
+    for (size_t step = 0; step < START.size(); ++step) {
         fakeHub.reset();
-        fakeHub.failing = kStart[step];
+        fakeHub.failing = START[step];
         gLastActive = 77;
         CaptureStderr();
         EXPECT_EQ(runService(), -1);
         EXPECT_EQ(gLastActive, 77) << "the clock is set later";
         EXPECT_EQ(GetCapturedStderr(), "error from Hub call: the bus said no\n");
-        EXPECT_EQ(fakeHub.requests,
-                  std::vector(kStart.begin(), kStart.begin() + static_cast<long>(step) + 1));
+        EXPECT_EQ(fakeHub.requests, std::vector(START.begin(), START.begin() + static_cast<long>(step) + 1));
         // The worker, who makes the queue, is started before the last step only.
-        EXPECT_EQ(queueExists(), kStart[step] == "attach");
+        EXPECT_EQ(queueExists(), START[step] == "attach");
         EXPECT_THAT(systemCalls.takeLog(), ElementsAre("<6> Starting LecternServer"));
     }
 }
@@ -254,7 +253,7 @@ TEST_F(LifecycleTest, ARegistryMutexThatCannotBeMadeGivesItsErrorAndNoLine) {
 TEST_F(LifecycleTest, WithoutAQueueBusMethodsStillWork) {
     systemCalls.noQueue = true;
     inLoop([](void*) -> gboolean {
-        EXPECT_EQ(fakeHub.call("/common", "closeSearch", R"({"docid": 0})"), kNoDocument);
+        EXPECT_EQ(fakeHub.call("/common", "closeSearch", R"({"docid": 0})"), NO_DOCUMENT);
         raise(SIGTERM);
         return G_SOURCE_REMOVE;
     });
@@ -266,7 +265,7 @@ TEST_F(LifecycleTest, WithoutAQueueBusMethodsStillWork) {
 
 TEST_F(LifecycleTest, ASecondServiceOnTheQueueIsRefusedBeforeItTouchesIt) {
     QueueOwner other;
-    ASSERT_TRUE(other.acquire(DocAdapterMessageQueue::projectId));
+    ASSERT_TRUE(other.acquire(DocAdapterMessageQueue::PROJECT_ID));
     CaptureStderr();
     EXPECT_EQ(runService(), -1);
     EXPECT_EQ(GetCapturedStderr(), "Another service already serves the message queue.\n");

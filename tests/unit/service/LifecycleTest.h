@@ -22,12 +22,12 @@ protected:
         systemCalls.now = 0;
         systemCalls.timersAtOnce = false;
         systemCalls.onLog = nullptr;
-        g_msgQueue.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId);
+        g_msgQueue.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID);
         g_msgQueue.Remove();
     }
     // Calls something from within the service's loop.
     static void inLoop(GSourceFunc function) { g_idle_add(function, nullptr); }
-    static bool queueExists() { return msgget(ftok("/tmp", DocAdapterMessageQueue::projectId), 0) != -1; }
+    static bool queueExists() { return msgget(ftok("/tmp", DocAdapterMessageQueue::PROJECT_ID), 0) != -1; }
     static struct sigaction handlerOf(int number) {
         struct sigaction action = {};
         sigaction(number, nullptr, &action);

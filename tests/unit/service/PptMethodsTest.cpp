@@ -13,9 +13,9 @@ using testing::IsEmpty;
 using testing::internal::CaptureStderr;
 using testing::internal::GetCapturedStderr;
 
-constexpr char kNotPowerPoint[] =
+constexpr char NOT_POWER_POINT[] =
     R"({ "errorCode": "errWrongType", "errorText": "Not a PowerPoint document" })";
-constexpr char kNoSlideNumber[] =
+constexpr char NO_SLIDE_NUMBER[] =
     R"({ "errorCode": "errParamFailed", "errorText": "failed to get slide number" })";
 
 class PptMethodsTest : public ServiceTest {
@@ -87,7 +87,7 @@ TEST_F(PptMethodsTest, JumpBeyondTheDeckAnswersTheSlideShown) {
 TEST_F(PptMethodsTest, FitWideModeInvalidatesBeforeTheReply) {
     addDeck(1);
     EXPECT_THAT(traceOf("fitWideMode", R"({"docid": 0, "orientation": "left"})"),
-                ElementsAre("message 0 0", std::string("reply ") + kDone));
+                ElementsAre("message 0 0", std::string("reply ") + DONE));
 }
 
 TEST_F(PptMethodsTest, FitWideModeReachesThePicture) {
@@ -108,11 +108,11 @@ TEST_F(PptMethodsTest, FitWideModeNeedsNoOrientation) {
         return std::all_of(frame.begin(), frame.end(), [](unsigned int p) { return p == 0xFF000000; });
     };
     EXPECT_FALSE(isBlack());
-    EXPECT_EQ(call("/ppt", "fitWideMode", R"({"docid": 0})"), kDone);
+    EXPECT_EQ(call("/ppt", "fitWideMode", R"({"docid": 0})"), DONE);
     EXPECT_TRUE(isBlack()) << "the mode that shows nothing";
-    EXPECT_EQ(call("/ppt", "fitWideMode", R"({"docid": 0, "orientation": null})"), kDone);
+    EXPECT_EQ(call("/ppt", "fitWideMode", R"({"docid": 0, "orientation": null})"), DONE);
     EXPECT_FALSE(isBlack());
-    EXPECT_EQ(call("/ppt", "fitWideMode", R"({"docid": 0, "orientation": ""})"), kDone);
+    EXPECT_EQ(call("/ppt", "fitWideMode", R"({"docid": 0, "orientation": ""})"), DONE);
     EXPECT_FALSE(isBlack()) << "a text, if an empty one";
 }
 
@@ -139,16 +139,16 @@ TEST_F(PptMethodsTest, ViewsMutexIsNotTaken) {
 
 TEST_F(PptMethodsTest, TheDocidIsRequired) {
     for (const std::string& method : methods()) {
-        EXPECT_EQ(call("/ppt", method, "{}"), kNoDocidText) << method;
-        EXPECT_EQ(call("/ppt", method, R"({"slide": 1, "orientation": "left"})"), kNoDocidText) << method;
-        EXPECT_EQ(call("/ppt", method, "no JSON"), kNoDocidText) << method;
+        EXPECT_EQ(call("/ppt", method, "{}"), NO_DOCID_TEXT) << method;
+        EXPECT_EQ(call("/ppt", method, R"({"slide": 1, "orientation": "left"})"), NO_DOCID_TEXT) << method;
+        EXPECT_EQ(call("/ppt", method, "no JSON"), NO_DOCID_TEXT) << method;
     }
 }
 
 TEST_F(PptMethodsTest, JumpNeedsASlide) {
     addDeck(2);
-    EXPECT_EQ(call("/ppt", "jumpToSlide", R"({"docid": 0})"), kNoSlideNumber);
-    EXPECT_EQ(call("/ppt", "jumpToSlide", R"({"docid": 99})"), kNoSlideNumber) << "before existence";
+    EXPECT_EQ(call("/ppt", "jumpToSlide", R"({"docid": 0})"), NO_SLIDE_NUMBER);
+    EXPECT_EQ(call("/ppt", "jumpToSlide", R"({"docid": 99})"), NO_SLIDE_NUMBER) << "before existence";
     EXPECT_EQ(waiting(), 0U);
 }
 
@@ -156,7 +156,7 @@ TEST_F(PptMethodsTest, DocumentsThatDoNotExistAreTold) {
     addDeck(2);
     for (const char* docid : {"1", "-1", "2147483647", "-2147483648"}) {
         for (const std::string& method : methods()) {
-            EXPECT_EQ(callWithSlide(method, docid), kNoDocument) << method << docid;
+            EXPECT_EQ(callWithSlide(method, docid), NO_DOCUMENT) << method << docid;
         }
     }
 }
@@ -167,7 +167,7 @@ TEST_F(PptMethodsTest, OtherKindsAreRefusedAndThatIsSaid) {
     for (const char* docid : {"0", "1"}) {
         for (const std::string& method : methods()) {
             CaptureStderr();
-            EXPECT_EQ(callWithSlide(method, docid), kNotPowerPoint) << method;
+            EXPECT_EQ(callWithSlide(method, docid), NOT_POWER_POINT) << method;
             EXPECT_EQ(GetCapturedStderr(), "Not a PowerPoint document\n") << method;
         }
     }
@@ -177,9 +177,9 @@ TEST_F(PptMethodsTest, OtherKindsAreRefusedAndThatIsSaid) {
 TEST_F(PptMethodsTest, ParametersAreCheckedBeforeTheRegistryIsLocked) {
     const StuckRegistry stuck;
     for (const std::string& method : methods()) {
-        EXPECT_EQ(call("/ppt", method, "{}"), kNoDocidText) << method;
+        EXPECT_EQ(call("/ppt", method, "{}"), NO_DOCID_TEXT) << method;
     }
-    EXPECT_EQ(call("/ppt", "jumpToSlide", R"({"docid": 0})"), kNoSlideNumber);
+    EXPECT_EQ(call("/ppt", "jumpToSlide", R"({"docid": 0})"), NO_SLIDE_NUMBER);
 }
 
 TEST_F(PptMethodsTest, WithoutTheRegistryThereIsNoReply) {
@@ -202,7 +202,7 @@ TEST_F(PptMethodsTest, DocumentThatFailedToOpenIsAnswered) {
     EXPECT_THAT(traceOf("jumpToSlide", R"({"docid": 1, "slide": 4})", 1),
                 ElementsAre("message 7 0", R"(reply { "slideNumber": 0 })", "message 0 0"));
     EXPECT_THAT(traceOf("fitWideMode", R"({"docid": 1})", 1),
-                ElementsAre("message 0 0", std::string("reply ") + kDone));
+                ElementsAre("message 0 0", std::string("reply ") + DONE));
     EXPECT_THAT(traceOf("getSlideNote", R"({"docid": 1})", 1), ElementsAre("reply "));
     EXPECT_THAT(traceOf("getSlideList", R"({"docid": 1})", 1), ElementsAre("reply "));
 }

@@ -13,9 +13,9 @@ class ReplyTest : public ServiceTest {};
 
 TEST_F(ReplyTest, APayloadThatIsNoJsonHasNoMembers) {
     for (const char* payload : {"", "{", "no json", "{\"docid\": }", "[]", "null", "7"}) {
-        EXPECT_EQ(call("/common", "getDocProperties", payload), kNoDocidText) << payload;
+        EXPECT_EQ(call("/common", "getDocProperties", payload), NO_DOCID_TEXT) << payload;
     }
-    EXPECT_EQ(fakeHub.call("/common", "getDocProperties", nullptr), kNoDocidText);
+    EXPECT_EQ(fakeHub.call("/common", "getDocProperties", nullptr), NO_DOCID_TEXT);
 }
 
 TEST_F(ReplyTest, ARefusedReplyIsReportedAndForgotten) {
@@ -67,7 +67,7 @@ TEST_F(ReplyTest, TheRegistryIsHeldForErrorsOfDocumentsAloneAndFreeAfterAll) {
     for (const auto& [category, methods] : fakeHub.categories) {
         for (const HubMethod* method = methods; method->name != nullptr; ++method) {
             fakeHub.onReply = [&](const std::string& text) {
-                EXPECT_EQ(registryIsHeld(), text == kNoDocument) << method->name << text;
+                EXPECT_EQ(registryIsHeld(), text == NO_DOCUMENT) << method->name << text;
             };
             call(category, method->name, "{}");
             EXPECT_FALSE(registryIsHeld()) << method->name;

@@ -16,7 +16,7 @@ void ServiceTest::SetUp() {
                           {"/word", wordMethods},
                           {"/excel", excelMethods},
                           {"/ppt", pptMethods}};
-    ASSERT_EQ(g_msgQueue.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId), 0);
+    ASSERT_EQ(g_msgQueue.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID), 0);
     ASSERT_EQ(g_msgQueue.Drain(), 0);
     systemCalls.takeLog();
     segmentsBefore = segments();
@@ -46,9 +46,9 @@ int ServiceTest::addView(doctype_t kind) {
 
 std::vector<ServerClientMessage> ServiceTest::takeMessages(long addressee) {
     std::vector<ServerClientMessage> messages;
-    const int id = msgget(ftok("/tmp", DocAdapterMessageQueue::projectId), 0);
+    const int id = msgget(ftok("/tmp", DocAdapterMessageQueue::PROJECT_ID), 0);
     ServerClientMessage message;
-    while (msgrcv(id, &message, ServerClientMessage::textSize, addressee, IPC_NOWAIT) >= 0) {
+    while (msgrcv(id, &message, ServerClientMessage::TEXT_SIZE, addressee, IPC_NOWAIT) >= 0) {
         messages.push_back(message);
     }
     return messages;
@@ -56,7 +56,7 @@ std::vector<ServerClientMessage> ServiceTest::takeMessages(long addressee) {
 
 unsigned long ServiceTest::waiting() {
     msqid_ds status = {};
-    msgctl(msgget(ftok("/tmp", DocAdapterMessageQueue::projectId), 0), IPC_STAT, &status);
+    msgctl(msgget(ftok("/tmp", DocAdapterMessageQueue::PROJECT_ID), 0), IPC_STAT, &status);
     return status.msg_qnum;
 }
 

@@ -15,12 +15,12 @@
 #include <string>
 #include <vector>
 
-inline constexpr char kDone[] = R"({ "returnValue": true })";
-inline constexpr char kNoDocument[] =
+inline constexpr char DONE[] = R"({ "returnValue": true })";
+inline constexpr char NO_DOCUMENT[] =
     R"({ "errorCode": "errDoesNotExist", "errorText": "Document does not exist" })";
-inline constexpr char kNoDocidText[] =
+inline constexpr char NO_DOCID_TEXT[] =
     R"({ "errorCode": "errParamFailed", "errorText": "failed to get docid" })";
-inline constexpr char kNoParameterText[] =
+inline constexpr char NO_PARAMETER_TEXT[] =
     R"({ "errorCode": "errParamFailed", "errorText": "failed to get required parameter" })";
 
 // A service without its main loop: the categories are registered with the fake

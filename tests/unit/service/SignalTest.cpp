@@ -47,7 +47,7 @@ TEST_F(SignalDeathTest, BeforeItsOwnHandlerIsThereSigtermIsOneOfTheOthers) {
 }
 
 TEST_F(SignalDeathTest, AFaultEndsTheProcessAlsoWhenTheLogHangs) {
-    ASSERT_NE(msgget(ftok("/tmp", DocAdapterMessageQueue::projectId), IPC_CREAT | 0666), -1);
+    ASSERT_NE(msgget(ftok("/tmp", DocAdapterMessageQueue::PROJECT_ID), IPC_CREAT | 0666), -1);
     const auto hang = [](int number) {
         systemCalls.onLog = [] {
             for (;;) {
@@ -61,7 +61,7 @@ TEST_F(SignalDeathTest, AFaultEndsTheProcessAlsoWhenTheLogHangs) {
 }
 
 TEST_F(SignalDeathTest, AFaultInsideOfTheLogEndsTheProcessAsTheFirstOne) {
-    ASSERT_NE(msgget(ftok("/tmp", DocAdapterMessageQueue::projectId), IPC_CREAT | 0666), -1);
+    ASSERT_NE(msgget(ftok("/tmp", DocAdapterMessageQueue::PROJECT_ID), IPC_CREAT | 0666), -1);
     const auto faultAgain = [](int number) {
         systemCalls.onLog = [] { raise(SIGBUS); };
         raise(number);
@@ -72,7 +72,7 @@ TEST_F(SignalDeathTest, AFaultInsideOfTheLogEndsTheProcessAsTheFirstOne) {
 
 TEST_F(SignalDeathTest, TheQueueGoesWithTheProcess) {
     for (const int number : {SIGINT, SIGSEGV}) {
-        ASSERT_NE(msgget(ftok("/tmp", DocAdapterMessageQueue::projectId), IPC_CREAT | 0666), -1);
+        ASSERT_NE(msgget(ftok("/tmp", DocAdapterMessageQueue::PROJECT_ID), IPC_CREAT | 0666), -1);
         EXPECT_EXIT(runWith(number), testing::ExitedWithCode(number), "");
         EXPECT_FALSE(queueExists());
     }

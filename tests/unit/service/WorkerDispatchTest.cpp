@@ -97,7 +97,7 @@ TEST_F(WorkerDispatchTest, WideModeIsForWordsOnly) {
 
 TEST_F(WorkerDispatchTest, WideModeLaysAWordDocumentOutAnew) {
     fakeWord().reset();
-    const ClientFrame frame(kSize);
+    const ClientFrame frame(SIZE);
     create("a.doc", frame);
     const int width = fakeWord().layout.width;
     ClientServerMessage wide(_WIDE_MODE, 0);
@@ -150,12 +150,12 @@ TEST_F(WorkerDispatchTest, APaintOfAViewThatHasNotChangedIsAnsweredToo) {
 
 TEST_F(WorkerDispatchTest, ADocumentOfTheClientIsPaintedIntoItsSegment) {
     fakeWord().reset();
-    ClientFrame frame(kSize + 4);
+    ClientFrame frame(SIZE + 4);
     create("a.doc", frame);
     frame.setStatus(77);
     EXPECT_TRUE(serveMessage(record(_PAINT, 0)));
     EXPECT_EQ(frame.pixel(0), fakeWordPixel(0, 0));
-    EXPECT_EQ(frame.pixel(kWidth * (kHeight - 1) + 1), fakeWordPixel(kHeight - 1, 1));
+    EXPECT_EQ(frame.pixel(WIDTH * (HEIGHT - 1) + 1), fakeWordPixel(HEIGHT - 1, 1));
     EXPECT_EQ(frame.status(), 1);
 }
 

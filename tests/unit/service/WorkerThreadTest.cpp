@@ -22,7 +22,7 @@ class WorkerThreadTest : public ServiceTest {
 protected:
     void SetUp() override {
         ServiceTest::SetUp();
-        ASSERT_EQ(client.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId), 0);
+        ASSERT_EQ(client.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID), 0);
     }
     void TearDown() override {
         if (running) {
@@ -148,7 +148,7 @@ TEST_F(WorkerThreadTest, EndsByItselfWhenAPaintCannotBeReported) {
         sched_yield();
     }
     // Nothing fits any more, though the queue is there and empty.
-    const int id = msgget(ftok("/tmp", DocAdapterMessageQueue::projectId), 0);
+    const int id = msgget(ftok("/tmp", DocAdapterMessageQueue::PROJECT_ID), 0);
     msqid_ds status = {};
     msgctl(id, IPC_STAT, &status);
     status.msg_qbytes = 8;
@@ -164,7 +164,7 @@ TEST_F(WorkerThreadTest, EndsByItselfWhenAPaintCannotBeReported) {
 TEST_F(WorkerThreadTest, EndsByItselfWhenTheQueueIsRemoved) {
     start();
     CaptureStderr();
-    msgctl(msgget(ftok("/tmp", DocAdapterMessageQueue::projectId), 0), IPC_RMID, nullptr);
+    msgctl(msgget(ftok("/tmp", DocAdapterMessageQueue::PROJECT_ID), 0), IPC_RMID, nullptr);
     EXPECT_EQ(join(), nullptr);
     EXPECT_THAT(GetCapturedStderr(), testing::StartsWith("Can't read message from client: "));
     EXPECT_FALSE(g_msgQueue.isOpen());

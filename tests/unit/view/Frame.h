@@ -9,11 +9,11 @@
 
 class Frame {
 public:
-    static constexpr unsigned int untouched = 0xDEADBEEFU;
+    static constexpr unsigned int UNTOUCHED = 0xDEADBEEFU;
 
     Frame(int width, int height)
         : mWidth(width), mSlack(static_cast<size_t>(width + height) * 4),
-          mSize(static_cast<size_t>(width) * height), mMemory(2 * mSlack + mSize, untouched) {}
+          mSize(static_cast<size_t>(width) * height), mMemory(2 * mSlack + mSize, UNTOUCHED) {}
 
     unsigned int* pixels() { return mMemory.data() + mSlack; }
     unsigned int& operator[](long index) { return pixels()[index]; }
@@ -26,10 +26,10 @@ public:
     // Frame and slack alike.
     bool operator==(const Frame& other) const { return mMemory == other.mMemory; }
     bool isUntouched() const {
-        return std::all_of(mMemory.begin(), mMemory.end(), [](unsigned int p) { return p == untouched; });
+        return std::all_of(mMemory.begin(), mMemory.end(), [](unsigned int p) { return p == UNTOUCHED; });
     }
     bool slackIsUntouched() const {
-        const auto same = [](unsigned int p) { return p == untouched; };
+        const auto same = [](unsigned int p) { return p == UNTOUCHED; };
         return std::all_of(mMemory.begin(), mMemory.begin() + static_cast<long>(mSlack), same) &&
                std::all_of(mMemory.end() - static_cast<long>(mSlack), mMemory.end(), same);
     }

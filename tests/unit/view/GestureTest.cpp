@@ -12,7 +12,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double POSITIVE_INFINITY = std::numeric_limits<double>::infinity();
 
 class Gesture : public testing::Test {
 protected:
@@ -57,9 +57,9 @@ TEST_F(Gesture, ChangeStaysWithinTheViewsScales) {
 
 TEST_F(Gesture, ChangeSurvivesWildScales) {
     view.mScale = 2.0;
-    view.handleGestureChange(infinity, 0.0);
+    view.handleGestureChange(POSITIVE_INFINITY, 0.0);
     EXPECT_EQ(view.mGestureRequestScale, 2.0);
-    view.handleGestureChange(-infinity, 0.0);
+    view.handleGestureChange(-POSITIVE_INFINITY, 0.0);
     EXPECT_EQ(view.mGestureRequestScale, 0.5);
     view.handleGestureChange(-1.0, 0.0);
     EXPECT_EQ(view.mGestureRequestScale, 0.5);
@@ -125,7 +125,7 @@ TEST_F(Gesture, EndCountsTheSmallestChange) {
 }
 
 TEST_F(Gesture, EndRefusesAFactorThatLeavesNoScale) {
-    for (const double factor : {0.0, -2.0, infinity, -infinity, std::nan("")}) {
+    for (const double factor : {0.0, -2.0, POSITIVE_INFINITY, -POSITIVE_INFINITY, std::nan("")}) {
         view.handleGestureStart(1.0, 0.0);
         view.mGestureAppliedScale = factor;
         EXPECT_TRUE(view.handleGestureEnd(1.0, 0.0));

@@ -13,8 +13,8 @@ class Notifications : public IpcTest {
 protected:
     void SetUp() override {
         IpcTest::SetUp();
-        ASSERT_EQ(g_msgQueue.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId), 0);
-        ASSERT_EQ(client.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId), 0);
+        ASSERT_EQ(g_msgQueue.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID), 0);
+        ASSERT_EQ(client.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID), 0);
         view.attachStateRecord("/usr");
         view.mDirty = false;
     }

@@ -11,10 +11,10 @@
 
 // The ids of the records that wait for a view's client; they are gone then.
 inline std::vector<int> takeNotifications(const OfficeBase& view) {
-    const int queue = msgget(ftok("/tmp", DocAdapterMessageQueue::projectId), 0);
+    const int queue = msgget(ftok("/tmp", DocAdapterMessageQueue::PROJECT_ID), 0);
     ServerClientMessage message;
     std::vector<int> ids;
-    while (msgrcv(queue, &message, ServerClientMessage::textSize, static_cast<long>(view.dataStoreShmId()),
+    while (msgrcv(queue, &message, ServerClientMessage::TEXT_SIZE, static_cast<long>(view.dataStoreShmId()),
                   IPC_NOWAIT) >= 0) {
         EXPECT_EQ(message.value, 0);
         EXPECT_EQ(message.extra, 0);

@@ -19,7 +19,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 
-constexpr unsigned int black = 0xFF000000U;
+constexpr unsigned int BLACK = 0xFF000000U;
 
 // A 40x60 view of a document of 100x150 whose surface starts at (10, 500).
 class Paint : public testing::Test {
@@ -34,7 +34,7 @@ protected:
     unsigned int expected(int x, int y) const {
         const int sx = view.mScroll.x - 10 + x;
         const int sy = view.mScroll.y - 500 + y;
-        return sx >= 0 && sx < 100 && sy >= 0 && sy < 150 ? patternPixel(sx, sy) : black;
+        return sx >= 0 && sx < 100 && sy >= 0 && sy < 150 ? patternPixel(sx, sy) : BLACK;
     }
     void expectPicture() {
         for (int y = 0; y < 60; ++y) {
@@ -120,7 +120,7 @@ TEST_F(Paint, ShowsTheVisiblePart) {
 TEST_F(Paint, KeepsColumnsLeftOfTheDocumentBlack) {
     view.mScroll.set(3, 507);
     view.handlePaintRouter(frame.pixels());
-    EXPECT_EQ(frame[6], black);
+    EXPECT_EQ(frame[6], BLACK);
     EXPECT_EQ(frame[7], patternPixel(0, 7));
     expectPicture();
 }
@@ -138,7 +138,7 @@ TEST_F(Paint, KeepsEverythingOutsideTheDocumentBlack) {
             const int sx = s.x - 10 + x;
             const int sy = s.y - 500 + y;
             const bool inside = sx >= 0 && sx < 20 && sy >= 0 && sy < 20;
-            ASSERT_EQ(frame[y * 40 + x], inside ? patternPixel(sx, sy) : black);
+            ASSERT_EQ(frame[y * 40 + x], inside ? patternPixel(sx, sy) : BLACK);
         }
     }
     expectLastFrame();
@@ -150,7 +150,7 @@ TEST_F(Paint, AWhollyHiddenDocumentGivesABlackFrame) {
     view.mScroll.set(INT_MIN, INT_MIN);
     view.OfficeBase::handlePaint(frame.pixels());
     for (size_t i = 0; i < frame.size(); ++i) {
-        ASSERT_EQ(frame[static_cast<long>(i)], black);
+        ASSERT_EQ(frame[static_cast<long>(i)], BLACK);
     }
     EXPECT_TRUE(frame.slackIsUntouched());
 }
@@ -162,8 +162,8 @@ TEST_F(Paint, SurvivesASurfaceWithoutPixels) {
         view.mDocPixmap = &empty;
         frame.fill(1);
         view.OfficeBase::handlePaint(frame.pixels());
-        EXPECT_EQ(frame[0], black);
-        EXPECT_EQ(frame[2399], black);
+        EXPECT_EQ(frame[0], BLACK);
+        EXPECT_EQ(frame[2399], BLACK);
         EXPECT_TRUE(frame.slackIsUntouched());
         expectLastFrame();
     }
@@ -232,7 +232,7 @@ TEST(EraseBuffer, BlackensExactlyThePixelsAskedFor) {
     for (const unsigned int count : {0U, 1U, 1023U, 1024U, 1025U, 2049U, 5000U}) {
         std::vector<unsigned int> pixels(5001, 7U);
         view.OfficeBase::eraseBuffer(pixels.data(), count);
-        EXPECT_EQ(std::count(pixels.begin(), pixels.begin() + count, black), count);
+        EXPECT_EQ(std::count(pixels.begin(), pixels.begin() + count, BLACK), count);
         EXPECT_EQ(std::count(pixels.begin() + count, pixels.end(), 7U), 5001 - static_cast<long>(count));
     }
 }

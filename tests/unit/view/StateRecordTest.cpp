@@ -162,8 +162,8 @@ TEST_F(StateRecordIpc, KeepsTheLevelWhenTheSavedOneIsUnknown) {
 }
 
 TEST_F(StateRecordIpc, KeepsPositionsThatLieOutOfReach) {
-    constexpr int limit = 1 << 30;
-    for (const int position : {limit + 1, -limit - 1, std::numeric_limits<int>::max()}) {
+    constexpr int LIMIT = 1 << 30;
+    for (const int position : {LIMIT + 1, -LIMIT - 1, std::numeric_limits<int>::max()}) {
         ProbeView view(40, 60, savedState(position, 9, 1.0, 0));
         view.attachStateRecord("/usr");
         EXPECT_EQ(view.mScroll.x, 0) << position;
@@ -173,10 +173,10 @@ TEST_F(StateRecordIpc, KeepsPositionsThatLieOutOfReach) {
         EXPECT_EQ(other.mScroll.x, 9);
         EXPECT_EQ(other.mScroll.y, 0) << position;
     }
-    ProbeView view(40, 60, savedState(limit, -limit, 1.0, 0));
+    ProbeView view(40, 60, savedState(LIMIT, -LIMIT, 1.0, 0));
     view.attachStateRecord("/usr");
-    EXPECT_EQ(view.mScroll.x, limit);
-    EXPECT_EQ(view.mScroll.y, -limit);
+    EXPECT_EQ(view.mScroll.x, LIMIT);
+    EXPECT_EQ(view.mScroll.y, -LIMIT);
 }
 
 TEST_F(StateRecordIpc, TreatsAnUnusableSegmentAsNone) {

@@ -72,25 +72,25 @@ TEST_F(DateText, SurvivesTimesBeyondTheCalendar) {
     EXPECT_EQ(text(67768036191676799), "Dec 31, 2147485547, 11:59pm");
 }
 
-const unsigned short wideText[] = {'d', 0xE9, 0x20AC, 0xD83D, 0xDE00, 0}; // dé€😀
-const char* const narrowText = "d\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80";
-const unsigned short loneSurrogate[] = {'a', 0xD83D, 'b', 0};
+const unsigned short WIDE_TEXT[] = {'d', 0xE9, 0x20AC, 0xD83D, 0xDE00, 0}; // dé€😀
+const char* const NARROW_TEXT = "d\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80";
+const unsigned short LONE_SURROGATE[] = {'a', 0xD83D, 'b', 0};
 
 TEST(TextConversion, GoesBothWays) {
-    char* narrow = ToUTF8(wideText);
+    char* narrow = ToUTF8(WIDE_TEXT);
     ASSERT_NE(narrow, nullptr);
-    EXPECT_STREQ(narrow, narrowText);
+    EXPECT_STREQ(narrow, NARROW_TEXT);
     unsigned short* wide = ToUTF16(narrow);
     ASSERT_NE(wide, nullptr);
-    for (size_t i = 0; i < std::size(wideText); ++i) {
-        EXPECT_EQ(wide[i], wideText[i]) << i;
+    for (size_t i = 0; i < std::size(WIDE_TEXT); ++i) {
+        EXPECT_EQ(wide[i], WIDE_TEXT[i]) << i;
     }
     g_free(narrow);
     g_free(wide);
 }
 
 TEST(TextConversion, GivesNullForBrokenText) {
-    EXPECT_EQ(ToUTF8(loneSurrogate), nullptr);
+    EXPECT_EQ(ToUTF8(LONE_SURROGATE), nullptr);
     EXPECT_EQ(ToUTF16("a\xFFz"), nullptr);
     EXPECT_EQ(ToUTF16("cut \xE2\x82"), nullptr);
 }
@@ -101,8 +101,8 @@ TEST(TextConversion, GivesNullForNull) {
 }
 
 TEST(Utf8OrEmpty, IsTheTextOrNothing) {
-    EXPECT_EQ(utf8OrEmpty(wideText), narrowText);
-    EXPECT_EQ(utf8OrEmpty(loneSurrogate), "");
+    EXPECT_EQ(utf8OrEmpty(WIDE_TEXT), NARROW_TEXT);
+    EXPECT_EQ(utf8OrEmpty(LONE_SURROGATE), "");
     EXPECT_EQ(utf8OrEmpty(nullptr), "");
 }
 

@@ -14,7 +14,7 @@ namespace {
 
 using testing::ElementsAre;
 
-constexpr unsigned int black = 0xFF000000U;
+constexpr unsigned int BLACK = 0xFF000000U;
 
 // Paints a surface turned and compares every pixel with the formula, those that
 // land outside of the frame included. Parameters: view size, surface bounds.
@@ -35,7 +35,7 @@ protected:
         view.mCurrentResult = 0;
 
         Frame expected(width, height);
-        expected.fill(black);
+        expected.fill(BLACK);
         const int left = bounds.Left();
         const int top = bounds.Top();
         const int right = std::min(left + height, bounds.Width());
@@ -80,10 +80,10 @@ TEST_P(TurnedPaint, WideModeIsTheKindsToPaint) {
     Frame frame(width, height);
     view.handlePaintRouter(frame.pixels());
     Frame erased(width, height);
-    erased.fill(black);
+    erased.fill(BLACK);
     EXPECT_TRUE(frame == erased);
-    EXPECT_EQ(view.mLastFrame.Pixels()[0], black);
-    EXPECT_EQ(view.mLastFrame.Pixels()[width * height - 1], black);
+    EXPECT_EQ(view.mLastFrame.Pixels()[0], BLACK);
+    EXPECT_EQ(view.mLastFrame.Pixels()[width * height - 1], BLACK);
 }
 
 INSTANTIATE_TEST_SUITE_P(Sizes, TurnedPaint,
@@ -122,7 +122,7 @@ TEST(TurnedPaintOfAnUnusualSurface, SurvivesNoPixelsAndTheEndsOfInt) {
             Frame frame(40, 60);
             view.handlePaintRouter(frame.pixels());
             Frame erased(40, 60);
-            erased.fill(black);
+            erased.fill(BLACK);
             EXPECT_TRUE(frame == erased) << mode;
         }
     }

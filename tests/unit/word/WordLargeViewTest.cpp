@@ -4,8 +4,8 @@
 
 namespace {
 
-const std::string bottomRight = "wtg_get_bottom_right_character(0)";
-const std::string lastUsed = "wtg_get_vertical_last_used_pixel(0)";
+const std::string BOTTOM_RIGHT = "wtg_get_bottom_right_character(0)";
+const std::string LAST_USED = "wtg_get_vertical_last_used_pixel(0)";
 
 class WordLargeViewTest : public WordTest {};
 
@@ -16,11 +16,11 @@ TEST_F(WordLargeViewTest, LargeViewsMoveTheStretchByHalfItsSpare) {
     EXPECT_EQ(view->mScroll.y, 242);
     EXPECT_THAT(calls(), IsEmpty()) << "the wanted position is covered";
     view->handlePenMove(100, 457);
-    EXPECT_THAT(calls(), ElementsAre(bottomRight, "wtg_scroll_down(0, 121)", lastUsed));
+    EXPECT_THAT(calls(), ElementsAre(BOTTOM_RIGHT, "wtg_scroll_down(0, 121)", LAST_USED));
     view->handlePenMove(100, 200);
     EXPECT_EQ(view->mScroll.y, 500);
-    EXPECT_THAT(calls(), ElementsAre(bottomRight, "wtg_scroll_down(0, 121)", lastUsed, bottomRight,
-                                     "wtg_scroll_down(0, 121)", lastUsed));
+    EXPECT_THAT(calls(), ElementsAre(BOTTOM_RIGHT, "wtg_scroll_down(0, 121)", LAST_USED, BOTTOM_RIGHT,
+                                     "wtg_scroll_down(0, 121)", LAST_USED));
     view->handlePenMove(100, 600);
     EXPECT_EQ(view->mScroll.y, 100);
     EXPECT_EQ(view->top(), 0) << "by what there is above";
@@ -43,7 +43,7 @@ TEST_F(WordLargeViewTest, MovesOfLargeViewsEndWhenTheModuleFails) {
     fakeWord().results["wtg_scroll_down"] = 1;
     view->handlePenDown(100, 700);
     view->handlePenMove(100, 100);
-    EXPECT_THAT(calls(), ElementsAre(bottomRight, "wtg_scroll_down(0, 121)"));
+    EXPECT_THAT(calls(), ElementsAre(BOTTOM_RIGHT, "wtg_scroll_down(0, 121)"));
     EXPECT_EQ(view->top(), 0);
     EXPECT_EQ(view->mScroll.y, 242) << "held to the stretch";
 }
@@ -57,7 +57,7 @@ TEST_F(WordLargeViewTest, WideModeOfAPhoneScrollsAsLargeViewsDo) {
     EXPECT_EQ(view->mScroll.y, 302);
     EXPECT_THAT(calls(), IsEmpty());
     view->handlePenMove(100, 97);
-    EXPECT_THAT(calls(), ElementsAre(bottomRight, "wtg_scroll_down(0, 151)", lastUsed));
+    EXPECT_THAT(calls(), ElementsAre(BOTTOM_RIGHT, "wtg_scroll_down(0, 151)", LAST_USED));
     EXPECT_EQ(view->mScroll.y, 303);
 }
 
@@ -66,12 +66,12 @@ TEST_F(WordLargeViewTest, ViewsAreLargeOnceTwoStepsAndTheViewPassTheStretch) {
     scrollBy(*fitting, 1039);
     calls();
     scrollBy(*fitting, 1);
-    EXPECT_THAT(calls(), ElementsAre(bottomRight, "wtg_scroll_down(0, 520)", lastUsed));
+    EXPECT_THAT(calls(), ElementsAre(BOTTOM_RIGHT, "wtg_scroll_down(0, 520)", LAST_USED));
     const auto large = openView(320, 523, 20000);
     scrollBy(*large, 1039);
     EXPECT_THAT(calls(), IsEmpty());
     scrollBy(*large, 1);
-    EXPECT_THAT(calls(), ElementsAre(bottomRight, "wtg_scroll_down(0, 519)", lastUsed));
+    EXPECT_THAT(calls(), ElementsAre(BOTTOM_RIGHT, "wtg_scroll_down(0, 519)", LAST_USED));
 }
 
 TEST_F(WordLargeViewTest, LargeViewsGlideWithoutWhite) {

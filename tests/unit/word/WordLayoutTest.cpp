@@ -11,9 +11,9 @@ TextStretch::Size sizeOf(const TestWord& view) {
 std::string setBuffer(int width, int height) {
     return "wtg_set_offscreen_buffer(0, " + std::to_string(width) + ", " + std::to_string(height) + ")";
 }
-const std::string bottomRight = "wtg_get_bottom_right_character(0)";
-const std::string topLeft = "wtg_get_top_left_character(0)";
-const std::string lastUsed = "wtg_get_vertical_last_used_pixel(0)";
+const std::string BOTTOM_RIGHT = "wtg_get_bottom_right_character(0)";
+const std::string TOP_LEFT = "wtg_get_top_left_character(0)";
+const std::string LAST_USED = "wtg_get_vertical_last_used_pixel(0)";
 
 class WordLayoutTest : public WordTest {};
 
@@ -73,7 +73,7 @@ TEST_F(WordLayoutTest, OpeningLaysOutOnceInThisOrder) {
     EXPECT_THAT(calls(),
                 ElementsAre("wtg_open_file(\"/d/text.doc\", \"secret\", \"/usr/share/fonts\", \"/tmp\")",
                             "wtg_get_character_count(0)", setBuffer(320, 1562), "wtg_set_dpi(72)",
-                            bottomRight));
+                            BOTTOM_RIGHT));
     EXPECT_EQ(fakeWord().layouts, 1);
     EXPECT_EQ(view->top(), 0);
     EXPECT_EQ(view->bottom(), 1562);
@@ -83,14 +83,14 @@ TEST_F(WordLayoutTest, TextShorterThanTheSurfaceEndsItsBounds) {
     const auto view = openView(320, 480, 700);
     EXPECT_EQ(view->bottom(), 700);
     view->resizeDocument();
-    EXPECT_THAT(calls(), ElementsAre(setBuffer(320, 1562), "wtg_set_dpi(72)", bottomRight, lastUsed));
+    EXPECT_THAT(calls(), ElementsAre(setBuffer(320, 1562), "wtg_set_dpi(72)", BOTTOM_RIGHT, LAST_USED));
 }
 
 TEST_F(WordLayoutTest, WideModeIsTwiceTheZoomWide) {
     const auto view = openView(320, 480, 20000);
     view->mScroll.set(3, 100);
     view->setWideMode(true);
-    EXPECT_THAT(calls(), ElementsAre(setBuffer(640, 782), "wtg_set_dpi(72)", bottomRight));
+    EXPECT_THAT(calls(), ElementsAre(setBuffer(640, 782), "wtg_set_dpi(72)", BOTTOM_RIGHT));
     EXPECT_EQ(sizeOf(*view).step, 260);
     EXPECT_EQ(view->mScroll.x, 0);
     EXPECT_EQ(view->mScroll.y, 0);
@@ -144,7 +144,7 @@ TEST_F(WordLayoutTest, DoubleTapCentresTheTappedPoint) {
     view->handleDoubleClick(50, 200);
     EXPECT_EQ(view->mScroll.y, (100 + 200) * 3 - 240);
     EXPECT_EQ(view->mScroll.x, 0) << "outside wide mode the width stays";
-    EXPECT_THAT(calls(), ElementsAre(setBuffer(320, 1562), "wtg_set_dpi(216)", bottomRight));
+    EXPECT_THAT(calls(), ElementsAre(setBuffer(320, 1562), "wtg_set_dpi(216)", BOTTOM_RIGHT));
     EXPECT_EQ(fakeWord().layouts, 2) << "one for both the buffer and the resolution";
 }
 
@@ -155,8 +155,8 @@ TEST_F(WordLayoutTest, DoubleTapPastTheStretchMovesIt) {
     view->handleDoubleClick(50, 300);
     // 600 * 3 - 240 = 1560, and 1560 + 520 - 1562 = 518
     EXPECT_EQ(view->mScroll.y, 1560);
-    EXPECT_THAT(calls(), ElementsAre(setBuffer(320, 1562), "wtg_set_dpi(216)", bottomRight, bottomRight,
-                                     "wtg_scroll_down(0, 518)", lastUsed));
+    EXPECT_THAT(calls(), ElementsAre(setBuffer(320, 1562), "wtg_set_dpi(216)", BOTTOM_RIGHT, BOTTOM_RIGHT,
+                                     "wtg_scroll_down(0, 518)", LAST_USED));
     EXPECT_EQ(view->top(), 518);
     EXPECT_EQ(view->bottom(), 518 + 1562);
     EXPECT_EQ(view->whiteRows(), 0);
@@ -166,8 +166,8 @@ TEST_F(WordLayoutTest, DoubleTapsAmountIsNeverLessThanTheView) {
     const auto view = openView(480, 800, 20000); // step 347
     view->handleDoubleClick(50, 790);
     // 790 * 3 - 400 = 1970; 1970 + 800 - 1042
-    EXPECT_THAT(calls(), ElementsAre(setBuffer(480, 1042), "wtg_set_dpi(216)", bottomRight, bottomRight,
-                                     "wtg_scroll_down(0, 1728)", lastUsed));
+    EXPECT_THAT(calls(), ElementsAre(setBuffer(480, 1042), "wtg_set_dpi(216)", BOTTOM_RIGHT, BOTTOM_RIGHT,
+                                     "wtg_scroll_down(0, 1728)", LAST_USED));
     EXPECT_EQ(view->whiteRows(), 0);
 }
 
@@ -177,8 +177,8 @@ TEST_F(WordLayoutTest, DoubleTapsAmountUpwardsIsNeverLessThanTheViewEither) {
     view->handleClick(1, 1);
     calls();
     view->handleDoubleClick(50, 10); // stands 370 rows above the stretch
-    EXPECT_THAT(calls(), ElementsAre(setBuffer(480, 1042), "wtg_set_dpi(216)", bottomRight, topLeft,
-                                     "wtg_scroll_up(0, 800)", topLeft));
+    EXPECT_THAT(calls(), ElementsAre(setBuffer(480, 1042), "wtg_set_dpi(216)", BOTTOM_RIGHT, TOP_LEFT,
+                                     "wtg_scroll_up(0, 800)", TOP_LEFT));
     paint(*view); // makes good what that uncovered at the other end
     EXPECT_EQ(view->whiteRows(), 0);
 }
@@ -188,14 +188,14 @@ TEST_F(WordLayoutTest, DoubleTapPastTheTextsEndGoesBackToIt) {
     view->handleDoubleClick(50, 450);
     EXPECT_EQ(view->mScroll.y, 1350 - 480);
     EXPECT_THAT(calls(),
-                ElementsAre(setBuffer(320, 1562), "wtg_set_dpi(216)", bottomRight, lastUsed, bottomRight));
+                ElementsAre(setBuffer(320, 1562), "wtg_set_dpi(216)", BOTTOM_RIGHT, LAST_USED, BOTTOM_RIGHT));
 }
 
 TEST_F(WordLayoutTest, DoubleTapNearTheTopStandsAboveRowZero) {
     const auto view = openView(320, 480, 20000);
     view->handleDoubleClick(50, 10);
     EXPECT_EQ(view->mScroll.y, 30 - 240);
-    EXPECT_THAT(calls(), ElementsAre(setBuffer(320, 1562), "wtg_set_dpi(216)", bottomRight, topLeft));
+    EXPECT_THAT(calls(), ElementsAre(setBuffer(320, 1562), "wtg_set_dpi(216)", BOTTOM_RIGHT, TOP_LEFT));
     view->tick();
     EXPECT_EQ(view->mScroll.y, 30 - 240) << "a paint leaves it there";
     EXPECT_THAT(calls(), IsEmpty());
@@ -207,8 +207,8 @@ TEST_F(WordLayoutTest, DoubleTapAboveAMovedStretchMovesItUp) {
     view->handleClick(1, 1);
     fakeWord().calls.clear();
     view->handleDoubleClick(50, 10); // stands 210 rows above the stretch
-    EXPECT_THAT(calls(), ElementsAre(setBuffer(320, 1562), "wtg_set_dpi(216)", bottomRight, topLeft,
-                                     "wtg_scroll_up(0, 520)", topLeft));
+    EXPECT_THAT(calls(), ElementsAre(setBuffer(320, 1562), "wtg_set_dpi(216)", BOTTOM_RIGHT, TOP_LEFT,
+                                     "wtg_scroll_up(0, 520)", TOP_LEFT));
     EXPECT_EQ(view->top(), 0) << "rows are counted anew instead of going below 0";
     EXPECT_EQ(view->mScroll.y, 520 - 210);
     EXPECT_EQ(view->whiteRows(), 0);
@@ -289,7 +289,7 @@ TEST_F(WordLayoutTest, PinchEndTakesOverWhatWasShown) {
     EXPECT_EQ(view->mScale, 2.0);
     EXPECT_EQ(view->mScroll.y, (100 + 120) * 2);
     EXPECT_EQ(view->mScroll.x, 0);
-    EXPECT_THAT(calls(), ElementsAre(setBuffer(320, 1562), "wtg_set_dpi(144)", bottomRight));
+    EXPECT_THAT(calls(), ElementsAre(setBuffer(320, 1562), "wtg_set_dpi(144)", BOTTOM_RIGHT));
     EXPECT_THAT(notifications(*view), ElementsAre(_INVALIDATED));
 }
 
@@ -330,7 +330,7 @@ TEST_F(WordLayoutTest, BottomAfterAPinchIsTheLastRowThatIsUsed) {
     const FakeWordLayout& text = fakeWord().layout;
     ASSERT_LT(text.rows - text.top, 1562) << "the rest of the text fits";
     EXPECT_EQ(view->bottom() - view->top(), text.rows - text.top);
-    EXPECT_THAT(calls(), ElementsAre(setBuffer(320, 1562), "wtg_set_dpi(64)", bottomRight, lastUsed));
+    EXPECT_THAT(calls(), ElementsAre(setBuffer(320, 1562), "wtg_set_dpi(64)", BOTTOM_RIGHT, LAST_USED));
 }
 
 TEST_F(WordLayoutTest, ZoomsWithoutSenseAreSurvived) {

@@ -36,7 +36,7 @@ TEST_F(WordPaintTest, WhatIsBelowAShortTextIsWhite) {
     const auto view = openView(320, 480, 100);
     const std::vector<uint32_t> frame = paint(*view);
     EXPECT_EQ(frame[99 * 320], fakeWordPixel(99, 0));
-    EXPECT_EQ(frame[100 * 320], fakeWordWhite);
+    EXPECT_EQ(frame[100 * 320], FAKE_WORD_WHITE);
 }
 
 TEST_F(WordPaintTest, ZoomingInPreviewsTheMiddleOfTheLastFrame) {
@@ -61,11 +61,11 @@ TEST_F(WordPaintTest, ZoomingOutPreviewsTheLastFrameInTheMiddle) {
     paint(*view);
     view->handleGestureStart(0.5, 0.0);
     const std::vector<uint32_t> frame = paint(*view);
-    EXPECT_EQ(frame[0], fakeWordWhite);
-    EXPECT_EQ(frame[120 * 320 + 79], fakeWordWhite);
+    EXPECT_EQ(frame[0], FAKE_WORD_WHITE);
+    EXPECT_EQ(frame[120 * 320 + 79], FAKE_WORD_WHITE);
     EXPECT_EQ(frame[120 * 320 + 80], fakeWordPixel(100, 0));
     EXPECT_EQ(frame[359 * 320 + 239], fakeWordPixel(100 + 478, 318));
-    EXPECT_EQ(frame[360 * 320 + 80], fakeWordWhite);
+    EXPECT_EQ(frame[360 * 320 + 80], FAKE_WORD_WHITE);
     EXPECT_EQ(view->mGestureScroll.x, -80);
     EXPECT_EQ(view->mGestureScroll.y, 50 - 120);
 }
@@ -109,8 +109,8 @@ TEST_F(WordPaintTest, PreviewHalvesOddViewsTowardZero) {
     EXPECT_EQ(view->mGestureScroll.x, -79);
     EXPECT_EQ(view->mGestureScroll.y, -119);
     EXPECT_EQ(frame[119 * 321 + 79], fakeWordPixel(0, 0));
-    EXPECT_EQ(frame[118 * 321 + 79], fakeWordWhite);
-    EXPECT_EQ(frame[119 * 321 + 78], fakeWordWhite);
+    EXPECT_EQ(frame[118 * 321 + 79], FAKE_WORD_WHITE);
+    EXPECT_EQ(frame[119 * 321 + 78], FAKE_WORD_WHITE);
 }
 
 // Notes which of the steps that touch what a paint shows ran with the view locked.

@@ -7,9 +7,9 @@
 
 namespace {
 
-const std::string bottomRight = "wtg_get_bottom_right_character(0)";
-const std::string topLeft = "wtg_get_top_left_character(0)";
-const std::string lastUsed = "wtg_get_vertical_last_used_pixel(0)";
+const std::string BOTTOM_RIGHT = "wtg_get_bottom_right_character(0)";
+const std::string TOP_LEFT = "wtg_get_top_left_character(0)";
+const std::string LAST_USED = "wtg_get_vertical_last_used_pixel(0)";
 
 class WordScrollTest : public WordTest {
 protected:
@@ -62,7 +62,7 @@ TEST_F(WordScrollTest, StretchMovesDownAStepFromTwoStepsOn) {
     EXPECT_EQ(view->top(), 0);
     calls();
     scrollBy(*view, 1);
-    EXPECT_THAT(calls(), ElementsAre(bottomRight, "wtg_scroll_down(0, 520)", lastUsed));
+    EXPECT_THAT(calls(), ElementsAre(BOTTOM_RIGHT, "wtg_scroll_down(0, 520)", LAST_USED));
     EXPECT_EQ(view->top(), 520);
     EXPECT_EQ(view->bottom(), 2082);
     EXPECT_EQ(view->mScroll.y, 1040);
@@ -77,7 +77,7 @@ TEST_F(WordScrollTest, StretchMovesUpAStepFromOneStepBelowItsTop) {
     EXPECT_EQ(view->top(), 1560);
     calls();
     view->handlePenMove(100, 220);
-    EXPECT_THAT(calls(), ElementsAre(topLeft, "wtg_scroll_up(0, 520)"));
+    EXPECT_THAT(calls(), ElementsAre(TOP_LEFT, "wtg_scroll_up(0, 520)"));
     EXPECT_EQ(view->top(), 1040);
     EXPECT_EQ(view->bottom(), 2602);
 }
@@ -89,7 +89,7 @@ TEST_F(WordScrollTest, AtTheTextsEndTheStretchStays) {
     view->handlePenDown(100, 300);
     view->handlePenMove(100, 290);
     EXPECT_EQ(view->mScroll.y, 1082);
-    EXPECT_THAT(calls(), ElementsAre(bottomRight));
+    EXPECT_THAT(calls(), ElementsAre(BOTTOM_RIGHT));
 }
 
 TEST_F(WordScrollTest, AtTheFirstCharacterTheStretchStays) {
@@ -97,7 +97,7 @@ TEST_F(WordScrollTest, AtTheFirstCharacterTheStretchStays) {
     view->handlePenDown(100, 100);
     view->handlePenMove(100, 140);
     EXPECT_EQ(view->mScroll.y, 0);
-    EXPECT_THAT(calls(), ElementsAre(topLeft));
+    EXPECT_THAT(calls(), ElementsAre(TOP_LEFT));
 }
 
 TEST_F(WordScrollTest, FailedMoveUpLeavesTheBounds) {
@@ -155,7 +155,7 @@ TEST_F(WordScrollTest, PenThatTurnsAroundIsNotHeldAtTheStretchsBottom) {
     calls();
     view->handlePenMove(100, 50); // 1250, still above where the pen went down
     EXPECT_EQ(view->mScroll.y, 1250);
-    EXPECT_THAT(calls(), ElementsAre(bottomRight, "wtg_scroll_down(0, 520)", lastUsed));
+    EXPECT_THAT(calls(), ElementsAre(BOTTOM_RIGHT, "wtg_scroll_down(0, 520)", LAST_USED));
     EXPECT_EQ(view->whiteRows(), 0);
 }
 
@@ -186,7 +186,7 @@ TEST_F(WordScrollTest, PenAtTheHeightItWentDownCountsAsDown) {
     view->handlePenMove(100, 300);
     EXPECT_THAT(calls(), IsEmpty());
     view->handlePenMove(100, 301);
-    EXPECT_THAT(calls(), ElementsAre(topLeft));
+    EXPECT_THAT(calls(), ElementsAre(TOP_LEFT));
 }
 
 TEST_F(WordScrollTest, TextAboveAJumpsTargetIsInReach) {
@@ -197,7 +197,7 @@ TEST_F(WordScrollTest, TextAboveAJumpsTargetIsInReach) {
     view->mGestureScroll.y = 50;
     view->handlePenDown(100, 100);
     view->handlePenMove(100, 130);
-    EXPECT_THAT(calls(), ElementsAre(topLeft, "wtg_scroll_up(0, 520)", topLeft));
+    EXPECT_THAT(calls(), ElementsAre(TOP_LEFT, "wtg_scroll_up(0, 520)", TOP_LEFT));
     EXPECT_EQ(view->mGestureScroll.y, 570);
     EXPECT_EQ(view->top(), 0);
     EXPECT_EQ(view->mScroll.y, 520) << "the same picture, counted anew";
@@ -217,7 +217,7 @@ TEST_F(WordScrollTest, RowsAreKnownAgainOnceTheFirstCharacterShowed) {
     scrollBy(*view, 1100);
     calls();
     scrollBy(*view, -200);
-    EXPECT_THAT(calls(), ElementsAre(topLeft, "wtg_scroll_up(0, 520)"))
+    EXPECT_THAT(calls(), ElementsAre(TOP_LEFT, "wtg_scroll_up(0, 520)"))
         << "no question after the move any more";
 }
 
@@ -306,7 +306,7 @@ TEST_F(WordScrollTest, GlideAdvancesTheViewAndTheStretch) {
     TestClock::advance(0.2);
     EXPECT_TRUE(view->tick());
     EXPECT_EQ(view->mScroll.y, 1081); // 1000 + 431 * 0.2 - 107.8 * 0.04
-    EXPECT_THAT(calls(), ElementsAre(bottomRight, "wtg_scroll_down(0, 520)", lastUsed));
+    EXPECT_THAT(calls(), ElementsAre(BOTTOM_RIGHT, "wtg_scroll_down(0, 520)", LAST_USED));
     TestClock::advance(10.0);
     EXPECT_FALSE(view->tick());
     EXPECT_EQ(view->mScroll.y, 1430);

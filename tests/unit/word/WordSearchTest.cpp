@@ -4,8 +4,8 @@
 
 namespace {
 
-const std::string regionsAsked = "wtg_get_found_regions(0)";
-const std::string lastUsed = "wtg_get_vertical_last_used_pixel(0)";
+const std::string REGIONS_ASKED = "wtg_get_found_regions(0)";
+const std::string LAST_USED = "wtg_get_vertical_last_used_pixel(0)";
 
 class WordSearchTest : public WordTest {
 protected:
@@ -29,7 +29,7 @@ TEST_F(WordSearchTest, CountsTheHitsAndGoesToTheFirst) {
     const auto view = openWithHits({300, 700});
     EXPECT_EQ(view->doSearch("Wort"), "{ \"resultcount\": 2 }");
     EXPECT_THAT(calls(), ElementsAre("wtg_set_highlight_color(128, 192, 255)",
-                                     "wtg_find(\"Wort\", 0, 0, 100000)", regionsAsked));
+                                     "wtg_find(\"Wort\", 0, 0, 100000)", REGIONS_ASKED));
     EXPECT_EQ(fakeWord().highlightColor, (std::vector<uint8_t>{128, 192, 255}));
     EXPECT_EQ(markedRow(*view), 300);
     EXPECT_EQ(view->mScroll.y, 0) << "it is in view already";
@@ -66,7 +66,7 @@ TEST_F(WordSearchTest, FailuresAreNotReportedBeyondTheCount) {
     const auto view = openWithHits({300, 700});
     fakeWord().nextResults["wtg_find"] = {1};
     EXPECT_EQ(view->doSearch("x"), "{ \"resultcount\": 0 }");
-    EXPECT_THAT(calls(), testing::Not(testing::Contains(regionsAsked)));
+    EXPECT_THAT(calls(), testing::Not(testing::Contains(REGIONS_ASKED)));
     fakeWord().nextResults["wtg_get_found_regions"] = {1};
     EXPECT_EQ(view->doSearch("x"), "{ \"resultcount\": 2 }");
     EXPECT_EQ(view->mCurrentResult, -1);
@@ -84,7 +84,7 @@ TEST_F(WordSearchTest, HitsOnlyBeyondTheStretchAreJumpedTo) {
     view->doSearch("x");
     EXPECT_THAT(calls(),
                 ElementsAre("wtg_set_highlight_color(128, 192, 255)", "wtg_find(\"x\", 0, 0, 100000)",
-                            regionsAsked, jump(5000), lastUsed, regionsAsked));
+                            REGIONS_ASKED, jump(5000), LAST_USED, REGIONS_ASKED));
     EXPECT_EQ(view->mScroll.y, 0);
     EXPECT_EQ(markedRow(*view), 5000);
 }
@@ -117,7 +117,7 @@ TEST_F(WordSearchTest, NextBeyondTheStretchJumpsToTheVeryNextHit) {
     for (const int row : {5000, 9000, 12000, 15000}) {
         calls();
         view->nextResult();
-        EXPECT_THAT(calls(), ElementsAre(jump(row), lastUsed, regionsAsked));
+        EXPECT_THAT(calls(), ElementsAre(jump(row), LAST_USED, REGIONS_ASKED));
         EXPECT_EQ(markedRow(*view), row);
         EXPECT_EQ(view->firstTextRow(), row);
     }
@@ -202,7 +202,7 @@ TEST_F(WordSearchTest, RegionsAreFetchedAgainOnceAfterTheStretchMoved) {
     calls();
     paint(*view);
     paint(*view);
-    EXPECT_THAT(calls(), ElementsAre(regionsAsked, "wtg_get_top_left_character(0)"));
+    EXPECT_THAT(calls(), ElementsAre(REGIONS_ASKED, "wtg_get_top_left_character(0)"));
     EXPECT_EQ(markedRow(*view), 1000);
 }
 
@@ -272,7 +272,7 @@ TEST_F(WordSearchTest, ZoomFindsTheHitAgain) {
     view->nextResult();
     calls();
     view->handleDoubleClick(100, 150);
-    EXPECT_THAT(calls(), testing::Contains(regionsAsked));
+    EXPECT_THAT(calls(), testing::Contains(REGIONS_ASKED));
     EXPECT_EQ(markedRow(*view), 150 * 9);
 }
 
@@ -284,7 +284,7 @@ TEST_F(WordSearchTest, PinchFindsTheHitAgain) {
     paint(*view);
     calls();
     view->handleGestureEnd(0.0, 0.0);
-    EXPECT_THAT(calls(), testing::Contains(regionsAsked));
+    EXPECT_THAT(calls(), testing::Contains(REGIONS_ASKED));
     EXPECT_EQ(markedRow(*view), 150 * 4);
     EXPECT_LE(view->mScroll.y, 150 * 4);
     EXPECT_LE(150 * 4, 480 + view->mScroll.y - 80) << "and brings it into view";
@@ -302,7 +302,7 @@ TEST_F(WordSearchTest, ClosingForgetsTheHits) {
     view->previousResult();
     EXPECT_EQ(paint(*view)[100 * 320 + 100], fakeWordPixel(100, 100));
     view->handleDoubleClick(1, 1);
-    EXPECT_THAT(calls(), testing::Not(testing::Contains(regionsAsked)));
+    EXPECT_THAT(calls(), testing::Not(testing::Contains(REGIONS_ASKED)));
 }
 
 TEST_F(WordSearchTest, SmallerSearchLeavesNoStaleHit) {

@@ -10,8 +10,8 @@
 namespace {
 
 // A view may lag behind the pen at the text's ends, and catch up at the next move.
-constexpr int lag = 40;
-constexpr int framesBetweenChecks = 20;
+constexpr int LAG = 40;
+constexpr int FRAMES_BETWEEN_CHECKS = 20;
 
 uint32_t marked(uint32_t page) {
     const auto blend = [](uint32_t old, uint32_t colour) {
@@ -87,7 +87,7 @@ int WordSession::hitIndex() const {
 
 // Every paint ticks; some are looked at pixel by pixel.
 void WordSession::atPaint(const char* what) {
-    if (++mPaints % framesBetweenChecks == 0) {
+    if (++mPaints % FRAMES_BETWEEN_CHECKS == 0) {
         mView->setDirty();
         mView->handlePaintRouter(mFrame.data());
         checkFrame(what);
@@ -119,7 +119,7 @@ void WordSession::checkFrame(const char* what) {
         for (const int x : columns) {
             const int column = left + x;
             const bool isText = isRow && column >= 0 && column < text.width;
-            const uint32_t page = isText ? fakeWordPixel(row, column) : fakeWordWhite;
+            const uint32_t page = isText ? fakeWordPixel(row, column) : FAKE_WORD_WHITE;
             const uint32_t seen =
                 mFrame[static_cast<size_t>(y) * static_cast<size_t>(mWidth) + static_cast<size_t>(x)];
             bool inHit = false;
@@ -136,7 +136,7 @@ void WordSession::checkFrame(const char* what) {
 
 void WordSession::checkMoved(int64_t from, int64_t input, const char* what) {
     if (fakeWord().layout.rows >= mHeight) {
-        check(std::abs(mView->firstTextRow() - from) <= std::abs(input) + lag,
+        check(std::abs(mView->firstTextRow() - from) <= std::abs(input) + LAG,
               std::string("jumped in ") + what);
     }
 }
@@ -330,7 +330,7 @@ void WordSession::popup() {
 
 // Closes and comes back through the state record. Wide mode is not in it.
 void WordSession::reopen() {
-    mPaints = framesBetweenChecks - 1;
+    mPaints = FRAMES_BETWEEN_CHECKS - 1;
     atPaint("closing");
     const bool wide = mView->mWideMode;
     const int64_t before = onText(mView->firstTextRow());

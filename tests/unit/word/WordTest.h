@@ -23,7 +23,7 @@ protected:
     void SetUp() override {
         IpcTest::SetUp();
         fakeWord().reset();
-        ASSERT_EQ(g_msgQueue.Open(DocAdapterMessageQueue::openFlags, DocAdapterMessageQueue::projectId), 0);
+        ASSERT_EQ(g_msgQueue.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID), 0);
     }
     void TearDown() override { g_msgQueue.Remove(); }
 
