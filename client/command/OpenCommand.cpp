@@ -41,7 +41,7 @@ Failure zoom(Document& document, double factor, const CallLimits& limits) {
     const double reached = document.state().scale / before;
     constexpr double closeEnough = 0.005;
     if (std::abs(reached - factor) > closeEnough * factor) {
-        std::fprintf(stderr, "lectern: zoomed by %.3g, which is as far as this view goes\n", reached);
+        std::fprintf(stderr, "lectern: zoomed by %.3g only, the limit of this view\n", reached);
     }
     return std::nullopt;
 }
@@ -58,7 +58,7 @@ Failure scroll(Document& document, Point target, const CallLimits& limits) {
         return arrived.error();
     }
     if (const Point reached = place(document); reached != target) {
-        std::fprintf(stderr, "lectern: scrolled to %d,%d, which is as far as the document goes\n", reached.x,
+        std::fprintf(stderr, "lectern: scrolled to %d,%d only, where the document ends\n", reached.x,
                      reached.y);
     }
     return std::nullopt;

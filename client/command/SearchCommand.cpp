@@ -13,7 +13,7 @@ namespace {
 std::string hitsText(DocumentKind kind, int hits, const SearchArguments& arguments) {
     const std::string text = "'" + onOneLine(arguments.text) + "'";
     if (kind == DocumentKind::presentation) {
-        return "hits for " + text + " in a presentation are shown and not counted; see them with: " +
+        return "hits for " + text + " in a presentation are not counted; to see them, run: " +
                "lectern open FILE -o OUT.png --search TEXT\n";
     }
     const std::string count = hits == 0 ? "no hit" : hits == 1 ? "1 hit" : std::to_string(hits) + " hits";

@@ -87,8 +87,8 @@ TEST_F(OpenCommand, SaysWhenAZoomOrAPlaceIsOutOfReach) {
     mArguments.scroll = {0, 1'000'000};
     EXPECT_EQ(run(), statusDone);
     const std::string text = complaints();
-    EXPECT_THAT(text, HasSubstr("zoomed by 4,"));
-    EXPECT_THAT(text, HasSubstr("scrolled to 0,5000,"));
+    EXPECT_THAT(text, HasSubstr("zoomed by 4 only,"));
+    EXPECT_THAT(text, HasSubstr("scrolled to 0,5000 only,"));
 }
 
 TEST_F(OpenCommand, LaysOutWideOnlyWhatIsWordProcessing) {
@@ -97,7 +97,7 @@ TEST_F(OpenCommand, LaysOutWideOnlyWhatIsWordProcessing) {
     EXPECT_THAT(mService.view().taken(), testing::Contains(_WIDE_MODE));
     mService.documentKind(1);
     EXPECT_EQ(run(), statusMisuse);
-    EXPECT_THAT(complaints(), HasSubstr("--wide is for word-processing documents only"));
+    EXPECT_THAT(complaints(), HasSubstr("--wide works with word-processing documents only"));
 }
 
 TEST_F(OpenCommand, ShowsASheetBeforeItMovesTheView) {
@@ -130,7 +130,7 @@ TEST_F(OpenCommand, NamesTheRangeForASheetOrSlideThatIsNotThere) {
     mService.answer("/ppt getSlideCount", R"({"slidecnt": 7})");
     mArguments.slide = 8;
     EXPECT_EQ(run(), statusMisuse);
-    EXPECT_EQ(complaints(), "lectern: there is no slide 8; give a number from 1 to 7\n");
+    EXPECT_EQ(complaints(), "lectern: there is no slide 8; use a number from 1 to 7\n");
     EXPECT_FALSE(std::filesystem::exists(mArguments.output));
 }
 
@@ -140,17 +140,17 @@ TEST_F(OpenCommand, KnowsTheRangeOfSheetsWhoseListIsCut) {
     mService.answer("/excel getSheetList", ("{\"list\": [{\"data\":\"" + title).substr(0, 128));
     mArguments.sheet = 2;
     EXPECT_EQ(run(), statusMisuse);
-    EXPECT_EQ(complaints(), "lectern: there is no sheet 2; give 1\n");
+    EXPECT_EQ(complaints(), "lectern: there is no sheet 2; the only number is 1\n");
 }
 
 TEST_F(OpenCommand, HasNoSheetsOrSlidesForOtherKinds) {
     mArguments.sheet = 1;
     EXPECT_EQ(run(), statusMisuse);
-    EXPECT_EQ(complaints(), "lectern: --sheet is for spreadsheets only\n");
+    EXPECT_EQ(complaints(), "lectern: --sheet works with spreadsheets only\n");
     mArguments.sheet.reset();
     mArguments.slide = 1;
     EXPECT_EQ(run(), statusMisuse);
-    EXPECT_EQ(complaints(), "lectern: --slide is for presentations only\n");
+    EXPECT_EQ(complaints(), "lectern: --slide works with presentations only\n");
 }
 
 TEST_F(OpenCommand, GoesFromHitToHitAndPaintsTheOneAskedFor) {

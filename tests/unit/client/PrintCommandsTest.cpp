@@ -97,7 +97,7 @@ TEST_F(PrintCommands, NoteSaysThatASlideHasNone) {
 TEST_F(PrintCommands, NoteNamesTheRangeOfSlides) {
     mService.answer("/ppt getSlideCount", R"({"slidecnt": 1})");
     EXPECT_EQ(run(runNote, {{"/a.ppt"}, 2}), statusMisuse);
-    EXPECT_EQ(complaints(), "lectern: there is no slide 2; give 1\n");
+    EXPECT_EQ(complaints(), "lectern: there is no slide 2; the only number is 1\n");
 }
 
 TEST_F(PrintCommands, SearchPrintsTheNumberOfHits) {
@@ -128,7 +128,7 @@ TEST_F(PrintCommands, SearchDoesNotPretendThatPresentationsCount) {
     mService.documentKind(3);
     mService.answer("/common Search", R"({ "resultcount": 0 })");
     EXPECT_EQ(run(runSearch, {{"/a.ppt"}, "boat", {}}), statusDone);
-    EXPECT_THAT(printed(), HasSubstr("shown and not counted"));
+    EXPECT_THAT(printed(), HasSubstr("in a presentation are not counted"));
 }
 
 TEST_F(PrintCommands, FailWithTheDocument) {
