@@ -46,7 +46,7 @@ struct ViewEvents {
     std::function<void()> onColumnSelected;
     // Spreadsheets: the user selected a row, or several rows or columns.
     std::function<void()> onTracksSelected;
-    // Spreadsheets: the user changed the size of a column or row in resize mode.
+    // Spreadsheets: a drag that resizes a column or row has ended.
     std::function<void()> onTrackResized;
     // Presentations: the view shows this slide, counted from 0.
     std::function<void(int slide)> onSlideChanged;
