@@ -24,9 +24,8 @@ inline constexpr const char* serviceName = "com.kestrel.office";
 
 // Limits of one call: its time-out, a way to cancel it, and a progress callback.
 struct CallLimits {
-    // Milliseconds, more than 0. The service serves calls one at a time, so a call
-    // may wait behind another client's open. The default covers the
-    // engine's time limits for both.
+    // More than 0. The service handles one call at a time, so a call may wait behind
+    // another client's open. The default covers the engine's time limits for both.
     std::chrono::milliseconds timeout{180'000};
     // Cancels the call, which then fails with Error::Kind::cancelled.
     std::stop_token stop = {};

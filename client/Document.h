@@ -53,8 +53,8 @@ struct OpenOptions {
 // no reply. A later paint shows the result. The service serves a paint before input
 // that waits in the queue, so call settle() before a paint that must show an input.
 //
-// Errors: every call fails with Error::Kind::gone after the service has stopped, and
-// with timedOut when the service does not answer, or does not read its queue for ten
+// Errors: calls fail with Error::Kind::gone after the service has stopped, and with
+// timedOut when the service does not answer, or does not read its queue for ten
 // seconds. Calls with limits also fail as Bus::call does.
 class Document {
 public:
