@@ -37,7 +37,7 @@ GOptionEntry sizeEntry(TextOption& size) {
 }
 
 GOptionEntry jsonEntry(gboolean& json) {
-    return flagEntry("json", 'j', json, "Print the service's JSON text");
+    return flagEntry("json", 'j', json, "Print the service's JSON reply");
 }
 
 Misuse wrongValue(const TextOption& text, const char* why) {

@@ -36,8 +36,9 @@ Failure checkNumber(const char* what, int number, int count) {
     if (count == 0) {
         return misuse(wanted + "; the document has none");
     }
-    return misuse(wanted + "; " +
-                  (count == 1 ? "the only number is 1" : "use a number from 1 to " + std::to_string(count)));
+    return misuse(
+        wanted + "; " +
+        (count == 1 ? "the document has only one" : "use a number from 1 to " + std::to_string(count)));
 }
 
 } // namespace

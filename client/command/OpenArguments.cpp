@@ -59,7 +59,7 @@ Parsed<OpenArguments> parseOpen(const Words& words) {
                     textEntry("slide", 0, values.slide, "Show this slide, from 1 (presentations only)", "N"),
                     textEntry("zoom", 'z', values.zoom, "Zoom by this factor, as a pinch does", "F"),
                     textEntry("scroll", 0, values.scroll,
-                              "Move the view there, in document pixels (default 0,0)", "X,Y"),
+                              "Scroll to this point, in document pixels (default 0,0)", "X,Y"),
                     flagEntry("wide", 'w', wide, "Lay text out wider than the view (word-processing only)"),
                     textEntry("search", 0, search, "Mark all hits and move to the first one", "TEXT"),
                     textEntry("hit", 0, values.hit, "With --search: go to this hit, from 1", "N")})) {

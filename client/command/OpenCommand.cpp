@@ -76,7 +76,7 @@ Failure search(Document& document, const std::string& text, int hit, const CallL
         const std::string often = *hits == 0   ? "not found"
                                   : *hits == 1 ? "found once"
                                                : "found " + std::to_string(*hits) + " times";
-        std::fprintf(stderr, "lectern: '%s' is %s\n", text.c_str(), often.c_str());
+        std::fprintf(stderr, "lectern: '%s' was %s\n", text.c_str(), often.c_str());
     }
     for (int at = 1; at < (counted ? std::min(hit, *hits) : hit); ++at) {
         if (Failure failure = common::nextResult(document.bus(), document.docid(), limits)) {

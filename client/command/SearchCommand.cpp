@@ -16,7 +16,7 @@ std::string hitsText(DocumentKind kind, int hits, const SearchArguments& argumen
         return "hits for " + text + " in a presentation are not counted; to see them, run: " +
                "lectern open FILE -o OUT.png --search TEXT\n";
     }
-    const std::string count = hits == 0 ? "no hit" : hits == 1 ? "1 hit" : std::to_string(hits) + " hits";
+    const std::string count = hits == 0 ? "no hits" : hits == 1 ? "1 hit" : std::to_string(hits) + " hits";
     const bool ofSheet = kind == DocumentKind::spreadsheet;
     return count + " for " + text +
            (ofSheet ? " in sheet " + std::to_string(arguments.sheet.value_or(1)) : "") + "\n";

@@ -140,7 +140,7 @@ TEST_F(OpenCommand, KnowsTheRangeOfSheetsWhoseListIsCut) {
     mService.answer("/excel getSheetList", ("{\"list\": [{\"data\":\"" + title).substr(0, 128));
     mArguments.sheet = 2;
     EXPECT_EQ(run(), statusMisuse);
-    EXPECT_EQ(complaints(), "lectern: there is no sheet 2; the only number is 1\n");
+    EXPECT_EQ(complaints(), "lectern: there is no sheet 2; the document has only one\n");
 }
 
 TEST_F(OpenCommand, HasNoSheetsOrSlidesForOtherKinds) {
@@ -169,7 +169,7 @@ TEST_F(OpenCommand, SaysWhenThereAreFewerHitsAndShowsTheLast) {
     mArguments.hit = 3;
     mService.answer("/common Search", R"({ "resultcount": 2 })");
     EXPECT_EQ(run(), statusDone);
-    EXPECT_EQ(complaints(), "lectern: 'boat' is found 2 times\n");
+    EXPECT_EQ(complaints(), "lectern: 'boat' was found 2 times\n");
     EXPECT_THAT(steps(), testing::ElementsAre("/common Search", "/common nextResult"));
 }
 
@@ -178,11 +178,11 @@ TEST_F(OpenCommand, SaysWhenThereIsOneHitOrNone) {
     mArguments.hit = 2;
     mService.answer("/common Search", R"({ "resultcount": 1 })");
     EXPECT_EQ(run(), statusDone);
-    EXPECT_EQ(complaints(), "lectern: 'boat' is found once\n");
+    EXPECT_EQ(complaints(), "lectern: 'boat' was found once\n");
     mArguments.hit = 1;
     mService.answer("/common Search", R"({ "resultcount": 0 })");
     EXPECT_EQ(run(), statusDone);
-    EXPECT_EQ(complaints(), "lectern: 'boat' is not found\n");
+    EXPECT_EQ(complaints(), "lectern: 'boat' was not found\n");
 }
 
 TEST_F(OpenCommand, StepsThroughAPresentationWhichCountsNoHits) {

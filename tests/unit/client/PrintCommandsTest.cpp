@@ -97,11 +97,11 @@ TEST_F(PrintCommands, NoteSaysThatASlideHasNone) {
 TEST_F(PrintCommands, NoteNamesTheRangeOfSlides) {
     mService.answer("/ppt getSlideCount", R"({"slidecnt": 1})");
     EXPECT_EQ(run(runNote, {{"/a.ppt"}, 2}), statusMisuse);
-    EXPECT_EQ(complaints(), "lectern: there is no slide 2; the only number is 1\n");
+    EXPECT_EQ(complaints(), "lectern: there is no slide 2; the document has only one\n");
 }
 
 TEST_F(PrintCommands, SearchPrintsTheNumberOfHits) {
-    for (const auto& [count, text] : {std::pair("0", "no hit"), {"1", "1 hit"}, {"12", "12 hits"}}) {
+    for (const auto& [count, text] : {std::pair("0", "no hits"), {"1", "1 hit"}, {"12", "12 hits"}}) {
         mService.answer("/common Search", std::string("{\"resultcount\":") + count + "}");
         EXPECT_EQ(run(runSearch, {{"/letter.docx", "secret"}, "boat", {}}), statusDone);
         EXPECT_EQ(printed(), std::string(text) + " for 'boat'\n");
