@@ -2,27 +2,33 @@
 /*
  * libhubservice: services on the message bus.
  *
- * A service registers a name and, under it, categories of methods. Each method
- * takes one text and answers with one text. On D-Bus the service is a
- * well-known name, a category "/events" the object path /events with the
- * interface NAME.events, and a method one string in, one string out.
+ * A service registers a name and, under it, categories of methods. A method
+ * receives one text, the payload, and replies with one text. On D-Bus the
+ * service is a well-known name. A category such as "/events" is the object
+ * /events with the interface NAME.events. A method takes one string and returns
+ * one string.
  *
- *     HubRegister, HubRegisterCategory for each category, HubGmainAttach,
+ * Call the functions in this order:
+ *
+ *     HubRegister
+ *     HubRegisterCategory, once for each category
+ *     HubGmainAttach
  *     g_main_loop_run
  *
- * in this order, so that everything is in place when the name appears on the
- * bus: a call that started the process is answered like any other.
+ * The name appears on the bus when all categories exist, so the call that
+ * started the process finds its method.
  *
- * Threads: every function is called on the thread that runs the main loop, and
- * handlers are called on it, in the order of their calls. A handler that runs
- * the loop itself lets other handlers in.
+ * Threads: call every function on the thread that runs the main loop. Handlers
+ * run on that thread, one after the other, in the order in which the bus
+ * delivers the calls. If a handler runs the main loop, other handlers run
+ * inside it.
  *
  * Errors: functions return true on success. On failure they return false and
- * put a code and a message into the error, which may be null; what the error
- * held before is released.
+ * store a code and a message in *error, releasing the previous message. The
+ * error argument may be null.
  *
- * Loss of the bus: an attached loop is quit when the connection is lost, since
- * no call can arrive any more; the process itself is never ended.
+ * Loss of the bus: when the connection is lost, the library quits the attached
+ * loops, because no more calls can arrive. It never ends the process.
  */
 #ifndef HUBSERVICE_H
 #define HUBSERVICE_H
@@ -40,13 +46,13 @@ extern "C" {
 enum {
     HUB_ERROR_NONE = 0,
     HUB_ERROR_INVALID = 1,    /* an argument is null or malformed */
-    HUB_ERROR_BUS = 2,        /* the bus can't be reached, or refused a request */
-    HUB_ERROR_NAME_TAKEN = 3, /* the name has an owner */
-    HUB_ERROR_REPLIED = 4     /* the call was answered already */
+    HUB_ERROR_BUS = 2,        /* the bus cannot be reached or refused a request */
+    HUB_ERROR_NAME_TAKEN = 3, /* another process owns the name */
+    HUB_ERROR_REPLIED = 4     /* the call already has its reply */
 };
 
-/* Made ready with HubErrorInit, released with HubErrorFree. code is 0 and
- * message null while there is no error; message is owned by the error. */
+/* Initialise with HubErrorInit, release with HubErrorFree. Without an error,
+ * code is 0 and message is null. The HubError owns its message. */
 typedef struct {
     int code;
     char* message;
@@ -55,16 +61,16 @@ typedef struct {
 typedef struct HubHandle HubHandle;   /* a registered service */
 typedef struct HubMessage HubMessage; /* a call; valid while its handler runs */
 
-/* Serves one call; data is null. Returns true when the call was handled. What
- * the caller gets when the handler did not reply:
- *   returned true     D-Bus error org.freedesktop.DBus.Error.NoReply
- *   returned false    D-Bus error org.freedesktop.DBus.Error.Failed
- * A caller that asked for no reply gets nothing in any case. */
+/* Handles one call. data is always null. Returns true if it handled the call.
+ * If it sent no reply, the caller gets a D-Bus error at once:
+ *   returned true     org.freedesktop.DBus.Error.NoReply
+ *   returned false    org.freedesktop.DBus.Error.Failed
+ * A caller that asked for no reply gets neither a reply nor an error. */
 typedef bool (*HubMethodHandler)(HubHandle* handle, HubMessage* message, void* data);
 
-/* Tables end with an all-zero entry. */
+/* One entry of a method table. The last entry of a table is all zero. */
 typedef struct {
-    const char* name; /* letters, digits, underscores; no digit first */
+    const char* name; /* letters, digits and underscores, not beginning with a digit */
     HubMethodHandler handler;
     unsigned int flags; /* 0 */
 } HubMethod;
@@ -79,40 +85,45 @@ typedef struct {
     unsigned int flags; /* 0 */
 } HubProperty;
 
-/* Returns false only for null. */
+/* Initialises an error. Returns false if error is null. */
 HUB_EXPORT bool HubErrorInit(HubError* error);
-/* Releases the message and makes the error ready again. */
+/* Releases the message and resets the error for reuse. */
 HUB_EXPORT void HubErrorFree(HubError* error);
-/* Writes one line; nothing when there is no error. */
+/* Writes the message as one line, or nothing if there is no error. */
 HUB_EXPORT void HubErrorPrint(const HubError* error, FILE* stream);
 
 /* Connects to the bus that started the process (DBUS_STARTER_ADDRESS, else
- * DBUS_STARTER_BUS_TYPE), else to the session's. Fails when the name has an
- * owner; the name itself is taken by HubGmainAttach. The calling thread's
- * default main context is the one that calls arrive in. The handle belongs to
- * the library and lives as long as the process; replies on their way are sent
- * before exit() ends it. On failure *handle is null. */
+ * DBUS_STARTER_BUS_TYPE), or else to the session bus. Fails if the name has an
+ * owner. HubGmainAttach takes the name later. Calls arrive in the default main
+ * context of the calling thread.
+ *
+ * On success *handle is valid until the process ends and belongs to the
+ * library; on failure it is null. When the process ends by exit() or by
+ * returning from main(), replies that are not sent yet are sent first. */
 HUB_EXPORT bool HubRegister(const char* name, HubHandle** handle, HubError* error);
 
-/* Adds a category: a slash, then elements of letters, digits and underscores,
- * parted by slashes. The methods' table must outlive the process's last call.
- * signals and properties are null or empty: there is no call that would send
- * or serve them. On failure nothing of the category is added. */
+/* Adds a category. Its name is a slash and elements of letters, digits and
+ * underscores, separated by slashes. The library does not copy the method
+ * table: keep it until the process ends. Pass null or empty tables as signals
+ * and properties, which the library does not support. On failure the category
+ * is not added. */
 HUB_EXPORT bool HubRegisterCategory(HubHandle* handle, const char* category, const HubMethod* methods,
                                     const HubSignal* signals, const HubProperty* properties, HubError* error);
 
-/* Takes the name and serves the handle from a loop of HubRegister's main
- * context, once per handle. Calls that arrive before the loop runs wait for
- * it. Fails when another process has the name by now. The library keeps a
- * reference to the loop, to quit it when the bus goes away. */
+/* Takes the name, and serves the handle's calls while the loop runs. The loop
+ * must belong to the main context that HubRegister used. Call it once for each
+ * handle; after a failure it can be repeated. Calls that arrive before the loop
+ * runs wait for it. Fails if another process owns the name by now. The library
+ * keeps a reference to the loop, to quit it when the connection is lost. */
 HUB_EXPORT bool HubGmainAttach(HubHandle* handle, GMainLoop* loop, HubError* error);
 
-/* The call's text: UTF-8, never null, owned by the message. */
+/* Returns the call's payload: UTF-8, never null, owned by the message. */
 HUB_EXPORT const char* HubMessageGetPayload(HubMessage* message);
 
-/* Answers a call, once, while its handler runs. The bus carries only UTF-8: a
- * character cut off at the text's end is left out, and each other byte that
- * belongs to no character becomes U+FFFD. */
+/* Replies to a call. Allowed once, while its handler runs. D-Bus carries only
+ * valid UTF-8, so the library drops an incomplete character at the end of the
+ * payload and replaces every other invalid byte by U+FFFD. The payload is
+ * copied. */
 HUB_EXPORT bool HubMessageReply(HubHandle* handle, HubMessage* message, const char* payload, HubError* error);
 
 #ifdef __cplusplus

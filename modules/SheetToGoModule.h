@@ -3,7 +3,10 @@
  * The spreadsheet module, "SheetToGoModule.so": 43 functions.
  *
  * x, y, widths and heights are document pixels of a sheet at the current dpi,
- * counted from the top left corner of its first cell.
+ * counted from the top left corner of its first cell. "Track" means a column or a
+ * row. Sheets and columns count from 0.
+ *
+ * ModuleTypes.h has the rules for results, documents, texts, arrays and threads.
  */
 #ifndef LECTERN_MODULES_SHEETTOGOMODULE_H
 #define LECTERN_MODULES_SHEETTOGOMODULE_H
@@ -14,23 +17,24 @@
 extern "C" {
 #endif
 
-/* A found hit or a comment mark, in document pixels. 20 bytes. */
+/* The rectangle of a hit or of a comment mark, in document pixels. */
 typedef struct {
     int32_t unused, x, y, width, height;
 } stg_region;
 
 LECTERN_RECORD_SIZE(stg_region, 20, 20);
 
-/* Opens a regular file. An empty password means none. */
+/* Opens a regular file. An empty password means none. The module may create
+ * temporary files in `temp_dir`. On success *doc is the new document. */
 LECTERN_MODULE_EXPORT int32_t stg_open_file(const uint16_t* path, const uint16_t* password,
                                             const uint16_t* font_dir, const uint16_t* temp_dir, void** doc);
 LECTERN_MODULE_EXPORT int32_t stg_close_file(void** doc);
 LECTERN_MODULE_EXPORT int32_t stg_release_memory(void* doc);
 
-/* Sheets, but for those that the document hides. A sheet reaches over its cells,
- * merged areas, drawings and charts, and is never less than 21 columns by 51
- * rows; it runs from left to right, whatever its language. Hidden columns and
- * rows have no pixels. Capacities of texts are UTF-16 units. */
+/* The sheets, without those that the document hides. A sheet covers its cells, merged
+ * areas, drawings and charts, and at least 21 columns by 51 rows. Column 0 is at its
+ * left in every language. Hidden columns and rows have no pixels. Capacities of texts
+ * are UTF-16 units. */
 LECTERN_MODULE_EXPORT int32_t stg_get_sheet_count(void* doc, int32_t* count);
 LECTERN_MODULE_EXPORT int32_t stg_get_column_count(void* doc, int32_t sheet, int32_t* count);
 LECTERN_MODULE_EXPORT int32_t stg_get_sheet_dimensions(void* doc, int32_t sheet, int32_t* width,
@@ -38,10 +42,13 @@ LECTERN_MODULE_EXPORT int32_t stg_get_sheet_dimensions(void* doc, int32_t sheet,
 LECTERN_MODULE_EXPORT int32_t stg_get_sheet_title(void* doc, int32_t sheet, uint16_t* text, int32_t capacity,
                                                   int32_t* length);
 
-/* Buffers: width * height pixels 0xAARRGGBB, the caller's own; the cell area,
- * the row headers at its left and the column headers above it. Rendering fills
- * all three, with the document pixel (x, y) at the cell area's top left; what
- * lies outside of the sheet is white in one, without labels in the others. */
+/* The three buffers: the cells, the row headers at their left and the column headers
+ * above them. Each has width * height pixels 0xAARRGGBB, row by row, and belongs to the
+ * caller, who keeps it until another one is set or the document is closed.
+ *
+ * stg_render_sheet fills all three, with the document pixel (x, y) at the top left of
+ * the cells. Outside of the sheet the cells are white and the headers have no
+ * labels. */
 LECTERN_MODULE_EXPORT int32_t stg_set_dpi(void* doc, int32_t dpi);
 LECTERN_MODULE_EXPORT int32_t stg_set_offscreen_buffer(void* doc, int32_t view, uint32_t* pixels,
                                                        int32_t width, int32_t height);
@@ -51,37 +58,37 @@ LECTERN_MODULE_EXPORT int32_t stg_set_column_offscreen_buffer(void* doc, int32_t
                                                               int32_t width, int32_t height);
 LECTERN_MODULE_EXPORT int32_t stg_render_sheet(void* doc, int32_t sheet, int32_t x, int32_t y);
 
-/* The cell at a document pixel; a point outside the sheet gives the nearest
- * cell, and (-1, -1) the header corner: the row headers' width and the column
- * headers' height. References are 0-based. It is the column and the row that
- * cross there, also inside a merged area, so that a point in the first row
- * tells its column under a title that spans many. */
+/* The cell at a document pixel, or the nearest cell for a point outside the sheet. The
+ * point (-1, -1) returns the header corner: the row headers' width and the column
+ * headers' height. References count from 0. Inside a merged area the result is still
+ * the single column and row at the point, so that a point in the first row has its
+ * column even under a title that spans many columns. */
 LECTERN_MODULE_EXPORT int32_t stg_cell_bounds(void* doc, int32_t sheet, int32_t x, int32_t y, int32_t* left,
                                               int32_t* top, int32_t* width, int32_t* height);
 LECTERN_MODULE_EXPORT int32_t stg_get_cell_reference_at_location(void* doc, int32_t sheet, int32_t x,
                                                                  int32_t y, int32_t* column, int32_t* row);
 
-/* Comments. Where there is none the result is non-zero, text[0] and *length 0.
- * Of a merged area the whole is marked, and tells its comment anywhere. */
+/* Comments. stg_get_comment fails for a cell without one and sets text[0] and *length
+ * to 0. A merged area has one mark, and its comment is found at each of its points. */
 LECTERN_MODULE_EXPORT int32_t stg_get_comment_marks_rects(void* doc, int32_t sheet, const stg_region** marks,
                                                           int32_t* count);
 LECTERN_MODULE_EXPORT int32_t stg_get_comment(void* doc, int32_t sheet, int32_t x, int32_t y, uint16_t* text,
                                               int32_t capacity, int32_t first, int32_t* length);
 
-/* Hits on one sheet, first_sheet, which last_sheet must be too: the cells that
- * show the text, in whatever case; hidden ones have no region. The whole sheet
- * is searched whatever first_y and last_y say: a caller's idea of the sheet's
- * height may be older than its last change. Regions by y, then x. */
+/* Search in one sheet. last_sheet must equal first_sheet. A hit is a cell that shows
+ * the text, without regard to case. Hidden cells have no region. The module ignores
+ * first_y and last_y and searches the whole sheet, because the caller may not know the
+ * sheet's present height. Regions are sorted by y, then x. */
 LECTERN_MODULE_EXPORT int32_t stg_set_highlight_color(void* doc, const uint8_t rgb[3]);
 LECTERN_MODULE_EXPORT int32_t stg_find(void* doc, const uint16_t* text, int32_t first_sheet, int32_t first_y,
                                        int32_t last_sheet, int32_t last_y);
 LECTERN_MODULE_EXPORT int32_t stg_get_found_regions(void* doc, int32_t* count, const stg_region** regions);
 LECTERN_MODULE_EXPORT int32_t stg_stop_find(void* doc);
 
-/* Selection, of the last call only. x and y are any document pixel inside the
- * first and last track; counts are of visible ones. The copied text has tabs
- * between columns and a line feed between rows, without the empty ones at the
- * end; hidden cells of the selection are in it. */
+/* Selection. Each call replaces the one before. x and y are any document pixel inside
+ * the first and the last track. *count is the number of visible tracks. The copied text
+ * has a tab between columns and a line feed between rows. It leaves out empty cells and
+ * rows at the end and includes hidden cells. */
 LECTERN_MODULE_EXPORT int32_t stg_clear_selection(void* doc);
 LECTERN_MODULE_EXPORT int32_t stg_select_area(void* doc, int32_t sheet, int32_t left, int32_t top,
                                               int32_t width, int32_t height);
@@ -92,16 +99,16 @@ LECTERN_MODULE_EXPORT int32_t stg_select_row(void* doc, int32_t sheet, int32_t f
 LECTERN_MODULE_EXPORT int32_t stg_copy_selection(void* doc, uint16_t* text, int32_t capacity, int32_t first,
                                                  int32_t* length);
 
-/* Changes to the open document only; files are never written.
+/* Changes to the open document. Modules never write to its file.
  *
- * Sorting moves all rows that hold anything. The first of them stays in place
- * when it is a header: everything in it is text, and below at least one of its
- * texts something is not. A document that does not allow the sort, for its sheet
- * is protected or has merged cells, is left as it was, with a non-zero result.
+ * Sorting moves all rows that are not empty. The first of them stays in place if it is
+ * a header: all its cells are texts, and below at least one of them is something else
+ * than a text. Sorting fails and changes nothing if the sheet is protected or has merged
+ * cells.
  *
- * What is unhidden reaches over the hidden tracks that touch it, so that unhiding
- * at the same place brings back what hiding took. No track is resized to less
- * than a pixel or beyond what the document can hold: a non-zero result. */
+ * Unhiding includes the hidden tracks that touch the given ones, so that it undoes
+ * hiding at the same place. Resizing changes a track by `change` pixels. It fails if
+ * the result would be less than one pixel or more than the document format allows. */
 LECTERN_MODULE_EXPORT int32_t stg_sort_ascending(void* doc, int32_t sheet, int32_t column);
 LECTERN_MODULE_EXPORT int32_t stg_sort_descending(void* doc, int32_t sheet, int32_t column);
 LECTERN_MODULE_EXPORT int32_t stg_hide_columns(void* doc, int32_t sheet, int32_t first_x, int32_t last_x);

@@ -2,10 +2,12 @@
 /*
  * The word-processing module, "WordToGoModule.so": 36 functions.
  *
- * The module lays a document out as one continuous text, as wide as the
- * offscreen buffer at the current dpi, and keeps that buffer showing one
- * stretch of it, current after every call that changes the stretch. Character
- * positions count from 0 at the start of the body text.
+ * The module lays a document out as one continuous text without pages, as wide as
+ * the offscreen buffer at the current dpi. The buffer shows a part of this text,
+ * the stretch. After each call that changes the stretch, the buffer is current.
+ * Character positions count from 0 at the start of the body text.
+ *
+ * ModuleTypes.h has the rules for results, documents, texts, arrays and threads.
  */
 #ifndef LECTERN_MODULES_WORDTOGOMODULE_H
 #define LECTERN_MODULES_WORDTOGOMODULE_H
@@ -16,23 +18,26 @@
 extern "C" {
 #endif
 
-/* A hit of wtg_find: characters [start, end). 12 bytes. */
+/* A hit of wtg_find: the characters from start to before end. */
 typedef struct {
     uint32_t unused, start, end;
 } wtg_find_result;
 
-/* A hit inside the stretch, in buffer pixels, one rectangle for each line it spans. */
+/* A hit inside the stretch: one rectangle, in buffer pixels, for each line that it
+ * spans. The module owns the rectangles. */
 typedef struct {
-    uint32_t position; /* its first character */
+    uint32_t position; /* character position of its start */
     const module_rect* rectangles;
     uint32_t rectangle_count;
 } wtg_find_region;
 
-/* What lies under a point. 6: hyperlink, a is a const uint16_t*; 7: internal
- * link, a bookmark or an entry of a table of contents, a is the story and b the
- * position for wtg_jump_to_character; 2 footnote, 3 endnote, 4 comment, 5 other
- * secondary text (our own module has none): a, b, c are for
- * wtg_open_secondary_document; any other value: nothing of interest. */
+/* The thing under a point, by its type:
+ *   2 a footnote, 3 an endnote, 4 a comment, 5 another secondary text (Lectern's own
+ *     module has none): pass a, b and c to wtg_open_secondary_document;
+ *   6 a hyperlink: a is its target, a const uint16_t* that the module owns;
+ *   7 an internal link, that is a bookmark or an entry of a table of contents: a is
+ *     the story and b the position for wtg_jump_to_character;
+ *   any other type: none of these. */
 typedef struct {
     int32_t type;
     intptr_t a, b, c;
@@ -42,59 +47,65 @@ LECTERN_RECORD_SIZE(wtg_find_result, 12, 12);
 LECTERN_RECORD_SIZE(wtg_find_region, 24, 12);
 LECTERN_RECORD_SIZE(wtg_click_info, 32, 16);
 
-/* Opens a regular file. An empty password means none. `temp_dir` is where the
- * module may make temporary files. On success *doc is the new document. */
+/* Opens a regular file. An empty password means none. The module may create
+ * temporary files in `temp_dir`. On success *doc is the new document, which
+ * wtg_close_file releases. */
 LECTERN_MODULE_EXPORT int32_t wtg_open_file(const uint16_t* path, const uint16_t* password,
                                             const uint16_t* font_dir, const uint16_t* temp_dir, void** doc);
 LECTERN_MODULE_EXPORT int32_t wtg_close_file(void** doc);
 
-/* Characters of the whole body; scratch gets 0. */
+/* Stores the number of characters of the whole body in *count, and 0 in *scratch. */
 LECTERN_MODULE_EXPORT int32_t wtg_get_character_count(void* doc, int32_t view, uint32_t* scratch,
                                                       uint32_t* count);
 
-/* The buffer that shows the stretch: width * height pixels 0xAARRGGBB, owned by
- * the caller until another is set or the document is closed. Another size and
- * another dpi only mark the layout stale; the next call that needs it lays out
- * once and keeps the character at the stretch's top at the top. */
+/* Sets the buffer that shows the stretch: width * height pixels 0xAARRGGBB, row by
+ * row. The caller owns it and keeps it until it sets another one or closes the
+ * document. A new size or dpi only marks the layout as stale. The next call that
+ * needs the layout makes it, once, and keeps the stretch's first character at the
+ * stretch's top. */
 LECTERN_MODULE_EXPORT int32_t wtg_set_offscreen_buffer(void* doc, int32_t view, uint32_t* pixels,
                                                        int32_t width, int32_t height);
 LECTERN_MODULE_EXPORT int32_t wtg_set_dpi(void* doc, int32_t dpi);
 
-/* First character of the stretch, inclusive: 0 only when the stretch starts at
- * the text's first row, else the first character of the first line that begins
- * at or below the stretch's top. */
+/* The first character of the stretch: 0 only if the stretch starts at the text's
+ * first row, else the first character of the first line that begins at or below the
+ * stretch's top. */
 LECTERN_MODULE_EXPORT int32_t wtg_get_top_left_character(void* doc, int32_t view, uint32_t* position);
-/* End of the stretch, exclusive: the character count only when the text's last
- * row is shown. */
+/* The character after the last one of the stretch: equal to the character count only
+ * if the stretch shows the text's last row. */
 LECTERN_MODULE_EXPORT int32_t wtg_get_bottom_right_character(void* doc, int32_t view, uint32_t* position);
-/* Rows of the buffer that hold text; its height while text goes on below. */
+/* The number of buffer rows that hold text: the buffer's height while more text lies
+ * below. */
 LECTERN_MODULE_EXPORT int32_t wtg_get_vertical_last_used_pixel(void* doc, int32_t view, int32_t* rows);
 
-/* Moves the stretch down by exactly `rows` while any text lies below it, also
- * past the end (the rest is white); else non-zero and 0. */
+/* Moves the stretch down by exactly `rows` pixel rows if any text lies below it, even
+ * past the text's end, where rows are white. Else fails, with *scrolled 0. */
 LECTERN_MODULE_EXPORT int32_t wtg_scroll_down(void* doc, int32_t view, int32_t rows, int32_t* scrolled);
-/* Moves the stretch up by `rows` or by what there is above, and reports it. */
+/* Moves the stretch up by `rows` pixel rows, or to the text's start if that is nearer,
+ * and stores the amount in *scrolled. */
 LECTERN_MODULE_EXPORT int32_t wtg_scroll_up(void* doc, int32_t view, int32_t rows, int32_t* scrolled);
-/* Starts the stretch at the line of a character; story 0 is the body text. */
+/* Makes the stretch start at the line of a character. Story 0 is the body text. */
 LECTERN_MODULE_EXPORT int32_t wtg_jump_to_character(void* doc, int32_t story, uint32_t position);
 
-/* Finds text without regard to case between *from and *to, results by position,
- * none overlapping another. Notes and comments are not searched. All hits inside
- * the stretch are marked in the highlight colour until the next find or
- * wtg_stop_find. Text that is empty or no UTF-16 finds nothing. */
+/* Finds all hits of a text between the characters *from and *to, without regard to
+ * case. Results are sorted by position and do not overlap. Notes and comments are not
+ * searched. All hits inside the stretch are marked in the highlight colour until the
+ * next find or wtg_stop_find. An empty text, or one that is not valid UTF-16, has no
+ * hits. */
 LECTERN_MODULE_EXPORT int32_t wtg_find(void* doc, const uint16_t* text, int32_t flags, uint32_t* from,
                                        uint32_t* to, const wtg_find_result** results, int32_t* count);
-/* The hits inside the stretch, by y, then x. */
+/* The hits inside the stretch, sorted by y, then x. */
 LECTERN_MODULE_EXPORT int32_t wtg_get_found_regions(void* doc, int32_t view, int32_t* count,
                                                     const wtg_find_region** regions);
 LECTERN_MODULE_EXPORT int32_t wtg_stop_find(void* doc);
 LECTERN_MODULE_EXPORT int32_t wtg_set_highlight_color(void* doc, const uint8_t rgb[3]);
 
-/* x and y are buffer pixels; a point outside of the text is on nothing. */
+/* x and y are buffer pixels. Nothing lies under a point outside of the text. */
 LECTERN_MODULE_EXPORT int32_t wtg_get_click_info(void* doc, int32_t x, int32_t y,
                                                  const wtg_click_info** info);
-/* Paints a secondary document into the current buffer from row 50 on, `height`
- * rows, the rest white, laid out to the buffer's width at the current dpi. */
+/* Paints a secondary document, such as a footnote, into the current buffer: `height`
+ * rows from row 50 on, white where its text ends, laid out to the buffer's width at
+ * the current dpi. */
 LECTERN_MODULE_EXPORT int32_t wtg_open_secondary_document(void* doc, intptr_t a, intptr_t b, intptr_t c,
                                                           int32_t height);
 LECTERN_MODULE_EXPORT int32_t wtg_close_secondary_document(void* doc);
@@ -111,11 +122,11 @@ LECTERN_MODULE_EXPORT int32_t wtg_word_count(void* doc, int32_t* count);
 
 /* Functions that no view calls. */
 
-/* One stretch of text is selected at a time, and marked in the highlight colour.
- * Points and sides are buffer pixels. Where there is no text nothing changes and
- * the result is not 0. An area selects the text from its first corner to its
- * last. A copy has a line feed between two paragraphs, and is empty when nothing
- * is selected. */
+/* A document has one selection, a continuous part of the text, which is marked in the
+ * highlight colour. Points and sides are buffer pixels. Where there is no text, the
+ * calls fail and change nothing. An area selects the text from its top left corner to
+ * its bottom right corner. A copy has a line feed between paragraphs. It is empty when
+ * nothing is selected. */
 LECTERN_MODULE_EXPORT int32_t wtg_select_all(void* doc);
 LECTERN_MODULE_EXPORT int32_t wtg_select_area(void* doc, int32_t view, int32_t left, int32_t top,
                                               int32_t right, int32_t bottom);
@@ -125,17 +136,19 @@ LECTERN_MODULE_EXPORT int32_t wtg_clear_selection(void* doc);
 LECTERN_MODULE_EXPORT int32_t wtg_copy_selection(void* doc, uint16_t* text, int32_t capacity, int32_t first,
                                                  int32_t* length);
 
-/* Where inside the stretch wtg_get_click_info would find something, near misses aside. */
+/* The rectangles inside the stretch in which wtg_get_click_info finds something. It
+ * also accepts points that narrowly miss them. */
 LECTERN_MODULE_EXPORT int32_t wtg_get_click_regions(void* doc, int32_t view, int32_t* count,
                                                     const module_rect** regions);
-/* The paragraph at a point, in buffer pixels; it may reach beyond the buffer. */
+/* The rectangle of the paragraph at a point, in buffer pixels. It may reach beyond the
+ * buffer. */
 LECTERN_MODULE_EXPORT int32_t wtg_smart_zoom(void* doc, int32_t view, int32_t x, int32_t y,
                                              module_rect* area);
-/* Shows characters [start, end): starts the stretch at the first one's line,
- * unless the lines of both ends begin inside it already. */
+/* Shows the characters from start to before end: makes the stretch start at the first
+ * one's line, unless the lines of both ends already begin inside the stretch. */
 LECTERN_MODULE_EXPORT int32_t wtg_scroll_to_character_range(void* doc, int32_t view, uint32_t start,
                                                             uint32_t end);
-/* The layout's width, and the rows of the whole text. */
+/* The width of the layout and the height of the whole text, in pixels. */
 LECTERN_MODULE_EXPORT int32_t wtg_page_layout_size(void* doc, int32_t view, int32_t* width, int32_t* height);
 LECTERN_MODULE_EXPORT int32_t wtg_release_memory(void* doc);
 LECTERN_MODULE_EXPORT int32_t wtg_get_version(uint16_t* text, int32_t capacity, int32_t* length);

@@ -1,10 +1,10 @@
 # SPDX-License-Identifier: Apache-2.0
-"""Writes .docx files with nothing but the standard library.
+"""Writes .docx files, using the standard library only.
 
-Enough of the format for samples and tests: headings, lists, tables, pictures,
+Supports as much of the format as samples and tests need: headings, lists, tables, pictures,
 footnotes and endnotes, comments, links and bookmarks, fields, text boxes and a
-table of contents, any script in either direction.
-The same calls always give the same bytes, so stored samples can be made again.
+table of contents, and text in any script and direction. The same calls always write
+the same bytes, so stored samples can be made again.
 """
 import struct
 import zipfile
@@ -25,7 +25,7 @@ TEXT_WIDTH_TWIPS = 9026  # A4 less margins of one inch
 
 
 def png(width, height, pixel):
-    """A PNG of width x height whose colours are pixel(x, y) -> (r, g, b)."""
+    """Returns a PNG image of width x height; pixel(x, y) returns the colour (r, g, b)."""
     rows = b''.join(b'\0' + b''.join(bytes(pixel(x, y)) for x in range(width)) for y in range(height))
 
     def chunk(kind, data):
@@ -37,8 +37,8 @@ def png(width, height, pixel):
 
 
 class Docx:
-    """A document being written. Text arguments may be strings or lists of runs
-    made by text(), link(), jump(), footnote(), endnote(), comment(), field() and box()."""
+    """A document to write. Text arguments are strings or lists of runs, which text(), link(),
+    jump(), footnote(), endnote(), comment(), field() and box() return."""
 
     def __init__(self, title='', author='', description='', created='', modified=''):
         self.core = (title, author, description, created, modified)
@@ -72,20 +72,20 @@ class Docx:
         return self._note('endnote', words)
 
     def comment(self, words, remark, author='A reader'):
-        """Words that a comment is about."""
+        """Words with a comment."""
         ident = len(self.comments)
         self.comments.append((author, remark))
         return (f'<w:commentRangeStart w:id="{ident}"/>{self._runs(words)}<w:commentRangeEnd w:id="{ident}"/>'
                 f'<w:r><w:commentReference w:id="{ident}"/></w:r>')
 
     def field(self, instruction, words):
-        """A field that shows words."""
+        """A field; words are its shown result."""
         marks = {kind: f'<w:r><w:fldChar w:fldCharType="{kind}"/></w:r>' for kind in ('begin', 'separate', 'end')}
         return (f'{marks["begin"]}<w:r><w:instrText xml:space="preserve"> {escape(instruction)} </w:instrText></w:r>'
                 f'{marks["separate"]}{self._runs(words)}{marks["end"]}')
 
     def box(self, words, width, height):
-        """A text box that stands in the line; sizes in pixels of 1/96 inch."""
+        """A text box in the line; sizes in pixels of 1/96 inch."""
         self.boxes += 1
         size = f'cx="{width * EMU_PER_PIXEL}" cy="{height * EMU_PER_PIXEL}"'
         return (f'<w:r><w:drawing><wp:inline {DRAWING}><wp:extent {size}/><wp:docPr id="{900 + self.boxes}" '
@@ -98,7 +98,7 @@ class Docx:
     # blocks
 
     def contents(self, entries):
-        """A table of contents: pairs of a heading and its bookmark."""
+        """A table of contents. entries: pairs of a heading and its bookmark."""
         for number, (words, bookmark) in enumerate(entries):
             entry = self.jump(f'{words}\t{number + 1}', bookmark)
             if number == 0:
@@ -128,7 +128,7 @@ class Docx:
         self.body.append('<w:p><w:r><w:br w:type="page"/></w:r></w:p>')
 
     def table(self, rows, column_twips=None):
-        """rows of cells; column_twips may add up to more than the page is wide."""
+        """A table. column_twips may add up to more than the width of the page."""
         columns = len(rows[0])
         widths = column_twips or [TEXT_WIDTH_TWIPS // columns] * columns
         edges = ''.join(f'<w:{side} w:val="single" w:sz="4" w:color="808080"/>'
@@ -141,7 +141,7 @@ class Docx:
                          f'</w:tblBorders></w:tblPr><w:tblGrid>{grid}</w:tblGrid>{lines}</w:tbl><w:p/>')
 
     def picture(self, data, width, height):
-        """PNG bytes, shown width x height pixels of 1/96 inch."""
+        """A picture of PNG bytes, width x height pixels of 1/96 inch."""
         self.media.append(data)
         number = len(self.media)
         ident = self._relation('image', f'media/image{number}.png')

@@ -1,12 +1,12 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: Apache-2.0
-"""Writes a .docx with everything that can be searched and tapped: make_linked_docx.py OUT.docx
+"""Writes a .docx for tests of searches and taps: make_linked_docx.py OUT.docx
 
-The word "needle" is red wherever the body holds it, and numbered in the order
-of the text ("needle1", "needle2", ...): in headings, behind note marks and
-fields, in cells and text boxes, across lines, with other cases of its letters.
-Notes and comments hold it too, where a search must not find it. Links lead to
-headings whose text says so.
+The body contains the word "needle" in red, numbered in the order of the text
+("needle1", "needle2", ...): in headings, after note marks and fields, in cells
+and text boxes, across lines, in upper and lower case. Notes and comments contain
+it too, where a search must not find it. Each link leads to a heading whose text
+names the link.
 """
 import sys
 
@@ -18,7 +18,7 @@ FILLER = ('The boats come home with the tide and the gulls come with the boats, 
 
 
 class Needles:
-    """Red words, numbered."""
+    """Writes red words and numbers them."""
 
     def __init__(self, document):
         self.document = document

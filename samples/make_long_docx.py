@@ -2,9 +2,9 @@
 # SPDX-License-Identifier: Apache-2.0
 """Writes a long .docx for tests and benchmarks: make_long_docx.py PAGES OUT.docx [WORD HITS]
 
-Every page has a heading, paragraphs of words drawn with a fixed seed, and every
-tenth a table. WORD, which no paragraph holds by itself, is put in HITS times,
-spread evenly, so that a search has a known answer.
+Every page has a heading and paragraphs of random words with a fixed seed. Every tenth
+page has a table. The script inserts WORD, which the paragraphs do not contain, HITS
+times at even distances, so that the result of a search is known.
 """
 import random
 import sys

@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: Apache-2.0
-"""Writes a long presentation for tests and figures: make_long_pptx.py SLIDES OUT.pptx [SHAPES]
+"""Writes a long presentation for tests and benchmarks: make_long_pptx.py SLIDES OUT.pptx [SHAPES]
 
-Slide i, counted from 1, is titled "Chapter i" and says needlei, and every third has
-the note "Note of i". The first has SHAPES small boxes too.
+Slide i, counted from 1, has the title "Chapter i" and the word "needlei". Every third
+slide has the note "Note of i". The first slide also has SHAPES small boxes.
 """
 import random
 import sys

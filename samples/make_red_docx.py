@@ -1,8 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: Apache-2.0
-"""Writes a .docx in which some words are red and everything else is black, and
-where those words stand in paragraphs, headings, cells and a text box:
-make_red_docx.py OUT.docx"""
+"""Writes a .docx with red words in paragraphs, headings, cells and a text box; all
+other text is black: make_red_docx.py OUT.docx"""
 import sys
 
 from docx_writer import Docx

@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: Apache-2.0
-"""Makes the stored samples again, beside this file: tour.docx, tour.doc and
-tour.txt, tour.xlsx and tour.xls, tour.pptx and tour.ppt, and the same as locked.*, which the password
-"harbour" opens.
+"""Writes the stored samples again, into the folder of this file: tour.docx, .doc, .txt,
+.xlsx, .xls, .pptx and .ppt; and locked.docx, .doc, .xlsx, .xls and .pptx, with the
+password "harbour".
 
-All but the .docx, the .xlsx, the .pptx and the text are saved by LibreOffice, which must be
-installed with python3-uno; workbooks are written with python3-openpyxl.
+LibreOffice saves the .doc, .xls and .ppt files and all locked ones; install it together
+with python3-uno. python3-openpyxl writes the workbooks.
 """
 import contextlib
 import pathlib
@@ -21,7 +21,7 @@ HERE = pathlib.Path(__file__).resolve().parent
 
 
 def harbour(x, y):
-    """A small painting: sky, sun, hills and water."""
+    """Returns the colour of a pixel of a small painting: sky, sun, hills and water."""
     if (x - 470) ** 2 + (y - 90) ** 2 < 45 ** 2:
         return 255, 214, 102
     ridge = 200 - abs((x * 3) % 400 - 200) // 4 - (x % 97) // 12
@@ -95,7 +95,7 @@ Guten Morgen! Καλημέρα! Доброе утро! صباح الخير! 早�
 
 @contextlib.contextmanager
 def office():
-    """LibreOffice's desktop object, in a process with a profile of its own."""
+    """Provides the desktop object of a LibreOffice process with a new profile."""
     import uno
     with tempfile.TemporaryDirectory() as profile:
         process = subprocess.Popen(['soffice', f'-env:UserInstallation=file://{profile}', '--headless', '--norestore',

@@ -3,28 +3,28 @@
 """Writes workbooks for tests and benchmarks:
 
 make_xlsx.py long ROWS OUT.xlsx [WORD HITS]
-    A header and ROWS rows of six columns: a number in no order, words, an
-    amount, a share, a day, a text. WORD, which no row holds by itself, is put
-    into HITS rows, spread evenly.
+    A header and ROWS rows of six columns: an unordered number, words, an amount,
+    a share, a date, a text. WORD, which the rows do not contain otherwise, is
+    inserted into HITS rows at even distances.
 make_xlsx.py coloured OUT.xlsx
     Columns and rows of many sizes, some hidden, up to column 520 and row 10050.
-    Blocks of cells are filled, no two cells alike: cell (column, row), both
-    from 0, with what colour_of() says.
+    Four blocks of filled cells, each cell with its own colour: colour_of(column,
+    row), both counted from 0.
 make_xlsx.py labelled OUT.xlsx
-    Columns and rows of many sizes, some hidden. Two blocks of filled cells, at
-    A1 and far away, each cell with a colour of its own, whose red is below 40,
-    and with that as its comment, RRGGBB.
+    Columns and rows of many sizes, some hidden. Two blocks of filled cells, one at
+    A1 and one far away. Each cell has its own colour, whose red is below 40, and
+    this colour as its comment, in the form RRGGBB.
 make_xlsx.py spread OUT.xlsx
-    A sheet with nothing but a chart at AL3000, and one with nothing but a
-    merged area, AA80:AD100.
+    A sheet with only a chart, at AL3000, and a sheet with only a merged area,
+    AA80:AD100.
 make_xlsx.py charted OUT.xlsx
-    A chart at H20 and one at H200, of 3 x 1.2 cm, on green cells in rows that
-    are no whole pixels high.
+    Two charts of 3 x 1.2 cm, at H20 and H200, on green cells in rows whose heights
+    are not whole pixels.
 make_xlsx.py noted OUT.xlsx
-    3, 1, 2 in a column, with the comment "three" at the 3.
+    A column with 3, 1 and 2; the cell with 3 has the comment "three".
 make_xlsx.py plain OUT.xlsx ROW...
-    A sheet whose rows are given as values with commas between; numbers are
-    numbers, what begins with = is a formula.
+    A sheet with the given rows. A row is a list of values, separated by commas. A
+    value that is a number becomes one; a value that begins with = is a formula.
 """
 import datetime
 import random
@@ -60,7 +60,7 @@ def long(path, rows, word=None, hits=0):
 
 
 def colour_of(column, row):
-    """Distinct within the blocks, and far enough from white and black."""
+    """Returns the colour of a cell: unique within the blocks, clearly neither white nor black."""
     for number, (left, top, columns, rows) in enumerate(BLOCKS):
         if left <= column < left + columns and top <= row < top + rows:
             index = (number * rows + row - top) * columns + column - left

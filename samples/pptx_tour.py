@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: Apache-2.0
-"""The stored sample presentation: one of everything that slides are made of."""
+"""The content of the sample presentation: one of each thing that slides can contain."""
 from docx_writer import png
 from pptx_writer import WIDE, Pptx
 

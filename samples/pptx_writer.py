@@ -1,10 +1,10 @@
 # SPDX-License-Identifier: Apache-2.0
-"""Writes .pptx files with nothing but the standard library.
+"""Writes .pptx files, using the standard library only.
 
-Enough of the format for samples and tests: titles, text with levels, boxes at any
-angle, tables, pictures, bar charts, notes, hidden slides, animations that take a
-shape away, either writing direction and any size of slide. The same calls always
-give the same bytes.
+Supports as much of the format as samples and tests need: titles, text with levels,
+boxes at any angle, tables, pictures, bar charts, notes, hidden slides, animations that
+hide a shape, both writing directions, and slides of any size. The same calls always
+write the same bytes.
 """
 import zipfile
 from xml.sax.saxutils import escape
@@ -66,7 +66,7 @@ class Slide:
         return self._shape(paragraph(words, size=size) if words else '<a:p/>', frame, '<p:ph type="title"/>', name='Title')
 
     def body(self, lines, frame=(36, 126, 648, 356), size=24):
-        """Lines, or pairs of a line and its level."""
+        """A text of lines, or of pairs of a line and its level."""
         pairs = [(line, 0) if isinstance(line, str) else line for line in lines]
         return self._shape(''.join(paragraph(words, level, size, bullet=True) for words, level in pairs), frame,
                            '<p:ph type="body" idx="1"/>', name='Text')
@@ -75,7 +75,7 @@ class Slide:
         return self._shape(paragraph(words, size=size, rtl=rtl), frame, fill=fill, angle=angle, name='Box')
 
     def goes_away(self, shape):
-        """The shape fades out at a click."""
+        """Makes a shape fade out at a click."""
         self.taken_away.append(shape)
 
     def _frame(self, uri, inner, frame):
@@ -98,7 +98,7 @@ class Slide:
         self._frame(TABLE, f'<a:tbl><a:tblPr firstRow="1"/><a:tblGrid>{grid}</a:tblGrid>{lines}</a:tbl>', frame)
 
     def picture(self, data, frame):
-        """PNG bytes."""
+        """A picture of PNG bytes."""
         self.pictures.append(data)
         ident = self._next()
         left, top, width, height = frame
@@ -110,7 +110,7 @@ class Slide:
             '<a:prstGeom prst="rect"><a:avLst/></a:prstGeom></p:spPr></p:pic>')
 
     def bar_chart(self, title, values, frame):
-        """values: pairs of a category and its number."""
+        """A bar chart. values: pairs of a category and its number."""
         names = ''.join(f'<c:pt idx="{i}"><c:v>{escape(name)}</c:v></c:pt>' for i, (name, _) in enumerate(values))
         numbers = ''.join(f'<c:pt idx="{i}"><c:v>{number}</c:v></c:pt>' for i, (_, number) in enumerate(values))
         self.charts.append(

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: Apache-2.0
-"""The workbook of the samples: what a harbour office keeps in a year."""
+"""The content of the sample workbook: the records of a harbour office for a year."""
 import datetime
 
 from openpyxl import Workbook
@@ -33,7 +33,7 @@ def head(sheet, row, names):
 
 
 def passengers(book):
-    """Months by boats, totals by formula, two charts, a merged title, comments."""
+    """A table of months and boats, totals by formula, two charts, a merged title, comments."""
     sheet = book.active
     sheet.title = 'Passengers'
     title(sheet, 'Passengers by boat and month', len(BOATS) + 2)
@@ -73,7 +73,7 @@ def passengers(book):
 
 
 def moorings(book):
-    """Every kind of number format; a hidden column and two hidden rows."""
+    """Number formats of every kind; a hidden column and two hidden rows."""
     sheet = book.create_sheet('Moorings')
     head(sheet, 1, ['Berth', 'Since', 'Length (m)', 'Fee', 'Paid', 'Depth', 'Notice', 'Key'])
     for i in range(40):
@@ -93,7 +93,7 @@ def moorings(book):
 
 
 def voices(book):
-    """Scripts of the world, long and wrapped texts, an error and a truth value."""
+    """Texts in many scripts, long and wrapped texts, an error and a logical value."""
     sheet = book.create_sheet('Voices')
     rows = ['Good morning, and welcome to the harbour.', 'Guten Morgen und willkommen im schönen Hafen.',
             'Καλημέρα και καλώς ήρθατε στο λιμάνι.', 'Доброе утро и добро пожаловать в гавань.',

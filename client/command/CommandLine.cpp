@@ -37,7 +37,7 @@ GOptionEntry sizeEntry(TextOption& size) {
 }
 
 GOptionEntry jsonEntry(gboolean& json) {
-    return flagEntry("json", 'j', json, "Print the service's JSON text");
+    return flagEntry("json", 'j', json, "Print the service's JSON reply");
 }
 
 Misuse wrongValue(const TextOption& text, const char* why) {
@@ -48,7 +48,8 @@ std::optional<Misuse> readSize(const TextOption& text, int& width, int& height) 
     if (text.given()) {
         const auto sides = parseSize(text.value);
         if (!sides) {
-            return wrongValue(text, "is no size; give one like 480x800, sides 1 to 16384");
+            return wrongValue(
+                text, "is not a valid size; use WIDTHxHEIGHT, such as 480x800, with sides of 1 to 16384");
         }
         std::tie(width, height) = *sides;
     }
@@ -66,7 +67,8 @@ std::optional<Misuse> readNumber(const TextOption& text, const char* what, std::
     if (text.given()) {
         const std::optional<int> count = parseCount(text.value);
         if (!count) {
-            return wrongValue(text, (std::string("is no ") + what + "; give a number from 1").c_str());
+            return wrongValue(
+                text, (std::string("is not a valid ") + what + " number; numbers start at 1").c_str());
         }
         number = count;
     }
@@ -114,10 +116,11 @@ char** CommandLine::copyOf(const Words& words) const {
 std::optional<Misuse> CommandLine::checkOperands() const {
     const size_t count = mOperands.words == nullptr ? 0 : g_strv_length(mOperands.words);
     if (count < mNames.size()) {
-        return Misuse{std::string("no ") + mNames[count] + " is given"};
+        return Misuse{std::string(mNames[count]) + " is missing"};
     }
     if (count > mNames.size()) {
-        return Misuse{"'" + operand(mNames.size()) + "' is one word too many; quote what has blanks"};
+        return Misuse{"'" + operand(mNames.size()) +
+                      "' is an unexpected argument; put quotes around a value that has spaces"};
     }
     return std::nullopt;
 }

@@ -22,7 +22,7 @@ Failure printListing(const PartList& list, const char* what) {
     }
     if (const auto listed = static_cast<int>(list.parts.size()); listed < list.count) {
         std::fprintf(stderr,
-                     "lectern: there are %d %s; the titles are too long for the service to list all\n",
+                     "lectern: there are %d %s; the service cut the list because the titles are too long\n",
                      list.count, what);
     }
     return std::nullopt;

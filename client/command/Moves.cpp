@@ -34,9 +34,11 @@ Failure checkNumber(const char* what, int number, int count) {
     }
     const std::string wanted = std::string("there is no ") + what + " " + std::to_string(number);
     if (count == 0) {
-        return misuse(wanted + ": the document has none");
+        return misuse(wanted + "; the document has none");
     }
-    return misuse(wanted + "; give " + (count == 1 ? "1" : "a number from 1 to " + std::to_string(count)));
+    return misuse(
+        wanted + "; " +
+        (count == 1 ? "the document has only one" : "use a number from 1 to " + std::to_string(count)));
 }
 
 } // namespace
@@ -45,7 +47,7 @@ Failure requireKind(const Document& document, DocumentKind kind, const char* wha
     if (document.kind() == kind) {
         return std::nullopt;
     }
-    return misuse(std::string(what) + " is for " + plural(kind) + " only");
+    return misuse(std::string(what) + " works with " + plural(kind) + " only");
 }
 
 Failure goToSheet(Document& document, int number, const CallLimits& limits) {

@@ -19,14 +19,14 @@ struct OpenValues {
         if (zoom.given()) {
             const auto factor = parseFactor(zoom.value);
             if (!factor) {
-                return wrongValue(zoom, "is no zoom; give a number above 0, like 1.5");
+                return wrongValue(zoom, "is not a valid zoom factor; use a number above 0, such as 1.5");
             }
             arguments.zoom = *factor;
         }
         if (scroll.given()) {
             const auto position = parsePosition(scroll.value);
             if (!position) {
-                return wrongValue(scroll, "is no place; give one like 0,1200");
+                return wrongValue(scroll, "is not a valid position; use X,Y, such as 0,1200");
             }
             arguments.scroll = {position->first, position->second};
         }
@@ -49,31 +49,30 @@ Parsed<OpenArguments> parseOpen(const Words& words) {
     TextOption search;
     OpenValues values;
     gboolean wide = FALSE;
-    CommandLine line("open", {"FILE"},
-                     "Writes a document's view into a PNG file, as it would stand on the screen.",
+    CommandLine line("open", {"FILE"}, "Saves a document's view as a PNG file, as a screen would show it.",
                      "FILE -o OUT.png");
     if (auto refusal = line.parse(
-            words,
-            {textEntry("output", 'o', output, "The picture to write; an old one is replaced", "OUT.png"),
-             sizeEntry(values.size), passwordEntry(password),
-             textEntry("sheet", 0, values.sheet, "Show this sheet, from 1 (spreadsheets only)", "N"),
-             textEntry("slide", 0, values.slide, "Show this slide, from 1 (presentations only)", "N"),
-             textEntry("zoom", 'z', values.zoom, "Zoom by this factor, as two fingers would", "F"),
-             textEntry("scroll", 0, values.scroll, "Move the view there, in document pixels (default 0,0)",
-                       "X,Y"),
-             flagEntry("wide", 'w', wide, "Lay text out wider than the view (word-processing only)"),
-             textEntry("search", 0, search, "Mark what is found and move to the first hit there", "TEXT"),
-             textEntry("hit", 0, values.hit, "With --search: go on to this hit, from 1", "N")})) {
+            words, {textEntry("output", 'o', output, "The PNG file to write; an existing one is replaced",
+                              "OUT.png"),
+                    sizeEntry(values.size), passwordEntry(password),
+                    textEntry("sheet", 0, values.sheet, "Show this sheet, from 1 (spreadsheets only)", "N"),
+                    textEntry("slide", 0, values.slide, "Show this slide, from 1 (presentations only)", "N"),
+                    textEntry("zoom", 'z', values.zoom, "Zoom by this factor, as a pinch does", "F"),
+                    textEntry("scroll", 0, values.scroll,
+                              "Scroll to this point, in document pixels (default 0,0)", "X,Y"),
+                    flagEntry("wide", 'w', wide, "Lay text out wider than the view (word-processing only)"),
+                    textEntry("search", 0, search, "Mark all hits and move to the first one", "TEXT"),
+                    textEntry("hit", 0, values.hit, "With --search: go to this hit, from 1", "N")})) {
         return asParsed<OpenArguments>(std::move(*refusal));
     }
     if (!output.given()) {
-        return Misuse{"no picture to write is given; name one with -o OUT.png"};
+        return Misuse{"the output file is missing; add -o OUT.png"};
     }
     if (values.sheet.given() && values.slide.given()) {
-        return Misuse{"a document has sheets or slides; give --sheet or --slide"};
+        return Misuse{"--sheet and --slide cannot be combined"};
     }
     if (values.hit.given() && !search.given()) {
-        return Misuse{"--hit needs a --search"};
+        return Misuse{"--hit needs --search"};
     }
     OpenArguments arguments;
     arguments.file = line.operand();

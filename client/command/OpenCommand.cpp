@@ -41,7 +41,7 @@ Failure zoom(Document& document, double factor, const CallLimits& limits) {
     const double reached = document.state().scale / before;
     constexpr double CLOSE_ENOUGH = 0.005;
     if (std::abs(reached - factor) > CLOSE_ENOUGH * factor) {
-        std::fprintf(stderr, "lectern: zoomed by %.3g, which is as far as this view goes\n", reached);
+        std::fprintf(stderr, "lectern: zoomed by %.3g only, the limit of this view\n", reached);
     }
     return std::nullopt;
 }
@@ -58,7 +58,7 @@ Failure scroll(Document& document, Point target, const CallLimits& limits) {
         return arrived.error();
     }
     if (const Point reached = place(document); reached != target) {
-        std::fprintf(stderr, "lectern: scrolled to %d,%d, which is as far as the document goes\n", reached.x,
+        std::fprintf(stderr, "lectern: scrolled to %d,%d only, where the document ends\n", reached.x,
                      reached.y);
     }
     return std::nullopt;
@@ -76,7 +76,7 @@ Failure search(Document& document, const std::string& text, int hit, const CallL
         const std::string often = *hits == 0   ? "not found"
                                   : *hits == 1 ? "found once"
                                                : "found " + std::to_string(*hits) + " times";
-        std::fprintf(stderr, "lectern: '%s' is %s\n", text.c_str(), often.c_str());
+        std::fprintf(stderr, "lectern: '%s' was %s\n", text.c_str(), often.c_str());
     }
     for (int at = 1; at < (counted ? std::min(hit, *hits) : hit); ++at) {
         if (Failure failure = common::nextResult(document.bus(), document.docid(), limits)) {

@@ -7,16 +7,18 @@ Parsed<PlayArguments> parsePlay(const Words& words) {
     TextOption folder;
     TextOption size;
     TextOption password;
-    CommandLine line("play", {"SCRIPT", "FILE"},
-                     "Plays timed input to a document's view and writes what it shows as numbered PNG files.",
-                     "SCRIPT FILE -o FOLDER");
-    if (auto refusal = line.parse(words, {textEntry("output", 'o', folder,
-                                                    "The folder for the pictures; made if missing", "FOLDER"),
-                                          sizeEntry(size), passwordEntry(password)})) {
+    CommandLine line(
+        "play", {"SCRIPT", "FILE"},
+        "Replays a script of timed touch input and saves what the view shows as numbered PNG files.",
+        "SCRIPT FILE -o FOLDER");
+    if (auto refusal = line.parse(
+            words,
+            {textEntry("output", 'o', folder, "The folder for the pictures; created if missing", "FOLDER"),
+             sizeEntry(size), passwordEntry(password)})) {
         return asParsed<PlayArguments>(std::move(*refusal));
     }
     if (!folder.given()) {
-        return Misuse{"no folder for the pictures is given; name one with -o FOLDER"};
+        return Misuse{"the folder for the pictures is missing; add -o FOLDER"};
     }
     PlayArguments arguments;
     arguments.script = line.operand(0);

@@ -33,11 +33,11 @@ Parsed<PrintArguments> parseInfo(const Words& words) {
 }
 
 Parsed<PrintArguments> parseSheets(const Words& words) {
-    return parsePlain("sheets", "Prints number and name of each sheet of a spreadsheet.", words);
+    return parsePlain("sheets", "Prints the number and name of each sheet of a spreadsheet.", words);
 }
 
 Parsed<PrintArguments> parseSlides(const Words& words) {
-    return parsePlain("slides", "Prints number and title of each slide of a presentation.", words);
+    return parsePlain("slides", "Prints the number and title of each slide of a presentation.", words);
 }
 
 Parsed<NoteArguments> parseNote(const Words& words) {
@@ -50,7 +50,7 @@ Parsed<NoteArguments> parseNote(const Words& words) {
         return asParsed<NoteArguments>(std::move(*refusal));
     }
     if (!slide.given()) {
-        return Misuse{"no slide is given; name one with --slide N"};
+        return Misuse{"the slide is missing; add --slide N"};
     }
     NoteArguments arguments{options.arguments(line)};
     if (auto misuse = readNumber(slide, "slide", arguments.slide)) {
@@ -62,7 +62,7 @@ Parsed<NoteArguments> parseNote(const Words& words) {
 Parsed<SearchArguments> parseSearch(const Words& words) {
     PrintOptions options;
     TextOption sheet;
-    CommandLine line("search", {"FILE", "TEXT"}, "Prints how often a text occurs in a document.");
+    CommandLine line("search", {"FILE", "TEXT"}, "Counts how often a text occurs in a document.");
     std::vector<GOptionEntry> entries = options.entries();
     entries.push_back(
         textEntry("sheet", 0, sheet, "Search this sheet, from 1 (default 1, spreadsheets only)", "N"));

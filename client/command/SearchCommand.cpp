@@ -13,10 +13,10 @@ namespace {
 std::string hitsText(DocumentKind kind, int hits, const SearchArguments& arguments) {
     const std::string text = "'" + onOneLine(arguments.text) + "'";
     if (kind == DocumentKind::Presentation) {
-        return "hits for " + text + " in a presentation are shown and not counted; see them with: " +
+        return "hits for " + text + " in a presentation are not counted; to see them, run: " +
                "lectern open FILE -o OUT.png --search TEXT\n";
     }
-    const std::string count = hits == 0 ? "no hit" : hits == 1 ? "1 hit" : std::to_string(hits) + " hits";
+    const std::string count = hits == 0 ? "no hits" : hits == 1 ? "1 hit" : std::to_string(hits) + " hits";
     const bool ofSheet = kind == DocumentKind::Spreadsheet;
     return count + " for " + text +
            (ofSheet ? " in sheet " + std::to_string(arguments.sheet.value_or(1)) : "") + "\n";

@@ -16,11 +16,11 @@ void explain(const std::string& address) {
     std::printf("%s\n", address.c_str());
     std::fflush(stdout);
     std::fprintf(stderr,
-                 "The document service is at the address above. To use it, in another terminal:\n"
+                 "The document service runs at the address above. To use it, type in another terminal:\n"
                  "  export DBUS_SESSION_BUS_ADDRESS='%s'\n"
                  "  lectern open FILE -o OUT.png\n"
                  "  busctl --user call %s /common %s.common getDocProperties s '{\"docid\": 0}'\n"
-                 "It stops when it is idle, and starts again at the next call. Ctrl-C ends it all.\n",
+                 "The service stops when idle and starts again at the next call. Press Ctrl-C to end both.\n",
                  address.c_str(), SERVICE_NAME, SERVICE_NAME);
 }
 

@@ -16,20 +16,21 @@ Parsed<CallArguments> parseCall(const Words& words) {
     const std::string typed = line.operand(0);
     CallArguments arguments{(typed.rfind('/', 0) == 0 ? "" : "/") + typed, line.operand(1), line.operand(2)};
     if (g_variant_is_object_path(arguments.category.c_str()) == FALSE || arguments.category == "/") {
-        return Misuse{"'" + typed + "' is no category; give one like /common"};
+        return Misuse{"'" + typed + "' is not a valid category; use one such as /common"};
     }
     if (g_dbus_is_member_name(arguments.method.c_str()) == FALSE) {
-        return Misuse{"'" + arguments.method + "' is no method; give one like getDocProperties"};
+        return Misuse{"'" + arguments.method +
+                      "' is not a valid method name; use one such as getDocProperties"};
     }
     if (!JsonMembers::parse(arguments.payload)) {
-        return Misuse{"'" + arguments.payload + "' is no JSON object; give one like '{\"docid\": 0}'"};
+        return Misuse{"'" + arguments.payload + "' is not a JSON object; use one such as '{\"docid\": 0}'"};
     }
     return arguments;
 }
 
 Parsed<ServeArguments> parseServe(const Words& words) {
     CommandLine line("serve", {},
-                     "Runs a private message bus with the document service on it until it is interrupted.");
+                     "Runs a private message bus with the document service on it until interrupted.");
     if (auto refusal = line.parse(words, {})) {
         return asParsed<ServeArguments>(std::move(*refusal));
     }

@@ -35,20 +35,21 @@ int parseAndRun(const Words& words) {
         return STATUS_DONE;
     }
     if (const auto* misuse = std::get_if<Misuse>(&parsed)) {
-        std::fprintf(stderr, "lectern: %s\nTry the option --help.\n", misuse->text.c_str());
+        std::fprintf(stderr, "lectern: %s\nTry '--help'.\n", misuse->text.c_str());
         return STATUS_MISUSE;
     }
     return perform<run>(std::get<0>(parsed));
 }
 
 constexpr Subcommand ALL[] = {
-    {"open", "FILE -o OUT.png", "Write a document's view into a picture", parseAndRun<parseOpen, runOpen>},
+    {"open", "FILE -o OUT.png", "Save a document's view as a PNG picture", parseAndRun<parseOpen, runOpen>},
     {"info", "FILE", "Print a document's properties", parseAndRun<parseInfo, runInfo>},
     {"sheets", "FILE", "Print the sheets of a spreadsheet", parseAndRun<parseSheets, runSheets>},
     {"slides", "FILE", "Print the slides of a presentation", parseAndRun<parseSlides, runSlides>},
     {"note", "FILE --slide N", "Print the note of a slide", parseAndRun<parseNote, runNote>},
-    {"search", "FILE TEXT", "Print how often a text occurs", parseAndRun<parseSearch, runSearch>},
-    {"play", "SCRIPT FILE -o FOLDER", "Play timed input and write pictures", parseAndRun<parsePlay, runPlay>},
+    {"search", "FILE TEXT", "Count how often a text occurs", parseAndRun<parseSearch, runSearch>},
+    {"play", "SCRIPT FILE -o FOLDER", "Replay timed touch input and save pictures",
+     parseAndRun<parsePlay, runPlay>},
     {"serve", "", "Run the document service on a private bus", parseAndRun<parseServe, runServe>},
     {"call", "CATEGORY METHOD JSON", "Call a method of the service", parseAndRun<parseCall, runCall>},
 };
@@ -77,14 +78,14 @@ std::string generalHelp() {
                   "  -h, --help                  Show this help and exit\n"
                   "  --version                   Show the version and exit\n"
                   "\n"
-                  "lectern COMMAND --help tells more of a command; lectern(1) tells all.\n";
+                  "'lectern COMMAND --help' lists a command's options; see lectern(1) for details.\n";
 }
 
 int runSubcommand(std::string_view name, const Words& words) {
     const auto* found = std::find_if(std::begin(ALL), std::end(ALL),
                                      [name](const Subcommand& known) { return name == known.name; });
     if (found == std::end(ALL)) {
-        std::fprintf(stderr, "lectern: '%.*s' is no command\nTry lectern --help.\n",
+        std::fprintf(stderr, "lectern: unknown command '%.*s'\nTry 'lectern --help'.\n",
                      static_cast<int>(name.size()), name.data());
         return STATUS_MISUSE;
     }

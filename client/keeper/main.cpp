@@ -121,7 +121,7 @@ int keepBus(const char* service) {
     int status = 0;
     if (address.empty()) {
         std::fputs(folder.complete() ? "cannot start dbus-daemon; check that it is installed\n"
-                                     : "cannot make a folder for the private bus in /tmp\n",
+                                     : "cannot create a folder for the private bus in /tmp\n",
                    stdout);
         status = 1;
     } else {

@@ -22,20 +22,20 @@ std::string busErrorText(const GError& failure, const char* method) {
         return "the connection to the bus was lost";
     }
     if (ofBus && failure.code == G_DBUS_ERROR_NO_REPLY) {
-        return std::string("the service gave no answer to '") + method + "'";
+        return std::string("the service did not answer '") + method + "'";
     }
     if (ofBus &&
         (failure.code == G_DBUS_ERROR_SERVICE_UNKNOWN || failure.code == G_DBUS_ERROR_NAME_HAS_NO_OWNER)) {
-        return "no document service runs on the bus";
+        return "the bus has no document service";
     }
     if (ofBus && failure.code == G_DBUS_ERROR_SPAWN_CHILD_EXITED) {
-        return "the document service does not start; another one may be running on this machine (" + reason +
+        return "the document service did not start; another one may be running on this machine (" + reason +
                ")";
     }
     if (isSpawnError(failure.domain, failure.code)) {
-        return "the document service does not start (" + reason + ")";
+        return "the document service did not start (" + reason + ")";
     }
-    return "the bus reports: " + reason;
+    return "D-Bus error: " + reason;
 }
 
 } // namespace
@@ -64,7 +64,10 @@ Result<Reply> readReply(GDBusMessage* reply, const char* method) {
     }
     GVariant* body = g_dbus_message_get_body(reply);
     if (body == nullptr || g_variant_is_of_type(body, G_VARIANT_TYPE("(s)")) == FALSE) {
-        return Error{Error::Kind::Bus, "the service's reply is no text; it may be of another version", 0, {}};
+        return Error{Error::Kind::Bus,
+                     "the service's reply is not a string; the service may be another version",
+                     0,
+                     {}};
     }
     const char* text = nullptr;
     g_variant_get(body, "(&s)", &text);

@@ -30,7 +30,7 @@ template<typename T>
 Result<T> required(std::optional<T> member) {
     if (!member) {
         return Error{
-            Error::Kind::Bus, "the service's reply lacks something; it may be of another version", 0, {}};
+            Error::Kind::Bus, "the service's reply is incomplete; the service may be another version", 0, {}};
     }
     return std::move(*member);
 }

@@ -33,7 +33,7 @@ Failure ClientQueue::post(const ClientServerMessage& message, std::chrono::milli
             return systemError("the message queue is gone; open the document again", errno);
         }
         if (Clock::now() >= deadline) {
-            return Error{Error::Kind::TimedOut, "the service does not read its messages", EAGAIN, {}};
+            return Error{Error::Kind::TimedOut, "the service does not read its message queue", EAGAIN, {}};
         }
         std::this_thread::sleep_for(BETWEEN_TRIES);
     }

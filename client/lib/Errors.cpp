@@ -12,7 +12,8 @@ std::string moduleResultText(int code) {
     case MODULE_OK:
         return "nothing is wrong with it";
     case MODULE_FAILED:
-        return "the rendering engine failed; with LECTERN_VERBOSE=1 in the environment it says more";
+        return "the rendering engine failed; set LECTERN_VERBOSE=1 and LECTERN_ENGINE_VERBOSE=1 to see its "
+               "messages";
     case MODULE_NOT_FOUND:
         return "there is no such file; check the path";
     case MODULE_NOT_A_FILE:
@@ -22,27 +23,27 @@ std::string moduleResultText(int code) {
     case MODULE_DAMAGED:
         return "it is damaged or incomplete; try another copy";
     case MODULE_WRONG_KIND:
-        return "its contents do not fit its name; rename it to the extension of its kind";
+        return "its contents do not match its file name extension; rename it";
     case MODULE_NEEDS_PASSWORD:
         return "it needs a password; give one with --password";
     case MODULE_WRONG_PASSWORD:
         return "the password is wrong; give the right one with --password";
     case MODULE_TIMED_OUT:
-        return "it takes too long to lay out; try a smaller document";
+        return "its layout takes too long; try a smaller document";
     case MODULE_ENGINE_LOST:
-        return "the rendering engine stopped while it worked on it; try again, or try another copy";
+        return "the rendering engine crashed on it; try again, or try another copy";
     case MODULE_NO_ENGINE:
-        return "no rendering engine can be started; check that LibreOffice is installed";
+        return "the rendering engine cannot be started; check that LibreOffice is installed";
     case MODULE_BAD_ARGUMENT:
-        return "the rendering engine was asked for something impossible; try another size";
+        return "the rendering engine received an invalid request; try another size";
     case MODULE_NOT_SUPPORTED:
-        return "its kind is not supported by the rendering module";
+        return "the rendering module does not support it";
     case MODULE_NOTHING_THERE:
         return "there is nothing in it to show";
     case MODULE_TOO_LARGE:
         return "it needs more memory than a document may take; try a smaller one";
     default:
-        return "the rendering module does not say why";
+        return "the rendering module reported an unknown error";
     }
 }
 
@@ -56,14 +57,14 @@ Error documentError(const std::string& path, int code) {
 Error refusalError(const std::string& errorCode, const std::string& errorText) {
     std::string text;
     if (errorCode == "errDocType") {
-        text = "the kind of the document cannot be told from its name; "
+        text = "the file name does not tell the kind of document; "
                "it must end in .doc, .docx, .txt, .xls, .xlsx, .ppt or .pptx";
     } else if (errorCode == "errDoesNotExist") {
         text = "the service no longer knows the document; open it again";
     } else if (errorCode == "errWrongType") {
         text = "the document is of another kind (" + errorText + ")";
     } else if (errorCode == "errParamFailed") {
-        text = "the service cannot use what it was given (" + errorText + ")";
+        text = "the service rejected a parameter (" + errorText + ")";
     } else {
         text = "the service refused: " + errorText;
     }

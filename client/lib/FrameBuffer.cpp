@@ -33,14 +33,14 @@ int makeSegment(size_t size) {
 Result<FrameBuffer> FrameBuffer::create(int width, int height) {
     if (width < 1 || height < 1 || width > MAX_SIDE || height > MAX_SIDE) {
         return Error{Error::Kind::Argument,
-                     "a view is 1 to " + std::to_string(MAX_SIDE) + " pixels wide and high, not " +
+                     "a view's sides must be 1 to " + std::to_string(MAX_SIDE) + " pixels, not " +
                          std::to_string(width) + "x" + std::to_string(height),
                      0,
                      {}};
     }
     const int identifier = makeSegment(sizeFor(width, height));
     if (identifier < 0) {
-        return systemError("cannot make a frame buffer", errno);
+        return systemError("cannot create a frame buffer", errno);
     }
     Attachment attachment(identifier);
     const int failure = errno;

@@ -30,7 +30,7 @@ struct Pipe {
 Result<Pipe> makePipe() {
     int ends[2];
     if (pipe2(ends, O_CLOEXEC) != 0) {
-        return systemError("cannot make a pipe", errno);
+        return systemError("cannot create a pipe", errno);
     }
     return Pipe{FileDescriptor(ends[0]), FileDescriptor(ends[1])};
 }
@@ -82,7 +82,7 @@ Result<PrivateBus> PrivateBus::start(Complaints complaints) {
     answer->write.reset();
     const std::string line = readLine(answer->read.get());
     if (line.rfind(ADDRESS_MARK, 0) != 0) {
-        return Error{Error::Kind::Bus, line.empty() ? "the private bus does not start" : line, 0, {}};
+        return Error{Error::Kind::Bus, line.empty() ? "the private bus did not start" : line, 0, {}};
     }
     bus.mAddress = line.substr(ADDRESS_MARK.size());
     return bus;

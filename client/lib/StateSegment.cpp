@@ -17,7 +17,7 @@ Result<StateSegment> StateSegment::attach(unsigned int identifier) {
                            errno);
     }
     if (status.shm_segsz < sizeof(ViewState)) {
-        return Error{Error::Kind::Bus, "the service gave something else for the view's state", 0, {}};
+        return Error{Error::Kind::Bus, "the service returned a state segment that is too small", 0, {}};
     }
     return StateSegment(identifier, std::move(attachment));
 }

@@ -166,7 +166,7 @@ Failure View::await(const char* what, const CallLimits& limits, Condition condit
 
 Result<int> View::openResult(const CallLimits& limits) {
     if (Failure failure =
-            await("tell how the open ended", limits, [this] { return mOpenResult.has_value(); })) {
+            await("report the result of the open", limits, [this] { return mOpenResult.has_value(); })) {
         return *failure;
     }
     return *mOpenResult;

@@ -6,7 +6,7 @@
 
 #include <stdlib.h>
 
-/* An open document, as small as one can be: whatever is known of it goes here. */
+/* An open document. A real module keeps its parsed file here. */
 typedef struct {
     uint32_t paper; /* 0xAARRGGBB */
 } document;
@@ -61,7 +61,7 @@ int32_t sstg_render_slide(void* doc, int32_t slide, int32_t flags, uint32_t* pix
     return MODULE_OK;
 }
 
-/* Nothing is ever found, but counts and arrays say so. */
+/* A search finds nothing: counts become 0 and arrays null. */
 int32_t sstg_find(void* doc, const uint16_t* text, int32_t first_slide, int32_t last_slide,
                   const sstg_find_info** infos, int32_t* count) {
     (void)text;
@@ -80,7 +80,7 @@ int32_t sstg_get_found_regions(void* doc, int32_t* count, const sstg_find_region
     return doc == NULL ? MODULE_BAD_ARGUMENT : MODULE_OK;
 }
 
-/* What a module does not do it refuses, and touches nothing. All names have to be there. */
+/* The functions that this module does not support. It must export them all the same. */
 #define REFUSED(name, ...)                                                                                   \
     int32_t name(__VA_ARGS__) {                                                                              \
         return MODULE_NOT_SUPPORTED;                                                                         \

@@ -16,7 +16,7 @@ namespace lectern::play {
 Result<FrameFolder> FrameFolder::open(const std::string& path) {
     constexpr mode_t EVERYBODY = 0777; // less what the umask takes
     if (mkdir(path.c_str(), EVERYBODY) != 0 && errno != EEXIST) {
-        return systemError("cannot make the folder '" + path + "'", errno);
+        return systemError("cannot create the folder '" + path + "'", errno);
     }
     FrameFolder folder(path);
     if (Failure failure = checkOutput(folder.mPath + "/0001.png")) {

@@ -158,14 +158,14 @@ Result<Instruction> readInstruction(const Line& line) {
     const auto* form = std::find_if(std::begin(FORMS), std::end(FORMS),
                                     [&line](const Form& known) { return line.name() == known.name; });
     if (form == std::end(FORMS)) {
-        return misuse("'" + line.name() + "' is no instruction; lectern(1) lists those of scripts");
+        return misuse("'" + line.name() + "' is not an instruction; lectern(1) lists them all");
     }
     const size_t count = line.operands().size();
     const bool fits = count >= form->leastOperands && count <= form->mostOperands;
     if (const Read read = fits ? form->read(line) : std::nullopt) {
         return *read;
     }
-    return misuse("'" + line.text() + "' is not of the form '" + shown(*form) + "'");
+    return misuse("'" + line.text() + "' is wrong; the form is '" + shown(*form) + "'");
 }
 
 std::vector<std::string> instructionForms() {

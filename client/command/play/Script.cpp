@@ -35,8 +35,8 @@ public:
             const std::string now = std::to_string(mNow.count());
             return lineError(mScript, number,
                              {Error::Kind::Argument,
-                              due < mNow ? "it is " + now + " ms by then; times cannot go back"
-                                         : "a script may last 24 hours at most",
+                              due < mNow ? "this time has passed: the script is already at " + now + " ms"
+                                         : "a script can last at most 24 hours",
                               0,
                               {}});
         }

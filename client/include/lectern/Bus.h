@@ -9,7 +9,7 @@
 #include <stop_token>
 #include <string>
 
-struct _GDBusConnection; // GIO's connection, which a program need not know
+struct _GDBusConnection; // GIO's GDBusConnection; programs can ignore it
 
 namespace lectern {
 class LateReply; // not part of the interface
@@ -19,61 +19,74 @@ class LateReply; // not part of the interface
 
 namespace lectern {
 
-// The service's name on the bus; it prefixes its interfaces too.
+// The service's name on the bus, and the first part of its interface names.
 inline constexpr const char* SERVICE_NAME = "com.kestrel.office";
 
-// How long a call may take, what ends it early, and who is told that it goes on.
+// Limits of one call: its time-out, a way to cancel it, and a progress callback.
 struct CallLimits {
-    // Longer than the longest call of the engine behind the longest open of
-    // another client: the service answers before.
+    // More than 0. The service handles one call at a time, so a call may wait behind
+    // another client's open. The default covers the engine's time limits for both.
     std::chrono::milliseconds timeout{180'000};
+    // Cancels the call, which then fails with Error::Kind::Cancelled.
     std::stop_token stop = {};
-    // Called a few times a second with the time since the start of the call, on
-    // the thread that calls.
+    // Called on the calling thread with the time since the call began: four times
+    // a second during a bus call, once a second while a paint is awaited.
     std::function<void(std::chrono::milliseconds elapsed)> onProgress = {};
 };
 
-// What a method gave, and the process that gave it: its unique name on the bus.
+// A method's reply, and the unique bus name of the process that sent it.
 struct Reply {
     std::string text;
     std::string sender;
 };
 
-// A connection to a message bus, and the service's methods on it. May be used
-// from any thread, by several at a time; calls block theirs. Copies share the
-// connection, which ends with the last.
+// A connection to a message bus, with the service's methods on it.
+//
+// Copies share the connection; it is closed when the last copy is destroyed.
+// Threads: any number of threads may use it at the same time. Every function
+// blocks its caller until it has a result, except post() and isClosed().
 class Bus {
 public:
-    // address: as D-Bus writes it, for example "unix:path=/run/user/1000/bus".
+    // Connects to the bus at a D-Bus address, such as
+    // "unix:path=/run/user/1000/bus". Fails with Error::Kind::Bus when the bus
+    // cannot be reached, and with cancelled when `stop` is used.
     static Result<Bus> connect(const std::string& address, const std::stop_token& stop = {});
 
-    // Calls a method such as ("/common", "getDocProperties") and gives the text
-    // of its reply. A reply with an "errorCode" is an error of kind refused.
-    // Starts the service where the bus can do that.
+    // Calls a method, such as "getDocProperties" of the category "/common", and
+    // returns the text of its reply. The payload is a JSON object in UTF-8. The
+    // bus starts the service if it can and the service does not run.
+    //
+    // Errors: argument (the payload is not UTF-8), bus (no service, no such
+    // method, lost connection), TimedOut, Cancelled, and Refused (the reply has an
+    // "errorCode"; Error::name holds it and Error::reply the whole text).
     Result<std::string> call(const char* category, const char* method, const std::string& payload,
                              const CallLimits& limits = {}) const;
 
-    // What becomes of a reply that comes when its call has been given up: called
-    // on a thread of the connection's, with a bus that is good for post only.
+    // Handles a reply that arrives after its call has timed out or was cancelled.
+    // Runs on a thread of the connection. Only post() may be called on its bus.
     using LateHandler = std::function<void(const Bus&, const Reply&)>;
-    // The same as call, for methods whose effect outlives the wait for them.
+    // Like call(), for methods that take effect even when the caller has stopped
+    // waiting. Also returns the sender.
     Result<Reply> request(const char* category, const char* method, const std::string& payload,
                           const CallLimits& limits, LateHandler late = {}) const;
 
-    // Sends a call of a method that never replies to the process of this unique
-    // name, or to the service as long as it runs: it is not started for it.
+    // Sends a call of a method that never replies. The destination is a unique bus
+    // name, or the service's name. Never starts the service. Success means that
+    // the call is queued in this process, not that it has arrived.
     Failure post(const char* category, const char* method, const std::string& payload,
                  const std::string& destination = SERVICE_NAME) const;
-    // Waits until everything posted has left the process.
+    // Waits until every posted call has been sent.
     Failure flush() const;
 
-    // Whether the connection is lost for good.
+    // True once the connection is lost. It is never restored.
     bool isClosed() const;
-    // Whether the service, or the process of a unique name, is on this bus.
+    // True when this name has an owner on the bus: the service's own name, or a
+    // unique name. False, after at most 5 seconds, when the bus does not answer.
     bool serviceRuns(const std::string& name = SERVICE_NAME) const;
-    // Whether it runs or can be started by it.
+    // True when the service runs on this bus or the bus can start it.
     bool offersService() const;
 
+    // The connection itself; stays owned by the bus.
     _GDBusConnection* connection() const { return mConnection.get(); }
 
 private:

@@ -13,7 +13,7 @@
 #include <stop_token>
 #include <string>
 
-struct _GMainContext; // GLib's
+struct _GMainContext; // GLib's GMainContext
 
 #pragma GCC visibility push(default)
 
@@ -22,83 +22,107 @@ namespace lectern {
 enum class DocumentKind { Unknown = 0, Spreadsheet = 1, WordProcessing = 2, Presentation = 3 };
 
 struct OpenOptions {
-    int width = 480; // of the view, pixels
-    int height = 800;
+    int width = 480;  // of the view in pixels, 1 to FrameBuffer::MAX_SIDE
+    int height = 800; // the same
     std::optional<std::string> password = {};
-    unsigned int restoreFrom = 0; // the state segment of an earlier view, or 0
-    // Longer than the engine's own limit, so that the service answers first.
+    // Identifier of the state segment of an earlier view of the same document, where
+    // the new view continues; 0 opens the document at its start. Some process must
+    // still have the segment attached.
+    unsigned int restoreFrom = 0;
+    // Time-out of the open. The engine's own limit for an open is shorter, so that the
+    // service answers first.
     std::chrono::milliseconds timeout{600'000};
-    // Gives the open up; what the service has opened by then is destroyed.
+    // Cancels the open. The library then destroys what the service has opened.
     std::stop_token stop = {};
-    // Called a few times a second during the open, with the time it has taken so
-    // far, on the thread that opens.
+    // Called about four times a second during the open with the time since its
+    // start, on the thread that opens.
     std::function<void(std::chrono::milliseconds elapsed)> onProgress = {};
     ViewEvents events = {};
-    // Where the events are called; null: on a thread of the document's.
+    // The context whose loop calls the events. The document keeps a reference. With
+    // null, a thread of the document calls them.
     _GMainContext* context = nullptr;
 };
 
-// An open document and its view. While it lives, the service is kept from
-// stopping; its destructor tells the service to let go of the document.
+// An open document and its view. While it exists, it keeps the service running. Its
+// destructor closes the document in the service; it may run inside a callback.
 //
-// Threads: paints and frame() belong to one thread, or to onFrame where the
-// library paints by itself; everything else may be called from any. The
-// destructor may run in a callback. Input is sent and not answered; what it
-// changed, a later paint shows. The service serves paints before input that
-// waits: settle() comes between where a paint must show an input.
+// Threads: paint() and frame() belong to one thread of the program, or to onFrame
+// where the library paints. All other functions may be called from any thread.
+//
+// Input: pens, keys, gestures and wide mode are queued for the service, which sends
+// no reply. A later paint shows the result. The service serves a paint before input
+// that waits in the queue, so call settle() before a paint that must show an input.
+//
+// Errors: calls fail with Error::Kind::Gone after the service has stopped, and with
+// TimedOut when the service does not answer, or does not read its queue for ten
+// seconds. Calls with limits also fail as Bus::call does.
 class Document {
 public:
-    // path: absolute, or relative to the working folder.
+    // Opens a document and waits for the result. path: absolute, or relative to this
+    // process's working directory; its extension tells the kind. Errors: argument (path
+    // or size), system (no shared memory or queue), bus, TimedOut, cancelled, refused,
+    // and document (Error::code holds the rendering module's code).
     static Result<std::unique_ptr<Document>> open(const Bus& bus, const std::string& path,
                                                   const OpenOptions& options = {});
     ~Document();
     Document(const Document&) = delete;
     Document& operator=(const Document&) = delete;
 
-    // Opens the document again and brings the view back to where it was at the
-    // last paint: place, zoom, sheet or slide, not wide mode. For when the service
-    // has gone (it is started again where the bus can do that), and for a document
-    // that it no longer knows. The frame buffer stays; docid, and perhaps the
-    // state's identifier, are others. Can be tried again when it fails. Time-out
-    // and progress are those of the open, unless others are given.
+    // Opens the document again after the service has stopped or has forgotten it; the
+    // bus starts the service if it can. Restores the view's place, zoom, and sheet or
+    // slide as of the last paint, but not wide mode, the selection or a search. The
+    // frame buffer stays; docid() and stateIdentifier() may change. A failed call can
+    // be repeated. Without limits, the time-out and progress callback of the open
+    // apply.
     Failure reopen();
     Failure reopen(const CallLimits& limits);
 
     const Bus& bus() const;
+    // The service's number of the document, for the calls of the other headers.
     int docid() const;
     DocumentKind kind() const;
-    // What the service last painted; changes during paints only.
+    // The picture that the service painted last. Only paints change it. Valid as long
+    // as the document.
     const FrameBuffer& frame() const;
-    // As of the last paint.
+    // The view's place in the document as of the last paint.
     ViewState state() const;
+    // Identifier of the state segment, for OpenOptions::restoreFrom.
     unsigned int stateIdentifier() const;
 
-    // Has the view painted into frame(); returns when the picture is there.
+    // Asks the service to paint, and returns when the picture is in frame().
     Failure paint(const CallLimits& limits = {});
-    // Where the library paints by itself: has it paint soon, after the input sent.
+    // With ViewEvents::onFrame: asks the library to paint soon, after all input sent so
+    // far. Without it, does nothing. Never blocks.
     void requestPaint();
 
-    // x and y: view pixels. On a sheet, the end of a drag also brings it to rest:
-    // see below. A flick that the drag ends in comes before the pen up.
+    // A finger or pen touches, moves and leaves. x and y: view pixels from the top left
+    // corner. On a sheet, a penUp() that ends a drag also does what comeToRest() does.
+    // When a drag ends in a flick, call flick() before penUp().
     Failure penDown(int x, int y);
     Failure penMove(int x, int y);
     Failure penUp(int x, int y);
+    // key: a character's code; the view scrolls for a, d, w and s. modifiers: no effect.
     Failure keyDown(int key, int modifiers);
     Failure keyUp(int key, int modifiers);
-    // factor: distance of the fingers now, relative to that at the start.
+    // A pinch. factor: distance of the fingers divided by their distance at the start;
+    // above 0. The view previews a change at the next paint, and lays the document out
+    // again when the pinch ends.
     Failure gestureStart(double factor);
     Failure gestureChange(double factor);
     Failure gestureEnd(double factor);
+    // Word-processing documents: lays the text out wider than the view, or as wide.
     Failure wideMode(bool on);
-    // Answered by the service: what a finger meant. A click that the view has no
-    // use for is told as onClickUnused. Velocities: finger pixels per second.
+    // Input that the service answers, so these calls block. A click without effect
+    // triggers ViewEvents::onClickUnused. Velocities: finger pixels per second; a
+    // negative velocityY moves the finger up, to later parts of the document.
     Failure click(int x, int y, const CallLimits& limits = {});
     Failure doubleClick(int x, int y, const CallLimits& limits = {});
     Failure flick(int velocityX, int velocityY, const CallLimits& limits = {});
-    // Ends a move of a sheet other than a drag, a jump to another one: a flick of
-    // next to nothing, after which it is measured and rendered around its place.
+    // Call this after a jump to another sheet. It sends the slowest possible flick, at
+    // whose end the service measures the sheet and renders the cells around the view.
     Failure comeToRest(const CallLimits& limits = {});
-    // Waits until the service has taken all that was sent, and a sheet rests.
+    // Waits until the service has read all input sent so far, for at most two seconds,
+    // and until a sheet has come to rest.
     void settle() const;
 
 private:

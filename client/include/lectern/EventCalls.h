@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-// The methods of the category "/events": documents' lives, and input that is
-// answered once the view has had it. x and y are view pixels.
+// The methods of the category "/events": opening and closing documents, and input.
+// The service replies to input after the view has handled it. x and y are view
+// pixels from the top left corner. Bus.h describes the threads, the errors and the
+// limits of a call.
 #pragma once
 
 #include <lectern/Bus.h>
@@ -13,39 +15,44 @@
 namespace lectern::events {
 
 struct CreateRequest {
-    std::string path; // absolute
-    int width = 0;
+    std::string path; // absolute, UTF-8; its extension tells the kind
+    int width = 0;    // of the view in pixels, 1 to 16,384
     int height = 0;
-    unsigned int frameBuffer = 0; // segment identifier
-    int frameBufferSize = 0;      // bytes
-    unsigned int state = 0;       // the segment of an earlier view of the document, or 0
+    unsigned int frameBuffer = 0; // segment identifier, not 0
+    int frameBufferSize = 0;      // bytes, at least width * height * 4
+    unsigned int state = 0;       // state segment of an earlier view of the document, or 0
     std::optional<std::string> password;
 };
 
 struct CreateReply {
     int docid = 0;
     int kind = 0;           // "doctype": 1 spreadsheet, 2 word-processing, 3 presentation
-    unsigned int state = 0; // segment identifier, and address of the view's notifications
+    unsigned int state = 0; // identifier of the state segment, and queue type of notifications
     std::string owner;      // unique bus name of the process that has the document
 };
 
-// Replies when the open has ended; how it ended, a queue record of id 8 tells.
-// Given up, by its time-out or its stop token, it destroys what still opens.
+// Opens a document. Returns when the open has ended. Success does not mean that
+// the document opened: a queue record with id 8 reports that, and the docid must be
+// destroyed in either case. After a time-out or a cancellation, the document is
+// destroyed as soon as the late reply arrives.
 Result<CreateReply> create(const Bus& bus, const CreateRequest& request, const CallLimits& limits);
-// Not answered. owner: as "create" gave it; after a restart of the service its
-// number is another document's.
+// Closes a document. Sent without a reply. owner: CreateReply::owner. After a
+// restart of the service the same docid may be another client's document.
 Failure destroy(const Bus& bus, int docid, const std::string& owner = SERVICE_NAME);
+// Keeps the service from stopping because it is idle. Sent without a reply.
 Failure ping(const Bus& bus);
 
 Failure handlePenDown(const Bus& bus, int docid, int x, int y, const CallLimits& limits = {});
 Failure handlePenUp(const Bus& bus, int docid, int x, int y, const CallLimits& limits = {});
 Failure handlePenMove(const Bus& bus, int docid, int x, int y, const CallLimits& limits = {});
+// key: a character's code. The keys a, d, w and s scroll by 5 pixels to the left,
+// to the right, up and down. Modifiers have no effect.
 Failure handleKeyDown(const Bus& bus, int docid, int key, int modifiers, const CallLimits& limits = {});
 Failure handleKeyUp(const Bus& bus, int docid, int key, int modifiers, const CallLimits& limits = {});
 Failure handleClick(const Bus& bus, int docid, int x, int y, const CallLimits& limits = {});
 Failure handleDoubleClick(const Bus& bus, int docid, int x, int y, const CallLimits& limits = {});
-// Finger velocity in pixels per second. The end of a glide is taken from the
-// vertical axis, so a vertical velocity of 0 is sent as 1.
+// Velocity of the finger in pixels per second. The service takes the end of a
+// glide from the vertical axis, so a vertical velocity of 0 is sent as 1.
 Failure handleFlick(const Bus& bus, int docid, int velocityX, int velocityY, const CallLimits& limits = {});
 
 } // namespace lectern::events

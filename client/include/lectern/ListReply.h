@@ -11,19 +11,20 @@ namespace lectern {
 // A sheet or slide of a document.
 struct ListedPart {
     std::string title;
-    bool shown = false; // the one the view is at
+    bool shown = false; // true for the one that the view shows
     bool operator==(const ListedPart&) const = default;
 };
 
 struct PartList {
-    std::vector<ListedPart> parts; // from the first on
-    // How many the document has: more than are listed where the list was cut.
+    std::vector<ListedPart> parts; // in the document's order, from the first one
+    // The number of sheets or slides in the document. Larger than parts.size() when the
+    // service has cut the list.
     int count = 0;
 };
 
-// Reads what getSheetList and getSlideList give. A JSON parser would not do:
-// titles stand in it as they are, quotes and all, and the whole is cut at 128
-// bytes for each part. What is no such list gives no parts.
+// Reads the reply of getSheetList or getSlideList. A JSON parser cannot read every
+// such reply: the service does not escape titles, and it cuts the text to 128 bytes
+// for each part. Returns an empty list for any other text.
 PartList readPartList(const std::string& text);
 
 } // namespace lectern

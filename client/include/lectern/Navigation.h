@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-// Fingers for programs: moves of a view that a person would make by hand, each
-// followed by a paint, so that frame() and state() show where it led.
+// Moves the view for programs, by the input that a user would give. Each function
+// ends with a paint, so that frame() and state() show the result. Like
+// Document::paint, they belong to the thread that paints; they block, and they fail
+// as paint does.
 #pragma once
 
 #include <lectern/Document.h>
@@ -10,16 +12,18 @@
 
 namespace lectern {
 
-// Spreads two fingers by this factor (below 1: brings them together). The view
-// keeps within its limits of scale, and keeps the neighbourhood, not the row.
+// Zooms by this factor, above 0, with a pinch. The view stops at its smallest or
+// largest scale. The same part of the document stays in view, but not exactly the
+// same row, because text is laid out again.
 Failure pinch(Document& document, double factor, const CallLimits& limits = {});
 
-// Drags the view to a scroll position in document pixels, or as far as the
-// document goes: true when it got there.
+// Drags the view until its top left corner is at this point, in document pixels, or
+// until the document ends. Returns true when the view is at the point.
 Result<bool> scrollTo(Document& document, Point target, const CallLimits& limits = {});
 
-// Goes to a sheet or slide, counted from 0. A sheet must exist: the service does
-// not check; a slide that does not is the nearest one.
+// Shows a sheet or a slide, counted from 0. The sheet must exist, because the service
+// does not check its number. A slide number out of range shows the first or the last
+// slide.
 Failure showSheet(Document& document, int sheet, const CallLimits& limits = {});
 Failure showSlide(Document& document, int slide, const CallLimits& limits = {});
 

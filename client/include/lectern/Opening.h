@@ -11,18 +11,19 @@
 
 namespace lectern {
 
-// An open in the background, for programs with a loop that must not wait.
+// Opens a document in the background, for programs whose loop must not block.
 class Opening {
 public:
     using OnOpened = std::function<void(Result<std::unique_ptr<Document>>)>;
 
-    // Opens as Document::open does, in a thread. Both options.onProgress and
-    // onOpened, which comes last and once, are called on options.context, or on
-    // a thread of the opening's where there is none.
+    // Starts a thread that opens the document as Document::open does, and returns at
+    // once. options.onProgress and onOpened are called by the loop of options.context
+    // or, without one, by a thread of this object. onOpened is called once, last, with
+    // the document, which then belongs to the callee, or the error.
     static std::unique_ptr<Opening> start(const Bus& bus, const std::string& path, OpenOptions options,
                                           OnOpened onOpened);
-    // Gives the open up where it has not ended; nothing is called after this. May
-    // run in onOpened.
+    // Cancels the open unless it has ended. No callback runs after this. May be called
+    // inside onOpened.
     virtual ~Opening() = default;
 
 protected:

@@ -3,6 +3,8 @@
 
 namespace lectern {
 
+// A point or an offset in pixels; the user of it says whether of the view or of the
+// document.
 struct Point {
     int x = 0;
     int y = 0;

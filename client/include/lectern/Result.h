@@ -12,32 +12,35 @@ namespace lectern {
 
 struct Error {
     enum class Kind {
-        Argument,  // the caller asked for something that cannot be
-        System,    // this machine refused: no memory, no segment, no program
-        Bus,       // no service, no connection, or a call that was not answered
-        Refused,   // the service answered with an error; name holds its "errorCode"
+        Argument,  // the caller passed an invalid argument
+        System,    // a system call failed; code holds errno
+        Bus,       // no service, no connection or no valid reply; name holds the D-Bus
+                   // error's name, if there is one
+        Refused,   // the service replied with an error; name holds its "errorCode"
         Document,  // the document did not open; code holds the rendering module's code
-        TimedOut,  // no answer in time
-        Gone,      // the service that had the document has stopped; Document::reopen
-                   // brings the view back
+                   // (modules/ModuleResults.h)
+        TimedOut,  // no reply in time
+        Gone,      // the service that had the document has stopped; call
+                   // Document::reopen
         Cancelled, // the caller's stop token was used
     };
 
     Kind kind = Kind::System;
-    std::string text; // a plain sentence, without a full stop at its end
-    int code = 0;
-    std::string name;
-    std::string reply = {}; // the service's own text, when it refused
+    std::string text;       // an English sentence without its full stop, to show to users
+    int code = 0;           // see Kind
+    std::string name;       // see Kind
+    std::string reply = {}; // refused: the service's reply, unchanged
 };
 
-// A value or the error that stands in its place.
+// Either a value or an error.
 template<typename T>
 class [[nodiscard]] Result {
 public:
-    // Both conversions are wanted: a function returns a value or an Error.
+    // Implicit, so that a function can return either a value or an Error.
     Result(T value) : mState(std::in_place_index<0>, std::move(value)) {}
     Result(Error error) : mState(std::in_place_index<1>, std::move(error)) {}
 
+    // True when the result holds a value.
     explicit operator bool() const { return mState.index() == 0; }
     // REQUIRES: the result holds a value.
     T& operator*() { return *std::get_if<0>(&mState); }
@@ -51,7 +54,7 @@ private:
     std::variant<T, Error> mState;
 };
 
-// A call that returns nothing: empty, or what went wrong.
+// The result of a call without a value: empty on success, else the error.
 using Failure = std::optional<Error>;
 
 } // namespace lectern

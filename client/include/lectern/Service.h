@@ -14,23 +14,32 @@ namespace lectern {
 
 class PrivateBus;
 
-// The address of the session's bus from the environment, if there is one.
+// The address of the session bus: DBUS_SESSION_BUS_ADDRESS, else the socket "bus" in
+// XDG_RUNTIME_DIR. Nothing when the environment has neither.
 std::optional<std::string> sessionBusAddress();
 
 struct ServiceOptions {
-    // A private service goes into an IPC namespace of its own, where the system
-    // allows one, and takes this process along. REQUIRES: one thread only.
+    // Moves this process, and a private service that it starts, into a new IPC
+    // namespace, if the system allows it. Has no effect when the session bus is
+    // used. REQUIRES: the process has one thread.
     bool isolate = false;
+    // Cancels the connecting, which then fails with Error::Kind::Cancelled.
     std::stop_token stop = {};
 };
 
-// The way to the document service: the one on the session's bus where that bus
-// has or can start it, else a private one that lives as long as this object.
+// A connection to the document service. Uses the session bus when the service runs
+// there or that bus can start it. Otherwise starts a private bus with a service of its
+// own, and ends both when the last copy of this object is destroyed.
+//
+// Threads: as Bus. Keep the object for as long as its documents.
 class Service {
 public:
+    // Blocks until the connection exists. Does not start the service itself: the first
+    // call does. Errors: system (a program is missing or cannot start), bus, cancelled.
     static Result<Service> open(const ServiceOptions& options = {});
 
     const Bus& bus() const { return mBus; }
+    // True for a private bus.
     bool isPrivate() const { return mPrivate != nullptr; }
 
 private:

@@ -8,11 +8,13 @@
 
 namespace lectern {
 
-// An attached System V segment; detached with the object.
+// An attached System V shared-memory segment, readable and writable. The destructor
+// detaches it. Can be moved. Not thread-safe.
 class Attachment {
 public:
     Attachment() = default;
-    // Nothing is attached when the system refuses; see attached().
+    // Attaches the segment with this identifier. On failure attached() is false and
+    // errno holds the reason.
     explicit Attachment(int identifier);
     ~Attachment();
     Attachment(Attachment&& other) noexcept : mAddress(std::exchange(other.mAddress, nullptr)) {}
@@ -22,6 +24,7 @@ public:
     }
 
     bool attached() const { return mAddress != nullptr; }
+    // Null when nothing is attached.
     void* address() const { return mAddress; }
 
 private:

@@ -11,26 +11,29 @@
 namespace lectern {
 
 #pragma pack(push, 4)
-// The view's state as the service keeps it: after each paint it is that of the
-// picture painted. The last 8 bytes are the service's own.
+// The view's place in the document, in the format that the service writes: after a
+// paint it belongs to the painted picture.
 struct ViewState {
-    int32_t scrollX; // document pixels of the view's top left corner
+    int32_t scrollX; // the view's top left corner, in document pixels at this scale
     int32_t scrollY;
-    double scale;
-    int32_t scaleLevel; // double-tap step, 0 to 2
-    int32_t reserved[2];
+    double scale;        // zoom factor
+    int32_t scaleLevel;  // step of the double tap's zoom, 0 to 2
+    int32_t reserved[2]; // for the service; clients must not change it
 };
 #pragma pack(pop)
 static_assert(sizeof(ViewState) == 28);
 
-// The segment that holds a view's state. It exists while somebody has it
-// attached: a client that wants to come back to its place in a document keeps
-// it, and gives its identifier to the next open.
+// The shared-memory segment that holds a view's state. It exists while some process
+// has it attached. To return to the same place, keep it attached and pass its
+// identifier to the next open of the document. Can be moved.
 class StateSegment {
 public:
+    // identifier: CreateReply::state. Errors: system (the segment cannot be attached),
+    // bus (the segment is too small).
     static Result<StateSegment> attach(unsigned int identifier);
 
     unsigned int identifier() const { return mIdentifier; }
+    // Returns a copy. The service may write at the same time; read after a paint.
     ViewState read() const;
 
 private:

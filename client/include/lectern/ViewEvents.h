@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the service, and the library itself, tell of an open view.
+// Notifications about an open view, from the service and from the library.
 #pragma once
 
 #include <lectern/FrameBuffer.h>
@@ -9,7 +9,8 @@
 
 namespace lectern {
 
-// A notification as it crosses the queue.
+// A notification as the service sends it through the message queue. docs/formats.md
+// lists the ids and their values.
 struct ViewRecord {
     int id = 0;
     int value = 0;
@@ -17,44 +18,48 @@ struct ViewRecord {
     bool operator==(const ViewRecord&) const = default;
 };
 
-// Callbacks, each of which may be left out. All of one document are called one
-// after the other on the document's GMainContext, or on one thread of the
-// document's where it has none; the first may come before Document::open has
-// returned. A callback may call anything of the document; one that takes long
-// holds up those behind it, and nothing else.
+// Callbacks of one document; each is optional. They run one after the other, on the
+// loop of OpenOptions::context or, without one, on a thread of the document. The
+// first one can run before Document::open has returned. A callback may call every
+// function of the document and may destroy it. A slow callback delays only the
+// callbacks after it. Callbacks must not throw.
 struct ViewEvents {
-    // The view has changed and wants to be painted. Told once for all changes
-    // before the call. With onFrame there is nothing to be done about it.
+    // The view has changed: paint it. One call covers all changes before it. Nothing to
+    // do where onFrame is set.
     std::function<void()> onInvalidated;
-    // A new picture is in the frame buffer, where it stays until this returns.
-    // Where this is set, the library paints by itself: after the open, whenever
-    // the view has changed, and after input.
+    // A new picture is in the frame buffer and stays there until this returns. Setting
+    // this makes the library paint by itself: after the open, after each change of the
+    // view, and after input, at most once in 16 ms.
     std::function<void(const FrameBuffer&)> onFrame;
-    // A paint that the library asked for by itself has failed.
+    // A paint that the library made by itself has failed.
     std::function<void(const Error&)> onPaintFailed;
 
-    // Word-processing: a tap on a link. The view has opened its note, if any.
+    // Word-processing: the user tapped a link. If it leads to a note, the view already
+    // shows it.
     std::function<void()> onLinkTapped;
-    // A click that the view had no use for.
+    // A click had no effect in the view.
     std::function<void()> onClickUnused;
-    // Spreadsheets: a tap on a cell with a comment, which excel::getLastComment tells.
+    // Spreadsheets: the user tapped a cell with a comment; excel::getLastComment returns
+    // it.
     std::function<void()> onCommentTapped;
-    // Spreadsheets: one column is selected; a row, or several rows or columns are.
+    // Spreadsheets: the user selected one column.
     std::function<void()> onColumnSelected;
+    // Spreadsheets: the user selected a row, or several rows or columns.
     std::function<void()> onTracksSelected;
-    // Spreadsheets: a stroke in resize mode has ended.
+    // Spreadsheets: a drag that resizes a column or row has ended.
     std::function<void()> onTrackResized;
-    // Presentations: the slide now shown, from 0.
+    // Presentations: the view shows this slide, counted from 0.
     std::function<void(int slide)> onSlideChanged;
-    // The document has opened, or was opened again: 0, or the module's code.
+    // An open or reopen has ended. result: 0 for success, else the rendering module's
+    // code.
     std::function<void(int result)> onOpened;
 
-    // Every notification as it came, before its own callback; also those that
-    // this version of the library does not know.
+    // Every notification, before its own callback, including those that this version of
+    // the library does not know.
     std::function<void(const ViewRecord&)> onRecord;
 
-    // The service has stopped, was idle or has crashed: calls fail with
-    // Error::Kind::Gone until Document::reopen has brought the view back.
+    // The service has stopped or crashed. Calls fail with Error::Kind::Gone until
+    // Document::reopen has succeeded.
     std::function<void()> onServiceGone;
 };
 

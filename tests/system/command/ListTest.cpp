@@ -72,7 +72,7 @@ TEST_F(ListTest, ATextFileHasNoDates) {
 TEST_F(ListTest, SearchCountsInTheSheetAskedFor) {
     EXPECT_EQ(done({"search", sample("tour.xlsx"), "January"}), "1 hit for 'January' in sheet 1\n");
     EXPECT_EQ(done({"search", sample("tour.xlsx"), "January", "--sheet", "2"}),
-              "no hit for 'January' in sheet 2\n");
+              "no hits for 'January' in sheet 2\n");
     EXPECT_EQ(done({"search", sample("tour.xlsx"), "Berth", "--sheet", "2", "--json"}),
               "{ \"resultcount\": 1 }\n");
 }

@@ -73,8 +73,7 @@ TEST_F(PlayTest, AnErrorNamesItsLine) {
     const Outcome outcome =
         lectern({"play", scriptOf("frame\nsheet 99\n"), sample("tour.xlsx"), "-o", frames()});
     EXPECT_EQ(outcome.status, 2);
-    EXPECT_THAT(outcome.errors,
-                testing::HasSubstr("a.play:2: there is no sheet 99; give a number from 1 to"));
+    EXPECT_THAT(outcome.errors, testing::HasSubstr("a.play:2: there is no sheet 99; use a number from 1 to"));
     EXPECT_TRUE(std::filesystem::exists(frames() + "/0001.png"));
 }
 

@@ -34,18 +34,20 @@ TEST_F(StatusTest, OneWithTheModulesCodeForADocumentThatDoesNotOpen) {
 }
 
 TEST_F(StatusTest, TwoForASheetOrSlideThatIsNotThereAndNoPicture) {
-    expect({"open", sample("tour.xlsx"), "-o", picture(), "--sheet", "6"}, 2, "give a number from 1 to 5");
-    expect({"open", sample("tour.pptx"), "-o", picture(), "--slide", "8"}, 2, "give a number from 1 to 7");
-    expect({"open", sample("tour.docx"), "-o", picture(), "--sheet", "1"}, 2, "for spreadsheets only");
-    expect({"open", sample("tour.xlsx"), "-o", picture(), "--slide", "1"}, 2, "for presentations only");
-    expect({"open", sample("tour.pptx"), "-o", picture(), "--wide"}, 2, "for word-processing documents only");
+    expect({"open", sample("tour.xlsx"), "-o", picture(), "--sheet", "6"}, 2, "use a number from 1 to 5");
+    expect({"open", sample("tour.pptx"), "-o", picture(), "--slide", "8"}, 2, "use a number from 1 to 7");
+    expect({"open", sample("tour.docx"), "-o", picture(), "--sheet", "1"}, 2, "works with spreadsheets only");
+    expect({"open", sample("tour.xlsx"), "-o", picture(), "--slide", "1"}, 2,
+           "works with presentations only");
+    expect({"open", sample("tour.pptx"), "-o", picture(), "--wide"}, 2,
+           "works with word-processing documents only");
     EXPECT_FALSE(std::filesystem::exists(picture()));
 }
 
 TEST_F(StatusTest, TwoForALineThatMakesNoSense) {
-    expect({"sheets"}, 2, "no FILE is given");
+    expect({"sheets"}, 2, "FILE is missing");
     expect({"note", sample("tour.pptx")}, 2, "--slide N");
-    expect({"fly", "away"}, 2, "'fly' is no command");
+    expect({"fly", "away"}, 2, "unknown command 'fly'");
 }
 
 TEST_F(StatusTest, CallsReachTheServiceWhereTheDocumentIsOpen) {

@@ -54,16 +54,18 @@ TEST(OpenArguments, TakeAFileThatLooksLikeAnOptionAfterTwoDashes) {
 }
 
 TEST(OpenArguments, MustNameOneFileAndAPicture) {
-    EXPECT_THAT(misuse(parseOpen({"-o", "b.png"})), HasSubstr("no FILE"));
+    EXPECT_THAT(misuse(parseOpen({"-o", "b.png"})), HasSubstr("FILE is missing"));
     EXPECT_THAT(misuse(parseOpen({"a.doc", "b.doc", "-o", "b.png"})),
-                HasSubstr("'b.doc' is one word too many"));
+                HasSubstr("'b.doc' is an unexpected argument"));
     EXPECT_THAT(misuse(parseOpen({"a.doc"})), HasSubstr("-o OUT.png"));
 }
 
 TEST(OpenArguments, RefuseWhatIsNoValueAndSayWhatIs) {
     EXPECT_THAT(misuse(parseOpen({"a.doc", "-o", "b.png", "--size", "big"})), HasSubstr("480x800"));
-    EXPECT_THAT(misuse(parseOpen({"a.doc", "-o", "b.png", "--zoom", "0"})), HasSubstr("'0' is no zoom"));
-    EXPECT_THAT(misuse(parseOpen({"a.doc", "-o", "b.png", "--scroll", "7"})), HasSubstr("'7' is no place"));
+    EXPECT_THAT(misuse(parseOpen({"a.doc", "-o", "b.png", "--zoom", "0"})),
+                HasSubstr("'0' is not a valid zoom"));
+    EXPECT_THAT(misuse(parseOpen({"a.doc", "-o", "b.png", "--scroll", "7"})),
+                HasSubstr("'7' is not a valid position"));
     EXPECT_THAT(misuse(parseOpen({"a.doc", "-o", "b.png", "--colour"})), HasSubstr("--colour"));
     EXPECT_NE(misuse(parseOpen({"a.doc", "-o"})), "");
 }
@@ -77,10 +79,12 @@ TEST(HelpOption, ShowsASubcommandsOptions) {
 TEST(OpenArguments, ShowASheetOrASlideCountedFromOne) {
     EXPECT_EQ(std::get<OpenArguments>(parseOpen({"a.xls", "-o", "b.png", "--sheet", "3"})).sheet, 3);
     EXPECT_EQ(std::get<OpenArguments>(parseOpen({"a.ppt", "-o", "b.png", "--slide=12"})).slide, 12);
-    EXPECT_THAT(misuse(parseOpen({"a.xls", "-o", "b.png", "--sheet", "0"})), HasSubstr("'0' is no sheet"));
-    EXPECT_THAT(misuse(parseOpen({"a.ppt", "-o", "b.png", "--slide", "x"})), HasSubstr("'x' is no slide"));
+    EXPECT_THAT(misuse(parseOpen({"a.xls", "-o", "b.png", "--sheet", "0"})),
+                HasSubstr("'0' is not a valid sheet number"));
+    EXPECT_THAT(misuse(parseOpen({"a.ppt", "-o", "b.png", "--slide", "x"})),
+                HasSubstr("'x' is not a valid slide number"));
     EXPECT_THAT(misuse(parseOpen({"a.xls", "-o", "b.png", "--sheet", "1", "--slide", "1"})),
-                HasSubstr("--sheet or --slide"));
+                HasSubstr("--sheet and --slide"));
 }
 
 TEST(PrintArguments, AreAFileAndPerhapsAPasswordOrJson) {
@@ -90,7 +94,7 @@ TEST(PrintArguments, AreAFileAndPerhapsAPasswordOrJson) {
         EXPECT_EQ(std::get<PrintArguments>(parsed).password, "x");
         EXPECT_TRUE(std::get<PrintArguments>(parsed).json);
         EXPECT_FALSE(std::get<PrintArguments>(parse({"a.doc"})).json);
-        EXPECT_THAT(misuse(parse({})), HasSubstr("no FILE"));
+        EXPECT_THAT(misuse(parse({})), HasSubstr("FILE is missing"));
     }
 }
 
@@ -100,7 +104,7 @@ TEST(NoteArguments, MustNameASlide) {
     EXPECT_TRUE(std::get<NoteArguments>(parsed).print.json);
     EXPECT_EQ(std::get<NoteArguments>(parsed).slide, 2);
     EXPECT_THAT(misuse(parseNote({"a.ppt"})), HasSubstr("--slide N"));
-    EXPECT_THAT(misuse(parseNote({"a.ppt", "--slide", "-1"})), HasSubstr("'-1' is no slide"));
+    EXPECT_THAT(misuse(parseNote({"a.ppt", "--slide", "-1"})), HasSubstr("'-1' is not a valid slide number"));
 }
 
 TEST(OpenArguments, SearchForATextAndGoToOneOfItsHits) {
@@ -110,9 +114,9 @@ TEST(OpenArguments, SearchForATextAndGoToOneOfItsHits) {
     const auto first = parseOpen({"a.doc", "-o", "b.png", "--search="});
     EXPECT_EQ(std::get<OpenArguments>(first).search, "");
     EXPECT_EQ(std::get<OpenArguments>(first).hit, 1);
-    EXPECT_EQ(misuse(parseOpen({"a.doc", "-o", "b.png", "--hit", "2"})), "--hit needs a --search");
+    EXPECT_EQ(misuse(parseOpen({"a.doc", "-o", "b.png", "--hit", "2"})), "--hit needs --search");
     EXPECT_THAT(misuse(parseOpen({"a.doc", "-o", "b.png", "--search", "x", "--hit", "0"})),
-                HasSubstr("'0' is no hit"));
+                HasSubstr("'0' is not a valid hit number"));
 }
 
 TEST(SearchArguments, AreAFileATextAndPerhapsASheet) {
@@ -121,8 +125,8 @@ TEST(SearchArguments, AreAFileATextAndPerhapsASheet) {
     EXPECT_EQ(std::get<SearchArguments>(parsed).text, "two words");
     EXPECT_EQ(std::get<SearchArguments>(parsed).print.password, "x");
     EXPECT_EQ(std::get<SearchArguments>(parsed).sheet, 4);
-    EXPECT_EQ(misuse(parseSearch({"a.doc"})), "no TEXT is given");
-    EXPECT_THAT(misuse(parseSearch({"a.doc", "two", "words"})), HasSubstr("quote what has blanks"));
+    EXPECT_EQ(misuse(parseSearch({"a.doc"})), "TEXT is missing");
+    EXPECT_THAT(misuse(parseSearch({"a.doc", "two", "words"})), HasSubstr("put quotes around"));
 }
 
 TEST(PlayArguments, AreAScriptAFileAndAFolder) {
@@ -134,7 +138,7 @@ TEST(PlayArguments, AreAScriptAFileAndAFolder) {
     EXPECT_EQ(arguments.width, 320);
     EXPECT_EQ(arguments.height, 480);
     EXPECT_EQ(arguments.password, "x");
-    EXPECT_EQ(misuse(parsePlay({"a.play", "-o", "frames"})), "no FILE is given");
+    EXPECT_EQ(misuse(parsePlay({"a.play", "-o", "frames"})), "FILE is missing");
     EXPECT_THAT(misuse(parsePlay({"a.play", "b.doc"})), HasSubstr("-o FOLDER"));
 }
 
@@ -148,20 +152,23 @@ TEST(CallArguments, AreACategoryAMethodAndAJsonObject) {
 
 TEST(CallArguments, MustBeSuchThatTheBusCanCarryThem) {
     for (const char* category : {"", "/", "a b", "/a/", "//"}) {
-        EXPECT_THAT(misuse(parseCall({category, "x", "{}"})), HasSubstr("is no category")) << category;
+        EXPECT_THAT(misuse(parseCall({category, "x", "{}"})), HasSubstr("is not a valid category"))
+            << category;
     }
     for (const char* method : {"", "a.b", "1st", "a b"}) {
-        EXPECT_THAT(misuse(parseCall({"/common", method, "{}"})), HasSubstr("is no method")) << method;
+        EXPECT_THAT(misuse(parseCall({"/common", method, "{}"})), HasSubstr("is not a valid method"))
+            << method;
     }
     for (const char* payload : {"", "{", "7", "[]"}) {
-        EXPECT_THAT(misuse(parseCall({"/common", "x", payload})), HasSubstr("is no JSON object")) << payload;
+        EXPECT_THAT(misuse(parseCall({"/common", "x", payload})), HasSubstr("is not a JSON object"))
+            << payload;
     }
-    EXPECT_EQ(misuse(parseCall({"/common", "x"})), "no JSON is given");
+    EXPECT_EQ(misuse(parseCall({"/common", "x"})), "JSON is missing");
 }
 
 TEST(ServeArguments, AreNone) {
     EXPECT_TRUE(std::holds_alternative<ServeArguments>(parseServe({})));
-    EXPECT_THAT(misuse(parseServe({"now"})), HasSubstr("'now' is one word too many"));
+    EXPECT_THAT(misuse(parseServe({"now"})), HasSubstr("'now' is an unexpected argument"));
 }
 
 TEST(Values, SizesAreTwoSidesWithinTheServicesLimits) {

@@ -91,7 +91,7 @@ TEST(BusWithoutService, SaysThatTheServiceDoesNotStart) {
     const auto reply = bus->call("/events", "ping", "{}");
     ASSERT_FALSE(reply);
     EXPECT_EQ(reply.error().kind, Error::Kind::Bus);
-    EXPECT_THAT(reply.error().text, HasSubstr("does not start"));
+    EXPECT_THAT(reply.error().text, HasSubstr("did not start"));
 }
 
 TEST(BusAddress, ThatLeadsNowhereIsAnError) {

@@ -86,8 +86,8 @@ TEST_F(OpenCommand, SaysWhenAZoomOrAPlaceIsOutOfReach) {
     mArguments.scroll = {0, 1'000'000};
     EXPECT_EQ(run(), STATUS_DONE);
     const std::string text = complaints();
-    EXPECT_THAT(text, HasSubstr("zoomed by 4,"));
-    EXPECT_THAT(text, HasSubstr("scrolled to 0,5000,"));
+    EXPECT_THAT(text, HasSubstr("zoomed by 4 only,"));
+    EXPECT_THAT(text, HasSubstr("scrolled to 0,5000 only,"));
 }
 
 TEST_F(OpenCommand, LaysOutWideOnlyWhatIsWordProcessing) {
@@ -96,7 +96,7 @@ TEST_F(OpenCommand, LaysOutWideOnlyWhatIsWordProcessing) {
     EXPECT_THAT(mService.view().taken(), testing::Contains(_WIDE_MODE));
     mService.documentKind(1);
     EXPECT_EQ(run(), STATUS_MISUSE);
-    EXPECT_THAT(complaints(), HasSubstr("--wide is for word-processing documents only"));
+    EXPECT_THAT(complaints(), HasSubstr("--wide works with word-processing documents only"));
 }
 
 TEST_F(OpenCommand, ShowsASheetBeforeItMovesTheView) {
@@ -129,7 +129,7 @@ TEST_F(OpenCommand, NamesTheRangeForASheetOrSlideThatIsNotThere) {
     mService.answer("/ppt getSlideCount", R"({"slidecnt": 7})");
     mArguments.slide = 8;
     EXPECT_EQ(run(), STATUS_MISUSE);
-    EXPECT_EQ(complaints(), "lectern: there is no slide 8; give a number from 1 to 7\n");
+    EXPECT_EQ(complaints(), "lectern: there is no slide 8; use a number from 1 to 7\n");
     EXPECT_FALSE(std::filesystem::exists(mArguments.output));
 }
 
@@ -139,17 +139,17 @@ TEST_F(OpenCommand, KnowsTheRangeOfSheetsWhoseListIsCut) {
     mService.answer("/excel getSheetList", ("{\"list\": [{\"data\":\"" + title).substr(0, 128));
     mArguments.sheet = 2;
     EXPECT_EQ(run(), STATUS_MISUSE);
-    EXPECT_EQ(complaints(), "lectern: there is no sheet 2; give 1\n");
+    EXPECT_EQ(complaints(), "lectern: there is no sheet 2; the document has only one\n");
 }
 
 TEST_F(OpenCommand, HasNoSheetsOrSlidesForOtherKinds) {
     mArguments.sheet = 1;
     EXPECT_EQ(run(), STATUS_MISUSE);
-    EXPECT_EQ(complaints(), "lectern: --sheet is for spreadsheets only\n");
+    EXPECT_EQ(complaints(), "lectern: --sheet works with spreadsheets only\n");
     mArguments.sheet.reset();
     mArguments.slide = 1;
     EXPECT_EQ(run(), STATUS_MISUSE);
-    EXPECT_EQ(complaints(), "lectern: --slide is for presentations only\n");
+    EXPECT_EQ(complaints(), "lectern: --slide works with presentations only\n");
 }
 
 TEST_F(OpenCommand, GoesFromHitToHitAndPaintsTheOneAskedFor) {
@@ -168,7 +168,7 @@ TEST_F(OpenCommand, SaysWhenThereAreFewerHitsAndShowsTheLast) {
     mArguments.hit = 3;
     mService.answer("/common Search", R"({ "resultcount": 2 })");
     EXPECT_EQ(run(), STATUS_DONE);
-    EXPECT_EQ(complaints(), "lectern: 'boat' is found 2 times\n");
+    EXPECT_EQ(complaints(), "lectern: 'boat' was found 2 times\n");
     EXPECT_THAT(steps(), testing::ElementsAre("/common Search", "/common nextResult"));
 }
 
@@ -177,11 +177,11 @@ TEST_F(OpenCommand, SaysWhenThereIsOneHitOrNone) {
     mArguments.hit = 2;
     mService.answer("/common Search", R"({ "resultcount": 1 })");
     EXPECT_EQ(run(), STATUS_DONE);
-    EXPECT_EQ(complaints(), "lectern: 'boat' is found once\n");
+    EXPECT_EQ(complaints(), "lectern: 'boat' was found once\n");
     mArguments.hit = 1;
     mService.answer("/common Search", R"({ "resultcount": 0 })");
     EXPECT_EQ(run(), STATUS_DONE);
-    EXPECT_EQ(complaints(), "lectern: 'boat' is not found\n");
+    EXPECT_EQ(complaints(), "lectern: 'boat' was not found\n");
 }
 
 TEST_F(OpenCommand, StepsThroughAPresentationWhichCountsNoHits) {

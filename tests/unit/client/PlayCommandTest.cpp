@@ -84,13 +84,13 @@ TEST_F(PlayCommand, TakesFramesAgainAndAgainUntilTold) {
 
 TEST_F(PlayCommand, RefusesAScriptBeforeItOpensTheDocument) {
     EXPECT_EQ(play("frame\nfly\n"), STATUS_MISUSE);
-    EXPECT_THAT(complaints(), HasSubstr("a.play:2: 'fly' is no instruction"));
+    EXPECT_THAT(complaints(), HasSubstr("a.play:2: 'fly' is not an instruction"));
     EXPECT_TRUE(mService.calls().empty());
 }
 
 TEST_F(PlayCommand, NamesTheLineOfWhatTheDocumentCannotDo) {
     EXPECT_EQ(play("frame\nsheet 2\n"), STATUS_MISUSE);
-    EXPECT_THAT(complaints(), HasSubstr("a.play:2: 'sheet' is for spreadsheets only"));
+    EXPECT_THAT(complaints(), HasSubstr("a.play:2: 'sheet' works with spreadsheets only"));
     EXPECT_THAT(frames(), ElementsAre("0001.png"));
 }
 

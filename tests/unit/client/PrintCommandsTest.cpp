@@ -97,11 +97,11 @@ TEST_F(PrintCommands, NoteSaysThatASlideHasNone) {
 TEST_F(PrintCommands, NoteNamesTheRangeOfSlides) {
     mService.answer("/ppt getSlideCount", R"({"slidecnt": 1})");
     EXPECT_EQ(run(runNote, {{"/a.ppt"}, 2}), STATUS_MISUSE);
-    EXPECT_EQ(complaints(), "lectern: there is no slide 2; give 1\n");
+    EXPECT_EQ(complaints(), "lectern: there is no slide 2; the document has only one\n");
 }
 
 TEST_F(PrintCommands, SearchPrintsTheNumberOfHits) {
-    for (const auto& [count, text] : {std::pair("0", "no hit"), {"1", "1 hit"}, {"12", "12 hits"}}) {
+    for (const auto& [count, text] : {std::pair("0", "no hits"), {"1", "1 hit"}, {"12", "12 hits"}}) {
         mService.answer("/common Search", std::string("{\"resultcount\":") + count + "}");
         EXPECT_EQ(run(runSearch, {{"/letter.docx", "secret"}, "boat", {}}), STATUS_DONE);
         EXPECT_EQ(printed(), std::string(text) + " for 'boat'\n");
@@ -128,7 +128,7 @@ TEST_F(PrintCommands, SearchDoesNotPretendThatPresentationsCount) {
     mService.documentKind(3);
     mService.answer("/common Search", R"({ "resultcount": 0 })");
     EXPECT_EQ(run(runSearch, {{"/a.ppt"}, "boat", {}}), STATUS_DONE);
-    EXPECT_THAT(printed(), HasSubstr("shown and not counted"));
+    EXPECT_THAT(printed(), HasSubstr("in a presentation are not counted"));
 }
 
 TEST_F(PrintCommands, FailWithTheDocument) {

@@ -110,7 +110,7 @@ TEST(PrivateBus, ReportsAKeeperThatSaysNothing) {
     const auto bus = PrivateBus::start();
     setenv("LECTERN_KEEPER", LECTERN_KEEPER_PROGRAM, 1);
     ASSERT_FALSE(bus);
-    EXPECT_THAT(bus.error().text, HasSubstr("does not start"));
+    EXPECT_THAT(bus.error().text, HasSubstr("did not start"));
 }
 
 } // namespace

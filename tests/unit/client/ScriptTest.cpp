@@ -45,9 +45,10 @@ TEST(Script, TimesAddUpFromTheStart) {
 }
 
 TEST(Script, TimeDoesNotGoBack) {
-    EXPECT_EQ(errorOf("wait 500\nframe\nat 499"), "a.play:3: it is 500 ms by then; times cannot go back");
+    EXPECT_EQ(errorOf("wait 500\nframe\nat 499"),
+              "a.play:3: this time has passed: the script is already at 500 ms");
     EXPECT_EQ(errorOf("wait 500\nat 500"), "");
-    EXPECT_THAT(errorOf("wait 86400000\nwait 1"), HasSubstr("a.play:2: a script may last 24 hours"));
+    EXPECT_THAT(errorOf("wait 86400000\nwait 1"), HasSubstr("a.play:2: a script can last at most 24 hours"));
 }
 
 TEST(Script, ReadsEveryInstruction) {
@@ -80,12 +81,12 @@ TEST(Script, ReadsEveryInstruction) {
 
 TEST(Script, ErrorsNameTheLineAndTheForm) {
     EXPECT_EQ(errorOf("frame\npinsh 2"),
-              "a.play:2: 'pinsh' is no instruction; lectern(1) lists those of scripts");
-    EXPECT_EQ(errorOf("down 3"), "a.play:1: 'down 3' is not of the form 'down X Y'");
+              "a.play:2: 'pinsh' is not an instruction; lectern(1) lists them all");
+    EXPECT_EQ(errorOf("down 3"), "a.play:1: 'down 3' is wrong; the form is 'down X Y'");
     for (const char* line : {"down x 1", "down 1 2 3", "wait", "wait -1", "wait 1.5", "pinch 0", "pinch 2 x",
                              "sheet 0", "slide one", "search", "next 2", "wide", "wide yes", "frame a/b",
                              "frame a b", "every 0", "key", "key a"}) {
-        EXPECT_THAT(errorOf(line), HasSubstr("is not of the form")) << line;
+        EXPECT_THAT(errorOf(line), HasSubstr("is wrong; the form is")) << line;
     }
 }
 
