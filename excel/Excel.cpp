@@ -38,20 +38,22 @@ int Excel::openFile(const char* path, const char* password) {
     const Utf16Text temporary(temporaryDirectory);
     const int code =
         mModule.stg_open_file(path16.get(), password16.get(), fonts.get(), temporary.get(), &mDocument);
-    if (code == 0) {
-        initializeExcel();
-    }
-    return code;
+    return code != 0 ? code : initializeExcel();
 }
 
-void Excel::initializeExcel() {
+int Excel::initializeExcel() {
     mCells = std::make_unique<CpPixmap>(cellsSide, cellsSide);
     mDocPixmap = mCells.get();
     mModule.stg_get_sheet_count(mDocument, &mSheetCount);
     mModule.stg_get_column_count(mDocument, mCurrentSheet, &mColumnCount);
-    resizeDocument();
+    const int code = layOut();
+    if (code != 0) {
+        mCells.reset();
+        mDocPixmap = nullptr;
+    }
     recenterDocument();
     mOffscreenDirty = true;
+    return code;
 }
 
 void Excel::SaveStateToDataStore() {

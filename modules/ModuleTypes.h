@@ -28,7 +28,8 @@
  *     bytes red, green, blue, copied during the call; they count for later
  *     finds and selections.
  *  9. Any thread may call, one call at a time per document. Modules write to
- *     pixel buffers only during a call.
+ *     pixel buffers only during a call. One that is refused leaves the module
+ *     with none: it writes neither to that nor to the one before.
  * 10. Null pixels and sizes below 1 are refused, and so are indices out of
  *     range: a module never follows them.
  */
