@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/proxy/Engine.h"
 
+#include "engine/proxy/DescriptorsLeft.h"
 #include "engine/proxy/Supervisor.h"
 
 #include <cstdio>
@@ -12,6 +13,12 @@ namespace {
 
 // For an engine to end by itself once its connection has ended.
 constexpr std::chrono::milliseconds kGrace(250);
+
+// File descriptors that have to be left. An engine takes up to 8 while it
+// starts, and a document's and a spare one may start at once; a call takes one
+// for itself and three for a surface's memory.
+constexpr std::size_t kForStart = 16;
+constexpr std::size_t kForCall = 4;
 
 Watchdog& watchdog() {
     return Supervisor::instance().watchdog();
@@ -29,7 +36,8 @@ void warnOnceAboutFileRules() {
 
 std::unique_ptr<Engine> Engine::start(const LaunchSettings& settings, TimePoint deadline,
                                       std::int32_t& result) {
-    std::unique_ptr<EngineProcess> process = EngineProcess::spawn(settings);
+    std::unique_ptr<EngineProcess> process =
+        descriptorsLeft<kForStart>() ? EngineProcess::spawn(settings) : nullptr;
     if (!process) {
         result = MODULE_NO_ENGINE;
         return nullptr;
@@ -72,13 +80,16 @@ std::int32_t Engine::startOffice(TimePoint deadline) {
     return sent != MODULE_OK ? sent : result;
 }
 
-bool Engine::beginCall(TimePoint deadline) {
+std::int32_t Engine::beginCall(TimePoint deadline) {
     if (!isAlive()) {
         mLost = true;
-        return false;
+        return MODULE_ENGINE_LOST;
+    }
+    if (!descriptorsLeft<kForCall>()) {
+        return MODULE_FAILED;
     }
     watchdog().setDeadline(mHandle, deadline);
-    return true;
+    return MODULE_OK;
 }
 
 std::int32_t Engine::endCall(bool answered, const GError* error) {
