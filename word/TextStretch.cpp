@@ -68,11 +68,7 @@ bool TextStretch::jump(int32_t story, uint32_t character) {
     if (!isInUse() || mModule.wtg_jump_to_character(mDoc, story, character) != 0) {
         return false;
     }
-    noteMove();
-    if (story == 0) {
-        mTopCharacter = character;
-        mTopCharacterKnown = true;
-    }
+    noteMove(); // the stretch starts at the character's line, which another begins
     mNumbered = story == 0 && character == 0;
     setPlace(0, askUsedRows());
     return true;
