@@ -20,6 +20,7 @@ Excel::Excel(int width, int height, int docId, unsigned int dataStoreId)
     mModuleHandle = mModule.SetFunctionPointers();
     if (!attachGivenStateRecord()) {
         std::fputs("Creating shmid!", stdout);
+        std::fflush(stdout); // no line feed would
         makeStateRecord("/var");
     }
 }
