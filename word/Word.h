@@ -95,6 +95,7 @@ protected:
     bool jumpToCharacter(int32_t story, uint32_t position);
 
     // The pop-up.
+    bool showsPopup() const override { return mPopupShown; }
     bool showPopup(const wtg_click_info& reference);
     bool closePopup();
     int popupRange() const;
