@@ -14,9 +14,9 @@ namespace {
 // For an engine to end by itself once its connection has ended.
 constexpr std::chrono::milliseconds kGrace(250);
 
-// File descriptors that have to be left. An engine takes up to 8 while it
-// starts, and a document's and a spare one may start at once; a call takes one
-// for itself and three for a surface's memory.
+// File descriptors that have to be left. An engine takes 6 while it starts,
+// and a document's and a spare one may start at once; a call takes one for itself
+// and two for a surface's memory.
 constexpr std::size_t kForStart = 16;
 constexpr std::size_t kForCall = 4;
 
@@ -36,8 +36,12 @@ void warnOnceAboutFileRules() {
 
 std::unique_ptr<Engine> Engine::start(const LaunchSettings& settings, TimePoint deadline,
                                       std::int32_t& result) {
-    std::unique_ptr<EngineProcess> process =
-        descriptorsLeft<kForStart>() ? EngineProcess::spawn(settings) : nullptr;
+    if (!descriptorsLeft<kForStart>()) {
+        std::fprintf(stderr, "engine: too few file descriptors are left to start one\n");
+        result = MODULE_NO_ENGINE;
+        return nullptr;
+    }
+    std::unique_ptr<EngineProcess> process = EngineProcess::spawn(settings);
     if (!process) {
         result = MODULE_NO_ENGINE;
         return nullptr;
