@@ -20,6 +20,7 @@ Excel::Excel(int width, int height, int docId, unsigned int dataStoreId)
     mModuleHandle = mModule.SetFunctionPointers();
     if (!attachGivenStateRecord()) {
         std::fputs("Creating shmid!", stdout);
+        std::fflush(stdout); // no line feed would
         makeStateRecord("/var");
     }
 }
@@ -38,20 +39,22 @@ int Excel::openFile(const char* path, const char* password) {
     const Utf16Text temporary(TEMPORARY_DIRECTORY);
     const int code =
         mModule.stg_open_file(path16.get(), password16.get(), fonts.get(), temporary.get(), &mDocument);
-    if (code == 0) {
-        initializeExcel();
-    }
-    return code;
+    return code != 0 ? code : initializeExcel();
 }
 
-void Excel::initializeExcel() {
+int Excel::initializeExcel() {
     mCells = std::make_unique<CpPixmap>(CELLS_SIDE, CELLS_SIDE);
     mDocPixmap = mCells.get();
     mModule.stg_get_sheet_count(mDocument, &mSheetCount);
     mModule.stg_get_column_count(mDocument, mCurrentSheet, &mColumnCount);
-    resizeDocument();
+    const int code = layOut();
+    if (code != 0) {
+        mCells.reset();
+        mDocPixmap = nullptr;
+    }
     recenterDocument();
     mOffscreenDirty = true;
+    return code;
 }
 
 void Excel::SaveStateToDataStore() {

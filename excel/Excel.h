@@ -40,8 +40,9 @@ public:
     void SaveStateToDataStore() override;
     void RestoreStateFromDataStore() override;
     int openFile(const char* path, const char* password) override;
-    // Everything after the module has opened the file.
-    void initializeExcel();
+    // Everything after the module has opened the file; 0, or the module's code
+    // when it refuses the cells' surface. Then there is none, as before.
+    int initializeExcel();
 
     // Tells the module buffers and zoom and takes over what it says of the sheet.
     void resizeDocument() override;
@@ -121,6 +122,7 @@ protected:
     CpPoint documentPoint(const CpPoint& screenPoint) const;
     void getViewDocBounds(CpRect& r) const;
     void getOffscreenDocBounds(CpRect& r) const;
+    int layOut();
     void refreshCommentMarks();
 
     // Painting.

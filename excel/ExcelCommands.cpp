@@ -44,6 +44,7 @@ void prvWrite(const std::string& text, const char* path) {
     const File file = prvOpenForWriting(path);
     if (file == nullptr) {
         std::fputs("Excel::copySelection: fileptr is null", stdout);
+        std::fflush(stdout); // no line feed would
     } else if (std::fwrite(text.data(), 1, text.size(), file.get()) != 4) {
         // Any other length counts as a failure; those who read the log know it so.
         std::fputs("Failure writing\n", stderr);

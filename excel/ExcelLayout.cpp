@@ -11,10 +11,22 @@
 
 namespace {
 
-// Keeps a header strip, or makes it anew when it has another size.
-void prvFit(std::unique_ptr<CpPixmap>& strip, int width, int height) {
-    if (strip == nullptr || strip->Width() != width || strip->Height() != height) {
-        strip = std::make_unique<CpPixmap>(width, height);
+// Has the module paint into a header strip, one made anew where another size is
+// wanted. The strip before stays when the module refuses the new one.
+void prvFit(void* doc, decltype(&stg_set_row_offscreen_buffer) setBuffer, std::unique_ptr<CpPixmap>& strip,
+            int width, int height) {
+    const auto give = [&](CpPixmap& pixmap) {
+        return setBuffer(doc, 0, pixmap.Pixels(), pixmap.Width(), pixmap.Height());
+    };
+    if (strip != nullptr && strip->Width() == width && strip->Height() == height) {
+        give(*strip);
+        return;
+    }
+    auto fitting = std::make_unique<CpPixmap>(width, height);
+    if (give(*fitting) == 0 || strip == nullptr) {
+        strip = std::move(fitting);
+    } else {
+        give(*strip);
     }
 }
 
@@ -58,12 +70,16 @@ void Excel::getOffscreenDocBounds(CpRect& r) const {
 }
 
 void Excel::resizeDocument() {
+    layOut();
+}
+
+int Excel::layOut() {
     mScale = bearableScale(mScale);
     if (!isOpen()) {
-        return;
+        return 0;
     }
     const int length = mCells->Width();
-    mModule.stg_set_offscreen_buffer(mDocument, 0, mCells->Pixels(), length, length);
+    const int code = mModule.stg_set_offscreen_buffer(mDocument, 0, mCells->Pixels(), length, length);
     mModule.stg_set_dpi(mDocument, saturateToInt(DOTS_PER_INCH * mScale));
     mModule.stg_get_sheet_dimensions(mDocument, mCurrentSheet, &mSheetWidth, &mSheetHeight);
 
@@ -73,16 +89,13 @@ void Excel::resizeDocument() {
     int32_t columnHeaderHeight = mColumnHeaders != nullptr ? mColumnHeaders->Height() : 0;
     mModule.stg_cell_bounds(mDocument, mCurrentSheet, -1, -1, &left, &top, &rowHeaderWidth,
                             &columnHeaderHeight);
-    // Never without pixels: a module refuses such a strip and would go on painting
-    // into the one before, which is gone.
-    prvFit(mRowHeaders, std::clamp(rowHeaderWidth, 1, length), length);
-    prvFit(mColumnHeaders, length, std::clamp(columnHeaderHeight, 1, length));
-
     refreshCommentMarks();
-    mModule.stg_set_row_offscreen_buffer(mDocument, 0, mRowHeaders->Pixels(), mRowHeaders->Width(),
-                                         mRowHeaders->Height());
-    mModule.stg_set_column_offscreen_buffer(mDocument, 0, mColumnHeaders->Pixels(), mColumnHeaders->Width(),
-                                            mColumnHeaders->Height());
+    // Never without pixels: a module refuses such a strip.
+    prvFit(mDocument, mModule.stg_set_row_offscreen_buffer, mRowHeaders,
+           std::clamp(rowHeaderWidth, 1, length), length);
+    prvFit(mDocument, mModule.stg_set_column_offscreen_buffer, mColumnHeaders, length,
+           std::clamp(columnHeaderHeight, 1, length));
+    return code;
 }
 
 void Excel::refreshCommentMarks() {

@@ -29,7 +29,9 @@
  *     bytes, red, green and blue, which the module copies during the call. They
  *     apply to later finds and selections.
  *  9. Any thread may call a function, but only one at a time for a document.
- *     Modules write to pixel buffers only during a call.
+ *     Modules write to pixel buffers only during a call. After a module has
+ *     refused a buffer it has none: it writes neither to that one nor to the
+ *     one before.
  * 10. A module refuses null pixels, sizes below 1 and indices out of range.
  */
 #ifndef LECTERN_MODULES_MODULETYPES_H

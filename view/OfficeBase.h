@@ -114,6 +114,10 @@ protected:
     bool attachGivenStateRecord();
     void makeStateRecord(const char* keyPath);
 
+    // Whether something else is shown over the document: its paints do not save
+    // the state.
+    virtual bool showsPopup() const { return false; }
+
     // Parts of the input handling that the kinds share.
     // Where mScroll follows the pen to, from where it went down; not clamped.
     CpPoint draggedPosition(int x, int y) const;

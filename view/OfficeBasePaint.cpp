@@ -40,7 +40,7 @@ void OfficeBase::handlePaintRouter(unsigned int* frameBuffer) {
     }
     // A client finds its place again even after a crash. While a pop-up is
     // shown the record holds the place in the page below it.
-    if (mDrawMode != _WIDE) {
+    if (!showsPopup()) {
         SaveStateToDataStore();
     }
 }

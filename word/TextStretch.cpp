@@ -30,33 +30,45 @@ void TextStretch::open(void* doc, uint32_t characterCount) {
     mCharacterCount = characterCount;
 }
 
-void TextStretch::layOut(const Size& size, int dpi) {
+int32_t TextStretch::layOut(const Size& size, int dpi) {
     mNumbered = mNumbered && (mSurface == nullptr || top() == 0);
-    mSurface.reset();
-    mSurface = std::make_unique<CpPixmap>(size.width, size.height);
-    mSize = size;
+    if (const int32_t refused = replaceSurface(size); refused != 0) {
+        if (mSurface == nullptr) {
+            return refused;
+        }
+        useSurface();
+    }
     ++mGeneration;
-    useSurface();
     mModule.wtg_set_dpi(mDoc, dpi);
     mAtEnd = bottomRight() == mCharacterCount;
-    if (mAtEnd) {
-        setPlace(0, askUsedRows());
-    }
+    setPlace(0, mAtEnd ? askUsedRows() : mSize.height);
+    return 0;
 }
 
-void TextStretch::useSurface() {
-    mModule.wtg_set_offscreen_buffer(mDoc, 0, mSurface->Pixels(), mSize.width, mSize.height);
+// The surface before is there until the module has the new one: it may write
+// there as long as it has not been given another.
+int32_t TextStretch::replaceSurface(const Size& size) {
+    auto surface = std::make_unique<CpPixmap>(size.width, size.height);
+    const int32_t result =
+        mModule.wtg_set_offscreen_buffer(mDoc, 0, surface->Pixels(), size.width, size.height);
+    mInUse = result == 0;
+    if (mInUse) {
+        mSurface = std::move(surface);
+        mSize = size;
+    }
+    return result;
+}
+
+bool TextStretch::useSurface() {
+    mInUse = mModule.wtg_set_offscreen_buffer(mDoc, 0, mSurface->Pixels(), mSize.width, mSize.height) == 0;
+    return mInUse;
 }
 
 bool TextStretch::jump(int32_t story, uint32_t character) {
-    if (mModule.wtg_jump_to_character(mDoc, story, character) != 0) {
+    if (!isInUse() || mModule.wtg_jump_to_character(mDoc, story, character) != 0) {
         return false;
     }
-    noteMove();
-    if (story == 0) {
-        mTopCharacter = character;
-        mTopCharacterKnown = true;
-    }
+    noteMove(); // the stretch starts at the character's line, which another begins
     mNumbered = story == 0 && character == 0;
     setPlace(0, askUsedRows());
     return true;
@@ -79,7 +91,7 @@ void TextStretch::advance(int rows) {
 
 bool TextStretch::scrollDown(int rows) {
     int32_t scrolled = 0;
-    return mModule.wtg_scroll_down(mDoc, 0, rows, &scrolled) == 0 && scrolled > 0;
+    return isInUse() && mModule.wtg_scroll_down(mDoc, 0, rows, &scrolled) == 0 && scrolled > 0;
 }
 
 void TextStretch::moveTop(int rows) {
@@ -90,7 +102,7 @@ void TextStretch::moveTop(int rows) {
 bool TextStretch::moveUp(int rows) {
     const bool wasFull = isFull();
     int32_t scrolled = 0;
-    if (mModule.wtg_scroll_up(mDoc, 0, rows, &scrolled) != 0 || scrolled <= 0) {
+    if (!isInUse() || mModule.wtg_scroll_up(mDoc, 0, rows, &scrolled) != 0 || scrolled <= 0) {
         return false;
     }
     noteMove();
@@ -142,7 +154,7 @@ uint32_t TextStretch::topCharacter() {
 
 std::optional<uint32_t> TextStretch::topLeft() {
     uint32_t character = 0;
-    if (mModule.wtg_get_top_left_character(mDoc, 0, &character) != 0) {
+    if (!isInUse() || mModule.wtg_get_top_left_character(mDoc, 0, &character) != 0) {
         return std::nullopt;
     }
     mTopCharacter = character;
@@ -152,7 +164,7 @@ std::optional<uint32_t> TextStretch::topLeft() {
 
 std::optional<uint32_t> TextStretch::bottomRight() {
     uint32_t character = 0;
-    if (mModule.wtg_get_bottom_right_character(mDoc, 0, &character) != 0) {
+    if (!isInUse() || mModule.wtg_get_bottom_right_character(mDoc, 0, &character) != 0) {
         return std::nullopt;
     }
     return character;

@@ -35,7 +35,8 @@
 // A move may fail; the module, or the engine behind it, may be gone. Then
 // nothing changes, and callers that repeat moves stop.
 //
-// No call but the constructor's is allowed before open() and layOut().
+// No call but the constructor's is allowed before open(), and none but layOut()
+// while there is no surface.
 class TextStretch {
 public:
     // A stretch's measures in pixels. step is what a move is by default.
@@ -55,11 +56,15 @@ public:
     void open(void* doc, uint32_t characterCount);
     // Makes a new surface and has the text laid out for it, with its first
     // row at row 0. The module keeps the character at the stretch's top there.
-    void layOut(const Size& size, int dpi);
+    // Where the module refuses that surface the one before stays, laid out
+    // anew; without one, the module's code is returned.
+    int32_t layOut(const Size& size, int dpi);
     // Gives the stretch its place among the rows, after a layout or a jump.
     void place(int top) { setPlace(top, used()); }
     // Points the module at the surface, for a caller that pointed it elsewhere.
-    void useSurface();
+    // False when the module refuses it: every later question and move tries
+    // again first.
+    bool useSurface();
 
     // Starts the stretch at a character's line, as row 0; false when that fails.
     bool jump(int32_t story, uint32_t character);
@@ -91,6 +96,8 @@ public:
     unsigned generation() const { return mGeneration; }
 
 private:
+    int32_t replaceSurface(const Size& size);
+    bool isInUse() { return mInUse || useSurface(); }
     std::optional<uint32_t> topLeft();
     std::optional<uint32_t> bottomRight();
     int askUsedRows();
@@ -104,7 +111,8 @@ private:
     std::function<void(int)> mOnRenumber;
     void* mDoc = nullptr;
     uint32_t mCharacterCount = 0;
-    std::unique_ptr<CpPixmap> mSurface;
+    std::unique_ptr<CpPixmap> mSurface; // null until the module has taken one
+    bool mInUse = false;                // the module paints into it
     Size mSize;
     bool mNumbered = true;
     bool mAtEnd = false; // the stretch is known to hold the last character

@@ -46,11 +46,11 @@ int Word::initializeWord() {
     uint32_t characters = 0;
     mModule.wtg_get_character_count(mDocument, 0, &scratch, &characters);
     mStretch.open(mDocument, characters);
-    resizeDocument();
+    const int code = layOut();
     if (mRestored && mDocPixmap != nullptr) {
         returnToSavedPlace();
     }
-    return 0;
+    return code;
 }
 
 void Word::returnToSavedPlace() {

@@ -29,7 +29,8 @@ public:
     void RestoreStateFromDataStore() override;
     // Also writes the module's code to standard output.
     int openFile(const char* path, const char* password) override;
-    // Everything after the module has opened the file; 0.
+    // Everything after the module has opened the file; 0, or the module's code
+    // when it refuses the surface. Then there is none, as before.
     int initializeWord();
 
     void resizeDocument() override;
@@ -75,6 +76,7 @@ protected:
     };
 
     // The layout, and where a new one leaves the view.
+    int layOut();
     double layoutWidth(double scale) const;
     double fittingScale(double scale) const;
     void relayoutKeepingPlace(double ratio);
@@ -93,6 +95,7 @@ protected:
     bool jumpToCharacter(int32_t story, uint32_t position);
 
     // The pop-up.
+    bool showsPopup() const override { return mPopupShown; }
     bool showPopup(const wtg_click_info& reference);
     bool closePopup();
     int popupRange() const;

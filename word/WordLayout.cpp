@@ -44,16 +44,21 @@ double Word::fittingScale(double scale) const {
 }
 
 void Word::resizeDocument() {
+    layOut();
+}
+
+int Word::layOut() {
     mScale = fittingScale(mScale);
     if (!mWideMode) {
         mScroll.x = 0;
     }
     if (mDocument == nullptr) {
-        return;
+        return 0;
     }
-    mStretch.layOut(TextStretch::sizeFor(layoutWidth(mScale), mHeight),
-                    saturateToInt(mScale * DOTS_PER_INCH));
+    const int code = mStretch.layOut(TextStretch::sizeFor(layoutWidth(mScale), mHeight),
+                                     saturateToInt(mScale * DOTS_PER_INCH));
     mDocPixmap = mStretch.surface();
+    return code;
 }
 
 void Word::setWideMode(bool on) {

@@ -26,8 +26,11 @@ void Word::eraseBuffer(unsigned int* frameBuffer, unsigned int count) const {
 }
 
 // Scales the last frame: the module renders nothing until the pinch ends.
+// Nothing larger is shown than there can be a surface for then.
 void Word::handlePaintGesture(unsigned int* frameBuffer) {
-    const double scale = mGestureRequestScale;
+    const double wanted = mScale * mGestureRequestScale;
+    const double possible = fittingScale(wanted);
+    const double scale = possible < wanted ? possible / mScale : mGestureRequestScale;
     const CpRect view(0, 0, mWidth, mHeight);
     const double x = mScroll.x;
     const double y = mPopupShown ? mPageRow : mScroll.y;

@@ -24,7 +24,11 @@ bool Word::showPopup(const wtg_click_info& reference) {
         return false; // the view is too narrow for one
     }
     std::fill_n(mPopup.Pixels(), mPopup.Area(), WHITE);
-    mModule.wtg_set_offscreen_buffer(mDocument, 0, mPopup.Pixels(), mPopup.Width(), mPopup.Height());
+    if (mModule.wtg_set_offscreen_buffer(mDocument, 0, mPopup.Pixels(), mPopup.Width(), mPopup.Height()) !=
+        0) {
+        mStretch.useSurface();
+        return false;
+    }
     mModule.wtg_open_secondary_document(mDocument, reference.a, reference.b, reference.c,
                                         mPopup.Height() - POPUP_HEADROOM);
     mStretch.useSurface();

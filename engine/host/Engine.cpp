@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/host/Engine.h"
 
+#include "engine/host/DescriptorsLeft.h"
 #include "engine/host/Supervisor.h"
 
 #include <cstdio>
@@ -12,6 +13,12 @@ namespace {
 
 // For an engine to end by itself once its connection has ended.
 constexpr std::chrono::milliseconds GRACE(250);
+
+// File descriptors that have to be left. An engine takes 6 while it starts,
+// and a document's and a spare one may start at once; a call takes one for itself
+// and two for a surface's memory.
+constexpr std::size_t FOR_START = 16;
+constexpr std::size_t FOR_CALL = 4;
 
 Watchdog& watchdog() {
     return Supervisor::instance().watchdog();
@@ -29,6 +36,11 @@ void warnOnceAboutFileRules() {
 
 std::unique_ptr<Engine> Engine::start(const LaunchSettings& settings, TimePoint deadline,
                                       std::int32_t& result) {
+    if (!descriptorsLeft<FOR_START>()) {
+        std::fprintf(stderr, "engine: too few file descriptors are left to start one\n");
+        result = MODULE_NO_ENGINE;
+        return nullptr;
+    }
     std::unique_ptr<EngineProcess> process = EngineProcess::spawn(settings);
     if (!process) {
         result = MODULE_NO_ENGINE;
@@ -72,13 +84,16 @@ std::int32_t Engine::startOffice(TimePoint deadline) {
     return sent != MODULE_OK ? sent : result;
 }
 
-bool Engine::beginCall(TimePoint deadline) {
+std::int32_t Engine::beginCall(TimePoint deadline) {
     if (!isAlive()) {
         mLost = true;
-        return false;
+        return MODULE_ENGINE_LOST;
+    }
+    if (!descriptorsLeft<FOR_CALL>()) {
+        return MODULE_FAILED;
     }
     watchdog().setDeadline(mHandle, deadline);
-    return true;
+    return MODULE_OK;
 }
 
 std::int32_t Engine::endCall(bool answered, const GError* error) {

@@ -33,11 +33,11 @@ public:
     // Runs one call on the connection, send(GError**), which must not limit
     // its own time. MODULE_OK when it was answered; else MODULE_TIMED_OUT (the
     // engine is dead), MODULE_ENGINE_LOST, or MODULE_FAILED for an answer that
-    // is no answer.
+    // is no answer, and where this process has no file descriptor for a call.
     template<class Send>
     std::int32_t call(TimePoint deadline, Send send) {
-        if (!beginCall(deadline)) {
-            return MODULE_ENGINE_LOST;
+        if (const std::int32_t refused = beginCall(deadline); refused != MODULE_OK) {
+            return refused;
         }
         g_autoptr(GError) error = nullptr;
         const bool answered = send(&error) != FALSE;
@@ -53,7 +53,7 @@ private:
     explicit Engine(Watchdog::Handle handle) : mHandle(std::move(handle)) {}
 
     std::int32_t startOffice(TimePoint deadline);
-    bool beginCall(TimePoint deadline);
+    std::int32_t beginCall(TimePoint deadline);
     std::int32_t endCall(bool answered, const GError* error);
 
     Watchdog::Handle mHandle;

@@ -23,7 +23,7 @@ enum class TrackAxis : gint { Columns = 0, Rows = 1 };
 // One of the caller's buffers and what the engine paints for it.
 struct BufferPair {
     std::unique_ptr<SharedSurface> surface; // null before the buffer is set
-    std::uint32_t* pixels = nullptr;        // of the surface's size
+    std::uint32_t* pixels = nullptr;        // of the surface's size; null after a refused one
 };
 
 // What an stg_ document handle points to.

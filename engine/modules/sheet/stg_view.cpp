@@ -32,14 +32,18 @@ std::int32_t replaceSurface(SheetHandle& handle, SheetBuffer buffer, BufferPair&
 
 std::int32_t setBuffer(void* doc, std::int32_t view, SheetBuffer buffer, std::uint32_t* pixels,
                        std::int32_t width, std::int32_t height) {
-    if (view != 0 || pixels == nullptr || width < 1 || height < 1) {
+    if (view != 0) {
         return MODULE_BAD_ARGUMENT;
     }
     return onWorkbook(doc, [&](SheetHandle& handle) -> std::int32_t {
+        BufferPair& pair = handle.buffers[static_cast<std::size_t>(buffer)];
+        pair.pixels = nullptr; // a caller may have freed them already
+        if (pixels == nullptr || width < 1 || height < 1) {
+            return MODULE_BAD_ARGUMENT;
+        }
         if (std::int64_t{width} * height > SharedSurface::MAXIMUM_PIXELS) {
             return MODULE_TOO_LARGE;
         }
-        BufferPair& pair = handle.buffers[static_cast<std::size_t>(buffer)];
         std::int32_t result = handle.engine->isAlive() ? MODULE_OK : MODULE_ENGINE_LOST;
         if (!pair.surface || pair.surface->width() != width || pair.surface->height() != height) {
             result = replaceSurface(handle, buffer, pair, width, height);
@@ -79,7 +83,7 @@ int32_t stg_render_sheet(void* doc, int32_t sheet, int32_t x, int32_t y) {
         const std::int32_t result = callEngine(handle, &lectern_ipc_sheet_call_render_sync,
                                                std::tuple(gint{sheet}, gint{x}, gint{y}));
         for (const BufferPair& pair : handle.buffers) {
-            if (result == MODULE_OK && pair.surface) {
+            if (result == MODULE_OK && pair.pixels != nullptr) {
                 pair.surface->copyTo(pair.pixels);
             }
         }

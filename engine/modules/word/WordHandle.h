@@ -19,7 +19,7 @@ struct WordHandle : DocumentHandle {
     std::unique_ptr<SharedSurface> surface; // what the engine paints on; null before the first buffer
     bool painted = false;                   // the surface has been painted at least once
     bool borrowed = false;                  // it shows a secondary document
-    std::uint32_t* pixels = nullptr;        // the caller's buffer, of the surface's size
+    std::uint32_t* pixels = nullptr; // the caller's buffer, of the surface's size; null after a refused one
 
     // What was handed out; each holds until the next call of its function.
     std::vector<wtg_find_result> results;
@@ -30,7 +30,7 @@ struct WordHandle : DocumentHandle {
     std::vector<module_rect> clickRegions;
 
     void refreshPixels() const {
-        if (painted) {
+        if (painted && pixels != nullptr) {
             surface->copyTo(pixels);
         }
     }

@@ -61,10 +61,14 @@ std::int32_t scroll(void* doc, std::int32_t view, std::int32_t rows, std::int32_
 } // namespace
 
 int32_t wtg_set_offscreen_buffer(void* doc, int32_t view, uint32_t* pixels, int32_t width, int32_t height) {
-    if (view != 0 || pixels == nullptr || width < 1 || height < 1) {
+    if (view != 0) {
         return MODULE_BAD_ARGUMENT;
     }
     return onDocument(doc, [&](WordHandle& handle) -> std::int32_t {
+        handle.pixels = nullptr; // the caller may have freed them already
+        if (pixels == nullptr || width < 1 || height < 1) {
+            return MODULE_BAD_ARGUMENT;
+        }
         if (std::int64_t{width} * height > SharedSurface::MAXIMUM_PIXELS) {
             return MODULE_TOO_LARGE;
         }

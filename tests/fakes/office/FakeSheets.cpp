@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Workbooks of the fake office suite, text files as FakeOffice.cpp has them:
 //   name, password    as there
-//   render, sort      how to misbehave there, see Misbehaviour.h
+//   surface, render, sort    how to misbehave there, see Misbehaviour.h
 //   lie               give an impossible header corner
 // There are two sheets, "One" and "Two", of 10 x 20 cells of 50 x 20 pixels
 // whatever the dpi. Area a of sheet s is painted 0xFF000000 + a * 0x10000 +
@@ -73,6 +73,9 @@ int32_t SheetDocument::open(Office&, const std::string& path, const std::string&
 }
 
 int32_t SheetDocument::setSurface(SheetArea area, uint32_t* pixels, int32_t width, int32_t height) {
+    if (const int32_t result = fake::misbehave(mPrivate->setting("surface")); result != MODULE_OK) {
+        return result;
+    }
     mPrivate->surfaces[static_cast<size_t>(area)] = {pixels, width, height};
     return MODULE_OK;
 }

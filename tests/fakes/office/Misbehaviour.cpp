@@ -107,6 +107,10 @@ std::int32_t misbehave(const std::string& action) {
     if (action.rfind("slow:", 0) == 0) {
         std::this_thread::sleep_for(std::chrono::milliseconds(std::stoi(detailOf(action))));
     }
+    if (action.rfind("second:", 0) == 0) {
+        static int times = 0; // an engine has one document
+        return ++times % 2 == 0 ? std::stoi(detailOf(action)) : 0;
+    }
     return action.rfind("code:", 0) == 0 ? std::stoi(detailOf(action)) : 0;
 }
 

@@ -138,14 +138,29 @@ TEST_F(BufferTest, ANewSizeAndDpiTogetherLayOutOnce) {
     EXPECT_EQ(wide[8], colorOfRow(1));
 }
 
-TEST_F(BufferTest, ARefusedBufferLeavesTheOneBeforeInPlace) {
+TEST_F(BufferTest, ARefusedBufferLeavesNoneToWriteTo) {
     open(document, "rows=250\n");
     show(document, pixels, WIDTH, HEIGHT);
     std::uint32_t other[1] = {7};
     EXPECT_EQ(word.wtg_set_offscreen_buffer(document.get(), 0, other, 1 << 20, 1 << 20), MODULE_TOO_LARGE);
     EXPECT_EQ(word.wtg_scroll_down(document.get(), 0, 30, &scrolled), MODULE_OK);
-    expectRows(pixels, 30, 250);
+    expectRows(pixels, 0, 250);
     EXPECT_EQ(other[0], 7u);
+    // The caller may give the one before again.
+    EXPECT_EQ(word.wtg_set_offscreen_buffer(document.get(), 0, pixels.data(), WIDTH, HEIGHT), MODULE_OK);
+    expectRows(pixels, 30, 250);
+}
+
+TEST_F(BufferTest, ABufferFreedBeforeTheNextOneIsRefusedIsNotWrittenTo) {
+    open(document, "rows=250\nsurface=second:15\n");
+    for (std::int32_t height = HEIGHT; height < HEIGHT + 6; height++) {
+        pixels = std::vector<std::uint32_t>(static_cast<std::size_t>(WIDTH) * height, 7);
+        const bool refused = (height - HEIGHT) % 2 != 0;
+        EXPECT_EQ(word.wtg_set_offscreen_buffer(document.get(), 0, pixels.data(), WIDTH, height),
+                  refused ? MODULE_TOO_LARGE : MODULE_OK);
+        EXPECT_EQ(word.wtg_scroll_down(document.get(), 0, 1, &scrolled), MODULE_OK);
+        EXPECT_EQ(pixels[0] == 7, refused);
+    }
 }
 
 TEST_F(BufferTest, ASurfaceThatTheSuiteRefusesIsReported) {

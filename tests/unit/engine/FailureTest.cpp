@@ -4,6 +4,8 @@
 #include "tests/unit/engine/EngineTest.h"
 
 #include <signal.h>
+#include <sys/eventfd.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -106,6 +108,27 @@ TEST_F(FailureTest, ALostDocumentDoesNotTakeAnotherBufferEither) {
     EXPECT_EQ(word.wtg_set_offscreen_buffer(document.get(), 0, other, 4, 4), MODULE_ENGINE_LOST);
     EXPECT_EQ(word.wtg_set_offscreen_buffer(document.get(), 0, other, 2, 2), MODULE_ENGINE_LOST);
     EXPECT_EQ(other[0], 7u);
+}
+
+TEST_F(FailureTest, WithoutFileDescriptorsLeftCallsFailAndTheDocumentGoesOn) {
+    Document document;
+    open(document, "rows=10\n");
+    ASSERT_EQ(ask(document), MODULE_OK);
+    ASSERT_TRUE(waitForSpare());
+    rlimit before{};
+    getrlimit(RLIMIT_NOFILE, &before);
+    const rlimit few{256, before.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &few), 0);
+    std::vector<int> taken;
+    for (int one = eventfd(0, EFD_CLOEXEC); one >= 0; one = eventfd(0, EFD_CLOEXEC)) {
+        taken.push_back(one);
+    }
+    EXPECT_EQ(ask(document), MODULE_FAILED);
+    for (const int one : taken) {
+        close(one);
+    }
+    setrlimit(RLIMIT_NOFILE, &before);
+    EXPECT_EQ(ask(document), MODULE_OK);
 }
 
 TEST_F(FailureTest, AStoppedEngineIsKilledAtTheLimit) {

@@ -120,6 +120,20 @@ TEST_F(SheetTest, RenderingFillsAllThreeBuffersAndNothingBeforeIt) {
     EXPECT_EQ(rows[0], 0xFF011007);
 }
 
+TEST_F(SheetTest, ABufferFreedBeforeTheNextOneIsRefusedIsNotWrittenTo) {
+    WorkbookHandle workbook;
+    openSheets(workbook, "surface=second:15\n");
+    std::vector<std::uint32_t> cells;
+    for (std::int32_t side = 4; side < 10; side++) {
+        cells = std::vector<std::uint32_t>(static_cast<std::size_t>(side) * side, 7);
+        const bool refused = side % 2 != 0;
+        EXPECT_EQ(stg.stg_set_offscreen_buffer(workbook.get(), 0, cells.data(), side, side),
+                  refused ? MODULE_TOO_LARGE : MODULE_OK);
+        EXPECT_EQ(stg.stg_render_sheet(workbook.get(), 0, 0, 0), MODULE_OK);
+        EXPECT_EQ(cells[0] == 7, refused);
+    }
+}
+
 TEST_F(SheetTest, ArraysHoldUntilTheNextCallAndTheEndOfTheSearch) {
     WorkbookHandle workbook;
     openSheets(workbook, "name=x\n");

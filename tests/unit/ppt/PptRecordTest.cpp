@@ -76,6 +76,16 @@ TEST_F(PptRecordTest, PaintsKeepTheRecordCurrent) {
     EXPECT_EQ(view->mDataStore->extra[1], 4);
 }
 
+TEST_F(PptRecordTest, PaintsInFitWideModeKeepTheRecordCurrentToo) {
+    const auto view = openDeck(5);
+    view->setFitWideMode(nullptr);
+    ASSERT_EQ(view->mDrawMode, _WIDE);
+    view->jumpToSlide(4);
+    paint(*view);
+    EXPECT_EQ(view->mDataStore->extra[1], 4);
+    EXPECT_EQ(view->mDataStore->scale, 0.75);
+}
+
 TEST_F(PptRecordTest, ZoomOutsideTheDocumentsLimitsIsTheOneThatFits) {
     const auto old = openView();
     constexpr double POSITIVE_INFINITY = std::numeric_limits<double>::infinity();

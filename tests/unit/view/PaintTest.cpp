@@ -255,7 +255,7 @@ protected:
 
 TEST_F(PaintedState, IsSavedAfterEveryPaint) {
     for (const bool gesture : {false, true}) {
-        for (const int mode : {_NORMAL, _LEFT, _RIGHT, _DOWN}) {
+        for (const int mode : {_NORMAL, _WIDE, _LEFT, _RIGHT, _DOWN}) {
             *view.mDataStore = {-1, -1, -1.0, -1, {}};
             view.mDrawMode = mode;
             view.mGestureActive = gesture;
@@ -278,6 +278,7 @@ TEST_F(PaintedState, IsThePositionThatWasPainted) {
 
 TEST_F(PaintedState, IsLeftAloneInAPopUp) {
     view.mDrawMode = _WIDE;
+    view.popupShown = true;
     view.mDataStore->scrollY = 777;
     view.handlePaintRouter(frame.pixels());
     view.mGestureActive = true;

@@ -49,6 +49,9 @@ public:
     using OfficeBase::mTapStoppedScroll;
     using OfficeBase::mWidth;
 
+    bool popupShown = false;
+    bool showsPopup() const override { return popupShown; }
+
     int openFile(const char* /*path*/, const char* /*password*/) override { return 0; }
     void handlePaint(unsigned int* frameBuffer) override {
         record("handlePaint");

@@ -122,6 +122,29 @@ TEST_F(WordLayoutTest, SurfaceStaysWithin64MebibytesAtTheLargestZoomThatFits) {
     EXPECT_EQ(sizeOf(*view).width, 1600);
 }
 
+TEST_F(WordLayoutTest, PinchPreviewStopsAtTheZoomThatTheFinalPictureHas) {
+    const auto view = openView(1600, 2000, 20000);
+    view->setWideMode(true);
+    paint(*view);
+    view->handleGestureStart(1.0, 0.0);
+    view->handleGestureChange(4.0, 0.0);
+    paint(*view);
+    const double shown = view->mGestureAppliedScale;
+    const int row = view->mGestureScroll.y;
+    view->handleGestureEnd(0.0, 0.0);
+    EXPECT_GT(shown, 1.0);
+    EXPECT_LT(shown, 3.0);
+    EXPECT_DOUBLE_EQ(view->mScale, shown);
+    EXPECT_EQ(view->mScroll.y, row) << "the picture does not jump";
+    EXPECT_LE(int64_t{sizeOf(*view).width} * sizeOf(*view).height * 4, 64 << 20);
+
+    paint(*view);
+    view->handleGestureStart(1.0, 0.0);
+    view->handleGestureChange(2.0, 0.0);
+    paint(*view);
+    EXPECT_DOUBLE_EQ(view->mGestureAppliedScale, 1.0) << "there is no larger one";
+}
+
 TEST_F(WordLayoutTest, DoubleTapsCycleTheZoom) {
     const auto view = openView(320, 480, 20000);
     for (const int zoom : {3, 1, 2, 3}) {

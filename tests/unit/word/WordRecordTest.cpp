@@ -68,6 +68,36 @@ TEST_F(WordRecordTest, ZoomAndItsPlaceAreRestored) {
     EXPECT_EQ(view->firstTextRow(), 0) << "the start is in reach";
 }
 
+TEST_F(WordRecordTest, AfterAJumpTheCharacterIsTheOneAtTheTop) {
+    fakeWord().lineHeight = 20; // of 100 characters
+    fakeWord().hits = {{50042, 50047}};
+    const auto view = openView(320, 480, 20000);
+    view->doSearch("x");
+    calls();
+    paint(*view);
+    EXPECT_EQ(view->mDataStore->extra[0], 50000) << "not that of the hit, further along the line";
+    EXPECT_THAT(calls(), ElementsAre("wtg_get_top_left_character(0)"));
+    paint(*view);
+    EXPECT_THAT(calls(), IsEmpty()) << "asked for once";
+}
+
+TEST_F(WordRecordTest, PlaceAfterASearchAndZoomsIsRestored) {
+    fakeWord().lineHeight = 20;
+    for (const uint32_t hit : {33333U, 50042U, 77777U}) {
+        fakeWord().hits = {{hit, hit + 5}};
+        const auto old = openView(320, 480, 20000);
+        old->doSearch("x");
+        old->stopFind();
+        for (int i = 0; i < 4; ++i) {
+            old->handleDoubleClick(100, 240);
+            paint(*old);
+            const int64_t row = old->firstTextRow();
+            const auto view = reopen(*old);
+            EXPECT_EQ(view->firstTextRow(), row) << hit << " after " << i + 1 << " zooms";
+        }
+    }
+}
+
 TEST_F(WordRecordTest, PositionFarFromTheStartIsCovered) {
     const auto old = openView(320, 480, 20000);
     old->mDataStore->scrollY = 5000;

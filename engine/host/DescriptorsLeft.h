@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "base/FileDescriptor.h"
+
+#include <sys/eventfd.h>
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+namespace lectern::engine {
+
+// Whether this process may open Count more file descriptors. GLib aborts the
+// process when it gets none for a main context's wake-up, and every synchronous
+// call makes a context.
+template<std::size_t Count>
+bool descriptorsLeft() {
+    std::array<FileDescriptor, Count> opened;
+    return std::all_of(opened.begin(), opened.end(), [](FileDescriptor& one) {
+        one = FileDescriptor(eventfd(0, EFD_CLOEXEC));
+        return static_cast<bool>(one);
+    });
+}
+
+} // namespace lectern::engine

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: Apache-2.0
+// A service that has no file descriptor left for what it is asked for.
+#include "tests/system/support/ServiceFixture.h"
+
+#include <sys/resource.h>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <vector>
+
+namespace {
+
+using Documents = std::vector<std::unique_ptr<TestDocument>>;
+
+class DescriptorTest : public ServiceTest {
+protected:
+    void limitDescriptors(rlim_t count) const {
+        const rlimit limit{count, count};
+        ASSERT_EQ(prlimit(service->pid(), RLIMIT_NOFILE, &limit, nullptr), 0);
+    }
+    Documents openTen() {
+        constexpr std::array<const char*, 3> NAMES = {"tour.docx", "tour.xlsx", "tour.pptx"};
+        Documents documents;
+        for (size_t i = 0; i < 10; ++i) {
+            documents.push_back(
+                std::make_unique<TestDocument>(*client, *queue, sample(NAMES[i % NAMES.size()]), 480, 800));
+        }
+        return documents;
+    }
+    // Surfaces of other sizes: a zoom and back, a wide layout.
+    static void resize(TestDocument& document) {
+        for (int i = 0; i < 3; ++i) {
+            document.doubleTap(100, 100);
+            document.paint();
+        }
+        document.call("/word", "wideMode", R"(, "wideMode": true)");
+        document.doubleTap(100, 100);
+        document.paint();
+    }
+};
+
+TEST_F(DescriptorTest, TenDocumentsWithSixtyFourDescriptorsDoNotEndTheService) {
+    limitDescriptors(64);
+    Documents documents = openTen();
+    const auto opened = std::count_if(documents.begin(), documents.end(),
+                                      [](const auto& document) { return document->openResult() == 0; });
+    EXPECT_GT(opened, 0);
+    EXPECT_LT(opened, 10) << "or the limit is none";
+    for (const auto& document : documents) {
+        resize(*document);
+    }
+    EXPECT_FALSE(service->wait(std::chrono::milliseconds(0)).has_value()) << service->errors();
+    documents.clear();
+    TestDocument next(*client, *queue, sample("tour.docx"), 480, 800);
+    EXPECT_EQ(next.openResult(), 0) << "there is room again";
+    EXPECT_EQ(next.paint(), 0);
+}
+
+} // namespace

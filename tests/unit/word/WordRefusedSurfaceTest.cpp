@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: Apache-2.0
+// A module that does not take a surface, as one without a descriptor left.
+#include "tests/unit/word/WordTest.h"
+
+namespace {
+
+constexpr int NO_ROOM = 15;
+
+class WordRefusedSurfaceTest : public WordTest {
+protected:
+    static void refuseNext(std::deque<int32_t> codes) {
+        fakeWord().nextResults["wtg_set_offscreen_buffer"] = std::move(codes);
+    }
+    static void expectText(TestWord& view) {
+        const std::vector<uint32_t> frame = paint(view);
+        const int64_t row = view.firstTextRow();
+        EXPECT_EQ(frame[3], fakeWordPixel(row, 3));
+        EXPECT_EQ(frame[frame.size() - 1], fakeWordPixel(row + view.height() - 1, view.width() - 1));
+    }
+};
+
+TEST_F(WordRefusedSurfaceTest, LeavesTheSurfaceBefore) {
+    const auto view = openView(320, 480, 20000);
+    refuseNext({NO_ROOM});
+    view->setWideMode(true);
+    EXPECT_EQ(view->mDocPixmap->Width(), 320);
+    scrollBy(*view, 3000);
+    expectText(*view);
+
+    view->handleDoubleClick(10, 10);
+    EXPECT_EQ(view->mDocPixmap->Width(), 6 * 320) << "the next one is tried again";
+}
+
+TEST_F(WordRefusedSurfaceTest, EverySecondOneIsSurvived) {
+    const auto view = openView(320, 480, 20000);
+    view->setWideMode(true);
+    for (int i = 0; i < 6; ++i) {
+        if (i % 2 == 0) {
+            refuseNext({NO_ROOM});
+        }
+        view->handleDoubleClick(100, 100);
+        scrollBy(*view, 700);
+        paint(*view);
+        EXPECT_EQ(view->mDocPixmap->Area() > 0, true);
+        EXPECT_EQ(fakeWord().layout.width, view->mDocPixmap->Width());
+    }
+}
+
+TEST_F(WordRefusedSurfaceTest, TheFirstOneIsReportedAndTheViewWorksWithoutIt) {
+    refuseNext({NO_ROOM});
+    fakeWord().rows = 20000;
+    const auto view = makeView();
+    EXPECT_EQ(view->openFile("/d/text.doc", nullptr), NO_ROOM);
+    EXPECT_EQ(view->mDocPixmap, nullptr);
+    scrollBy(*view, 700);
+    EXPECT_EQ(view->doSearch("x"), "{ \"resultcount\": 0 }");
+    EXPECT_EQ(paint(*view)[0], 1U) << "nothing is painted";
+
+    view->setWideMode(false);
+    expectText(*view);
+}
+
+TEST_F(WordRefusedSurfaceTest, APopupWithoutOneDoesNotOpen) {
+    const auto view = openView(320, 480, 20000);
+    fakeWord().click = {4, 11, 12, 13};
+    refuseNext({NO_ROOM});
+    EXPECT_FALSE(view->handleClick(7, 9));
+    EXPECT_THAT(calls(), ElementsAre("wtg_get_click_info(7, 9)", "wtg_set_offscreen_buffer(0, 280, 1000)",
+                                     "wtg_set_offscreen_buffer(0, 320, 1562)"));
+    view->handlePenUp(7, 9);
+    scrollBy(*view, 3000);
+    expectText(*view);
+}
+
+TEST_F(WordRefusedSurfaceTest, APageThatIsNotTakenBackAfterAPopupIsGivenAgain) {
+    const auto view = openView(320, 480, 20000);
+    fakeWord().click = {4, 11, 12, 13};
+    refuseNext({0, NO_ROOM, NO_ROOM});
+    EXPECT_TRUE(view->handleClick(7, 9));
+    view->handlePenUp(7, 9);
+    EXPECT_TRUE(view->handleClick(7, 9)) << "closes it";
+    view->handlePenUp(7, 9);
+    scrollBy(*view, 3000);
+    expectText(*view);
+}
+
+} // namespace
