@@ -108,9 +108,6 @@ void ServiceTest::TearDown() {
 std::string ServiceTest::sample(const std::string& name) {
     return std::string(SAMPLES_FOLDER) + "/" + name;
 }
-std::string ServiceTest::corpus(const std::string& name) {
-    return std::string(CORPUS_FOLDER) + "/" + name;
-}
 
 std::string ServiceTest::generated(const std::string& name, const std::string& script,
                                    std::vector<std::string> arguments) const {
