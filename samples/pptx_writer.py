@@ -2,9 +2,9 @@
 """Writes .pptx files, using the standard library only.
 
 Supports as much of the format as samples and tests need: titles, text with levels,
-boxes at any angle, tables, pictures, bar charts, notes, hidden slides, animations that
-hide a shape, both writing directions, and slides of any size. The same calls always
-write the same bytes.
+boxes at any angle, tables, pictures, videos, sounds, bar charts, footers, notes,
+hidden slides, animations that hide a shape, both writing directions, and slides of any
+size. The same calls always write the same bytes.
 """
 import zipfile
 from xml.sax.saxutils import escape
@@ -43,7 +43,9 @@ class Slide:
         self.shapes = []
         self.relations = [('slideLayout', '../slideLayouts/slideLayout1.xml')]
         self.charts = []
-        self.pictures = []
+        self.media = {}  # bytes by the file's name
+        self.transition = ''
+        self.has_footer = False
         self.note = None
         self.taken_away = []
 
@@ -97,17 +99,36 @@ class Slide:
             '</a:tr>' for row, cells in enumerate(rows))
         self._frame(TABLE, f'<a:tbl><a:tblPr firstRow="1"/><a:tblGrid>{grid}</a:tblGrid>{lines}</a:tbl>', frame)
 
-    def picture(self, data, frame):
+    def _medium(self, kind, data, suffix):
+        """Adds a file; the id of the relation to it."""
+        name = f'image{self.number}_{len(self.media) + 1}.{suffix}'
+        self.media[name] = data
+        self.relations.append((kind, f'../media/{name}'))
+        return f'rId{len(self.relations)}'
+
+    def picture(self, data, frame, properties='<p:nvPr/>'):
         """A picture of PNG bytes."""
-        self.pictures.append(data)
         ident = self._next()
         left, top, width, height = frame
-        self.relations.append(('image', f'../media/image{self.number}_{len(self.pictures)}.png'))
         self.shapes.append(
-            f'<p:pic><p:nvPicPr><p:cNvPr id="{ident}" name="Picture {ident}"/><p:cNvPicPr/><p:nvPr/></p:nvPicPr>'
-            f'<p:blipFill><a:blip r:embed="rId{len(self.relations)}"/><a:stretch><a:fillRect/></a:stretch></p:blipFill>'
+            f'<p:pic><p:nvPicPr><p:cNvPr id="{ident}" name="Picture {ident}"/><p:cNvPicPr/>{properties}</p:nvPicPr>'
+            f'<p:blipFill><a:blip r:embed="{self._medium("image", data, "png")}"/><a:stretch><a:fillRect/></a:stretch></p:blipFill>'
             f'<p:spPr><a:xfrm><a:off x="{emu(left)}" y="{emu(top)}"/><a:ext cx="{emu(width)}" cy="{emu(height)}"/></a:xfrm>'
             '<a:prstGeom prst="rect"><a:avLst/></a:prstGeom></p:spPr></p:pic>')
+
+    def video(self, data, poster, frame):
+        """A video of MP4 bytes, with the PNG bytes that are shown until it is played."""
+        self.picture(poster, frame, f'<p:nvPr><a:videoFile r:link="{self._medium("video", data, "mp4")}"/></p:nvPr>')
+
+    def sound(self, data):
+        """A sound of WAV bytes, played when the slide appears."""
+        self.transition = ('<p:transition><p:fade/><p:sndAc><p:stSnd>'
+                           f'<p:snd r:embed="{self._medium("audio", data, "wav")}" name="sound"/></p:stSnd></p:sndAc></p:transition>')
+
+    def footer(self, words):
+        """A footer, shown where the master has its footers."""
+        self.has_footer = True
+        self.shapes.append(footer(self._next(), paragraph(words)))
 
     def bar_chart(self, title, values, frame):
         """A bar chart. values: pairs of a category and its number."""
@@ -140,7 +161,12 @@ class Slide:
 
     def xml(self):
         return (f'{HEAD}<p:sld {NS}{" show=" + chr(34) + "0" + chr(34) if self.hidden else ""}><p:cSld>{tree("".join(self.shapes))}'
-                f'</p:cSld>{self._timing() if self.taken_away else ""}</p:sld>')
+                f'</p:cSld>{self.transition}{self._timing() if self.taken_away else ""}</p:sld>')
+
+
+def footer(ident, words, place=''):
+    return (f'<p:sp><p:nvSpPr><p:cNvPr id="{ident}" name="Footer {ident}"/><p:cNvSpPr/><p:nvPr><p:ph type="ftr" sz="quarter" '
+            f'idx="11"/></p:nvPr></p:nvSpPr><p:spPr>{place}</p:spPr><p:txBody><a:bodyPr/><a:lstStyle/>{words}</p:txBody></p:sp>')
 
 
 def tree(shapes):
@@ -167,7 +193,7 @@ class Pptx:
                  'ppt/slideMasters/slideMaster1.xml': self._master(),
                  'ppt/slideMasters/_rels/slideMaster1.xml.rels': relations(
                      [('slideLayout', '../slideLayouts/slideLayout1.xml'), ('theme', '../theme/theme1.xml')]),
-                 'ppt/slideLayouts/slideLayout1.xml': f'{HEAD}<p:sldLayout {NS}><p:cSld>{tree("")}</p:cSld></p:sldLayout>',
+                 'ppt/slideLayouts/slideLayout1.xml': f'{HEAD}<p:sldLayout {NS}><p:cSld>{tree(self._footer())}</p:cSld></p:sldLayout>',
                  'ppt/slideLayouts/_rels/slideLayout1.xml.rels': relations([('slideMaster', '../slideMasters/slideMaster1.xml')]),
                  'ppt/notesMasters/notesMaster1.xml': f'{HEAD}<p:notesMaster {NS}><p:cSld>{tree("")}</p:cSld>{COLOURS}</p:notesMaster>',
                  'ppt/notesMasters/_rels/notesMaster1.xml.rels': relations([('theme', '../theme/theme2.xml')])}
@@ -182,10 +208,9 @@ class Pptx:
             parts[f'ppt/slides/_rels/slide{slide.number}.xml.rels'] = relations(slide.relations)
             for i, chart in enumerate(slide.charts, 1):
                 parts[f'ppt/charts/chart{slide.number}_{i}.xml'] = chart
-            for i, picture in enumerate(slide.pictures, 1):
-                media[f'ppt/media/image{slide.number}_{i}.png'] = picture
+            media |= {f'ppt/media/{name}': data for name, data in slide.media.items()}
         parts['ppt/_rels/presentation.xml.rels'] = relations(links)
-        parts['[Content_Types].xml'] = self._types(parts)
+        parts['[Content_Types].xml'] = self._types(parts, media)
         with zipfile.ZipFile(path, 'w', zipfile.ZIP_DEFLATED) as archive:
             for name, data in [*parts.items(), *media.items()]:
                 entry = zipfile.ZipInfo(name, (2020, 1, 1, 0, 0, 0))
@@ -219,16 +244,23 @@ class Pptx:
                 f'<p:notesMasterIdLst><p:notesMasterId r:id="rId2"/></p:notesMasterIdLst><p:sldIdLst>{slides}</p:sldIdLst>'
                 f'<p:sldSz cx="{emu(width)}" cy="{emu(height)}"/><p:notesSz cx="6858000" cy="9144000"/></p:presentation>')
 
+    def _footer(self):
+        """At the bottom, when a slide has one."""
+        width, height = self.size
+        place = (f'<a:xfrm><a:off x="{emu(width / 3)}" y="{emu(height - 40)}"/><a:ext cx="{emu(width / 3)}" cy="{emu(30)}"/>'
+                 '</a:xfrm><a:prstGeom prst="rect"><a:avLst/></a:prstGeom>')
+        return footer(9, '<a:p/>', place) if any(slide.has_footer for slide in self.slides) else ''
+
     def _master(self):
         corner = Slide(0)
         if self.on_master:
             corner.box(self.on_master, (self.size[0] - 240, self.size[1] - 40, 230, 30), size=12)
         return (f'{HEAD}<p:sldMaster {NS}><p:cSld><p:bg><p:bgPr><a:solidFill><a:srgbClr val="FFFFFF"/></a:solidFill>'
-                f'<a:effectLst/></p:bgPr></p:bg>{tree("".join(corner.shapes))}</p:cSld>{COLOURS}<p:sldLayoutIdLst>'
+                f'<a:effectLst/></p:bgPr></p:bg>{tree("".join(corner.shapes) + self._footer())}</p:cSld>{COLOURS}<p:sldLayoutIdLst>'
                 '<p:sldLayoutId id="2147483649" r:id="rId1"/></p:sldLayoutIdLst></p:sldMaster>')
 
     @staticmethod
-    def _types(parts):
+    def _types(parts, media):
         kinds = {'ppt/presentation.xml': 'presentation.main', 'ppt/slides/': 'slide', 'ppt/slideLayouts/': 'slideLayout',
                  'ppt/slideMasters/': 'slideMaster', 'ppt/notesSlides/': 'notesSlide', 'ppt/notesMasters/': 'notesMaster'}
         others = {'ppt/theme/': 'application/vnd.openxmlformats-officedocument.theme+xml',
@@ -237,10 +269,12 @@ class Pptx:
         types = {start: f'{CONTENT}.{kind}+xml' for start, kind in kinds.items()} | others
         overrides = ''.join(f'<Override PartName="/{name}" ContentType="{kind}"/>' for name in parts if '_rels' not in name
                             for start, kind in types.items() if name.startswith(start))
+        films = ''.join(f'<Default Extension="{suffix}" ContentType="{kind}"/>'
+                        for suffix, kind in (('mp4', 'video/mp4'), ('wav', 'audio/x-wav')) if any(name.endswith(suffix) for name in media))
         return (f'{HEAD}<Types xmlns="http://schemas.openxmlformats.org/package/2006/content-types">'
                 '<Default Extension="rels" ContentType="application/vnd.openxmlformats-package.relationships+xml"/>'
                 '<Default Extension="xml" ContentType="application/xml"/><Default Extension="png" ContentType="image/png"/>'
-                f'{overrides}</Types>')
+                f'{films}{overrides}</Types>')
 
 
 def relations(links):

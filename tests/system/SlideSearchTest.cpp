@@ -199,7 +199,10 @@ TEST_F(SlideHitsTest, WhatTheMasterShowsIsFoundOnEverySlide) {
         EXPECT_GT(mark.top, 240);
         next(document);
     }
-    TestDocument footers(*client, *queue, corpus("slide/WithMaster.pptx"), 480, 800);
+    const std::string path = madeSlides("footers.pptx", "deck = Pptx()\ndeck.slide().title('None here')\n"
+                                                        "deck.slide().footer('Footer from the master')\n"
+                                                        "deck.save(OUT)");
+    TestDocument footers(*client, *queue, path, 480, 800);
     search(footers, "footer from the master");
     EXPECT_EQ(footers.slide(), 1);
     EXPECT_GT(markOf(footers).top, 300);

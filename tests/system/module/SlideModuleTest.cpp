@@ -90,7 +90,9 @@ TEST(SlideModule, ASlideIsWholeAtAnySizeWithoutAFrame) {
                                         {4096, 16}}) {
         const Pixels pixels = view.render(0, width, height);
         EXPECT_EQ(std::count(pixels.begin(), pixels.end(), 0x42U), 0);
-        const auto at = [&](int x, int y) { return pixels[static_cast<std::size_t>(y * width + x)]; };
+        const auto at = [&, row = width](int x, int y) {
+            return pixels[static_cast<std::size_t>(y * row + x)];
+        };
         for (int x = 0; x < width && width > 4 && height > 4; x++) {
             ASSERT_EQ(at(x, 0), WHITE) << width << " " << x;
             ASSERT_EQ(at(x, height - 1), WHITE);

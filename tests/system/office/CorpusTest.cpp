@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+// Scrolling through whole documents: those that the tree makes, and a collection.
 #include "modules/ModuleResults.h"
+#include "tests/system/office/Documents.h"
 #include "tests/system/office/OfficeFixture.h"
 
 #include <algorithm>
@@ -8,14 +10,6 @@
 namespace lectern::engine::test {
 
 namespace {
-
-std::vector<std::filesystem::path> corpusFiles() {
-    std::vector<std::filesystem::path> files;
-    for (const auto& entry : std::filesystem::directory_iterator(WORD_CORPUS))
-        files.push_back(entry.path());
-    std::sort(files.begin(), files.end());
-    return files;
-}
 
 struct Geometry {
     int32_t width, height, dpi;
@@ -52,21 +46,35 @@ void scrollThrough(View& view) {
     }
 }
 
+// In several sizes and resolutions.
+void scrollThrough(std::unique_ptr<WordDocument> document) {
+    View shown(std::move(document), 480, 800, 72);
+    for (const Geometry& to : {Geometry{480, 800, 72}, {320, 700, 97}, {480, 800, 144}}) {
+        shown.resize(to.width, to.height, to.dpi);
+        scrollThrough(shown);
+    }
+}
+
+class Scrolling : public OfficeTest {};
 class Corpus : public OfficeTest {};
 
 } // namespace
 
-TEST_F(Corpus, ScrolledRowsEqualRowsPaintedAtOnce) {
-    for (const auto& path : corpusFiles()) {
+TEST_F(Scrolling, ShowsTheRowsOfMadeDocumentsAsIfPaintedAtOnce) {
+    for (const auto& path : madeDocuments()) {
         SCOPED_TRACE(path);
         std::unique_ptr<WordDocument> document;
-        if (WordDocument::open(office(), path, "", testFolder(), document) != MODULE_OK)
-            continue;
-        View shown(std::move(document), 480, 800, 72);
-        for (const Geometry& to : {Geometry{480, 800, 72}, {320, 700, 97}, {480, 800, 144}}) {
-            shown.resize(to.width, to.height, to.dpi);
-            scrollThrough(shown);
-        }
+        ASSERT_EQ(WordDocument::open(office(), path, "", testFolder(), document), MODULE_OK);
+        scrollThrough(std::move(document));
+    }
+}
+
+TEST_F(Corpus, ScrolledRowsEqualRowsPaintedAtOnce) {
+    for (const auto& path : collectedDocuments()) {
+        SCOPED_TRACE(path);
+        std::unique_ptr<WordDocument> document;
+        if (WordDocument::open(office(), path, "", testFolder(), document) == MODULE_OK)
+            scrollThrough(std::move(document));
     }
 }
 

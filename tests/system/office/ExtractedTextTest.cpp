@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-// Searches of public documents against the text that the suite itself writes
-// of them.
+// Searches against the text that the suite itself writes of a document.
 #include "engine/office/FileUrl.h"
 #include "engine/office/OfficePrivate.h"
 #include "modules/ModuleResults.h"
+#include "tests/system/office/Documents.h"
 #include "tests/system/office/OfficeFixture.h"
 
 #include <algorithm>
@@ -63,32 +63,51 @@ public:
         words.resize(std::min<size_t>(words.size(), 5));
         return words;
     }
+
+    static void expectSameHits(WordDocument& document, const std::string& text,
+                               const std::vector<std::string>& words) {
+        uint32_t count = 0;
+        ASSERT_EQ(document.characterCount(count), MODULE_OK);
+        for (const std::string& word : words) {
+            std::vector<CharacterRange> hits;
+            ASSERT_EQ(document.find({word.begin(), word.end()}, {0, count}, hits), MODULE_OK);
+            EXPECT_EQ(hits.size(), occurrences(text, word)) << word;
+        }
+    }
 };
+
+class CorpusText : public ExtractedText {};
 
 } // namespace
 
 TEST_F(ExtractedText, HoldsWhatASearchFindsAndNoMore) {
+    for (const auto& path : madeDocuments()) {
+        SCOPED_TRACE(path);
+        const std::string text = extract(path);
+        const std::vector<std::string> words = frequentWords(text);
+        EXPECT_FALSE(words.empty());
+        std::unique_ptr<WordDocument> document;
+        ASSERT_EQ(WordDocument::open(office(), path, "", testFolder(), document), MODULE_OK);
+        expectSameHits(*document, text, words);
+    }
+}
+
+TEST_F(CorpusText, HoldsWhatASearchFindsAndNoMore) {
     int compared = 0;
-    for (const auto& entry : std::filesystem::directory_iterator(WORD_CORPUS)) {
+    for (const auto& path : collectedDocuments()) {
         // Its list labels are words, and the export makes text of labels.
-        if (entry.path().filename() == "Numbering.docx")
+        if (path.filename() == "Numbering.docx")
             continue;
-        const std::string text = extract(entry.path());
+        SCOPED_TRACE(path);
+        const std::string text = extract(path);
         const std::vector<std::string> words = frequentWords(text);
         std::unique_ptr<WordDocument> document;
-        if (words.empty() ||
-            WordDocument::open(office(), entry.path(), "", testFolder(), document) != MODULE_OK)
+        if (words.empty() || WordDocument::open(office(), path, "", testFolder(), document) != MODULE_OK)
             continue;
-        uint32_t count = 0;
-        ASSERT_EQ(document->characterCount(count), MODULE_OK);
-        for (const std::string& word : words) {
-            std::vector<CharacterRange> hits;
-            ASSERT_EQ(document->find({word.begin(), word.end()}, {0, count}, hits), MODULE_OK);
-            EXPECT_EQ(hits.size(), occurrences(text, word)) << word << " in " << entry.path();
-        }
+        expectSameHits(*document, text, words);
         ++compared;
     }
-    EXPECT_GE(compared, 30);
+    EXPECT_GT(compared, 0);
 }
 
 } // namespace lectern::engine::test

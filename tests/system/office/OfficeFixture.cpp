@@ -102,10 +102,6 @@ Office& OfficeTest::office() {
     return *office;
 }
 
-std::filesystem::path OfficeTest::corpus(const std::string& name) {
-    return std::filesystem::path(WORD_CORPUS) / name;
-}
-
 std::filesystem::path OfficeTest::write(const std::string& name, std::string_view bytes) {
     const std::filesystem::path path = testFolder() / name;
     std::filesystem::create_directories(path.parent_path());

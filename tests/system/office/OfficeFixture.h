@@ -58,8 +58,6 @@ const std::filesystem::path& testFolder();
 class OfficeTest : public testing::Test {
 public:
     static Office& office();
-    static std::filesystem::path corpus(const std::string& name);
-
     static std::filesystem::path write(const std::string& name, std::string_view bytes);
     // Opens; a failure to is the test's.
     static std::unique_ptr<View> view(const std::filesystem::path& path, int32_t width = 480,

@@ -28,13 +28,13 @@ constexpr const char* CONFIGURATION = R"(<!DOCTYPE busconfig PUBLIC
 </busconfig>
 )";
 
-// Waits for a name to appear in a folder.
-void waitForFile(const std::string& folder, const std::string& name) {
+// Waits for a line in a file that is there.
+void waitForLine(const std::string& path) {
     const int watch = inotify_init1(IN_CLOEXEC);
-    inotify_add_watch(watch, folder.c_str(), IN_CREATE);
+    inotify_add_watch(watch, path.c_str(), IN_MODIFY);
     pollfd ready{watch, POLLIN, 0};
     char events[4096];
-    while (access((folder + "/" + name).c_str(), F_OK) != 0 && poll(&ready, 1, 20000) == 1) {
+    while (readFile(path).find('\n') == std::string::npos && poll(&ready, 1, 60000) == 1) {
         if (read(watch, events, sizeof events) < 0) {
             break;
         }
@@ -50,22 +50,18 @@ PrivateBus::PrivateBus(const std::string& folder) : mAddress("unix:path=" + fold
     std::ofstream(file) << text;
     g_free(text);
     mDaemon = std::make_unique<Subprocess>(std::vector<std::string>{"dbus-daemon", "--config-file=" + file,
-                                                                    "--nofork", "--nosyslog", "--nopidfile"},
+                                                                    "--nofork", "--nosyslog", "--nopidfile",
+                                                                    "--print-address"},
                                            std::map<std::string, std::string>{}, folder + "/dbus-daemon");
-    waitForFile(folder, "bus");
+    // The address is printed when the daemon listens; the socket's file is there
+    // a moment before.
+    waitForLine(folder + "/dbus-daemon.out");
 }
 
 BusConnection::BusConnection(const std::string& address) {
     const auto flags = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                                          G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-    // The socket's file exists a moment before the daemon listens on it.
-    for (int tries = 0; mConnection == nullptr && tries < 200; ++tries) {
-        mConnection =
-            g_dbus_connection_new_for_address_sync(address.c_str(), flags, nullptr, nullptr, nullptr);
-        if (mConnection == nullptr) {
-            usleep(10000);
-        }
-    }
+    mConnection = g_dbus_connection_new_for_address_sync(address.c_str(), flags, nullptr, nullptr, nullptr);
     if (mConnection == nullptr) {
         throw std::runtime_error("no connection to the private bus");
     }

@@ -9,6 +9,8 @@
 #include <fstream>
 #include <sstream>
 
+using namespace std::string_literals;
+
 namespace {
 
 const std::string& folder() {
@@ -20,8 +22,17 @@ std::string run(const std::vector<std::string>& command) {
     static int runs = 0;
     Subprocess process(command, {{"PYTHONDONTWRITEBYTECODE", "1"}, {"PYTHONPATH", SAMPLES_FOLDER}},
                        folder() + "/run" + std::to_string(runs++));
-    EXPECT_EQ(process.wait(std::chrono::seconds(60)), std::optional<int>(0)) << process.errors();
+    EXPECT_EQ(process.wait(std::chrono::seconds(120)), std::optional<int>(0)) << process.errors();
     return process.output();
+}
+
+// With other bytes, as many, in the place of those that are there once.
+std::string replaced(std::string bytes, const std::string& from, const std::string& to) {
+    const size_t at = bytes.find(from);
+    EXPECT_NE(at, std::string::npos);
+    EXPECT_EQ(bytes.find(from, at + 1), std::string::npos);
+    EXPECT_EQ(from.size(), to.size());
+    return at == std::string::npos ? bytes : bytes.replace(at, to.size(), to);
 }
 
 } // namespace
@@ -56,6 +67,37 @@ std::string longSlides(int count, int shapes) {
 std::string slideFile(const std::string& name, const std::string& bytes) {
     std::string path = folder() + "/" + name;
     std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
+    return path;
+}
+
+std::string oldSlidesWithNone() {
+    // The list's record of 196 bytes becomes one of none, and all that it holds
+    // one record of a kind that nobody knows.
+    return slideFile("none.ppt", replaced(readFile(slideSample("tour.ppt")),
+                                          "\x0F\0\xF0\x0F\xC4\0\0\0"
+                                          "\0\0\xF3\x03\x14\0\0\0"s,
+                                          "\x0F\0\xF0\x0F\0\0\0\0"
+                                          "\0\0\xFF\x04\xBC\0\0\0"s));
+}
+
+std::string oldSlidesEncrypted() {
+    std::string bytes = replaced(readFile(slideSample("tour.ppt")), "\x14\0\0\0\x5F\xC0\x91\xE3"s,
+                                 "\x14\0\0\0\xDF\xC4\xD1\xF3"s);
+    const size_t document = bytes.find("\x0F\0\xE8\x03"s);
+    EXPECT_LT(document, bytes.size() - 2000);
+    for (size_t i = document; i < document + 2000 && i < bytes.size(); ++i) {
+        bytes[i] = static_cast<char>(bytes[i] ^ 0x5A);
+    }
+    return slideFile("encrypted.ppt", bytes);
+}
+
+std::string oldSlidesWithSound() {
+    const std::string source = folder() + "/sound.fodp";
+    run({"python3", slideSample("make_sound_slides.py"), source});
+    run({"soffice", "-env:UserInstallation=file://" + folder() + "/profile", "--headless", "--convert-to",
+         "ppt", "--outdir", folder(), source});
+    std::string path = folder() + "/sound.ppt";
+    EXPECT_NE(readFile(path).find("RIFF"), std::string::npos) << path;
     return path;
 }
 

@@ -28,9 +28,7 @@ protected:
     // Environment of a service on the test's bus.
     std::map<std::string, std::string> serviceEnvironment() const;
     std::string syslogText() const { return readFile(folder.path() + "/syslog"); }
-    // A stored sample, and a document of the public collection beside the project.
     static std::string sample(const std::string& name);
-    static std::string corpus(const std::string& name);
     // A generated .docx of about so many printed pages, with `word` put in `hits` times.
     std::string longDocument(int pages, const std::string& word = "", int hits = 0) const;
     // A generated .docx with links, notes and searchable words.

@@ -82,11 +82,14 @@ TEST(Dispatcher, MayBeEndedByATaskOfItsOwn) {
         std::promise<void> ended;
         bool ranAfter = false;
         Dispatcher* self = dispatcher.get();
-        self->post([&] {
+        std::promise<void> posted;
+        self->post([&, both = posted.get_future().share()] {
+            both.wait();
             dispatcher.reset();
             ended.set_value();
         });
         self->post([&] { ranAfter = true; });
+        posted.set_value();
         auto done = ended.get_future();
         while (done.wait_for(std::chrono::seconds(0)) != std::future_status::ready) {
             g_main_context_iteration(context.get(), FALSE);

@@ -13,7 +13,8 @@ public:
 
     Frame(int width, int height)
         : mWidth(width), mSlack(static_cast<size_t>(width + height) * 4),
-          mSize(static_cast<size_t>(width) * height), mMemory(2 * mSlack + mSize, UNTOUCHED) {}
+          mSize(static_cast<size_t>(width) * static_cast<size_t>(height)),
+          mMemory(2 * mSlack + mSize, UNTOUCHED) {}
 
     unsigned int* pixels() { return mMemory.data() + mSlack; }
     unsigned int& operator[](long index) { return pixels()[index]; }

@@ -259,7 +259,7 @@ TEST_F(WordSearchTest, MarkIsTranslucentYellow) {
     const auto view = openWithHits({300});
     view->doSearch("x");
     const uint32_t page = fakeWordPixel(300, 100);
-    const auto blend = [page](int shift, uint32_t colour) {
+    const auto blend = [&](int shift, uint32_t colour) {
         return (((page >> shift & 0xFF) * 191 >> 8) + (colour * 64 >> 8)) << shift;
     };
     EXPECT_EQ(paint(*view)[300 * 320 + 100],
