@@ -44,7 +44,7 @@ long ServiceQueue::ReadMessage(ClientServerMessage& message) {
     for (;;) {
         const int id = mQueueId;
         {
-            const std::lock_guard lock(mMutex);
+            const lectern::Lock lock(mMutex);
             const long size = takeNext(message);
             if (size >= 0) {
                 ++mMessagesRead;
@@ -98,12 +98,12 @@ int ServiceQueue::SendMessage(const ServerClientMessage& message) {
         errno = EINVAL;
         return fail(SEND_FAILED, NOT_OPEN);
     }
-    const std::lock_guard lock(mMutex);
+    const lectern::Lock lock(mMutex);
     return post(message, message.type);
 }
 
 int ServiceQueue::SendMessage(const ClientServerMessage& message) {
-    const std::lock_guard lock(mMutex);
+    const lectern::Lock lock(mMutex);
     return post(message, 0);
 }
 
@@ -119,7 +119,7 @@ int ServiceQueue::SendPaintDone(int32_t docid, int32_t value) {
 }
 
 void ServiceQueue::Discard(long addressee) {
-    const std::lock_guard lock(mMutex);
+    const lectern::Lock lock(mMutex);
     ServerClientMessage scrap;
     while (addressee > HIGHEST_CLIENT_TYPE && TakeRecord(mQueueId, addressee, IPC_NOWAIT, scrap) >= 0) {
     }

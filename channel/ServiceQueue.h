@@ -30,12 +30,12 @@
 // soon as one is there, and leaves it where it is.
 #pragma once
 
+#include "base/Mutex.h"
 #include "channel/Backlog.h"
 #include "channel/DocAdapterCommon.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <mutex>
 #include <vector>
 
 // Thread-safe: any thread sends, one thread reads. Its lock is the last one
@@ -61,25 +61,25 @@ public:
     void Discard(long addressee);
 
 private:
-    // All REQUIRE: mMutex is held.
     template<typename Record>
-    int sendNow(const Record& message, long addressee);
+    int sendNow(const Record& message, long addressee) REQUIRES(mMutex);
     template<typename Record>
-    int post(const Record& message, long addressee);
-    long takeNext(ClientServerMessage& message);
-    bool hasRoom(size_t size);
-    bool makeRoom(long addressee, size_t size);
-    size_t waitingNow();
-    bool moveToBacklog();
-    void keep(const ClientServerMessage& message);
-    void giveUpOutput(long addressee, size_t capacity);
-    void takeOutput(std::vector<ServerClientMessage>& waiting);
+    int post(const Record& message, long addressee) REQUIRES(mMutex);
+    long takeNext(ClientServerMessage& message) REQUIRES(mMutex);
+    bool hasRoom(size_t size) REQUIRES(mMutex);
+    bool makeRoom(long addressee, size_t size) REQUIRES(mMutex);
+    size_t waitingNow() REQUIRES(mMutex);
+    bool moveToBacklog() REQUIRES(mMutex);
+    void keep(const ClientServerMessage& message) REQUIRES(mMutex);
+    void giveUpOutput(long addressee, size_t capacity) REQUIRES(mMutex);
+    void takeOutput(std::vector<ServerClientMessage>& waiting) REQUIRES(mMutex);
 
     long awaitRecord(ClientServerMessage& message);
 
-    std::mutex mMutex;
-    Backlog mBacklog;
-    bool mWakeOwed = false; // records went to the backlog, and the worker may sleep
+    lectern::Mutex mMutex;
+    Backlog mBacklog GUARDED_BY(mMutex);
+    // Records went to the backlog, and the worker may sleep.
+    bool mWakeOwed GUARDED_BY(mMutex) = false;
 };
 
 // The one queue object of the service; exists before main, with no queue open.

@@ -77,8 +77,8 @@ void reportOpened(const CreateRequest& request, const Documents& document, int d
     g_msgQueue.SendMessage(opened);
 }
 
-// REQUIRES: the registry is held.
-void openDocument(BusCall& call, const CreateRequest& request, FrameBuffer frame, ViewMaker makeView) {
+void openDocument(BusCall& call, const CreateRequest& request, FrameBuffer frame, ViewMaker makeView)
+    REQUIRES(gRegistry) {
     const auto docid = static_cast<int>(gDocuments.size());
     // Answers to an earlier document of this number are nobody's any more.
     g_msgQueue.Discard(docid + DocAdapterMessageQueue::PAINT_DONE_BASE);

@@ -8,6 +8,7 @@
 
 std::vector<Documents>& gDocuments = *new std::vector<Documents>();
 pthread_mutex_t gDocumentsMutex = PTHREAD_MUTEX_INITIALIZER;
+Registry gRegistry;
 
 RegistryLock::RegistryLock() {
     const int result = pthread_mutex_lock(&gDocumentsMutex);

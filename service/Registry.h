@@ -4,6 +4,7 @@
 // document goes, when numbering starts again at 0.
 #pragma once
 
+#include "base/ThreadAnnotations.h"
 #include "service/FrameBuffer.h"
 #include "view/OfficeBase.h"
 
@@ -23,17 +24,23 @@ struct Documents {
     std::optional<FrameBuffer> frame; // the attachment behind buffer and status
 };
 
+extern pthread_mutex_t gDocumentsMutex;
+
+// Stands for gDocumentsMutex in the thread safety analysis, which knows no mutex
+// of the system's.
+class CAPABILITY("mutex") Registry {};
+extern Registry gRegistry;
+
 // Guarded by gDocumentsMutex, as is every call into a view. Never destroyed:
 // documents that are open when the service ends are left to the process' end.
-extern std::vector<Documents>& gDocuments;
-extern pthread_mutex_t gDocumentsMutex;
+extern std::vector<Documents>& gDocuments GUARDED_BY(gRegistry);
 
 // Holds the registry; says so on standard error when it cannot be locked or
 // unlocked. Nobody but the holder of one touches documents.
-class RegistryLock {
+class SCOPED_CAPABILITY RegistryLock {
 public:
-    RegistryLock();
-    ~RegistryLock();
+    RegistryLock() ACQUIRE(gRegistry);
+    ~RegistryLock() RELEASE();
     RegistryLock(const RegistryLock&) = delete;
     RegistryLock& operator=(const RegistryLock&) = delete;
 
@@ -43,8 +50,8 @@ private:
     bool mHeld;
 };
 
-// REQUIRES: the registry is held. Negative docids arrive as large ones and do not exist.
-bool DocumentExists(unsigned int docid);
+// Negative docids arrive as large ones and do not exist.
+bool DocumentExists(unsigned int docid) REQUIRES(gRegistry);
 
 // Saves the document's state and takes it down; locks the registry itself.
-void doDestroy(int docid);
+void doDestroy(int docid) EXCLUDES(gRegistry);

@@ -53,13 +53,14 @@ std::unique_ptr<Engine> Supervisor::take(const LaunchSettings& settings, TimePoi
 }
 
 std::unique_ptr<Engine> Supervisor::takeSpare(const LaunchSettings& settings, TimePoint deadline) {
-    std::unique_lock lock(mMutex);
-    mChanged.wait_until(lock, deadline, [&] { return !mOrder || mOrder->settings != settings; });
+    Lock lock(mMutex);
+    mChanged.wait_until(lock, deadline,
+                        [&]() REQUIRES(mMutex) { return !mOrder || mOrder->settings != settings; });
     return mSpare && mSpareSettings == settings ? std::move(mSpare) : nullptr;
 }
 
 void Supervisor::prepareSpare(const LaunchSettings& settings, std::chrono::milliseconds limit) {
-    const std::lock_guard lock(mMutex);
+    const Lock lock(mMutex);
     const bool present = mSpare && mSpareSettings == settings && mSpare->isAlive();
     if (!mStopping && !mOrder && !present) {
         mOrder = SpareOrder{settings, limit};
@@ -68,15 +69,15 @@ void Supervisor::prepareSpare(const LaunchSettings& settings, std::chrono::milli
 }
 
 void Supervisor::stopSoon() {
-    const std::lock_guard lock(mMutex);
+    const Lock lock(mMutex);
     mStopping = true;
     mWatchdog.cutDeadlines(STOP_LIMIT);
 }
 
 void Supervisor::run() {
-    std::unique_lock lock(mMutex);
+    Lock lock(mMutex);
     for (;;) {
-        mChanged.wait(lock, [&] { return mOrder.has_value(); });
+        mChanged.wait(lock, [&]() REQUIRES(mMutex) { return mOrder.has_value(); });
         const SpareOrder order = *mOrder;
         std::unique_ptr<Engine> spare = std::move(mSpare);
         lock.unlock();

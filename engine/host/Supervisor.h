@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "base/Mutex.h"
 #include "engine/host/Engine.h"
 #include "engine/host/EngineSettings.h"
 #include "engine/host/Export.h"
@@ -9,7 +10,6 @@
 #include <condition_variable>
 #include <cstdint>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <thread>
 
@@ -53,12 +53,12 @@ private:
     std::unique_ptr<Engine> takeSpare(const LaunchSettings& settings, TimePoint deadline);
 
     Watchdog mWatchdog;
-    std::mutex mMutex;
-    std::condition_variable mChanged;
-    std::optional<SpareOrder> mOrder; // being started; empty when nothing is
-    std::unique_ptr<Engine> mSpare;   // ready, or dead meanwhile, or null
-    LaunchSettings mSpareSettings;    // of mSpare
-    bool mStopping = false;
+    Mutex mMutex;
+    std::condition_variable_any mChanged;
+    std::optional<SpareOrder> mOrder GUARDED_BY(mMutex); // being started; empty when nothing is
+    std::unique_ptr<Engine> mSpare GUARDED_BY(mMutex);   // ready, or dead meanwhile, or null
+    LaunchSettings mSpareSettings GUARDED_BY(mMutex);    // of mSpare
+    bool mStopping GUARDED_BY(mMutex) = false;
     std::thread mThread;
 };
 

@@ -28,7 +28,7 @@ Watchdog::Watchdog() : mWake(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)), mThread([t
 Watchdog::Handle Watchdog::watch(std::unique_ptr<EngineProcess> process) {
     auto handle = std::make_shared<Watched>();
     handle->process = std::move(process);
-    const std::lock_guard lock(mMutex);
+    const Lock lock(mMutex);
     if (mEnding) {
         handle->process->kill();
     }
@@ -38,31 +38,31 @@ Watchdog::Handle Watchdog::watch(std::unique_ptr<EngineProcess> process) {
 }
 
 void Watchdog::setDeadline(const Handle& handle, TimePoint deadline) {
-    const std::lock_guard lock(mMutex);
+    const Lock lock(mMutex);
     handle->deadline = std::min(deadline, Clock::now() + mLongest);
     wakeFor(handle->deadline);
 }
 
 bool Watchdog::liftDeadline(const Handle& handle) {
-    const std::lock_guard lock(mMutex);
+    const Lock lock(mMutex);
     handle->deadline = TimePoint::max();
     return handle->expired;
 }
 
 bool Watchdog::isAlive(const Handle& handle) {
-    const std::lock_guard lock(mMutex);
+    const Lock lock(mMutex);
     return handle->process && !handle->process->hasEnded();
 }
 
 void Watchdog::kill(const Handle& handle) {
-    const std::lock_guard lock(mMutex);
+    const Lock lock(mMutex);
     if (handle->process) {
         handle->process->kill();
     }
 }
 
 void Watchdog::end(const Handle& handle, milliseconds grace) {
-    std::unique_lock lock(mMutex);
+    Lock lock(mMutex);
     if (handle->process) {
         handle->process->hangUp();
         handle->deadline = Clock::now() + grace;
@@ -72,7 +72,7 @@ void Watchdog::end(const Handle& handle, milliseconds grace) {
 }
 
 void Watchdog::cutDeadlines(milliseconds rest) {
-    const std::lock_guard lock(mMutex);
+    const Lock lock(mMutex);
     mLongest = std::min(mLongest, rest);
     const TimePoint latest = Clock::now() + mLongest;
     for (const Handle& handle : mWatched) {
@@ -84,7 +84,7 @@ void Watchdog::cutDeadlines(milliseconds rest) {
 }
 
 void Watchdog::endAll() {
-    std::unique_lock lock(mMutex);
+    Lock lock(mMutex);
     mEnding = true;
     for (const Handle& handle : mWatched) {
         if (handle->process) {
@@ -107,7 +107,7 @@ void Watchdog::wakeFor(TimePoint deadline) {
 
 void Watchdog::run() {
     std::vector<pollfd> files;
-    std::unique_lock lock(mMutex);
+    Lock lock(mMutex);
     for (;;) {
         mWakeAt = expireAndCollect(files);
         const int timeout = millisecondsUntil(mWakeAt);

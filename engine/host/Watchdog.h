@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "base/Mutex.h"
 #include "engine/host/EngineProcess.h"
 
 #include <poll.h>
@@ -9,7 +10,6 @@
 #include <condition_variable>
 #include <list>
 #include <memory>
-#include <mutex>
 #include <thread>
 #include <vector>
 
@@ -63,16 +63,18 @@ public:
 
 private:
     void run();
-    TimePoint expireAndCollect(std::vector<pollfd>& files);
-    std::list<Handle> takeEnded();
-    void wakeFor(TimePoint deadline);
+    TimePoint expireAndCollect(std::vector<pollfd>& files) REQUIRES(mMutex);
+    std::list<Handle> takeEnded() REQUIRES(mMutex);
+    void wakeFor(TimePoint deadline) REQUIRES(mMutex);
 
-    std::mutex mMutex;
-    std::condition_variable mGone;
-    std::list<Handle> mWatched;
-    std::chrono::milliseconds mLongest = std::chrono::hours(1); // no limit is longer
-    TimePoint mWakeAt = TimePoint::max();                       // when the thread looks again by itself
-    bool mEnding = false;
+    Mutex mMutex;
+    std::condition_variable_any mGone;
+    std::list<Handle> mWatched GUARDED_BY(mMutex);
+    // No limit is longer.
+    std::chrono::milliseconds mLongest GUARDED_BY(mMutex) = std::chrono::hours(1);
+    // When the thread looks again by itself.
+    TimePoint mWakeAt GUARDED_BY(mMutex) = TimePoint::max();
+    bool mEnding GUARDED_BY(mMutex) = false;
     FileDescriptor mWake; // eventfd
     std::thread mThread;
 };

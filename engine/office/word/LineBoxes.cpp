@@ -51,7 +51,7 @@ void LineBoxes::onEvent(int type, const char* payload, void* self) {
     if (type != LOK_CALLBACK_TEXT_SELECTION || payload == nullptr || *payload == '\0')
         return;
     auto& boxes = *static_cast<LineBoxes*>(self);
-    const std::lock_guard lock(boxes.mMutex);
+    const Lock lock(boxes.mMutex);
     boxes.mPayload = payload;
     boxes.mArrived.notify_one();
 }
@@ -61,7 +61,7 @@ std::vector<ViewBox> LineBoxes::of(CharacterRange range) {
         return {};
     const Reference<css::text::XTextRange> selection(mPositions.select(range), css::uno::UNO_QUERY);
     {
-        const std::lock_guard lock(mMutex);
+        const Lock lock(mMutex);
         mPayload.clear();
     }
     mFlow.cursor()->gotoRange(selection, false);
@@ -69,8 +69,8 @@ std::vector<ViewBox> LineBoxes::of(CharacterRange range) {
 }
 
 std::string LineBoxes::takeSelection() {
-    std::unique_lock lock(mMutex);
-    mArrived.wait_for(lock, PATIENCE, [this] { return !mPayload.empty(); });
+    Lock lock(mMutex);
+    mArrived.wait_for(lock, PATIENCE, [this]() REQUIRES(mMutex) { return !mPayload.empty(); });
     return std::exchange(mPayload, {});
 }
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "base/Mutex.h"
 #include "engine/office/word/TextPositions.h"
 
 #include <condition_variable>
-#include <mutex>
 #include <string>
 
 namespace lectern::engine {
@@ -39,9 +39,9 @@ private:
     lok::Document& mPainter;
     const TextFlow& mFlow;
     const TextPositions& mPositions;
-    std::mutex mMutex; // guards the payload, which the suite's own thread delivers
-    std::condition_variable mArrived;
-    std::string mPayload;
+    Mutex mMutex;
+    std::condition_variable_any mArrived;
+    std::string mPayload GUARDED_BY(mMutex); // delivered by a thread of the suite
 };
 
 } // namespace lectern::engine
