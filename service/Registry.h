@@ -19,7 +19,7 @@ struct Documents {
     uint32_t shmid = 0;               // the client's frame-buffer segment; 0: none
     int32_t size = 0;                 // the segment's size in bytes, as the client stated it
     unsigned int* buffer = nullptr;   // the frame's first pixel
-    unsigned char* status = nullptr;  // the segment's last byte: 1 after each paint
+    unsigned char* status = nullptr;  // the last of the `size` bytes: 1 after each paint
     std::optional<FrameBuffer> frame; // the attachment behind buffer and status
 };
 

@@ -156,31 +156,31 @@ protected:
     unsigned int framePixels() const;
 
     pthread_mutex_t mMutex;
-    double mMinScale = 1.0;
+    double mMinScale = 1.0; // the zoom limits
     double mMaxScale = 4.0;
-    double mGestureAppliedScale = 1.0;
+    double mGestureAppliedScale = 1.0; // of the last frame of a pinch, relative to mScale
     int mDocId;
     CpPixmap* mDocPixmap = nullptr; // the rendered surface; the derived class owns it
     CpPixmap mLastFrame;            // the last frame that the client was shown
-    CpPoint mScroll{0, 0};
-    int mWidth;
+    CpPoint mScroll{0, 0};          // the document pixel at the view's top left
+    int mWidth;                     // of the view and the client's frame, in pixels
     int mHeight;
-    double mScale = 1.0;
-    double mBaseScale = 1.0; // the scale at which the document fits the view
-    int mScaleLevel = 0;     // double-tap level, 0 to 2
-    StateRecord* mDataStore = nullptr;
-    unsigned int mDataStoreShmId;
+    double mScale = 1.0;               // the zoom; at 1 a document is shown with DOTS_PER_INCH
+    double mBaseScale = 1.0;           // the scale at which the document fits the view
+    int mScaleLevel = 0;               // double-tap level, 0 to 2
+    StateRecord* mDataStore = nullptr; // null without a state segment
+    unsigned int mDataStoreShmId;      // the state segment's identifier, also the queue type of notifications
     bool mPenDown = false;
     int mDrawMode = _NORMAL;
     bool mFlicking = false;         // a flick came during this contact
     bool mClicked = false;          // a click came during this contact
     bool mTapStoppedScroll = false; // the last pen down stopped a glide
-    CpPoint mPenDownPoint{0, 0};
-    CpPoint mPenDownScroll{0, 0};
-    void* mModuleHandle = nullptr; // the destructor closes it
-    std::string mMimeInfo;         // always empty: no view sets it
-    bool mFlickUp = false;         // the last flick's vertical velocity was negative
-    CpPoint mGestureScroll{0, 0};
+    CpPoint mPenDownPoint{0, 0};    // view pixels
+    CpPoint mPenDownScroll{0, 0};   // mScroll at the last pen down
+    void* mModuleHandle = nullptr;  // the destructor closes it
+    std::string mMimeInfo;          // always empty: no view sets it
+    bool mFlickUp = false;          // the last flick's vertical velocity was negative
+    CpPoint mGestureScroll{0, 0};   // mScroll that the last frame of a pinch shows
     bool mGestureActive = false;
     double mGestureRequestScale = 1.0; // relative to mScale
     int mCurrentResult = -1;           // index of the current search hit; -1 for none
