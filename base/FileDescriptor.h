@@ -7,7 +7,7 @@
 
 namespace lectern {
 
-// Owns one file descriptor, or none (-1). Movable; closes it when destroyed.
+// Owns one file descriptor, or none (-1), and closes it when destroyed. Movable.
 class FileDescriptor {
 public:
     FileDescriptor() = default;
@@ -24,9 +24,9 @@ public:
 
     explicit operator bool() const { return mDescriptor >= 0; }
     int get() const { return mDescriptor; }
-    // Hands the descriptor over to the caller, who closes it.
+    // Returns the descriptor and gives up ownership: the caller closes it.
     int release() { return std::exchange(mDescriptor, -1); }
-    // Closes the descriptor.
+    // Closes the descriptor, if there is one.
     void reset() {
         if (mDescriptor >= 0) {
             close(release());

@@ -8,13 +8,13 @@
 #include <deque>
 #include <map>
 
-// Client records that had to leave a full queue before the worker could read
-// them: a priority queue of bounded size. The lowest type comes out first, and
-// records of one type in the order they went in.
+// Client records that were taken off a full queue before the worker could read
+// them: a priority queue of bounded size. pop() returns the lowest type first, and
+// records of the same type in the order of push().
 //
-// When it is full a new record takes the place of the oldest pen move (later
-// ones tell where the pen is), where there is none that of the oldest record
-// that is no paint request, and of the oldest paint request at last.
+// When the backlog is full, push() drops a record: the oldest pen move, because
+// later ones have the newer position; if there is none, the oldest record that is
+// not a paint request; else the oldest paint request.
 //
 // Not thread-safe.
 class Backlog {
@@ -22,9 +22,9 @@ public:
     static constexpr size_t CAPACITY = 4096;
 
     void push(const ClientServerMessage& message);
-    // The first record. REQUIRES: not empty.
+    // Removes and returns the first record. REQUIRES: not empty.
     ClientServerMessage pop();
-    // The first record's type. REQUIRES: not empty.
+    // The type of the first record. REQUIRES: not empty.
     long lowestType() const { return mByType.begin()->first; }
     bool empty() const { return mSize == 0; }
     size_t size() const { return mSize; }
@@ -34,7 +34,7 @@ private:
         uint64_t arrival;
         ClientServerMessage message;
     };
-    // Queues of one type each; never an empty one.
+    // One queue for each type, without empty queues.
     using ByType = std::map<long, std::deque<Entry>>;
 
     ByType::iterator leastNeeded();

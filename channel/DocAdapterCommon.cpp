@@ -57,8 +57,8 @@ int DocAdapterMessageQueue::Remove() {
 int DocAdapterMessageQueue::fail(const char* what, int id) {
     const int error = errno;
     std::perror(what);
-    // A queue that vanishes under a sleeper gives EIDRM, one that had vanished
-    // before the call EINVAL. Another thread may have opened a new one meanwhile.
+    // The error is EIDRM if the queue was removed during the call, EINVAL if it was
+    // removed before. Another thread may have opened a new queue in the meantime.
     if (error == EIDRM || error == EINVAL) {
         mQueueId.compare_exchange_strong(id, NOT_OPEN);
     }
@@ -99,7 +99,7 @@ long DocAdapterMessageQueue::ReadMessage(long type, ServerClientMessage& message
 template<typename Record>
 int DocAdapterMessageQueue::send(const Record& message) {
     const int id = mQueueId;
-    if (message.type < 1) { // the system's EINVAL for it would look like a queue that is gone
+    if (message.type < 1) { // msgsnd's EINVAL for it would look like a removed queue
         errno = EINVAL;
         return fail(SEND_FAILED, NOT_OPEN);
     }

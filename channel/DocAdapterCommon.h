@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the service and its clients share: the two records that cross the
+// The code that the service and its clients share: the two records that cross the
 // System V message queue, the queue itself and a mutex guard.
 //
-// A record's text is what follows its type: 20 bytes to the service, 12 bytes
-// back, laid out on 4-byte boundaries, little-endian. The type is a long and so
-// wider on 64-bit systems; the text is not, and 32- and 64-bit ends interoperate.
+// A record's text is everything after its type: 20 bytes to the service, 12 bytes
+// to the client, little-endian, aligned to 4 bytes. The type is a long, so its size
+// differs between 32- and 64-bit programs. The text has the same layout in both,
+// so they can exchange records.
 #pragma once
 
 #include <pthread.h>
@@ -29,15 +30,15 @@ enum ClientMessageType : long {
     _WIDE_MODE = 10,
 };
 
-// What a record to the client tells.
+// The kinds of records to the client.
 enum ClientMessageId : int32_t {
     _INVALIDATED = 0,     // the view needs a paint
-    _HYPERLINK = 1,       // a tap on a link in a word-processing document
+    _HYPERLINK = 1,       // a tap on a hyperlink in a word-processing document
     _COMMENT_TAPPED = 2,  // a tap on a cell that has a comment
-    _CLICK_UNUSED = 3,    // the view had no use for a click
-    _COLUMN_SELECTED = 4, // one column of a sheet
-    _TRACKS_SELECTED = 5, // a row of a sheet, or more than one row or column
-    _TRACK_RESIZED = 6,   // a column or row of a sheet, or a stroke for it that ended where it began
+    _CLICK_UNUSED = 3,    // the view did not use a click
+    _COLUMN_SELECTED = 4, // one column of a sheet was selected
+    _TRACKS_SELECTED = 5, // a row of a sheet, or several rows or columns, were selected
+    _TRACK_RESIZED = 6,   // a resizing stroke ended, also one that changed nothing
     _SLIDE_CHANGED = 7,   // value: the slide now shown, from 0
     _OPENED = 8,          // value: docid, extra: 0 or the module's code
     _PAINT_DONE = 9,      // value: 0, or -4 for a document that does not exist
@@ -45,8 +46,8 @@ enum ClientMessageId : int32_t {
 
 #pragma pack(push, 4)
 
-// Client to service. The two doubles of gesture records lie over x, y and the
-// tail; they are copied in and out because they may be unaligned.
+// Client to service. The two doubles of gesture records occupy x, y and the tail.
+// They are read and written with memcpy, because they may be unaligned.
 struct ClientServerMessage {
     long type;
     int32_t docid;
@@ -54,7 +55,7 @@ struct ClientServerMessage {
     int32_t y;
     unsigned char tail[8];
 
-    // The tail stays as it is: only gesture records use it.
+    // Leaves the tail uninitialized: only gesture records use it.
     ClientServerMessage() : ClientServerMessage(0, 0) {}
     ClientServerMessage(long messageType, int32_t id) : type(messageType), docid(id), x(0), y(0) {}
 
@@ -82,8 +83,8 @@ private:
     }
 };
 
-// Service to client. The type is the addressee: docid + 101 for paint-done,
-// the view's data-store segment identifier for everything else.
+// Service to client. The type is the addressee: docid + 101 for paint-done
+// records, the identifier of the view's state segment for all others.
 struct ServerClientMessage {
     long type;
     ClientMessageId id;
@@ -105,48 +106,56 @@ static_assert(offsetof(ClientServerMessage, docid) == sizeof(long));
 static_assert(offsetof(ClientServerMessage, tail) == sizeof(long) + 12);
 static_assert(offsetof(ServerClientMessage, extra) == sizeof(long) + 8);
 
-// The machine's document-adapter queue: key ftok("/tmp", PROJECT_ID).
+// The machine's document-adapter queue. Its key is ftok("/tmp", PROJECT_ID).
 //
-// Calls are atomic per message and threads may share one object; the counters
-// are for information only. The queue itself outlives every object until
-// somebody removes it. A call that finds it gone closes the object: isOpen()
-// is false from then on.
+// Threads may share one object. Each call sends or reads a whole message. The
+// counters are for information only. Destroying the object does not remove the
+// queue. A call that finds the queue removed closes the object: isOpen() is false
+// from then on.
 //
-// A failed read or send leaves one line on standard error and its cause in errno.
+// A failed read or send writes one line to standard error and sets errno.
 class DocAdapterMessageQueue {
 public:
     static constexpr unsigned int TIMEOUT_INFINITE = 0xFFFFFFFFu;
-    // What both ends open the queue with: IPC_CREAT, read and write for everybody.
+    // The flags with which both ends open the queue: IPC_CREAT, and permissions 0666.
     static constexpr int OPEN_FLAGS = 950;
     static constexpr char PROJECT_ID = 79;
-    // The highest type of a client record; everything above is output of the service.
+    // The highest type of a client record. Higher types are output of the service.
     static constexpr long HIGHEST_CLIENT_TYPE = 99;
-    // The service reads this type: the lowest waiting of 99 and below.
+    // The service reads with this type: msgrcv then returns the lowest waiting type
+    // up to 99.
     static constexpr long ANY_CLIENT_MESSAGE = -HIGHEST_CLIENT_TYPE;
     // Paint-done records for a document are addressed to docid + this.
     static constexpr long PAINT_DONE_BASE = 101;
 
-    // 0, or the error number after a line on standard error.
+    // Opens the queue. Returns 0, or the error number after writing a line to
+    // standard error.
     int Open(int flags, char project);
-    // Throws away everything that waits, whatever its size; ENODEV when not open.
+    // Throws away all waiting records of any size. Returns 0, or ENODEV if the queue
+    // is not open.
     int Drain();
-    // Removes the queue from the system; 0, or the error number with the queue
-    // still open. Safe in a signal handler.
+    // Removes the queue from the system. Returns 0, or the error number; then the
+    // object stays open. Safe in a signal handler.
     int Remove();
     bool isOpen() const { return mQueueId != NOT_OPEN; }
 
-    // The service's read: blocks for a record of this type (negative: of its
-    // absolute value or lower). A longer record is ignored and a shorter one
-    // filled with zeros, as in every read. Bytes read, or -1.
+    // The service's read: waits for a record of this type, or, if the type is
+    // negative, of its absolute value or lower. Like every read it throws away
+    // records that are too long and fills shorter ones with zeros. Returns the
+    // number of bytes read, or -1.
     long ReadMessage(long type, ClientServerMessage& message);
-    // The client's read. Waits in steps of 10 ms, counted and not timed: a
-    // time-out of 25 ms gives three tries and three sleeps. Bytes read, or -1.
+    // The client's read. Sleeps 10 ms between two tries. The timeout counts the
+    // sleeps and not the real time: 25 ms mean three tries and three sleeps. With a
+    // timeout of 0 it tries once. Returns the number of bytes read, or -1 (errno is
+    // ENOMSG after a timeout).
     long ReadMessage(long type, ServerClientMessage& message, unsigned int timeoutMs);
-    // Sends that block while the queue is full: 0, or -1. Types below 1 cannot be sent.
+    // Sends a record, and waits while the queue is full. Returns 0, or -1. A type
+    // below 1 is refused with EINVAL.
     int SendMessage(const ServerClientMessage& message);
     int SendMessage(const ClientServerMessage& message);
 
-    // The result of asking the system for the queue's status; the text is ignored.
+    // Asks the system for the queue's status and returns the result, 0 or -1. The
+    // text is ignored.
     int trace_msg_queue(const char* text);
 
     int messagesRead() const { return mMessagesRead; }
@@ -155,7 +164,8 @@ public:
 protected:
     static constexpr int NOT_OPEN = -1;
 
-    // Reports errno, closes the object when the queue `id` is gone; -1.
+    // Writes `what` and errno to standard error, closes the object if the queue `id`
+    // was removed, and returns -1. Keeps errno.
     int fail(const char* what, int id);
 
     std::atomic<int> mQueueId{NOT_OPEN};
@@ -167,7 +177,7 @@ private:
     int send(const Record& message);
 };
 
-// Holds a mutex until it goes out of scope.
+// Unlocks its mutex, if it has locked one, when destroyed.
 class MutexLock {
 public:
     MutexLock() = default;
@@ -175,8 +185,9 @@ public:
     MutexLock(const MutexLock&) = delete;
     MutexLock& operator=(const MutexLock&) = delete;
 
-    // Locks a mutex; its result, after a message on standard error when it is
-    // not 0. REQUIRES: mutex is not null, and this guard holds none so far.
+    // Locks a mutex and returns the result of pthread_mutex_lock. If that is not 0,
+    // writes it to standard error. REQUIRES: mutex is not null, and this guard has
+    // not locked one yet.
     int lock(pthread_mutex_t* mutex);
 
 private:

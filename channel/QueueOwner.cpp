@@ -14,7 +14,8 @@
 
 namespace {
 
-// An abstract name: no file, a zero byte in front, as long as the address says.
+// An abstract socket address: it starts with a zero byte, has no file, and its
+// length is part of the address.
 struct Address {
     sockaddr_un name = {};
     socklen_t length = 0;
@@ -22,7 +23,8 @@ struct Address {
 
 Address addressOf(key_t key) {
     struct stat ipcNamespace = {};
-    // Without /proc there is one name for all namespaces, which errs on the safe side.
+    // Without /proc all namespaces share one name. At worst that refuses a service
+    // that could have run.
     if (stat("/proc/self/ns/ipc", &ipcNamespace) != 0) {
         ipcNamespace = {};
     }

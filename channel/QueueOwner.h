@@ -3,11 +3,11 @@
 
 #include <string>
 
-// Keeps a second service away from the queue. Its key is the machine's, so two
-// services would steal each other's records; a queue, though, cannot tell who
-// reads it. So whoever serves it holds an abstract socket for its life, whose
-// name is made of the queue's key and the identity of the IPC namespace. The
-// system lets go of it however the process ends.
+// Prevents a second service from serving the same queue. The queue has the same key
+// for all services on a machine, so two services would take each other's records,
+// and a queue does not know its readers. Therefore the service binds an abstract
+// socket, whose name contains the queue's key and the identity of the IPC
+// namespace. The system releases the name when the process ends in any way.
 class QueueOwner {
 public:
     QueueOwner() = default;
@@ -15,8 +15,9 @@ public:
     QueueOwner(const QueueOwner&) = delete;
     QueueOwner& operator=(const QueueOwner&) = delete;
 
-    // Takes the queue of this project (see DocAdapterMessageQueue). False, after a line on
-    // standard error, when another process has it or the system has no socket.
+    // Becomes the owner of the queue of this project (see DocAdapterMessageQueue). If
+    // another process is the owner or no socket can be created, writes a line to
+    // standard error and returns false.
     bool acquire(char project);
 
 private:

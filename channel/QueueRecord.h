@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Taking one record off a queue, whoever wrote it: anybody may post records of
-// any size, and one that a read refuses would stay in front for ever.
+// Taking one record off a queue. Every process may post records of any size, and a
+// record that a read refuses would block the queue for ever.
 #pragma once
 
 #include <sys/ipc.h>
@@ -10,13 +10,14 @@
 #include <cstddef>
 #include <cstring>
 
-// Receives the next record of a type that fits; longer ones are thrown away and
-// shorter ones filled with zeros. The size of its text, or -1 with errno.
+// Receives the next record that fits. Throws away longer records and fills shorter
+// ones with zeros. type and flags are those of msgrcv. Returns the size of the
+// record's text in bytes, or -1 with errno.
 template<typename Record>
 ssize_t TakeRecord(int queueId, long type, int flags, Record& record) {
     struct {
         long type;
-        unsigned char text[Record::TEXT_SIZE + 1]; // the last byte tells what is too long
+        unsigned char text[Record::TEXT_SIZE + 1]; // filled only by a record that is too long
     } buffer;
     ssize_t size = 0;
     do {

@@ -26,7 +26,7 @@ bool isWake(const ClientServerMessage& message) {
     return message.type == DocAdapterMessageQueue::HIGHEST_CLIENT_TYPE && message.docid == NO_DOCUMENT;
 }
 
-// Allows the cancellation of this thread for a while.
+// Enables the cancellation of this thread for its lifetime.
 class Cancellable {
 public:
     Cancellable() { pthread_setcancelstate(PTHREAD_CANCEL_ENABLE, &mBefore); }
@@ -65,9 +65,10 @@ long ServiceQueue::ReadMessage(ClientServerMessage& message) {
     }
 }
 
-// What is waiting, without waiting for it; -1 with ENOMSG when nothing is.
+// Takes the first record of queue and backlog without waiting. Returns -1 with
+// ENOMSG if there is none.
 long ServiceQueue::takeNext(ClientServerMessage& message) {
-    // Only what goes before the backlog's first record may overtake it.
+    // Only records of a lower type may overtake the backlog's first record.
     const long lastType = mBacklog.empty() ? HIGHEST_CLIENT_TYPE : mBacklog.lowestType() - 1;
     errno = ENOMSG;
     const long size = lastType > 0 ? TakeRecord(mQueueId, -lastType, IPC_NOWAIT, message) : -1;
@@ -78,8 +79,9 @@ long ServiceQueue::takeNext(ClientServerMessage& message) {
     return size;
 }
 
-// Sleeps until a client record is there: -1 with E2BIG. One without any text
-// cannot stay and is the message, all zeros: 0.
+// Sleeps until a client record is in the queue, and leaves it there: returns -1
+// with E2BIG. A record without text is taken off by this call: then returns 0, and
+// `message` is all zeros except for its type.
 long ServiceQueue::awaitRecord(ClientServerMessage& message) {
     long type = 0;
     ssize_t size = 0;
@@ -109,7 +111,7 @@ int ServiceQueue::SendMessage(const ClientServerMessage& message) {
 
 int ServiceQueue::SendPaintDone(int32_t docid, int32_t value) {
     const int64_t addressee = static_cast<int64_t>(docid) + PAINT_DONE_BASE;
-    // A client may be a 32-bit program, whose types end here.
+    // A client may be a 32-bit program, whose types are 32 bits wide.
     if (addressee <= HIGHEST_CLIENT_TYPE || addressee > std::numeric_limits<int32_t>::max()) {
         return 0;
     }
@@ -137,7 +139,7 @@ int ServiceQueue::post(const Record& message, long addressee) {
 template<typename Record>
 int ServiceQueue::sendNow(const Record& message, long addressee) {
     const int id = mQueueId;
-    // A record of a client's kind may use what output has to leave free.
+    // Output must leave room for one client record. Client records may use it.
     constexpr bool IS_OUTPUT = std::is_same_v<Record, ServerClientMessage>;
     constexpr size_t SIZE = Record::TEXT_SIZE + (IS_OUTPUT ? ClientServerMessage::TEXT_SIZE : 0);
     bool hadAnything = true;
@@ -151,8 +153,8 @@ int ServiceQueue::sendNow(const Record& message, long addressee) {
     return 0;
 }
 
-// Whether this many bytes may be added; EAGAIN when not. An empty queue, which
-// cannot be made any roomier, is left for the send to judge.
+// Whether the queue has room for this many bytes; if not, errno is EAGAIN. True for
+// an empty queue, because making room is impossible; msgsnd then decides.
 bool ServiceQueue::hasRoom(size_t size) {
     msqid_ds status = {};
     if (msgctl(mQueueId, IPC_STAT, &status) == -1) {
@@ -162,7 +164,8 @@ bool ServiceQueue::hasRoom(size_t size) {
     return status.msg_qnum == 0 || status.msg_cbytes + size <= status.msg_qbytes;
 }
 
-// False when the queue is empty, and so whatever does not fit never will.
+// Moves client records to the backlog or else gives up output. False if the queue
+// is empty: a record that does not fit then never will.
 bool ServiceQueue::makeRoom(long addressee, size_t size) {
     msqid_ds status = {};
     if (msgctl(mQueueId, IPC_STAT, &status) == 0 && status.msg_qnum == 0) {
@@ -174,15 +177,15 @@ bool ServiceQueue::makeRoom(long addressee, size_t size) {
     return true;
 }
 
-// How many records wait now. Taking off no more than this ends also when a
-// client posts as fast as they go.
+// The number of waiting records. Loops take off no more than this number, so that
+// they end also if a client posts records all the time.
 size_t ServiceQueue::waitingNow() {
     msqid_ds status = {};
     msgctl(mQueueId, IPC_STAT, &status);
     return status.msg_qnum;
 }
 
-// False when no client record was there.
+// Moves all waiting client records to the backlog. False if there was none.
 bool ServiceQueue::moveToBacklog() {
     bool moved = false;
     ClientServerMessage message;
@@ -201,14 +204,15 @@ void ServiceQueue::keep(const ClientServerMessage& message) {
     mWakeOwed = true;
 }
 
-// Gives up undelivered output until the rest is of `capacity` bytes, and before
-// it all that nobody can read. A queue cannot be looked into: everything comes
-// off, and goes back without the victims, in the same order.
+// Gives up undelivered output until the rest has at most `capacity` bytes. Records
+// of an invalid size go first. A queue can only be inspected by taking records
+// off: so all are taken off, and the kept ones are posted again in the same order.
 void ServiceQueue::giveUpOutput(long addressee, size_t capacity) {
     std::vector<ServerClientMessage> waiting;
     ServerClientMessage first;
     if (addressee > HIGHEST_CLIENT_TYPE && TakeRecord(mQueueId, addressee, IPC_NOWAIT, first) >= 0) {
-        // The usual case, a client that never reads, needs no look at the rest.
+        // The usual case is a client that never reads. Then the record just taken
+        // off is the one to give up, and the others can stay.
         if (first.id == _INVALIDATED) {
             return;
         }
@@ -219,15 +223,16 @@ void ServiceQueue::giveUpOutput(long addressee, size_t capacity) {
         waiting.erase(waiting.begin() + static_cast<std::ptrdiff_t>(LeastMissed(waiting, addressee)));
     }
     for (const ServerClientMessage& message : waiting) {
-        // Clients that waited for room may have taken some of it meanwhile.
+        // Clients that were waiting for room may have filled some of it by now.
         while (msgsnd(mQueueId, &message, ServerClientMessage::TEXT_SIZE, IPC_NOWAIT) == -1 &&
                errno == EAGAIN && moveToBacklog()) {
         }
     }
 }
 
-// Takes everything off: output into `waiting`, client records into the backlog,
-// and what has not the size of an output record nowhere.
+// Takes all records off the queue: moves output into `waiting` and client records
+// into the backlog, and throws away output of another size than
+// ServerClientMessage.
 void ServiceQueue::takeOutput(std::vector<ServerClientMessage>& waiting) {
     ClientServerMessage any; // the longer of the two records holds both
     for (size_t left = waitingNow(); left > 0; --left) {

@@ -2,20 +2,20 @@
 // The service's end of the queue: one that cannot be stopped by a full queue.
 //
 // Both directions share one queue of 16,384 bytes by default: 819 records of a
-// client, or 1,365 of the service. With sends that wait for room there are two
-// ways to a stop for good. A client that posts pen moves while the worker
-// paints fills it; then the client waits for the worker, and the worker, about
-// to report the paint, for room. And a client that never reads its
-// notifications fills it with them; then the main thread waits for ever, with
-// the registry locked. Neither client has to be malicious.
+// client, or 1,365 of the service. If sends waited for room, there would be two
+// ways to a deadlock. A client that posts pen moves while the worker paints fills
+// the queue; then the client waits for the worker, and the worker, about to report
+// the paint, for room. And a client that never reads its notifications fills the
+// queue with them; then the main thread waits for ever, with the registry locked.
+// Neither client has to be malicious.
 //
 // So nothing here waits for room. A send that finds the queue full
 //   1. takes the waiting client records off into a backlog in memory, which the
 //      worker's read serves together with the queue: lowest type first, oldest
 //      first. What is in the backlog is older than what is in the queue, so of
 //      equal types the backlog's goes first;
-//   2. where there are none, gives up the undelivered output that is missed
-//      least, until the new record fits.
+//   2. where there are none, gives up the least important undelivered output
+//      (see Undelivered.h), until the new record fits.
 // For output the queue counts as full while a client's record still fits:
 // otherwise output that nobody reads would shut out every client, whom the
 // system puts to sleep until there is room for it, and the wake record below.
@@ -42,22 +42,23 @@
 // taken, after the registry's and a view's, and is never held while waiting.
 class ServiceQueue : public DocAdapterMessageQueue {
 public:
-    // The worker's read, of the lowest waiting type: blocks for a record.
-    // Bytes read, or -1. While it blocks, and only then, it is a point where
-    // the thread may be cancelled, whatever its own state; no lock is held.
+    // The worker's read: waits for a record and takes the one of the lowest type.
+    // Returns the number of bytes read, or -1. While it waits, and only then, the
+    // thread can be cancelled, regardless of its own cancel state. It holds no lock
+    // then.
     long ReadMessage(ClientServerMessage& message);
 
-    // Sends without waiting: 0, or -1. A type of 99 or less is no addressee (the
-    // service would read it itself) and is refused.
+    // Sends a record to a client without waiting. Returns 0, or -1. A type of 99 or
+    // less is refused with EINVAL, because the service would read it itself.
     int SendMessage(const ServerClientMessage& message);
-    // Posts a record to the worker.
+    // Posts a record to the worker without waiting. Returns 0, or -1.
     int SendMessage(const ClientServerMessage& message);
-    // Answers a paint request. A docid whose answer cannot be addressed gets
-    // none: 0 as well, for it is the client's mistake alone.
+    // Answers a paint request; value is 0 or -4. Returns 0, or -1. If docid + 101 is
+    // no valid type, sends nothing and returns 0: that is the client's mistake.
     int SendPaintDone(int32_t docid, int32_t value);
 
-    // Throws away what waits for an addressee that has gone, so that the next
-    // one of that number does not get it.
+    // Throws away all records for an addressee that no longer exists, so that the
+    // next one with the same number does not receive them.
     void Discard(long addressee);
 
 private:
@@ -74,7 +75,7 @@ private:
     void giveUpOutput(long addressee, size_t capacity) REQUIRES(mMutex);
     void takeOutput(std::vector<ServerClientMessage>& waiting) REQUIRES(mMutex);
 
-    long awaitRecord(ClientServerMessage& message);
+    long awaitRecord(ClientServerMessage& message) EXCLUDES(mMutex);
 
     lectern::Mutex mMutex;
     Backlog mBacklog GUARDED_BY(mMutex);
@@ -82,5 +83,5 @@ private:
     bool mWakeOwed GUARDED_BY(mMutex) = false;
 };
 
-// The one queue object of the service; exists before main, with no queue open.
+// The service's only queue object. It exists before main() and is not open then.
 extern ServiceQueue g_msgQueue;

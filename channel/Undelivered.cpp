@@ -24,7 +24,7 @@ size_t LeastMissed(const std::vector<ServerClientMessage>& waiting, long address
     const auto rank = [addressee](const ServerClientMessage& message) {
         return std::pair(importance(message.id), message.type != addressee);
     };
-    // The first of the smallest: the oldest among equals.
+    // min_element returns the first of equal records, which is the oldest.
     const auto least = std::min_element(waiting.begin(), waiting.end(),
                                         [&](const auto& a, const auto& b) { return rank(a) < rank(b); });
     return static_cast<size_t>(least - waiting.begin());

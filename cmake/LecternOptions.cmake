@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: Apache-2.0
-# What every target of the project is compiled with.
+# The compiler and linker options of every target of the project.
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -7,8 +7,8 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_C_STANDARD 11)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
-# Modules are found through DT_RUNPATH, so that LD_LIBRARY_PATH can put others
-# in their place.
+# Emits DT_RUNPATH and not DT_RPATH, so that LD_LIBRARY_PATH can substitute other
+# modules.
 add_link_options(-Wl,--enable-new-dtags)
 
 add_library(lectern_options INTERFACE)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Making, opening and remembering a view.
+// Construction, opening a file, and saving and restoring the state.
 #include "excel/Excel.h"
 
 #include "view/ModuleArguments.h"
@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int CELLS_SIDE = 1500; // pixels of the cells' surface, both ways
+constexpr int CELLS_SIDE = 1500; // width and height of the cells' surface in pixels
 
 } // namespace
 
@@ -20,7 +20,7 @@ Excel::Excel(int width, int height, int docId, unsigned int dataStoreId)
     mModuleHandle = mModule.SetFunctionPointers();
     if (!attachGivenStateRecord()) {
         std::fputs("Creating shmid!", stdout);
-        std::fflush(stdout); // no line feed would
+        std::fflush(stdout); // the text has no line feed, which would flush it
         makeStateRecord("/var");
     }
 }

@@ -13,43 +13,43 @@
 
 // The view of a spreadsheet.
 //
-// A paint puts the screen together from three surfaces that the module renders
-// at the same time: the cells, the row headers at the left edge and the column
-// headers at the top. The headers stay at the edges while the cells scroll; the
-// cell at mScroll is the one right beside them.
+// A paint composes the screen from three surfaces, which the module renders in one
+// call: the cells, the row headers at the left edge and the column headers at the
+// top. The headers stay at the edges while the cells scroll. The document pixel at
+// mScroll is shown at the corner between them.
 //
-// The surface of the cells is larger than the screen. Its bounds are the window
-// of the sheet that it shows, in document pixels. Scrolling copies from it, and
-// it goes on showing the same window for as long as a glide lasts; it is moved
-// about the view and rendered again when the glide comes to rest, with a new
-// zoom, and when the contents change. Where it does not reach, a chequered
-// ground that scrolls along is seen.
+// The cells' surface is larger than the screen. Its bounds are the window, the part
+// of the sheet that it shows, in document pixels. Scrolling only copies from it. The
+// window stays the same during a glide. It is centred on the view and rendered again
+// when the glide ends, after a zoom, and when the contents change. Outside the
+// window a paint shows a chequered background that scrolls with the sheet.
 //
-// A document that failed to open has no surfaces: every call is survived and
-// asks the module nothing.
+// If the document failed to open, there are no surfaces: all calls are allowed and
+// do not call the module.
 //
-// None of the operations below takes mMutex but handlePaint, handleDoubleClick
-// and those of the base that say so.
+// Only handlePaint, handleDoubleClick and the operations of the base class that say
+// so lock mMutex.
 class Excel : public OfficeBase {
 public:
-    // Width and height in pixels, at least 1. A data store of 0 has one made,
-    // after a word on standard output.
+    // Width and height are in pixels, at least 1. dataStoreId is the identifier of a
+    // state segment. If it is 0 or cannot be attached, writes a message to standard
+    // output and creates a segment.
     Excel(int width, int height, int docId, unsigned int dataStoreId);
     ~Excel() override;
 
     void SaveStateToDataStore() override;
     void RestoreStateFromDataStore() override;
     int openFile(const char* path, const char* password) override;
-    // Everything after the module has opened the file; 0, or the module's code
-    // when it refuses the cells' surface. Then there is none, as before.
+    // Sets up the view after the module has opened the file. Returns 0, or the module's
+    // code if it refuses the cells' surface; then the view has no surface.
     int initializeExcel();
 
-    // Tells the module buffers and zoom and takes over what it says of the sheet.
+    // Passes buffers and zoom to the module and reads the size of the sheet and of its
+    // headers, and the comment marks.
     void resizeDocument() override;
-    // Moves the window of the cells about the view; the caller has it rendered.
+    // Centres the window on the view. Callers set mOffscreenDirty.
     void recenterDocument() override;
-    // Beyond the sheet there is nothing to see: a sheet smaller than the screen
-    // stays at its top left.
+    // A sheet smaller than the screen stays at the top left.
     bool clampPosition(int& x, int& y) const override;
     bool clampPosition(int& x, int& y, int maxX, int maxY) const override;
 
@@ -57,46 +57,49 @@ public:
     void handlePaintGesture(unsigned int* frameBuffer) override;
     int drawOffscreenBuffer() override;
 
-    // A pinch cannot make the sheet smaller than the screen.
+    // Ignores a scale at which the sheet would be smaller than the screen.
     bool handleGestureChange(double scale, double unused) override;
     bool handleDoubleClick(int x, int y) override;
     bool handlePenDown(int x, int y) override;
     bool handlePenMove(int x, int y) override;
     bool handlePenUp(int x, int y) override;
     bool handleClick(int x, int y) override;
-    // True when it started a glide.
+    // True if it has started a glide, or ignored the flick during a pinch.
     bool handleFlick(int vx, int vy) override;
     bool tick() override;
-    // What is to be done once the sheet has come to rest.
+    // Centres the window and lays out the sheet at the end of a glide.
     void StopHandler();
 
-    // The columns or rows selected in a header. Before any selection they are
-    // the first row.
+    // Operations on the columns or rows that were last selected in a header. Before
+    // the first selection, that is the first row.
     int clearSelection() override;
     void hideSelection();
     void unhideSelection();
     void unhideAll();
-    // Sorts the whole sheet by the selected column: its number from 0, or -1.
+    // Sort the whole sheet by the selected column. Return the column's number from 0,
+    // or -1 on failure.
     int sortAscending();
     int sortDescending();
-    // Writes the selection's text into a regular file, which is made or emptied;
-    // what goes wrong is said on standard output or error. 0.
+    // Writes the selection's text to a regular file, which is created or overwritten,
+    // and clears the selection. Reports failures on standard output or standard
+    // error. Always returns 0.
     int copySelection(const char* path);
-    // In resize mode header strokes move borders instead of selecting.
+    // In resize mode, strokes on the headers move borders instead of selecting.
     void setResizeMode(bool on);
-    // {"comment": ..., "xcoord": ..., "ycoord": ...} of the last tap on a cell;
-    // empty before the first one.
+    // {"comment": ..., "xcoord": ..., "ycoord": ...} for the last tap on a cell, in view
+    // pixels. Empty before the first tap.
     std::string GetLastClickComment() const { return mLastComment; }
 
-    // {"list": [...]}, cut after 128 bytes a sheet; titles are not escaped.
+    // {"list": [...]}, see view/DocumentList.h.
     std::string getSheetList();
-    // Whatever the number; the module is the one to refuse it. The sheet's size
-    // is taken over when the view comes to rest next.
+    // Makes a sheet current and returns its number. Does not check the number: the
+    // module refuses invalid ones. mSheetWidth and mSheetHeight are updated only at
+    // the next layout.
     int jumpToSheet(int sheet);
     int columnCount() const { return mColumnCount; }
     std::string getDocProperties() override;
 
-    // On the sheet shown. {"resultcount": n}
+    // Searches the current sheet. Returns {"resultcount": n}.
     std::string doSearch(const char* text) override;
     int nextResult() override;
     int previousResult() override;
@@ -105,7 +108,7 @@ public:
     int ReinitSearchRects() override;
 
 protected:
-    // What the pen has been doing since it went down on a header.
+    // The effect of the current stroke on a header.
     struct HeaderStroke {
         bool resizesColumn = false;
         bool resizesRow = false;
@@ -116,9 +119,9 @@ protected:
     bool isOpen() const { return mCells != nullptr; }
 
     // Geometry.
-    // How wide the row headers and how high the column headers are.
+    // The width of the row headers and the height of the column headers.
     CpPoint corner() const;
-    // The document pixel at a screen pixel beside the headers.
+    // The document pixel at a pixel of the screen.
     CpPoint documentPoint(const CpPoint& screenPoint) const;
     void getViewDocBounds(CpRect& r) const;
     void getOffscreenDocBounds(CpRect& r) const;
@@ -127,22 +130,24 @@ protected:
 
     // Painting.
     void drawScreen(unsigned int* frameBuffer);
-    // The part of the window that is seen, with its headers. screenRect is where
-    // it is seen, sourceRect where it lies in the surface of the cells.
+    // Draws the visible part of the window, with its headers. screenRect is its place
+    // on the screen, sourceRect its place in the cells' surface.
     void drawScreenFragment(unsigned int* frameBuffer, const CpRect& screenRect, const CpRect& sourceRect);
 
     // Input.
-    // True on the headers of these tracks, as many times as deep as they are drawn.
+    // True if the pen is on the headers of these tracks. `depth` multiplies the size of
+    // the headers across the tracks.
     bool isOnHeaders(const Tracks& tracks, const CpPoint& pen, int depth) const;
     void beginStroke(const Tracks& tracks, const CpPoint& pen, bool& resizes, bool& selects);
-    // Where the track at a place begins, and how long it is.
+    // Stores the first document pixel and the length of the track at `place`.
     void trackAt(const Tracks& tracks, int place, int& start, int& length) const;
     void drawGuide(const Tracks& tracks, const CpPoint& pen, uint32_t colour);
     void moveGuide(const Tracks& tracks, const CpPoint& pen);
     void finishResize(const Tracks& tracks, const CpPoint& pen);
     void finishScroll(const CpPoint& pen);
     bool isSelectingStroke(const Tracks& tracks, const CpPoint& pen) const;
-    // The number of tracks selected.
+    // Select tracks; `from` and `to` are document pixels. Return the number of selected
+    // tracks.
     int selectTracks(const Tracks& tracks, int from, int to);
     int selectStroke(const Tracks& tracks, const CpPoint& pen);
     bool selectTapped(const Tracks& tracks, const CpPoint& tap, ClientMessageId notice);
@@ -156,16 +161,17 @@ protected:
     int sortSheet(decltype(STGFunc::stg_sort_ascending) sort);
     std::string selectedText();
     void fetchRegions();
-    // Null when there is no current hit.
+    // Null if there is no current hit.
     const stg_region* currentRegion() const;
-    // False when there is none.
+    // False if there is no current hit.
     bool centreOnCurrentRegion();
     int stepResult(int step);
 
     STGFunc& mModule = Singleton<STGFunc>::Instance();
     void* mDocument = nullptr;
-    std::unique_ptr<CpPixmap> mCells; // what mDocPixmap is
-    // As high as the cells, and as wide; there once the cells are.
+    std::unique_ptr<CpPixmap> mCells; // mDocPixmap points to it
+    // The row headers are as high as mCells, the column headers as wide. Not null once
+    // the document is open.
     std::unique_ptr<CpPixmap> mRowHeaders;
     std::unique_ptr<CpPixmap> mColumnHeaders;
 
@@ -174,16 +180,17 @@ protected:
     int32_t mColumnCount = 0;
     int32_t mSheetWidth = 0; // at the current zoom
     int32_t mSheetHeight = 0;
-    // Arrays belong to the module.
+    // The module owns these arrays.
     std::span<const stg_region> mCommentMarks;
     std::span<const stg_region> mFound;
 
     HeaderStroke mStroke;
-    CpPoint mStrokePoint{0, 0}; // the pen's last place in the stroke, on the screen
-    CpPoint mAnchor{0, 0};      // inside the column and the row being resized
+    CpPoint mStrokePoint{0, 0}; // the pen's last position in the stroke, in view pixels
+    CpPoint mAnchor{0, 0};      // a document pixel inside the column or row to resize
     bool mResizeMode = false;
-    bool mSelectionActive = false; // a header selection is shown
-    // (first, 0, last, 0) for columns and (0, first, 0, last) for rows.
+    bool mSelectionActive = false; // a selection made in a header is shown
+    // (first, 0, last, 0) for columns and (0, first, 0, last) for rows, in document
+    // pixels.
     CpRect mSelection;
     std::string mLastComment;
 };

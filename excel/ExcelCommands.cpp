@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What is done with a selection.
+// Commands on a selection: hiding, sorting, copying.
 #include "excel/Excel.h"
 #include "view/TextHelpers.h"
 
@@ -13,15 +13,15 @@
 namespace {
 
 constexpr int32_t COPY_CAPACITY = 4096; // UTF-16 units
-constexpr int32_t COLUMN_LOOKUP_Y = 10; // the document row where columns are looked up
+constexpr int32_t COLUMN_LOOKUP_Y = 10; // the document row at which the column is looked up
 
 struct FileClose {
     void operator()(FILE* file) const { std::fclose(file); }
 };
 using File = std::unique_ptr<FILE, FileClose>;
 
-// Makes or empties a regular file; null for anything else. Never waits for the
-// other end of a pipe.
+// Opens a regular file for writing, which is created or emptied. Returns null on
+// failure and for anything but a regular file. Does not block on a FIFO.
 File prvOpenForWriting(const char* path) {
     if (path == nullptr) {
         return nullptr;
@@ -44,9 +44,9 @@ void prvWrite(const std::string& text, const char* path) {
     const File file = prvOpenForWriting(path);
     if (file == nullptr) {
         std::fputs("Excel::copySelection: fileptr is null", stdout);
-        std::fflush(stdout); // no line feed would
+        std::fflush(stdout); // the text has no line feed, which would flush it
     } else if (std::fwrite(text.data(), 1, text.size(), file.get()) != 4) {
-        // Any other length counts as a failure; those who read the log know it so.
+        // Every length but 4 is reported as a failure: readers of the log expect that.
         std::fputs("Failure writing\n", stderr);
     }
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Pens and taps. A stroke that begins on the cells scrolls; one that begins on
-// the headers selects columns or rows, or in resize mode moves a border.
+// Pens and taps. A stroke that begins on the cells scrolls. A stroke that begins on
+// the headers selects columns or rows or, in resize mode, moves a border.
 #include "excel/Excel.h"
 #include "raster/Saturate.h"
 #include "view/JsonReply.h"
@@ -11,10 +11,10 @@
 
 namespace {
 
-// In resize mode headers can be caught twice as deep as they are drawn.
+// In resize mode the touch area of headers is twice as deep as drawn.
 constexpr int RESIZE_DEPTH = 2;
-// A stroke of more pixels than this selects; taps closer than this to a border
-// of the headers are none on a column or row.
+// In pixels: a longer stroke selects; a tap closer to a border of the headers does
+// not select.
 constexpr int SELECTING_STROKE = 5;
 constexpr int BORDER_WIDTH = 5;
 
@@ -71,7 +71,8 @@ void Excel::beginStroke(const Tracks& tracks, const CpPoint& pen, bool& resizes,
     int length = 0;
     anchor = documentPoint(pen).*tracks.along;
     trackAt(tracks, anchor, start, length);
-    // The nearer border is meant, and that at a track's start is the one before's.
+    // A stroke in the first half of a track moves the border at its start, that is the
+    // end of the track before it.
     if (mResizeMode && anchor < saturatedSum(start, length / 2)) {
         anchor = saturatedDifference(start, 1);
     }
@@ -95,7 +96,8 @@ bool Excel::handlePenMove(int x, int y) {
     return true;
 }
 
-// In the pixels of the strip, which are taken for those of the document.
+// Draws the guide at the pen's document pixel, used as a coordinate in the header
+// strip without converting it.
 void Excel::drawGuide(const Tracks& tracks, const CpPoint& pen, uint32_t colour) {
     const int place = documentPoint(pen).*tracks.along;
     if (&tracks == &COLUMN_TRACKS) {
@@ -147,7 +149,7 @@ void Excel::finishResize(const Tracks& tracks, const CpPoint& pen) {
     InvalidateScreen();
 }
 
-// The window is moved only when the contact already began outside of it: one
+// Moves the window only if the contact began at a position outside it. So a single
 // long drag renders nothing.
 void Excel::finishScroll(const CpPoint& pen) {
     if (mClicked || mFlicking || mGestureActive) {
@@ -224,12 +226,12 @@ bool Excel::dropSelection() {
     return true;
 }
 
-// False on a border, which selects nothing.
+// False for a tap on a border, which selects nothing.
 bool Excel::selectTapped(const Tracks& tracks, const CpPoint& tap, ClientMessageId notice) {
     const int place = documentPoint(tap).*tracks.along;
     int start = 0;
     int length = 0;
-    // Also a little before a border the track behind it is the one asked for.
+    // Slightly before a border, this looks up the track after it.
     trackAt(tracks, saturatedSum(place, BORDER_WIDTH), start, length);
     if (std::abs(static_cast<long long>(place) - start) < BORDER_WIDTH) {
         return false;
@@ -240,8 +242,8 @@ bool Excel::selectTapped(const Tracks& tracks, const CpPoint& tap, ClientMessage
     return true;
 }
 
-// Remembers what the tapped cell says, also when that is nothing; true when it
-// is something.
+// Stores the comment of the tapped cell in mLastComment, also if it has none. True
+// if it has one.
 bool Excel::readComment(int lastx, int lasty) {
     uint16_t text[COMMENT_CAPACITY] = {};
     int32_t length = 0;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Where the sheet, its surfaces and the view lie, and what moves them: zooms
-// and glides.
+// The positions of the sheet, its surfaces and the view, and the operations that
+// change them: zooms and glides.
 #include "excel/Excel.h"
 #include "raster/Saturate.h"
 #include "view/ModuleArguments.h"
@@ -11,8 +11,8 @@
 
 namespace {
 
-// Has the module paint into a header strip, one made anew where another size is
-// wanted. The strip before stays when the module refuses the new one.
+// Gives the module a header strip to paint into. Creates a new strip if the size has
+// changed, but keeps the previous one if the module refuses the new one.
 void prvFit(void* doc, decltype(&stg_set_row_offscreen_buffer) setBuffer, std::unique_ptr<CpPixmap>& strip,
             int width, int height) {
     const auto give = [&](CpPixmap& pixmap) {
@@ -30,21 +30,22 @@ void prvFit(void* doc, decltype(&stg_set_row_offscreen_buffer) setBuffer, std::u
     }
 }
 
-// An edge of the window whose middle is the view's, inside the sheet's first
-// edge. The window keeps its size also at the end of int.
+// The first edge of a window centred on the view, at least 0. It is limited so that
+// the other edge does not overflow int.
 int prvWindowEdge(int scroll, int viewLength, int windowLength) {
     const long long edge = static_cast<long long>(scroll) - windowLength / 2 + viewLength / 2;
     return static_cast<int>(std::clamp<long long>(edge, 0, INT_MAX - windowLength));
 }
 
-// An axis of mScroll, after a zoom by ratio, for the tapped point to come to the
-// middle of the cells. Lengths and headers are those before the zoom.
+// The position of one axis of mScroll that centres the tapped point in the cells
+// after a zoom by ratio. `header` is the header's width or height before the zoom.
 int prvCentred(int scroll, int point, int header, int viewLength, double ratio) {
     const double tapped = static_cast<double>(scroll) + point - header;
     return saturateToInt(ratio * tapped - 0.5 * (viewLength - header * ratio));
 }
 
-// How far an axis of mScroll may go after a zoom by ratio.
+// The highest position of one axis of mScroll after a zoom by ratio. The lengths are
+// those before the zoom.
 int prvFurthest(int sheetLength, int header, int viewLength, double ratio) {
     return saturateToInt(header * ratio + (sheetLength * ratio - viewLength));
 }
@@ -90,7 +91,7 @@ int Excel::layOut() {
     mModule.stg_cell_bounds(mDocument, mCurrentSheet, -1, -1, &left, &top, &rowHeaderWidth,
                             &columnHeaderHeight);
     refreshCommentMarks();
-    // Never without pixels: a module refuses such a strip.
+    // At least one pixel, because modules refuse sizes below 1.
     prvFit(mDocument, mModule.stg_set_row_offscreen_buffer, mRowHeaders,
            std::clamp(rowHeaderWidth, 1, length), length);
     prvFit(mDocument, mModule.stg_set_column_offscreen_buffer, mColumnHeaders, length,
@@ -116,7 +117,8 @@ void Excel::recenterDocument() {
 }
 
 bool Excel::clampPosition(int& x, int& y) const {
-    // The last column and row can be brought beside the headers in full.
+    // Adds the headers, which cover part of the view, so that the last column and row
+    // can be shown completely.
     const CpPoint header = corner();
     return clampPosition(x, y, saturateToInt(static_cast<long long>(mSheetWidth) - mWidth + header.x),
                          saturateToInt(static_cast<long long>(mSheetHeight) - mHeight + header.y));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The cells and what is drawn over them, and how they and the headers get into
+// Rendering the cells, drawing marks over them, and copying cells and headers into
 // the client's frame buffer.
 #include "excel/Excel.h"
 #include "raster/Saturate.h"
@@ -33,8 +33,9 @@ void prvDrawSquares(uint32_t* row, unsigned int width, unsigned int x, bool odd)
     }
 }
 
-// The ground, fixed to the document: position is that of the frame's first
-// pixel, and may be negative. There are two kinds of rows only.
+// Draws the chequered background, which is fixed to the document. `position` is the
+// document pixel of the frame's first pixel and may be negative. There are only two
+// different rows, so all others are copies.
 void prvDrawGround(uint32_t* frame, int width, int height, const CpPoint& position) {
     const uint32_t* finished[2] = {nullptr, nullptr};
     const auto columns = static_cast<unsigned int>(width);
@@ -91,7 +92,7 @@ void Excel::drawScreen(unsigned int* frameBuffer) {
     const CpPoint header = corner();
     const CpPoint toScreen(saturatedDifference(0, mScroll.x), saturatedDifference(0, mScroll.y));
 
-    // The corner between the headers moves with a sheet that is off its edge.
+    // The corner between the headers moves with the sheet if mScroll is negative.
     CpRect box(0, 0, header.x, header.y);
     box.Offset(std::max(0, toScreen.x), std::max(0, toScreen.y));
     screen.DrawAlphaRectOnPix(box, WHITE);
@@ -117,7 +118,7 @@ void Excel::drawScreen(unsigned int* frameBuffer) {
 void Excel::drawScreenFragment(unsigned int* frameBuffer, const CpRect& screenRect,
                                const CpRect& sourceRect) {
     const CpPoint header = corner();
-    // The cells make room for the headers.
+    // The cells are shifted and cut to make room for the headers.
     const CpPoint at(screenRect.Left() + header.x, screenRect.Top() + header.y);
     const CpRect cells(sourceRect.Left(), sourceRect.Top(), sourceRect.Right() - header.x,
                        sourceRect.Bottom() - header.y);
@@ -125,10 +126,11 @@ void Excel::drawScreenFragment(unsigned int* frameBuffer, const CpRect& screenRe
         from.CopyBitsTo(part, frameBuffer, CpRect(to, to), mWidth);
     };
 
-    // Headers are always at the edges of the screen, and end there.
+    // The headers are always at the top and left edges of the screen.
     copy(*mColumnHeaders, CpRect(cells.Left(), 0, cells.Right(), std::min(header.y, mHeight)),
          CpPoint(at.x, 0));
-    // Row headers give way where less of the rows is seen than is free above them.
+    // The row headers are left out if the cells start further down than their visible
+    // part is high.
     if (at.y < cells.Height()) {
         copy(*mRowHeaders, CpRect(0, cells.Top(), std::min(header.x, mWidth), cells.Bottom()),
              CpPoint(0, at.y));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Pinches: the module renders nothing until the fingers are off, so what is
-// shown meanwhile is the last frame, scaled.
+// Pinches: the module renders nothing until the pinch ends. Until then, paints show
+// the last frame, scaled.
 #include "excel/Excel.h"
 #include "raster/Saturate.h"
 #include "view/PinchGeometry.h"
@@ -10,17 +10,17 @@
 
 namespace {
 
-// The part of the last frame that a zoom into it shows: about a middle, but
-// inside the frame. scale is above 1.
+// One axis of the part of the last frame that fills the screen when zooming in: it
+// is centred on `middle`, but stays inside the frame. scale is above 1.
 Extent prvSource(double middle, int viewLength, double scale) {
     const double length = viewLength / scale;
     const double from = std::clamp(middle - length / 2, 0.0, viewLength - length);
     return {saturateToInt(from), saturateToInt(from + length)};
 }
 
-// Where on the screen a zoom out of the last frame shows it: in the middle, but
-// towards an edge of the screen when half of the shrunk view reaches past that
-// edge of the sheet. scale is below 1.
+// One axis of the place of the last frame on the screen when zooming out: in the
+// centre, but towards an edge of the screen if half of the shrunk view reaches past
+// that edge of the sheet. scale is below 1.
 Extent prvTarget(int scroll, int sheetLength, int viewLength, double scale) {
     const double length = viewLength * scale;
     const double reach = length / 2;
@@ -50,7 +50,7 @@ bool Excel::handleGestureChange(double scale, double /*unused*/) {
 void Excel::handlePaintGesture(unsigned int* frameBuffer) {
     const double scale = mGestureRequestScale;
     if (scale > 1.0) {
-        // About the middle of the sheet, wherever on the screen that is.
+        // Centred on the middle of the sheet and not of the screen.
         const int halfWidth = mSheetWidth / 2;
         const int halfHeight = mSheetHeight / 2;
         magnifyLastFrame(frameBuffer, scale,

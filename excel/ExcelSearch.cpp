@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Search on the sheet shown. The module finds all hits at once; their regions
-// are in document pixels and fetched again after a zoom.
+// Search on the current sheet. The module finds all hits at once. Their regions are in
+// document pixels and are fetched again after a zoom.
 #include "excel/Excel.h"
 #include "raster/Saturate.h"
 #include "view/JsonReply.h"
@@ -61,8 +61,8 @@ int Excel::previousResult() {
     return stepResult(-1);
 }
 
-// Round and round. An index that an earlier search left behind counts from where
-// it would be.
+// Goes to the next or previous hit; after the last comes the first. mCurrentResult
+// may be too large, from an earlier search, so it is first reduced modulo the count.
 int Excel::stepResult(int step) {
     if (mCurrentResult < 0 || mFound.empty()) {
         return 0;
@@ -94,8 +94,8 @@ int Excel::ReinitSearchRects() {
     return 0;
 }
 
-// Drawn relative to the window, whereas centring takes regions for what they
-// are: agreed so.
+// Draws the mark of the current hit. Adds the window's position to the region, unlike
+// centreOnCurrentRegion(): clients expect it.
 int Excel::drawCurrentResult(CpPixmap* frame) {
     const stg_region* region = currentRegion();
     if (region == nullptr) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The sheets of the document, and what it says of itself.
+// The list of sheets and the document's properties.
 #include "excel/Excel.h"
 #include "view/DocumentList.h"
 #include "view/DocumentProperties.h"

@@ -4,12 +4,12 @@
 #include "modules/STGFunc.h"
 #include "raster/CpPoint.h"
 
-// What there is to columns and rows alike, so that what works on one of them
-// works on both: each lies at a place on its axis, and any document pixel inside
-// it stands for it.
+// Columns and rows are called tracks. This record describes one of the two kinds, so
+// that the same code works for both. The module identifies a track by any document
+// pixel inside it.
 struct Tracks {
-    int CpPoint::*along;  // the axis that they follow one another on
-    int CpPoint::*across; // the other one
+    int CpPoint::*along;  // the axis on which the tracks follow each other
+    int CpPoint::*across; // the other axis
     // The module's functions for them.
     decltype(STGFunc::stg_resize_column) STGFunc::*resize;
     decltype(STGFunc::stg_select_column) STGFunc::*select;

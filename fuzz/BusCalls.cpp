@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Any text as the payload of any method, with a document open. Input: lines of
-// a method's number in one byte and a payload.
+// Calls bus methods with any payload while a document is open. Input: lines of one byte
+// with the method's number, followed by the payload.
 #include "fuzz/FuzzedService.h"
 
 #include <algorithm>

@@ -37,7 +37,7 @@ void addCategory(const char* category, const HubMethod* table) {
     }
 }
 
-// The segment's identifier must be one that a client may hand out.
+// Creates a segment with an identifier that the service accepts for a state segment.
 int makeSegment(size_t size) {
     int id = shmget(IPC_PRIVATE, size, IPC_CREAT | 0600);
     while (id >= 0 && id < 4096) {

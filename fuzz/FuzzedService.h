@@ -5,12 +5,13 @@
 #include <cstdint>
 #include <string>
 
-// Call once, from LLVMFuzzerInitialize: an IPC namespace of the program's own,
-// the methods registered with the fake bus, output thrown away.
+// Enters a new IPC namespace, registers the methods with the fake bus and discards
+// standard output. Call it once, from LLVMFuzzerInitialize. Ends the program on failure.
 void startFuzzedService();
 
-// One word-processing document with a frame buffer, opened with a state record
-// of the given bytes (fewer than 28: none), destroyed at the end. Its docid is 0.
+// Opens a word-processing document, with docid 0, and a frame buffer. Its state record
+// has the first 28 of the given bytes; with fewer there is none. The destructor closes
+// all documents and removes the segments.
 class FuzzedDocument {
 public:
     FuzzedDocument(const uint8_t* state, size_t stateSize);
@@ -23,5 +24,5 @@ private:
     int mState;
 };
 
-// Calls a method by its number among all of all categories.
+// Calls a method by its index in all methods of all categories, modulo their number.
 void callMethod(size_t number, const std::string& payload);

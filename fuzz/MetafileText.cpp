@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// Any bytes as a metafile of a slide. Input: the metafile. What is read must be
-// text whose runs follow each other, and of which any part has its boxes.
+// Reads any bytes as the metafile of a slide. Input: the metafile. Checks that the runs
+// of the text are in order and inside the text, and that the boxes of every part of it
+// are valid.
 #include "engine/layout/MetafileText.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// Any records on the queue, for a document restored from any state record.
-// Input: 28 bytes of state, then records of one byte of type and 20 of text;
-// the high bit of the type's byte makes a paint follow.
+// Handles any client records for a document with any state record. Input: 28 bytes of
+// state, then records of one byte for the type and 20 bytes of text. If the high bit
+// of the type's byte is set, a paint request follows.
 #include "channel/DocAdapterCommon.h"
 #include "fuzz/FuzzedService.h"
 #include "service/RenderWorker.h"
@@ -21,7 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         ClientServerMessage message(data[at] & 0x7F, 0);
         std::memcpy(&message.docid, data + at + 1, ClientServerMessage::TEXT_SIZE);
         if ((data[at + 1] & 1) == 0) {
-            message.docid = 0; // most records are for the document that is there
+            message.docid = 0; // so that about half of the records are for the open document
         }
         serveMessage(message);
         if ((data[at] & 0x80) != 0) {

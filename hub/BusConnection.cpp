@@ -9,12 +9,13 @@
 namespace hub {
 namespace {
 
-// Flags and answers of RequestName, as the D-Bus specification numbers them.
+// A flag and a reply of RequestName, with the numbers of the D-Bus specification.
 constexpr guint32 DO_NOT_QUEUE = 4;
 constexpr guint32 PRIMARY_OWNER = 1;
 
-// The bus that activates a process tells it so in its environment; a process
-// started otherwise, by a service manager for one, belongs to the session.
+// A bus that starts a process names its type in the process's environment. A
+// process that was started otherwise, for example by a service manager, uses the
+// session bus.
 GBusType busType() {
     const char* starter = g_getenv("DBUS_STARTER_BUS_TYPE");
     return starter != nullptr && std::string_view(starter) == "system" ? G_BUS_TYPE_SYSTEM
@@ -27,7 +28,8 @@ TextPtr busAddress(GError** cause) {
     return TextPtr(g_dbus_address_get_for_bus_sync(busType(), nullptr, cause));
 }
 
-// Calls the bus itself. parameters is floating and taken over; null on failure.
+// Calls a method of the bus itself. Takes ownership of `parameters`, a floating
+// reference. Returns null, with the error filled, on failure.
 VariantPtr callBus(GDBusConnection* connection, const char* method, GVariant* parameters,
                    const GVariantType* replyType, const std::string& action, HubError* error) {
     GError* cause = nullptr;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The road to the bus, and names on it.
+// Connecting to the bus and owning a name on it.
 #pragma once
 
 #include "hub/GLibHolders.h"
@@ -7,16 +7,18 @@
 
 namespace hub {
 
-// A connection of its own to the bus that started the process, else to the
-// session's; never the one that other code of the process shares. Its loss does
-// not end the process. Null on failure.
+// Opens a private connection to the bus that started the process, or else to the
+// session bus. Losing the connection does not end the process. Returns null, with
+// the error filled, on failure.
 ObjectPtr<GDBusConnection> connectToBus(HubError* error);
 
-// Fails with HUB_ERROR_NAME_TAKEN when the name has an owner.
+// True if the name has no owner. Otherwise fails with HUB_ERROR_NAME_TAKEN, or with
+// HUB_ERROR_BUS if the bus does not answer.
 bool checkNameIsFree(GDBusConnection* connection, const char* name, HubError* error);
 
-// Takes the name or fails at once with HUB_ERROR_NAME_TAKEN: no place in a queue
-// is kept, and nobody can take the name away later.
+// Becomes the owner of the name, or fails at once with HUB_ERROR_NAME_TAKEN (or
+// HUB_ERROR_BUS). Does not queue for the name, and does not let others replace
+// the owner later.
 bool takeName(GDBusConnection* connection, const char* name, HubError* error);
 
 } // namespace hub

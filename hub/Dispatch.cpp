@@ -7,10 +7,10 @@
 
 #include <string_view>
 
-// Lives on the stack of the dispatch of one call.
+// One method call, on the stack of dispatch().
 struct HubMessage {
     GDBusMessage* call;
-    const char* payload; // inside call
+    const char* payload; // owned by call
     bool replied = false;
 };
 
@@ -32,8 +32,8 @@ bool send(GDBusConnection* connection, GDBusMessage* reply, HubError* error) {
     return failFromBus(error, "can't send the reply", cause);
 }
 
-// Ends a call that its handler left open. Nobody is left to tell when this
-// can't be sent: the bus is gone then.
+// Replies to a call that its handler did not answer. Errors of sending are ignored,
+// because the connection is lost then.
 void closeCall(GDBusConnection* connection, GDBusMessage* call, bool handled) {
     if (!wantsReply(call))
         return;
@@ -44,7 +44,7 @@ void closeCall(GDBusConnection* connection, GDBusMessage* call, bool handled) {
     send(connection, reply.get(), nullptr);
 }
 
-// GDBus delivers only methods that the table names.
+// GDBus delivers only methods of the table, so the search always ends.
 const HubMethod& findMethod(const HubMethod* table, std::string_view name) {
     while (table->name != name)
         ++table;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// From calls on the bus to handlers, and back.
+// Passes method calls from the bus to handlers and their replies back.
 #pragma once
 
 #include "hub/hubservice.h"
@@ -8,10 +8,10 @@ namespace hub {
 
 struct Category;
 
-// Puts the category on its handle's connection: GDBus delivers each call whose
-// object, interface, method and signature fit, and answers all others with the
-// standard errors. The category must stay where it is for as long as the
-// connection lives.
+// Exports the category's object on its handle's connection. GDBus delivers the
+// calls whose object, interface, method and signature match, and answers all
+// others with the standard errors. GDBus keeps the category's address, so it must
+// stay valid as long as the connection.
 bool exportCategory(Category& category, const char* path, HubError* error);
 
 } // namespace hub

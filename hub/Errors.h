@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Filling a HubError.
+// Functions that fill a HubError.
 #pragma once
 
 #include "hub/hubservice.h"
@@ -10,12 +10,12 @@
 
 namespace hub {
 
-// Puts code and message into the error, in place of what it held; a null error
-// is left alone. Returns false, so that a failing function can return it.
+// Replaces the contents of the error by code and message. Does nothing if the error
+// is null. Always returns false, so that a failing function can return the result.
 bool fail(HubError* error, int code, const std::string& message);
 
-// The same for a failure that GLib reported while doing what action names; the
-// code is HUB_ERROR_BUS.
+// The same for a failure that GLib reported, with the code HUB_ERROR_BUS and the
+// message "ACTION: CAUSE". The caller keeps `cause`.
 bool failFromBus(HubError* error, const std::string& action, const GError* cause);
 
 } // namespace hub

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Owners of GLib's reference-counted and allocated objects.
+// Smart pointers that own GLib's reference-counted and allocated objects.
 #pragma once
 
 #include <gio/gio.h>

@@ -24,15 +24,15 @@ struct Category {
 
 } // namespace hub
 
-// Made by HubRegister and never destroyed: GDBus calls into its categories as
-// long as the connection lives, which is as long as the process.
+// Created by HubRegister and never destroyed: the connection lives as long as the
+// process, and GDBus may call into the categories all that time.
 struct HubHandle {
     HubHandle(const char* serviceName, hub::ObjectPtr<GDBusConnection> bus)
         : name(serviceName), connection(std::move(bus)), context(g_main_context_ref_thread_default()) {}
 
     std::string name;
     hub::ObjectPtr<GDBusConnection> connection;
-    hub::ContextPtr context; // where GDBus delivers the calls
+    hub::ContextPtr context; // the context in which GDBus delivers the calls
     std::vector<std::unique_ptr<hub::Category>> categories;
     bool attached = false;
 };

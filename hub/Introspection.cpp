@@ -8,10 +8,10 @@
 namespace hub {
 namespace {
 
-// A reference count of -1 marks records that GLib neither counts nor frees.
+// GLib neither counts references to a record with this count nor frees it.
 constexpr gint NOT_COUNTED = -1;
 
-// GLib's records hold pointers to non-const text that it only reads.
+// GLib's records have char* members, but GLib only reads the text.
 char* readOnly(const char* text) {
     return const_cast<char*>(text);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What D-Bus tools are told about a category.
+// The introspection data of a category, which GDBus needs and D-Bus tools show.
 #pragma once
 
 #include "hub/hubservice.h"
@@ -11,13 +11,14 @@
 
 namespace hub {
 
-// The description of an interface whose methods are those of a table, each with
-// one string "payload" in and one string "reply" out. GLib keeps pointers into
-// it while the interface is exported; so it stays where it was made.
+// Describes an interface with the methods of a table. Each method has one string
+// argument "payload" in and one string "reply" out. GLib keeps pointers into the
+// description while the interface is exported, so it can be neither copied nor
+// moved.
 class InterfaceDescription {
 public:
-    // REQUIRES: a valid interface name, and a table that findTableFault passes.
-    // The table must outlive the description.
+    // REQUIRES: the interface name is valid, findTableFault() finds nothing wrong
+    // with the table, and the table outlives the description.
     InterfaceDescription(std::string name, const HubMethod* methods);
     InterfaceDescription(const InterfaceDescription&) = delete;
     InterfaceDescription& operator=(const InterfaceDescription&) = delete;
@@ -27,11 +28,11 @@ public:
 private:
     std::string mName;
     std::vector<GDBusMethodInfo> mMethods;
-    std::vector<GDBusMethodInfo*> mMethodList; // null at its end
+    std::vector<GDBusMethodInfo*> mMethodList; // terminated by null
     GDBusInterfaceInfo mInfo{};
 };
 
-// What is wrong with a method table, or an empty text.
+// Returns a description of the first fault in a method table, or an empty text.
 std::string findTableFault(const HubMethod* methods);
 
 } // namespace hub

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// From a name to a service on the bus.
+// Registering a service and its categories.
 #include "hub/BusConnection.h"
 #include "hub/Dispatch.h"
 #include "hub/Errors.h"
@@ -13,13 +13,14 @@ namespace hub {
 namespace {
 
 std::vector<std::unique_ptr<HubHandle>>& allHandles() {
-    // Reachable until the very end: handlers may still run on the loop's thread
-    // while another one calls exit().
+    // Never destroyed: handlers may still run on the loop's thread while another
+    // thread calls exit().
     static auto* handles = new std::vector<std::unique_ptr<HubHandle>>;
     return *handles;
 }
 
-// GDBus writes from a thread of its own, which exit() would cut short.
+// GDBus sends messages on a thread of its own. Without this, exit() would drop the
+// replies that it has not sent yet.
 void sendWhatIsLeft() {
     for (const auto& handle : allHandles())
         g_dbus_connection_flush_sync(handle->connection.get(), nullptr, nullptr);
@@ -35,7 +36,7 @@ bool isEmptyTable(const Entry* table) {
     return table == nullptr || table->name == nullptr;
 }
 
-// "/events" of the service NAME is the interface NAME.events.
+// The category "/events" of the service NAME has the interface NAME.events.
 std::string interfaceOf(const std::string& service, std::string category) {
     std::replace(category.begin(), category.end(), '/', '.');
     return service + category;

@@ -6,7 +6,8 @@
 namespace hub {
 namespace {
 
-// Bytes of the character that a byte begins; 0 for a byte that begins none.
+// The length in bytes of the character that starts with this byte; 0 if no character
+// can start with it.
 size_t characterLength(unsigned char lead) {
     if (lead < 0x80)
         return 1;

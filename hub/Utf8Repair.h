@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Making texts fit for the bus, which carries valid UTF-8 only.
+// Repairs texts for the bus, which transmits only valid UTF-8.
 #pragma once
 
 #include "hub/GLibHolders.h"
@@ -8,12 +8,11 @@
 
 namespace hub {
 
-// The text, or as much of it as is left when a character that its end cuts off
-// is left out. Other faults stay.
+// Returns the text without an incomplete character at its end. Other faults stay.
 std::string_view withoutCutCharacter(std::string_view text);
 
-// A valid copy of the text: without a character that its end cuts off, and
-// with U+FFFD for each other byte that belongs to no character.
+// Returns a valid copy of the text: without an incomplete character at its end, and
+// with U+FFFD in place of every other byte that is not part of a character.
 TextPtr validUtf8(std::string_view text);
 
 } // namespace hub

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// Loading for the three function tables; not for use outside modules/. A view
-// cannot do anything without its module, so every failure ends the process
-// with the loader's own message on standard error and exit status 1.
+// Loads modules for the three function tables. Private to modules/. A view cannot
+// work without its module, so every failure writes the loader's message to standard
+// error and ends the process with exit status 1.
 #pragma once
 
 #include <dlfcn.h>
@@ -14,8 +14,8 @@
     std::exit(1);
 }
 
-// Opens a module by its bare name on the loader's search path. Static, so that
-// dlopen is called from the program itself, whose run path then counts.
+// Opens a module by its bare name on the loader's search path. The function is
+// static, so that dlopen is called from the program itself and uses its run path.
 static void* OpenModule(const char* fileName) {
     void* handle = dlopen(fileName, RTLD_LAZY);
     if (handle == nullptr) {

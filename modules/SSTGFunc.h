@@ -30,18 +30,19 @@
     X(sstg_stop_find)
 // clang-format on
 
-// The bound presentation module. Reached through Singleton<SSTGFunc>; members are null
-// until SetFunctionPointers has run, and stale once the last view of this kind
-// is gone. Filled under the registry's mutex, read without further locking.
+// The functions of the loaded presentation module. There is one table, in
+// Singleton<SSTGFunc>. Its members are null until SetFunctionPointers() has run, and
+// dangling after the last view of this kind has closed the module. All access
+// happens with the registry's mutex locked.
 struct SSTGFunc {
 // NOLINTNEXTLINE(bugprone-macro-parentheses): a member's name takes none
 #define LECTERN_MEMBER(name) decltype(&::name) name = nullptr;
     SSTG_FUNCTIONS(LECTERN_MEMBER)
 #undef LECTERN_MEMBER
 
-    // Opens "SlideshowToGoModule.so" by its bare name, resolves every member and returns
-    // the module's handle, which the caller closes with dlclose. A module that
-    // cannot be loaded or that lacks a function ends the process: the loader's
-    // message goes to standard error, the exit status is 1.
+    // Opens "SlideshowToGoModule.so" by its bare name, sets every member and returns
+    // the module's handle, which the caller closes with dlclose. If the module cannot
+    // be loaded or lacks a function, writes the loader's message to standard error
+    // and ends the process with exit status 1.
     void* SetFunctionPointers();
 };

@@ -3,8 +3,8 @@
 
 #include "modules/SheetToGoModule.h"
 
-// Every function of the spreadsheet module, in the order of the table. Two
-// stand out of alphabetical order, as agreed with those who make modules.
+// Every function of the spreadsheet module, in the order of the table. The order is
+// alphabetical with two exceptions, which are part of the module interface.
 // clang-format off
 #define STG_FUNCTIONS(X) \
     X(stg_autofit_column) \
@@ -52,18 +52,19 @@
     X(stg_get_cell_reference_at_location)
 // clang-format on
 
-// The bound spreadsheet module. Reached through Singleton<STGFunc>; members are null
-// until SetFunctionPointers has run, and stale once the last view of this kind
-// is gone. Filled under the registry's mutex, read without further locking.
+// The functions of the loaded spreadsheet module. There is one table, in
+// Singleton<STGFunc>. Its members are null until SetFunctionPointers() has run, and
+// dangling after the last view of this kind has closed the module. All access
+// happens with the registry's mutex locked.
 struct STGFunc {
 // NOLINTNEXTLINE(bugprone-macro-parentheses): a member's name takes none
 #define LECTERN_MEMBER(name) decltype(&::name) name = nullptr;
     STG_FUNCTIONS(LECTERN_MEMBER)
 #undef LECTERN_MEMBER
 
-    // Opens "SheetToGoModule.so" by its bare name, resolves every member and returns
-    // the module's handle, which the caller closes with dlclose. A module that
-    // cannot be loaded or that lacks a function ends the process: the loader's
-    // message goes to standard error, the exit status is 1.
+    // Opens "SheetToGoModule.so" by its bare name, sets every member and returns the
+    // module's handle, which the caller closes with dlclose. If the module cannot be
+    // loaded or lacks a function, writes the loader's message to standard error and
+    // ends the process with exit status 1.
     void* SetFunctionPointers();
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Making, opening and remembering a view.
+// Construction, opening a file, and saving and restoring the state.
 #include "ppt/PPT.h"
 
 #include "view/ModuleArguments.h"
@@ -42,7 +42,7 @@ int PPT::initializePPT() {
     mBaseScale = fit;
     mMinScale = fit;
     mMaxScale = 4.0 * fit;
-    // A pinch to a limit may end a rounding beyond it.
+    // A pinch to a limit may have ended slightly beyond it, by a rounding error.
     constexpr double ROUNDING = 1e-9;
     const bool sensible = mScale >= mMinScale * (1 - ROUNDING) && mScale <= mMaxScale * (1 + ROUNDING);
     if (!mScaleRestored || !sensible) {

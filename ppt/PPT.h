@@ -13,62 +13,67 @@
 
 // The view of a presentation.
 //
-// It shows one slide at a time, rendered whole into a surface of the slide's size
-// at the current zoom, which pens and pinches move about. Every slide is shown at
-// the size of the first. In the fit-wide modes the slide lies as wide as the view
-// is high, for a device that is held on its side, and input still counts as if it
-// were upright.
+// It shows one slide at a time. The surface holds the whole slide at the current
+// zoom; pens and pinches move the visible part. All slides are shown at the size of
+// the first. In the fit-wide modes, for a device held on its side, the slide is as
+// wide as the view is high; input coordinates still count as if the device were
+// upright.
 //
-// A document that failed to open has no surface: every call is survived and asks
-// the module nothing. One without slides has nothing to show: its view is black.
+// If the document failed to open, there is no surface: all calls are allowed and do
+// not call the module. The view of a document without slides is black.
 //
-// None of the operations below takes mMutex.
+// None of the operations below locks mMutex.
 class PPT : public OfficeBase {
 public:
-    // Width and height in pixels, at least 1. A data store of 0 has one made.
+    // Width and height are in pixels, at least 1. dataStoreId is the identifier of a
+    // state segment. If it is 0 or cannot be attached, creates a segment.
     PPT(int width, int height, int docId, unsigned int dataStoreId);
     ~PPT() override;
 
-    // With the slide shown, which is restored whatever its number. Until the
-    // document is open, the limits of its zoom are not known: any zoom is restored
-    // that could be one.
+    // Also save and restore the current slide, whose number is not checked. The zoom
+    // limits are unknown until the document is open, so restoring accepts every
+    // finite and positive zoom.
     void SaveStateToDataStore() override;
     void RestoreStateFromDataStore() override;
-    // Also writes the module's code to standard output. There is no password.
+    // Also writes the module's code to standard output. Ignores the password.
     int openFile(const char* path, const char* password) override;
-    // Everything after the module has opened the file; 0.
+    // Sets up the view after the module has opened the file. Always returns 0.
     int initializePPT();
 
-    // Makes the surface anew. Lowers a zoom at which it would have more than 64 MiB.
+    // Creates a new surface. Lowers mScale if the surface would exceed 64 MiB.
     void resizeDocument() override;
-    // Surfaces are whole slides and stay where they are.
+    // Does nothing, because the surface always holds the whole slide.
     void recenterDocument() override {}
-    // 0 or the module's code; 0, after a line on standard error, without a surface.
+    // Renders the current slide. Returns 0 or the module's code. Without a surface,
+    // writes a line to standard error and returns 0.
     int drawOffscreenBuffer() override;
-    // A slide smaller than the view stays in its middle; that axis counts as moved.
+    // A slide smaller than the view is centred in it; that axis counts as changed.
     bool clampPosition(int& x, int& y) const override;
     bool clampPosition(int& x, int& y, int maxX, int maxY) const override;
-    // "left", "right" and "down" say how the device is turned; any other text is
-    // upright. Null turns back, or from upright to _WIDE, which shows nothing.
+    // Sets how the device is turned: "left", "right", "down", or any other text for
+    // upright. Null changes from upright to _WIDE, in which paints are black, and from
+    // every other mode to upright.
     void setFitWideMode(const char* mode);
 
-    // Starts a glide, and asks for no paint: callers do.
+    // Starts a glide. Does not request a paint: callers do.
     bool handleFlick(int vx, int vy) override;
     void handlePaintGesture(unsigned int* frameBuffer) override;
 
-    // Shows a slide, or the first or last for a number beyond, and tells the
-    // client; its number, from 0.
+    // Makes a slide current and notifies the client. Limits the index to the slides
+    // of the document. Returns the slide's number, from 0.
     int jumpToSlide(int index);
     int slideCount() const { return mSlideCount; }
-    // {"list": [...]}, cut after 128 bytes a slide; titles are not escaped.
+    // {"list": [...]}, see view/DocumentList.h.
     std::string getSlideList();
-    // {"note": ...} of the slide shown; empty when it has none.
+    // {"note": ...} for the current slide; empty if it has none.
     std::string getSlideNote();
     std::string getDocProperties() override;
 
-    // On all slides. {"resultcount": 0}, always: clients see hits by their marks.
+    // Searches all slides. Always returns {"resultcount": 0}: users see hits by their
+    // marks.
     std::string doSearch(const char* text) override;
-    // From hit to hit and from slide to slide, round and round.
+    // Go to the next or previous hit, on the same or another slide; after the last
+    // comes the first. Return 0.
     int nextResult() override;
     int previousResult() override;
     int stopFind() override;
@@ -78,7 +83,8 @@ public:
     int ReinitSearchRects() override;
 
 protected:
-    // What regions belong to: the module reports those of what it rendered last.
+    // A slide and the size at which it was rendered. The module returns regions for
+    // its last rendering.
     struct Rendering {
         int slide = -1;
         int width = 0;
@@ -86,11 +92,11 @@ protected:
         bool operator==(const Rendering&) const = default;
     };
 
-    // The slide's size at a zoom, as the surface has it: in even pixels.
+    // The size of the surface at a zoom, in pixels. Both sides are even.
     CpPoint surfaceSize(double scale) const;
-    // The zoom wanted, or the largest below it that there can be a surface for.
+    // The wanted zoom, or the largest lower zoom whose surface fits into 64 MiB.
     double possibleScale(double wanted) const;
-    // The zoom at which the slide is so many pixels wide.
+    // The zoom at which the slide is `pixels` wide.
     double scaleForWidth(int pixels) const;
 
     // Search.
@@ -101,24 +107,24 @@ protected:
     void returnToHitSlide();
     size_t infoOfSlideShown() const;
     bool isSearching() const { return mCurrentResult >= 0 && !mResults.empty(); }
-    // Null when there is none on the slide shown.
+    // Null if the current hit is not on the current slide, or has no rectangles.
     const sstg_find_region* currentRegion() const;
     void centreOnCurrentRegion(bool flag);
 
     SSTGFunc& mModule = Singleton<SSTGFunc>::Instance();
     void* mDocument = nullptr;
-    std::unique_ptr<CpPixmap> mSurface; // what mDocPixmap is
+    std::unique_ptr<CpPixmap> mSurface; // mDocPixmap points to it
     int mCurrentSlide = 0;
     int32_t mSlideCount = 0;
-    int32_t mSlideWidth = 0; // of the first slide, at a zoom of 1; both 0 without one
+    int32_t mSlideWidth = 0; // of the first slide, in pixels at a zoom of 1; both 0 without one
     int32_t mSlideHeight = 0;
-    bool mScaleRestored = false; // the zoom is that of an earlier view
+    bool mScaleRestored = false; // mScale was restored from an earlier view
 
-    // Arrays belong to the module. While a search has hits, mCurrentResult is the
-    // index of the current one among the regions of its slide, mHitSlide that of
-    // the slide among the results.
+    // The module owns these arrays. While a search has hits, mHitSlide is the index in
+    // mResults of the slide with the current hit, and mCurrentResult is the index of
+    // the hit in that slide's regions.
     std::span<const sstg_find_info> mResults;
     std::span<const sstg_find_region> mRegions;
-    Rendering mRegionsOf; // what the regions were fetched for
+    Rendering mRegionsOf; // the rendering that mRegions belongs to
     size_t mHitSlide = 0;
 };

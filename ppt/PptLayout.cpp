@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Where the slide and the view lie, and what is shown of the document.
+// The size of the surface, the position of the view and the current slide.
 #include "ppt/PPT.h"
 #include "raster/Saturate.h"
 
@@ -8,9 +8,9 @@
 
 namespace {
 
-constexpr long long MOST_PIXELS = (64LL << 20) / 4; // of a surface: 64 MiB
-// How many times beyond the zoom limits arithmetic is asked to bear: a pinch's
-// first frame is not held to them.
+constexpr long long MOST_PIXELS = (64LL << 20) / 4; // the limit of a surface: 64 MiB of 4-byte pixels
+// A pinch's first frame is not limited by the zoom limits. Scales are limited to
+// this factor above and below them, to keep arithmetic in range.
 constexpr double BEYOND_LIMITS = 16.0;
 
 int prvEvenLength(int units, double scale) {
@@ -18,7 +18,7 @@ int prvEvenLength(int units, double scale) {
     return length % 2 == 0 ? length : saturatedSum(length, 1);
 }
 
-// One axis; true when it was moved or the slide stays in the middle.
+// Clamps one axis. True if the value was changed or the slide is centred.
 bool prvClampAxis(int& value, int max) {
     if (max < 0) {
         value = max / 2;
@@ -63,7 +63,7 @@ void PPT::resizeDocument() {
     }
     mScale = possibleScale(std::max(mScale, mMinScale / BEYOND_LIMITS));
     const CpPoint size = surfaceSize(mScale);
-    mSurface.reset(); // before there is another: they may be large
+    mSurface.reset(); // frees the old surface first, because both may be large
     mSurface = std::make_unique<CpPixmap>(size.x, size.y);
     mDocPixmap = mSurface.get();
 }

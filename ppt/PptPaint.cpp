@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Rendering, the mark over the current hit, and pinches.
+// Rendering slides, marking the current hit, and painting pinches.
 #include "ppt/PPT.h"
 #include "raster/Saturate.h"
 #include "view/PinchGeometry.h"
@@ -10,8 +10,9 @@ namespace {
 
 constexpr uint32_t CURRENT_HIT_COLOUR = 0x40FF0000;
 
-// The part of the last frame that a zoom into it shows: whole pixels about a
-// middle, moved into the frame where they lie outside. scale is above 1.
+// One axis of the part of the last frame that fills the view when zooming in: it is
+// centred on `middle`, in whole pixels, and moved if it reaches outside the frame.
+// scale is above 1.
 Extent prvSource(double middle, int viewLength, double scale) {
     const double half = 0.5 * viewLength / scale;
     Extent part = {saturateToInt(middle - half), saturateToInt(middle + half)};
@@ -24,9 +25,9 @@ Extent prvSource(double middle, int viewLength, double scale) {
     return part;
 }
 
-// Where in the frame a zoom out of the last one shows it, for an axis of a slide
-// of this length: slide and background shrink together, towards the middle of
-// the view, but not past an edge of the slide. scale is below 1.
+// One axis of the place of the last frame in the view when zooming out. Slide and
+// background shrink together towards the centre of the view, but not past an edge of
+// the slide. slideLength is in pixels before the zoom. scale is below 1.
 Extent prvTarget(int scroll, double slideLength, int viewLength, double scale) {
     const double length = viewLength * scale;
     const int middle = viewLength / 2;
@@ -61,7 +62,7 @@ int PPT::drawOffscreenBuffer() {
     }
     mOffscreenDirty = false;
     if (mSurface->Pixels() == nullptr) {
-        return 0; // no slide, or one too narrow to be seen
+        return 0; // no slide, or a side shrunk to 0 pixels
     }
     return mModule.sstg_render_slide(mDocument, mCurrentSlide, 0, mSurface->Pixels(), mSurface->Width(),
                                      mSurface->Height());
@@ -86,7 +87,8 @@ int PPT::drawCurrentResult(CpPixmap* frame) {
     return 0;
 }
 
-// Nothing larger is shown than there can be a surface for when the pinch ends.
+// Limits the scale to that of the largest possible surface, because the pinch ends
+// with that zoom.
 void PPT::handlePaintGesture(unsigned int* frameBuffer) {
     const double wanted = mScale * mGestureRequestScale;
     const double possible = possibleScale(wanted);
@@ -94,7 +96,7 @@ void PPT::handlePaintGesture(unsigned int* frameBuffer) {
     const double slideWidth = mSlideWidth * mScale;
     const double slideHeight = mSlideHeight * mScale;
     if (scale > 1.0) {
-        // About the middle of the slide, wherever in the view that is.
+        // Centred on the middle of the slide and not of the view.
         const Extent columns = prvSource(slideWidth / 2 - mScroll.x, mWidth, scale);
         const Extent rows = prvSource(slideHeight / 2 - mScroll.y, mHeight, scale);
         magnifyLastFrame(frameBuffer, scale, rectangleOf(columns, rows));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// Search: the module tells which slides have hits, and where on a slide they are
-// once it has rendered that one. Clients may show another slide in between; then
-// nothing is marked, and the steps go on from the hit that was current.
+// Search. The module returns the slides with hits, and the regions of the hits on a
+// slide after it has rendered that slide. If the client shows another slide in
+// between, nothing is marked, and the next step continues from the current hit.
 #include "ppt/PPT.h"
 #include "raster/Saturate.h"
 #include "view/JsonReply.h"
@@ -45,8 +45,9 @@ PPT::Rendering PPT::rendering() const {
     return {mCurrentSlide, mSurface->Width(), mSurface->Height()};
 }
 
-// Has the slide rendered first when that is due anyway: the module knows no
-// regions of any other. False when the module fails, and then there are none.
+// Fetches the regions of the current slide. Renders the slide first if it is dirty,
+// because the module returns the regions of its last rendering. If the module fails,
+// returns false and there are no regions.
 bool PPT::fetchRegions() {
     if (mOffscreenDirty) {
         drawOffscreenBuffer();
@@ -59,7 +60,8 @@ bool PPT::fetchRegions() {
     return fetched;
 }
 
-// The one that has the slide shown, or else the next.
+// The index in mResults of the current slide; if it has no hits, of the next slide
+// that has, or else of the last.
 size_t PPT::infoOfSlideShown() const {
     const auto info = std::find_if(mResults.begin(), mResults.end(),
                                    [this](const auto& i) { return i.slide >= mCurrentSlide; });
@@ -76,7 +78,8 @@ bool PPT::isHitSlideShown() const {
     return mResults[mHitSlide].slide == mCurrentSlide;
 }
 
-// After the client has shown another slide, or the slide at another size.
+// Returns to the slide of the current hit if the client has shown another one, and
+// fetches the regions again if the slide or its size has changed.
 void PPT::returnToHitSlide() {
     if (!isHitSlideShown()) {
         jumpToSlide(mResults[mHitSlide].slide);
@@ -127,7 +130,7 @@ int PPT::previousResult() {
         returnToHitSlide();
     } else {
         goToHitSlide((mHitSlide + mResults.size() - 1) % mResults.size());
-        // A slide may have hits in its notes only; the next step leaves it again.
+        // A slide may have hits only in its notes, and so no regions.
         mCurrentResult = std::max(0, static_cast<int>(mRegions.size()) - 1);
     }
     centreOnCurrentRegion(false);

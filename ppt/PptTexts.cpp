@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the document says of its slides and of itself.
+// The list of slides, slide notes and the document's properties.
 #include "ppt/PPT.h"
 #include "view/DocumentList.h"
 #include "view/DocumentProperties.h"

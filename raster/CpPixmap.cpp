@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Lifetime and the straight copies.
+// Construction, destruction and the copies without rotation.
 #include "raster/CpPixmap.h"
 
 #include "raster/PixelKernels.h"
@@ -10,13 +10,13 @@
 
 namespace {
 
-// Pixels of an image; 0 where a side is empty.
+// The number of pixels of an image; 0 if it is empty.
 size_t pixelCount(const CpRect& bounds) {
     return bounds.Empty() ? 0 : static_cast<size_t>(bounds.Width()) * static_cast<size_t>(bounds.Height());
 }
 
-// The image and, behind it, the furthest that the line fills reach: row
-// Height(), up to column Width() or Height().
+// The pixels of the image and the spare pixels behind it that the line fills may
+// change: row Height(), up to column Width() or Height(), whichever is larger.
 size_t allocatedCount(const CpRect& bounds) {
     return pixelCount(bounds) + static_cast<size_t>(std::max(bounds.Width(), bounds.Height())) + 1;
 }

@@ -6,23 +6,27 @@
 #include <cstddef>
 #include <cstdint>
 
-// Sets count pixels to a colour.
+// Sets `count` pixels to a colour 0xAARRGGBB.
 void FillPixels(uint32_t* pixels, size_t count, uint32_t colour);
 
-// A rectangle of 32-bit pixels 0xAARRGGBB (in memory blue, green, red, alpha),
-// row after row without gaps, that owns its memory or wraps somebody else's.
+// An image of 32-bit pixels 0xAARRGGBB (in memory: blue, green, red, alpha), row
+// after row without gaps. It owns its pixels or wraps those of the caller.
 //
-// The bounds may lie anywhere: views keep the place of a surface in its
-// document in left and top. Source rectangles count from the pixmap's own first
-// pixel all the same. Only the part of a source rectangle inside the pixmap is
-// read; what is cut away leaves its destination pixels untouched. Destinations
-// are the caller's to size, and never overlap the pixmap.
+// The bounds may start anywhere: views keep a surface's position in the document
+// in left and top. Source rectangles are nevertheless relative to the pixmap's
+// first pixel. Only the part of a source rectangle inside the pixmap is copied;
+// the destination pixels of the rest stay unchanged. The caller provides large
+// enough destinations, which must not overlap the pixmap.
+//
+// Not thread-safe, except for concurrent reading.
 class CpPixmap : public CpRect {
 public:
-    // An owned, zeroed pixmap. With an empty or overflowing size there are no pixels.
+    // Allocates zeroed pixels. If the size is empty or overflows int, or out of
+    // memory, there are none and Pixels() is null.
     CpPixmap(int width, int height);
     explicit CpPixmap(const CpRect& bounds);
-    // Wraps width * height pixels of the caller, which must outlive the pixmap.
+    // Wraps width * height pixels, which stay the caller's and must outlive the
+    // pixmap.
     CpPixmap(uint32_t* pixels, int width, int height);
     ~CpPixmap();
 
@@ -31,56 +35,63 @@ public:
 
     uint32_t* Pixels() { return mPixels; }
     const uint32_t* Pixels() const { return mPixels; }
+    // Bytes per pixel.
     static int depth() { return 4; }
-    // Bytes; wraps for a width that no pixmap with pixels has.
+    // Bytes per row. Overflows only for widths for which there are no pixels.
     int pixelsperline() const { return static_cast<int>(static_cast<unsigned>(Width()) * 4U); }
 
-    // Copies s to dst, whose rows are as long as s is wide.
+    // Copies s to dst, whose rows have s.Width() pixels.
     void CopyBits(const CpRect& s, uint32_t* dst) const;
-    // Copies s to dst with its first kept pixel at the top left corner of `at`;
-    // dst has rows of dstStride pixels.
+    // Copies the part of s inside the pixmap to dst. Its first pixel goes to the top
+    // left corner of `at`. The rows of dst have dstStride pixels.
     void CopyBitsTo(const CpRect& s, uint32_t* dst, const CpRect& at, int dstStride) const;
-    // CopyBits to two destinations, which do not overlap, with one reading pass.
+    // CopyBits to two destinations at once, which must not overlap. Reads each pixel
+    // only once from memory.
     void CopyBitsTwice(const CpRect& s, uint32_t* dst, uint32_t* second) const;
-    // Whether a copy of s leaves no pixel of its destination untouched.
+    // Whether s lies inside the pixmap, so that a copy of s changes every pixel of
+    // its destination.
     bool Covers(const CpRect& s) const;
 
-    // Turned copies. The first row or column lands one past the image, as
-    // clients expect it: dst needs W * H + max(W, H) + 1 pixels, W and H being
-    // the size of s, and the turn to the right needs H <= W + 1.
+    // Rotated copies. They are shifted by one row or column, as clients expect: they
+    // write one row or column past the image. dst needs W * H + max(W, H) + 1
+    // pixels, where W and H are the size of s. CopyBitsRotatedRight also requires
+    // H <= W + 1.
     void CopyBitsRotatedLeft(const CpRect& s, uint32_t* dst) const;
     void CopyBitsRotatedRight(const CpRect& s, uint32_t* dst) const;
     void CopyBitsRotated180(const CpRect& s, uint32_t* dst) const;
 
-    // Nearest-neighbour scaling of src into dstRect of a dstWidth * dstHeight
-    // image. A target that sticks out at the side goes on in the neighbouring
-    // row; only the image as a whole is held to. A pixel that would have to be
-    // read from outside the pixmap is left as it is: src may lie outside, and
-    // rounding may step past its edge. Targets above 2^20 pixels a side are ignored.
+    // Scales src into dstRect of an image of dstWidth * dstHeight pixels, by taking
+    // the nearest source pixel to the top left. Does not write outside the image as
+    // a whole, but where dstRect is wider than the image, its rows continue in the
+    // neighbouring rows. A destination pixel whose source pixel lies outside the
+    // pixmap stays unchanged: src may reach outside, and rounding may go past its
+    // edge. Does nothing if a side of dstRect is below 1 or above 2^20 pixels.
     void ScaleCopyToFit(const CpRect& src, uint32_t* dst, const CpRect& dstRect, int dstWidth,
                         int dstHeight) const;
 
-    // Translucent fills: colour 0xAARRGGBB over what is there; the
-    // destination's own alpha stays. All return 0. Lines reach one column and one
-    // row past the image, and triangles left of it or above are not shortened:
-    // owning pixmaps have spare pixels behind the image for that, and nothing is
-    // ever changed behind those, or behind the image of a wrapping pixmap.
+    // Translucent fills: blend the colour 0xAARRGGBB over the pixels, whose own alpha
+    // does not change. All return 0. Lines may reach one column and one row past the
+    // image, and triangles are not shortened at the left and top edges. A pixmap
+    // that owns its pixels has spare ones behind the image for that. Fills never
+    // change memory behind those, or behind the image of a wrapping pixmap.
     // Cuts r to the pixmap in place, then fills it.
     int DrawAlphaRectOnPix(CpRect& r, uint32_t colour);
-    // A right triangle with its legs along the top and the right edge.
+    // A right-angled triangle with its legs along the top and right edges of the
+    // square at (x, y) with this size.
     int DrawAlphaTriOnPix(int x, int y, int size, uint32_t colour);
-    // Rows y0 to y1 of column x, both included and cut to 0 and Height().
+    // Rows y0 to y1 of column x, both inclusive, limited to 0 and Height().
     int DrawVerticalAlphaLine(int x, int y0, int y1, uint32_t colour);
-    // Columns x0 to x1 of row y, both included; x1 is cut to Height(), as agreed.
+    // Columns x0 to x1 of row y, both inclusive. x1 is limited to Height() and not
+    // Width(): callers rely on that.
     int DrawHorizontalAlphaLine(int y, int x0, int x1, uint32_t colour);
 
 private:
     const uint32_t* pixelAt(int x, int y) const { return mPixels + ptrdiff_t{y} * Width() + x; }
-    // Pixels of the memory, counted from the first, that fills may change.
+    // The number of pixels that fills may change, counted from the first.
     size_t reachablePixels() const;
-    // s without what lies outside the pixmap; (0, 0, 0, 0) when nothing is left.
+    // The part of s inside the pixmap, or (0, 0, 0, 0) if there is none.
     CpRect readablePart(const CpRect& s) const;
-    // Where the first pixel of r, the readable part of s, goes in a copy of s.
+    // The offset, in a copy of s, of the first pixel of r, the readable part of s.
     static ptrdiff_t offsetInCopy(const CpRect& r, const CpRect& s) {
         return (ptrdiff_t{r.Top()} - s.Top()) * s.Width() + (ptrdiff_t{r.Left()} - s.Left());
     }

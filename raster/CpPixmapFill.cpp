@@ -5,8 +5,8 @@
 
 #include <algorithm>
 
-// All fills come down to runs of neighbouring pixels. Pixels count from the
-// first of the pixmap and go on from row to row.
+// All fills consist of runs of consecutive pixels. `first` is an index into all
+// pixels of the pixmap, row after row.
 void CpPixmap::blendRun(long long first, long long count, uint32_t colour) {
     const long long end = std::min(first + count, static_cast<long long>(reachablePixels()));
     if (first < end) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Scaling by picking the nearest source pixel, up and left.
+// Scaling by taking the nearest source pixel to the top left.
 #include "raster/CpPixmap.h"
 #include "raster/PixelKernels.h"
 
@@ -10,10 +10,11 @@
 
 namespace {
 
-// Far above any frame at any zoom; bounds tables and loops.
+// Limits the size of tables and the length of loops. Much larger than any frame at
+// any zoom.
 constexpr int MAX_TARGET_SIDE = 1 << 20;
 
-// A range of rows or columns of the destination.
+// A half-open range of rows or columns of the destination.
 struct Range {
     long long first;
     long long end;
@@ -22,13 +23,14 @@ struct Range {
     bool operator==(const Range&) const = default;
 };
 
-// The source row or column for each row or column in a range of the target.
+// A table of the source row or column for each row or column in a range of the
+// target.
 class Positions {
 public:
-    // The range lies in the target, whose targetSize steps from targetFirst on
-    // walk through sourceSize source pixels. The walk is a running sum in
-    // single precision: a product of step and count would round differently,
-    // and take other pixels.
+    // The target starts at targetFirst and has targetSize rows or columns, for
+    // sourceSize of the source. The range lies inside it. Positions are a running
+    // sum in single precision: a product of step and index would round differently
+    // and select other pixels.
     Positions(int sourceFirst, int sourceSize, int targetFirst, int targetSize, const Range& range)
         : mFirst(range.first), mCount(range.count()),
           mTable(new (std::nothrow) int[std::max<size_t>(mCount, 1)]) {
@@ -45,7 +47,7 @@ public:
 
     bool empty() const { return mTable == nullptr || mCount == 0; }
     const int* at(long long target) const { return &mTable[static_cast<size_t>(target - mFirst)]; }
-    // Steps all have the same sign.
+    // All steps have the same sign, so the extremes are at the ends.
     long long min() const { return std::min(mTable[0], mTable[mCount - 1]); }
     long long max() const { return std::max(mTable[0], mTable[mCount - 1]); }
 
@@ -55,16 +57,17 @@ private:
     std::unique_ptr<int[]> mTable;
 };
 
-// Where a scaled picture goes. Pixels of the image count through from row to
-// row, and only that count is held to its size: a target wider than the image
-// goes on in the neighbouring rows, later rows over earlier ones.
+// The destination rectangle of a scaled picture. Writes are limited by the index of
+// a pixel in the whole image, not by its column: rows of a target that is wider
+// than the image continue in the neighbouring rows, and later rows overwrite
+// earlier ones.
 class Target {
 public:
     Target(const CpRect& r, int imageWidth, int imageHeight)
         : mRect(r), mStride(imageWidth), mPixels(static_cast<long long>(imageWidth) * imageHeight) {}
 
     long long stride() const { return mStride; }
-    // The rows of which anything may lie in the image.
+    // The rows that may have pixels in the image.
     Range rows() const {
         return {std::max<long long>(mRect.Top(), -mRect.Right() / mStride - 1),
                 std::min<long long>(mRect.Bottom(), (mPixels - mRect.Left()) / mStride + 1)};
@@ -74,7 +77,7 @@ public:
         return {std::max<long long>(mRect.Left(), -mStride * y),
                 std::min<long long>(mRect.Right(), mPixels - mStride * y)};
     }
-    // Those of them that no later row writes again.
+    // The columns of row y that no later row overwrites.
     Range lastingColumns(long long y) const {
         Range range = columns(y);
         if (y + 1 < mRect.Bottom()) {
@@ -82,7 +85,7 @@ public:
         }
         return range;
     }
-    // All columns of these rows together.
+    // The smallest range with all columns of these rows.
     Range columns(const Range& rows) const { return {columns(rows.end - 1).first, columns(rows.first).end}; }
 
 private:
@@ -91,7 +94,7 @@ private:
     long long mPixels;
 };
 
-// For sources that are inside the pixmap from end to end.
+// For source positions that all lie inside the pixmap.
 void scaleRows(const uint32_t* pixels, int width, const Positions& sourceColumns, const Positions& sourceRows,
                const Target& target, const Range& rows, uint32_t* dst) {
     int doneRow = -1;
@@ -114,7 +117,7 @@ void scaleRows(const uint32_t* pixels, int width, const Positions& sourceColumns
     }
 }
 
-// For all others: what would be read from outside the pixmap is left out.
+// For all others: skips pixels whose source lies outside the pixmap.
 void scaleRowsChecked(const CpPixmap& source, const Positions& sourceColumns, const Positions& sourceRows,
                       const Target& target, const Range& rows, uint32_t* dst) {
     const long long sourcePixels = static_cast<long long>(source.Width()) * source.Height();

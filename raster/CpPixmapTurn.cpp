@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The turned copies. Each lands past the mirror position by the offsets that
-// clients expect, so the sums below look one off on purpose.
+// The rotated copies. Clients expect each to be shifted by one row or column from
+// the exact position, so the sums below are one too large on purpose.
 #include "raster/CpPixmap.h"
 #include "raster/PixelKernels.h"
 
@@ -9,7 +9,8 @@ void CpPixmap::CopyBitsRotatedLeft(const CpRect& s, uint32_t* dst) const {
     if (r.Empty()) {
         return;
     }
-    // Source column c becomes row W - c, top to bottom from left to right.
+    // Source column c, read from top to bottom, becomes destination row W - c, from
+    // left to right.
     const ptrdiff_t rowLength = s.Height();
     pixelKernels().transpose(pixelAt(r.Left(), r.Top()), Width(), dst + s.Width() * rowLength, -rowLength,
                              static_cast<size_t>(r.Width()), static_cast<size_t>(r.Height()));
@@ -20,8 +21,8 @@ void CpPixmap::CopyBitsRotatedRight(const CpRect& s, uint32_t* dst) const {
     if (r.Empty()) {
         return;
     }
-    // Source column c becomes row c, bottom to top from left to right, and
-    // source row 0 ends up in column W.
+    // Source column c, read from bottom to top, becomes destination row c, from left
+    // to right. Source row 0 becomes destination column W.
     const ptrdiff_t last = ptrdiff_t{r.Height()} - 1;
     pixelKernels().transpose(pixelAt(r.Left(), r.Bottom() - 1), -ptrdiff_t{Width()}, dst + s.Width() - last,
                              s.Height(), static_cast<size_t>(r.Width()), static_cast<size_t>(r.Height()));
@@ -38,10 +39,10 @@ void CpPixmap::CopyBitsRotated180(const CpRect& s, uint32_t* dst) const {
     size_t width = static_cast<size_t>(r.Width());
     size_t height = static_cast<size_t>(r.Height());
     const uint32_t* src = pixelAt(r.Left(), r.Top());
-    // Where the leftmost pixel of the row goes.
+    // The destination of the row's leftmost pixel.
     uint32_t* end = dst + firstRow * stride + firstColumn;
     if (r.Width() == Width() && stride == Width()) {
-        // Nothing is cut off the rows: the image is one long row.
+        // The rows are complete, so the image can be copied as one long row.
         width *= height;
         height = 1;
     }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-// A point in pixels, x to the right and y downwards. Sums stop at the ends of int.
+// A point in pixels; x grows to the right, y downwards. Sums saturate at the limits
+// of int.
 struct CpPoint {
     int x;
     int y;
@@ -12,6 +13,6 @@ struct CpPoint {
     CpPoint& operator+=(const CpPoint& d);
     void Offset(int dx, int dy);
 
-    // Writes "label (x,y)" as a line to standard output.
+    // Writes the line "label (x,y)" to standard output.
     void Print(const char* label) const;
 };

@@ -9,10 +9,9 @@ inline bool between(int low, int value, int high) {
     return low <= value && value <= high;
 }
 
-// A rectangle in pixels. Its size is half-open: (0, 0, 10, 5) covers columns 0
-// to 9 and rows 0 to 4. The containment tests count right and bottom as inside;
-// that difference is meant and callers rely on it. Sizes and moved edges stop at
-// the ends of int.
+// A rectangle in pixels. It is half-open: (0, 0, 10, 5) covers columns 0 to 9 and
+// rows 0 to 4. Nevertheless Contains() counts the right and bottom edges as inside:
+// callers rely on that. Sizes and moved edges saturate at the limits of int.
 class CpRect {
 public:
     CpRect() : mTopLeft(0, 0), mBottomRight(0, 0) {}
@@ -28,30 +27,30 @@ public:
     int Bottom() const { return mBottomRight.y; }
     int Width() const { return saturatedDifference(mBottomRight.x, mTopLeft.x); }
     int Height() const { return saturatedDifference(mBottomRight.y, mTopLeft.y); }
-    // Height times width, neither checked for sign nor for overflow: the product wraps.
+    // Height times width. Signs are not checked, and the product wraps on overflow.
     int Area() const;
 
     bool Empty() const;
     void setEmpty();
 
     bool Contains(const CpPoint& p) const;
-    // Looks at the columns of r only, whatever its rows: meant so.
+    // Compares only the columns, not the rows: callers rely on that.
     bool Contains(const CpRect& r) const;
-    // In place; disjoint rectangles leave one that is Empty() with its edges crossed.
+    // Cuts this rectangle to its intersection with r. If they are disjoint, its edges
+    // are crossed and it is Empty().
     void Intersect(const CpRect& r);
-    // Placeholders: always true.
+    // Not implemented: always true.
     bool Above(const CpRect&) const { return true; }
     bool LeftOf(const CpRect&) const { return true; }
 
-    // Cuts to columns 0 to width and rows 0 to height, in place; a rectangle
-    // that lies wholly outside is left with crossed edges.
+    // Intersect() with (0, 0, width, height).
     void clip(int width, int height);
     void Offset(const CpPoint& d);
     void Offset(int dx, int dy);
-    // Half the size, measured from the rectangle's own corner (not from 0, 0).
+    // The centre relative to the rectangle's own top left corner.
     CpPoint MidPoint() const;
 
-    // Writes "label: (left, top) width x height" as a line to standard output.
+    // Writes the line "label: (left, top) width x height" to standard output.
     void Print(const char* label) const;
 
     static bool between(int low, int value, int high) { return ::between(low, value, high); }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-// The kernels, compiled once for each instruction set by the source files that
-// include this one. Everything is local to them, and no header with inline
-// functions is included: the linker must not pick a function that was compiled
-// for a processor which is not there.
+// The kernels. Each source file that includes this one compiles them for one
+// instruction set. Everything here has internal linkage, and no header with inline
+// functions is included: otherwise the linker could merge two versions of a
+// function and keep the one that the processor cannot run.
 #pragma once
 
 #include "raster/PixelKernels.h"
@@ -12,20 +12,20 @@
 
 namespace {
 
-// As many pixels as a register holds.
+// The number of pixels in a register.
 #ifdef __AVX2__
 constexpr size_t LANES = 8;
 #else
 constexpr size_t LANES = 4;
 #endif
-constexpr size_t LINE_BYTES = 64; // of the cache
+constexpr size_t LINE_BYTES = 64; // of a cache line
 constexpr size_t LINE_PIXELS = LINE_BYTES / sizeof(uint32_t);
-constexpr size_t STRIP_COLUMNS = 32; // measured: up to 64 much the same
+constexpr size_t STRIP_COLUMNS = 32; // by measurement; up to 64 is about as fast
 
 typedef uint32_t Quad __attribute__((vector_size(16)));
 typedef uint32_t Lanes __attribute__((vector_size(4 * LANES)));
 typedef uint16_t Halves __attribute__((vector_size(4 * LANES)));
-// The same in memory, wherever pixels lie.
+// The same types in memory, aligned only to a pixel.
 typedef uint32_t QuadInMemory __attribute__((vector_size(16), aligned(4), may_alias));
 typedef uint32_t LanesInMemory __attribute__((vector_size(4 * LANES), aligned(4), may_alias));
 
@@ -33,8 +33,8 @@ inline size_t smaller(size_t a, size_t b) {
     return a < b ? a : b;
 }
 
-// How far p is behind the last place where a register's worth of pixels starts
-// that lies in one cache line.
+// The number of pixels between p and the nearest register-aligned address at or
+// below it. Aligned stores never cross a cache line.
 inline size_t pixelsPastRegister(const uint32_t* p) {
     return reinterpret_cast<uintptr_t>(p) / sizeof(uint32_t) % LANES;
 }
@@ -51,7 +51,7 @@ void fill(uint32_t* dst, size_t count, uint32_t colour) {
     const Lanes lanes = Lanes{} + colour;
     size_t i = 0;
     if (count >= LANES) {
-        // From here on in whole registers that cross no line.
+        // The first register's worth is unaligned, all further stores are aligned.
         store(dst, lanes);
         i = LANES - pixelsPastRegister(dst);
     }
@@ -81,7 +81,7 @@ void reverse(const uint32_t* src, uint32_t* dst, size_t count) {
             dst[--left] = *src++;
         }
     };
-    // Down to where the registers that are stored cross no line.
+    // Single pixels until the stores are aligned.
     reversePixels(left - smaller(left, pixelsPastRegister(dst + left)));
     for (; left >= 2 * LANES; left -= 2 * LANES, src += 2 * LANES) {
         store(dst + left - LANES, reversed(load(src)));
@@ -90,7 +90,8 @@ void reverse(const uint32_t* src, uint32_t* dst, size_t count) {
     reversePixels(0);
 }
 
-// A row's first four pixels and, in wider registers, those of the row four further on.
+// Loads four pixels of a row and, into the upper half of a wider register, four
+// pixels of the row that is four rows further.
 inline Lanes loadQuads(const uint32_t* src, ptrdiff_t srcStep) {
     const Quad low = *reinterpret_cast<const QuadInMemory*>(src);
 #ifdef __AVX2__
@@ -102,7 +103,7 @@ inline Lanes loadQuads(const uint32_t* src, ptrdiff_t srcStep) {
 #endif
 }
 
-// The interleavings of two registers, quad by quad.
+// Interleave two registers, separately for each group of four pixels.
 #ifdef __AVX2__
 #define LECTERN_LOW_PIXELS(a, b) __builtin_shufflevector(a, b, 0, 8, 1, 9, 4, 12, 5, 13)
 #define LECTERN_HIGH_PIXELS(a, b) __builtin_shufflevector(a, b, 2, 10, 3, 11, 6, 14, 7, 15)
@@ -115,7 +116,7 @@ inline Lanes loadQuads(const uint32_t* src, ptrdiff_t srcStep) {
 #define LECTERN_HIGH_PAIRS(a, b) __builtin_shufflevector(a, b, 2, 3, 6, 7)
 #endif
 
-// Four columns of LANES rows.
+// Transposes four columns of LANES rows.
 inline void transposeTile(const uint32_t* src, ptrdiff_t srcStep, uint32_t* dst, ptrdiff_t dstStep) {
     const Lanes row0 = loadQuads(src, srcStep);
     const Lanes row1 = loadQuads(src + srcStep, srcStep);
@@ -146,8 +147,8 @@ void transposePlain(const uint32_t* src, ptrdiff_t srcStep, uint32_t* dst, ptrdi
     }
 }
 
-// As many rows as fill a cache line of the destination, so that each line is
-// written once and whole.
+// Transposes as many rows as fill a cache line of the destination, so that each line
+// is written once and completely.
 void transposeBand(const uint32_t* src, ptrdiff_t srcStep, uint32_t* dst, ptrdiff_t dstStep, size_t columns) {
     size_t c = 0;
     for (; c + 4 <= columns; c += 4, src += 4, dst += 4 * dstStep) {
@@ -159,11 +160,11 @@ void transposeBand(const uint32_t* src, ptrdiff_t srcStep, uint32_t* dst, ptrdif
     transposePlain(src, srcStep, dst, dstStep, columns - c, LINE_PIXELS);
 }
 
-// Strips of columns keep the destination's rows to as many as the processor has
-// page translations and cache lines at hand for.
+// Works in strips of columns: each column is another row of the destination, and the
+// processor can cache only a limited number of page translations and lines.
 void transpose(const uint32_t* src, ptrdiff_t srcStep, uint32_t* dst, ptrdiff_t dstStep, size_t columns,
                size_t rows) {
-    // Up to the first whole cache line of the destination.
+    // The rows before the first whole cache line of the destination.
     const size_t past = reinterpret_cast<uintptr_t>(dst) % LINE_BYTES / sizeof(uint32_t);
     const size_t peeled = smaller((LINE_PIXELS - past) % LINE_PIXELS, rows);
     const size_t whole = (rows - peeled) / LINE_PIXELS * LINE_PIXELS;
@@ -182,8 +183,8 @@ void transpose(const uint32_t* src, ptrdiff_t srcStep, uint32_t* dst, ptrdiff_t 
 }
 
 #ifdef __AVX2__
-// The pixels of src, eight or sixteen side by side, that eight rising offsets
-// below sixteen name.
+// Returns the pixels of src at eight ascending offsets, which are below 8 if
+// fromFirstEight is true and below 16 otherwise.
 inline __m256i pickEight(const uint32_t* src, __m256i offsets, bool fromFirstEight) {
     const auto* window = reinterpret_cast<const __m256i*>(src);
     const __m256i low = _mm256_permutevar8x32_epi32(_mm256_loadu_si256(window), offsets);
@@ -221,16 +222,15 @@ void pick(const uint32_t* src, const int* columns, uint32_t* dst, size_t count) 
     }
 }
 
-// A channel of the pixel weighs 255 - alpha, one of the colour alpha, and each
-// product loses its low eight bits on its own. The sums stay below 256, so the
-// channels of a pixel are added in one go.
+// Each channel becomes (pixel * (255 - alpha) >> 8) + (colour * alpha >> 8). The
+// sums stay below 256, so all channels of a pixel can be added at once.
 void blend(uint32_t* pixels, size_t count, uint32_t colour) {
     const uint32_t alpha = colour >> 24;
     const uint32_t keep = 255 - alpha;
     const uint32_t share = (((colour & 0x00FF00FF) * alpha >> 8) & 0x00FF00FF) |
                            (((colour & 0x0000FF00) * alpha >> 8) & 0x0000FF00);
-    // Blue and red are the low bytes of 16-bit lanes, green and alpha the high
-    // ones; times 256, the pixel's alpha comes back as it was.
+    // In 16-bit lanes, blue and red are the low bytes, green and alpha the high
+    // ones. The factor 256 keeps the pixel's own alpha.
     const Halves keepLow = reinterpret_cast<Halves>(Lanes{} + (keep << 16 | keep));
     const Halves keepHigh = reinterpret_cast<Halves>(Lanes{} + (256U << 16 | keep));
     size_t i = 0;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Compiled for AVX2, which CMakeLists.txt asks for.
+// CMakeLists.txt compiles this file with -mavx2.
 #include "raster/PixelKernelLoops.h"
 
 const PixelKernels AVX2_KERNELS = KERNELS;

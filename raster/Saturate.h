@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-// Conversions and sums that stop at the ends of int instead of overflowing.
-// Sizes, scales and positions come from clients and files, so none of them can
-// be trusted to stay in range.
+// Conversions and sums that saturate at the limits of int instead of overflowing.
+// Sizes, scales and positions come from clients and files and may have any value.
 #pragma once
 
 #include <climits>
 #include <cmath>
 
-// Truncates toward zero; not a number gives 0, anything out of range the nearest int.
+// Truncates towards zero. NaN becomes 0, a value out of range the nearest int.
 inline int saturateToInt(double value) {
     if (std::isnan(value)) {
         return 0;

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-// What every program that runs the service's worker asks of AddressSanitizer.
+// The AddressSanitizer options of every program that runs the service's worker.
 //
-// A cancelled thread leaves its stack without the returns by which the sanitizer
-// would notice that the frames are gone. It then takes its own clean-up, that of
-// the alternate signal stack, for a write to a dead frame: so it gets none.
+// Cancelling a thread unwinds its stack without function returns, so the sanitizer
+// does not notice that the frames are gone. When it later cleans up its alternate
+// signal stack, it reports its own write as one to a dead frame. The option turns
+// the alternate signal stack off.
 extern "C" __attribute__((visibility("default"))) const char*
 __asan_default_options(); // NOLINT(bugprone-reserved-identifier)
 

@@ -24,7 +24,7 @@ bool HubMessageReplyWrapper(HubHandle* handle, HubMessage* message, const char* 
 
 namespace {
 
-// The clock is set before the payload is read, which may take its time.
+// Sets the idle clock first, because parsing a large payload takes time.
 json_object* beginCall(HubMessage* message) {
     prvUpdateTimer();
     return HubMessageGetPayloadCJSON(message);

@@ -6,15 +6,15 @@
 
 #include <string>
 
-// The message's text as an object; the caller owns it. Null for a text that is
-// no JSON, which then has no members.
+// Parses the message's payload. The caller owns the object. Null if the payload
+// is not JSON; the readers of Json.h treat null as an object without members.
 json_object* HubMessageGetPayloadCJSON(HubMessage* message);
 
-// Sends a reply. False, after the bus library's message on standard error, when
-// the bus refuses it; there is nothing else that a caller could do.
+// Sends a reply. When the bus refuses it, writes the bus library's message to
+// standard error and returns false; callers have nothing else to do then.
 bool HubMessageReplyWrapper(HubHandle* handle, HubMessage* message, const char* text);
 
-// What the errors of bus methods are called; clients match on these texts.
+// The error codes of bus methods. Clients compare these texts.
 inline constexpr char PARAM_FAILED[] = "errParamFailed";
 inline constexpr char DOES_NOT_EXIST[] = "errDoesNotExist";
 inline constexpr char WRONG_TYPE[] = "errWrongType";
@@ -23,9 +23,10 @@ inline constexpr char DOC_TYPE[] = "errDocType";
 inline constexpr char NO_DOCID[] = "failed to get docid";
 inline constexpr char NO_PARAMETER[] = "failed to get required parameter";
 
-// One call of a bus method, on the stack of its handler: refreshes the idle
-// clock when it begins and when it ends, holds the payload and sends the reply.
-// Texts read from the payload live as long as the call.
+// One call of a bus method, on the stack of its handler. The constructor and the
+// destructor set the idle clock. The object owns the parsed payload and sends the
+// reply. Texts read from the payload are valid until it is destroyed. Main
+// thread only.
 class BusCall {
 public:
     BusCall(HubHandle* handle, HubMessage* message);
@@ -35,20 +36,20 @@ public:
 
     json_object* payload() const { return mPayload.get(); }
 
-    // Reads a parameter that must be there; a missing one is answered with
-    // "errParamFailed" and missingText, and false.
+    // Reads a required parameter. If it is missing, replies "errParamFailed" with
+    // missingText and returns false.
     bool require(const char* key, int& value, const char* missingText = NO_PARAMETER);
     bool require(const char* key, unsigned int& value, const char* missingText = NO_PARAMETER);
     bool require(const char* key, bool& value, const char* missingText = NO_PARAMETER);
     bool require(const char* key, const char*& value, const char* missingText = NO_PARAMETER);
 
     void reply(const std::string& text);
-    // {"returnValue": true}
+    // Replies {"returnValue": true}.
     void replyDone();
     void replyError(const char* code, const char* text);
 
 private:
-    // Passes `found` on, after the answer that a parameter is missing.
+    // Returns `found`, after replying that the parameter is missing if it is false.
     bool check(bool found, const char* missingText);
 
     HubHandle* mHandle;

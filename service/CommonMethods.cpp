@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The category "/common": what documents of every kind can do.
+// The category "/common": methods for documents of every kind.
 #include "service/DocumentMethod.h"
 #include "service/MethodTables.h"
 

@@ -26,7 +26,7 @@ struct CreateRequest {
     const char* password = nullptr; // optional
 };
 
-// False, and answered, when a required parameter is missing.
+// If a required parameter is missing, replies with an error and returns false.
 bool readRequest(BusCall& call, CreateRequest& request) {
     json_get_string(call.payload(), "password", &request.password);
     return call.require("filename", request.fileName) && call.require("width", request.width) &&
@@ -45,8 +45,8 @@ Documents makeRecord(const CreateRequest& request, FrameBuffer frame, std::uniqu
     return document;
 }
 
-// The reply to a "create", and the marks in shared memory that go with it. False
-// when there is no memory for it.
+// Replies to a "create" and writes the docid and the data store's identifier into
+// the frame buffer. False when out of memory.
 bool answerCreated(BusCall& call, const Documents& document, int docid) {
     const JsonOwner reply(json_object_new_object());
     if (reply == nullptr) {
@@ -56,8 +56,9 @@ bool answerCreated(BusCall& call, const Documents& document, int docid) {
     json_object_object_add(reply.get(), "docid", json_object_new_int(docid));
     json_object_object_add(reply.get(), "doctype", json_object_new_int(document.view->docType()));
     json_object_object_add(reply.get(), "datastoreshmid", json_object_new_uint(dataStore));
-    // The client learns the identifier now; with its and our last detach the
-    // segment goes. A view without a segment must not take another one down.
+    // Marks the state segment for removal: the system removes it after the last
+    // detach, the client's or the service's. For a view without a segment the
+    // identifier is 0, which may belong to somebody else's segment.
     if (dataStore > static_cast<unsigned int>(DocAdapterMessageQueue::HIGHEST_CLIENT_TYPE)) {
         shmctl(static_cast<int>(dataStore), IPC_RMID, nullptr);
     }
@@ -80,7 +81,8 @@ void reportOpened(const CreateRequest& request, const Documents& document, int d
 void openDocument(BusCall& call, const CreateRequest& request, FrameBuffer frame, ViewMaker makeView)
     REQUIRES(gRegistry) {
     const auto docid = static_cast<int>(gDocuments.size());
-    // Answers to an earlier document of this number are nobody's any more.
+    // Nobody waits any longer for paint-done records of an earlier document that
+    // had this docid.
     g_msgQueue.Discard(docid + DocAdapterMessageQueue::PAINT_DONE_BASE);
 
     Documents& document = gDocuments.emplace_back(makeRecord(

@@ -3,10 +3,11 @@
 
 #include "hub/hubservice.h"
 
-// The bus method "create": opens a document into a client's frame buffer. A file
-// that does not open is registered and answered like any other; the result
-// reaches the client in a message (id 8) afterwards.
+// The bus method "create": opens a document that paints into a client's frame
+// buffer. A file that fails to open is registered and replied to like any other;
+// a later queue record (id 8) tells the client the result. Always returns true.
 bool create(HubHandle* handle, HubMessage* message, void* data);
 
-// The bus method "destroy": never answered but for a missing docid.
+// The bus method "destroy". Replies only if the docid is missing. Always returns
+// true.
 bool destroy(HubHandle* handle, HubMessage* message, void* data);

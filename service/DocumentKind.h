@@ -5,12 +5,12 @@
 
 #include <memory>
 
-// The kind that a file's name tells: by the text after its last dot, in upper
-// or lower case. _UNKNOWN without one.
+// The kind of a document by its file name's extension, the text after the last
+// dot, regardless of case. _UNKNOWN for another extension or none.
 doctype_t KindOf(const char* fileName);
 
-// Makes the view of a kind. width and height are the frame's, in pixels; a
-// dataStoreShmId other than 0 names the state of an earlier view.
+// Creates the view of one kind. width and height are the frame's, in pixels. A
+// dataStoreShmId other than 0 is the identifier of an earlier view's state segment.
 using ViewMaker = std::unique_ptr<OfficeBase> (*)(int width, int height, int docId,
                                                   unsigned int dataStoreShmId);
 

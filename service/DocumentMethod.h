@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
-// The way that all bus methods of a document go: parameters first, before any
-// lock, then the registry's lock, then whether the document exists and is of the
-// right kind, then what is done with it. The method tables say only in what the
-// methods differ, a row each:
+// The common course of all bus methods of a document: read the parameters before
+// taking any lock, lock the registry, check that the document exists and is of
+// the right kind, then run the method's steps. The method tables state only the
+// differences, one row per method:
 //
 //     {"jumpToSheet", method<Excel, SheetNumber, ReplyNumber<CURRENT_SHEET, &Excel::jumpToSheet>,
 //     Invalidate>, 0},
 //
-// that is the kind of view, the parameters, and the steps from there to the reply
-// in the order in which they are taken, with the registry held all the time.
+// that is the class of the view, the parameters, and the steps in the order in
+// which they run. The registry stays locked during all of them.
 #pragma once
 
 #include "service/BusCall.h"
@@ -21,11 +21,12 @@
 #include <tuple>
 #include <type_traits>
 
-// What a caller hears whose document is not a View; nothing for methods of all kinds.
+// The error text for a document that is not a View. Empty for methods that work
+// on every kind.
 template<typename View>
 inline constexpr const char* WRONG_KIND = "";
 
-// Runs operation() with the view's own mutex held.
+// Runs operation() with the view's own mutex locked and returns its result.
 template<typename Operation>
 auto withViewLocked(OfficeBase& view, Operation operation) {
     MutexLock lock;
@@ -33,8 +34,9 @@ auto withViewLocked(OfficeBase& view, Operation operation) {
     return operation();
 }
 
-// Runs operation(view) with the registry held, or answers that there is no such
-// document or that it is of another kind. No answer when the registry cannot be locked.
+// Runs operation(view) with the registry locked. Replies with an error if the
+// document does not exist or is of another kind. If the registry cannot be
+// locked, sends no reply.
 template<typename View, typename Operation>
 void withDocument(BusCall& call, int docid, Operation operation) {
     const RegistryLock lock;
@@ -54,7 +56,7 @@ void withDocument(BusCall& call, int docid, Operation operation) {
     call.replyError(WRONG_TYPE, WRONG_KIND<View>);
 }
 
-// The handler of a method.
+// The handler of a method. Always returns true.
 template<typename View, typename Parameters, typename... Steps>
 bool method(HubHandle* handle, HubMessage* message, void* /*data*/) {
     BusCall call(handle, message);
@@ -66,8 +68,8 @@ bool method(HubHandle* handle, HubMessage* message, void* /*data*/) {
     return true;
 }
 
-// The steps. An operation is a function of the view, or one that takes the view
-// first, and is called with the values of the parameters.
+// The steps. An operation is a member function of the view, or a function whose
+// first parameter is the view. It is called with the values of the parameters.
 
 template<auto operation>
 struct Call {
@@ -77,7 +79,7 @@ struct Call {
     }
 };
 
-// Calls an operation with the view's own mutex held.
+// Calls an operation with the view's own mutex locked.
 template<auto operation>
 struct CallLocked {
     template<typename View, typename Values>
@@ -86,7 +88,7 @@ struct CallLocked {
     }
 };
 
-// Replies the text that an operation makes.
+// Replies with the text that an operation returns.
 template<auto operation>
 struct ReplyText {
     template<typename View, typename Values>
@@ -95,7 +97,7 @@ struct ReplyText {
     }
 };
 
-// Replies {key: the number that an operation gives}.
+// Replies {key: number} with the number that an operation returns.
 template<const char* key, auto operation>
 struct ReplyNumber {
     template<typename View, typename Values>
@@ -111,7 +113,7 @@ struct ReplyDone {
     }
 };
 
-// Asks the client for a paint.
+// Marks the view changed and tells the client to request a paint.
 struct Invalidate {
     template<typename Values>
     static void take(BusCall& /*call*/, OfficeBase& view, const Values& /*values*/) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The category "/events": opening and closing, and input that is answered.
+// The category "/events": opening and closing documents, and input that gets a
+// reply.
 #include "service/CreateMethods.h"
 #include "service/DocumentMethod.h"
 #include "service/IdleClock.h"
@@ -7,13 +8,13 @@
 
 namespace {
 
-// Keeps the service alive, and that is all: no answer.
+// Only sets the idle clock, which keeps the service alive. Sends no reply.
 bool ping(HubHandle* /*handle*/, HubMessage* /*message*/, void* /*data*/) {
     prvUpdateTimer();
     return true;
 }
 
-// Tells the client of a click that the view had no use for.
+// Passes a click to the view and notifies the client if the view did not use it.
 void click(OfficeBase& view, int x, int y) {
     if (!withViewLocked(view, [&] { return view.handleClick(x, y); })) {
         view.SendDocMessage(_CLICK_UNUSED);
@@ -22,8 +23,8 @@ void click(OfficeBase& view, int x, int y) {
 
 } // namespace
 
-// Pens and keys change nothing at once, and a double click takes the view's
-// mutex itself.
+// Pen and key methods have no Invalidate step: their effect shows at the next
+// paint. handleDoubleClick locks the view's mutex itself.
 // clang-format off
 const HubMethod eventMethods[] = {
     {"create",            create, 0},

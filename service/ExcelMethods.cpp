@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The category "/excel": what only spreadsheets can do.
+// The category "/excel": methods for spreadsheets only.
 #include "excel/Excel.h"
 #include "service/DocumentMethod.h"
 #include "service/MethodTables.h"
@@ -15,7 +15,8 @@ constexpr char COLUMN[] = "column";
 
 } // namespace
 
-// Views ask for the paint after hiding and copying themselves.
+// Hiding, unhiding and copying have no Invalidate step, because the view requests
+// the paint itself.
 // clang-format off
 const HubMethod excelMethods[] = {
     {"copySelection",   method<Excel, CopyTarget, Call<&Excel::copySelection>, ReplyDone>, 0},

@@ -17,7 +17,7 @@ bool isSide(int pixels) {
     return pixels >= 1 && pixels <= FrameBuffer::MAX_SIDE;
 }
 
-// Null when a frame of this shape fits into size bytes.
+// Null if a frame of this shape fits into `size` bytes, else the reason why not.
 const char* shapeProblem(int width, int height, int size) {
     if (!isSide(width) || !isSide(height)) {
         return "width or height out of range";
@@ -46,8 +46,8 @@ std::optional<FrameBuffer> FrameBuffer::attach(unsigned int shmid, int width, in
         problem = "size larger than the segment";
         return std::nullopt;
     }
-    // Whole pages, and one unit more to move the segment to an address that the
-    // system accepts.
+    // Every part is a multiple of SHMLBA. One extra unit allows to align the
+    // segment's address to SHMLBA, as shmat requires.
     const auto unit = static_cast<size_t>(SHMLBA);
     const size_t before = roundUp(SLACK, unit);
     const size_t rangeSize = before + unit + roundUp(segment.shm_segsz, unit) + roundUp(SLACK, unit);
@@ -84,7 +84,8 @@ FrameBuffer& FrameBuffer::operator=(FrameBuffer&& other) noexcept {
 
 FrameBuffer::~FrameBuffer() {
     if (mRange != nullptr) {
-        // Detaches the segment as shmdt would, without leaving a hole in between.
+        // Also detaches the segment, in one step with the slack: after shmdt, other
+        // code could map the freed addresses before munmap removes the range.
         munmap(mRange, mRangeSize);
     }
 }

@@ -6,26 +6,30 @@
 
 // The service's attachment of a client's frame-buffer segment.
 //
-// The copies that rotate a picture write some pixels outside of the frame, by
-// at most its longer side, and clients make segments that are just as large as
-// the frame. So the segment is attached inside a range of addresses that is the
-// service's own, with slack before and after: such writes land there, and
-// neither harm what happens to lie beside the segment nor fail.
+// The rotating copies write some pixels outside the frame, at most as many as
+// its longer side, and clients make segments that are exactly as large as the
+// frame. So the segment is attached inside a private mapping of the service,
+// with slack before and after it. Such writes hit the slack: they do not fail
+// and do not overwrite other memory.
+//
+// Movable. Not thread-safe.
 class FrameBuffer {
 public:
     // The longest side of a frame, in pixels.
     static constexpr int MAX_SIDE = 16384;
-    // Bytes of the service's own memory on either side, at least.
+    // The least slack on either side, in bytes: one row or column of the largest
+    // frame and one pixel, 4 bytes each.
     static constexpr size_t SLACK = (static_cast<size_t>(MAX_SIDE) + 1) * 4;
 
-    // Attaches a segment of which `size` bytes are for a frame of width * height
-    // pixels and the status byte. Nothing, with a text in `problem`, when a side
-    // is below 1 or above MAX_SIDE, the frame larger than size, size larger than
-    // the segment, or the segment not to be had.
+    // Attaches a segment. Its first `size` bytes hold a frame of width * height
+    // pixels of 4 bytes; the last of them is the status byte. Returns nothing,
+    // with the reason in `problem`, if a side is below 1 or above MAX_SIDE, the
+    // frame is larger than size, size is larger than the segment, or the segment
+    // does not exist or cannot be attached. On success `problem` is null.
     static std::optional<FrameBuffer> attach(unsigned int shmid, int width, int height, int size,
                                              const char*& problem);
 
-    // Detaches the segment and returns the slack.
+    // Detaches the segment and unmaps the slack.
     ~FrameBuffer();
     FrameBuffer(FrameBuffer&& other) noexcept;
     FrameBuffer& operator=(FrameBuffer&& other) noexcept;
@@ -34,9 +38,10 @@ public:
 
     // The first pixel, 0xAARRGGBB.
     unsigned int* pixels() const { return mPixels; }
-    // The last byte, which signals a finished paint. It may be a pixel's, too.
+    // The last of the `size` bytes, which signals a finished paint. It is part of
+    // the last pixel if the frame fills all of them.
     unsigned char* status() const { return mStatus; }
-    // Leaves the segment attached until the process ends.
+    // Gives up ownership: the segment stays attached until the process ends.
     void abandon() { mRange = nullptr; }
 
 private:

@@ -13,7 +13,8 @@ void prvUpdateTimer() {
 }
 
 gboolean prvCheckTimeout(void* /*data*/) {
-    // The difference is right also after 2038, when the 32 bits start again.
+    // Unsigned subtraction, so that the difference is right also when the 32-bit
+    // seconds overflow in 2038.
     const auto idle =
         static_cast<int32_t>(static_cast<uint32_t>(time(nullptr)) - static_cast<uint32_t>(gLastActive));
     if (gLastActive == 0 || idle > IDLE_SECONDS) {

@@ -1,24 +1,26 @@
 // SPDX-License-Identifier: Apache-2.0
-// The service ends by itself when no bus method was called for a while. All on
-// the main thread.
+// The idle timeout: the service ends when no bus method was called for a while.
+// Main thread only.
 #pragma once
 
 #include <glib.h>
 
 #include <cstdint>
 
-// Wall-clock seconds of the last bus call; 0 is never, and long ago.
+// The time of the last bus call, in wall-clock seconds. 0 means that there was
+// none and counts as timed out.
 extern int32_t gLastActive;
-// The loop that the service runs in; quit when it is to end.
+// The main loop of the service, which ends the service when it quits.
 extern GMainLoop* g_mainloop;
 
-// Idle for more than this ends the service...
+// The service ends after more than this without a bus call...
 inline constexpr int IDLE_SECONDS = 30;
-// ...at the next of the checks, which are this far apart.
+// ...at the next check. This is the time between two checks.
 inline constexpr unsigned int CHECK_SECONDS = 4;
 
-// Sets the clock to now. Every handler does, at its start and, because an open
-// may take longer than an idle service has, at its end.
+// Sets gLastActive to now. Every handler calls it at its start and at its end,
+// because opening a document may take longer than IDLE_SECONDS.
 void prvUpdateTimer();
-// The check, a glib timeout: quits the loop when the time is up. Always true.
+// The check, a GLib timeout callback: quits the loop if the service has been idle
+// for too long. Always returns TRUE, which keeps the timeout.
 gboolean prvCheckTimeout(void* data);

@@ -11,12 +11,13 @@
 
 namespace {
 
-// Older json-c tells errors by pointers just below the top of the address space.
+// Older versions of json-c return errors as pointers in the last 4000 bytes of
+// the address space.
 bool isErrorPointer(const json_object* object) {
     return reinterpret_cast<uintptr_t>(object) > static_cast<uintptr_t>(-4000);
 }
 
-// The member, or null.
+// The value of a key, or null. The object stays its owner.
 json_object* member(json_object* object, const char* key) {
     if (object == nullptr || isErrorPointer(object)) {
         return nullptr;

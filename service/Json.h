@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
-// Parameters of bus methods and their error replies.
+// Reading the parameters of bus methods, and writing their error replies.
 //
-// The readers store the absent value (null, false, 0) and return false when the
-// key is missing; they convert whatever else stands there as json-c does and
-// never complain about its kind. Unsigned values travel as text.
+// If the key is missing, a reader stores null, false or 0 and returns false. A
+// value of another type is converted as json-c does and is no error. Unsigned
+// values are transmitted as text.
 #pragma once
 
 #include <json-c/json.h>
 
 #include <string>
 
-// Owns one parsed object, which may be null: an object without members.
+// Owns one parsed object. May be null, which counts as an object without members.
 class JsonObject {
 public:
     explicit JsonObject(json_object* object) : mObject(object) {}
@@ -24,16 +24,17 @@ private:
     json_object* mObject;
 };
 
-// The text belongs to the object and lives as long.
+// The object owns the text, which is valid as long as the object.
 bool json_get_string(json_object* object, const char* key, const char** out);
 bool json_get_bool(json_object* object, const char* key, bool* out);
-// Out of range: the nearest int; not a number: 0.
+// A value out of range becomes the nearest int, NaN becomes 0.
 bool json_get_int(json_object* object, const char* key, int* out);
-// Reads the value's text as C does, 0x and leading 0 included. Out of range: 4294967295.
+// Reads the value's text like strtoul with base 0: 0x means hexadecimal, a leading
+// 0 octal. A value out of range becomes 4294967295.
 bool json_get_uint(json_object* object, const char* key, unsigned int* out);
 
-// A JSON string of the decimal digits; the caller owns it.
+// A JSON string with the value's decimal digits. The caller owns it.
 json_object* json_object_new_uint(unsigned int value);
 
-// {"errorCode": code, "errorText": text}; empty when out of memory.
+// Returns {"errorCode": code, "errorText": text}, or an empty text if out of memory.
 std::string formatErrorJsonObject(const char* code, const char* text);

@@ -9,17 +9,17 @@ namespace {
 
 constexpr char USAGE[] = "Usage: lectern-service [--help | --version]\n";
 constexpr char HELP[] = "\n"
-                        "Opens office documents for applications, which ask for it on the message bus\n"
-                        "as com.kestrel.office, and paints them into shared memory. The bus starts the\n"
-                        "service when it is asked for; it ends by itself after 30 seconds without a call.\n"
-                        "There is nothing to configure.\n"
+                        "Shows office documents to applications: opens a file, paints its visible part\n"
+                        "into shared memory and follows touch input. Applications call the service on\n"
+                        "D-Bus under the name com.kestrel.office. D-Bus starts it on the first call. It\n"
+                        "ends after 30 seconds without a call. It has no configuration.\n"
                         "\n"
                         "  --help     show this text\n"
                         "  --version  show the version\n";
 
 constexpr int USAGE_STATUS = 2;
 
-// The exit status of a call with arguments.
+// Handles command line arguments and returns the exit status.
 int answerArguments(int count, char** arguments) {
     if (count == 2 && std::strcmp(arguments[1], "--help") == 0) {
         std::printf("%s%s", USAGE, HELP);
@@ -39,7 +39,8 @@ int main(int argc, char** argv) {
     if (argc > 1) {
         return answerArguments(argc, argv);
     }
-    // Lines reach a log or a pipe as they are written, whatever way the process ends.
+    // Line-buffered also for files and pipes, so that no line is lost however the
+    // process ends.
     std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
     return runService();
 }

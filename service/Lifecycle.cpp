@@ -34,7 +34,7 @@ constexpr Category CATEGORIES[] = {
     {"/excel", excelMethods},   {"/ppt", pptMethods},
 };
 
-// The bus library's error of one start-up.
+// The bus library's error record during start-up.
 class BusError {
 public:
     BusError() { HubErrorInit(&mError); }
@@ -43,7 +43,7 @@ public:
     BusError& operator=(const BusError&) = delete;
 
     HubError* get() { return &mError; }
-    // Passes a call's result on, after a line on standard error for a failure.
+    // Returns `succeeded`. Writes the error to standard error if it is false.
     bool check(bool succeeded) const {
         if (!succeeded) {
             std::fprintf(stderr, "error from Hub call: %s\n",
@@ -56,7 +56,7 @@ private:
     HubError mError;
 };
 
-// The loop that g_mainloop names, as long as the service needs one.
+// Owns the loop in g_mainloop and sets g_mainloop to null when it has ended.
 class MainLoop {
 public:
     MainLoop() { g_mainloop = g_main_loop_new(nullptr, FALSE); }
@@ -86,7 +86,7 @@ bool registerOnBus(HubHandle*& handle, BusError& error) {
     return true;
 }
 
-// False after a line on standard error for an error number.
+// True for 0. Otherwise writes the error number to standard error and returns false.
 bool checkThread(int result) {
     if (result != 0) {
         std::fprintf(stderr, "error from pthread: %d\n", result);
@@ -99,12 +99,14 @@ bool startWorker() {
     if (!checkThread(pthread_create(&pthread, &attr, server_func, nullptr))) {
         return false;
     }
-    // What the first calls send must come after the worker has emptied the queue.
+    // The worker empties the queue when it starts. Wait for that, or it would
+    // throw away the records that the first bus calls send.
     awaitWorkerReady();
     return true;
 }
 
-// Waits for a rendering call in progress, which the modules cut short.
+// Cancels the worker and waits until it has ended. stopModulesSoon() shortens the
+// rendering call that it may be in.
 void stopWorker() {
     stopModulesSoon();
     pthread_cancel(pthread);
@@ -112,7 +114,7 @@ void stopWorker() {
     pthread_attr_destroy(&attr);
 }
 
-// Serves until the loop is quit; false when the bus cannot be attached.
+// Serves until the loop quits. False if the loop cannot be attached to the bus.
 bool serve(HubHandle* handle, MainLoop& loop, BusError& error) {
     const bool attached = error.check(HubGmainAttach(handle, g_mainloop, error.get()));
     if (attached) {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-// The service's whole life: registers on the bus, serves until it is told to
-// stop or has been idle for long enough, and stops in order. The process' exit
-// status: 0 after such a stop, -1 when the bus, a thread or the message queue's
-// ownership could not be had, the error number when the registry's mutex could
-// not be made.
+// Runs the service: registers on the bus, serves until a signal stops it or the
+// idle time is over, and shuts down in order. Returns the exit status of the
+// process: 0 after an orderly shutdown, -1 if the bus, a thread or the ownership
+// of the message queue is not available, or the error number if the registry's
+// mutex cannot be created. Call it on the main thread, once.
 int runService();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The method tables of the five categories, each ended by an all-zero entry.
+// The method tables of the five categories. Each ends with an all-zero entry.
 #pragma once
 
 #include "hub/hubservice.h"

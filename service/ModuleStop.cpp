@@ -8,7 +8,8 @@
 #include <initializer_list>
 
 void stopModulesSoon() {
-    // By name: the handles belong to views, and a call in progress has the registry.
+    // Looks the modules up by name and not through the views' handles, because a
+    // rendering call in progress holds the registry's lock.
     for (const char* name : {"WordToGoModule.so", "SheetToGoModule.so", "SlideshowToGoModule.so"}) {
         void* module = dlopen(name, RTLD_LAZY | RTLD_NOLOAD);
         if (module == nullptr) {

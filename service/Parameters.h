@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// The parameters of the methods of a document. Each list knows the order in which
-// its members are read, what the answer to a missing one says, and what of them
-// goes to the view: values() is what an operation is called with.
+// The parameters of the methods of a document. read() reads them in a fixed order
+// and replies with the right error text if one is missing. values() are the
+// arguments of the operation.
 #pragma once
 
 #include "service/BusCall.h"
@@ -16,7 +16,7 @@ struct Docid {
     std::tuple<> values() const { return {}; }
 };
 
-// Two numbers of a touch: a place, or the speeds of a flick.
+// A point in view pixels, or the velocity of a flick in pixels per second.
 struct Point {
     int docid = 0;
     int x = 0;
@@ -51,7 +51,7 @@ struct SearchText {
     std::tuple<const char*> values() const { return {text}; }
 };
 
-// Where a copy goes. The key is what clients have always sent the path under.
+// The path of the file to copy to. Clients send it under the key "column".
 struct CopyTarget {
     int docid = 0;
     const char* path = nullptr;
@@ -68,7 +68,7 @@ struct SheetNumber {
     std::tuple<int> values() const { return {sheet}; }
 };
 
-// Only "on" switches something on.
+// "on" means true, every other text false.
 struct Mode {
     int docid = 0;
     const char* mode = nullptr;
@@ -88,7 +88,7 @@ struct SlideNumber {
     std::tuple<int> values() const { return {slide}; }
 };
 
-// Which way the device is turned; null when the caller does not say.
+// How the device is turned, or null if the caller leaves it out.
 struct Orientation {
     int docid = 0;
     const char* orientation = nullptr;

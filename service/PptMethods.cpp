@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The category "/ppt": what only presentations can do.
+// The category "/ppt": methods for presentations only.
 #include "ppt/PPT.h"
 #include "service/DocumentMethod.h"
 #include "service/MethodTables.h"

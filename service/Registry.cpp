@@ -38,11 +38,12 @@ void destroyRecord(Documents& document) {
     document.view->SaveStateToDataStore();
     const unsigned int addressee = document.view->dataStoreShmId();
     document.view.reset();
-    // The identifier may be another view's next.
+    // A later view may get the same identifier and must not receive old output.
     g_msgQueue.Discard(static_cast<long>(addressee));
 
     if (document.shmid == 0) {
-        // By definition no segment: it stays attached.
+        // 0 means "no segment", although the system may use it as an identifier.
+        // The attachment, if there is one, is kept until the process ends.
         if (document.frame) {
             document.frame->abandon();
         }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// The open documents. A document is known to clients by its docid, the index of
-// its record; records of destroyed documents stay as empty slots until the last
-// document goes, when numbering starts again at 0.
+// The registry of open documents. Clients refer to a document by its docid, the
+// index of its record. Records of destroyed documents stay as empty slots until
+// the last document is destroyed; then numbering starts again at 0.
 #pragma once
 
 #include "base/ThreadAnnotations.h"
@@ -18,25 +18,26 @@
 struct Documents {
     std::unique_ptr<OfficeBase> view; // null once destroyed
     uint32_t shmid = 0;               // the client's frame-buffer segment; 0: none
-    int32_t size = 0;                 // bytes of it that the client told
-    unsigned int* buffer = nullptr;   // its first pixel
-    unsigned char* status = nullptr;  // its last byte: 1 after each paint
+    int32_t size = 0;                 // the segment's size in bytes, as the client stated it
+    unsigned int* buffer = nullptr;   // the frame's first pixel
+    unsigned char* status = nullptr;  // the last of the `size` bytes: 1 after each paint
     std::optional<FrameBuffer> frame; // the attachment behind buffer and status
 };
 
 extern pthread_mutex_t gDocumentsMutex;
 
-// Stands for gDocumentsMutex in the thread safety analysis, which knows no mutex
-// of the system's.
+// Stands for gDocumentsMutex in the thread safety analysis, which cannot follow a
+// pthread mutex.
 class CAPABILITY("mutex") Registry {};
 extern Registry gRegistry;
 
-// Guarded by gDocumentsMutex, as is every call into a view. Never destroyed:
-// documents that are open when the service ends are left to the process' end.
+// gDocumentsMutex guards the documents and every call into a view. The vector is
+// never destroyed: documents that are open when the service ends are freed with
+// the process.
 extern std::vector<Documents>& gDocuments GUARDED_BY(gRegistry);
 
-// Holds the registry; says so on standard error when it cannot be locked or
-// unlocked. Nobody but the holder of one touches documents.
+// Locks gDocumentsMutex for its lifetime. Writes to standard error if locking or
+// unlocking fails. Only code that holds one may use gDocuments.
 class SCOPED_CAPABILITY RegistryLock {
 public:
     RegistryLock() ACQUIRE(gRegistry);
@@ -50,8 +51,9 @@ private:
     bool mHeld;
 };
 
-// Negative docids arrive as large ones and do not exist.
+// Whether the document is open. A negative docid becomes a large number, for which
+// there is no document.
 bool DocumentExists(unsigned int docid) REQUIRES(gRegistry);
 
-// Saves the document's state and takes it down; locks the registry itself.
+// Saves the document's state and closes it, if it exists. Locks the registry.
 void doDestroy(int docid) EXCLUDES(gRegistry);

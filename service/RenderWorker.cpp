@@ -22,8 +22,8 @@ constexpr useconds_t RETRY_MICROSECONDS = 10000;
 
 std::counting_semaphore<> workerReady(0);
 
-// The client may look at the status byte instead of waiting for the answer:
-// pixels come first.
+// The release store makes all pixels visible before the status byte, because a
+// client may poll that byte instead of waiting for the paint-done record.
 int paint(const Documents& document, int32_t docid) {
     document.view->handlePaintRouter(document.buffer);
     std::atomic_ref(*document.status).store(PAINTED, std::memory_order_release);
@@ -74,8 +74,8 @@ void handleInput(OfficeBase& view, const ClientServerMessage& message) {
     }
 }
 
-// Where, besides the wait for a record, the thread may be cancelled: a client
-// that never stops posting must not keep the service from ending.
+// A second cancellation point besides the wait for a record. If a client posts
+// without pause, the thread never waits, and the service must still be able to end.
 void testCancel() {
     int before = 0;
     pthread_setcancelstate(PTHREAD_CANCEL_ENABLE, &before);
@@ -104,7 +104,8 @@ bool serveMessage(const ClientServerMessage& message) {
             return true;
         }
     }
-    // Nobody's input is dropped; who asked for a paint waits for an answer.
+    // Input for a document that does not exist is ignored. A paint request is
+    // answered, because its sender waits for that.
     return !isPaint || g_msgQueue.SendPaintDone(message.docid, NO_SUCH_DOCUMENT) == 0;
 }
 
@@ -118,7 +119,7 @@ void* server_func(void* /*arg*/) {
         ClientServerMessage message;
         if (g_msgQueue.ReadMessage(message) == -1) {
             if (g_msgQueue.isOpen() && errno != EINTR) {
-                usleep(RETRY_MICROSECONDS); // an error that stays must not spin
+                usleep(RETRY_MICROSECONDS); // a persistent error must not cause a busy loop
             }
             continue;
         }

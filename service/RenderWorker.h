@@ -5,19 +5,18 @@
 
 #include <pthread.h>
 
-// The body of the worker thread: serves the message queue until the queue is
-// removed, the registry cannot be locked, a paint cannot be reported, or the
-// thread is cancelled. Nothing restarts it; bus methods work on without it.
+// The main function of the worker thread: serves the message queue until the queue
+// is removed, the registry cannot be locked, a paint-done record cannot be sent, or
+// the thread is cancelled. It is not restarted; bus methods still work without it.
 //
-// Cancellation is off but for the wait for a record and the test before it, so
-// that a view or a lock is never left half done.
+// Cancellation is enabled only while the thread waits for a record and in the test
+// before that, so that it never interrupts a view or leaves a lock held.
 void* server_func(void* arg);
 
-// Blocks until a worker has opened the queue and emptied it of what an earlier
-// run left there: what is sent from then on stays.
+// Blocks until the worker has opened the queue and thrown away the records that an
+// earlier run left there. Records sent after that are kept.
 void awaitWorkerReady();
 
-// Handles one record of a client: locks the registry, finds the document, hands
-// the record to its view, and answers a paint request. False when the worker
-// is to end.
+// Handles one client record: locks the registry, finds the document, passes the
+// record to its view and answers a paint request. False if the worker must end.
 bool serveMessage(const ClientServerMessage& message);

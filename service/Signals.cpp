@@ -18,24 +18,24 @@
 namespace {
 
 constexpr unsigned int FAULT_SECONDS = 2;
-// What goes through the pipe beside numbers of signals, none of which are these.
+// The values in the pipe that are not signal numbers. No signal has one of them.
 constexpr unsigned char END_OF_THREAD = 0;
 constexpr unsigned char ORDERLY_STOP = 255;
 
-// The pipe's end that handlers write to; -1 while no thread listens.
+// The write end of the pipe; -1 while there is no signal thread.
 std::atomic<int> passOnTo{-1};
 static_assert(std::atomic<int>::is_always_lock_free);
 
-// The fault that the process is dying of, 0 while there is none.
+// The number of the fault signal that is ending the process, or 0.
 std::atomic<int> fault{0};
 
-// One orderly stop is enough.
+// Whether an orderly stop has begun; further requests are ignored.
 std::atomic<bool> stopAsked{false};
 
 void passOn(unsigned char what) {
     const int interrupted = errno;
     const ssize_t written = write(passOnTo, &what, 1);
-    static_cast<void>(written); // a full pipe holds a reason to end already
+    static_cast<void>(written); // if the pipe is full, it already holds a request to end
     errno = interrupted;
 }
 
@@ -43,14 +43,15 @@ bool isFault(int signal) {
     return signal == SIGABRT || signal == SIGILL || signal == SIGFPE || signal == SIGBUS || signal == SIGSEGV;
 }
 
-// Says why, lets the client see the queue vanish, and ends.
+// Logs the signal, removes the queue, which tells clients that the service is gone,
+// and ends the process.
 [[noreturn]] void endBySignal(int signal) {
     syslog(LOG_DEBUG, "LecternServer got signal: %d", signal);
     g_msgQueue.Remove();
     _exit(signal == SIGHUP || signal == SIGQUIT ? 0 : signal);
 }
 
-// The log hung, or faulted again.
+// For a log call that hangs or faults during the handling of a fault.
 [[noreturn]] void endWithoutLog(int /*signal*/) {
     g_msgQueue.Remove();
     _exit(fault);
@@ -68,8 +69,8 @@ bool isFault(int signal) {
     endBySignal(signal);
 }
 
-// Nested signals are let through, so that a fault inside of the handler of a
-// fault is seen.
+// The mask is empty, so that a fault inside a fault handler calls the handler
+// again.
 void install(int signal, void (*handler)(int), int flags) {
     struct sigaction action = {};
     action.sa_handler = handler;
@@ -78,14 +79,14 @@ void install(int signal, void (*handler)(int), int flags) {
     sigaction(signal, &action, nullptr);
 }
 
-// The loop's answer to a wish to stop. It stays readable, so that the wish also
-// counts when the loop has yet to start.
+// Called by the loop when the event is set. The event is not reset, so that a
+// request that comes before the loop runs ends the loop when it starts.
 gboolean quitMainLoop(int /*stopWish*/, GIOCondition /*condition*/, void* /*data*/) {
     g_main_loop_quit(g_mainloop);
     return G_SOURCE_CONTINUE;
 }
 
-// On the signal thread.
+// Requests an orderly stop. Runs on the signal thread.
 void stopInOrder(int stopWish) {
     if (stopAsked.exchange(true)) {
         return;
@@ -156,7 +157,7 @@ SignalThread::~SignalThread() {
 void* SignalThread::run(void* thread) {
     const auto& self = *static_cast<SignalThread*>(thread);
     unsigned char what = END_OF_THREAD;
-    // Retried, as a handler may run on this thread too.
+    // Retries after EINTR, because a signal handler may run on this thread too.
     while (TEMP_FAILURE_RETRY(read(self.mReadEnd, &what, 1)) == 1 && what != END_OF_THREAD) {
         if (what != ORDERLY_STOP) {
             endBySignal(what);

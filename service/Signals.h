@@ -1,48 +1,48 @@
 // SPDX-License-Identifier: Apache-2.0
 // How signals end the service.
 //
-// A handler interrupts whatever runs, with any lock held, so it may do very
-// little. SIGTERM, SIGINT, SIGHUP and SIGQUIT are only passed on, through a
-// pipe, to a thread that has nothing else to do and so acts at once, also while
-// the main thread waits for a document to open. After a fault there is nobody
-// left to pass it to: the handler does the work itself, although writing to the
-// log is not safe there, and an alarm sees to it that the process ends anyway.
+// A signal handler interrupts any code, which may hold any lock, so it must do
+// very little. The handler of SIGTERM, SIGINT, SIGHUP and SIGQUIT only writes to a
+// pipe. A thread of its own reads the pipe and acts at once, also while the main
+// thread waits for a document to open. After a fault, no other thread can be
+// relied on: the handler itself logs, removes the queue and ends the process.
+// Logging is not safe in a handler, so an alarm ends the process if that hangs.
 #pragma once
 
 #include <pthread.h>
 
-// For the signals that end the process right away: the queue is removed and
-// the signal's number is the exit status, but for SIGHUP and SIGQUIT, which give 0.
+// The handler of signals that end the process at once. The queue is removed. The
+// exit status is the signal's number, but 0 for SIGHUP and SIGQUIT.
 void handle_signal(int signal);
-// For SIGTERM: an orderly stop.
+// The handler of SIGTERM: requests an orderly stop.
 void term_handler(int signal);
 
 // Installs handle_signal for SIGINT, SIGHUP, SIGQUIT, SIGTERM, SIGABRT, SIGILL,
-// SIGFPE, SIGBUS and SIGSEGV; SIGPIPE is ignored from here on.
+// SIGFPE, SIGBUS and SIGSEGV. Ignores SIGPIPE.
 void installSignalHandlers();
-// Puts term_handler in the place of handle_signal for SIGTERM. The main loop
-// exists by now.
+// Replaces handle_signal by term_handler for SIGTERM. REQUIRES: g_mainloop exists.
 void installTermHandler();
 
-// The thread that acts on what the handlers pass on: it ends the process, or has
-// the default main loop quit.
+// The thread that acts on the signals: it ends the process, or makes the default
+// main loop quit.
 class SignalThread {
 public:
     SignalThread() = default;
-    // Ends the thread and waits for it. On the main loop's thread, as start() is.
+    // Ends the thread and waits for it. Call it and start() on the main loop's thread.
     ~SignalThread();
     SignalThread(const SignalThread&) = delete;
     SignalThread& operator=(const SignalThread&) = delete;
 
-    // 0 or an error number. Before the handlers are installed; once per process at a time.
+    // Starts the thread. Returns 0 or an error number. Call it before the handlers
+    // are installed. Only one object per process may be started at a time.
     int start();
 
 private:
     static void* run(void* thread);
 
     pthread_t mThread{};
-    int mReadEnd = -1;  // of the pipe that handlers write to
-    int mStopWish = -1; // an event that the main loop watches
+    int mReadEnd = -1;  // of the pipe that the handlers write to
+    int mStopWish = -1; // an eventfd that the main loop watches
     unsigned int mStopSource = 0;
     bool mRunning = false;
 };

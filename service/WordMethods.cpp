@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
-// The category "/word".
+// The category "/word": methods for word-processing documents only.
 #include "channel/ServiceQueue.h"
 #include "service/BusCall.h"
 #include "service/MethodTables.h"
 
 namespace {
 
-// Leaves the change to the worker: neither the document nor its kind is looked
-// at here, and the answer says no more than that the wish is queued.
+// Posts the change to the worker. Does not check the document or its kind: the
+// reply only says that the request is in the queue.
 bool wideMode(HubHandle* handle, HubMessage* message, void* /*data*/) {
     BusCall call(handle, message);
     int docid = 0;

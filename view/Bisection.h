@@ -1,18 +1,19 @@
 // SPDX-License-Identifier: Apache-2.0
-// Where to go on among hits: bisections that find the first entry at or above a
-// key, as a rule. They start in the middle, step left by halving the index and
-// never look at entry 0, so that with few entries, or keys out of order, the
-// answer may be a neighbour. They always end, in 0 to count - 1; 0 for no entries.
+// Bisections among search hits. They usually find the first entry at or above a
+// key. They start in the middle, step left by halving the index and never examine
+// entry 0, so with few entries, or with unsorted keys, the result may be a
+// neighbour. They always end, with an index from 0 to count - 1, or 0 if there are
+// no entries.
 #pragma once
 
-// The step to the right of i.
+// The next index to the right of i.
 inline int rightOf(int i, int count) {
     return (i + 1) + (count - (i + 1)) / 2;
 }
 
-// next(i) gives the index after i, or i when that is the one. The steps may
-// cycle or leave the array; then the first entry at or above the key counts,
-// or the last where none is.
+// next(i) returns the index to examine after i, or i if i is the result. The steps
+// may cycle or leave the array. Then a linear search returns the first entry at or
+// above the key, or the last entry if there is none.
 template<typename Next, typename AtOrAbove>
 int bisect(int count, Next next, AtOrAbove atOrAbove) {
     int i = count > 0 ? count / 2 : 0;
@@ -32,7 +33,7 @@ int bisect(int count, Next next, AtOrAbove atOrAbove) {
     return i;
 }
 
-// By a key that entry i has as keyOf(i).
+// Bisects entries whose keys are keyOf(i).
 template<typename KeyOf>
 int firstAtOrAbove(int key, int count, KeyOf keyOf) {
     const auto next = [=](int i) {

@@ -12,7 +12,7 @@ constexpr size_t TITLE_CAPACITY = 4096; // UTF-16 units
 constexpr size_t LONGEST_TITLE = 2047;  // bytes
 constexpr size_t BYTES_FOR_APART = 128;
 
-// A text that ends where its budget of bytes does.
+// A text with a limited number of bytes. Cuts at whole characters.
 class BoundedText {
 public:
     explicit BoundedText(size_t budget) : mBudget(budget) {}
@@ -21,7 +21,7 @@ public:
         const std::string_view part = utf8Prefix(text, mBudget - mText.size());
         mText += part;
         if (part.size() < text.size()) {
-            mBudget = mText.size(); // nothing goes on behind a gap
+            mBudget = mText.size(); // after a cut, nothing more may be appended
         }
     }
     const std::string& text() const { return mText; }

@@ -6,13 +6,13 @@
 #include <span>
 #include <string>
 
-// Has a module write a part's title, zero-terminated UTF-16, into a zeroed buffer.
+// Writes the title of a sheet or slide, zero-terminated UTF-16, into a zeroed buffer.
 using TitleReader = std::function<void(int index, std::span<uint16_t> title)>;
 
-// What a document is made of, sheets or slides:
+// Returns the list of a document's sheets or slides as text:
 // {"list": [{"data":TITLE, "listitem":NUMBER FROM 1, "status":IMAGE OF THE CURRENT}, ...]}
 //
-// Clients know it as text made in a buffer of 128 bytes for each part: a longer
-// list is cut there, at a whole character, and titles are not escaped. Without
-// parts the text is empty.
+// Clients expect a text of at most 128 bytes for each sheet or slide: a longer list
+// is cut at a whole character. Titles are not escaped, so the text may not be valid
+// JSON. It is empty if count is below 1. `current` counts from 0.
 std::string documentList(int count, int current, const TitleReader& readTitle);

@@ -20,7 +20,8 @@ std::string prvText(void* doc, TextFunction function, const char* whenTooLong) {
     if (length > LONGEST_TEXT) {
         return whenTooLong;
     }
-    // Room for a module that counts the capacity in units instead of bytes.
+    // The buffer has CAPACITY units, so it is large enough also for a module that
+    // counts the capacity in units instead of bytes.
     std::array<uint16_t, CAPACITY> text{};
     function(doc, text.data(), CAPACITY, &length);
     text.back() = 0;

@@ -3,7 +3,7 @@
 
 namespace {
 
-// Takes the value over.
+// Takes ownership of the value.
 std::string prvOneMember(const char* key, json_object* value) {
     const JsonOwner object(json_object_new_object());
     if (object == nullptr) {

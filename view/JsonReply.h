@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Reply texts: what the views and the bus handlers build their JSON with.
+// Helpers with which views and bus handlers build JSON replies.
 #pragma once
 
 #include <json-c/json.h>
@@ -10,13 +10,14 @@
 struct JsonRelease {
     void operator()(json_object* object) const { json_object_put(object); }
 };
-// Owns a JSON object; null when it could not be made.
+// Owns a JSON object, or is null.
 using JsonOwner = std::unique_ptr<json_object, JsonRelease>;
 
-// The object as json-c writes it by default; the empty text for null.
+// The object as text, in json-c's default format; empty for null.
 std::string jsonText(const JsonOwner& object);
 
-// An object of one member. A null key is the empty one, a null text the empty text.
+// The text of an object with one member. A null key or text counts as empty. Returns
+// an empty text if out of memory.
 std::string formatSimpleJsonObject(const char* key, int value);
 std::string formatSimpleJsonObject(const char* key, bool value);
 std::string formatSimpleJsonObject(const char* key, const char* value);

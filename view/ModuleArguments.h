@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What all views hand to their rendering modules.
+// Arguments that all views pass to their rendering modules.
 #pragma once
 
 #include <cstdint>
@@ -9,5 +9,5 @@ inline constexpr char TEMPORARY_DIRECTORY[] = "/tmp";
 
 inline constexpr double DOTS_PER_INCH = 72.0; // at a zoom of 1
 
-// The colour of what a search has found: red, green, blue.
+// The highlight colour of search hits: red, green, blue.
 inline constexpr uint8_t FOUND_COLOUR[3] = {128, 192, 255};

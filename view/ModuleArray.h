@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <span>
 
-// What a module has handed out as an array; none where there is no array. The
-// records stay the module's.
+// An array that a module has returned, as a span; empty for a null pointer or a
+// count below 1. The module keeps the ownership of the records.
 template<typename Record>
 std::span<const Record> moduleArray(const Record* records, int32_t count) {
     return records != nullptr && count > 0 ? std::span(records, static_cast<size_t>(count))

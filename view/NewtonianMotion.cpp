@@ -10,7 +10,7 @@ void NewtonianMotion::Initialize(double startTime, double startPosition, double 
     mStartSpeed = startSpeed;
     mStartTime = startTime;
     mFriction = friction;
-    // An axis at rest gives 0/0 here; see getPosition().
+    // For an axis at rest this is 0/0, that is NaN; see getPosition().
     mDuration = startSpeed / (friction * GRAVITY);
     mEndTime = startTime + mDuration;
 }
@@ -20,8 +20,8 @@ double NewtonianMotion::getSpeed(double secondsSinceStart) const {
 }
 
 double NewtonianMotion::getPosition(double secondsSinceStart) const {
-    // Written so that a duration that is not a number leaves the time alone:
-    // speed and friction are then zero and the axis stays where it started.
+    // If the duration is NaN, the comparison is false and t is the elapsed time.
+    // Speed and friction are 0 then, so the axis stays where it started.
     const double t = mDuration < secondsSinceStart ? mDuration : secondsSinceStart;
     return mStartPosition + mStartSpeed * t - GRAVITY * mFriction * 0.5 * t * t;
 }

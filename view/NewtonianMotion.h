@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-// One axis of a glide: uniform deceleration until rest. Times are seconds,
-// positions pixels, speeds pixels per second.
+// One axis of a glide: uniform deceleration until rest. Times are in seconds,
+// positions in pixels, speeds in pixels per second.
 class NewtonianMotion {
 public:
-    // friction has the sign of startSpeed; the deceleration is 9.8 times it.
+    // friction must have the sign of startSpeed. The deceleration is 9.8 * friction,
+    // in pixels per second squared.
     void Initialize(double startTime, double startPosition, double startSpeed, double friction);
     double getSpeed(double secondsSinceStart) const;
-    // Stays at the final position after the motion has ended.
+    // After the end of the motion, this is the final position.
     double getPosition(double secondsSinceStart) const;
     double duration() const { return mDuration; }
     void Offset(double distance) { mStartPosition += distance; }

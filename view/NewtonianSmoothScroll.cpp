@@ -36,8 +36,8 @@ void NewtonianSmoothScroll::Setup(int startX, int startY, int velocityX, int vel
         mStopped = true;
         return;
     }
-    // Each axis gets its share of the friction, so that both come to rest at
-    // the same instant and the path is a straight line.
+    // The friction is divided between the axes in proportion to their speeds, so
+    // that both stop at the same time and the path is a straight line.
     mMotionX.Initialize(mStartTime, startX, vx, FRICTION_SCALE * vx / speed);
     mMotionY.Initialize(mStartTime, startY, vy, FRICTION_SCALE * vy / speed);
     mDuration = mMotionY.duration();
@@ -49,9 +49,9 @@ bool NewtonianSmoothScroll::tick(int& x, int& y) {
     if (mStopped) {
         return true;
     }
-    // A wall clock may be set back; the glide then waits at its start.
+    // The wall clock may be set back. Then the glide waits at its start.
     double elapsed = std::fmax(getTime() - mStartTime, 0.0);
-    // Never true for a glide without vertical speed: its duration is not a number.
+    // Never true for a glide without vertical speed, because its duration is NaN.
     if (elapsed >= mDuration) {
         mStopped = true;
         elapsed = mDuration;

@@ -3,29 +3,31 @@
 
 #include "view/NewtonianMotion.h"
 
-// A glide in a straight line that slows down at 215.6 pixels per second squared.
-// A value of state and clock: nothing runs by itself, tick() places it in time.
+// A glide in a straight line that slows down by 215.6 pixels per second squared
+// (9.8 * 22). There is no timer: the owner calls tick() to get the position at the
+// current time. Not thread-safe.
 class NewtonianSmoothScroll {
 public:
-    // Starts a glide. Velocities are the finger's, in pixels per second; the
-    // document moves the other way at half of them. The vertical axis alone
-    // decides when the glide ends; one that is purely sideways comes to rest
-    // but stays "moving" until Stop(). Both velocities 0: ends at once.
+    // Starts a glide. The velocities are those of the finger, in pixels per second.
+    // The position moves in the opposite direction at half the velocity. Only the
+    // vertical axis determines the end of the glide: a horizontal glide comes to
+    // rest, but isMoving() stays true until Stop(). If both velocities are 0, the
+    // glide ends at once.
     void Setup(int startX, int startY, int velocityX, int velocityY);
-    // Moves x and y to where the glide is now; true when stopped. Leaves them
-    // alone when it had stopped before.
+    // Stores the current position in x and y. Returns true if the glide has ended.
+    // If it had ended before the call, x and y stay unchanged.
     bool tick(int& x, int& y);
     void get2DPosition(double secondsSinceStart, int& x, int& y) const;
-    // Moves nothing; part of the interface.
+    // Does nothing. It is part of the interface.
     void ScrollTo(int& x, int& y);
     void Stop() { mStopped = true; }
     bool isMoving() const { return !mStopped; }
-    // Moves the whole path of a running glide, for a document that is renumbered.
+    // Shifts the whole path of a running glide, when document rows are renumbered.
     void Offset(int dx, int dy);
 
-    // Wall-clock seconds with millisecond resolution.
+    // The wall-clock time in seconds, with a resolution of a millisecond.
     static double getTime();
-    // Replaces the clock; null puts the system's back. For tests.
+    // For tests: replaces the clock. Null restores the system clock.
     static void setClock(double (*clock)());
 
 private:

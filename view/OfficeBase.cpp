@@ -11,7 +11,7 @@
 
 namespace {
 
-// Leaves room for the sums of positions and view sizes.
+// Small enough that the sum of a position and a view size does not overflow.
 constexpr int MAX_RESTORED_POSITION = 1 << 30;
 
 void prvTakePosition(int restored, int& position) {
@@ -20,7 +20,7 @@ void prvTakePosition(int restored, int& position) {
     }
 }
 
-// One axis; true when it had to be moved.
+// Clamps one axis. True if that changed the value.
 bool prvClampAxis(int& value, int max) {
     const int low = max < 0 ? max : 0;
     const int high = max < 0 ? 0 : max;
@@ -66,7 +66,8 @@ bool OfficeBase::attachGivenStateRecord() {
 }
 
 void OfficeBase::makeStateRecord(const char* keyPath) {
-    // The address tells the views of one process apart; ftok takes its low 8 bits.
+    // ftok uses only 8 bits of its second argument. The view's address is an
+    // attempt to give the views of a process different keys.
     mStateSegment.create(keyPath, static_cast<int>(reinterpret_cast<uintptr_t>(this) & 0xFF));
     mDataStore = mStateSegment.record();
     mDataStoreShmId = mStateSegment.id();
@@ -87,7 +88,8 @@ void OfficeBase::RestoreStateFromDataStore() {
     if (mDataStore == nullptr) {
         return;
     }
-    // A copy, made before anything is looked at: clients may write at any time.
+    // Copies the record before checking it, because clients may write at any time.
+    // The fence keeps the compiler from reading the shared memory again.
     const StateRecord record = *mDataStore;
     std::atomic_signal_fence(std::memory_order_seq_cst);
     prvTakePosition(record.scrollX, mScroll.x);
@@ -107,7 +109,7 @@ void OfficeBase::InvalidateScreen() {
 }
 
 void OfficeBase::SendDocMessage(ClientMessageId id, int32_t value) {
-    // Without a segment of its own the view has no address.
+    // Without a state segment the view has no message type for its notifications.
     if (mDataStoreShmId > StateSegment::LAST_RESERVED_ID) {
         ServerClientMessage message(static_cast<long>(mDataStoreShmId), id);
         message.value = value;
@@ -162,7 +164,7 @@ void OfficeBase::CenterAboutRect(const CpRect& r, bool flag) {
     if (isVisible(r)) {
         return;
     }
-    // In 64 bits: rectangles come from the modules.
+    // 64 bits, because rectangles come from the modules and may have any value.
     const long long middleX = r.Left() + (static_cast<long long>(r.Right()) - r.Left()) / 2;
     const long long middleY = r.Top() + (static_cast<long long>(r.Bottom()) - r.Top()) / 2;
     const long long far = 3LL * mHeight / 8;

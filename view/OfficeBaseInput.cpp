@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What a view does with pens, clicks, flicks, keys and pinches.
+// How a view handles pens, clicks, flicks, keys and pinches.
 #include "raster/Saturate.h"
 #include "view/OfficeBase.h"
 
@@ -79,7 +79,7 @@ bool OfficeBase::handleClick(int /*x*/, int /*y*/) {
         return true;
     }
     mClicked = true;
-    // A tap that stopped a glide is used up by that.
+    // A tap that stopped a glide has no other effect.
     const bool used = mTapStoppedScroll;
     mTapStoppedScroll = false;
     return used;
@@ -112,7 +112,7 @@ bool OfficeBase::handleDoubleClick(int x, int y) {
         const double oldScale = mScale;
         stepScaleLevel();
         relayout();
-        // A kind that cannot follow all of the step goes as far as it can.
+        // The layout may have limited mScale, so the ratio is computed after it.
         ratio = static_cast<float>(mScale / oldScale);
     }
     mScroll.set(centredPosition(mScroll.x, x, ratio, mWidth), centredPosition(mScroll.y, y, ratio, mHeight));

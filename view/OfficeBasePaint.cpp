@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// How the surface gets into the client's frame buffer.
+// Painting: copying the surface into the client's frame buffer.
 #include "raster/Saturate.h"
 #include "view/OfficeBase.h"
 
@@ -38,8 +38,8 @@ void OfficeBase::handlePaintRouter(unsigned int* frameBuffer) {
     } else {
         handlePaint(frameBuffer);
     }
-    // A client finds its place again even after a crash. While a pop-up is
-    // shown the record holds the place in the page below it.
+    // Saves after each paint, so that the position survives a crash. While a pop-up
+    // is shown, the record keeps the position in the page below it.
     if (!showsPopup()) {
         SaveStateToDataStore();
     }
@@ -56,7 +56,7 @@ void OfficeBase::handlePaint(unsigned int* frameBuffer) {
     }
     const CpRect source = prvSourceRect(saturatedDifference(mScroll.x, mDocPixmap->Left()),
                                         saturatedDifference(mScroll.y, mDocPixmap->Top()), mWidth, mHeight);
-    // Erasing is seen only where the surface does not reach.
+    // Erases 0 pixels if the surface covers the whole frame.
     const bool covered = mDocPixmap->Covers(source);
     eraseBuffer(frameBuffer, covered ? 0 : framePixels());
     if (covered && mCurrentResult < 0 && mLastFrame.Pixels() != nullptr) {
@@ -79,7 +79,7 @@ void OfficeBase::handlePaintWide(unsigned int* frameBuffer) {
     if (mOffscreenDirty) {
         drawOffscreenBuffer();
     }
-    // The device lies on its side, so the view's height is the surface's width.
+    // The device lies on its side, so width and height of the view are exchanged.
     const CpRect source = prvSourceRect(mDocPixmap->Left(), mDocPixmap->Top(), mHeight, mWidth);
     eraseBuffer(frameBuffer, framePixels());
     switch (mDrawMode) {
@@ -92,7 +92,7 @@ void OfficeBase::handlePaintWide(unsigned int* frameBuffer) {
     case _DOWN:
         mDocPixmap->CopyBitsRotated180(source, frameBuffer);
         break;
-    default: // _WIDE: the kinds that use it paint for themselves
+    default: // _WIDE: views that use it override this function
         break;
     }
     keepFrame(frameBuffer);

@@ -6,16 +6,16 @@
 
 #pragma pack(push, 4)
 
-// A view's state as it lies in the shared segment that the client hands back
-// when it opens the document again: a wire format of 28 bytes.
+// The state of a view in its state segment, which clients pass to "create" when they
+// open the document again. A wire format of 28 bytes.
 struct StateRecord {
     int32_t scrollX; // document pixels
     int32_t scrollY;
     double scale;
     int32_t scaleLevel; // 0 to 2
-    // The view's own. Word: the character at the stretch's top, then the
-    // document row of the stretch's top. Excel: unused, then the sheet shown.
-    // PPT: unused, then the slide shown.
+    // Different for each kind. Word: the character at the stretch's top, then the
+    // document row of the stretch's top. Excel: unused, then the current sheet.
+    // PPT: unused, then the current slide.
     int32_t extra[2];
 };
 

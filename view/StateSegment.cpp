@@ -10,9 +10,9 @@
 
 namespace {
 
-// The kernel hands identifiers out in a cycle, which right after boot starts at
-// 0 and takes 64 steps; with many segments in use it is half as long again as
-// their number, and never above the size of the kernel's table.
+// The kernel assigns identifiers in a cycle. Right after boot the cycle starts at 0
+// and has 64 steps. With many segments in use it has one and a half times their
+// number, but at most the size of the kernel's table, which this number is.
 constexpr int MAX_ATTEMPTS = 32768;
 
 constexpr int OPEN_FLAGS = IPC_CREAT | IPC_EXCL | 0666;
@@ -25,9 +25,10 @@ int prvMakeSegment(key_t key) {
     return id;
 }
 
-// A segment that must not be used is its own placeholder: made and removed, it
-// moves the kernel's counter on. Others may make segments in between, so every
-// identifier is looked at. -1 after a line on standard error.
+// Creates segments until one has a usable identifier. Removing an unusable one does
+// not give its identifier back at once: the kernel's counter has moved on. Other
+// processes may create segments in between, so every identifier is checked. Returns
+// -1, after writing a line to standard error, on failure.
 int prvMakeUsableSegment(key_t key) {
     for (int attempt = 0; attempt < MAX_ATTEMPTS; ++attempt) {
         const int id = prvMakeSegment(key);
@@ -51,7 +52,7 @@ StateSegment::~StateSegment() {
         return;
     }
     if (mMade) {
-        // Still attached, so the identifier cannot belong to another by now.
+        // The segment is still attached, so its identifier cannot have been reused.
         shmctl(static_cast<int>(mId), IPC_RMID, nullptr);
     }
     shmdt(mRecord);
@@ -84,7 +85,8 @@ bool StateSegment::map(int id) {
     if (address == reinterpret_cast<void*>(-1)) {
         return false;
     }
-    // Asked for only now: an attached segment can't be replaced by another.
+    // Checks the size after attaching: from then on, the identifier cannot refer to
+    // another segment.
     shmid_ds status{};
     if (shmctl(id, IPC_STAT, &status) != 0 || status.shm_segsz < sizeof(StateRecord)) {
         shmdt(address);

@@ -3,22 +3,22 @@
 
 #include "view/StateRecord.h"
 
-// The System V segment that holds a view's state record, attached for the
-// object's life. Its identifier is also the address of every notification
-// about the view, which is why not every identifier will do.
+// The System V shared-memory segment with a view's state record. It is attached
+// until the object is destroyed. Its identifier is also the queue type of all
+// notifications about the view, so some identifiers cannot be used.
 //
-// Who removes it: whoever hands the identifier to a client marks the segment
-// for removal (IPC_RMID), so that it goes with its last attachment. A segment
-// made here is marked by the destructor as well, before it detaches: marking
-// twice is harmless, and one that nobody ever got to know leaves nothing
-// behind. A segment that was given is only detached.
+// Removal: the code that tells a client the identifier marks the segment for removal
+// (IPC_RMID), and the system removes it after the last detach. The destructor also
+// marks a segment that create() made, before it detaches, so that a segment that no
+// client learned of is removed too; marking twice is harmless. A segment of attach()
+// is only detached.
 class StateSegment {
 public:
-    // Types up to this one are read from the queue by the service itself, and 0
-    // means no segment.
+    // Identifiers up to this one cannot be used: the service itself reads these types
+    // from the queue, and 0 means "no segment".
     static constexpr unsigned int LAST_RESERVED_ID = 99;
-    // Segments made here stay clear of the paint-done types too, which are
-    // document identifiers plus 101.
+    // The lowest identifier of segments made by create(). It also avoids the types of
+    // paint-done records, which are docid + 101.
     static constexpr int FIRST_OWN_ID = 4096;
 
     StateSegment() = default;
@@ -26,15 +26,15 @@ public:
     StateSegment(const StateSegment&) = delete;
     StateSegment& operator=(const StateSegment&) = delete;
 
-    // Both are called at most once with success, and leave the object without a
-    // segment when they fail.
+    // Only one call of attach() or create() may succeed. A failed call leaves the
+    // object without a segment.
 
-    // Attaches an existing segment; false when its identifier is reserved, it
-    // is smaller than a record or cannot be attached for reading and writing.
+    // Attaches an existing segment. False if its identifier is reserved, it is
+    // smaller than a record, or it cannot be attached for reading and writing.
     bool attach(unsigned int id);
-    // Makes a zeroed segment under the key ftok(path, project), or under none
-    // when another has that key. False, after a line on standard error, when
-    // the system gives no segment with a usable identifier.
+    // Creates and attaches a zeroed segment with the key ftok(path, project), or
+    // without a key if another segment has it. If the system provides no segment with
+    // a usable identifier, writes a line to standard error and returns false.
     bool create(const char* path, int project);
 
     StateRecord* record() const { return mRecord; }

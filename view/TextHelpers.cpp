@@ -10,7 +10,7 @@
 namespace {
 
 constexpr size_t DATE_SIZE = 32;
-// Of the two units of a character above U+FFFF, in their upper six bits.
+// The upper six bits of the first unit of a surrogate pair.
 constexpr uint16_t FIRST_OF_PAIR = 0xD800;
 
 const char* prvMonthName(int month) {

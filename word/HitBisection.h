@@ -5,11 +5,12 @@
 
 #include <cstdint>
 
-// Bisections among hits; see view/Bisection.h for what they answer.
+// Bisections among search hits. view/Bisection.h describes their results. They return 0
+// if there are no hits.
 
-// By the row of the first rectangle, in buffer pixels.
+// Finds a region by the row of its first rectangle, in buffer pixels.
 int find_first_region_greater_than_eq(int y, const wtg_find_region* regions, int count);
-// By the hit's end; may answer with the hit that has this position or the next.
+// Finds a hit by its end. The result may be the hit at this position or the next one.
 int find_first_result_greater_than_eq(unsigned int position, const wtg_find_result* results, int count);
 
 // The row of a hit's first rectangle, in buffer pixels; 0 without rectangles.

@@ -45,8 +45,8 @@ int32_t TextStretch::layOut(const Size& size, int dpi) {
     return 0;
 }
 
-// The surface before is there until the module has the new one: it may write
-// there as long as it has not been given another.
+// Keeps the previous surface until the module has accepted the new one, because the
+// module may write to its current buffer until then.
 int32_t TextStretch::replaceSurface(const Size& size) {
     auto surface = std::make_unique<CpPixmap>(size.width, size.height);
     const int32_t result =
@@ -68,7 +68,7 @@ bool TextStretch::jump(int32_t story, uint32_t character) {
     if (!isInUse() || mModule.wtg_jump_to_character(mDoc, story, character) != 0) {
         return false;
     }
-    noteMove(); // the stretch starts at the character's line, which another begins
+    noteMove(); // the first character of that line may be another one
     mNumbered = story == 0 && character == 0;
     setPlace(0, askUsedRows());
     return true;
@@ -170,7 +170,8 @@ std::optional<uint32_t> TextStretch::bottomRight() {
     return character;
 }
 
-// Never more than the surface has. A module that cannot tell has not repainted either.
+// At most the rows of the surface. If the module fails, the number is unchanged,
+// because it has not repainted either.
 int TextStretch::askUsedRows() {
     int32_t rows = used();
     mModule.wtg_get_vertical_last_used_pixel(mDoc, 0, &rows);

@@ -21,14 +21,13 @@
 //    pixel row and bottom that just past its last row of text, so that what
 //    lies between the two is text and nothing else ever gets copied.
 //  - top and bottom change only here, and only together with the module's
-//    stretch. Nobody else moves that.
-//  - Rows are the text's own only as long as every move of the stretch since
-//    the text's first row was one of known size. After a jump, or a new layout
-//    of a stretch from further down, top is a guess.
+//    stretch, which no other code moves.
+//  - Row numbers are exact only as long as every move of the stretch since the
+//    text's first row had a known distance (mNumbered). After a jump, or a new
+//    layout of a stretch from further down, top is a guess.
 //    The first move that shows character 0 settles it: that is row 0. Such a
 //    renumbering, and one that keeps top from going below 0, moves no pixel:
-//    whoever remembers rows is told how many to add, and all of them are moved
-//    by the same amount.
+//    onRenumber is called with the number to add to every stored row.
 //  - While the stretch is not full no text lies below it, and while it is
 //    numbered and top is 0 none lies above. Neither is then asked of the module.
 //
@@ -39,50 +38,54 @@
 // while there is no surface.
 class TextStretch {
 public:
-    // A stretch's measures in pixels. step is what a move is by default.
+    // The size of a stretch in pixels. `step` is the default distance of a move.
     struct Size {
         int width = 0;
         int height = 0;
         int step = 0;
     };
-    // The measures for a layout that wide: about 500,000 pixels whatever the
-    // width, but always clearly more rows than the view shows.
+    // The size for a layout of this width: about 500,000 pixels, but always clearly
+    // more rows than the view shows.
     static Size sizeFor(double layoutWidth, int viewHeight);
 
-    // onRenumber is told how much was added to every document row.
+    // onRenumber is called with the number that was added to every document row.
     explicit TextStretch(std::function<void(int)> onRenumber) : mOnRenumber(std::move(onRenumber)) {}
 
-    // The document stays the caller's. characterCount is that of the whole text.
+    // The caller keeps the ownership of doc, which must outlive this object's use.
+    // characterCount is that of the whole text.
     void open(void* doc, uint32_t characterCount);
-    // Makes a new surface and has the text laid out for it, with its first
-    // row at row 0. The module keeps the character at the stretch's top there.
-    // Where the module refuses that surface the one before stays, laid out
-    // anew; without one, the module's code is returned.
+    // Creates a new surface and lays the text out for it and dpi. Its first row gets
+    // row 0; the module keeps the character at the stretch's top. If the module
+    // refuses the surface, keeps the previous one and lays the text out for that. If
+    // there is none, returns the module's code, else 0.
     int32_t layOut(const Size& size, int dpi);
-    // Gives the stretch its place among the rows, after a layout or a jump.
+    // Sets the document row of the stretch's top, after a layout or a jump.
     void place(int top) { setPlace(top, used()); }
-    // Points the module at the surface, for a caller that pointed it elsewhere.
-    // False when the module refuses it: every later question and move tries
-    // again first.
+    // Gives the module the surface again, after the caller gave it another buffer.
+    // False if the module refuses it; then every later query and move tries again.
     bool useSurface();
 
-    // Starts the stretch at a character's line, as row 0; false when that fails.
+    // Moves the stretch to the line of a character, which becomes row 0. False if the
+    // module fails.
     bool jump(int32_t story, uint32_t character);
-    // By exactly so many rows, also past the end; false when it did not move.
+    // Moves down by exactly `rows`, also past the end of the text. False if the module
+    // did not move.
     bool moveDown(int rows);
-    // As moveDown(), but top and bottom move whether or not the module did.
+    // Like moveDown(), but changes top and bottom also if the module did not move.
     void advance(int rows);
-    // By so many rows, or what there is above; false when it did not move.
+    // Moves up by `rows`, or to the start of the text if that is nearer. False if the
+    // module did not move.
     bool moveUp(int rows);
 
-    // Whether text lies above and below; these ask the module unless it is known.
+    // Whether there is text above or below. These ask the module only if the answer is
+    // not known.
     bool textAbove();
     bool textBelow();
-    // These ask in every case. Text that the module cannot tell of is none.
+    // The same, but these always ask the module. False if it fails.
     bool askTextAbove();
     bool askTextBelow();
 
-    // The character at the top; asks the module at most once after a move.
+    // The character at the stretch's top. Asks the module at most once after a move.
     uint32_t topCharacter();
     uint32_t characterCount() const { return mCharacterCount; }
 
@@ -92,7 +95,7 @@ public:
     int used() const { return mSurface->Height(); }
     const Size& size() const { return mSize; }
     bool isFull() const { return used() == mSize.height; }
-    // Another number after each move and layout.
+    // A number that changes with each move and layout.
     unsigned generation() const { return mGeneration; }
 
 private:
@@ -111,7 +114,7 @@ private:
     std::function<void(int)> mOnRenumber;
     void* mDoc = nullptr;
     uint32_t mCharacterCount = 0;
-    std::unique_ptr<CpPixmap> mSurface; // null until the module has taken one
+    std::unique_ptr<CpPixmap> mSurface; // null until the module has accepted one
     bool mInUse = false;                // the module paints into it
     Size mSize;
     bool mNumbered = true;

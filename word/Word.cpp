@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Making, opening and remembering a view.
+// Construction, opening a file, and saving and restoring the state.
 #include "word/Word.h"
 
 #include "modules/Singleton.h"
@@ -10,7 +10,7 @@
 
 namespace {
 
-// Positions of a state record beyond this make no sense.
+// The highest valid row in a state record.
 constexpr int LAST_ROW = 1 << 30;
 
 } // namespace
@@ -75,7 +75,8 @@ void Word::SaveStateToDataStore() {
     if (mPopupShown) {
         mDataStore->scrollY = mPageRow;
     }
-    // A view that never got its document leaves the place for the next attempt.
+    // If the document was never opened, the saved place stays in the record for the
+    // next attempt.
     if (mDocPixmap != nullptr) {
         mSavedPlace = {mStretch.topCharacter(), mStretch.top()};
     }

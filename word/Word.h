@@ -12,16 +12,17 @@
 
 // The view of a word-processing document.
 //
-// The text is reflowed: a zoom changes the resolution that the module lays it
-// out for, and in wide mode the width as well, which then scrolls sideways. What
-// is rendered is a stretch of the text (see TextStretch); this class moves it
-// along with the view, so that the view never leaves it.
+// The text is reflowed: a zoom changes the resolution for which the module lays it
+// out. In wide mode it also changes the width, and the view can scroll sideways. A
+// part of the text, the stretch, is rendered (see TextStretch). This class moves the
+// stretch along with the view, so that the view never leaves it.
 //
-// A document that failed to open has no surface: every call is survived and
-// asks the module nothing.
+// If the document failed to open, there is no surface: all calls are allowed and do
+// not call the module.
 class Word : public OfficeBase {
 public:
-    // Width and height in pixels, at least 1. A data store of 0 has one made.
+    // Width and height are in pixels, at least 1. dataStoreId is the identifier of a
+    // state segment. If it is 0 or cannot be attached, creates a segment.
     Word(int width, int height, int docId, unsigned int dataStoreId);
     ~Word() override;
 
@@ -29,34 +30,34 @@ public:
     void RestoreStateFromDataStore() override;
     // Also writes the module's code to standard output.
     int openFile(const char* path, const char* password) override;
-    // Everything after the module has opened the file; 0, or the module's code
-    // when it refuses the surface. Then there is none, as before.
+    // Sets up the view after the module has opened the file. Returns 0, or the module's
+    // code if it refuses the surface; then the view has no surface.
     int initializeWord();
 
     void resizeDocument() override;
-    // A reflowed text has no centre.
+    // Does nothing, because a reflowed text has no centre.
     void recenterDocument() override {}
-    // Twice the zoom times the view's width, or the view's width. Goes to the
-    // stretch's top.
+    // Sets the layout's width: twice the zoom times the view's width if on, else the
+    // view's width. Sets mScroll to (0, 0).
     void setWideMode(bool on);
 
     void handlePaintGesture(unsigned int* frameBuffer) override;
-    // Paints the pop-up over the page.
+    // Paints the pop-up over the page. Locks mMutex.
     void handlePaintWide(unsigned int* frameBuffer) override;
-    // White, and a line on standard output.
+    // Sets the pixels to white and writes a line to standard output.
     void eraseBuffer(unsigned int* frameBuffer, unsigned int count) const override;
 
     bool handlePenMove(int x, int y) override;
     bool handlePenUp(int x, int y) override;
     bool handleGestureEnd(double scale, double unused) override;
     bool handleDoubleClick(int x, int y) override;
-    // Does not take mMutex: callers hold it.
+    // Does not lock mMutex. REQUIRES: the caller has locked it.
     bool handleClick(int x, int y) override;
     bool tick() override;
-    // Moves the stretch by a step when the view is near its end in that direction.
+    // Moves the stretch by a step if the view is near its end in that direction.
     void doCachingLogic(bool down);
 
-    // {"resultcount": n}
+    // Searches the whole text. Returns {"resultcount": n}.
     std::string doSearch(const char* text) override;
     int nextResult() override;
     int previousResult() override;
@@ -64,18 +65,18 @@ public:
     int clearSelection() override;
     int drawCurrentResult(CpPixmap* frame) override;
     int ReinitSearchRects() override;
-    // Brings the current hit into view.
+    // Scrolls to the current hit. With keepVertical only sideways, in wide mode.
     void commonCenteringRoutine(bool keepVertical);
     std::string getDocProperties() override;
 
 protected:
-    // A place to return to: a character and the row that its line had.
+    // A place to return to: a character and the document row of its line.
     struct Place {
         uint32_t character = 0;
         int row = 0;
     };
 
-    // The layout, and where a new one leaves the view.
+    // The layout, and the position of the view after a new layout.
     int layOut();
     double layoutWidth(double scale) const;
     double fittingScale(double scale) const;
@@ -83,7 +84,7 @@ protected:
     void coverTappedPosition();
     void returnToSavedPlace();
 
-    // The stretch and the view moving along each other.
+    // Moving the stretch and the view.
     bool isTall() const;
     void renumber(int rows);
     void drag(int x, int y);
@@ -115,21 +116,21 @@ protected:
     void* mDocument = nullptr;
     TextStretch mStretch;
     bool mWideMode = false;
-    bool mRestored = false; // the state record was there before the view
-    Place mSavedPlace;      // of the state record, until the document is open
+    bool mRestored = false; // the state was restored from a given record
+    Place mSavedPlace;      // the place in the state record, until the document is open
 
-    // Arrays belong to the module. Regions are those of the stretch as it was
-    // when they were fetched.
+    // The module owns these arrays. mRegions belongs to the stretch with the generation
+    // mRegionGeneration.
     const wtg_find_result* mResults = nullptr;
     const wtg_find_region* mRegions = nullptr;
     int32_t mResultCount = 0;
     int32_t mRegionCount = 0;
     unsigned mRegionGeneration = 0;
-    uint32_t mHitPosition = 0; // of the current hit, wherever the stretch is
+    uint32_t mHitPosition = 0; // character position of the current hit
 
-    static constexpr int POPUP_LEFT = 20; // columns of the frame on either side
+    static constexpr int POPUP_LEFT = 20; // pixels between pop-up and frame on either side
     static constexpr int POPUP_HEIGHT = 1000;
     bool mPopupShown = false;
-    int mPageRow = 0; // scroll y of the page below the pop-up
+    int mPageRow = 0; // mScroll.y of the page below the pop-up
     CpPixmap mPopup;
 };

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The layout's size, and the three ways to change it: wide mode, double tap
-// and pinch.
+// The size of the layout and the operations that change it: wide mode, double tap and
+// pinch.
 #include "raster/Saturate.h"
 #include "view/ModuleArguments.h"
 #include "word/Word.h"
@@ -16,9 +16,9 @@ long long prvPixels(const TextStretch::Size& size) {
     return static_cast<long long>(size.width) * size.height;
 }
 
-// Where an axis must be for a point of the view to come to its middle. A point
-// beside the view counts as one on its edge: the stretch follows the tap by the
-// row, and could be sent anywhere.
+// The position of one axis of mScroll that centres a point of the view. A point
+// outside the view is moved to its edge, because the stretch would otherwise follow
+// a tap to any distance.
 int prvCentred(int scroll, int point, double ratio, int viewLength) {
     const int half = viewLength / 2;
     return saturateToInt((static_cast<double>(scroll) + std::clamp(point, 0, viewLength)) * ratio - half);
@@ -31,8 +31,8 @@ double Word::layoutWidth(double scale) const {
     return std::max(1.0, factor * mWidth);
 }
 
-// The zoom, or the largest below it whose surface may be made. Zooms below the
-// smallest are not taken for that.
+// The wanted zoom, or the largest lower zoom whose surface fits into 64 MiB. Does not
+// go below mMinScale for that.
 double Word::fittingScale(double scale) const {
     const double wanted = bearableScale(scale);
     const TextStretch::Size size = TextStretch::sizeFor(layoutWidth(wanted), mHeight);
@@ -65,14 +65,14 @@ void Word::setWideMode(bool on) {
     closePopup();
     mWideMode = on;
     resizeDocument();
-    // Rows and columns are others now: no drag or glide goes on from the old ones.
+    // Ends drags and glides, because their positions belong to the old layout.
     mScroller.Stop();
     mScroll.set(0, 0);
     mPenDownScroll.set(0, 0);
 }
 
-// A reflow moves text by more than the ratio, so this keeps the neighbourhood;
-// what it keeps exactly is the character at the stretch's top.
+// Scaling rows by the ratio keeps the place only approximately, because a reflow also
+// moves text. The character at the stretch's top is kept exactly.
 void Word::relayoutKeepingPlace(double ratio) {
     const int oldTop = mDocPixmap != nullptr ? mStretch.top() : 0;
     recenterDocument();
@@ -110,7 +110,8 @@ bool Word::handleDoubleClick(int x, int y) {
     return true;
 }
 
-// Not clamped: the view may stand above row 0 to have the tapped point in its middle.
+// Moves the stretch under the view after a double tap. Does not clamp the view at the
+// top: it may start above row 0, so that the tapped point is in its centre.
 void Word::coverTappedPosition() {
     const int amount = std::max(mStretch.size().step, mHeight);
     if (saturatedSum(mScroll.y, mHeight) > mStretch.bottom()) {

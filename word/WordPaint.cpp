@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// What this view paints differently from others: white paper, and the preview
-// of a pinch.
+// The parts of painting that differ from other views: the white background and the
+// preview of a pinch.
 #include "raster/Saturate.h"
 #include "word/Word.h"
 
@@ -9,7 +9,7 @@
 namespace {
 constexpr unsigned int WHITE = 0xFFFFFFFF;
 
-// A rectangle of width * height around the middle of a view, scaled.
+// The rectangle of a view of width * height, scaled about its centre.
 CpRect prvCentred(int width, int height, double scale) {
     const double halfWidth = 0.5 * width * scale;
     const double halfHeight = 0.5 * height * scale;
@@ -25,8 +25,9 @@ void Word::eraseBuffer(unsigned int* frameBuffer, unsigned int count) const {
     FillPixels(frameBuffer, count, WHITE);
 }
 
-// Scales the last frame: the module renders nothing until the pinch ends.
-// Nothing larger is shown than there can be a surface for then.
+// Scales the last frame, because the module renders nothing until the pinch ends.
+// Limits the scale to that of the largest possible surface, because the pinch ends
+// with that zoom.
 void Word::handlePaintGesture(unsigned int* frameBuffer) {
     const double wanted = mScale * mGestureRequestScale;
     const double possible = fittingScale(wanted);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// The pop-up: a secondary document, such as a footnote, over the darkened page.
-// While it is shown mScroll.y scrolls it and not the page, whose own row is
-// mPageRow, and the stretch stays where it is.
+// The pop-up: a secondary document, such as a footnote, over the darkened page. While
+// it is shown, mScroll.y scrolls the pop-up. The page stays at mPageRow, and the
+// stretch does not move.
 #include "raster/Saturate.h"
 #include "word/Word.h"
 
@@ -12,16 +12,17 @@ namespace {
 constexpr uint32_t WHITE = 0xFFFFFFFF;
 constexpr unsigned int SHADE = 0x77333333;
 constexpr int POPUP_TOP = 40; // rows of the frame above and below the pop-up
-// The module leaves the first rows of the pixmap empty; they are never shown.
+// The module leaves this many rows at the top of the pixmap empty. They are not shown.
 constexpr int POPUP_HEADROOM = 50;
-constexpr int POPUP_OVERLAP = 30; // how far the last offset shows past what the view would
+constexpr int POPUP_OVERLAP = 30; // rows added to the last scroll position of the pop-up
 
 } // namespace
 
-// The module paints into one buffer at a time: it is lent the pop-up's.
+// The module has only one buffer at a time, so it gets the pop-up's pixmap and then the
+// surface again.
 bool Word::showPopup(const wtg_click_info& reference) {
     if (mPopup.Pixels() == nullptr) {
-        return false; // the view is too narrow for one
+        return false; // the view is too narrow for a pop-up
     }
     std::fill_n(mPopup.Pixels(), mPopup.Area(), WHITE);
     if (mModule.wtg_set_offscreen_buffer(mDocument, 0, mPopup.Pixels(), mPopup.Width(), mPopup.Height()) !=
@@ -43,7 +44,7 @@ bool Word::showPopup(const wtg_click_info& reference) {
     return true;
 }
 
-// True when one was shown. Its scrolling ends with it.
+// Closes the pop-up and stops its glide. True if one was shown.
 bool Word::closePopup() {
     if (!mPopupShown) {
         return false;
@@ -55,7 +56,7 @@ bool Word::closePopup() {
     return true;
 }
 
-// How far the view can be scrolled in the pop-up.
+// The number of rows by which the pop-up can be scrolled.
 int Word::popupRange() const {
     return std::max(0, mPopup.Height() - mHeight + POPUP_OVERLAP - POPUP_HEADROOM);
 }
@@ -78,7 +79,8 @@ void Word::handlePaintWide(unsigned int* frameBuffer) {
         offset = POPUP_HEADROOM;
         mScroll.y = mPageRow;
     }
-    // Past the end; from there scrolling goes on at a row of its own.
+    // Past the end of the pop-up: mScroll.y gets a fixed position, which differs from
+    // the one that is shown.
     if (mHeight + offset - POPUP_OVERLAP > mPopup.Height()) {
         offset = std::max(POPUP_HEADROOM, mPopup.Height() - mHeight + POPUP_OVERLAP);
         mScroll.y = saturatedSum(mPageRow, mHeight - POPUP_OVERLAP);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the document says of itself, and the selection.
+// The document's properties, and the selection.
 #include "view/DocumentProperties.h"
 #include "word/Word.h"
 

@@ -13,9 +13,9 @@
 // position leaves it, by half of what the surface has more than the view, and
 // the view is held to it only when that is done.
 //
-// What no threshold sees - a drag that reverses in one contact, a glide faster
-// than the steps, a hit, a jump, a new layout - is made good at the next paint
-// at the latest: cover().
+// The thresholds do not notice every move: not a drag that reverses in one
+// contact, a glide faster than the steps, a hit, a jump or a new layout. cover()
+// corrects these at the next paint at the latest.
 #include "raster/Saturate.h"
 #include "word/Word.h"
 
@@ -26,7 +26,7 @@ bool Word::isTall() const {
     return size.height - 2 * size.step < mHeight;
 }
 
-// Everything that remembers a document row; the picture stays.
+// Shifts every stored document row. The picture does not change.
 void Word::renumber(int rows) {
     mScroll.y = saturatedSum(mScroll.y, rows);
     mPenDownScroll.y = saturatedSum(mPenDownScroll.y, rows);
@@ -67,7 +67,7 @@ void Word::drag(int x, int y) {
     follow(saturatedDifference(y, mPenDownPoint.y) < 1);
 }
 
-// Lets the scroller bring a view that stands off the text back to it.
+// Asks the scroller to bring a view outside the text back to it.
 void Word::glideInside() {
     if (mDocPixmap == nullptr || mPopupShown || mScroller.isMoving()) {
         return;
@@ -116,7 +116,8 @@ void Word::doCachingLogic(bool down) {
     }
 }
 
-// Takes the view to mScroll, where input wants it, as far as there is text.
+// Moves stretch and view towards mScroll, the position that input wants, as far as
+// there is text.
 void Word::follow(bool down) {
     if (mDocPixmap == nullptr) {
         return;
@@ -131,7 +132,8 @@ void Word::follow(bool down) {
     const int cut = saturatedDifference(wanted, mScroll.y);
     const unsigned before = mStretch.generation();
     doCachingLogic(down);
-    // A pen that turned around: its direction says up, but the text ends below.
+    // The pen may have reversed during the drag: then `down` is false, although the view
+    // has reached the stretch's lower end and text lies below.
     if (cut > 0 && mStretch.generation() == before && mStretch.textBelow() &&
         mStretch.moveDown(mStretch.size().step)) {
         mScroll.y = saturatedSum(mScroll.y, cut);
@@ -151,7 +153,7 @@ void Word::moveStretchUnderView() {
     }
 }
 
-// For each paint: asks nothing of the module while the view is covered.
+// Called by each paint. Does not call the module while the stretch covers the view.
 void Word::cover() {
     if (mDocPixmap == nullptr) {
         return;
@@ -163,7 +165,8 @@ void Word::cover() {
     }
 }
 
-// For a view that was put somewhere else: as cover(), and held to the text.
+// Called after the view was moved to another place: like cover(), but always clamps
+// the view to the stretch.
 void Word::settle() {
     if (mDocPixmap != nullptr) {
         moveStretchUnderView();

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-// Search: all hits of the text are known as results, those inside the stretch
-// also as regions with rectangles. The current hit is remembered by its
-// character; mCurrentResult is its index among the regions while it is in the
-// stretch, and no more than "there is one" otherwise.
+// Search. mResults has all hits of the text; mRegions has the hits inside the stretch,
+// with rectangles. mHitPosition, the character position, identifies the current hit.
+// mCurrentResult is its index in mRegions while it is inside the stretch. Otherwise
+// it only says, by being 0 or more, that there is a current hit.
 #include "raster/Saturate.h"
 #include "view/JsonReply.h"
 #include "view/ModuleArguments.h"
@@ -47,7 +47,8 @@ void Word::goToFirstHit() {
     }
 }
 
-// Finds the current hit again among the regions of the stretch as it is now.
+// Fetches the regions of the stretch and finds the current hit among them. False if the
+// module fails.
 bool Word::fetchRegions() {
     const int32_t failed = mModule.wtg_get_found_regions(mDocument, 0, &mRegionCount, &mRegions);
     if (mRegions == nullptr || mRegionCount < 0) {
@@ -68,7 +69,8 @@ void Word::selectRegion(int index) {
     mHitPosition = mRegions[index].position;
 }
 
-// False when the module cannot, and then nothing has changed.
+// Moves to a hit outside the stretch. If the module fails, returns false and changes
+// nothing.
 bool Word::jumpToHit(int result) {
     const uint32_t position = mResults[result].start;
     if (!jumpToCharacter(0, position)) {
@@ -80,7 +82,7 @@ bool Word::jumpToHit(int result) {
     return true;
 }
 
-// Null while the current hit lies outside the stretch, or there is none.
+// Null if there is no current hit or it lies outside the stretch.
 const wtg_find_region* Word::currentRegion() {
     if (mCurrentResult < 0 || mResultCount < 1 || mDocPixmap == nullptr) {
         return nullptr;
@@ -94,8 +96,8 @@ const wtg_find_region* Word::currentRegion() {
     return &mRegions[mCurrentResult];
 }
 
-// The index of the current hit among the results. The bisection may answer
-// with a neighbour.
+// The index of the current hit in mResults. The bisection may return a neighbour, so
+// this searches on from there.
 std::optional<int> Word::ownResult() const {
     int r = find_first_result_greater_than_eq(mHitPosition, mResults, mResultCount);
     while (r + 1 < mResultCount && mResults[r].start < mHitPosition) {
@@ -133,7 +135,7 @@ int Word::previousResult() {
         selectRegion(mCurrentResult - 1);
     } else {
         const std::optional<int> own = ownResult();
-        // The first two count as the beginning.
+        // There is no step back from the first two results.
         if (!own || *own <= 1 || !jumpToHit(*own - 1)) {
             return 0;
         }
@@ -146,7 +148,7 @@ int Word::previousResult() {
     return 0;
 }
 
-// The document row of a hit; rectangles are in the surface's.
+// The document row of a hit. Its rectangles are relative to the surface.
 int Word::hitRow(const wtg_find_region& region) const {
     return saturatedSum(mStretch.top(), firstRow(region));
 }

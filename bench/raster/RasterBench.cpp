@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// Times the raster operations against the plain loops and against memcpy of as
-// many bytes as the operation writes. The three take turns within one run and
-// medians are compared, so the ratios hold on a machine whose absolute speed
-// does not.
+// Compares the raster operations with plain loops and with memcpy of as many bytes as
+// the operation writes. The three run in turns and their medians are compared, so the
+// ratios are stable on a machine whose speed varies.
 //
 // raster_bench [rounds]
 #include "PlainLoops.h"
@@ -20,14 +19,14 @@
 
 namespace {
 
-// The thread's own time: what else the machine does meanwhile does not count.
+// The processor time of this thread, which excludes the work of other processes.
 double nowMicroseconds() {
     timespec now{};
     clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
     return static_cast<double>(now.tv_sec) * 1e6 + static_cast<double>(now.tv_nsec) / 1e3;
 }
 
-// Pixels that start at a page, as those of a shared segment do.
+// Pixels that start at a page boundary, like those of a shared segment.
 class Frame {
 public:
     explicit Frame(size_t pixels)
@@ -75,8 +74,8 @@ struct Variant {
     }
 };
 
-// A document of which every page is in memory: what was never written would be
-// read from the one page of zeroes that stands for it.
+// A document with all its memory pages allocated. Pages that were never written would
+// all be read from the kernel's single zero page.
 class Document : public CpPixmap {
 public:
     Document(int width, int height) : CpPixmap(width, height) {
@@ -111,7 +110,7 @@ public:
         : mWidth(width), mHeight(height), mRounds(rounds),
           mPixels(static_cast<size_t>(width) * static_cast<size_t>(height)),
           mSize(std::to_string(width) + "x" + std::to_string(height)),
-          // Room for the rows and pixels that the turned copies write past the image.
+          // Includes the rows and pixels that the rotated copies write past the image.
           mFrame(mPixels + 2 * static_cast<size_t>(std::max(width, height)) + 1), mSecond(width, height) {}
 
     void run() {
@@ -145,8 +144,8 @@ private:
         paint("paint, half outside", document, CpRect(mWidth / 2, 0, mWidth / 2 + mWidth, mHeight));
     }
 
-    // What a view does for a paint. The measure is memcpy to one buffer, the
-    // paint fills two.
+    // The copies that a view makes for a paint. They fill two buffers; the memcpy that
+    // they are compared with fills one.
     void paint(const char* name, const CpPixmap& document, const CpRect& s) {
         uint32_t* const frame = mFrame.data();
         uint32_t* const second = mSecond.Pixels();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// service_bench [ROUNDS]: prints the figures of the whole service, each as a
-// ratio to a baseline of the same run.
+// service_bench [ROUNDS]: measures the whole service and prints ratios to baselines
+// measured in the same run.
 #include "bench/service/RunningService.h"
 
 #include <sched.h>

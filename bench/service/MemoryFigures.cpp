@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the service and its engines keep for themselves: private pages, as the
-// kernel counts them.
+// The private memory of the service and its engines, from the kernel's smaps_rollup.
 #include "bench/service/RunningService.h"
 
 #include <cstdio>
@@ -31,7 +30,8 @@ void memoryFigures() {
     TestDocument first(service.bus(), service.queue(), file, WIDTH, HEIGHT);
     first.paint();
     service.waitForSpare(1);
-    // The cache strip of about 500,000 pixels, the copy of the last frame and the pop-up's pixmap.
+    // The stretch's surface of about 500,000 pixels, the copy of the last frame and the
+    // pop-up's pixmap.
     const double surfaces = (500000.0 + WIDTH * HEIGHT + (WIDTH - 40) * 1000.0) * 4 / (1024 * 1024);
     std::printf("%-46s %7.1f\n", "service, one document, without surfaces",
                 privateMiB(service.pid()) - surfaces);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// From the call that opens a document to its first screen in the frame buffer,
-// against a bare program that starts the office suite, loads, reflows a text and
-// paints the same region.
+// The time from the call that opens a document to its first frame, compared with a bare
+// program that starts the office suite, loads the file, reflows text and paints the
+// same region.
 #include "bench/service/RunningService.h"
 
 #include <cstdio>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A paint request's round trip over the queue, with nothing to render, against
+// The round trip of a paint request over the queue, without rendering, compared with
 // copying the frame twice.
 #include "bench/service/RunningService.h"
 
@@ -20,7 +20,7 @@ void paintFigures() {
     std::vector<uint32_t> source(WIDTH * HEIGHT, 0x55), first(source), second(source);
     std::vector<double> trips, copies;
     for (int round = 0; round < ROUNDS; ++round) {
-        document.touch(); // makes the view dirty: a paint of an unchanged view does nothing
+        document.touch(); // makes the view dirty, because a paint of an unchanged view does nothing
         double start = now();
         document.paint();
         trips.push_back(now() - start);

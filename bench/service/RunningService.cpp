@@ -42,8 +42,8 @@ std::vector<pid_t> RunningService::engines() const {
     return found;
 }
 
-// An engine that has nothing to do uses no processor: ready is when the newest
-// has not used any for a while.
+// A spare engine is ready when the newest engine has used no processor time for
+// 15 checks, which are 20 ms apart.
 void RunningService::waitForSpare(size_t used) const {
     std::string last;
     for (int quiet = 0, tries = 0; quiet < 15 && tries < 1000; ++tries) {

@@ -9,16 +9,17 @@
 #include <string>
 #include <vector>
 
-// A service on a private bus, for one series of measurements.
+// Runs a service on a private bus for one series of measurements. Stops it when
+// destroyed.
 class RunningService {
 public:
     RunningService();
     ~RunningService();
 
     pid_t pid() const { return mService->pid(); }
-    // Its engine processes, oldest first.
+    // The service's engine processes, oldest first.
     std::vector<pid_t> engines() const;
-    // Waits until a spare engine stands ready beside `used` engines in use.
+    // Waits until a spare engine is ready besides `used` engines in use.
     void waitForSpare(size_t used) const;
 
     BusConnection& bus() { return *mClient; }
@@ -32,20 +33,21 @@ private:
     std::unique_ptr<Queue> mQueue;
 };
 
-// The middle of the values; q in 0..1 gives other quantiles.
+// The quantile q (0 to 1) of the values. REQUIRES: there is at least one value.
 double quantile(std::vector<double> values, double q);
 inline double median(const std::vector<double>& values) {
     return quantile(values, 0.5);
 }
 
-// Milliseconds of a steady clock.
+// The time of the monotonic clock in milliseconds.
 double now();
 
-// A generated document of so many pages, with a word put in so many times.
+// Generates a word-processing document with `pages` pages that contains `word` `hits`
+// times, and returns its path.
 std::string longDocument(const TemporaryFolder& folder, int pages, const std::string& word = "",
                          int hits = 0);
 
-// A generated workbook of so many rows.
+// Generates a workbook with `rows` rows and returns its path.
 std::string longWorkbook(const TemporaryFolder& folder, int rows);
 
 void openFigures(int rounds);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// A search, from its call to its reply, against the office suite's own search
-// for the same text; and a step to a hit in another stretch of the text with its
-// paint, against the suite's own paint of as many pixels.
+// The time of a search from call to reply, compared with the office suite's own search
+// for the same text. The time of a step to a hit in another stretch of the text, with
+// its paint, compared with the suite's own paint of as many pixels.
 #include "bench/service/RunningService.h"
 
 #include <cstdio>
@@ -12,7 +12,7 @@ namespace {
 
 constexpr int WIDTH = 320;
 constexpr int HEIGHT = 480;
-constexpr int STRETCH = 1562; // rows that the view keeps painted at this width
+constexpr int STRETCH = 1562; // rows of the stretch at this width: 500,000 pixels / WIDTH
 constexpr int PAGES = 200;
 constexpr char WORD[] = "zebra";
 
@@ -34,7 +34,7 @@ Bare bareProgram(const std::string& file, const TemporaryFolder& folder) {
     return bare;
 }
 
-// Milliseconds of a call without the paint that follows it, and with.
+// The milliseconds of a call without (`call`) and with (`whole`) the paint after it.
 struct Timed {
     double call = 0;
     double whole = 0;
@@ -53,7 +53,7 @@ Timed timed(RunningService& service, TestDocument& document, const char* method,
     return {replied - start, painted - start};
 }
 
-// The times of steps that moved the stretch, of so many steps.
+// Does COUNT steps and appends the times of those that moved the stretch.
 void stepsOf(RunningService& service, TestDocument& document, const char* method,
              std::vector<double>& moved) {
     constexpr int COUNT = 150;
@@ -89,7 +89,8 @@ void figuresOf(int hits, int rounds) {
         searches.push_back(
             timed(service, document, "Search", std::string(",\"search\":\"") + WORD + "\"").call);
         stepsOf(service, document, "nextResult", steps);
-        // Back over the same ground: where its hits lie is known now.
+        // Steps back and forth through the same part of the text, in which the positions of
+        // the hits are known now.
         stepsOf(service, document, "previousResult", again);
         stepsOf(service, document, "nextResult", again);
     }

@@ -50,10 +50,11 @@ double milliseconds() {
 
 std::unique_ptr<Document> Document::load(const std::string& file, const std::string& profile) {
     auto document = std::make_unique<Document>();
-    // The suite leaves a lock file beside what it opens: a copy goes with the profile.
+    // The suite leaves a lock file next to the file that it opens, so it gets a copy in
+    // the profile folder, which is removed at the end.
     const std::string copy = profile + "/document" + std::filesystem::path(file).extension().string();
     std::filesystem::copy_file(file, copy);
-    // The engine's: what its settings save is not the point here.
+    // The engine's profile, so that both run with the same settings.
     if (!lectern::engine::writeProfile(profile))
         return nullptr;
     const double start = milliseconds();
@@ -66,7 +67,7 @@ std::unique_ptr<Document> Document::load(const std::string& file, const std::str
         return nullptr;
     document->mPainter->initializeForRendering("{}");
     const auto desktop = css::frame::Desktop::create(componentContext());
-    // Which one is current is told a little later; there is but one.
+    // The desktop does not know its current document yet, but there is only one.
     document->mModel.set(desktop->getComponents()->createEnumeration()->nextElement(), UNO_QUERY_THROW);
     document->mStarted = started - start;
     document->mLoaded = milliseconds() - started;

@@ -15,24 +15,25 @@ namespace bare {
 
 double milliseconds();
 
-// A document in the office suite with the engine's settings, and nothing else of
-// ours: what baselines measure.
+// A document in the office suite with the settings of Lectern's engine, but without any
+// of its other code. Baselines measure this.
 class Document {
 public:
-    // Null when the suite does not start, or the file does not load.
+    // Starts the suite with a profile folder and loads a file. Null if either fails.
     static std::unique_ptr<Document> load(const std::string& file, const std::string& profile);
 
-    // One giant page of a width in pixels: no index, no fitting, no second
-    // pass, the least a reflow can cost.
+    // Lays the text out on one giant page of this width in pixels. This is the least
+    // work that a reflow can be: no index, no fitting and no second pass.
     void reflow(int width, int dpi);
-    // Paints rows [top, top + height) of that page.
+    // Paints the pixel rows [top, top + height) of that page.
     void paint(int top, int width, int height, int dpi);
-    // Paints the document's top left corner, so many twips of it.
+    // Paints the document's top left corner of twipsWide * twipsHigh twips into
+    // width * height pixels.
     void paintTwips(int width, int height, int twipsWide, int twipsHigh);
 
     const css::uno::Reference<css::frame::XModel>& model() const { return mModel; }
     lok::Document& painter() { return *mPainter; }
-    double startTime() const { return mStarted; } // milliseconds that the suite's start took
+    double startTime() const { return mStarted; } // milliseconds to start the suite
     double loadTime() const { return mLoaded; }
 
 private:
@@ -44,9 +45,9 @@ private:
     double mLoaded = 0;
 };
 
-// Runs measure with a folder for the suite's profile and temporary files, and
-// ends the process with its result. Taking the suite down is no part of any
-// figure, and not reliable.
+// Runs `measure` with a new folder for the suite's profile and temporary files, removes
+// the folder and ends the process with the result. Does not shut the suite down: that
+// is not part of any figure and not reliable.
 [[noreturn]] void run(int (*measure)(char** argv, const std::string& profile), char** argv);
 
 } // namespace bare

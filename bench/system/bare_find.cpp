@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // bare_find FILE WIDTH HEIGHT DPI TEXT: the baseline of searches. Prints the
-// milliseconds of the office suite's own search for all of a text, how often it
-// finds it, and the median milliseconds of painting WIDTH x HEIGHT pixels at
-// places spread over the document.
+// milliseconds of the office suite's own search for all hits of TEXT, the number of
+// hits, and the median milliseconds of painting WIDTH x HEIGHT pixels at places spread
+// over the document.
 #include "bench/system/BareDocument.h"
 
 #include <com/sun/star/util/XSearchDescriptor.hpp>
@@ -38,7 +38,7 @@ int measure(char** argv, const std::string& profile) {
     std::vector<double> paints;
     for (int i = 0; i < PLACES; ++i) {
         const double before = bare::milliseconds();
-        // Each a stretch that was not painted before.
+        // Each paint shows a part that was not painted before.
         document->paint((i * 7 % PLACES) * 10 * height, width, height, dpi);
         paints.push_back(bare::milliseconds() - before);
     }

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-// bare_open FILE WIDTH HEIGHT: the baseline of opening workbooks and
-// presentations. Loads one into the office suite and paints what a view of this
-// size first shows of it: the corner of the sheet at 144 dpi, the whole of the
-// slide at the view's width. Prints the milliseconds of each step: start, load,
-// paint.
+// bare_open FILE WIDTH HEIGHT: the baseline of opening workbooks and presentations.
+// Loads the file into the office suite and paints the first frame of a view of this
+// size: the corner of the sheet at 144 dpi, or the whole slide at the view's width.
+// Prints the milliseconds of each step: start, load, paint.
 #include "bench/system/BareDocument.h"
 
 #include <algorithm>
@@ -20,7 +19,7 @@ int measure(char** argv, const std::string& profile) {
     const int height = std::atoi(argv[3]); // NOLINT(cert-err34-c)
     if (width < 1 || height < 1)
         return 2;
-    // Kept: nothing of the suite is taken down.
+    // Never destroyed: the suite is not shut down.
     auto* const document = bare::Document::load(argv[1], profile).release();
     if (document == nullptr)
         return 1;

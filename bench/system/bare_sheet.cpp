@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-// bare_sheet FILE WORD: the baseline of workbooks. Loads one into the office
-// suite and prints the least milliseconds of some runs that the suite itself
-// takes for: a paint of 1500 x 1500 pixels, two copies of as many, finding WORD
-// in the first sheet, sorting it by one of its columns.
+// bare_sheet FILE WORD: the baseline of workbooks. Loads the file into the office suite
+// and prints the suite's own milliseconds, the least of some runs, for: a paint of
+// 1500 x 1500 pixels, two copies of as many pixels, finding WORD in the first sheet,
+// and sorting that sheet by one of its columns.
 #include <LibreOfficeKit/LibreOfficeKit.hxx>
 #include <LibreOfficeKit/LibreOfficeKitInit.h>
 #include <com/sun/star/container/XIndexAccess.hpp>
@@ -135,6 +135,6 @@ int main(int argc, char** argv) {
     std::fflush(nullptr);
     std::error_code ignored;
     std::filesystem::remove_all(folder, ignored);
-    // The suite does not survive an ordinary exit.
+    // The suite crashes in an ordinary exit.
     _exit(status);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// bare_word FILE WIDTH HEIGHT DPI: the baseline of word-processing opens. Loads
-// a document into the office suite, gives it one giant page of the width, paints
-// the top once, and prints the milliseconds of each step: start, load, reflow,
+// bare_word FILE WIDTH HEIGHT DPI: the baseline of opening word-processing documents.
+// Loads the file into the office suite, lays it out on one giant page of this width,
+// paints the top once, and prints the milliseconds of each step: start, load, reflow,
 // paint.
 #include "bench/system/BareDocument.h"
 
@@ -16,7 +16,7 @@ int measure(char** argv, const std::string& profile) {
     const int dpi = std::atoi(argv[4]);    // NOLINT(cert-err34-c)
     if (width < 1 || height < 1 || dpi < 1)
         return 2;
-    // Kept: nothing of the suite is taken down.
+    // Never destroyed: the suite is not shut down.
     auto* const document = bare::Document::load(argv[1], profile).release();
     if (document == nullptr)
         return 1;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// sheet_figures FILE WORD: what the spreadsheet module costs beyond the office
-// suite behind it. FILE is an absolute path to a workbook that make_xlsx.py made
-// ("long"). Prints each figure with the suite's own, measured by bare_sheet in
+// sheet_figures FILE WORD: the cost of the spreadsheet module compared with the office
+// suite behind it. FILE is the absolute path of a workbook made by "make_xlsx.py long".
+// Prints each time of the module, the suite's own time, which bare_sheet measures in
 // the same run, and their ratio.
 #include "modules/STGFunc.h"
 
@@ -27,8 +27,8 @@ double milliseconds() {
     return std::chrono::duration<double, std::milli>(now).count();
 }
 
-// The least milliseconds of some runs, all of which must succeed: what else the
-// machine does can only add to them.
+// The least milliseconds of `times` runs, because other work on the machine can only
+// make a run slower. Ends the program if a run fails.
 template<class Work>
 double best(int times, Work work) {
     std::vector<double> taken;

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-// slide_figures /ABSOLUTE/FILE WIDTH HEIGHT [jumps]: what painting slides through
-// the module costs against the suite's own paint of them, in milliseconds. The
-// slides come one after the other, or in a random order, always the same.
-// Prints a line for each way: every slide once in the suite alone, every slide
-// once through the module, and again through the module while it is kept; the
-// median of each, and its ratio to the suite's own.
+// slide_figures /ABSOLUTE/FILE WIDTH HEIGHT [jumps]: compares painting slides through
+// the module with the suite's own painting. The slides are painted in order or, with
+// "jumps", in a random order that is always the same. Prints one line with the median
+// milliseconds of painting a slide in the suite alone, through the module, and again
+// through the module, which has kept the slide; and the ratios to the suite.
 #include "modules/SSTGFunc.h"
 
 #include <LibreOfficeKit/LibreOfficeKit.hxx>
@@ -30,7 +29,7 @@ struct Job {
     int width;
     int height;
     bool jumps;
-    std::string folder; // of this run
+    std::string folder; // for temporary files of this run
 };
 
 double milliseconds() {
@@ -56,12 +55,13 @@ std::vector<std::uint16_t> units(const std::string& ascii) {
     return text;
 }
 
-// The suite in this process, with nothing around it.
+// Paints in the suite alone, in this process.
 class BareSuite {
 public:
     explicit BareSuite(const Job& job)
         : mJob(job), mPixels(static_cast<size_t>(job.width) * static_cast<size_t>(job.height) * 4) {
-        // It leaves a lock file beside what it opens: a copy goes with the folder.
+        // The suite leaves a lock file next to the file that it opens, so it gets a copy in
+        // the run's folder, which is removed at the end.
         const std::string copy =
             job.folder + "/document" + std::filesystem::path(job.path).extension().string();
         std::filesystem::copy_file(job.path, copy);
@@ -84,13 +84,13 @@ public:
 
 private:
     const Job& mJob;
-    lok::Document* mDocument = nullptr; // ends with the process
+    lok::Document* mDocument = nullptr; // never destroyed
     long mAcross = 0;
     long mDown = 0;
     std::vector<unsigned char> mPixels;
 };
 
-// The same through the module.
+// Paints through the module.
 class Module {
 public:
     explicit Module(const Job& job)
@@ -133,9 +133,10 @@ private:
     std::vector<std::uint32_t> mPixels;
 };
 
-// The ways take turns, so that whatever else the machine does slows all of them.
+// The three ways take turns for each slide, so that other work on the machine slows all
+// of them.
 int measure(const Job& job) {
-    // Opened before the suite is in this process, for the module starts processes.
+    // The module starts processes, so it is opened before the suite runs in this process.
     Module module(job);
     setenv("TMPDIR", job.folder.c_str(), 1); // the suite leaves files in it
     BareSuite suite(job);
@@ -145,7 +146,7 @@ int measure(const Job& job) {
     std::iota(slides.begin(), slides.end(), 0);
     if (job.jumps)
         std::shuffle(slides.begin(), slides.end(),
-                     std::mt19937(1)); // NOLINT(cert-msc51-cpp): the same always
+                     std::mt19937(1)); // NOLINT(cert-msc51-cpp): always the same order
     std::vector<double> bare;
     std::vector<double> painted;
     std::vector<double> kept;
@@ -176,6 +177,6 @@ int main(int argc, char** argv) {
     const int result = measure(job);
     std::error_code error;
     std::filesystem::remove_all(folder, error);
-    // The suite does not survive an ordinary exit.
+    // The suite crashes in an ordinary exit.
     _exit(result);
 }
