@@ -17,7 +17,7 @@ public:
 
     // Takes the queue of this project (see DocAdapterMessageQueue). False, after a line on
     // standard error, when another process has it or the system has no socket.
-    bool acquire(char project);
+    [[nodiscard]] bool acquire(char project);
 
 private:
     int mSocket = -1;

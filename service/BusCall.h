@@ -37,10 +37,10 @@ public:
 
     // Reads a parameter that must be there; a missing one is answered with
     // "errParamFailed" and missingText, and false.
-    bool require(const char* key, int& value, const char* missingText = NO_PARAMETER);
-    bool require(const char* key, unsigned int& value, const char* missingText = NO_PARAMETER);
-    bool require(const char* key, bool& value, const char* missingText = NO_PARAMETER);
-    bool require(const char* key, const char*& value, const char* missingText = NO_PARAMETER);
+    [[nodiscard]] bool require(const char* key, int& value, const char* missingText = NO_PARAMETER);
+    [[nodiscard]] bool require(const char* key, unsigned int& value, const char* missingText = NO_PARAMETER);
+    [[nodiscard]] bool require(const char* key, bool& value, const char* missingText = NO_PARAMETER);
+    [[nodiscard]] bool require(const char* key, const char*& value, const char* missingText = NO_PARAMETER);
 
     void reply(const std::string& text);
     // {"returnValue": true}

@@ -22,8 +22,8 @@ public:
     // pixels and the status byte. Nothing, with a text in `problem`, when a side
     // is below 1 or above MAX_SIDE, the frame larger than size, size larger than
     // the segment, or the segment not to be had.
-    static std::optional<FrameBuffer> attach(unsigned int shmid, int width, int height, int size,
-                                             const char*& problem);
+    [[nodiscard]] static std::optional<FrameBuffer> attach(unsigned int shmid, int width, int height,
+                                                           int size, const char*& problem);
 
     // Detaches the segment and returns the slack.
     ~FrameBuffer();

@@ -35,7 +35,7 @@ public:
     SignalThread& operator=(const SignalThread&) = delete;
 
     // 0 or an error number. Before the handlers are installed; once per process at a time.
-    int start();
+    [[nodiscard]] int start();
 
 private:
     static void* run(void* thread);

@@ -31,7 +31,7 @@ public:
 
     // Attaches an existing segment; false when its identifier is reserved, it
     // is smaller than a record or cannot be attached for reading and writing.
-    bool attach(unsigned int id);
+    [[nodiscard]] bool attach(unsigned int id);
     // Makes a zeroed segment under the key ftok(path, project), or under none
     // when another has that key. False, after a line on standard error, when
     // the system gives no segment with a usable identifier.
