@@ -18,7 +18,7 @@ public:
     // Becomes the owner of the queue of this project (see DocAdapterMessageQueue). If
     // another process is the owner or no socket can be created, writes a line to
     // standard error and returns false.
-    bool acquire(char project);
+    [[nodiscard]] bool acquire(char project);
 
 private:
     int mSocket = -1;

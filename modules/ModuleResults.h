@@ -1,6 +1,20 @@
 /* SPDX-License-Identifier: Apache-2.0 */
-/* The result codes of Lectern's own modules. Other modules may use other codes, but
- * 0 always means success. The client receives the result of an open unchanged. */
+/* The result codes of Lectern's own modules, and how every part of Lectern treats
+ * failure; docs/results.md has the whole contract with all its forms.
+ *
+ * Codes. 0 always means success. Modules of others may use other codes, so code
+ * outside of engine/ compares with 0 only. The client receives the result of an
+ * open unchanged: no one between engine and client translates a code.
+ *
+ * Failure is a value: a code, false, null, an empty optional, a Result. Exceptions
+ * of libraries end at the border where they come in; none leaves a module function,
+ * a handler or a thread.
+ *
+ * Who returns a failure leaves its out-parameters alone and prints nothing, except
+ * the reason that a plain false or null cannot hold. Who ends a failure's way tells
+ * it, once: in a reply, in a record, on standard error or in the log.
+ *
+ * Callers look at every result, or a comment there says why it does not matter. */
 #ifndef LECTERN_MODULES_MODULERESULTS_H
 #define LECTERN_MODULES_MODULERESULTS_H
 

@@ -38,10 +38,10 @@ public:
 
     // Reads a required parameter. If it is missing, replies "errParamFailed" with
     // missingText and returns false.
-    bool require(const char* key, int& value, const char* missingText = NO_PARAMETER);
-    bool require(const char* key, unsigned int& value, const char* missingText = NO_PARAMETER);
-    bool require(const char* key, bool& value, const char* missingText = NO_PARAMETER);
-    bool require(const char* key, const char*& value, const char* missingText = NO_PARAMETER);
+    [[nodiscard]] bool require(const char* key, int& value, const char* missingText = NO_PARAMETER);
+    [[nodiscard]] bool require(const char* key, unsigned int& value, const char* missingText = NO_PARAMETER);
+    [[nodiscard]] bool require(const char* key, bool& value, const char* missingText = NO_PARAMETER);
+    [[nodiscard]] bool require(const char* key, const char*& value, const char* missingText = NO_PARAMETER);
 
     void reply(const std::string& text);
     // Replies {"returnValue": true}.

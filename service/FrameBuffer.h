@@ -26,8 +26,8 @@ public:
     // with the reason in `problem`, if a side is below 1 or above MAX_SIDE, the
     // frame is larger than size, size is larger than the segment, or the segment
     // does not exist or cannot be attached. On success `problem` is null.
-    static std::optional<FrameBuffer> attach(unsigned int shmid, int width, int height, int size,
-                                             const char*& problem);
+    [[nodiscard]] static std::optional<FrameBuffer> attach(unsigned int shmid, int width, int height,
+                                                           int size, const char*& problem);
 
     // Detaches the segment and unmaps the slack.
     ~FrameBuffer();

@@ -35,7 +35,7 @@ public:
 
     // Starts the thread. Returns 0 or an error number. Call it before the handlers
     // are installed. Only one object per process may be started at a time.
-    int start();
+    [[nodiscard]] int start();
 
 private:
     static void* run(void* thread);

@@ -31,7 +31,7 @@ public:
 
     // Attaches an existing segment. False if its identifier is reserved, it is
     // smaller than a record, or it cannot be attached for reading and writing.
-    bool attach(unsigned int id);
+    [[nodiscard]] bool attach(unsigned int id);
     // Creates and attaches a zeroed segment with the key ftok(path, project), or
     // without a key if another segment has it. If the system provides no segment with
     // a usable identifier, writes a line to standard error and returns false.

@@ -42,6 +42,8 @@ std::string moduleResultText(int code) {
         return "there is nothing in it to show";
     case MODULE_TOO_LARGE:
         return "it needs more memory than a document may take; try a smaller one";
+    case MODULE_REFUSED:
+        return "the document does not allow it";
     default:
         return "the rendering module reported an unknown error";
     }

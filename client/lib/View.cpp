@@ -35,7 +35,7 @@ Result<std::shared_ptr<View>> View::open(const Bus& bus, const events::CreateReq
     }
     Result<StateSegment> state = StateSegment::attach(created->state);
     if (!state) {
-        events::destroy(bus, created->docid, created->owner);
+        (void)events::destroy(bus, created->docid, created->owner); // the first failure is the one to tell
         return state.error();
     }
     std::shared_ptr<View> view(new View(bus, std::move(*created), std::move(*state), std::move(listener)));
@@ -91,8 +91,9 @@ void View::close() {
     }
     leaving.reset(); // may wait for one that wants the mutex
     if (before == Life::Open) {
-        events::destroy(mBus, docid(), owner());
-        mBus.flush();
+        // They fail only when the bus is lost, which ends the service, too.
+        (void)events::destroy(mBus, docid(), owner());
+        (void)mBus.flush();
     }
 }
 

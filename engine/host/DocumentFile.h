@@ -23,6 +23,7 @@ LECTERN_ENGINE_EXPORT std::string absolutePath(const std::string& path);
 // Looks whether `path` names a regular file that can be read; never waits, as
 // opening a FIFO might. Gives MODULE_OK and the file, MODULE_NOT_FOUND,
 // MODULE_NOT_A_FILE or MODULE_NOT_READABLE.
-LECTERN_ENGINE_EXPORT std::int32_t findDocumentFile(const std::string& path, DocumentFile& file);
+[[nodiscard]] LECTERN_ENGINE_EXPORT std::int32_t findDocumentFile(const std::string& path,
+                                                                  DocumentFile& file);
 
 } // namespace lectern::engine

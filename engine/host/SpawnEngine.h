@@ -12,6 +12,7 @@ namespace lectern::engine {
 // its only open files, default signals, a process group of its own, so that a
 // terminal's keys reach the service alone, and an environment made for it.
 // Gives 0 and the new child's pid, or an errno value.
-int spawnEngine(const LaunchSettings& settings, const TemporaryFolder& folder, int socket, pid_t& pid);
+[[nodiscard]] int spawnEngine(const LaunchSettings& settings, const TemporaryFolder& folder, int socket,
+                              pid_t& pid);
 
 } // namespace lectern::engine

@@ -47,9 +47,9 @@ using LoadInEngine = std::function<std::int32_t(Engine&, TimePoint deadline, con
 // The work of a module's open function: looks at the file, takes an engine,
 // loads. The texts are the function's own. On success the handle has its
 // engine and limit.
-LECTERN_ENGINE_EXPORT std::int32_t openInEngine(const std::uint16_t* path, const std::uint16_t* password,
-                                                const std::uint16_t* temporaryFolder,
-                                                const LoadInEngine& load, DocumentHandle& handle);
+[[nodiscard]] LECTERN_ENGINE_EXPORT std::int32_t
+openInEngine(const std::uint16_t* path, const std::uint16_t* password, const std::uint16_t* temporaryFolder,
+             const LoadInEngine& load, DocumentHandle& handle);
 
 // Makes a handle of a module's kind for an opened document; *doc stays null
 // when it cannot be opened.

@@ -49,7 +49,9 @@ void limitResources() {
     setLimit(RLIMIT_CORE, 0, "core dumps");
     setLimit(RLIMIT_FSIZE, FILE_SIZE, "file sizes");
     setLimit(RLIMIT_DATA, dataInUse() + MEMORY, "memory");
-    std::ofstream("/proc/self/oom_score_adj") << OOM_SCORE;
+    if (!(std::ofstream("/proc/self/oom_score_adj") << OOM_SCORE << std::flush)) {
+        std::fprintf(stderr, "engine: does not go first when memory runs out\n");
+    }
 }
 
 } // namespace lectern::engine

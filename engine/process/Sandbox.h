@@ -22,6 +22,6 @@ enum class Confinement {
 //  - other processes: no children, no signals, no tracing, no System V IPC,
 //    which is the service's channel to its clients.
 // Refused calls fail with EPERM or EACCES. Call while there is one thread.
-Confinement enterSandbox(const std::string& folder);
+[[nodiscard]] Confinement enterSandbox(const std::string& folder);
 
 } // namespace lectern::engine

@@ -15,10 +15,10 @@ using testing::HasSubstr;
 
 TEST(ModuleResultText, IsAnotherOneForEachCode) {
     std::set<std::string> texts;
-    for (int code = MODULE_OK; code <= MODULE_TOO_LARGE; ++code) {
+    for (int code = MODULE_OK; code <= MODULE_REFUSED; ++code) {
         EXPECT_TRUE(texts.insert(moduleResultText(code)).second) << code;
     }
-    EXPECT_EQ(texts.count(moduleResultText(MODULE_TOO_LARGE + 1)), 0U) << "a code has no text of its own";
+    EXPECT_EQ(texts.count(moduleResultText(MODULE_REFUSED + 1)), 0U) << "a code has no text of its own";
 }
 
 TEST(ModuleResultText, SaysWhatToDo) {
