@@ -28,7 +28,8 @@ def spanned(sheet):
 
 
 def facts(kind, path, name=None, extra=None):
-    # Comments and dimensions need the whole; of colours there are many.
+    # Comments and dimensions need the whole file in memory; colours do not, and
+    # there are many.
     book = load_workbook(path, data_only=True, read_only=kind == 'colours')
     if kind == 'sheets':
         return [sheet.title for sheet in book.worksheets if sheet.sheet_state == 'visible']
