@@ -22,7 +22,7 @@ std::int32_t resultOfOpenError(int error) {
     case ENAMETOOLONG:
     case ELOOP:
         return MODULE_NOT_FOUND;
-    case ENXIO:  // a socket, or a FIFO without a reader
+    case ENXIO:  // a socket, or a device that is not there
     case ENODEV: // a device without a driver
         return MODULE_NOT_A_FILE;
     default:

@@ -84,8 +84,7 @@ TEST_F(PptSearchTest, HitOutsideTheViewIsBroughtIntoIt) {
     EXPECT_GE(view->mScroll.x + 320, hit.x + hit.width);
     EXPECT_LE(view->mScroll.y, hit.y);
     EXPECT_GE(view->mScroll.y + 200, hit.y + hit.height);
-    // x: 1230 > 960, so 1230 - 120 - 160. y: with the flag the view does not
-    // move for hits in the lower third.
+    // x: 1230 > 960, so 1230 - 120 - 160. y: the flag disables the lower third's shift.
     EXPECT_EQ(view->mScroll.x, hit.x + hit.width / 2 - 120 - 160);
     EXPECT_EQ(view->mScroll.y, hit.y + hit.height / 2 - 100);
 }
@@ -214,18 +213,17 @@ TEST_F(PptSearchTest, StepsBringTheHitIntoView) {
     view->zoomTo(2.0);
     view->mScroll.set(0, 700);
     view->doSearch("x");
-    // At (600, 800), 120 x 40, on 1280 x 960. With the flag the view does not
-    // move for the lower third.
+    // At (600, 800), 120 x 40, on 1280 x 960. With the flag the lower third is not
+    // shifted.
     ASSERT_EQ(marked(*view), Mark(0, 400));
     EXPECT_EQ(view->mScroll, CpPoint(660 - 160, 820 - 100));
     view->previousResult();
-    // At (600, 40). Without the flag the view does not move for the upper
-    // third.
+    // At (600, 40). Without the flag the upper third is not shifted.
     EXPECT_EQ(view->mScroll, CpPoint(500, 60 - 100));
     view->mScroll.set(500, 500);
-    view->previousResult(); // around the end; without the flag it moves for the lower third
+    view->previousResult(); // wraps around; without the flag the lower third is shifted
     EXPECT_EQ(view->mScroll, CpPoint(500, 820 - (75 - 45) - 100));
-    view->nextResult(); // around the end; with the flag it moves for the upper
+    view->nextResult(); // wraps around; with the flag the upper third is shifted
     EXPECT_EQ(view->mScroll, CpPoint(500, 60 + 75 - 100));
 }
 
