@@ -9,8 +9,7 @@ namespace lectern {
 
 namespace {
 
-// Replaces the bus's error for an unknown method, which does not tell what
-// exists.
+// Replaces the bus's error for an unknown method, which does not tell what exists.
 Error explained(Error error, const CallArguments& arguments) {
     constexpr char PREFIX[] = "org.freedesktop.DBus.Error.Unknown"; // followed by Object, Interface or Method
     if (error.name.rfind(PREFIX, 0) == 0) {

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The functions that run the sub-commands. Each returns the command's exit
-// status.
+// The functions that run the sub-commands. Each returns the command's exit status.
 #pragma once
 
 #include "client/command/Arguments.h"

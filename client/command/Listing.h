@@ -10,17 +10,14 @@
 
 namespace lectern {
 
-// Makes a text one line: each run of control characters and blanks becomes one
-// blank.
+// Makes a text one line: each run of control characters and blanks becomes one blank.
 std::string onOneLine(const std::string& text);
 // Removes control characters other than line feeds and tabs.
 std::string onSeveralLines(const std::string& text);
 
-// Formats the reply of getDocProperties, one labelled line for each known
-// property.
+// Formats the reply of getDocProperties, one labelled line for each known property.
 std::string propertyListing(DocumentKind kind, const std::string& reply);
-// Formats a list, one line for each sheet or slide: its number from 1 and its
-// title.
+// Formats a list, one line for each sheet or slide: its number from 1 and its title.
 std::string partListing(const PartList& list);
 
 // Writes and flushes the text to the standard output.

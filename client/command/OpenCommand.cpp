@@ -32,8 +32,7 @@ Failure turnTo(Document& document, const OpenArguments& arguments, const CallLim
     return std::nullopt;
 }
 
-// Zooms, and prints a message when the view's limits prevent the requested
-// zoom.
+// Zooms, and prints a message when the view's limits prevent the requested zoom.
 Failure zoom(Document& document, double factor, const CallLimits& limits) {
     const double before = document.state().scale;
     if (Failure failure = pinch(document, factor, limits)) {
@@ -66,8 +65,7 @@ Failure scroll(Document& document, Point target, const CallLimits& limits) {
     return std::nullopt;
 }
 
-// Marks the hits and moves to hit number `hit`, or to the last one if there are
-// fewer.
+// Marks the hits and moves to hit number `hit`, or to the last one if there are fewer.
 Failure search(Document& document, const std::string& text, int hit, const CallLimits& limits) {
     const Result<int> hits = common::search(document.bus(), document.docid(), text, limits);
     if (!hits) {

@@ -19,8 +19,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// Signals are not lost, but a process can be reparented to this one without a
-// signal.
+// Signals are not lost, but a process can be reparented to this one without a signal.
 constexpr std::chrono::milliseconds LOOK_AGAIN{50};
 
 // Reads the parent's pid from /proc/PID/stat: "PID (name) state parent ...".

@@ -86,8 +86,7 @@ std::string startDaemon(const std::string& configuration) {
     return line;
 }
 
-// Waits until the client has ended, the daemon has ended, or a signal asks to
-// end.
+// Waits until the client has ended, the daemon has ended, or a signal asks to end.
 void waitForEnd(int signals) {
     pollfd sources[] = {{STDIN_FILENO, POLLIN, 0}, {signals, POLLIN, 0}};
     for (;;) {

@@ -13,8 +13,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 constexpr unsigned int BETWEEN_PROGRESS_MS = 250;
 
-// A GCancellable that is cancelled when a stop is requested, for the duration
-// of a call.
+// A GCancellable that is cancelled when a stop is requested, for the duration of a call.
 class Cancellation {
 public:
     explicit Cancellation(const std::stop_token& stop)

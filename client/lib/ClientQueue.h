@@ -8,18 +8,16 @@
 
 namespace lectern {
 
-// The client's end of the message queue. Its sends never block in the kernel on
-// a full queue, because the service may be waiting for room in the same queue;
-// they retry until there is room or the time is up. Any thread may call any
-// function.
+// The client's end of the message queue. Its sends never block in the kernel on a
+// full queue, because the service may be waiting for room in the same queue; they
+// retry until there is room or the time is up. Any thread may call any function.
 class ClientQueue : public DocAdapterMessageQueue {
 public:
     // Opens the queue of this IPC namespace; creates it if there is none.
     Failure connect();
 
     Failure post(const ClientServerMessage& message, std::chrono::milliseconds patience) const;
-    // Sends a record to a client of this queue; returns false when the queue is
-    // full.
+    // Sends a record to a client of this queue; returns false when the queue is full.
     bool tryPost(const ServerClientMessage& message) const;
 
     // Waits until everything posted has been taken from the queue. The service

@@ -13,8 +13,7 @@ namespace lectern {
 // dispatcher's own thread, which has its own context.
 class Dispatcher {
 public:
-    // context: a main context whose loop the program runs; null for an own
-    // thread.
+    // context: a main context whose loop the program runs; null for an own thread.
     explicit Dispatcher(GMainContext* context);
     ~Dispatcher();
     Dispatcher(const Dispatcher&) = delete;

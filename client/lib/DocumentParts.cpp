@@ -36,9 +36,8 @@ Document::Parts::Parts(const Bus& onBus, std::string absolutePath, OpenOptions o
     }
 }
 
-// Closes the old view first, because the new one listens to the same
-// notifications. Releases the old view's state segment only when the new view
-// has it.
+// Closes the old view first, because the new one listens to the same notifications.
+// Releases the old view's state segment only when the new view has it.
 Failure Document::Parts::open(unsigned int restoreFrom, const CallLimits& limits) {
     const std::lock_guard opening(mOpening);
     if (const auto before = view()) {

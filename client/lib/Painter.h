@@ -14,9 +14,8 @@
 
 namespace lectern {
 
-// Paints a view on request, in its own thread. Requests that come during a
-// paint result in one paint, and none is done while a callback looks at the
-// last frame.
+// Paints a view on request, in its own thread. Requests that come during a paint
+// result in one paint, and none is done while a callback looks at the last frame.
 class Painter {
 public:
     // Makes a paint; with afterInput, after all input sent so far.

@@ -11,8 +11,7 @@ namespace {
 // position where it began because rows were counted anew, but two drags of
 // different lengths do not.
 constexpr int STALLS_AT_EDGE = 2;
-// More than any document needs; ends a plan when the view does not move as
-// expected.
+// More than any document needs; ends a plan when the view does not move as expected.
 constexpr int MOST_DRAGS = 100'000;
 
 // One axis of a drag that scrolls by `distance`, limited to the longest drag
@@ -35,8 +34,7 @@ struct Stroke {
 bool ScrollPlan::done(Point position) {
     mStalls = mBefore == position ? mStalls + 1 : 0;
     const bool pushedUp = mBefore && mTarget.y == 0 && mBefore->y <= 0;
-    // Only at its start does a short document move below it, to a negative
-    // position.
+    // Only at its start does a short document move below it, to a negative position.
     if (pushedUp && (position.y < 0 || mStalls >= STALLS_AT_EDGE)) {
         mStartFound = true;
     }

@@ -10,8 +10,7 @@
 
 namespace lectern {
 
-// The standard files of a spawned program: a descriptor each, or -1 for
-// /dev/null.
+// The standard files of a spawned program: a descriptor each, or -1 for /dev/null.
 struct StandardFiles {
     int input = -1;
     int output = -1;
@@ -24,8 +23,7 @@ struct StandardFiles {
 Result<pid_t> spawn(const std::string& program, const std::vector<std::string>& words,
                     const StandardFiles& files);
 
-// Waits for a child's end; returns its exit status, or -1 when a signal ended
-// it.
+// Waits for a child's end; returns its exit status, or -1 when a signal ended it.
 int waitForExit(pid_t child);
 
 } // namespace lectern

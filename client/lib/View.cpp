@@ -18,8 +18,7 @@ constexpr std::chrono::milliseconds QUEUE_PATIENCE{10'000};
 constexpr std::chrono::milliseconds OPENED_PATIENCE{10'000};
 // How often a wait checks that the bus is still connected.
 constexpr std::chrono::milliseconds BETWEEN_CHECKS{1'000};
-// How long the start of a contact waits for the end of the previous one to be
-// taken.
+// How long the start of a contact waits for the end of the previous one to be taken.
 constexpr std::chrono::milliseconds ORDER_PATIENCE{1'000};
 
 Error goneError() {

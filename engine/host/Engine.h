@@ -30,11 +30,10 @@ public:
     // it does not by the deadline, it is lost.
     bool isReady(TimePoint deadline) { return startOffice(deadline) == MODULE_OK; }
 
-    // Runs one call on the connection, send(GError**), which must have no time
-    // limit of its own. Returns MODULE_OK when the engine answered,
-    // MODULE_TIMED_OUT (the engine was killed) or MODULE_ENGINE_LOST, and
-    // MODULE_FAILED for an invalid answer or when this process has too few file
-    // descriptors.
+    // Runs one call on the connection, send(GError**), which must have no time limit
+    // of its own. Returns MODULE_OK when the engine answered, MODULE_TIMED_OUT (the
+    // engine was killed) or MODULE_ENGINE_LOST, and MODULE_FAILED for an invalid
+    // answer or when this process has too few file descriptors.
     template<class Send>
     std::int32_t call(TimePoint deadline, Send send) {
         if (const std::int32_t refused = beginCall(deadline); refused != MODULE_OK) {

@@ -13,9 +13,8 @@
 namespace lectern::engine {
 namespace {
 
-// Least number of pixels (2 MiB) that two threads copy: above it a second
-// thread pays, because one processor does not use all of the memory's
-// bandwidth.
+// Least number of pixels (2 MiB) that two threads copy: above it a second thread
+// pays, because one processor does not use all of the memory's bandwidth.
 constexpr std::size_t SHARED = std::size_t{512} * 1024;
 
 void copyPixels(std::uint32_t* to, const std::uint32_t* from, std::size_t count) {

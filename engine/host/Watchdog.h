@@ -46,8 +46,7 @@ public:
     Handle watch(std::unique_ptr<EngineProcess> process);
 
     void setDeadline(const Handle& handle, TimePoint deadline);
-    // Removes the deadline. Returns true when it had passed and the engine was
-    // killed.
+    // Removes the deadline. Returns true when it had passed and the engine was killed.
     bool liftDeadline(const Handle& handle);
 
     bool isAlive(const Handle& handle);
@@ -59,8 +58,7 @@ public:
     // Limits all deadlines to `rest` from now, and later ones to `rest` from
     // when they are set.
     void cutDeadlines(std::chrono::milliseconds rest);
-    // Kills all engines, and those watched later at once; returns when they
-    // have ended.
+    // Kills all engines, and those watched later at once; returns when they have ended.
     void endAll();
 
 private:

@@ -23,8 +23,7 @@ void extend(DrawnBox& box, double x, double y) {
 }
 
 // Distances along the baseline from the start of the run to the left and the
-// right edge of units [first, last), which are counted from the run's first
-// unit.
+// right edge of units [first, last), which are counted from the run's first unit.
 std::pair<double, double> stretch(const TextRun& run, uint32_t first, uint32_t last) {
     const double from = first == 0 ? 0 : run.ends[first - 1];
     const double to = run.ends[last - 1];

@@ -6,10 +6,9 @@
 
 namespace lectern::engine {
 
-// A page of text as the suite has laid it out, in twips of the suite's view:
-// the page's left edge, the top of the text on it, and the text's height. There
-// may be blank space below the text, and except on the first page also above
-// it.
+// A page of text as the suite has laid it out, in twips of the suite's view: the
+// page's left edge, the top of the text on it, and the text's height. There may
+// be blank space below the text, and except on the first page also above it.
 struct FlowPage {
     int64_t left;
     int64_t top;

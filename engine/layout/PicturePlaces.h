@@ -7,9 +7,8 @@
 
 namespace lectern::engine {
 
-// Records which slide is painted at which of a number of places, so that
-// returning to a recently painted slide needs no paint. Places are numbered
-// from 0.
+// Records which slide is painted at which of a number of places, so that returning
+// to a recently painted slide needs no paint. Places are numbered from 0.
 class PicturePlaces {
 public:
     // A count below 1 is taken as 1.

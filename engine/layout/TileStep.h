@@ -8,10 +8,9 @@ namespace lectern::engine {
 
 constexpr int64_t TWIPS_PER_INCH = 1440;
 
-// Number of pixels after which tile edges fall on whole twips. The suite
-// derives a tile's scale from its pixels and twips and rounds from the tile's
-// corner; both are equal for all tiles only when tiles start and end on such
-// pixels.
+// Number of pixels after which tile edges fall on whole twips. The suite derives
+// a tile's scale from its pixels and twips and rounds from the tile's corner;
+// both are equal for all tiles only when tiles start and end on such pixels.
 inline int64_t tileStep(int32_t dpi) {
     return dpi / std::gcd(int64_t{dpi}, TWIPS_PER_INCH);
 }

@@ -48,9 +48,8 @@ public:
     double paintedAt(double place, int32_t dpi) const;
     bool isHidden(int32_t track) const;
     int32_t visibleIn(int32_t first, int32_t last) const;
-    // Extends a range of tracks by the hidden tracks directly before its first
-    // one, returning whether there are any, or by those directly after its last
-    // one.
+    // Extends a range of tracks by the hidden tracks directly before its first one,
+    // returning whether there are any, or by those directly after its last one.
     bool widenOverHiddenBefore(int32_t& first) const;
     void widenOverHiddenBehind(int32_t& last) const;
 

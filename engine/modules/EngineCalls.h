@@ -30,9 +30,8 @@ std::int32_t callInterface(DocumentHandle& handle, Interface* interface, Method 
     return sent != MODULE_OK ? sent : result;
 }
 
-// Creates a surface and sends its memory to the handle's engine by the typed
-// call `send`. Unless the result is MODULE_OK, the surface is null or must not
-// be used.
+// Creates a surface and sends its memory to the handle's engine by the typed call
+// `send`. Unless the result is MODULE_OK, the surface is null or must not be used.
 template<class Send>
 std::int32_t offerSurface(DocumentHandle& handle, std::int32_t width, std::int32_t height,
                           std::unique_ptr<SharedSurface>& surface, Send send) {

@@ -50,9 +50,8 @@ private:
         static_cast<PasswordPrompt*>(self)->answer(type);
     }
 
-    // The suite looks the answer up by the URL of the load. The callback's
-    // payload cannot be used instead: for some formats it is only the file's
-    // name.
+    // The suite looks the answer up by the URL of the load. The callback's payload
+    // cannot be used instead: for some formats it is only the file's name.
     void answer(int type) {
         if (type == LOK_CALLBACK_DOCUMENT_PASSWORD) {
             const bool firstTime = mQuestions++ == 0;
@@ -130,9 +129,8 @@ Reference<css::frame::XModel> newModel(const Office::Private& office,
     return {};
 }
 
-// The suite reads a file that it cannot identify as plain text. That is
-// accepted for plain text with the extension .doc, but not for a damaged
-// container.
+// The suite reads a file that it cannot identify as plain text. That is accepted
+// for plain text with the extension .doc, but not for a damaged container.
 bool isBrokenContainer(const Reference<css::frame::XModel>& model, const std::string& path) {
     const css::uno::Sequence<css::beans::PropertyValue> arguments = model->getArgs();
     const bool readAsText = std::any_of(arguments.begin(), arguments.end(), [](const auto& argument) {

@@ -16,9 +16,8 @@ struct Setting {
 };
 
 constexpr Setting SETTINGS[] = {
-    // No lock files beside documents. With another program's lock file the
-    // suite would open the document read-only and silently ignore changes of
-    // its layout.
+    // No lock files beside documents. With another program's lock file the suite
+    // would open the document read-only and silently ignore changes of its layout.
     {"Office.Common/Misc", "UseLocking", "false"},
     {"Office.Common/Misc", "UseDocumentOOoLockFile", "false"},
     {"Office.Common/Misc", "UseDocumentSystemFileLocking", "false"},

@@ -17,8 +17,7 @@ using rtl::OUString;
 // suite does not export it.
 css::uno::Reference<css::uno::XComponentContext> processContext();
 
-// The object's property set. Query it once when several properties are read or
-// written.
+// The object's property set. Query it once when several properties are read or written.
 css::uno::Reference<css::beans::XPropertySet>
 propertiesOf(const css::uno::Reference<css::uno::XInterface>& object);
 

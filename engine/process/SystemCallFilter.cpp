@@ -26,8 +26,7 @@ const char* const REFUSED[] = {
     "ptrace", "process_vm_readv", "process_vm_writev", "process_madvise", "process_mrelease", "pidfd_open",
     "pidfd_getfd", "pidfd_send_signal", "tkill", "rt_sigqueueinfo", "rt_tgsigqueueinfo", "kcmp", "setpriority",
     "sched_setscheduler", "sched_setattr", "ioprio_set", "migrate_pages", "move_pages",
-    // IPC objects with names of their own, by which the service talks to
-    // clients
+    // IPC objects with names of their own, by which the service talks to clients
     "shmget", "shmat", "shmctl", "msgget", "msgsnd", "msgrcv", "msgctl", "semget", "semop", "semtimedop",
     "semctl", "mq_open", "mq_unlink", "add_key", "request_key", "keyctl",
     // file attributes, which the file rules do not cover

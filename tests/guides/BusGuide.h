@@ -14,8 +14,7 @@ struct GuideMethod {
     std::string reply;   // an example, in JSON; empty for methods that never reply
     std::string paint;   // "before" or "after" the reply; empty without a paint
 
-    // The error text for a missing parameter; `parameter` is an index into
-    // `required`.
+    // The error text for a missing parameter; `parameter` is an index into `required`.
     std::string missingText(size_t parameter) const;
 };
 

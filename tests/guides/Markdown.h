@@ -15,8 +15,7 @@ struct Table {
     std::vector<Row> rows;
 };
 
-// The text of a file in the source tree; fails the test when the file does not
-// exist.
+// The text of a file in the source tree; fails the test when the file does not exist.
 std::string read(const std::string& path);
 std::vector<Table> tables(const std::string& text);
 // The table with this section heading and this name of its first column; fails

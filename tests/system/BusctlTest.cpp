@@ -87,9 +87,8 @@ protected:
     }
 };
 
-// Segment identifiers start at 0 in a new namespace, and 0 means no segment.
-// This object holds segment 0, so that the shell's segments get other
-// identifiers.
+// Segment identifiers start at 0 in a new namespace, and 0 means no segment. This
+// object holds segment 0, so that the shell's segments get other identifiers.
 class PlaceHolder {
 public:
     PlaceHolder() : mId(shmget(IPC_PRIVATE, 1, 0600)) {}

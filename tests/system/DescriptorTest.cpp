@@ -28,8 +28,7 @@ protected:
         }
         return documents;
     }
-    // Needs surfaces of other sizes: zooms in and out, and switches to the wide
-    // layout.
+    // Needs surfaces of other sizes: zooms in and out, and switches to the wide layout.
     static void resize(TestDocument& document) {
         for (int i = 0; i < 3; ++i) {
             document.doubleTap(100, 100);

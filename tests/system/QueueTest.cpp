@@ -107,8 +107,7 @@ TEST_F(QueueTest, A32BitClientDrivesThe64BitService) {
     Subprocess other({CLIENT_32_PROGRAM, std::to_string(document.docid()), std::to_string(document.store())},
                      {}, folder.path() + "/client32");
     ASSERT_EQ(other.wait(60s), std::optional<int>(W_EXITCODE(0, 0))) << other.errors();
-    // The client has painted, dragged by 300 rows and pinched to twice the
-    // size.
+    // The client has painted, dragged by 300 rows and pinched to twice the size.
     EXPECT_EQ(document.scale(), 2.0);
     EXPECT_GT(document.scrollY(), 0);
 }

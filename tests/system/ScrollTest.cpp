@@ -10,9 +10,8 @@ namespace {
 
 class ScrollTest : public ServiceTest {
 protected:
-    // The first screen row that differs from the document's row at that place;
-    // -1 when none does. The last pixel contains the status byte and is not
-    // compared.
+    // The first screen row that differs from the document's row at that place; -1
+    // when none does. The last pixel contains the status byte and is not compared.
     static int firstWrongRow(const TestDocument& document, const EngineRows& rows) {
         for (int row = 0; row < document.height() - 1; ++row) {
             if (!rows.matches(document.scrollY() + row, document.frame() + row * document.width())) {
@@ -33,8 +32,7 @@ protected:
             ASSERT_EQ(firstWrongRow(document, rows), -1) << "at scroll position " << document.scrollY();
         }
     }
-    // Whether the screen is the earlier one, moved by less than the height of a
-    // line.
+    // Whether the screen is the earlier one, moved by less than the height of a line.
     static bool isSameButForALine(const std::vector<uint32_t>& before, const TestDocument& document) {
         constexpr int LINE = 40;
         const int width = document.width();
@@ -86,8 +84,7 @@ TEST_F(ScrollTest, DoubleTapsGoThroughThreeZooms) {
         document.doubleTap(100, 200);
         EXPECT_EQ(document.scale(), zoom);
         const EngineRows rows(path, 480, static_cast<int>(zoom * 72));
-        // Row numbers start at the text's first row again after that row was
-        // shown.
+        // Row numbers start at the text's first row again after that row was shown.
         for (int last = -1; document.scrollY() != last;) {
             last = document.scrollY();
             document.drag(-700);

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Requests for things that no sheet has: the service answers as usual and
-// survives.
+// Requests for things that no sheet has: the service answers as usual and survives.
 #include "modules/ModuleResults.h"
 #include "tests/system/support/Python.h"
 #include "tests/system/support/ServiceFixture.h"

@@ -143,8 +143,7 @@ TEST_F(SheetCommandTest, HiddenColumnsAndRowsAreLeftOutHiddenAndShown) {
 TEST_F(SheetCommandTest, SortsWholeRowsByTheSelectedColumn) {
     constexpr int ROWS = 200;
     open(ledger(ROWS));
-    // The rows sorted by their numbers and by their words, according to the
-    // reader.
+    // The rows sorted by their numbers and by their words, according to the reader.
     const Lines numbers = readWorkbook({"column", path, "Ledger", "A"});
     const Lines words = readWorkbook({"column", path, "Ledger", "B"});
     ASSERT_EQ(numbers.size(), ROWS + 1U);

@@ -29,8 +29,7 @@ protected:
         screen.reset();
         ServiceTest::TearDown();
     }
-    // Every line of a strip continues among the cells, and there are no other
-    // lines.
+    // Every line of a strip continues among the cells, and there are no other lines.
     void expectLinesInStep() {
         const SheetScreen::Area cells = screen->cells();
         const std::vector<Header> columns = screen->columns();

@@ -34,8 +34,7 @@ protected:
             last = screen->document().scrollY();
         } while (screen->notices().count(0) != 0);
     }
-    // The texts of column A in the visible rows, read by selecting row after
-    // row.
+    // The texts of column A in the visible rows, read by selecting row after row.
     std::vector<std::string> numbersSeen() {
         std::vector<std::string> numbers;
         const std::string file = folder.path() + "/row.txt";
@@ -53,8 +52,7 @@ protected:
 };
 
 TEST_F(SheetLongTest, IsFlungToItsEndSearchedAndSorted) {
-    // A glide takes seconds, and a document of a million pixels needs many
-    // glides.
+    // A glide takes seconds, and a document of a million pixels needs many glides.
     const int before = screen->document().scrollY();
     flingDown(4000);
     EXPECT_GT(screen->document().scrollY(), before + 1000);

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Search of presentations through the service: the slides it goes to and its
-// marks.
+// Search of presentations through the service: the slides it goes to and its marks.
 #include "tests/system/support/BareSlides.h"
 #include "tests/system/support/Marks.h"
 #include "tests/system/support/SlideFixture.h"

@@ -16,8 +16,7 @@
 
 namespace lectern::engine {
 
-// The buffers of a view and the tracks of a sheet, with the numbers of
-// sheet.xml.
+// The buffers of a view and the tracks of a sheet, with the numbers of sheet.xml.
 enum class SheetBuffer : gint { Cells = 0, RowHeaders = 1, ColumnHeaders = 2 };
 enum class TrackAxis : gint { Columns = 0, Rows = 1 };
 
@@ -30,8 +29,7 @@ struct BufferPair {
 // The object behind an stg_ document handle.
 struct SheetHandle : DocumentHandle {
     std::array<BufferPair, 3> buffers;
-    // Arrays returned to the caller; each is valid until the next call of its
-    // function.
+    // Arrays returned to the caller; each is valid until the next call of its function.
     std::vector<stg_region> commentMarks;
     std::vector<stg_region> foundRegions;
 };
@@ -73,8 +71,7 @@ std::int32_t getFromWorkbook(void* doc, std::int32_t* number, Method method, Inp
     });
 }
 
-// For functions that return rectangles, which are stored in the handle's member
-// `kept`.
+// For functions that return rectangles, which are stored in the handle's member `kept`.
 template<class Method, class... Inputs>
 std::int32_t getRegions(void* doc, const stg_region** regions, std::int32_t* count,
                         std::vector<stg_region> SheetHandle::*kept, Method method, Inputs... inputs) {

@@ -13,8 +13,7 @@ namespace {
 // that size.
 constexpr std::int32_t MOST_THICKNESS = 16384;
 
-// Sends the engine a surface of another size; the old one stays when that
-// fails.
+// Sends the engine a surface of another size; the old one stays when that fails.
 std::int32_t replaceSurface(SheetHandle& handle, SheetBuffer buffer, BufferPair& pair, std::int32_t width,
                             std::int32_t height) {
     std::unique_ptr<SharedSurface> surface;

@@ -16,8 +16,7 @@
 
 namespace lectern::engine {
 
-// A slide's outline that was returned to the caller; the items point into the
-// texts.
+// A slide's outline that was returned to the caller; the items point into the texts.
 struct OutlineTexts {
     std::vector<std::uint16_t> units; // each text zero-terminated
     std::vector<sstg_outline_item> items;
@@ -30,14 +29,12 @@ struct SlideHandle : DocumentHandle {
     std::unique_ptr<SharedSurface> surface;
     std::int32_t pictures = 0;
 
-    // Arrays returned to the caller; each is valid until the next call of its
-    // function.
+    // Arrays returned to the caller; each is valid until the next call of its function.
     std::vector<sstg_find_info> infos;
     std::vector<module_rect> regionRectangles;
     std::vector<sstg_find_region> regions;
     std::vector<std::int32_t> noteOffsets;
-    // Outlines returned to the caller, by their first item; valid until they
-    // are freed.
+    // Outlines returned to the caller, by their first item; valid until they are freed.
     std::map<const sstg_outline_item*, OutlineTexts> outlines;
 };
 

@@ -21,8 +21,7 @@ struct WordHandle : DocumentHandle {
     bool borrowed = false;                  // whether it shows a secondary document
     std::uint32_t* pixels = nullptr; // the caller's buffer of the surface's size; null after a refused one
 
-    // Arrays returned to the caller; each is valid until the next call of its
-    // function.
+    // Arrays returned to the caller; each is valid until the next call of its function.
     std::vector<wtg_find_result> results;
     std::vector<module_rect> regionRectangles;
     std::vector<wtg_find_region> regions;

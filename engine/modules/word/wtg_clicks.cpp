@@ -90,8 +90,7 @@ int32_t wtg_open_secondary_document(void* doc, intptr_t a, intptr_t b, intptr_t 
     });
 }
 
-// A secondary document is painted and then released, so there is nothing to
-// close.
+// A secondary document is painted and then released, so there is nothing to close.
 int32_t wtg_close_secondary_document(void* doc) {
     return onDocument(doc, [](WordHandle& handle) -> std::int32_t {
         return handle.engine->isAlive() ? MODULE_OK : MODULE_ENGINE_LOST;

@@ -8,8 +8,7 @@ using namespace lectern::engine;
 
 namespace {
 
-// Sends the engine a surface of another size; the old one stays when that
-// fails.
+// Sends the engine a surface of another size; the old one stays when that fails.
 std::int32_t replaceSurface(WordHandle& handle, std::uint32_t* pixels, std::int32_t width,
                             std::int32_t height) {
     std::unique_ptr<SharedSurface> surface;

@@ -9,8 +9,7 @@
 
 namespace lectern::engine {
 
-// Paints cells at exactly the same pixels whatever part of the sheet is
-// painted.
+// Paints cells at exactly the same pixels whatever part of the sheet is painted.
 class CellPainter {
 public:
     // Fills the surface with the sheet, from document pixel (x, y). Pixels

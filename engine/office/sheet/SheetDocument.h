@@ -18,9 +18,8 @@ enum class SheetArea { Cells, RowHeaders, ColumnHeaders };
 constexpr int32_t SHEET_AREAS = 3;
 
 // A workbook. Operations have the meanings of the stg_ functions in
-// modules/SheetToGoModule.h. They return module_result codes; outputs are valid
-// with MODULE_OK only. Sheet numbers do not count hidden sheets. Use from one
-// thread only.
+// modules/SheetToGoModule.h. They return module_result codes; outputs are valid with
+// MODULE_OK only. Sheet numbers do not count hidden sheets. Use from one thread only.
 class SheetDocument {
 public:
     // Opens an absolute path that the caller has found to be a readable regular

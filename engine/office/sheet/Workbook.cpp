@@ -85,8 +85,7 @@ CellBlock mergedAround(const Reference<css::sheet::XSpreadsheet>& sheet, const C
     return blockOf(address->getRangeAddress());
 }
 
-// Number of tracks within the `twips` that the suite lays out for cells and
-// drawings.
+// Number of tracks within the `twips` that the suite lays out for cells and drawings.
 int32_t laidOut(const Tracks& tracks, long twips, int32_t dpi) {
     const int64_t pixels = (int64_t{twips} * dpi + TWIPS_PER_INCH / 2) / TWIPS_PER_INCH;
     // One pixel less, because the twips were already rounded from pixels.

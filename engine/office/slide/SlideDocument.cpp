@@ -110,8 +110,7 @@ bool SlideDocument::Private::warmMemory(int32_t shown) {
     const int32_t next = places.next();
     if (surface.pixels == nullptr || next == shown || warmed >= count)
         return false;
-    // Write back the values read, because a picture kept there may still be
-    // needed.
+    // Write back the values read, because a picture kept there may still be needed.
     volatile uint32_t* const pixels = pictureAt(next).pixels;
     const int64_t end = std::min(warmed + PORTION, count);
     for (; warmed < end; warmed += CACHE_LINE)

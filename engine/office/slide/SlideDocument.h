@@ -37,8 +37,7 @@ public:
     // surface set from now on has room for; 1 by default. The extra pictures
     // keep the slides painted last.
     void setRoom(int32_t pictures) { mRoom = pictures; }
-    // The pixels stay the caller's and must be valid until another surface is
-    // set.
+    // The pixels stay the caller's and must be valid until another surface is set.
     int32_t setSurface(uint32_t* pixels, int32_t width, int32_t height);
     // Makes one of the surface's pictures show the slide; picture() tells which
     // one. A surface must be set.

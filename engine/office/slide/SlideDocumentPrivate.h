@@ -36,8 +36,7 @@ struct SlideDocument::Private {
 
     const DrawnText& drawnText(int32_t slide);
     FoundOnSlide search(int32_t slide, const std::u16string& wanted);
-    // The rectangles of a hit on the surface, without the parts beyond the
-    // slide.
+    // The rectangles of a hit on the surface, without the parts beyond the slide.
     std::vector<PixelRect> onSurface(int32_t slide, const std::vector<DrawnBox>& boxes) const;
     // The surface of one of the pictures in the memory.
     Surface pictureAt(int32_t place) const;
@@ -46,13 +45,11 @@ struct SlideDocument::Private {
     // The slide to prepare while `slide` is shown; nothing when preparing does
     // not pay. `before` is the slide that was shown earlier.
     std::optional<int32_t> after(std::optional<int32_t> before, int32_t slide) const;
-    // Touches a part of the memory of the next picture, so that it is mapped
-    // and in the processor's caches; that saves the paint a tenth to a third of
-    // its time. Returns false when all has been touched. `shown` is the place
-    // on display.
+    // Touches a part of the memory of the next picture, so that it is mapped and in
+    // the processor's caches; that saves the paint a tenth to a third of its time.
+    // Returns false when all has been touched. `shown` is the place on display.
     bool warmMemory(int32_t shown);
-    // Marks the hits on a copy of the picture at a place; returns the copy's
-    // place.
+    // Marks the hits on a copy of the picture at a place; returns the copy's place.
     int32_t markHits(int32_t slide, const FoundOnSlide& hits, int32_t place);
 
     SlideDeck deck;

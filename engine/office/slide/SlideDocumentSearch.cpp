@@ -66,8 +66,7 @@ std::vector<PixelRect> SlideDocument::Private::onSurface(int32_t slide,
     const css::awt::Size size = deck.size(slide);
     const double across = static_cast<double>(surface.width) / size.Width;
     const double down = static_cast<double>(surface.height) / size.Height;
-    // First pixel and number of the pixels that an extent touches; at least
-    // one.
+    // First pixel and number of the pixels that an extent touches; at least one.
     const auto pixels = [](double from, double to, int32_t most) {
         const auto first = static_cast<int32_t>(std::clamp<double>(std::floor(from), 0, most - 1));
         const auto last = static_cast<int32_t>(std::clamp<double>(std::ceil(to), first + 1, most));

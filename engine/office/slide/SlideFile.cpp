@@ -49,8 +49,7 @@ struct Record {
     Bytes content;
 };
 
-// Removes the first record from `rest`; returns nothing when it is not
-// complete.
+// Removes the first record from `rest`; returns nothing when it is not complete.
 std::optional<Record> takeRecord(Bytes& rest) {
     constexpr size_t HEADER = 8;
     if (rest.size() < HEADER)

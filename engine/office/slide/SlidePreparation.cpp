@@ -51,8 +51,7 @@ void replaceByStill(const Reference<css::frame::XModel>& model, const Reference<
     setProperty(propertiesOf(picture), "ZOrder", place);
 }
 
-// Number stored as user data of an animation node under `name`; 0 when there is
-// none.
+// Number stored as user data of an animation node under `name`; 0 when there is none.
 sal_Int16 userNumber(const Reference<XAnimationNode>& node, const char* name) {
     sal_Int16 number = 0;
     for (const css::beans::NamedValue& entry : node->getUserData()) {

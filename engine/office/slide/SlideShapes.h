@@ -14,8 +14,7 @@ namespace lectern::engine {
 // other shapes.
 OUString placeholderOf(const css::uno::Reference<css::drawing::XShape>& shape);
 
-// Whether a shape is an empty placeholder, which shows only a prompt for
-// editors.
+// Whether a shape is an empty placeholder, which shows only a prompt for editors.
 bool isEmptyPlaceholder(const css::uno::Reference<css::drawing::XShape>& shape);
 
 // The text of a shape; empty for a shape without text.

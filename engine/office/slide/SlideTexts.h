@@ -10,9 +10,8 @@
 
 namespace lectern::engine {
 
-// The slide's title on one line: the text of the title placeholder, or else the
-// first text that is neither in a table cell nor a footer. Empty when the slide
-// has no text.
+// The slide's title on one line: the text of the title placeholder, or else the first
+// text that is neither in a table cell nor a footer. Empty when the slide has no text.
 std::u16string slideTitle(const css::uno::Reference<css::drawing::XDrawPage>& slide);
 
 // The speaker's notes, with line feeds between the paragraphs.

@@ -35,8 +35,7 @@ OUString rowOf(const OUString& cell) {
     return cell.copy(first, last - first);
 }
 
-// The frame that a shape is, or that a drawing contains as its text box; may be
-// null.
+// The frame that a shape is, or that a drawing contains as its text box; may be null.
 Reference<css::text::XTextFrame> frameOf(const FloatingShape& shape) {
     const Reference<css::text::XTextFrame> frame(shape.shape, UNO_QUERY);
     return frame.is() ? frame

@@ -29,8 +29,7 @@ struct BodyParagraph {
     size_t unit = 0;
 };
 
-// One text of the document: the body (with an empty key), a cell or a text
-// frame.
+// One text of the document: the body (with an empty key), a cell or a text frame.
 struct BodyText {
     // Names of a cell's table and of the cell, and the name of a frame; unused
     // ones are empty.
@@ -53,8 +52,7 @@ public:
 
     const std::vector<BodyParagraph>& paragraphs() const { return mParagraphs; }
     const std::vector<BodyText>& texts() const { return mTexts; }
-    // The characters of all paragraphs, with PARAGRAPH_SEPARATOR between two
-    // paragraphs.
+    // The characters of all paragraphs, with PARAGRAPH_SEPARATOR between two paragraphs.
     const std::u16string& string() const { return mString; }
     uint32_t length() const { return static_cast<uint32_t>(mString.size()); }
     bool hasTables() const { return mHasTables; }
@@ -70,14 +68,12 @@ public:
     const BodyParagraph* paragraphAt(const css::uno::Reference<css::beans::XPropertySet>& cursor,
                                      const css::uno::Reference<css::text::XTextRange>& range) const;
 
-    // Sets the range of the body's last paragraph; use after a paragraph was
-    // appended.
+    // Sets the range of the body's last paragraph; use after a paragraph was appended.
     void moveLastParagraph(const css::uno::Reference<css::text::XTextRange>& range);
 
 private:
     class Walk;
-    // Paragraphs [first, last) of a frame, in the order in which they were
-    // read.
+    // Paragraphs [first, last) of a frame, in the order in which they were read.
     struct FrameBlock {
         size_t first;
         size_t last;

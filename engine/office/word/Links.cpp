@@ -50,8 +50,7 @@ void collect(const Reference<css::container::XEnumerationAccess>& portions, cons
     }
 }
 
-// Whether `name` is `text` with a number before it, such as "2.1 Tides" for
-// "Tides".
+// Whether `name` is `text` with a number before it, such as "2.1 Tides" for "Tides".
 bool isNumberedLike(std::u16string_view name, std::u16string_view text) {
     if (text.empty() || name.size() < text.size() || name.substr(name.size() - text.size()) != text)
         return false;

@@ -37,8 +37,7 @@ void forUsedStyles(const Reference<css::text::XTextDocument>& model, const char*
 }
 
 void stripPage(const Reference<css::beans::XPropertySet>& page) {
-    // Headers and footers first: turning them off removes the shapes anchored
-    // in them.
+    // Headers and footers first: turning them off removes the shapes anchored in them.
     setProperty(page, "HeaderIsOn", false);
     setProperty(page, "FooterIsOn", false);
     setProperty(page, "IsLandscape", false);
@@ -55,8 +54,7 @@ void stripPage(const Reference<css::beans::XPropertySet>& page) {
          {"LeftBorderDistance", "RightBorderDistance", "TopBorderDistance", "BottomBorderDistance"})
         setProperty(page, distance, static_cast<sal_Int32>(0));
     setProperty(page, "ShadowFormat", css::table::ShadowFormat());
-    // Vertical lines would depend on the height of the page instead of its
-    // width.
+    // Vertical lines would depend on the height of the page instead of its width.
     if (property<sal_Int16>(page, "WritingMode") >= css::text::WritingMode2::TB_RL)
         setProperty(page, "WritingMode", css::text::WritingMode2::LR_TB);
     removeColumns(page);

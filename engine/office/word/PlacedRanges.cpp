@@ -9,9 +9,8 @@ namespace lectern::engine {
 
 namespace {
 
-// The longest time that one call places ranges. It is reached only with
-// thousands of ranges in one table; the remaining ones are placed by later
-// calls.
+// The longest time that one call places ranges. It is reached only with thousands
+// of ranges in one table; the remaining ones are placed by later calls.
 constexpr std::chrono::seconds MOST_TIME(3);
 
 std::vector<TextBox> textBoxes(const RowMap& map, const std::vector<ViewBox>& lines) {

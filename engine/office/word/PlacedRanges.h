@@ -8,8 +8,7 @@
 
 namespace lectern::engine {
 
-// A document's layout at a resolution, and the objects needed to find positions
-// in it.
+// A document's layout at a resolution, and the objects needed to find positions in it.
 struct LaidOutText {
     lok::Document& painter;
     const TextFlow& flow;

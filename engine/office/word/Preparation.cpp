@@ -63,8 +63,7 @@ void appendParagraphBelow(const Reference<css::text::XTextTable>& table,
 }
 
 // Inserting a paragraph splits the last one, and the range known for it then
-// denotes the new, empty paragraph. So the body's last paragraph gets a new
-// range.
+// denotes the new, empty paragraph. So the body's last paragraph gets a new range.
 void appendParagraphTo(Body& body, const Reference<css::text::XText>& text) {
     text->insertControlCharacter(text->getEnd(), css::text::ControlCharacter::PARAGRAPH_BREAK, false);
     const auto last = text->createTextCursorByRange(text->getEnd());
@@ -75,8 +74,7 @@ void appendParagraphTo(Body& body, const Reference<css::text::XText>& text) {
     body.moveLastParagraph(Reference<css::text::XTextRange>(last, UNO_QUERY_THROW));
 }
 
-// Appends an empty paragraph to the text, which may end in a paragraph or in a
-// table.
+// Appends an empty paragraph to the text, which may end in a paragraph or in a table.
 Reference<css::text::XTextRange> appendEnd(const Reference<css::text::XTextDocument>& model, Body& body,
                                            const Reference<css::beans::XPropertySet>& lastBlock) {
     const auto text = model->getText();

@@ -11,8 +11,7 @@ struct PreparedDocument {
     Body body;
     std::vector<FloatingShape> shapes;
     std::vector<IndentedParagraph> indents;
-    // An empty paragraph after the last one of the body; the text ends where it
-    // starts.
+    // An empty paragraph after the last one of the body; the text ends where it starts.
     css::uno::Reference<css::text::XTextRange> end;
 };
 

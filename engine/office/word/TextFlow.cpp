@@ -34,8 +34,7 @@ constexpr int64_t LOWER_BORDER = 30; // of a table at the end of the text
 constexpr size_t MANY_PARAGRAPHS = 8'000;
 constexpr int32_t GROWING_PAGES[] = {300'000, 3'000'000};
 
-// Changes made during this object's lifetime are laid out together when it is
-// destroyed.
+// Changes made during this object's lifetime are laid out together when it is destroyed.
 class LayoutPause {
 public:
     explicit LayoutPause(const Reference<css::text::XTextDocument>& model) : mModel(model) {
@@ -60,8 +59,7 @@ struct FreeDeleter {
     void operator()(char* text) const { std::free(text); }
 };
 
-// Reads the corners from "x, y, width, height; ...", in twips, one entry for
-// each page.
+// Reads the corners from "x, y, width, height; ...", in twips, one entry for each page.
 std::vector<FlowPage> pageCorners(lok::Document& painter) {
     const std::unique_ptr<char, FreeDeleter> text(painter.getPartPageRectangles());
     std::vector<FlowPage> pages;
@@ -114,14 +112,12 @@ void TextFlow::layOut(int32_t width) {
 
 void TextFlow::layOutOnOnePage(int32_t pageWidth) {
     layOutOn(pageWidth, GIANT_PAGE);
-    // Text that was on several pages may stay there; a change of the height
-    // joins it.
+    // Text that was on several pages may stay there; a change of the height joins it.
     if (end().page > 0)
         layOutOn(pageWidth, GIANT_PAGE + 1000);
     if (undoEnlargement(mPrepared.shapes))
         layOutOn(pageWidth, GIANT_PAGE);
-    // Painting a tile is slower on a higher page, so the page is cut to the
-    // text.
+    // Painting a tile is slower on a higher page, so the page is cut to the text.
     if (const FlowPlace last = end(); last.page == 0)
         layOutOn(pageWidth, static_cast<int32_t>(hundredthMmFromTwips(last.y)) + PAGE_SLACK);
     if (end().page > 0)
@@ -150,8 +146,7 @@ FlowPlace TextFlow::end() const {
 FlowPlace TextFlow::cursorPlace() const {
     const Reference<css::text::XPageCursor> page(mCursor, UNO_QUERY_THROW);
     const auto index = static_cast<size_t>(std::max<sal_Int16>(page->getPage(), 1)) - 1;
-    // On every page the cursor's position is relative to the first page's
-    // corner.
+    // On every page the cursor's position is relative to the first page's corner.
     const int64_t y = twipsFromHundredthMm(mCursor->getPosition().Y);
     const int64_t above = index < mPages.size() ? mPages[index].top - mPages.front().top : 0;
     return {index, y - above};

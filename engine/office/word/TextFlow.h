@@ -22,8 +22,7 @@ public:
     // to its width.
     TextFlow(const OpenedDocument& document, PreparedDocument& prepared);
 
-    // Lays out to a width in twips; does nothing when the layout has that
-    // width.
+    // Lays out to a width in twips; does nothing when the layout has that width.
     void layOut(int32_t width);
 
     // Contains at least one page after the first layout.

@@ -101,8 +101,7 @@ void TextPositions::setCursor(const RowMap& map, int64_t x, int64_t row) const {
                               static_cast<int>(map.viewY(row)));
 }
 
-// The picture or drawing at the last point, which setCursor selects; null
-// without one.
+// The picture or drawing at the last point, which setCursor selects; null without one.
 Reference<css::uno::XInterface> TextPositions::selectedObject() const {
     const auto selection = mSelection->getSelection();
     Reference<css::text::XTextContent> object(selection, UNO_QUERY);
@@ -112,8 +111,7 @@ Reference<css::uno::XInterface> TextPositions::selectedObject() const {
     return object;
 }
 
-// Moves from a selected object to the position in the text where it is
-// anchored.
+// Moves from a selected object to the position in the text where it is anchored.
 void TextPositions::leaveObject() const {
     if (const Reference<css::text::XTextContent> object(selectedObject(), UNO_QUERY); object.is())
         mSelection->select(css::uno::Any(object->getAnchor()));

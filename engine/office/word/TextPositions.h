@@ -55,8 +55,7 @@ public:
     CharacterRange lineOf(uint32_t position) const;
 
 private:
-    // Whether a position inside a field or similar unit means its start or its
-    // end.
+    // Whether a position inside a field or similar unit means its start or its end.
     enum class Inside { Before, Behind };
     css::uno::Reference<css::text::XTextCursor> cursorTo(uint32_t position,
                                                          Inside inside = Inside::Before) const;

@@ -154,8 +154,7 @@ int32_t WordDocument::scrollUp(int32_t rows, int32_t& scrolled) {
     return scroll(rows, scrolled, [&] { return std::optional(-std::min<int64_t>(rows, mPrivate->top)); });
 }
 
-// `moved` returns the rows to move down by, or nothing when no move is
-// possible.
+// `moved` returns the rows to move down by, or nothing when no move is possible.
 template<class Moved>
 int32_t WordDocument::scroll(int32_t rows, int32_t& scrolled, Moved moved) {
     scrolled = 0;

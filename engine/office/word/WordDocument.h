@@ -74,8 +74,7 @@ public:
     int32_t lastSavedDate(int64_t& time);
     int32_t wordCount(int32_t& count);
 
-    // Returns whether the surface was written since the last call of this
-    // function.
+    // Returns whether the surface was written since the last call of this function.
     bool takePainted();
 
 private:

@@ -40,8 +40,7 @@ public:
             int64_t row)
         : mText(text), mReferences(references), mTargets(targets), mX(x), mRow(row) {}
 
-    // Marks of notes are small, so a near miss counts when nothing else is at
-    // the point.
+    // Marks of notes are small, so a near miss counts when nothing else is at the point.
     ClickTarget target() {
         if (const auto reference = nearestReference(0))
             return *reference;

@@ -44,11 +44,9 @@ struct WordDocument::Private {
 
     // Paints rows [first, last) of the stretch with the hits and the selection.
     void paint(int32_t first, int32_t last);
-    // Paints the whole stretch if the layout is current; otherwise onLayout
-    // will do it.
+    // Paints the whole stretch if the layout is current; otherwise onLayout will do it.
     void repaint();
-    // Tints the parts of the ranges that lie in rows [first, last) of the
-    // stretch.
+    // Tints the parts of the ranges that lie in rows [first, last) of the stretch.
     void mark(PlacedRanges& ranges, int32_t first, int32_t last, const Colour& colour);
     // Moves the stretch and reuses the rows that stay visible.
     void moveTo(int64_t row);

@@ -94,8 +94,7 @@ private:
     std::string mFolder;
     Skeleton* mSkeleton;
     const char* mPath;
-    // Declared before the document, which uses the surfaces until its
-    // destruction.
+    // Declared before the document, which uses the surfaces until its destruction.
     std::array<std::optional<MappedSurface>, SurfaceCount> mSurfaces;
     std::unique_ptr<Document> mDocument;
 };

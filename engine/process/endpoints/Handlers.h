@@ -103,8 +103,7 @@ inline FileDescriptor fileOf(GUnixFDList* files, GVariant* handle) {
         files == nullptr ? -1 : g_unix_fd_list_get(files, g_variant_get_handle(handle), nullptr));
 }
 
-// Connects handlers to an endpoint's skeleton; they answer its calls with the
-// endpoint.
+// Connects handlers to an endpoint's skeleton; they answer its calls with the endpoint.
 template<class Service>
 class Connector {
 public:

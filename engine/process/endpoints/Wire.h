@@ -11,8 +11,7 @@
 #include <type_traits>
 #include <vector>
 
-// Conversions between the types of the documents' operations and those of the
-// protocol.
+// Conversions between the types of the documents' operations and those of the protocol.
 namespace lectern::engine {
 
 // Converts an input of an operation; numbers are passed unchanged.

@@ -12,16 +12,14 @@
 #include <vector>
 
 struct FakeHub {
-    // All requests to the bus, in order: "register NAME", "category NAME",
-    // "attach".
+    // All requests to the bus, in order: "register NAME", "category NAME", "attach".
     std::vector<std::string> requests;
     // The request that fails, and the message of its error.
     std::string failing;
     std::string failure = "the bus said no";
     // The message with which replies are refused; when empty, replies are sent.
     std::string replyFailure;
-    // Called before each request is carried out, and before each look at a
-    // payload.
+    // Called before each request is carried out, and before each look at a payload.
     std::function<void(const std::string& what)> onRequest;
     std::function<void()> onPayload;
     // Called for each reply before it counts as sent.

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The part that the controls of all fake modules share, for tests in the same
-// process.
+// The part that the controls of all fake modules share, for tests in the same process.
 #pragma once
 
 #include <dlfcn.h>

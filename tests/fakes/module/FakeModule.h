@@ -52,8 +52,7 @@ int32_t called(FakeCalls& control, const char* name, Arguments... arguments) {
     return result != control.results.end() ? result->second : MODULE_OK;
 }
 
-// Reads the number after a prefix of the file's name; nothing without the
-// prefix.
+// Reads the number after a prefix of the file's name; nothing without the prefix.
 inline std::optional<int64_t> numberInName(const uint16_t* path, const std::string& prefix) {
     std::string name;
     for (; *path != 0; ++path) {

@@ -233,8 +233,7 @@ int32_t WordDocument::author(std::u16string& text) {
     return MODULE_OK;
 }
 
-// A character outside of the basic plane at each end, and an unpaired
-// surrogate.
+// A character outside of the basic plane at each end, and an unpaired surrogate.
 int32_t WordDocument::description(std::u16string& text) {
     text = u"\U0001F4C4 text \U0001F4C4";
     text.insert(text.begin() + 3, char16_t{0xD800});

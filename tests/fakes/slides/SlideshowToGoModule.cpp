@@ -209,8 +209,7 @@ int32_t sstg_stop_find(void* doc) {
     }
     Document& d = document(doc);
     d.searching = false;
-    // The returned arrays are no longer valid; freeing them exposes a later
-    // use.
+    // The returned arrays are no longer valid; freeing them exposes a later use.
     d.infos = {};
     d.regions = {};
     d.rectangles = {};

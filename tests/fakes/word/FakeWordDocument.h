@@ -11,16 +11,14 @@ public:
     void setBuffer(uint32_t* pixels, int32_t width, int32_t height);
     void setDpi(int32_t dpi);
 
-    // Each of these functions first lays the text out when its layout is
-    // outdated.
+    // Each of these functions first lays the text out when its layout is outdated.
     uint32_t topLeft();
     uint32_t bottomRight();
     int32_t usedRows();
     bool scrollDown(int32_t rows);
     int32_t scrollUp(int32_t rows);
     void jump(uint32_t position);
-    // The rows of a hit in buffer pixels, including those outside of the
-    // stretch.
+    // The rows of a hit in buffer pixels, including those outside of the stretch.
     std::vector<module_rect> rectangles(const FakeWordHit& hit);
     bool isInStretch(const module_rect& rectangle) const;
     void paintSecondary(int32_t height);
@@ -49,8 +47,7 @@ private:
     int32_t mFirstWidth = 0;
     FakeWordLayout mLayout;
     uint32_t* mPixels = nullptr;
-    // While a pop-up's buffer is set, the layout is still that of the page's
-    // buffer.
+    // While a pop-up's buffer is set, the layout is still that of the page's buffer.
     uint32_t* mBuffer = nullptr;
     int32_t mBufferWidth = 0;
     int32_t mBufferHeight = 0;

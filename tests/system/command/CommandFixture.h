@@ -30,8 +30,7 @@ class CommandTest : public ServiceTest {
 protected:
     Outcome lectern(std::vector<std::string> arguments,
                     const std::map<std::string, std::string>& environment = {});
-    // The same for a run that must succeed without messages; returns its
-    // output.
+    // The same for a run that must succeed without messages; returns its output.
     std::string done(const std::vector<std::string>& arguments);
     // The picture that "lectern open FILE" writes with these options.
     Picture opened(const std::string& file, const std::vector<std::string>& options);

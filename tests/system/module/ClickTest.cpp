@@ -107,8 +107,7 @@ TEST_F(ModuleClick, EveryFootnoteMarkOpensItsOwnNote) {
         ASSERT_FALSE(rows.empty());
         EXPECT_GE(rows.front(), 50);
         EXPECT_LT(rows.front(), 66) << "readable from the first line";
-        // Each note is longer than the previous one by a sentence of at least
-        // two lines.
+        // Each note is longer than the previous one by a sentence of at least two lines.
         EXPECT_GT(rows.back(), static_cast<int>(lastHeight) + 10) << note;
         EXPECT_LT(rows.back(), 999) << "down to its last";
         lastHeight = static_cast<std::size_t>(rows.back());

@@ -36,8 +36,7 @@ public:
     std::int32_t rows() const;
     std::uint32_t topLeft() const;
     void jump(std::uint32_t position) const;
-    // The whole text, read by copying a selection of everything; clears the
-    // selection.
+    // The whole text, read by copying a selection of everything; clears the selection.
     std::u16string text() const;
     std::u16string copy() const;
 

@@ -81,8 +81,7 @@ std::vector<bool> covered(const ModuleView& view, const std::vector<Region>& reg
     return pixels;
 }
 
-// Only the searched words are red, so red pixels show where the rectangles must
-// be.
+// Only the searched words are red, so red pixels show where the rectangles must be.
 void expectRectanglesOnRedInk(ModuleView& view, const std::u16string& text) {
     const std::vector<std::uint32_t> clean = view.pixels();
     view.find(text);

@@ -40,8 +40,7 @@ public:
     // White except for the faint shadow in the page's upper corners.
     bool isWhite(int32_t x, int32_t y) const { return (at(x, y) & 0xFFF8F8F8) == 0xFFF8F8F8; }
     uint32_t at(int32_t x, int32_t y) const { return mPixels[static_cast<size_t>(y * mWidth + x)]; }
-    // Number of pixels in columns [left, right) of the stretch that are not
-    // white.
+    // Number of pixels in columns [left, right) of the stretch that are not white.
     int32_t ink(int32_t left, int32_t right) const;
     int32_t ink() const { return ink(0, mWidth); }
 

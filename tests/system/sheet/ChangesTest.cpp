@@ -36,8 +36,7 @@ TEST(SortTest, MovesWholeRowsAndKeepsAHeader) {
     EXPECT_EQ(sheet->column(0), (Rows{"Boat", "Dunlin", "Egret", "Tern"}));
     EXPECT_EQ(STG.stg_sort_descending(sheet.get(), 0, 1), MODULE_OK);
     EXPECT_EQ(sheet->column(1), (Rows{"Fare", "30", "20", "10"}));
-    // Sort also by a column of texts; another column shows that there is a
-    // header.
+    // Sort also by a column of texts; another column shows that there is a header.
     EXPECT_EQ(STG.stg_sort_descending(sheet.get(), 0, 0), MODULE_OK);
     EXPECT_EQ(sheet->column(0), (Rows{"Boat", "Tern", "Egret", "Dunlin"}));
 }

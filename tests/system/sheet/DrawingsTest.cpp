@@ -37,8 +37,7 @@ protected:
                 y + first([&](std::int32_t i, std::int32_t k) { return cells.at(k, i); }), 0, 0};
     }
 
-    // The chart at a cell begins at the cell's corner, apart from its own
-    // border.
+    // The chart at a cell begins at the cell's corner, apart from its own border.
     void expectAt(CellReference cell) {
         const module_rect corner = mView.place(cell);
         const module_rect chart = chartIn(corner.x - 61, corner.y - 47);

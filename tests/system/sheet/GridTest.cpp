@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Cells, their bounds and their headers match to the pixel at every position
-// and zoom.
+// Cells, their bounds and their headers match to the pixel at every position and zoom.
 
 #include "tests/system/sheet/WorkbookView.h"
 #include "tests/system/support/Python.h"

@@ -4,9 +4,8 @@
 #include <cstdint>
 #include <string>
 
-// Every slide of a presentation as the office suite alone paints it. The
-// service must show the same, except for the frame that the suite draws at the
-// edges.
+// Every slide of a presentation as the office suite alone paints it. The service
+// must show the same, except for the frame that the suite draws at the edges.
 class BareSlides {
 public:
     // The size of the picture in pixels, and that of the slides in points.
@@ -16,8 +15,7 @@ public:
     int height() const { return mHeight; }
     // A colour, 0xRRGGBB. REQUIRES: (x, y) is on the slide.
     uint32_t colour(int slide, int x, int y) const;
-    // False outside of the slide and at its edges, where the suite draws its
-    // frame.
+    // False outside of the slide and at its edges, where the suite draws its frame.
     bool isInside(int x, int y) const {
         return x >= FRAME && y >= FRAME && x < mWidth - FRAME && y < mHeight - FRAME;
     }

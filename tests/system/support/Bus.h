@@ -37,8 +37,7 @@ public:
     // Calls a method of a category such as "/events" with a JSON text.
     BusReply call(const std::string& category, const std::string& method, const std::string& payload,
                   int timeoutMs = 60000);
-    // Waits until the service's name has an owner; returns false after the
-    // time.
+    // Waits until the service's name has an owner; returns false after the time.
     bool waitForService(int timeoutMs);
 
 private:

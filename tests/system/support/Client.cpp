@@ -43,8 +43,7 @@ std::string createPayload(const std::string& path, int width, int height, int se
     return text;
 }
 
-// Creates a segment whose identifier is not 0, which means no segment in the
-// protocol.
+// Creates a segment whose identifier is not 0, which means no segment in the protocol.
 int makeSegment(size_t size) {
     const int first = shmget(IPC_PRIVATE, size, IPC_CREAT | 0600);
     if (first != 0) {

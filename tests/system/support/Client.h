@@ -31,10 +31,9 @@ public:
     Answer read(long type);
     // The next waiting record of this type; its id is -1 when there is none.
     Answer poll(long type);
-    // Waits until the service has taken every client record. Meanwhile reads
-    // the records for `store` and returns their ids. Paints and pen ups
-    // overtake pen moves, so a test that needs an order must call this in
-    // between.
+    // Waits until the service has taken every client record. Meanwhile reads the
+    // records for `store` and returns their ids. Paints and pen ups overtake pen
+    // moves, so a test that needs an order must call this in between.
     std::set<int> settle(long store);
 
     int id() const { return mId; }
@@ -85,8 +84,7 @@ public:
     int scrollX() const { return state(0); }
     int scrollY() const { return state(4); }
     double scale() const;
-    // The first character of the stretch that a word-processing view keeps
-    // painted.
+    // The first character of the stretch that a word-processing view keeps painted.
     int stretchCharacter() const { return state(20); }
     // The slide that a presentation shows, from 0.
     int slide() const { return state(24); }

@@ -149,8 +149,7 @@ std::vector<pid_t> ServiceTest::descendants(const std::string& name) {
         if (pid <= 0) {
             continue;
         }
-        // Follows the parents in "pid (name) state parent ..." up to the test
-        // itself.
+        // Follows the parents in "pid (name) state parent ..." up to the test itself.
         std::string comm;
         pid_t walk = pid;
         bool below = false;

@@ -53,11 +53,9 @@ public:
     // The comment of the last tap as {"comment": ...}, and its text.
     std::string lastComment() { return call("getLastComment"); }
 
-    // Moves the view to this document pixel, or as near as possible, and stops
-    // it there.
+    // Moves the view to this document pixel, or as near as possible, and stops it there.
     void scrollTo(int x, int y);
-    // Stops all movement, as clients do; the window of cells is then around the
-    // view.
+    // Stops all movement, as clients do; the window of cells is then around the view.
     void rest();
     void zoom(double scale) { mDocument.pinch(scale / mDocument.scale()); }
     // Calls a method of "/excel", and paints.

@@ -39,8 +39,7 @@ protected:
     static void next(TestDocument& document) { document.call("/common", "nextResult"); }
     static void previous(TestDocument& document) { document.call("/common", "previousResult"); }
 
-    // The slide of the latest notification since the last method call; -1
-    // without one.
+    // The slide of the latest notification since the last method call; -1 without one.
     int slideTold(const TestDocument& document) const;
     // Private memory in bytes of the service and the oldest engine. Spare
     // engines do not count, nor do pages of mapped files.

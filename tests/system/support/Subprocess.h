@@ -9,8 +9,7 @@
 #include <string>
 #include <vector>
 
-// A child process of a test; its output goes to files. Killed and reaped on
-// destruction.
+// A child process of a test; its output goes to files. Killed and reaped on destruction.
 class Subprocess {
 public:
     // Starts argv[0] (found on PATH) with these additions to the environment.

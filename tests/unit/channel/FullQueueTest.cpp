@@ -25,8 +25,7 @@ protected:
         RawQueueTest::SetUp();
         ASSERT_EQ(queue.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID), 0);
     }
-    // Fills the queue with a client's records, numbered by docid; returns their
-    // number.
+    // Fills the queue with a client's records, numbered by docid; returns their number.
     int fillWithMoves(int first = 0) const {
         int count = 0;
         while (post(ClientServerMessage(_PEN_MOVE, first + count))) {
@@ -308,8 +307,7 @@ TEST_F(FullQueueTest, BothEndsFullAtOnceNeverLockUp) {
             ASSERT_EQ(end.SendMessage(ClientServerMessage(_PEN_MOVE, 0)), 0);
         }
     });
-    // Pauses, because a mutex is not fair and other threads would not get it
-    // for long.
+    // Pauses, because a mutex is not fair and other threads would not get it for long.
     std::atomic<int> paints{0};
     std::thread notifier([&] {
         for (int i = 0; !done; ++i) {

@@ -161,8 +161,7 @@ TEST_F(ServiceQueueTest, DiscardLeavesClientRecordsAlone) {
     EXPECT_EQ(waiting(), 1U);
 }
 
-// How the worker ends: it is cancelled while it sleeps, in any cancellation
-// state.
+// How the worker ends: it is cancelled while it sleeps, in any cancellation state.
 TEST_F(ServiceQueueTest, AReaderCanBeCancelledWhileItSleepsOnly) {
     struct Reader {
         ServiceQueue* queue;

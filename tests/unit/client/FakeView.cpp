@@ -124,8 +124,7 @@ void FakeView::paint() {
         return;
     }
     mPainted = mFactor;
-    // Copied at once, because the thread sanitizer checks each write to shared
-    // memory.
+    // Copied at once, because the thread sanitizer checks each write to shared memory.
     const std::vector<uint32_t> picture(static_cast<size_t>(mWidth) * static_cast<size_t>(mHeight), COLOUR);
     std::memcpy(mFrame.address(), picture.data(), picture.size() * sizeof picture[0]);
     writeState();

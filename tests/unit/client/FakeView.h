@@ -15,9 +15,8 @@
 #include <thread>
 #include <vector>
 
-// The queue's side of a service with one document: takes records in the
-// service's order, paints one colour, scrolls a document of a given height, and
-// zooms.
+// The queue's side of a service with one document: takes records in the service's
+// order, paints one colour, scrolls a document of a given height, and zooms.
 class FakeView {
 public:
     // Paints into this frame buffer of width * height pixels. `state` is the
@@ -35,8 +34,7 @@ public:
     std::vector<long> taken() const;
     // Waits until `count` records have been taken.
     void waitForTaken(size_t count) const;
-    // Holds up all input and paints in the queue while the returned object
-    // lives.
+    // Holds up all input and paints in the queue while the returned object lives.
     std::shared_ptr<void> holdUp() {
         mIdle.acquire();
         return {nullptr, [this](void*) { mIdle.release(); }};

@@ -59,8 +59,7 @@ TEST(PrivateBus, TakesItsProcessesAndItsFolderAlong) {
     EXPECT_FALSE(hasChildren());
 }
 
-// The service in this test is a sleeping shell, which does not end with its
-// bus.
+// The service in this test is a sleeping shell, which does not end with its bus.
 TEST(PrivateBus, EndsWithAClientThatIsKilled) {
     prctl(PR_SET_CHILD_SUBREAPER, 1);
     const std::string service = testing::TempDir() + "lectern-sleeper-" + std::to_string(getpid());

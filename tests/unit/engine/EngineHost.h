@@ -43,8 +43,7 @@ struct EngineInfo {
     pid_t pid;
     std::string folder; // its temporary folder; empty for a zombie
 };
-// The engines that are children of this process, or of another; includes
-// zombies.
+// The engines that are children of this process, or of another; includes zombies.
 std::vector<EngineInfo> enginesOf(pid_t parent);
 
 } // namespace lectern::test

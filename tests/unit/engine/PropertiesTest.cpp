@@ -6,8 +6,7 @@
 namespace lectern::test {
 namespace {
 
-// The fake's description: it includes surrogate pairs and an unpaired
-// surrogate.
+// The fake's description: it includes surrogate pairs and an unpaired surrogate.
 const std::u16string DESCRIPTION = std::u16string(u"\U0001F4C4 ") + char16_t{0xD800} + u"text \U0001F4C4";
 
 class PropertiesTest : public EngineTest {

@@ -16,8 +16,7 @@ protected:
     void openSheets(WorkbookHandle& workbook, const std::string& contents) const {
         ASSERT_EQ(workbook.open(write("book.xlsx", contents), temporary()), MODULE_OK);
     }
-    // Calls every function that takes only numbers: all must return the same
-    // code.
+    // Calls every function that takes only numbers: all must return the same code.
     void expectAllAnswer(void* doc, std::int32_t code);
 
     const STGFunc& stg = sheetModule();

@@ -6,8 +6,7 @@ namespace {
 
 class ExcelLayoutTest : public ExcelTest {
 protected:
-    // Calls clampPosition; compares the resulting position and returns its
-    // result.
+    // Calls clampPosition; compares the resulting position and returns its result.
     static bool clamped(const TestExcel& view, int& x, int& y, int maxX, int maxY) {
         return view.clampPosition(x, y, maxX, maxY);
     }

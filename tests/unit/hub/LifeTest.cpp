@@ -82,8 +82,7 @@ TEST_F(Waiting, CallsBeforeTheLoopRunsAreServedWhenItRuns) {
 
 class Loss : public HubFixture {
 protected:
-    // Runs the service's loop; returns false when nothing quits it within ten
-    // seconds.
+    // Runs the service's loop; returns false when nothing quits it within ten seconds.
     bool runLoop() const {
         const guint guard = g_timeout_add_seconds(
             10,

@@ -22,8 +22,7 @@ public:
     // Makes the bus start a program when the name is called.
     void addService(const std::string& name, const std::string& program) const;
 
-    // Makes the bus the session bus of this process and of those that it
-    // starts.
+    // Makes the bus the session bus of this process and of those that it starts.
     void becomeSessionBus() const;
 
     // Ends the daemon while it is in use.

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Modules that cannot be used end the process, so each is loaded in a child
-// process.
+// Modules that cannot be used end the process, so each is loaded in a child process.
 #include "FunctionNames.h"
 
 #include <fcntl.h>

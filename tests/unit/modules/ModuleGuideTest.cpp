@@ -81,8 +81,7 @@ TEST(ModuleGuide, ShowsTheModuleThatIsCompiled) {
 
 constexpr uint16_t PATH[] = {'/', 'd', 0};
 
-// The module as loaded by a program whose loader search path is the module's
-// folder.
+// The module as loaded by a program whose loader search path is the module's folder.
 class ShownModule : public testing::Test {
 protected:
     void SetUp() override { handle = module.SetFunctionPointers(); }

@@ -5,9 +5,8 @@
 #include <cstdlib>
 #include <string>
 
-// Modules are searched along LD_LIBRARY_PATH, which the loader reads at the
-// start of a process. So set it to the empty modules' folder and restart the
-// process.
+// Modules are searched along LD_LIBRARY_PATH, which the loader reads at the start
+// of a process. So set it to the empty modules' folder and restart the process.
 int main(int argc, char** argv) {
     const char* path = std::getenv("LD_LIBRARY_PATH");
     const std::string before = path == nullptr ? "" : path;

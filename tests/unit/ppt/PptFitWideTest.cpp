@@ -13,8 +13,7 @@ protected:
     // The frame's index of a pixel of the source, which has w * h pixels.
     using Formula = std::function<long(long x, long y, long w, long h)>;
 
-    // Paints in a mode and compares every pixel, including those beyond the
-    // frame.
+    // Paints in a mode and compares every pixel, including those beyond the frame.
     static void expectTurned(const char* mode, int width, int height, const Formula& formula) {
         const auto view = openView(width, height);
         view->setFitWideMode(mode);

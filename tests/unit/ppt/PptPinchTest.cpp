@@ -76,8 +76,7 @@ TEST_F(PptPinchTest, ZoomingInOnASlideInTheMiddleOfTheView) {
 
 TEST_F(PptPinchTest, ZoomingOutShrinksTowardsTheMiddleOfTheView) {
     const auto view = pinchedView(2.0, 400, 200, 0.75);
-    // 0.5 * 320 / 0.75 - 160 = 53 pixels beyond the view's edges are still
-    // slide.
+    // 0.5 * 320 / 0.75 - 160 = 53 pixels beyond the view's edges are still slide.
     expectShrunk(*view, CpRect(40, 60, 280, 420));
     EXPECT_EQ(view->mGestureScroll, CpPoint(300 - 40, 150 - 60));
 }
@@ -105,8 +104,7 @@ TEST_F(PptPinchTest, ZoomingOutOfASlideSmallerThanTheViewCentresIt) {
 
 TEST_F(PptPinchTest, ZoomingOutTreatsEachAxisByItself) {
     const auto view = pinchedView(1.0, 100, 0, 0.75); // 640 x 480 becomes 480 x 360
-    // Horizontally 640 * 0.75 covers the view. Vertically it does not and is
-    // centred.
+    // Horizontally 640 * 0.75 covers the view. Vertically it does not and is centred.
     expectShrunk(*view, CpRect(40, 60, 280, 420));
     EXPECT_EQ(view->mGestureScroll, CpPoint(75 - 40, -60));
 }
@@ -175,8 +173,7 @@ TEST_F(PptPinchTest, FirstFrameBeyondAllBoundsShowsTheLargestZoom) {
         const auto view = pinchedView(1.0, 0, 0, scale);
         paint(*view);
         view->handleGestureEnd(1.0, 0.0);
-        // 640 x 480 units in 64 MiB; a first frame is not held to the zoom
-        // limits.
+        // 640 x 480 units in 64 MiB; a first frame is not held to the zoom limits.
         EXPECT_NEAR(view->mScale, std::sqrt((16 << 20) / (640.0 * 480)), 0.01) << scale;
     }
 }

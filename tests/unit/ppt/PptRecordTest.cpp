@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The state record: the place that a view restores when its document is
-// reopened.
+// The state record: the place that a view restores when its document is reopened.
 #include "tests/unit/ppt/PptTest.h"
 
 #include <sys/shm.h>

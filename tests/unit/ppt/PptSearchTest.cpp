@@ -10,9 +10,8 @@ const std::string REGIONS_ASKED = "sstg_get_found_regions()";
 
 class PptSearchTest : public PptTest {
 protected:
-    // A deck whose slides have hits at these heights, in slide units. A hit is
-    // 60 x 20 units at x = 100, so 30 x 10 pixels at x = 50 on a fitting
-    // surface.
+    // A deck whose slides have hits at these heights, in slide units. A hit is 60
+    // x 20 units at x = 100, so 30 x 10 pixels at x = 50 on a fitting surface.
     static std::unique_ptr<TestPpt> openWithHits(const std::vector<std::vector<int>>& heights,
                                                  int width = 320, int height = 480) {
         fakeSlides().slides.resize(heights.size());

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A search while the client shows other slides or sizes, or while the module
-// fails.
+// A search while the client shows other slides or sizes, or while the module fails.
 #include "tests/unit/ppt/PptTest.h"
 
 namespace {

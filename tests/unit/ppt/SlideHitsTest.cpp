@@ -42,8 +42,7 @@ TEST(SlideHits, FindTheFirstAtOrAboveTheKey) {
 }
 
 TEST(SlideHits, StepsAreTheAgreedOnes) {
-    // For a key that both neighbours have, the first step ends at the later
-    // one.
+    // For a key that both neighbours have, the first step ends at the later one.
     EXPECT_EQ(slideAtOrAbove(5, {1, 5, 5, 5, 9}), 2);
     // Entry 0 is never examined: with two entries and the first one's key the
     // result is the second.

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Tests every set of kernels that this processor supports, not only the default
-// one.
+// Tests every set of kernels that this processor supports, not only the default one.
 #include "raster/PixelKernels.h"
 
 #include "Arena.h"

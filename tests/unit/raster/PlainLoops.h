@@ -16,8 +16,7 @@ struct Image {
     int height;
 };
 
-// Only `reachable` pixels from the first one may be changed; others are
-// skipped.
+// Only `reachable` pixels from the first one may be changed; others are skipped.
 struct Canvas {
     uint32_t* pixels;
     int width;

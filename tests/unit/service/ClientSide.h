@@ -8,8 +8,7 @@
 #include <string>
 
 // A client's frame-buffer segment, attached by the client too, and removed on
-// destruction. As a client should, it does not use identifier 0, which means no
-// segment.
+// destruction. As a client should, it does not use identifier 0, which means no segment.
 class ClientFrame {
 public:
     explicit ClientFrame(int size) : ClientFrame(size, make(size)) {}

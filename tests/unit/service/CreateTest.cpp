@@ -186,8 +186,7 @@ TEST_F(CreateTest, EveryCallOnADocumentThatDidNotOpenIsSurvived) {
 }
 
 TEST_F(CreateTest, AViewWithoutADataStoreTakesNobodysSegmentDown) {
-    // The first segment in a new namespace has number 0, which no data store
-    // has.
+    // The first segment in a new namespace has number 0, which no data store has.
     ASSERT_EQ(unshare(CLONE_NEWIPC), 0);
     ASSERT_EQ(g_msgQueue.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID), 0);
     const ClientFrame other(SIZE, shmget(IPC_PRIVATE, SIZE, IPC_CREAT | 0600));

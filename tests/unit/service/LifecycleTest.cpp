@@ -221,8 +221,7 @@ TEST_F(LifecycleTest, AFailedBusCallEndsTheStartAtThatStep) {
         EXPECT_EQ(gLastActive, 77) << "the clock is set later";
         EXPECT_EQ(GetCapturedStderr(), "error from Hub call: the bus said no\n");
         EXPECT_EQ(fakeHub.requests, std::vector(START.begin(), START.begin() + static_cast<long>(step) + 1));
-        // The worker, which creates the queue, starts only before the last
-        // step.
+        // The worker, which creates the queue, starts only before the last step.
         EXPECT_EQ(queueExists(), START[step] == "attach");
         EXPECT_THAT(systemCalls.takeLog(), ElementsAre("<6> Starting LecternServer"));
     }

@@ -47,8 +47,7 @@ protected:
     // Takes the records that wait for an addressee.
     static std::vector<ServerClientMessage> takeMessages(long addressee);
     static unsigned long waiting();
-    // Adds the records that wait for a recording view to the trace, as "message
-    // ID".
+    // Adds the records that wait for a recording view to the trace, as "message ID".
     void traceMessages();
     // Calls a method and returns the trace of it, with replies as "reply TEXT".
     std::vector<std::string> traceOf(const std::string& category, const std::string& method,

@@ -242,8 +242,7 @@ TEST_F(WorkerThreadTest, AThousandMovesDuringOnePaintStopNobody) {
     EXPECT_EQ(answer(0), 0);
     pthread_cancel(worker);
     join();
-    // Although records waited in memory at the end, those handled were in
-    // order.
+    // Although records waited in memory at the end, those handled were in order.
     int next = 0;
     for (const std::string& call : trace) {
         if (call != "handleKeyUp(0, 0)") {

@@ -183,8 +183,7 @@ TEST_F(Input, StoppedGlideIsRememberedUntilTheNextClick) {
     EXPECT_FALSE(view.handleClick(9, 9));
 }
 
-// The worker and the bus handlers hold the view's mutex, which is not
-// recursive.
+// The worker and the bus handlers hold the view's mutex, which is not recursive.
 TEST_F(Input, PensAndClicksLeaveTheLockToTheirCallers) {
     ASSERT_EQ(pthread_mutex_trylock(view.mutex()), 0);
     EXPECT_TRUE(view.handlePenDown(5, 5));

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Tests that create segments and queues, each in a new IPC namespace as after
-// boot.
+// Tests that create segments and queues, each in a new IPC namespace as after boot.
 #pragma once
 
 #include <gtest/gtest.h>

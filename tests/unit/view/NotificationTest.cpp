@@ -20,8 +20,7 @@ protected:
     }
     void TearDown() override { EXPECT_EQ(g_msgQueue.Remove(), 0); }
 
-    // Reads the next notification for the view; returns false when there is
-    // none.
+    // Reads the next notification for the view; returns false when there is none.
     bool next(ServerClientMessage& message) {
         testing::internal::CaptureStderr(); // reading an empty queue prints a message
         const bool any = client.ReadMessage(static_cast<long>(view.dataStoreShmId()), message, 0) == 12;

@@ -126,8 +126,7 @@ TEST_F(Paint, KeepsColumnsLeftOfTheDocumentBlack) {
 }
 
 TEST_F(Paint, KeepsEverythingOutsideTheDocumentBlack) {
-    // The view's clamp would move these positions, so the surface is smaller
-    // instead.
+    // The view's clamp would move these positions, so the surface is smaller instead.
     CpPixmap small(CpRect(10, 500, 30, 520));
     fillPattern(small);
     view.mDocPixmap = &small;

@@ -20,9 +20,8 @@ constexpr unsigned int BLACK = 0xFF000000U;
 // pixels outside of the frame. Parameters: view size, surface bounds.
 class TurnedPaint : public testing::TestWithParam<std::tuple<int, int, CpRect>> {
 protected:
-    // The frame index of source column x (from the first one read) and row y; W
-    // and H are the source's width and height, which are the view's height and
-    // width.
+    // The frame index of source column x (from the first one read) and row y; W and
+    // H are the source's width and height, which are the view's height and width.
     using Formula = std::function<long(long x, long y, long W, long H)>;
 
     void expectPaint(int mode, const Formula& formula) {

@@ -40,8 +40,7 @@ public:
     int top() const { return mStretch.top(); }
     int bottom() const { return mStretch.bottom(); }
 
-    // The text row at the view's top, according to the module's position of the
-    // stretch.
+    // The text row at the view's top, according to the module's position of the stretch.
     int64_t firstTextRow() const { return fakeWord().layout.top + mScroll.y - top(); }
     // Number of rows of the view that should show text and do not.
     int64_t whiteRows() const {

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The size of the layout, and the effect of wide mode, double taps and pinches
-// on it.
+// The size of the layout, and the effect of wide mode, double taps and pinches on it.
 #include "tests/unit/word/WordTest.h"
 
 namespace {

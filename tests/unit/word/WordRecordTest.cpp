@@ -6,8 +6,7 @@ namespace {
 
 class WordRecordTest : public WordTest {
 protected:
-    // A view that uses the segment of another, which stays open to keep the
-    // segment.
+    // A view that uses the segment of another, which stays open to keep the segment.
     static std::unique_ptr<TestWord> reopen(const TestWord& old, const char* path = "/d/text.doc") {
         auto view = makeView(320, 480, old.dataStoreShmId());
         fakeWord().calls.clear();

@@ -13,8 +13,7 @@ const std::string LAST_USED = "wtg_get_vertical_last_used_pixel(0)";
 
 class WordScrollTest : public WordTest {
 protected:
-    // A view whose stretch was moved to a row by a jump, in a text of one-row
-    // lines.
+    // A view whose stretch was moved to a row by a jump, in a text of one-row lines.
     static std::unique_ptr<TestWord> openAt(int width, int height, int64_t rows, int64_t row) {
         auto view = openView(width, height, rows);
         const auto character = static_cast<uint32_t>((row * fakeWord().characters + rows - 1) / rows);
@@ -272,8 +271,7 @@ TEST_F(WordScrollTest, DraggingIntoACornerEndsAGlideAndAlongAnEdgeDoesNot) {
     EXPECT_FALSE(view->mScroller.isMoving());
 }
 
-// The worker and the bus handlers hold the view's mutex, which is not
-// recursive.
+// The worker and the bus handlers hold the view's mutex, which is not recursive.
 TEST_F(WordScrollTest, PensAndClicksLeaveTheLockToTheirCallers) {
     const auto view = openView(320, 480, 20000);
     ASSERT_EQ(pthread_mutex_trylock(view->mutex()), 0);

@@ -9,8 +9,7 @@
 
 namespace {
 
-// At the text's ends a view may lag behind the pen and catch up at the next
-// move.
+// At the text's ends a view may lag behind the pen and catch up at the next move.
 constexpr int LAG = 40;
 constexpr int FRAMES_BETWEEN_CHECKS = 20;
 
@@ -79,8 +78,7 @@ int WordSession::onLayout(int column) const {
     return std::clamp(column, 0, fakeWord().layout.width - mWidth);
 }
 
-// Index of the current hit in the order of the text; -1 when it is none of the
-// hits.
+// Index of the current hit in the order of the text; -1 when it is none of the hits.
 int WordSession::hitIndex() const {
     const std::vector<FakeWordHit>& hits = fakeWord().hits;
     const auto own = std::find_if(hits.begin(), hits.end(),
@@ -144,8 +142,7 @@ void WordSession::checkMoved(int64_t from, int64_t input, const char* what) {
     }
 }
 
-// Outside of wide mode the layout is as wide as the view, so the only position
-// is 0.
+// Outside of wide mode the layout is as wide as the view, so the only position is 0.
 void WordSession::checkMovedSideways(int from, int input, const char* what) {
     check(std::abs(mView->mScroll.x - from) <= std::abs(input), std::string("jumped sideways in ") + what);
     check(mView->mScroll.x == onLayout(mView->mScroll.x), std::string("beside the layout in ") + what);
