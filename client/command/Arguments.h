@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The arguments of the lectern command's sub-commands, read and checked.
+// The parsed and checked arguments of the lectern command's sub-commands.
 // Sheets and slides are numbered from 1.
 #pragma once
 
@@ -24,14 +24,14 @@ struct OpenArguments {
     std::optional<int> sheet;
     std::optional<int> slide;
     std::optional<std::string> search;
-    int hit = 1; // which hit to show, from 1; those after the last show the last
+    int hit = 1; // number of the hit to show, from 1; the last hit if there are fewer
 };
 
-// Of the sub-commands that print what the service says of a document.
+// Arguments of the sub-commands that print information about a document.
 struct PrintArguments {
     std::string file;
     std::optional<std::string> password = {};
-    bool json = false; // the service's own text
+    bool json = false; // print the service's reply unchanged
 };
 
 struct NoteArguments {
@@ -42,32 +42,32 @@ struct NoteArguments {
 struct SearchArguments {
     PrintArguments print;
     std::string text;
-    std::optional<int> sheet = {}; // of a spreadsheet; the first if none
+    std::optional<int> sheet = {}; // of a spreadsheet; without a value the first
 };
 
 struct PlayArguments {
     std::string script;
     std::string file;
-    std::string folder; // for the frames
+    std::string folder; // folder for the frames
     int width = 480;
     int height = 800;
     std::optional<std::string> password = {};
 };
 
 struct CallArguments {
-    std::string category; // with its slash
+    std::string category; // with the leading slash
     std::string method;
     std::string payload; // a JSON object
 };
 
 struct ServeArguments {};
 
-// What is printed when nothing is to be done.
+// Help text to print instead of running the sub-command.
 struct Help {
     std::string text;
 };
 struct Misuse {
-    std::string text; // what is wrong with the arguments
+    std::string text; // describes the mistake in the arguments
 };
 
 template<typename Arguments>

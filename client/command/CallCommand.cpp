@@ -9,9 +9,9 @@ namespace lectern {
 
 namespace {
 
-// The bus's own words for it say nothing of what there is.
+// Replaces the bus's error for an unknown method, which does not tell what exists.
 Error explained(Error error, const CallArguments& arguments) {
-    constexpr char PREFIX[] = "org.freedesktop.DBus.Error.Unknown"; // -Object, -Interface, -Method
+    constexpr char PREFIX[] = "org.freedesktop.DBus.Error.Unknown"; // followed by Object, Interface or Method
     if (error.name.rfind(PREFIX, 0) == 0) {
         error.text = "the service has no method '" + arguments.method + "' in '" + arguments.category +
                      "'; its categories are /common, /events, /word, /excel and /ppt";
@@ -29,8 +29,8 @@ Result<std::optional<std::string>> call(const Bus& bus, const CallArguments& arg
 
 } // namespace
 
-// Replies go to the standard output, those of errors too: they are what was
-// asked for.
+// Prints all replies, including error replies, on the standard output, because
+// they are the command's result.
 int runCall(const CallArguments& arguments, Interrupt& interrupt) {
     const Result<Service> service = Service::open({.isolate = true, .stop = interrupt.token()});
     if (!service) {

@@ -13,8 +13,8 @@
 
 namespace lectern {
 
-// An option's text, as GLib fills it in. Read as a file name, which is to say
-// as the bytes that were typed, whatever the locale.
+// The text of an option, filled in by GLib. Declared as a file name, so that
+// GLib returns the bytes as typed, in any locale.
 struct TextOption {
     TextOption() = default;
     ~TextOption() { g_free(value); }
@@ -28,34 +28,38 @@ struct TextOption {
     char* value = nullptr;
 };
 
-// Entries of options; letter 0 for none. The targets must outlive the parse.
+// Functions that create GOptionEntry structures; letter 0 means no short
+// option. The targets must outlive the parse.
 GOptionEntry textEntry(const char* name, char letter, TextOption& text, const char* description,
                        const char* argument);
 GOptionEntry flagEntry(const char* name, char letter, gboolean& flag, const char* description);
-// Options that several sub-commands have.
+// Options that several sub-commands share.
 GOptionEntry passwordEntry(TextOption& password);
 GOptionEntry sizeEntry(TextOption& size);
 GOptionEntry jsonEntry(gboolean& json);
 
-// That a text is no value of its kind: "'9x' is no size; ...".
+// The error for a text that is not a valid value: "'9x' is no size; ...".
 Misuse wrongValue(const TextOption& text, const char* why);
-// Reads an option into a value, which stays as it is when the option is not given.
+// Functions that convert an option's text to a value; the value is unchanged
+// when the option is not given. Return the error for an invalid text.
 std::optional<Misuse> readSize(const TextOption& text, int& width, int& height);
 std::optional<Misuse> readNumber(const TextOption& text, const char* what, int& number);
 std::optional<Misuse> readNumber(const TextOption& text, const char* what, std::optional<int>& number);
 
-// One sub-command's line: its own options, --help, and the operands, all of
-// which are needed.
+// The command line of one sub-command: its own options, --help, and the
+// operands, which are all required.
 class CommandLine {
 public:
-    // operands: their names. usage: how the help shows them, if otherwise.
+    // operands: the names of the operands. usage: their form in the help; by
+    // default the names.
     CommandLine(const char* subcommand, std::vector<const char*> operands, const char* summary,
                 const char* usage = nullptr);
 
     using Refusal = std::variant<Help, Misuse>;
-    // Nothing when the line is fine; the entries' targets are then filled in.
+    // Returns nothing when the command line is valid and fills in the entries'
+    // targets; otherwise returns the help or the error.
     std::optional<Refusal> parse(const Words& words, std::vector<GOptionEntry> entries);
-    // REQUIRES: the line is fine.
+    // REQUIRES: parse has returned nothing.
     std::string operand(size_t index = 0) const { return mOperands.words[index]; }
 
 private:

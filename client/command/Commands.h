@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The sub-commands. Each gives the exit status of the command.
+// The functions that run the sub-commands. Each returns the command's exit status.
 #pragma once
 
 #include "client/command/Arguments.h"
@@ -22,8 +22,8 @@ int runPlay(const PlayArguments& arguments, Interrupt& interrupt);
 int runServe(const ServeArguments& arguments, Interrupt& interrupt);
 int runCall(const CallArguments& arguments, Interrupt& interrupt);
 
-// Says on standard error what went wrong, unless the user knows because he has
-// interrupted it; the exit status for it.
+// Reports an error on standard error, except an interruption by the user.
+// Returns the exit status for the error.
 int report(const Error& error);
 
 } // namespace lectern

@@ -11,7 +11,7 @@ namespace lectern {
 
 namespace {
 
-// Sent to the watching thread alone, to end it.
+// Sent only to the watching thread, to end it.
 constexpr int END_OF_WATCH = SIGUSR1;
 
 sigset_t watched() {

@@ -8,11 +8,11 @@
 namespace lectern {
 
 // Turns SIGINT, SIGTERM and SIGHUP into a stop request, so that the command
-// ends by its own destructors. A second one ends the process at once.
+// ends normally and its destructors run. A second signal ends the process at
+// once.
 //
-// In two steps, because the signals must be blocked before the first thread
-// starts, and a thread watches for them: the constructor blocks, watch() starts
-// the thread.
+// The constructor blocks the signals; it must run before the first thread
+// starts. watch() then starts the thread that waits for them.
 class Interrupt {
 public:
     Interrupt();
@@ -22,7 +22,7 @@ public:
 
     void watch();
     std::stop_token token() const { return mStop.get_token(); }
-    // The signal that came, or 0.
+    // The number of the signal received; 0 before one.
     int signal() const { return mSignal; }
 
 private:
@@ -31,7 +31,8 @@ private:
     std::jthread mThread;
 };
 
-// Ends the process as the signal would have, so that callers see why it ended.
+// Ends the process by the default action of the signal, so that callers see why
+// it ended.
 [[noreturn]] void dieOfSignal(int number);
 
 } // namespace lectern

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The sub-commands "sheets" and "slides", which differ in what they ask for.
+// The sub-commands "sheets" and "slides", which differ only in the request.
 #include "client/command/Commands.h"
 #include "client/command/Listing.h"
 #include "client/command/OpenDocument.h"
@@ -15,7 +15,7 @@ namespace {
 
 using ListCall = Result<std::string> (*)(const Bus&, int docid, const CallLimits&);
 
-// Says so when the service's list ends before the document.
+// Prints the list, with a note when the service's list was cut off.
 Failure printListing(const PartList& list, const char* what) {
     if (Failure failure = print(partListing(list))) {
         return failure;

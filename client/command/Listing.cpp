@@ -14,8 +14,8 @@ namespace lectern {
 
 namespace {
 
-// What the text is with each character put through this function, which gives 0
-// to leave one out.
+// Applies `change` to each character of the text; characters for which it
+// returns 0 are left out.
 template<typename Change>
 std::string changed(const std::string& text, Change change) {
     const GLibHolder<char> valid(g_utf8_make_valid(text.c_str(), static_cast<gssize>(text.size())));
@@ -48,8 +48,8 @@ std::string propertyLine(const std::string& label, const std::string& value) {
     return text.empty() ? "" : label + ":" + std::string(LABEL_WIDTH - label.size() - 1, ' ') + text + "\n";
 }
 
-// The service gives the start of its time for a date that the document has not,
-// which is in 1969 west of Greenwich.
+// The service returns the start of the Unix epoch for an unset date; west of
+// Greenwich that is in 1969. Returns an empty text for it.
 std::string knownDate(const std::string& date) {
     const bool unknown =
         date.find(", 1970,") != std::string::npos || date.find(", 1969,") != std::string::npos;
@@ -59,7 +59,7 @@ std::string knownDate(const std::string& date) {
 } // namespace
 
 std::string onOneLine(const std::string& text) {
-    bool blank = true; // none at the start
+    bool blank = true; // so that none is written at the start
     std::string line = changed(text, [&blank](gunichar character) -> gunichar {
         const bool wasBlank = blank;
         blank = g_unichar_iscntrl(character) != FALSE || g_unichar_isspace(character) != FALSE;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The service's replies as people read them: lines without control characters,
-// which documents may hold and terminals would obey.
+// Formats the service's replies for people: without control characters, which
+// documents may contain and terminals would execute.
 #pragma once
 
 #include <lectern/Document.h>
@@ -10,17 +10,17 @@
 
 namespace lectern {
 
-// A text on one line: runs of control characters and blanks become a blank.
+// Makes a text one line: each run of control characters and blanks becomes one blank.
 std::string onOneLine(const std::string& text);
-// A text of several lines: other control characters are left out.
+// Removes control characters other than line feeds and tabs.
 std::string onSeveralLines(const std::string& text);
 
-// The reply of getDocProperties, a labelled line for each property that is told.
+// Formats the reply of getDocProperties, one labelled line for each known property.
 std::string propertyListing(DocumentKind kind, const std::string& reply);
-// A line for each sheet or slide: its number from 1 and its title.
+// Formats a list, one line for each sheet or slide: its number from 1 and its title.
 std::string partListing(const PartList& list);
 
-// The text on standard output, and that it has got there.
+// Writes and flushes the text to the standard output.
 Failure print(const std::string& text);
 
 } // namespace lectern

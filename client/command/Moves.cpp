@@ -27,7 +27,7 @@ const char* plural(DocumentKind kind) {
     }
 }
 
-// What: "sheet" or "slide".
+// `what` is "sheet" or "slide".
 Failure checkNumber(const char* what, int number, int count) {
     if (number >= 1 && number <= count) {
         return std::nullopt;

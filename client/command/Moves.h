@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Moves of a view as people ask for them: sheets, slides and hits are numbered
-// from 1, and what a document has not is an error that says what it has.
+// Moves of a view as users ask for them. Sheets, slides and hits are numbered
+// from 1; the error for a number that does not exist tells which ones do.
 #pragma once
 
 #include <lectern/Document.h>
@@ -9,10 +9,12 @@
 
 namespace lectern {
 
-// An error, unless the document is of the kind that `what` is for.
+// Returns an error unless the document is of this kind. `what` names the option
+// or instruction that needs the kind.
 Failure requireKind(const Document& document, DocumentKind kind, const char* what);
 
-// REQUIRES for all: the document is of the kind, else the service refuses.
+// REQUIRES for all functions: the document is of the right kind; otherwise the
+// service refuses.
 Failure goToSheet(Document& document, int number, const CallLimits& limits);
 Failure goToSlide(Document& document, int number, const CallLimits& limits);
 

@@ -12,7 +12,7 @@ namespace lectern {
 
 namespace {
 
-// A slide without a note has an empty reply.
+// The reply for a slide without a note is empty.
 Failure printNote(const std::string& reply, const NoteArguments& arguments) {
     if (reply.empty()) {
         std::fprintf(stderr, "lectern: slide %d has no note\n", arguments.slide);

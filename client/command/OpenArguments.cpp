@@ -6,7 +6,7 @@ namespace lectern {
 
 namespace {
 
-// Texts of options that are no plain words, read into the arguments.
+// The options' texts that must be converted.
 struct OpenValues {
     TextOption size;
     TextOption zoom;

@@ -32,7 +32,7 @@ Failure turnTo(Document& document, const OpenArguments& arguments, const CallLim
     return std::nullopt;
 }
 
-// Says so when the view's limits have kept it from the zoom asked for.
+// Zooms, and prints a message when the view's limits prevent the requested zoom.
 Failure zoom(Document& document, double factor, const CallLimits& limits) {
     const double before = document.state().scale;
     if (Failure failure = pinch(document, factor, limits)) {
@@ -46,7 +46,8 @@ Failure zoom(Document& document, double factor, const CallLimits& limits) {
     return std::nullopt;
 }
 
-// What is smaller than the view stands in its middle, its corner below 0.
+// The scroll position, but at least 0: a document smaller than the view is
+// centred and has a negative one.
 Point place(const Document& document) {
     const ViewState state = document.state();
     return {std::max(state.scrollX, 0), std::max(state.scrollY, 0)};
@@ -64,13 +65,13 @@ Failure scroll(Document& document, Point target, const CallLimits& limits) {
     return std::nullopt;
 }
 
-// Marks the hits and moves to the one asked for, or as far as there are any.
+// Marks the hits and moves to hit number `hit`, or to the last one if there are fewer.
 Failure search(Document& document, const std::string& text, int hit, const CallLimits& limits) {
     const Result<int> hits = common::search(document.bus(), document.docid(), text, limits);
     if (!hits) {
         return hits.error();
     }
-    // Presentations show their hits and never count them.
+    // The service counts hits in all documents but presentations.
     const bool counted = document.kind() != DocumentKind::Presentation;
     if (counted && *hits < hit) {
         const std::string often = *hits == 0   ? "not found"
@@ -97,7 +98,7 @@ Failure show(Document& document, const OpenArguments& arguments, const CallLimit
     if (!failure && arguments.zoom != 1.0) {
         failure = zoom(document, arguments.zoom, limits);
     }
-    // A document opens at its start, and only moves of the view lead away.
+    // A document opens at its start and stays there until the view is moved.
     const bool moved = arguments.wide || arguments.zoom != 1.0 || arguments.scroll != Point();
     if (!failure && moved) {
         failure = scroll(document, arguments.scroll, limits);

@@ -9,12 +9,12 @@
 
 namespace lectern {
 
-// What a sub-command does with a document that is open, within these limits.
+// The work of a sub-command on an open document, within these limits.
 using DocumentWork = std::function<Failure(Document& document, const CallLimits& limits)>;
 
-// Opens a document in the session's service or a private one, does the work and
-// reports what goes wrong; the exit status. Shows progress while it opens, and
-// starts the interrupt's watch. REQUIRES: one thread.
+// Opens a document in the session's service or in a private one, runs the work,
+// reports errors, and returns the exit status. Shows progress during the open
+// and starts to watch for interrupts. REQUIRES: the process has one thread.
 int withDocument(const std::string& path, OpenOptions options, Interrupt& interrupt,
                  const DocumentWork& work);
 

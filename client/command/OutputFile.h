@@ -9,13 +9,13 @@
 
 namespace lectern {
 
-// Whether a file can be written at this path, as far as that shows without
-// writing it; said before the work that would be lost.
+// Checks, as far as possible without writing, that a file can be written at
+// this path. Call it before the work whose result would be lost.
 Failure checkOutput(const std::string& path);
 
-// Writes a file through this function, which returns false when it fails. The
-// file appears whole or not at all, and an old one stays until then; what is no
-// regular file, a terminal or pipe, is written as it goes.
+// Writes a file by calling `write`, which returns false on failure. A regular
+// file is replaced only when it is complete; until then an old file stays. A
+// terminal or pipe is written directly.
 Failure writeOutput(const std::string& path, const std::function<bool(std::FILE*)>& write);
 
 } // namespace lectern

@@ -6,7 +6,7 @@
 
 namespace lectern {
 
-// Sleeps until the time, or until a stop is asked for: false then.
+// Sleeps until `time`; returns false at once when a stop is requested.
 bool pauseUntil(std::chrono::steady_clock::time_point time, const std::stop_token& stop);
 bool pauseFor(std::chrono::milliseconds time, const std::stop_token& stop);
 

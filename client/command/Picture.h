@@ -8,7 +8,7 @@
 
 namespace lectern {
 
-// Writes what a view shows into a PNG file.
+// Writes a view's frame to a PNG file.
 Failure writePicture(const std::string& path, const FrameBuffer& frame);
 
 } // namespace lectern

@@ -6,8 +6,8 @@
 
 namespace lectern {
 
-// Writes width * height pixels of 0xAARRGGBB, the alpha left out, as a PNG
-// picture. False when the stream or the memory fails.
+// Writes width * height pixels of 0xAARRGGBB as a PNG image without alpha.
+// Returns false when writing fails or memory runs out.
 bool writePng(std::FILE* stream, const uint32_t* pixels, int width, int height);
 
 } // namespace lectern

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The sub-commands that print what the service says of a document.
+// Arguments of the sub-commands that print information about a document.
 #include "client/command/CommandLine.h"
 
 namespace lectern {

@@ -14,7 +14,7 @@ namespace lectern {
 namespace {
 
 constexpr std::chrono::milliseconds QUICK{500};
-constexpr std::chrono::milliseconds QUICK_UNSEEN{5'000}; // where nobody watches
+constexpr std::chrono::milliseconds QUICK_UNSEEN{5'000}; // when standard error is not a terminal
 constexpr std::chrono::milliseconds SECOND{1'000};
 
 } // namespace

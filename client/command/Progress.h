@@ -6,12 +6,12 @@
 
 namespace lectern {
 
-// Shows on standard error that something takes its time: on a terminal a line
-// that counts the seconds and goes away at the end, elsewhere one line once.
-// Nothing at all while it is quick.
+// Shows on standard error that work takes a while: on a terminal as a line that
+// counts seconds and disappears at the end, otherwise once as one line. Shows
+// nothing for quick work.
 class Progress {
 public:
-    // activity: what is being done, as in "opening report.docx".
+    // activity: describes the work, for example "opening report.docx".
     explicit Progress(std::string activity);
     ~Progress();
     Progress(const Progress&) = delete;
@@ -22,7 +22,7 @@ private:
     void tellOnce(const std::stop_token& stop);
 
     std::string mActivity;
-    std::jthread mThread; // last: it uses the other
+    std::jthread mThread; // last, because it uses mActivity
 };
 
 } // namespace lectern

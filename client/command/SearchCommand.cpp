@@ -9,7 +9,7 @@ namespace lectern {
 
 namespace {
 
-// "12 hits for 'boat'".
+// Returns, for example, "12 hits for 'boat'".
 std::string hitsText(DocumentKind kind, int hits, const SearchArguments& arguments) {
     const std::string text = "'" + onOneLine(arguments.text) + "'";
     if (kind == DocumentKind::Presentation) {

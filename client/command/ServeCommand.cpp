@@ -36,8 +36,8 @@ Failure waitForEnd(const Bus& bus, const std::stop_token& stop) {
 
 } // namespace
 
-// In the machine's IPC namespace, unlike the other sub-commands: its users are
-// other processes, which share memory with the service.
+// Stays in the machine's IPC namespace, unlike the other sub-commands, because
+// other processes share memory with this service.
 int runServe(const ServeArguments& /*none*/, Interrupt& interrupt) {
     interrupt.watch();
     const Result<PrivateBus> privateBus = PrivateBus::start(Complaints::Shown);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The sub-commands that reach the service without a document.
+// Arguments of the sub-commands that use the service without a document.
 #include "client/command/CommandLine.h"
 #include "client/lib/Json.h"
 

@@ -9,7 +9,8 @@ Result<std::optional<std::string>> callService(const Bus& bus, const char* categ
     if (reply) {
         return std::optional(*reply);
     }
-    // A service that ends while it is called leaves it unanswered too.
+    // A service that ends during the call causes the same error, so check that
+    // it still runs.
     if (reply.error().name == "org.freedesktop.DBus.Error.NoReply" && bus.serviceRuns()) {
         return std::optional<std::string>();
     }

@@ -8,8 +8,8 @@
 
 namespace lectern {
 
-// Calls a method and gives its reply, or nothing for one that the service does
-// without a reply. Nothing is waited for then: the bus says when it is done.
+// Calls a method. Returns its reply, or nothing when the service completes the
+// method without a reply; the bus reports that without a delay.
 Result<std::optional<std::string>> callService(const Bus& bus, const char* category, const char* method,
                                                const std::string& payload, const CallLimits& limits);
 

@@ -10,8 +10,9 @@ namespace lectern {
 
 namespace {
 
-// Ends by the signal that interrupted the work, once all is put away. To serve
-// until a signal comes is no interruption: its status says so.
+// Runs a sub-command and destroys its objects; after an interruption, ends the
+// process by the same signal. "serve" runs until a signal comes, so for it a
+// signal is not an interruption.
 template<auto run, typename Arguments>
 int perform(const Arguments& arguments) {
     int status = STATUS_DONE;

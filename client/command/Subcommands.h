@@ -9,18 +9,18 @@
 
 namespace lectern {
 
-// A sub-command by its name.
+// The description of a sub-command.
 struct Subcommand {
     const char* name;
-    const char* operands; // as shown
+    const char* operands; // as shown in the help
     const char* summary;
-    int (*run)(const Words& words); // the exit status
+    int (*run)(const Words& words); // returns the exit status
 };
 
 std::span<const Subcommand> subcommands();
-// What "lectern --help" shows.
+// The text of "lectern --help".
 std::string generalHelp();
-// Runs the sub-command of this name; the exit status.
+// Runs the sub-command with this name and returns the exit status.
 int runSubcommand(std::string_view name, const Words& words);
 
 } // namespace lectern

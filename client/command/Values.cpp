@@ -21,7 +21,7 @@ std::optional<Number> parseNumber(std::string_view word) {
     return value;
 }
 
-// Two whole numbers, both within the limits, around a separator.
+// Parses two integers in [least, most] around a separator.
 std::optional<std::pair<int, int>> parsePair(std::string_view word, char separator, int least, int most) {
     const size_t middle = word.find(separator);
     if (middle == std::string_view::npos) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Values of options. The whole word must be a value; anything else is nothing.
+// Parsers for values of options. They return nothing unless the whole word is a
+// valid value.
 #pragma once
 
 #include <optional>
@@ -12,9 +13,9 @@ namespace lectern {
 std::optional<std::pair<int, int>> parseSize(std::string_view word);
 // "0,1200": two numbers of at least 0.
 std::optional<std::pair<int, int>> parsePosition(std::string_view word);
-// A whole number of at least 1.
+// An integer of at least 1.
 std::optional<int> parseCount(std::string_view word);
-// A whole number within these limits.
+// An integer in [least, most].
 std::optional<int> parseInteger(std::string_view word, int least, int most);
 // A finite number above 0.
 std::optional<double> parseFactor(std::string_view word);

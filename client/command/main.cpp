@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// lectern: documents from the command line.
+// lectern: opens documents from the command line.
 #include "client/command/Commands.h"
 #include "client/command/Subcommands.h"
 

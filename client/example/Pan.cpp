@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// lectern-pan FILE [PREFIX]: pans a document, in a terminal or into PREFIX-1.pam, PREFIX-2.pam ...
+// lectern-pan FILE [PREFIX]: pans a document and shows it in a terminal or
+// writes PREFIX-1.pam, PREFIX-2.pam ...
 #include <lectern/Document.h>
 #include <lectern/Service.h>
 
@@ -46,12 +47,12 @@ int main(int argc, char** argv) {
     if (argc < 2) {
         return 2;
     }
-    const auto service = lectern::Service::open({.isolate = true}); // before the first thread
+    const auto service = lectern::Service::open({.isolate = true}); // call before starting threads
     std::mutex mutex;
     std::condition_variable shown;
     int frames = 0;
     lectern::OpenOptions options{.width = 480, .height = 800};
-    options.events.onFrame = [&](const lectern::FrameBuffer& frame) { // on a thread of the document's
+    options.events.onFrame = [&](const lectern::FrameBuffer& frame) { // called on the document's thread
         const std::lock_guard lock(mutex);
         ++frames;
         argc > 2 ? writePam(frame, argv[2] + ("-" + std::to_string(frames)) + ".pam") : showInTerminal(frame);
@@ -69,10 +70,10 @@ int main(int argc, char** argv) {
         std::unique_lock lock(mutex);
         shown.wait_for(lock, std::chrono::seconds(1), [&, before = frames] { return frames > before; });
     }
-    document.flick(0, -2000); // and glides on when that is lifted
+    document.flick(0, -2000); // and keeps gliding when the finger is lifted
     document.penUp(240, 100);
     std::unique_lock lock(mutex);
-    for (int before = -1; before != frames;) { // until nothing moves any more
+    for (int before = -1; before != frames;) { // until nothing moves
         before = frames;
         shown.wait_for(lock, std::chrono::milliseconds(500), [&] { return frames > before; });
     }

@@ -51,10 +51,10 @@ std::string activation(const std::string& folder) {
 } // namespace
 
 BusFolder::BusFolder(const std::string& service) {
-    // The daemon reads the folder's path in three grammars (XML, an address, a
-    // command line): a fixed place needs no care in any, and /tmp is one that
-    // the protocol relies on already. The service is reached through a link,
-    // because its own path may hold anything.
+    // The daemon parses the folder's path as XML, in an address and in a
+    // command line. A fixed location avoids escaping in all three, and the
+    // protocol uses /tmp anyway. The service is reached through a link, because
+    // its own path may contain any characters.
     std::string pattern = "/tmp/lectern-bus-XXXXXX";
     if (g_mkdtemp(pattern.data()) == nullptr) {
         return;

@@ -5,8 +5,9 @@
 
 namespace lectern {
 
-// The folder of a private bus, for this user alone: its socket, its
-// configuration, and how it starts the service. Removed with the object.
+// The folder of a private bus, accessible to this user only: the bus's socket,
+// its configuration and the file that tells how to start the service. Removed
+// on destruction.
 class BusFolder {
 public:
     // service: path of the service's program.
@@ -15,7 +16,7 @@ public:
     BusFolder(const BusFolder&) = delete;
     BusFolder& operator=(const BusFolder&) = delete;
 
-    // False when it could not be made whole.
+    // False when the folder or a file in it could not be created.
     bool complete() const { return mComplete; }
     std::string configuration() const { return mPath + "/bus.conf"; }
 

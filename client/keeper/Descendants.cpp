@@ -19,11 +19,11 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// Signals get lost on nobody, but a process may be reparented without one.
+// Signals are not lost, but a process can be reparented to this one without a signal.
 constexpr std::chrono::milliseconds LOOK_AGAIN{50};
 
-// The parent in a line of /proc/PID/stat: "PID (name) state parent ...", where
-// the name may hold spaces and parentheses.
+// Reads the parent's pid from /proc/PID/stat: "PID (name) state parent ...".
+// The name may contain spaces and parentheses.
 pid_t parentOf(const std::filesystem::path& process) {
     std::ifstream file(process / "stat");
     std::string line;
@@ -51,7 +51,7 @@ std::vector<pid_t> children() {
     return found;
 }
 
-// False when there are none left at all.
+// Reaps all ended children; returns false when there are no children left.
 bool reap() {
     pid_t gone = 0;
     do {

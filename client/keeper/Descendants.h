@@ -5,9 +5,9 @@
 
 namespace lectern {
 
-// Ends every child of this process: asks with SIGTERM, and after the patience
-// given insists with SIGKILL. In a child subreaper that is every descendant:
-// those whose parent ends become children in their turn.
+// Ends all children of this process by SIGTERM, and by SIGKILL after
+// `patience`. In a child subreaper these are all descendants, because a process
+// whose parent ends becomes a child.
 //
 // REQUIRES: SIGCHLD is blocked. Returns when there is no child left.
 void endDescendants(std::chrono::milliseconds patience);

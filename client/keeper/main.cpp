@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
-// lectern-keeper SERVICE: holds a private bus, with the document service on it,
-// for the process at the other end of its standard input. Prints one line,
-// "address ADDRESS" or why there is none, and ends with everything below it
-// when its standard input closes. With --offers ADDRESS it only tells by its
-// status whether a bus has the service, for clients that must not connect yet.
+// lectern-keeper SERVICE: runs a private bus with the document service for the
+// process at the other end of its standard input. Prints one line, "address
+// ADDRESS" or the reason for a failure, and ends with all its descendants when
+// its standard input is closed. With --offers ADDRESS its exit status tells
+// whether a bus has the service, for clients that must not connect yet.
 //
-// It has one thread, so that the death signal of the bus daemon, which follows
-// the thread that forked, follows the process; and it is a child subreaper, so
-// that the service and its engines come to it when their parents are gone.
+// The process has one thread, because the parent death signal set for the bus
+// daemon follows the thread that forked. It is a child subreaper, so that the
+// service and its engines become its children when their parents end.
 #include "base/FileDescriptor.h"
 #include "client/keeper/BusFolder.h"
 #include "client/keeper/Descendants.h"
@@ -43,8 +43,8 @@ FileDescriptor blockSignals() {
     return FileDescriptor(signalfd(-1, &handled, SFD_CLOEXEC | SFD_NONBLOCK));
 }
 
-// In the forked child. What the daemon and the service print goes nowhere; what
-// they complain about goes where the client's complaints go.
+// Runs in the forked child. Standard output of the daemon and the service is
+// discarded; their standard error is the client's.
 [[noreturn]] void becomeDaemon(const std::string& configuration, int addressPipe) {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     sigset_t none;
@@ -54,7 +54,7 @@ FileDescriptor blockSignals() {
     const int nothing = open("/dev/null", O_RDWR);
     dup2(nothing, STDIN_FILENO);
     dup2(nothing, STDOUT_FILENO);
-    const int heir = dup(addressPipe); // unlike the pipe's own end, this one survives exec
+    const int heir = dup(addressPipe); // unlike the original, the duplicate stays open across exec
     const std::string file = "--config-file=" + configuration;
     const std::string print = "--print-address=" + std::to_string(heir);
     execlp("dbus-daemon", "dbus-daemon", file.c_str(), "--nofork", "--nopidfile", print.c_str(), nullptr);
@@ -62,7 +62,8 @@ FileDescriptor blockSignals() {
     _exit(127);
 }
 
-// The daemon's address line; empty when it ended without one.
+// Starts the daemon and returns the address that it prints; empty when it ended
+// without one.
 std::string startDaemon(const std::string& configuration) {
     int ends[2];
     if (pipe2(ends, O_CLOEXEC) != 0) {
@@ -85,7 +86,7 @@ std::string startDaemon(const std::string& configuration) {
     return line;
 }
 
-// Until the client is gone, the daemon has ended, or a signal says so.
+// Waits until the client has ended, the daemon has ended, or a signal asks to end.
 void waitForEnd(int signals) {
     pollfd sources[] = {{STDIN_FILENO, POLLIN, 0}, {signals, POLLIN, 0}};
     for (;;) {
@@ -107,12 +108,12 @@ void waitForEnd(int signals) {
             gone = waitpid(-1, nullptr, WNOHANG);
         } while (gone > 0);
         if (gone < 0) {
-            return; // every child has ended: nothing is left to keep
+            return; // all children have ended
         }
     }
 }
 
-// Keeps a bus until its client is gone; the exit status.
+// Runs a bus until its client has ended; returns the exit status.
 int keepBus(const char* service) {
     prctl(PR_SET_CHILD_SUBREAPER, 1);
     const FileDescriptor signals = blockSignals();
@@ -135,7 +136,8 @@ int keepBus(const char* service) {
     return status;
 }
 
-// Whether the bus at an address has the service or can start it, as a status.
+// Returns the exit status that tells whether the bus at an address has the
+// service or can start it.
 int offersService(const char* address) {
     const lectern::Result<lectern::Bus> bus = lectern::Bus::connect(address);
     return bus && bus->offersService() ? 0 : 1;

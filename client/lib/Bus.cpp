@@ -13,7 +13,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 constexpr unsigned int BETWEEN_PROGRESS_MS = 250;
 
-// A GCancellable that follows a stop token for the length of a call.
+// A GCancellable that is cancelled when a stop is requested, for the duration of a call.
 class Cancellation {
 public:
     explicit Cancellation(const std::stop_token& stop)
@@ -28,8 +28,8 @@ private:
     std::stop_callback<Action> mCallback;
 };
 
-// A call that its thread waits for in a main context of its own, so that it can
-// tell the caller meanwhile how long it has taken.
+// A call that its thread waits for in its own main context, so that it can
+// meanwhile report to the caller how long it has taken.
 class PendingCall {
 public:
     explicit PendingCall(const CallLimits& limits)
@@ -40,7 +40,7 @@ public:
     PendingCall(const PendingCall&) = delete;
     PendingCall& operator=(const PendingCall&) = delete;
 
-    // The serial number of the message.
+    // Sends the message and returns its serial number.
     uint32_t send(GDBusConnection* connection, GDBusMessage* message, GCancellable* cancellable) {
         uint32_t serial = 0;
         g_dbus_connection_send_message_with_reply(connection, message, G_DBUS_SEND_MESSAGE_FLAGS_NONE,
@@ -49,7 +49,7 @@ public:
         return serial;
     }
 
-    // Null with an error.
+    // Returns the reply; null with an error in `failure`.
     GLibHolder<GDBusMessage> wait(GDBusConnection* connection, GError** failure) {
         const GLibHolder<GSource> ticks(g_timeout_source_new(BETWEEN_PROGRESS_MS));
         if (mLimits.onProgress) {

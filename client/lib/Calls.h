@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the typed calls of all categories are made of.
+// Helpers for the typed calls of all categories.
 #pragma once
 
 #include "client/lib/Json.h"
@@ -10,10 +10,10 @@
 
 namespace lectern {
 
-// {"docid": docid}, to which a call adds what else it needs.
+// Returns {"docid": docid}, to which a call adds its other arguments.
 JsonMembers documentPayload(int docid);
 
-// A call whose reply says no more than that it was done.
+// A call whose reply reports only success.
 Failure command(const Bus& bus, const char* category, const char* method, const JsonMembers& payload,
                 const CallLimits& limits);
 
@@ -21,11 +21,11 @@ Failure command(const Bus& bus, const char* category, const char* method, const 
 Result<JsonMembers> query(const Bus& bus, const char* category, const char* method,
                           const JsonMembers& payload, const CallLimits& limits);
 
-// A call whose reply is a JSON object with one whole number, under this key.
+// A call whose reply is a JSON object with one integer, under this key.
 Result<int> queryInteger(const Bus& bus, const char* category, const char* method, const JsonMembers& payload,
                          const char* key, const CallLimits& limits);
 
-// A member that a reply must have.
+// Returns a required member of a reply, or an error when it is missing.
 template<typename T>
 Result<T> required(std::optional<T> member) {
     if (!member) {

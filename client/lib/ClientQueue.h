@@ -8,22 +8,22 @@
 
 namespace lectern {
 
-// The client's end of the message queue. No send of it blocks on a full queue,
-// because the service may be waiting for room in the same queue: it tries again
-// until there is room or the time is up. May be used by several threads.
+// The client's end of the message queue. Its sends never block in the kernel on a
+// full queue, because the service may be waiting for room in the same queue; they
+// retry until there is room or the time is up. Any thread may call any function.
 class ClientQueue : public DocAdapterMessageQueue {
 public:
-    // Opens the queue of this IPC namespace; makes it when there is none yet.
+    // Opens the queue of this IPC namespace; creates it if there is none.
     Failure connect();
 
     Failure post(const ClientServerMessage& message, std::chrono::milliseconds patience) const;
-    // Sends a record to a client of this queue; false when there is no room now.
+    // Sends a record to a client of this queue; returns false when the queue is full.
     bool tryPost(const ServerClientMessage& message) const;
 
     // Waits until everything posted has been taken from the queue. The service
-    // takes one record at a time, paints first: a paint that must show an
-    // earlier input is asked for only after this. False when something still
-    // waits after the patience; on a queue with many users that means little.
+    // takes one record at a time, and paints first, so request a paint that
+    // must show earlier input only after this. Returns false when records
+    // remain after `patience`; on a queue with many users that tells little.
     bool settle(std::chrono::milliseconds patience) const;
 };
 

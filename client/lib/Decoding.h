@@ -5,7 +5,7 @@
 
 namespace lectern {
 
-// Calls what is to be called for a notification.
+// Calls the event callback that belongs to a notification.
 void tell(const ViewEvents& events, const ViewRecord& record);
 
 } // namespace lectern

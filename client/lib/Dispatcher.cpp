@@ -8,19 +8,19 @@
 namespace lectern {
 
 struct Dispatcher::Outbox {
-    // Held while tasks run, and by the end that waits for them. Recursive: a
-    // task may be what ends the dispatcher.
+    // Held while a task runs; close() takes it to wait for the task. Recursive,
+    // because a task may destroy the dispatcher.
     std::recursive_mutex running;
-    std::mutex mutex; // guards what follows
+    std::mutex mutex; // guards the members below
     std::deque<std::function<void()>> tasks;
-    bool scheduled = false; // a source in the context will see to the tasks
+    bool scheduled = false; // a source in the context is going to run the tasks
     bool closed = false;
 };
 
 namespace {
 
-// Runs a context until the stop, on the thread that is given to it. Holds the
-// context: the thread may be the last to leave.
+// Runs a context on this thread until a stop is requested. Takes ownership of
+// the reference `context`, because the thread may outlive the dispatcher.
 void runContext(const std::stop_token& stop, GMainContext* context) {
     const GLibHolder<GMainContext> held(context);
     const std::stop_callback wake(stop, [context] { g_main_context_wakeup(context); });
@@ -56,7 +56,7 @@ Dispatcher::~Dispatcher() {
     close();
     mThread.request_stop();
     if (mThread.get_id() == std::this_thread::get_id()) {
-        mThread.detach(); // it ends when this task returns
+        mThread.detach(); // the thread ends when this task returns
     }
 }
 
@@ -84,8 +84,8 @@ void Dispatcher::post(std::function<void()> task) {
     g_source_attach(source.get(), mContext.get());
 }
 
-// One at a time, so that others have their turn in the context; whether there
-// is one more.
+// Runs one task, so that other sources of the context get their turn. Returns
+// whether there are more.
 bool Dispatcher::deliverNext(Outbox& outbox) {
     const std::lock_guard running(outbox.running);
     std::function<void()> task;

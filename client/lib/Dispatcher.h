@@ -9,20 +9,21 @@
 
 namespace lectern {
 
-// Where callbacks are called: on a GLib main context of the program's, or on a
-// thread of the dispatcher's own, which has a context of its own.
+// Runs callbacks either in a GLib main context of the program or in the
+// dispatcher's own thread, which has its own context.
 class Dispatcher {
 public:
-    // context: where somebody runs a loop; null for a thread.
+    // context: a main context whose loop the program runs; null for an own thread.
     explicit Dispatcher(GMainContext* context);
     ~Dispatcher();
     Dispatcher(const Dispatcher&) = delete;
     Dispatcher& operator=(const Dispatcher&) = delete;
 
-    // Has the task run soon, after those before it. From any thread; never waits.
+    // Queues a task to run after those posted before. Any thread may call this;
+    // never blocks.
     void post(std::function<void()> task);
-    // From here on nothing is run any more; what has not begun is dropped. Waits
-    // for a task that is going on, unless it is that one which calls this.
+    // Drops the tasks that have not started and runs none from now on. Waits
+    // for a running task, unless that task is the caller.
     void close();
 
 private:
@@ -31,7 +32,7 @@ private:
 
     GLibHolder<GMainContext> mContext;
     std::shared_ptr<Outbox> mOutbox; // shared with the sources that wait in the context
-    std::jthread mThread;            // only where no context was given
+    std::jthread mThread;            // used only when no context was given
 };
 
 } // namespace lectern

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What fingers, pens and keys do to a document.
+// Input from fingers, pens and keys.
 #include "client/lib/DocumentParts.h"
 #include <lectern/EventCalls.h>
 

@@ -10,15 +10,15 @@ namespace lectern {
 
 namespace {
 
-// How long a full settle waits: as long as another document's paint may take.
+// How long settle() waits: as long as a paint of another document may take.
 constexpr std::chrono::milliseconds SETTLE_PATIENCE{2'000};
-// The same, once the queue is known to hold what others do not take.
+// The same after records of other users were found to stay in the queue.
 constexpr std::chrono::milliseconds CROWDED_PATIENCE{20};
-// How long a pen up is waited for before what must follow it.
+// How long to wait for a pen up to be taken before a call that must follow it.
 constexpr std::chrono::milliseconds PEN_PATIENCE{200};
-// How long the end of a drag waits for a service that is busy.
+// How long the end of a drag waits for a busy service.
 constexpr std::chrono::milliseconds REST_PATIENCE{1'000};
-// The slowest glide there is, and one that ends at the pixel where it began.
+// The velocity of the slowest glide, which ends at the pixel where it began.
 constexpr int SLOWEST = -1;
 constexpr std::chrono::milliseconds SLOWEST_GLIDE{3};
 
@@ -36,8 +36,8 @@ Document::Parts::Parts(const Bus& onBus, std::string absolutePath, OpenOptions o
     }
 }
 
-// The view before is closed first, since the new one listens to the same
-// notifications; its state segment is let go of when the new view has it.
+// Closes the old view first, because the new one listens to the same notifications.
+// Releases the old view's state segment only when the new view has it.
 Failure Document::Parts::open(unsigned int restoreFrom, const CallLimits& limits) {
     const std::lock_guard opening(mOpening);
     if (const auto before = view()) {
@@ -94,7 +94,7 @@ Failure Document::Parts::paint(const CallLimits& limits) {
 
 Failure Document::Parts::paintItself(bool afterInput, const std::stop_token& stop) {
     const std::shared_ptr<View> current = view();
-    if (current == nullptr) { // asked for during the first open, which asks again at its end
+    if (current == nullptr) { // requested during the first open, which requests again at its end
         return Error{Error::Kind::Cancelled, "not open yet", 0, {}};
     }
     if (afterInput) {
@@ -121,7 +121,7 @@ Failure Document::Parts::send(const ClientServerMessage& message) {
 
 Failure Document::Parts::sendPoint(ClientMessageType type, int x, int y) {
     ClientServerMessage message(type, 0);
-    message.setReals(0, 0); // every byte that crosses the queue is set
+    message.setReals(0, 0); // initialise every byte that is sent
     message.x = x;
     message.y = y;
     return send(message);
@@ -133,8 +133,9 @@ Failure Document::Parts::sendFactor(ClientMessageType type, double factor) {
     return send(message);
 }
 
-// The move is for the view: a contact that has become a flick goes no way by its
-// pen up.
+// Moves the pen and, at the end of a drag in a spreadsheet, stops the view with
+// a slow flick before the pen up. The move is needed because a contact that has
+// become a flick ignores the position of its pen up.
 Failure Document::Parts::sendPen(ClientMessageType type, int x, int y) {
     bool dragEnds = false;
     {
@@ -158,7 +159,8 @@ Failure Document::Parts::sendPen(ClientMessageType type, int x, int y) {
     return sendPoint(type, x, y);
 }
 
-// What was sent before comes first: a click after a pen down, say.
+// Calls a method after the records sent before have been taken, within
+// PEN_PATIENCE, so that, for example, a click follows its pen down.
 Failure Document::Parts::ask(const std::function<Failure(const Bus& bus, int docid)>& call) {
     const std::shared_ptr<View> current = view();
     if (Failure failure = current->ended()) {
@@ -170,8 +172,8 @@ Failure Document::Parts::ask(const std::function<Failure(const Bus& bus, int doc
     return failure;
 }
 
-// Without a contact around it a flick needs a pen up after it, or the view would
-// take the next contact for the one that it belongs to.
+// A flick outside of a pen contact is followed by a pen up; otherwise the view
+// would take the next contact for the flick's.
 Failure Document::Parts::flick(int velocityX, int velocityY, const CallLimits& limits) {
     Failure failure = ask([&](const Bus& onBus, int id) {
         return events::handleFlick(onBus, id, velocityX, velocityY, limits);

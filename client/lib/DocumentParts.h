@@ -15,14 +15,15 @@
 
 namespace lectern {
 
-// What a document is made of: the frame buffer, which stays, and a view, which a
+// The parts of a document: the frame buffer, which stays, and the view, which a
 // reopen replaces.
 class Document::Parts {
 public:
     Parts(const Bus& bus, std::string path, OpenOptions options, FrameBuffer frame);
-    // Ends by its members, in their order: no callback comes when this returns.
+    // The destructors of the members stop everything: no callback runs after
+    // destruction.
 
-    // Opens the view, again or for the first time.
+    // Opens the view, for the first time or again.
     Failure open(unsigned int restoreFrom, const CallLimits& limits);
     // REQUIRES: open has succeeded once.
     std::shared_ptr<View> view() const;
@@ -32,9 +33,10 @@ public:
     Failure send(const ClientServerMessage& message);
     Failure sendPoint(ClientMessageType type, int x, int y);
     Failure sendFactor(ClientMessageType type, double factor);
-    // Follows the pen, and lets a sheet come to rest where a drag has ended.
+    // Sends a pen record; at the end of a drag in a spreadsheet also stops the
+    // view's movement.
     Failure sendPen(ClientMessageType type, int x, int y);
-    // Calls a method for the view there is now, after what was sent before.
+    // Calls a method for the current view, after the records sent before.
     Failure ask(const std::function<Failure(const Bus& bus, int docid)>& call);
     Failure flick(int velocityX, int velocityY, const CallLimits& limits);
     Failure comeToRest(const CallLimits& limits);
@@ -51,7 +53,7 @@ private:
         bool active = false;
         int downX = 0;
         int downY = 0;
-        bool dragged = false; // has left the place where it began
+        bool dragged = false; // has moved away from its start
         bool flicked = false; // has become a flick
     };
 
@@ -63,14 +65,14 @@ private:
     std::mutex mOpening;            // held during an open
     mutable std::mutex mViewMutex;  // guards mView
     std::mutex mPainting;           // held during a paint
-    std::atomic<bool> mInvalidated; // onInvalidated is about to be called
-    std::mutex mPenMutex;           // guards the two below
+    std::atomic<bool> mInvalidated; // a call of onInvalidated is pending
+    std::mutex mPenMutex;           // guards the two members below
     PenContact mContact;
     Clock::time_point mRestFrom{};
 
-    bool mOthersWait = false; // the painter's own
+    bool mOthersWait = false; // used by the painter only
 
-    // In this order, so that each ends before what it uses.
+    // Declared so that each is destroyed before those that it uses.
     Dispatcher mDispatcher;
     std::shared_ptr<View> mView;
     std::optional<Painter> mPainter;

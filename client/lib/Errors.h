@@ -7,17 +7,18 @@
 
 namespace lectern {
 
-// What a rendering module's result code means and what can be done about it,
-// as half a sentence: "it is protected by a password; ...".
+// Explains a rendering module's result code and what can be done about it, as
+// half a sentence: "it is protected by a password; ...".
 std::string moduleResultText(int code);
 
-// The error of an open that ended with this code (not 0).
+// The error of an open that failed with this code (not 0).
 Error documentError(const std::string& path, int code);
 
 // The error for a reply's "errorCode" and "errorText".
 Error refusalError(const std::string& errorCode, const std::string& errorText);
 
-// The error for a failed system call: what was tried, and the error number.
+// The error for a failed system call: a description of the attempt and the
+// error number.
 Error systemError(const std::string& attempt, int errorNumber);
 
 } // namespace lectern

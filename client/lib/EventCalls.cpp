@@ -32,7 +32,7 @@ Result<CreateReply> readCreated(const Reply& reply) {
     return CreateReply{*docid, *kind, *state, reply.sender};
 }
 
-// Nobody wants the document any more, and nobody is left to hear of a failure.
+// Destroys a document whose creation was given up before the reply came.
 void destroyLate(const Bus& bus, const Reply& reply) {
     if (const Result<CreateReply> created = readCreated(reply)) {
         (void)destroy(bus, created->docid, created->owner);

@@ -52,7 +52,7 @@ Failure unhideAll(const Bus& bus, int docid, const CallLimits& limits) {
     return command(bus, CATEGORY, "unhideAll", documentPayload(docid), limits);
 }
 
-// The key is the service's, whatever it may suggest.
+// The service expects the path under the key "column".
 Failure copySelection(const Bus& bus, int docid, const std::string& path, const CallLimits& limits) {
     return command(bus, CATEGORY, "copySelection", documentPayload(docid).add("column", path), limits);
 }

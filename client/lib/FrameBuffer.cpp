@@ -14,8 +14,9 @@ static_assert(FrameBuffer::sizeFor(FrameBuffer::MAX_SIDE, FrameBuffer::MAX_SIDE)
 
 namespace {
 
-// An identifier, or -1 with errno set. Identifiers start at 0 in a fresh
-// namespace: such a segment is held until the next one is made, then removed.
+// Creates a segment; returns its identifier, or -1 with errno set. A new
+// namespace numbers segments from 0, which means no segment in the protocol:
+// segment 0 is removed once the next one is created.
 int makeSegment(size_t size) {
     const int identifier = shmget(IPC_PRIVATE, size, IPC_CREAT | 0600);
     if (identifier != 0) {

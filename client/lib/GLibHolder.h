@@ -7,7 +7,7 @@
 
 namespace lectern {
 
-// Owners of what GLib hands out.
+// Owners of GLib objects, references and strings.
 struct GLibRelease {
     void operator()(GError* error) const { g_error_free(error); }
     void operator()(GVariant* variant) const { g_variant_unref(variant); }

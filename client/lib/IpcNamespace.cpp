@@ -33,8 +33,8 @@ bool isolateIpc() {
     if (unshare(CLONE_NEWUSER | CLONE_NEWIPC) != 0) {
         return false;
     }
-    // A group may be mapped only once setgroups is given up. If a map is
-    // refused all the same, the namespace works, only under the overflow id.
+    // The group can be mapped only after setgroups was denied. If a map is
+    // refused, the namespace works all the same, but with the overflow id.
     writeFile("/proc/self/setgroups", "deny");
     writeFile("/proc/self/gid_map", mapOfOne(group));
     writeFile("/proc/self/uid_map", mapOfOne(user));

@@ -3,13 +3,13 @@
 
 namespace lectern {
 
-// Moves the process into a System V IPC namespace of its own, so that a private
-// service has a queue and segments to itself, and so that the system removes
-// them all with the last process. Where that needs privileges, a user namespace
-// in which the user stays who he is gives them.
+// Moves the process into a new System V IPC namespace, so that a private
+// service has its own queue and segments and the system removes them with the
+// last process. When that needs a privilege, the process first enters a user
+// namespace in which its user keeps his id.
 //
-// REQUIRES: the process has one thread. True when it is done; where the system
-// does not allow it, false, and nothing has changed.
+// REQUIRES: the process has one thread. Returns true on success; false, with
+// nothing changed, when the system does not allow it.
 bool isolateIpc();
 
 } // namespace lectern

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The JSON objects that cross the bus: flat, with a few members.
+// The JSON objects in calls and replies: flat, with a few members.
 #pragma once
 
 #include <memory>
@@ -10,21 +10,21 @@ struct json_object;
 
 namespace lectern {
 
-// One JSON object, owned.
+// Owns one JSON object.
 class JsonMembers {
 public:
     JsonMembers();
-    // Anything but a JSON object gives nothing.
+    // Returns nothing unless the text is a JSON object.
     static std::optional<JsonMembers> parse(const std::string& text);
 
     JsonMembers& add(const char* key, int value);
     JsonMembers& add(const char* key, bool value);
     JsonMembers& add(const char* key, const std::string& value);
-    // Segment identifiers travel as decimal text.
+    // Adds a segment identifier, which is sent as decimal text.
     JsonMembers& addIdentifier(const char* key, unsigned int value);
 
     bool has(const char* key) const;
-    // Nothing when the member is missing or of another type.
+    // Returns nothing when the member is missing or has another type.
     std::optional<int> integer(const char* key) const;
     std::optional<std::string> string(const char* key) const;
     std::optional<unsigned int> identifier(const char* key) const;

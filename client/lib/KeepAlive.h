@@ -11,14 +11,14 @@
 
 namespace lectern {
 
-// Keeps the service from stopping for idleness, by a "ping" every ten seconds:
-// reading and scrolling cross the queue, and only bus calls count.
+// Sends a "ping" every ten seconds, so that the service does not stop as idle:
+// reading and scrolling use the queue, but only bus calls count as use.
 class KeepAlive {
 public:
     static constexpr std::chrono::milliseconds DEFAULT_PERIOD{10'000};
 
-    // onBusLost: called once, on a thread of the object's, when the connection
-    // turns out to be lost; nothing else would tell.
+    // onBusLost: called at most once, on this object's thread, when the
+    // connection is found to be lost; nothing else reports that.
     explicit KeepAlive(const Bus& bus, std::chrono::milliseconds period = DEFAULT_PERIOD,
                        std::function<void()> onBusLost = {});
     KeepAlive(const KeepAlive&) = delete;
@@ -31,7 +31,7 @@ private:
     const std::function<void()> mOnBusLost;
     std::mutex mMutex;
     std::condition_variable_any mStopped;
-    std::jthread mThread; // last: it uses the others
+    std::jthread mThread; // last, because it uses the other members
 };
 
 } // namespace lectern

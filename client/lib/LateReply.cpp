@@ -19,9 +19,9 @@ struct LateReply::Watch {
     GLibHolder<GDBusMessage> reply;
 };
 
-// All watches of one connection, which owns them.
+// All watches of one connection; owned by the connection.
 struct LateReply::Watches {
-    std::mutex mutex; // guards the list and what is in it
+    std::mutex mutex; // guards the list and its elements
     std::vector<std::shared_ptr<Watch>> list;
 
     void remove(const std::shared_ptr<Watch>& watch) { std::erase(list, watch); }
@@ -33,8 +33,8 @@ constexpr char WATCHES_KEY[] = "lectern-late-replies";
 
 } // namespace
 
-// One filter for the connection's whole life: the data of a filter that is taken
-// away while it runs is released by a main loop, which a client may not have.
+// One filter for the connection's lifetime: when a filter is removed while it
+// runs, a main loop releases its data, and a client may have none.
 void LateReply::prepare(GDBusConnection* connection) {
     auto* watches = new Watches;
     g_object_set_data_full(G_OBJECT(connection), WATCHES_KEY, watches,

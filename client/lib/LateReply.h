@@ -10,26 +10,25 @@
 
 namespace lectern {
 
-// Sees to the reply of a call that nobody waits for any more: an open that was
-// cancelled, say, whose document must still be destroyed. It looks at what comes
-// in on the connection, before GDBus drops the reply as unwanted, and ends with
-// the reply or with the connection.
+// Handles the reply of a call that was given up, such as a cancelled open whose
+// document must still be destroyed. Sees the connection's messages before GDBus
+// drops the reply as unexpected. Ends with the reply or with the connection.
 class LateReply {
 public:
-    // Makes a new connection fit for this; once, before any call on it.
+    // Prepares a new connection; call once, before any other call on it.
     static void prepare(GDBusConnection* connection);
 
     // The bus must outlive the object.
     LateReply(const Bus& bus, Bus::LateHandler handler);
-    // Nothing is seen to any more, unless the call has been given up.
+    // Stops watching, unless the call has been given up.
     ~LateReply();
     LateReply(const LateReply&) = delete;
     LateReply& operator=(const LateReply&) = delete;
 
-    // The call that is waited for. No reply is looked at while it is sent, so
-    // that none is missed: the function sends and gives the call's serial number.
+    // Sends the call to watch for. `sendCall` sends it and returns its serial
+    // number; no reply is examined meanwhile, so none is missed.
     void send(const std::function<uint32_t()>& sendCall);
-    // From here on the reply is the handler's, also when it has come already.
+    // Gives the reply to the handler from now on, even if it has already come.
     void giveUp();
 
 private:
@@ -39,7 +38,7 @@ private:
     static GDBusMessage* look(GDBusConnection* connection, GDBusMessage* message, gboolean incoming,
                               void* watches);
 
-    GDBusConnection* mConnection; // the bus's
+    GDBusConnection* mConnection; // owned by the bus
     Watches& mWatches;
     std::shared_ptr<Watch> mWatch;
 };

@@ -20,7 +20,7 @@ public:
         mRest.remove_prefix(found ? expected.size() : 0);
         return found;
     }
-    // What stands before the delimiter, which is skipped too.
+    // Returns the text before the delimiter and skips both.
     std::optional<std::string> upTo(std::string_view delimiter) {
         const size_t end = mRest.find(delimiter);
         if (end == std::string_view::npos) {
@@ -35,7 +35,8 @@ private:
     std::string_view mRest;
 };
 
-// The number that follows a title tells its end, whatever is in the title.
+// Finds the end of a title by the number that follows it, because the title may
+// contain any characters.
 std::optional<ListedPart> readPart(Scanner& scanner, size_t number) {
     if (!scanner.skip("{\"data\":\"")) {
         return std::nullopt;
@@ -64,7 +65,8 @@ PartList readPartList(const std::string& text) {
         }
         list.parts.push_back(std::move(*part));
     } while (scanner.skip(","));
-    // A list that was cut is as long as it may be, and so tells its parts' number.
+    // The service cuts a list at a length that depends on the number of parts,
+    // so the length of a cut list tells that number.
     const size_t count =
         scanner.skip("]}") ? list.parts.size() : (text.size() + BYTES_FOR_APART - 1) / BYTES_FOR_APART;
     list.count = static_cast<int>(count);

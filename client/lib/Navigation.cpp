@@ -29,8 +29,8 @@ Point position(const Document& document) {
 } // namespace
 
 Failure pinch(Document& document, double factor, const CallLimits& limits) {
-    // The preview is made from the last picture, and the end takes the factor
-    // of the last preview.
+    // The preview is made from the last picture, and the end uses the factor of
+    // the last preview.
     Failure failure = paintAfterInput(document, limits);
     if (!failure) {
         failure = document.gestureStart(1.0);

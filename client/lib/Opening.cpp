@@ -23,13 +23,13 @@ public:
 private:
     void run(const Bus& bus, const std::string& path, OpenOptions options, OnOpened onOpened,
              const std::stop_token& stop) {
-        // Ended by either: the caller's token and that of this object's end.
+        // Requested by the caller's token and by this object's destruction.
         std::stop_source either;
         const auto end = [&either] { either.request_stop(); };
         const std::stop_callback callers(std::exchange(options.stop, either.get_token()), end);
         const std::stop_callback own(stop, end);
         if (options.onProgress) {
-            // The document keeps its options for longer than the opening lives.
+            // The document keeps its options longer than this object lives.
             options.onProgress = [loop = std::weak_ptr(mDispatcher),
                                   tell = std::move(options.onProgress)](auto elapsed) {
                 if (const auto dispatcher = loop.lock()) {
@@ -43,7 +43,7 @@ private:
     }
 
     std::shared_ptr<Dispatcher> mDispatcher;
-    std::jthread mThread; // last: it uses the dispatcher
+    std::jthread mThread; // last, because it uses the dispatcher
 };
 
 } // namespace

@@ -45,7 +45,7 @@ void Painter::run(const std::stop_token& stop) {
     }
 }
 
-// Returns when the frame may be painted over.
+// Returns when the frame may be painted again.
 void Painter::show(const std::stop_token& stop) {
     std::unique_lock lock(mState->mutex);
     mState->lookedAt = true;

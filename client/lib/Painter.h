@@ -14,30 +14,30 @@
 
 namespace lectern {
 
-// Paints a view by itself, in a thread of its own: when asked to, once for all
-// that was asked for meanwhile, and never while somebody looks at the last frame.
+// Paints a view on request, in its own thread. Requests that come during a paint
+// result in one paint, and none is done while a callback looks at the last frame.
 class Painter {
 public:
-    // How a paint is made: after everything sent so far, where afterInput says so.
+    // Makes a paint; with afterInput, after all input sent so far.
     using Paint = std::function<Failure(bool afterInput, const std::stop_token& stop)>;
 
-    // The shortest time from frame to frame: what a glide is shown at.
+    // Shortest time between two frames; the frame rate of a glide.
     static constexpr std::chrono::milliseconds FRAME_PERIOD{16};
 
-    // The frame and the dispatcher must outlive the painter, which may end in a
-    // callback of the events.
+    // The frame and the dispatcher must outlive the painter, which may be
+    // destroyed in one of the events' callbacks.
     Painter(std::shared_ptr<const ViewEvents> events, const FrameBuffer& frame, Dispatcher& dispatcher,
             Paint paint);
     Painter(const Painter&) = delete;
     Painter& operator=(const Painter&) = delete;
 
-    // From any thread; never waits for a paint.
+    // Any thread may call this; never waits for a paint.
     void request(bool afterInput);
 
 private:
-    // Shared with the callbacks under way.
+    // Shared with pending callbacks.
     struct State {
-        std::mutex mutex; // guards what follows
+        std::mutex mutex; // guards the members below
         std::condition_variable_any changed;
         bool wanted = false;
         bool afterInput = false;
@@ -45,7 +45,8 @@ private:
     };
 
     void run(const std::stop_token& stop);
-    // Whether the paint is to show input that was sent before; nothing when stopped.
+    // Waits for a request and sets `afterInput`, whether the paint must show
+    // input sent before. Returns false when stopped.
     bool awaitRequest(const std::stop_token& stop, bool& afterInput);
     void show(const std::stop_token& stop);
 
@@ -55,7 +56,7 @@ private:
     const Paint mPaint;
 
     const std::shared_ptr<State> mState = std::make_shared<State>();
-    std::jthread mThread; // last: it uses the others
+    std::jthread mThread; // last, because it uses the other members
 };
 
 } // namespace lectern

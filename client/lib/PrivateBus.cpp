@@ -19,7 +19,8 @@ namespace lectern {
 namespace {
 
 constexpr int START_TIMEOUT_MS = 10'000;
-// How the keeper's one line begins when the bus runs; anything else is why not.
+// Start of the keeper's line when the bus runs; any other line is the reason
+// for a failure.
 constexpr std::string_view ADDRESS_MARK = "address ";
 
 struct Pipe {
@@ -35,7 +36,8 @@ Result<Pipe> makePipe() {
     return Pipe{FileDescriptor(ends[0]), FileDescriptor(ends[1])};
 }
 
-// One line without its end; what came until the time was up or the writer gone.
+// Reads one line, without its end; returns what has come when the time is up or
+// the writer has closed.
 std::string readLine(int descriptor) {
     std::string line;
     pollfd waiting{descriptor, POLLIN, 0};

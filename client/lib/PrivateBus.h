@@ -10,34 +10,35 @@
 
 namespace lectern {
 
-// Where the standard error of the bus and the service goes. Hidden ones are
-// shown all the same where LECTERN_VERBOSE is set in the environment.
+// Whether the standard error of the bus and the service is shown. It is always
+// shown when LECTERN_VERBOSE is set in the environment.
 enum class Complaints { Hidden, Shown };
 
-// A message bus for this process alone, with the document service on it, which
-// starts at the first call.
+// A message bus for this process alone, with the document service, which starts
+// at the first call.
 //
-// A keeper process of its own holds them: it reads a pipe whose other end is
-// here, and when that end closes, however this process ends, it stops the bus,
-// the service and all they have started, and removes the bus's folder.
+// A separate keeper process owns both. It reads a pipe from this process; when
+// the pipe is closed, however this process ends, it stops the bus, the service
+// and their descendants, and removes the bus's folder.
 class PrivateBus {
 public:
-    // The service is LECTERN_SERVICE in the environment, else lectern-service
-    // of this installation. Must come after isolateIpc where that is wanted.
+    // Starts the bus. The service is the program named by LECTERN_SERVICE in
+    // the environment, or else this installation's lectern-service. Call
+    // isolateIpc first if needed.
     static Result<PrivateBus> start(Complaints complaints = Complaints::Hidden);
-    // Returns when everything has ended.
+    // Returns when the bus, the service and the keeper have ended.
     ~PrivateBus();
     PrivateBus(PrivateBus&& other) noexcept;
     PrivateBus& operator=(PrivateBus&&) = delete;
 
-    // As Bus::connect takes it.
+    // The address for Bus::connect.
     const std::string& address() const { return mAddress; }
 
 private:
     PrivateBus(pid_t keeper, FileDescriptor life) : mKeeper(keeper), mLife(std::move(life)) {}
 
     pid_t mKeeper;
-    FileDescriptor mLife; // the keeper ends when this is closed
+    FileDescriptor mLife; // closing it ends the keeper
     std::string mAddress;
 };
 

@@ -20,7 +20,8 @@ path ownFolder() {
     return std::filesystem::read_symlink("/proc/self/exe", failure).parent_path();
 }
 
-// Of the library that this code is in, or of the program where it is linked in.
+// The folder of the shared library that contains this code, or of the program
+// when linked statically.
 path libraryFolder() {
     Dl_info self{};
     std::error_code failure;
@@ -29,7 +30,7 @@ path libraryFolder() {
                : path();
 }
 
-// In a folder, or in the installation that it is part of: libraries may lie two
+// Searches a folder and the installation around it. Libraries may lie two
 // levels deep, as in lib/x86_64-linux-gnu.
 std::string findAround(const path& folder, const char* name) {
     const path up = folder.parent_path();

@@ -5,10 +5,10 @@
 
 namespace lectern {
 
-// Where one of Lectern's own programs is: what the environment variable names,
-// else beside the running program, else in the bin and libexec folders of the
-// installation that the running program or this library lies in, else on PATH.
-// Empty when there is none.
+// Finds one of Lectern's own programs: the path in the environment variable, or
+// else beside the running program, in the bin and libexec folders of the
+// installation of the running program or this library, or on PATH. Returns an
+// empty text when there is none.
 std::string findProgram(const char* name, const char* overridingVariable);
 
 } // namespace lectern

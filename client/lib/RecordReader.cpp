@@ -9,8 +9,8 @@ namespace lectern {
 
 namespace {
 
-// A blocked read can only be ended by a record: one of this id, which no service
-// uses, that the reader sends to itself.
+// Id of the record that the reader sends to itself to end a blocked read. No
+// service uses it.
 constexpr auto WAKE_ID = static_cast<ClientMessageId>(-1);
 constexpr std::chrono::milliseconds BEFORE_NEXT_WAKE{20};
 
@@ -29,8 +29,8 @@ Result<std::unique_ptr<RecordReader>> RecordReader::start(long address, Handler 
 }
 
 RecordReader::~RecordReader() {
-    // The record may find no room, or be thrown away by a service that needs
-    // some: it is sent until it has arrived.
+    // The queue may be full, or the service may drop the record to make room,
+    // so send it until the reader has ended.
     while (!mEnded) {
         if (!mWoken) {
             stop();
@@ -49,8 +49,8 @@ void RecordReader::stop() {
     mWoken = mQueue.tryPost(wakeRecord());
 }
 
-// Unlike that of any other reader: one that was sent twice may still be there
-// when the next reader of the address starts.
+// The record is unique to this reader: one that was sent twice may still be in
+// the queue when the next reader of the address starts.
 ServerClientMessage RecordReader::wakeRecord() const {
     ServerClientMessage record(mAddress, WAKE_ID);
     record.value = getpid();
@@ -63,7 +63,7 @@ void RecordReader::run() {
     ServerClientMessage message;
     while (mQueue.isOpen()) {
         if (mQueue.ReadMessage(mAddress, message, DocAdapterMessageQueue::TIMEOUT_INFINITE) < 0) {
-            continue; // interrupted, or the queue is gone and no longer open
+            continue; // interrupted, or the queue was removed and is closed
         }
         if (message.id != WAKE_ID) {
             mHandler(message);

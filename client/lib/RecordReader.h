@@ -11,21 +11,21 @@
 
 namespace lectern {
 
-// A thread that reads the service's records of one address, as they come, so
-// that they never fill the queue. It reads that one type only: a negative type
-// would take what is meant for others.
+// Reads the service's records for one address as they come, in its own thread,
+// so that they do not fill the queue. It reads that type only; a negative type
+// would also take the records of others.
 class RecordReader {
 public:
     using Handler = std::function<void(const ServerClientMessage&)>;
 
-    // Both handlers are called on the reader's thread, and not after the
-    // destructor has returned: one with each record, the other when the queue
-    // has vanished, which ends the reader. The address must be above 99.
+    // Starts a reader. `handler` is called with each record, `onQueueGone` when
+    // the queue has been removed, which ends the reader. Both run on the
+    // reader's thread, and not after destruction. The address must be above 99.
     static Result<std::unique_ptr<RecordReader>> start(long address, Handler handler,
                                                        std::function<void()> onQueueGone = {});
-    // Waits for a handler call that is going on.
+    // Waits for a running handler.
     ~RecordReader();
-    // Has the reader end soon, without waiting for it.
+    // Makes the reader end soon, without waiting for it.
     void stop();
     RecordReader(const RecordReader&) = delete;
     RecordReader& operator=(const RecordReader&) = delete;
@@ -40,7 +40,7 @@ private:
     const long mAddress;
     const Handler mHandler;
     const std::function<void()> mOnQueueGone;
-    std::atomic<bool> mWoken{false}; // the record that ends the reader is under way
+    std::atomic<bool> mWoken{false}; // the record that ends the reader has been sent
     std::atomic<bool> mEnded{false};
     std::thread mThread;
 };

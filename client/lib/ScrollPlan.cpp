@@ -7,15 +7,16 @@ namespace lectern {
 
 namespace {
 
-// A drag may happen to end where it began although the view moved under it,
-// when rows are counted anew; two of different lengths do not.
+// Number of drags without movement that prove an edge. One drag may end at the
+// position where it began because rows were counted anew, but two drags of
+// different lengths do not.
 constexpr int STALLS_AT_EDGE = 2;
-// Far beyond any document; ends a plan against a view that does not obey.
+// More than any document needs; ends a plan when the view does not move as expected.
 constexpr int MOST_DRAGS = 100'000;
 
-// One axis of a drag that scrolls by `distance`, or by the part of the longest
-// that `divisor` leaves. No finger starts in the view's first third: there may
-// be headers, which are dragged for other ends.
+// One axis of a drag that scrolls by `distance`, limited to the longest drag
+// divided by `divisor`. No drag starts in the view's first third, which may
+// contain headers that react differently.
 struct Stroke {
     Stroke(long distance, int extent, int divisor) {
         const int first = distance >= 0 ? extent - 1 : extent / 3;
@@ -33,7 +34,7 @@ struct Stroke {
 bool ScrollPlan::done(Point position) {
     mStalls = mBefore == position ? mStalls + 1 : 0;
     const bool pushedUp = mBefore && mTarget.y == 0 && mBefore->y <= 0;
-    // A short document follows the finger below its start, and is there for sure.
+    // Only at its start does a short document move below it, to a negative position.
     if (pushedUp && (position.y < 0 || mStalls >= STALLS_AT_EDGE)) {
         mStartFound = true;
     }

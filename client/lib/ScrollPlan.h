@@ -7,26 +7,26 @@
 
 namespace lectern {
 
-// A pen contact: down at from, up at to, in view pixels.
+// A pen contact: down at `from`, up at `to`, in view pixels.
 struct Drag {
     Point from;
     Point to;
     bool operator==(const Drag&) const = default;
 };
 
-// The way to a place in a document by drags alone, as a finger would go there:
-// each at most a view wide and high, from where the one before has led.
+// Computes drags that move a view to a position in a document. Each drag is at
+// most as long as the view and depends on where the previous one has led.
 //
-// Only the start of the text has a fixed row, 0, and a view that came to its
-// place by zooming may count from elsewhere. So row 0 is believed only when a
-// push against it leads no further up.
+// Only the start of the text has a fixed row, 0, and a view that was zoomed may
+// count from elsewhere. So row 0 counts as reached only when a drag towards the
+// start moves no further.
 class ScrollPlan {
 public:
     ScrollPlan(int viewWidth, int viewHeight, Point target)
         : mWidth(viewWidth), mHeight(viewHeight), mTarget(target) {}
 
-    // The next drag from this scroll position, or nothing: then the target is
-    // reached, or the document ends before it.
+    // Returns the next drag from this scroll position, or nothing when the
+    // target is reached or the document ends before it.
     std::optional<Drag> next(Point position);
 
 private:
@@ -35,9 +35,9 @@ private:
     int mWidth;
     int mHeight;
     Point mTarget;
-    std::optional<Point> mBefore; // the position before the last drag
-    int mStalls = 0;              // drags in a row that have moved nothing
-    bool mStartFound = false;     // row 0 is known to be the text's first
+    std::optional<Point> mBefore; // position before the last drag
+    int mStalls = 0;              // number of successive drags without movement
+    bool mStartFound = false;     // row 0 is known to be the first row of the text
     int mDrags = 0;
 };
 

@@ -19,8 +19,8 @@ bool offersService(const std::string& address) {
     return bus && bus->offersService();
 }
 
-// The same, asked by the keeper's program: a connection starts threads, and a
-// process with threads can no longer leave its namespaces.
+// Lets the keeper's program ask the same. A connection would start threads in
+// this process, and a process with threads cannot change its namespaces.
 bool offersServiceAskedByOther(const std::string& address) {
     const Result<pid_t> child =
         spawn(findProgram("lectern-keeper", "LECTERN_KEEPER"), {"--offers", address}, {});

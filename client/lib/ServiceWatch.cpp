@@ -25,7 +25,7 @@ struct ServiceWatch::Watch {
         }
     }
 
-    // "NameOwnerChanged" with this name and no new owner.
+    // Whether the message is "NameOwnerChanged" for this name, without a new owner.
     bool isEnd(GDBusMessage* message) const {
         const char* member = g_dbus_message_get_member(message);
         const char* sender = g_dbus_message_get_sender(message);

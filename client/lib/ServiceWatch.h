@@ -9,14 +9,14 @@
 
 namespace lectern {
 
-// Tells when a process leaves the bus: that of the service, by its unique name,
-// which no other process gets again.
+// Reports when a process leaves the bus. It watches the unique name of the
+// service's process, which no other process gets.
 class ServiceWatch {
 public:
-    // onGone: called once, on the connection's thread or, where the process has
-    // gone before, on this one. It must not wait for anything on the bus.
+    // onGone: called once, on the connection's thread or, if the process has
+    // already left, on this thread. It must not wait for the bus.
     ServiceWatch(const Bus& bus, const std::string& uniqueName, std::function<void()> onGone);
-    // Waits for a call of onGone that is going on.
+    // Waits for a running onGone.
     ~ServiceWatch();
     ServiceWatch(const ServiceWatch&) = delete;
     ServiceWatch& operator=(const ServiceWatch&) = delete;

@@ -11,14 +11,14 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// How long a full queue is waited for; a service that does not read for so long
-// hangs.
+// How long to wait when the queue is full; a service that reads nothing for so
+// long hangs.
 constexpr std::chrono::milliseconds QUEUE_PATIENCE{10'000};
-// The opened record follows the reply at once.
+// How long to wait for the opened record, which follows the reply at once.
 constexpr std::chrono::milliseconds OPENED_PATIENCE{10'000};
-// How often a wait makes sure that the bus is still there.
+// How often a wait checks that the bus is still connected.
 constexpr std::chrono::milliseconds BETWEEN_CHECKS{1'000};
-// How long the start of a contact waits for the end of the one before.
+// How long the start of a contact waits for the end of the previous one to be taken.
 constexpr std::chrono::milliseconds ORDER_PATIENCE{1'000};
 
 Error goneError() {
@@ -89,7 +89,7 @@ void View::close() {
         const std::lock_guard lock(mAttendantsMutex);
         leaving.swap(mAttendants);
     }
-    leaving.reset(); // may wait for one that wants the mutex
+    leaving.reset(); // may wait for a thread that takes the mutex
     if (before == Life::Open) {
         // They fail only when the bus is lost, which ends the service, too.
         (void)events::destroy(mBus, docid(), owner());
@@ -97,8 +97,8 @@ void View::close() {
     }
 }
 
-// The readers are stopped at once: another client's new document may soon have
-// the numbers that they listen to.
+// Stops the readers at once, because another client's new document may soon use
+// the same addresses.
 void View::endWith(Life life) {
     {
         const std::lock_guard lock(mMutex);
@@ -173,8 +173,8 @@ Result<int> View::openResult(const CallLimits& limits) {
     return *mOpenResult;
 }
 
-// Answers come in the order of the requests: one that comes after its wait has
-// been given up is counted, and not taken for that of a later request.
+// Replies come in the order of the requests and are counted, so a reply to a
+// request that was given up is not taken for a later one's.
 Failure View::paint(const CallLimits& limits) {
     if (Failure failure = send(ClientServerMessage(_PAINT, docid()))) {
         return failure;
@@ -187,9 +187,9 @@ Failure View::paint(const CallLimits& limits) {
     return mPaintResult == 0 ? Failure() : refusalError("errDoesNotExist", {});
 }
 
-// The service takes the lowest type first. A pen up may overtake the moves before
-// it, for it says itself where the pen is; a new contact must not overtake the
-// end of the last.
+// The service takes the record with the lowest type first. A pen up may
+// overtake moves, because it includes the pen's position; the start of a
+// contact must not overtake the end of the previous one.
 Failure View::send(ClientServerMessage message) {
     const bool begins = message.type == _PEN_DOWN || message.type == _GESTURE_START;
     if (begins && mHighestSent > message.type) {

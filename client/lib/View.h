@@ -19,20 +19,21 @@
 
 namespace lectern {
 
-// Who is told what happens to a view, on threads of the view's.
+// Callbacks about a view, called on the view's threads.
 struct ViewListener {
-    std::function<void(const ServerClientMessage&)> onRecord; // all but paint-done
-    std::function<void()> onGone;                             // once, if ever
+    std::function<void(const ServerClientMessage&)> onRecord; // all records except paint-done
+    std::function<void()> onGone;                             // at most once
 };
 
 // One view in one process of the service, from "create" to "destroy". When that
-// process goes away, the view is gone: calls fail with Error::Kind::Gone at
-// once, and only the state segment is left of it.
+// process ends, the view is gone: calls fail at once with Error::Kind::Gone,
+// and only the state segment remains.
 //
-// Threads: paints one after the other, everything else from any.
+// Threads: do not call paint concurrently; any thread may call the other
+// functions.
 class View {
 public:
-    // Nothing is left in the service of a view that cannot be opened.
+    // Opens a view. When that fails, nothing of it remains in the service.
     static Result<std::shared_ptr<View>> open(const Bus& bus, const events::CreateRequest& request,
                                               const CallLimits& limits, ViewListener listener);
     ~View() { close(); }
@@ -44,20 +45,21 @@ public:
     const std::string& owner() const { return mCreated.owner; }
     const StateSegment& state() const { return mState; }
 
-    // Nothing while the view is open, else why nothing can be done with it.
+    // Returns nothing while the view is open, and otherwise the error for
+    // further calls.
     Failure ended() const;
     Failure paint(const CallLimits& limits);
     Failure send(ClientServerMessage message);
-    // True when everything sent has been taken from the queue.
+    // Returns true when all sent records have been taken from the queue.
     bool settle(std::chrono::milliseconds patience);
 
-    // Ends it in the service, where that still has it, and the readers: from
-    // here on others may use the numbers they listened to.
+    // Destroys the view in the service, if it still exists there, and stops the
+    // readers; after that others may use their addresses.
     void close();
 
 private:
     enum class Life { Open, Gone, Closed };
-    // What works for an open view in threads of its own.
+    // The objects that work for an open view in their own threads.
     struct Attendants {
         std::unique_ptr<RecordReader> viewReader;
         std::unique_ptr<RecordReader> paintReader;
@@ -73,7 +75,7 @@ private:
     void takePaintDone(const ServerClientMessage& message);
     Result<int> openResult(const CallLimits& limits);
     void endWith(Life life);
-    // Waits until the condition, which is tested with mMutex held, is true.
+    // Waits until the condition, which is evaluated with mMutex held, is true.
     template<typename Condition>
     Failure await(const char* what, const CallLimits& limits, Condition condition);
 
@@ -91,8 +93,8 @@ private:
     unsigned int mPaintsDone = 0;
     int mPaintResult = 0;
 
-    std::atomic<long> mHighestSent{0}; // type of what may still wait in the queue
-    std::mutex mAttendantsMutex;       // taken last
+    std::atomic<long> mHighestSent{0}; // highest type of the records that may be queued
+    std::mutex mAttendantsMutex;       // taken after all other mutexes
     std::optional<Attendants> mAttendants;
 };
 

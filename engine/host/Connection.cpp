@@ -50,8 +50,9 @@ bool Connection::open(FileDescriptor socket) {
     return mProcess != nullptr && mWord != nullptr && mSheet != nullptr && mSlide != nullptr;
 }
 
-// The report of the connection's end holds a reference on it until somebody
-// takes that report. Not to take it would keep the socket for ever.
+// GLib's report that the connection has ended holds a reference to the
+// connection until the main context dispatches it. Dispatch it here, or the
+// socket would never be closed.
 Connection::~Connection() {
     while (mBus != nullptr && !mClosed) {
         g_main_context_iteration(mContext, TRUE);

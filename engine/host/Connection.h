@@ -11,11 +11,11 @@
 
 namespace lectern::engine {
 
-// The typed connection to one engine. Needs nobody's main loop.
+// The typed connection to one engine. Works without a running main loop.
 class LECTERN_ENGINE_EXPORT Connection {
 public:
-    // Waits for the engine at the other end of the socket. Null when there is
-    // none in the end.
+    // Connects to the engine at the other end of the socket and waits for its
+    // answer. Returns null when there is no engine or it ends.
     static std::unique_ptr<Connection> make(FileDescriptor socket);
     // REQUIRES: the socket has been shut down, or its other end is closed.
     ~Connection();
@@ -31,7 +31,7 @@ private:
     Connection();
     bool open(FileDescriptor socket);
 
-    GMainContext* mContext; // where it reports its end, to nobody else's loop
+    GMainContext* mContext; // own context, so that no other loop gets its reports
     GDBusConnection* mBus = nullptr;
     LecternIpcProcess* mProcess = nullptr;
     LecternIpcWord* mWord = nullptr;

@@ -11,9 +11,9 @@
 
 namespace lectern::engine {
 
-// Whether this process may open Count more file descriptors. GLib aborts the
-// process when it gets none for a main context's wake-up, and every synchronous
-// call makes a context.
+// Returns whether this process can open Count more file descriptors. GLib
+// aborts the process when it gets none for a main context, and every
+// synchronous call creates a main context.
 template<std::size_t Count>
 bool descriptorsLeft() {
     std::array<FileDescriptor, Count> opened;

@@ -22,7 +22,7 @@ std::int32_t resultOfOpenError(int error) {
     case ENAMETOOLONG:
     case ELOOP:
         return MODULE_NOT_FOUND;
-    case ENXIO:  // a socket, or a FIFO of old
+    case ENXIO:  // a socket, or a device that is not there
     case ENODEV: // a device without a driver
         return MODULE_NOT_A_FILE;
     default:
@@ -38,10 +38,10 @@ std::string absolutePath(const std::string& path) {
     if (error) {
         return path;
     }
-    // The suite goes back over "name/.." by the names alone, also where the name
-    // is a link; and it dies when it is given a password for a name that is not
-    // its own for the file. A link to the file itself keeps its name: the
-    // extension tells.
+    // The suite resolves "name/.." textually, even if the name is a link, and
+    // it crashes when it gets a password for a path that differs from its own
+    // for the file. So links in the folder's path are resolved here. A link to
+    // the file itself keeps its name, because the name's extension matters.
     const std::filesystem::path folder = std::filesystem::canonical(absolute.parent_path(), error);
     return error ? absolute.native() : (folder / absolute.filename()).native();
 }

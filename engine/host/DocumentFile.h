@@ -16,12 +16,12 @@ struct DocumentFile {
     off_t bytes = 0;
 };
 
-// `path` as seen from this process's current folder, absolute and without links
-// and detours on the way to its last name, which is kept.
+// Makes `path` absolute, starting from the current folder, and resolves links
+// and ".." in all but the last name, which is kept.
 LECTERN_ENGINE_EXPORT std::string absolutePath(const std::string& path);
 
-// Looks whether `path` names a regular file that can be read; never waits, as
-// opening a FIFO might. Gives MODULE_OK and the file, MODULE_NOT_FOUND,
+// Checks whether `path` names a readable regular file; never blocks, as opening
+// a FIFO could. Returns MODULE_OK and the file, MODULE_NOT_FOUND,
 // MODULE_NOT_A_FILE or MODULE_NOT_READABLE.
 [[nodiscard]] LECTERN_ENGINE_EXPORT std::int32_t findDocumentFile(const std::string& path,
                                                                   DocumentFile& file);

@@ -11,12 +11,12 @@
 namespace lectern::engine {
 namespace {
 
-// For an engine to end by itself once its connection has ended.
+// Time for an engine to end by itself after its connection has ended.
 constexpr std::chrono::milliseconds GRACE(250);
 
-// File descriptors that have to be left. An engine takes 6 while it starts,
-// and a document's and a spare one may start at once; a call takes one for itself
-// and two for a surface's memory.
+// File descriptors that must be free. An engine takes 6 while it starts, and
+// one for a document and a spare one may start at once; a call takes one for
+// itself and two for a surface's memory.
 constexpr std::size_t FOR_START = 16;
 constexpr std::size_t FOR_CALL = 4;
 

@@ -12,28 +12,28 @@
 
 namespace lectern::engine {
 
-// A started engine and the connection to it. Used by one thread at a time.
-// Once its process is gone, or did not keep a time limit, it stays lost.
+// A started engine and the connection to it. Use from one thread at a time.
+// When its process has ended or has missed a deadline, it stays lost.
 class LECTERN_ENGINE_EXPORT Engine {
 public:
-    // Starts an engine and waits until it can open a document. Null when that
-    // fails, with MODULE_NO_ENGINE or MODULE_TIMED_OUT in `result`.
+    // Starts an engine and waits until it can open a document. Returns null on
+    // failure, with MODULE_NO_ENGINE or MODULE_TIMED_OUT in `result`.
     static std::unique_ptr<Engine> start(const LaunchSettings& settings, TimePoint deadline,
                                          std::int32_t& result);
-    // Ends the process; returns when it is gone and its folder removed.
+    // Ends the process; returns when it has ended and its folder is removed.
     ~Engine();
     Engine(const Engine&) = delete;
     Engine& operator=(const Engine&) = delete;
 
     bool isAlive() const;
-    // Whether it answers, ready to open a document. It is lost when it does
-    // not by the deadline.
+    // Returns whether the engine answers and is ready to open a document. When
+    // it does not by the deadline, it is lost.
     bool isReady(TimePoint deadline) { return startOffice(deadline) == MODULE_OK; }
 
-    // Runs one call on the connection, send(GError**), which must not limit
-    // its own time. MODULE_OK when it was answered; else MODULE_TIMED_OUT (the
-    // engine is dead), MODULE_ENGINE_LOST, or MODULE_FAILED for an answer that
-    // is no answer, and where this process has no file descriptor for a call.
+    // Runs one call on the connection, send(GError**), which must have no time limit
+    // of its own. Returns MODULE_OK when the engine answered, MODULE_TIMED_OUT (the
+    // engine was killed) or MODULE_ENGINE_LOST, and MODULE_FAILED for an invalid
+    // answer or when this process has too few file descriptors.
     template<class Send>
     std::int32_t call(TimePoint deadline, Send send) {
         if (const std::int32_t refused = beginCall(deadline); refused != MODULE_OK) {

@@ -14,7 +14,7 @@
 #include <cstring>
 #include <utility>
 
-// Older C libraries forget to say that these are C functions.
+// Older C libraries do not declare these as C functions.
 extern "C" {
 #include <sys/pidfd.h>
 }
@@ -46,8 +46,8 @@ std::unique_ptr<EngineProcess> EngineProcess::spawn(const LaunchSettings& settin
     }
     FileDescriptor pidfd(pidfd_open(pid, 0));
     if (!pidfd) {
-        // Out of descriptors, or a host that discards its children. The number
-        // is certainly still this child's, or nobody's, only right here.
+        // Too few descriptors, or a host that ignores SIGCHLD. Only here is the
+        // pid certain to denote this child or no process.
         const int error = errno;
         ::kill(pid, SIGKILL);
         waitpid(pid, nullptr, 0);

@@ -9,37 +9,37 @@
 
 namespace lectern::engine {
 
-// One engine process and what belongs to it. Known by its pidfd, so that
-// neither a reused number nor a host that waits for children itself can
-// mislead. Not thread-safe, but for pidfd() and hasEnded().
+// One engine process with its socket and folder. It is identified by its pidfd,
+// which stays right when the pid is reused or when the host itself waits for
+// children. Not thread-safe except for pidfd() and hasEnded().
 class EngineProcess {
 public:
-    // Starts the program with its end of a socket pair. Null when that fails;
-    // the reason goes to standard error.
+    // Starts the program with its end of a socket pair. Returns null on failure
+    // and writes the reason to standard error.
     static std::unique_ptr<EngineProcess> spawn(const LaunchSettings& settings);
-    // Kills what still runs, waits for it, removes its folder.
+    // Kills the process if it runs, waits for its end and removes its folder.
     ~EngineProcess();
     EngineProcess(const EngineProcess&) = delete;
     EngineProcess& operator=(const EngineProcess&) = delete;
 
-    // This side's end of the socket pair, for the connection. Once.
+    // This side's end of the socket pair, for the connection. Call once.
     FileDescriptor takeSocket();
 
-    // Readable once the process has ended.
+    // Becomes readable when the process ends. Stays owned by this object.
     int pidfd() const { return mPidfd.get(); }
     bool hasEnded() const;
 
-    // Ends the connection, at which an engine in good health ends itself.
+    // Ends the connection, on which a working engine ends by itself.
     void hangUp();
-    // SIGKILL, and the end of the connection, whoever else may hold it.
+    // Sends SIGKILL and shuts the connection down for all its holders.
     void kill();
 
 private:
     EngineProcess(FileDescriptor pidfd, FileDescriptor socket, std::unique_ptr<TemporaryFolder> folder);
 
     FileDescriptor mPidfd;
-    FileDescriptor mSocket; // given away by takeSocket
-    FileDescriptor mHangUp; // the same socket, to shut it down
+    FileDescriptor mSocket; // until takeSocket
+    FileDescriptor mHangUp; // duplicate of the socket, to shut it down
     std::unique_ptr<TemporaryFolder> mFolder;
 };
 

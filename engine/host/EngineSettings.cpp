@@ -16,12 +16,12 @@ namespace {
 using std::chrono::milliseconds;
 
 #ifdef __SANITIZE_ADDRESS__
-constexpr int SLOWNESS = 6; // of an engine under the sanitizer
+constexpr int SLOWNESS = 6; // an engine with the sanitizer is this many times slower
 #else
 constexpr int SLOWNESS = 1;
 #endif
 
-// The engine program belonging to this very library, whose place says where.
+// The engine program that belongs to this library, found by the library's path.
 std::string ownEngineProgram() {
     Dl_info self{};
     if (dladdr(reinterpret_cast<const void*>(&ownEngineProgram), &self) == 0 || self.dli_fname == nullptr) {
@@ -58,7 +58,7 @@ LaunchSettings LaunchSettings::forFolder(const std::string& temporaryParent) {
 }
 
 TimeLimits TimeLimits::forDocument(const std::string& path, off_t bytes) {
-    constexpr off_t BYTES_PER_SHARE = off_t{4} << 20; // each adds the ordinary limit once more
+    constexpr off_t BYTES_PER_SHARE = off_t{4} << 20; // the limit grows by its base value for each
     constexpr off_t MOST_SHARES = 6;
     TimeLimits limits;
     limits.open *= SLOWNESS;

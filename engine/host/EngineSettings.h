@@ -10,28 +10,29 @@
 
 namespace lectern::engine {
 
-// How engine processes are started. Two engines with the same settings are as
-// good as each other.
+// How engine processes are started. Engines with equal settings are
+// interchangeable.
 struct LaunchSettings {
     std::string program;         // path of lectern-engine
-    std::string temporaryParent; // where an engine's own temporary folder is made
-    bool verbose = false;        // let what the engine prints through
+    std::string temporaryParent; // folder in which an engine's temporary folder is created
+    bool verbose = false;        // pass on what the engine writes to its output
 
     bool operator==(const LaunchSettings&) const = default;
 
-    // LECTERN_ENGINE names another program, LECTERN_ENGINE_VERBOSE sets verbose.
+    // Reads the environment: LECTERN_ENGINE names another program,
+    // LECTERN_ENGINE_VERBOSE sets verbose.
     LECTERN_ENGINE_EXPORT static LaunchSettings forFolder(const std::string& temporaryParent);
 };
 
-// How long a call of one document may take before its engine is killed.
+// The longest time for a document's calls; then its engine is killed.
 struct TimeLimits {
-    std::chrono::milliseconds open{20'000}; // the start of an engine included
-    std::chrono::milliseconds call{10'000}; // a call may lay the whole text out
+    std::chrono::milliseconds open{20'000}; // includes the start of an engine
+    std::chrono::milliseconds call{10'000}; // a call may lay out the whole text
 
-    // For a document of so many bytes: plain text of many megabytes is slow
-    // but no accident, and gets up to six times as long.
-    // LECTERN_ENGINE_OPEN_LIMIT_MS and LECTERN_ENGINE_CALL_LIMIT_MS replace
-    // either, whatever the size.
+    // Limits for a document of `bytes` bytes. Plain text gets up to six times
+    // as long, because many megabytes of it are slow to lay out.
+    // LECTERN_ENGINE_OPEN_LIMIT_MS and LECTERN_ENGINE_CALL_LIMIT_MS override
+    // the limits for any size.
     LECTERN_ENGINE_EXPORT static TimeLimits forDocument(const std::string& path, off_t bytes);
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-// What liblectern-engine.so offers to the modules; the rest stays hidden.
+// Marks what liblectern-engine.so exports to the modules; the rest is hidden.
 #define LECTERN_ENGINE_EXPORT __attribute__((visibility("default")))

@@ -13,8 +13,8 @@
 namespace lectern::engine {
 namespace {
 
-// From this size on a second thread pays: one processor alone cannot keep the
-// memory busy. Pixels; 2 MiB.
+// Least number of pixels (2 MiB) that two threads copy: above it a second thread
+// pays, because one processor does not use all of the memory's bandwidth.
 constexpr std::size_t SHARED = std::size_t{512} * 1024;
 
 void copyPixels(std::uint32_t* to, const std::uint32_t* from, std::size_t count) {
@@ -26,7 +26,7 @@ void copyPixels(std::uint32_t* to, const std::uint32_t* from, std::size_t count)
             helper = std::thread(copyHalf);
         }
     } catch (const std::system_error&) {
-        copyHalf(); // no room for another thread
+        copyHalf(); // the system cannot create a thread
     }
     std::memcpy(to + half, from + half, (count - half) * sizeof *to);
     if (helper.joinable()) {

@@ -10,15 +10,15 @@
 
 namespace lectern::engine {
 
-// Pixels that an engine paints and this process reads, in memory that both
-// map. Its size is fixed here and sealed: whatever the engine does, reading
-// stays inside. The engine may change the pixels at any time.
+// Pixels that an engine paints and this process reads, in shared memory. The
+// memory's size is fixed and sealed, so reading is safe whatever the engine
+// does. The engine may change the pixels at any time.
 class LECTERN_ENGINE_EXPORT SharedSurface {
 public:
     static constexpr std::int64_t MAXIMUM_PIXELS = std::int64_t{1} << 26; // 256 MiB
 
-    // REQUIRES: width, height >= 1, width * height <= MAXIMUM_PIXELS. Null when
-    // the system has no memory for it.
+    // REQUIRES: width, height >= 1, width * height <= MAXIMUM_PIXELS. Returns
+    // null when the system has no memory for it.
     static std::unique_ptr<SharedSurface> make(std::int32_t width, std::int32_t height);
     ~SharedSurface();
     SharedSurface(const SharedSurface&) = delete;
@@ -26,12 +26,13 @@ public:
 
     std::int32_t width() const { return mWidth; }
     std::int32_t height() const { return mHeight; }
-    // The memory file, for the engine; closed by letGoMemory, the pixels stay.
+    // The memory's file descriptor, to be sent to the engine. letGoMemory
+    // closes it; the pixels stay mapped.
     int memory() const { return mMemory.get(); }
     void letGoMemory() { mMemory.reset(); }
-    // Copies all pixels to width * height of the caller's.
+    // Copies all pixels to the caller's width * height pixels.
     void copyTo(std::uint32_t* pixels) const;
-    // Copies `count` pixels from the `first` on, which must be there.
+    // Copies `count` pixels starting at pixel `first`. REQUIRES: they exist.
     void copyTo(std::uint32_t* pixels, std::size_t first, std::size_t count) const;
 
 private:

@@ -18,8 +18,8 @@
 namespace lectern::engine {
 namespace {
 
-// The suite finds no display, no bus and nothing of the user's; its pictures
-// and dates do not depend on who runs the service.
+// The engine's environment. With it the suite finds no display, no bus and no
+// files of the user, and its output does not depend on the service's user.
 std::vector<std::string> environmentIn(const std::string& folder) {
     std::vector<std::string> environment = {
         "PATH=/usr/bin:/bin",
@@ -56,8 +56,8 @@ std::vector<char*> pointersTo(std::vector<std::string>& texts) {
     return pointers;
 }
 
-// A duplicate above the numbers that the new process uses, so that moving one
-// descriptor into its place never overwrites another.
+// Duplicates a descriptor to a number above those that the new process uses, so
+// that moving one descriptor into place never overwrites another.
 FileDescriptor clearOfTargets(int fd) {
     return FileDescriptor(fcntl(fd, F_DUPFD_CLOEXEC, std::max(ENGINE_SOCKET, ENGINE_FOLDER) + 1));
 }

@@ -8,10 +8,10 @@
 
 namespace lectern::engine {
 
-// Starts the engine program with `socket`, the folder's lock and /dev/null as
-// its only open files, default signals, a process group of its own, so that a
-// terminal's keys reach the service alone, and an environment made for it.
-// Gives 0 and the new child's pid, or an errno value.
+// Starts the engine program with only `socket`, the folder's lock and /dev/null
+// open, default signal handling, its own environment, and its own process
+// group, so that a terminal's keys reach the service alone. Returns 0 and the
+// child's pid, or an errno value.
 [[nodiscard]] int spawnEngine(const LaunchSettings& settings, const TemporaryFolder& folder, int socket,
                               pid_t& pid);
 

@@ -14,11 +14,11 @@ namespace lectern::engine {
 namespace {
 
 constexpr std::chrono::seconds STOP_LIMIT(2);
-// For a spare to show that it has not died or stalled since it was started,
-// as the open of a document should not be the first to find out.
+// Time for a spare to show that it has not ended or stalled since its start.
+// Without the check the open of a document would be the first to notice.
 constexpr std::chrono::seconds SPARE_ANSWERS(1);
 
-pid_t gOwner; // a forked copy of this process has no claim on the engines
+pid_t gOwner; // a fork of this process must not end the engines
 
 void endEnginesAtExit() {
     if (getpid() == gOwner) {
@@ -81,7 +81,7 @@ void Supervisor::run() {
         const SpareOrder order = *mOrder;
         std::unique_ptr<Engine> spare = std::move(mSpare);
         lock.unlock();
-        spare.reset(); // of other settings, or dead
+        spare.reset(); // a spare with other settings, or one that ended
         std::int32_t ignored = MODULE_OK;
         spare = Engine::start(order.settings, Clock::now() + order.limit, ignored);
         lock.lock();

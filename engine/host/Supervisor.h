@@ -15,29 +15,29 @@
 
 namespace lectern::engine {
 
-// Starts engines for the documents of this process, of whatever kind, and
-// keeps one spare that is ready to open, so that an open costs only the load.
-// The spare is started after an open, in the background. When the process
-// exits, the engines that are left are ended with it.
+// Starts engines for documents of all kinds and keeps one spare engine that is
+// ready to open, so that an open takes only the time of the load. The spare is
+// started in the background after an open. When the process exits, the
+// remaining engines are ended.
 //
-// Every function may be called by any thread.
+// Any thread may call any function.
 class LECTERN_ENGINE_EXPORT Supervisor {
 public:
-    // Made on first use, never destroyed.
+    // Created on first use, never destroyed.
     static Supervisor& instance();
     Supervisor(const Supervisor&) = delete;
     Supervisor& operator=(const Supervisor&) = delete;
 
-    // The spare, or the one that is being started, when it was started with
-    // these settings; else a new engine. Null as for Engine::start.
+    // Returns the spare, or the one being started, if its settings are these;
+    // otherwise starts an engine. Returns null as Engine::start does.
     std::unique_ptr<Engine> take(const LaunchSettings& settings, TimePoint deadline, std::int32_t& result);
 
-    // Sees to it that there is a spare with these settings, which may take as
-    // long as `limit`. Returns at once.
+    // Starts a spare with these settings in the background unless there is one;
+    // the start may take up to `limit`. Returns at once.
     void prepareSpare(const LaunchSettings& settings, std::chrono::milliseconds limit);
 
-    // The process is about to stop: calls, running ones too, get at most two
-    // more seconds, and no spare is started any more.
+    // Call before the process stops: calls, including running ones, get at most
+    // two more seconds, and no more spares are started.
     void stopSoon();
 
     Watchdog& watchdog() { return mWatchdog; }
@@ -55,8 +55,8 @@ private:
     Watchdog mWatchdog;
     Mutex mMutex;
     std::condition_variable_any mChanged;
-    std::optional<SpareOrder> mOrder GUARDED_BY(mMutex); // being started; empty when nothing is
-    std::unique_ptr<Engine> mSpare GUARDED_BY(mMutex);   // ready, or dead meanwhile, or null
+    std::optional<SpareOrder> mOrder GUARDED_BY(mMutex); // the spare being started; empty when none is
+    std::unique_ptr<Engine> mSpare GUARDED_BY(mMutex);   // ready, or ended since, or null
     LaunchSettings mSpareSettings GUARDED_BY(mMutex);    // of mSpare
     bool mStopping GUARDED_BY(mMutex) = false;
     std::thread mThread;

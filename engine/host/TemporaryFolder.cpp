@@ -18,8 +18,8 @@ namespace fs = std::filesystem;
 
 constexpr const char* PREFIX = "lectern-engine-";
 
-// Opens and locks a folder of this user. Fails when somebody holds the lock,
-// and when the path has come to name something else meanwhile.
+// Opens and locks a folder of this user. Fails when another process holds the
+// lock, or when the path meanwhile names another folder.
 FileDescriptor lockFolder(const std::string& path) {
     FileDescriptor folder(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     struct stat opened {};
@@ -37,7 +37,7 @@ void removeLeftBehind(const std::string& parent) {
     for (fs::directory_iterator entry(parent, error), end; !error && entry != end; entry.increment(error)) {
         const fs::path& path = entry->path();
         if (path.filename().native().rfind(PREFIX, 0) == 0 && lockFolder(path)) {
-            // One that stays does not keep the others.
+            // If one cannot be removed, go on with the others.
             std::error_code ignored;
             fs::remove_all(path, ignored);
         }
@@ -48,8 +48,8 @@ void removeLeftBehind(const std::string& parent) {
 
 std::unique_ptr<TemporaryFolder> TemporaryFolder::make(const std::string& parent) {
     removeLeftBehind(parent);
-    // Another service may take a folder that is not locked yet for one that
-    // was left behind; then the next is made.
+    // Another service may remove a new folder that is not locked yet, taking it
+    // for an abandoned one; then create another.
     for (int attempt = 0; attempt < 10; attempt++) {
         std::string path = parent + "/" + PREFIX + "XXXXXX";
         if (mkdtemp(path.data()) == nullptr) {

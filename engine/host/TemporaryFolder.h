@@ -8,21 +8,21 @@
 
 namespace lectern::engine {
 
-// A folder of one engine's own, removed with all it holds when this goes. It
-// is locked while this or a process that inherited the lock lives; an unlocked
-// one was left behind.
+// The temporary folder of one engine, removed with its contents on destruction.
+// It is locked while this object or a process that inherited the lock lives; an
+// unlocked folder is an abandoned one.
 class TemporaryFolder {
 public:
-    // Makes a folder "lectern-engine-XXXXXX" with mode 0700 under `parent`,
-    // after removing those that were left behind there. Null when that is not
-    // possible; the reason is in errno.
+    // Creates a folder "lectern-engine-XXXXXX" with mode 0700 in `parent`,
+    // after removing abandoned ones there. Returns null on failure, with the
+    // reason in errno.
     static std::unique_ptr<TemporaryFolder> make(const std::string& parent);
     ~TemporaryFolder();
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
     const std::string& path() const { return mPath; }
-    // The folder, open and locked; close-on-exec.
+    // The open and locked folder; close-on-exec. Stays owned by this object.
     int lock() const { return mLock.get(); }
 
 private:

@@ -12,7 +12,7 @@ namespace {
 
 using std::chrono::milliseconds;
 
-// Rounded up, so that a deadline has passed when poll returns.
+// Rounded up, so that the deadline has passed when poll returns.
 int millisecondsUntil(TimePoint time) {
     if (time == TimePoint::max()) {
         return -1;
@@ -96,8 +96,8 @@ void Watchdog::endAll() {
                [&] { return std::all_of(all.begin(), all.end(), [](auto& each) { return each->gone; }); });
 }
 
-// The thread looks again by itself at mWakeAt; only something earlier needs to
-// wake it. Most calls set a deadline later than one it waits for already.
+// Wakes the thread for a deadline that is earlier than mWakeAt, when it wakes
+// by itself. Most calls set a later one.
 void Watchdog::wakeFor(TimePoint deadline) {
     if (deadline < mWakeAt) {
         mWakeAt = deadline;
@@ -123,7 +123,7 @@ void Watchdog::run() {
             remains.push_back(std::move(handle->process));
         }
         lock.unlock();
-        remains.clear(); // reaps, and removes folders, which takes a while
+        remains.clear(); // reaps processes and removes folders, which is slow
         lock.lock();
         for (const Handle& handle : ended) {
             handle->gone = true;
@@ -133,7 +133,8 @@ void Watchdog::run() {
     }
 }
 
-// Kills what is over its time; gives the files to poll and the next deadline.
+// Kills the processes whose deadline has passed; returns the next deadline, and
+// in `files` the descriptors to poll.
 TimePoint Watchdog::expireAndCollect(std::vector<pollfd>& files) {
     const TimePoint now = Clock::now();
     TimePoint next = TimePoint::max();

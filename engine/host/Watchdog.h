@@ -18,22 +18,22 @@ namespace lectern::engine {
 using Clock = std::chrono::steady_clock;
 using TimePoint = Clock::time_point;
 
-// Watches all engine processes of the service from one thread: it reaps each
-// as soon as it ends, whatever ended it, and kills each whose deadline passes.
+// Watches all engine processes of the service from one thread: it reaps each as
+// soon as it ends, for whatever reason, and kills each whose deadline passes.
 //
-// A caller who waits for an engine needs no time limit of its own: it sets a
-// deadline, and when that passes the engine dies, its connection ends, and so
-// does the wait. This holds for engines that are stopped, that do not read, or
-// that never finish starting, too.
+// A caller that waits for an engine needs no time limit of its own: it sets a
+// deadline. When that passes, the engine is killed, its connection ends, and
+// the wait ends too, even for an engine that is stopped, does not read or never
+// finishes starting.
 //
-// Every function may be called by any thread. Never destroyed.
+// Any thread may call any function. Never destroyed.
 class Watchdog {
 public:
-    // One watched process; guarded by the watchdog.
+    // One watched process; guarded by the watchdog's mutex.
     struct Watched {
-        std::unique_ptr<EngineProcess> process; // null once it is gone
+        std::unique_ptr<EngineProcess> process; // null when it has ended
         TimePoint deadline = TimePoint::max();
-        bool expired = false; // killed for its deadline
+        bool expired = false; // killed because its deadline passed
         bool gone = false;    // reaped, its folder removed
     };
     using Handle = std::shared_ptr<Watched>;
@@ -42,23 +42,23 @@ public:
     Watchdog(const Watchdog&) = delete;
     Watchdog& operator=(const Watchdog&) = delete;
 
-    // Takes a process over.
+    // Takes ownership of a process and starts to watch it.
     Handle watch(std::unique_ptr<EngineProcess> process);
 
     void setDeadline(const Handle& handle, TimePoint deadline);
-    // True when the deadline passed: the engine was killed for it.
+    // Removes the deadline. Returns true when it had passed and the engine was killed.
     bool liftDeadline(const Handle& handle);
 
     bool isAlive(const Handle& handle);
     void kill(const Handle& handle);
-    // Hangs up, lets the engine end by itself for as long as `grace`, then
-    // kills it. Returns when it is gone.
+    // Hangs up, gives the engine `grace` to end by itself, then kills it.
+    // Returns when it has ended.
     void end(const Handle& handle, std::chrono::milliseconds grace);
 
-    // Deadlines end within `rest` from now; those set later within `rest` of
-    // their setting.
+    // Limits all deadlines to `rest` from now, and later ones to `rest` from
+    // when they are set.
     void cutDeadlines(std::chrono::milliseconds rest);
-    // Kills all, and each that is watched later; returns when they are gone.
+    // Kills all engines, and those watched later at once; returns when they have ended.
     void endAll();
 
 private:
@@ -70,9 +70,9 @@ private:
     Mutex mMutex;
     std::condition_variable_any mGone;
     std::list<Handle> mWatched GUARDED_BY(mMutex);
-    // No limit is longer.
+    // The longest time allowed for a deadline.
     std::chrono::milliseconds mLongest GUARDED_BY(mMutex) = std::chrono::hours(1);
-    // When the thread looks again by itself.
+    // When the thread wakes by itself.
     TimePoint mWakeAt GUARDED_BY(mMutex) = TimePoint::max();
     bool mEnding GUARDED_BY(mMutex) = false;
     FileDescriptor mWake; // eventfd

@@ -6,7 +6,7 @@
 
 namespace lectern::engine {
 
-// What a document says of itself: texts empty, times 0 when unset. Times are
+// A document's properties. Unset texts are empty, unset times 0. Times are
 // seconds since 1970 in UTC.
 struct DocumentInformation {
     std::u16string name;

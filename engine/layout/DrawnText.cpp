@@ -10,8 +10,8 @@ namespace lectern::engine {
 
 namespace {
 
-// What lines of the usual fonts take above and below the baseline, of the
-// font's height.
+// Extent of a line above and below the baseline in common fonts, as a share of
+// the font's height.
 constexpr double ASCENT = 0.95;
 constexpr double DESCENT = 0.25;
 
@@ -22,8 +22,8 @@ void extend(DrawnBox& box, double x, double y) {
     box.bottom = std::max(box.bottom, y);
 }
 
-// Along the baseline, from where the run begins, to the left edge of the unit's
-// first and the right edge of its last; units are counted from the run's first.
+// Distances along the baseline from the start of the run to the left and the
+// right edge of units [first, last), which are counted from the run's first unit.
 std::pair<double, double> stretch(const TextRun& run, uint32_t first, uint32_t last) {
     const double from = first == 0 ? 0 : run.ends[first - 1];
     const double to = run.ends[last - 1];

@@ -9,22 +9,22 @@
 
 namespace lectern::engine {
 
-// Characters of one line that are drawn in one go. Positions and lengths are
-// those of the drawing, y grows downwards.
+// Characters of one line that are drawn by one action. Positions and lengths
+// are in units of the drawing, y grows downwards.
 struct TextRun {
-    uint32_t start = 0; // of its text
-    uint32_t line = 0;  // numbered through the text
-    double x = 0;       // where its baseline begins
+    uint32_t start = 0; // in the drawing's text
+    uint32_t line = 0;  // number of the line, counted through the text
+    double x = 0;       // start of the baseline
     double y = 0;
     double height = 0; // of the font
     double angle = 0;  // of the baseline, in radians, counter-clockwise
     bool rightToLeft = false;
-    std::vector<int32_t> ends; // of each unit, from where the run's text begins
+    std::vector<int32_t> ends; // end of each UTF-16 unit, measured from the start of the run
 
     uint32_t end() const { return start + static_cast<uint32_t>(ends.size()); }
 };
 
-// An area of the drawing.
+// A rectangle in units of the drawing.
 struct DrawnBox {
     double left = 0;
     double top = 0;
@@ -32,15 +32,15 @@ struct DrawnBox {
     double bottom = 0;
 };
 
-// What is written on a drawing, and where. Paragraphs are separated by
-// paragraphSeparator; runs are in the order of their text.
+// The text of a drawing and where it is drawn. PARAGRAPH_SEPARATOR separates
+// paragraphs; runs are in the order of their text.
 struct DrawnText {
     std::u16string text;
     std::vector<TextRun> runs;
 
-    // Adds the paragraphs of another behind the own ones.
+    // Appends the paragraphs of `other`.
     void append(const DrawnText& other);
-    // Where the characters are drawn, one box for each line that has any.
+    // Where the characters are drawn: one box for each line that contains any.
     std::vector<DrawnBox> boxes(CharacterRange range) const;
 };
 

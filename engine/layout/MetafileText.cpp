@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// A metafile is a list of drawing actions, each with its length, so that those
-// of no interest are passed over. Text comes in actions that hold the text of
-// the whole paragraph, which part of it is drawn, where, and how far each of its
-// characters reaches; comments between them say where lines and paragraphs end.
+// A metafile is a list of drawing actions. Each has its length, so actions
+// without text are skipped. A text action holds the text of the whole
+// paragraph, the part of it that is drawn, its position, and the end of each
+// character; comment actions between them mark the ends of lines and
+// paragraphs.
 #include "engine/layout/MetafileText.h"
 
 #include <cmath>
@@ -29,13 +30,14 @@ enum Action : uint16_t {
     Comment = 512,
 };
 
-// What of the state Push keeps for Pop.
+// Parts of the state that Push saves for Pop.
 constexpr uint16_t KEEPS_FONT = 0x4;
 constexpr uint16_t KEEPS_LAYOUT_MODE = 0x800;
 constexpr uint32_t RIGHT_TO_LEFT_MODE = 0x1;
 constexpr size_t DEEPEST_STATE = 1024;
 
-// Little-endian numbers; past the end everything is 0 and ok() is false.
+// Reads little-endian numbers. After a read past the end ok() is false, and the
+// number read is 0.
 class Reader {
 public:
     explicit Reader(Bytes bytes) : mRest(bytes) {}
@@ -60,7 +62,7 @@ public:
             value = static_cast<decltype(value)>(value | static_cast<decltype(value)>(bytes[i]) << (8 * i));
         return static_cast<Number>(value);
     }
-    // A part that tells its own length.
+    // Reads a part that begins with a version and its length.
     Reader part() {
         number<uint16_t>(); // version
         return Reader(take(number<uint32_t>()));
@@ -84,14 +86,14 @@ struct State {
     bool rightToLeft = false;
 };
 
-// Puts paragraphs together from the parts that are drawn.
+// Assembles paragraphs from the parts that are drawn.
 class Composer {
 public:
     void add(TextRun run, const std::u16string& source, uint32_t first, uint32_t count) {
         if (!mInShape && !mParagraph.runs.empty() && source != mSource)
             endParagraph();
         const bool continues = !mParagraph.runs.empty() && source == mSource && first >= mSourceEnd;
-        if (continues) // what is not drawn, a line break say
+        if (continues) // characters that are not drawn, such as a line break
             mParagraph.text.append(source, mSourceEnd, first - mSourceEnd);
         run.start = static_cast<uint32_t>(mParagraph.text.size());
         run.line = mLine;
@@ -139,11 +141,11 @@ private:
 
     DrawnText mWhole;
     DrawnText mParagraph;
-    std::u16string mSource; // the text that the paragraph's last run was part of
+    std::u16string mSource; // the whole text that the paragraph's last run is part of
     uint32_t mSourceEnd = 0;
     uint32_t mLine = 0;
     bool mInShape = false;
-    std::unordered_map<std::u16string, std::pair<double, double>> mSeen; // and where it began
+    std::unordered_map<std::u16string, std::pair<double, double>> mSeen; // paragraphs and their starts
 };
 
 void readFont(Reader action, State& state) {
@@ -152,7 +154,7 @@ void readFont(Reader action, State& state) {
         font.take(font.number<uint16_t>());
     font.number<int32_t>(); // width
     const auto height = font.number<int32_t>();
-    font.take(9 * sizeof(uint16_t)); // how it looks
+    font.take(9 * sizeof(uint16_t)); // other attributes
     const auto orientation = font.number<int16_t>();
     if (!font.ok())
         return;
@@ -235,7 +237,7 @@ DrawnText readMetafileText(Bytes metafile) {
     const Bytes head = reader.take(SIGNATURE.size());
     Player player;
     if (reader.ok() && std::memcmp(head.data(), SIGNATURE.data(), SIGNATURE.size()) == 0) {
-        reader.part(); // how the whole is drawn
+        reader.part(); // attributes of the whole metafile
         while (!reader.atEnd()) {
             const auto type = reader.number<uint16_t>();
             const Reader action = reader.part();

@@ -7,9 +7,10 @@
 
 namespace lectern::engine {
 
-// Reads what a metafile of the suite writes, and where. Text that is drawn twice
-// in about the same place, as it is for its shadow, is taken once. Never trusts
-// the bytes: of a metafile that makes no sense it gives what was read until then.
+// Reads the text drawn by a metafile of the suite, with its positions. Text
+// that is drawn twice at about the same place, for example as its own shadow,
+// is returned once. The bytes need not be trusted: at invalid data the function
+// returns what it has read so far.
 DrawnText readMetafileText(std::span<const unsigned char> metafile);
 
 } // namespace lectern::engine

@@ -6,7 +6,7 @@
 
 namespace lectern::engine {
 
-// A line of a slide's outline, and its depth: 0 the title, 1 and more the text.
+// A line of a slide's outline and its depth: 0 for the title, 1 and more for text.
 struct OutlineItem {
     std::u16string text;
     int32_t level = 0;

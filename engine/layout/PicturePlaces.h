@@ -7,23 +7,23 @@
 
 namespace lectern::engine {
 
-// Which slide is painted at which of a number of places, so that going back to
-// one of those painted last costs no paint.
+// Records which slide is painted at which of a number of places, so that returning
+// to a recently painted slide needs no paint. Places are numbered from 0.
 class PicturePlaces {
 public:
-    // At least 1.
+    // A count below 1 is taken as 1.
     explicit PicturePlaces(int32_t count);
 
-    // Where the slide is.
+    // The place of a slide; counts as a use of that place.
     std::optional<int32_t> find(int32_t slide);
-    // Whether it is somewhere; not a use.
+    // Whether a slide has a place; does not count as a use.
     bool has(int32_t slide) const;
-    // A place to paint on, with no slide there: an empty one, else that used
-    // longest ago.
+    // Returns a place to paint on and removes its slide: an empty place, or
+    // else the least recently used one.
     int32_t take();
-    // The place that take() would give.
+    // The place that take() would return.
     int32_t next();
-    // The slide has been painted there.
+    // Records that the slide has been painted at a place.
     void keep(int32_t place, int32_t slide);
     void clear();
 
@@ -36,7 +36,7 @@ private:
     Iterator candidate();
     Place& use(Iterator place);
 
-    std::list<Place> mPlaces; // the one used last comes first
+    std::list<Place> mPlaces; // the most recently used one first
 };
 
 } // namespace lectern::engine

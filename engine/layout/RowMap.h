@@ -7,9 +7,9 @@
 
 namespace lectern::engine {
 
-// The rows of the whole text at a resolution: row r of a page lies exactly
-// r * 1440 / dpi twips below the page's top, whatever is painted with it, and
-// the pages follow each other without a gap.
+// The rows of pixels of the whole text at a resolution. Row r of a page lies
+// exactly r * 1440 / dpi twips below the page's top, whichever rows are
+// painted. Pages follow each other without a gap.
 class RowMap {
 public:
     struct Page {
@@ -24,16 +24,17 @@ public:
 
     const std::vector<Page>& pages() const { return mPages; }
     int32_t dpi() const { return mDpi; }
-    // Rows of the whole text; at least one after a layout.
+    // Number of rows of the whole text; at least one after a layout.
     int64_t rows() const { return mPages.empty() ? 0 : mPages.back().firstRow + mPages.back().rows; }
 
-    // The row that holds a place; never below the last.
+    // The row that contains a place; at most the last row.
     int64_t rowOf(const FlowPlace& place) const;
-    // The place's twips in the suite's view, for the top of row 0 <= row < rows().
+    // The y coordinate in twips, in the suite's view, of the top of a row.
+    // REQUIRES: 0 <= row < rows().
     int64_t viewY(int64_t row) const;
     const Page& pageOf(int64_t row) const;
-    // The row and the column of pixels at a point of the suite's view, in twips;
-    // rows() at most.
+    // The row, at most rows(), and the pixel column at a point of the suite's
+    // view, given in twips.
     int64_t rowAt(int64_t viewY) const;
     int32_t columnAt(int64_t viewX, int64_t row) const;
 

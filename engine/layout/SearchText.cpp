@@ -36,9 +36,9 @@ bool isWellFormed(std::u16string_view text) {
     return true;
 }
 
-// Finds a pattern in any number of texts, in time linear in their lengths
-// whatever they hold: for each of its units the matcher knows how much of the
-// pattern is still matched when that unit does not fit.
+// Finds a pattern in texts, in time linear in their lengths: for each prefix of
+// the pattern it knows the longest shorter prefix that also ends there, and
+// continues with that after a mismatch (Knuth-Morris-Pratt).
 class Matcher {
 public:
     explicit Matcher(std::u16string_view pattern) : mPattern(pattern), mShorter(pattern.size() + 1, 0) {
@@ -48,8 +48,8 @@ public:
         }
     }
 
-    // Calls use(end), which tells whether the match counts, for every match.
-    // One that counts is not overlapped by the next.
+    // Calls use(end) for every match; it returns whether the match counts.
+    // Later matches do not overlap one that counts.
     template<class Use>
     void scan(std::u16string_view text, Use use) const {
         size_t matched = 0;
@@ -83,7 +83,7 @@ SearchText::SearchText(std::u16string_view text) {
 
 SearchText::Paragraph SearchText::fold(std::u16string_view text, uint32_t start) {
     Paragraph paragraph{start, static_cast<uint32_t>(text.size()), foldCase(text), {}};
-    // Folding never makes a character shorter.
+    // Folding never shortens a character, so equal lengths mean equal offsets.
     if (paragraph.folded.size() == text.size())
         return paragraph;
     paragraph.origins.reserve(paragraph.folded.size());
@@ -93,8 +93,8 @@ SearchText::Paragraph SearchText::fold(std::u16string_view text, uint32_t start)
         const size_t units = foldCase(text.substr(first, i - first)).size();
         paragraph.origins.insert(paragraph.origins.end(), units, static_cast<uint32_t>(first));
     }
-    // Folded one by one they come out as folded together; if not, nothing in
-    // this paragraph has a place.
+    // Folding characters one by one should have the same result as folding the
+    // paragraph; otherwise offsets are unknown and nothing is found in it.
     if (paragraph.origins.size() != paragraph.folded.size())
         paragraph.folded.clear();
     return paragraph;

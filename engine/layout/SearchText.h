@@ -7,15 +7,15 @@
 
 namespace lectern::engine {
 
-// A text made ready for searching without regard to case, as Unicode folds it:
-// ß is found by ss. No hit reaches from one paragraph into the next, begins or
-// ends inside a character, or overlaps another.
+// A text prepared for searching without regard to case, by Unicode case
+// folding: "ss" finds "ß". A hit does not cross a paragraph's end, does not
+// begin or end inside a character, and does not overlap another hit.
 class SearchText {
 public:
     explicit SearchText(std::u16string_view text);
 
-    // The hits inside the bounds, in order. Nothing is found by the empty text,
-    // nor by one that is no UTF-16.
+    // The hits inside the bounds, in order. An empty text and one that is not
+    // valid UTF-16 have no hits.
     std::vector<CharacterRange> find(std::u16string_view wanted, CharacterRange bounds) const;
 
 private:
@@ -23,7 +23,8 @@ private:
         uint32_t start;
         uint32_t length;
         std::u16string folded;
-        // For each folded unit the unit it comes from; empty when those are the same.
+        // For each folded unit the index of the unit that it comes from; empty
+        // when the two are equal for all.
         std::vector<uint32_t> origins;
 
         bool isBoundary(size_t unit) const;

@@ -6,7 +6,7 @@
 
 namespace lectern::engine {
 
-// Pixels of the caller's, 0xAARRGGBB, row by row without gaps.
+// Pixels in the caller's memory, 0xAARRGGBB, row by row without gaps.
 struct Surface {
     uint32_t* pixels = nullptr;
     int32_t width = 0;
@@ -16,7 +16,7 @@ struct Surface {
     friend bool operator==(const Surface&, const Surface&) = default;
 };
 
-// The largest side of a surface, in pixels, and the finest resolution.
+// Largest side of a surface in pixels, and largest resolution in dpi.
 constexpr int32_t MOST_PIXELS = 16384;
 constexpr int32_t MOST_DPI = 2400;
 constexpr int32_t DEFAULT_DPI = 72;
@@ -33,11 +33,10 @@ struct PixelRect {
 // Red, green, blue.
 using Colour = std::array<uint8_t, 3>;
 
-// A pixel under a marker pen: white takes the colour, black stays.
+// The colour of a pixel under a highlighter: white becomes the colour, black stays.
 uint32_t tinted(uint32_t pixel, const Colour& colour);
 
-// Lays a colour over columns [left, right) of rows [top, bottom), or what of
-// them lies on the surface.
+// Tints columns [left, right) of rows [top, bottom), as far as they lie on the surface.
 void tint(const Surface& surface, int64_t left, int64_t top, int64_t right, int64_t bottom,
           const Colour& colour);
 

@@ -15,7 +15,7 @@ unsigned byteAt(std::string_view bytes, size_t i) {
     return static_cast<unsigned char>(bytes[i]);
 }
 
-// Length of the valid UTF-8 sequence at i, 0 when there is none.
+// Length of the valid UTF-8 sequence at i; 0 when there is none.
 size_t utf8Length(std::string_view bytes, size_t i) {
     const unsigned first = byteAt(bytes, i);
     if (first < 0x80)
@@ -47,8 +47,8 @@ bool isUtf8(std::string_view bytes) {
     return true;
 }
 
-// At least a tenth of the units are below 256 in one byte order, and not one
-// is so in the other, where their zero bytes would be the low ones.
+// Whether at least a tenth of the units are below 256 in the given byte order
+// and none is in the other, where the zero bytes would be the low ones.
 bool looksLikeUtf16(std::string_view bytes, size_t highByte) {
     if (bytes.size() < 2 || bytes.size() % 2 != 0)
         return false;
@@ -102,8 +102,8 @@ std::string fromUtf16(std::string_view bytes, size_t highByte) {
 }
 
 std::string fromWindows1252(std::string_view bytes) {
-    // 0x80 to 0x9F; the rest is Latin-1. The five codes without a character
-    // stay the control characters of their number.
+    // Characters of 0x80 to 0x9F; the rest is Latin-1. The five undefined codes
+    // stay the control characters with the same number.
     static constexpr std::array<char16_t, 32> HIGH = {
         0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
         0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
@@ -124,7 +124,8 @@ TextEncoding detectTextEncoding(std::string_view bytes) {
         return TextEncoding::Utf16LittleEndian;
     if (bytes.starts_with("\xFE\xFF"))
         return TextEncoding::Utf16BigEndian;
-    // Western UTF-16 is valid UTF-8 too, with a zero in every other place.
+    // UTF-16 of Western text is also valid UTF-8, with every second byte zero,
+    // so it is tested first.
     if (looksLikeUtf16(bytes, 1))
         return TextEncoding::Utf16LittleEndian;
     if (looksLikeUtf16(bytes, 0))

@@ -6,16 +6,16 @@
 
 namespace lectern::engine {
 
-// What a plain text's bytes are written in.
+// The encoding of a plain text.
 enum class TextEncoding { Utf8, Utf16LittleEndian, Utf16BigEndian, Windows1252 };
 
-// By the byte order mark; without one, by validity (UTF-8) and by where the
-// zero bytes of Western text lie (UTF-16). Everything else counts as Windows
-// Western European.
+// Detects the encoding by the byte order mark, or else by validity (UTF-8) and
+// by the positions of zero bytes in Western text (UTF-16). Any other text
+// counts as Windows-1252.
 TextEncoding detectTextEncoding(std::string_view bytes);
 
-// The text in UTF-8, without a byte order mark. What cannot be decoded becomes
-// U+FFFD.
+// Converts a text to UTF-8 without a byte order mark. Bytes that cannot be
+// decoded become U+FFFD.
 std::string toUtf8(std::string_view bytes, TextEncoding encoding);
 
 } // namespace lectern::engine

@@ -9,7 +9,7 @@
 
 namespace lectern::engine {
 
-// Stands between two paragraphs of a text.
+// Separates the paragraphs of a text.
 constexpr char16_t PARAGRAPH_SEPARATOR = u'\u2029';
 
 // Characters [start, end) of the body text.
@@ -21,19 +21,19 @@ struct CharacterRange {
     friend bool operator==(const CharacterRange&, const CharacterRange&) = default;
 };
 
-// A hit inside the stretch: where it starts, and a rectangle for each line.
+// A hit inside the stretch: its start, and a rectangle for each of its lines.
 struct FoundRegion {
     uint32_t position = 0;
     std::vector<PixelRect> rectangles;
 };
 
-// What lies under a point. The types are those of wtg_click_info.
+// The object at a point. The types are those of wtg_click_info.
 struct ClickTarget {
     enum Type : int32_t { Nothing = 0, Footnote = 2, Endnote = 3, Comment = 4, Hyperlink = 6, Internal = 7 };
 
     int32_t type = Nothing;
     std::u16string address; // of a hyperlink
-    uint32_t value = 0;     // a note's number in the document, an internal link's position
+    uint32_t value = 0;     // a note's number in the document, or an internal link's position
 };
 
 } // namespace lectern::engine

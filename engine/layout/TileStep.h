@@ -8,14 +8,14 @@ namespace lectern::engine {
 
 constexpr int64_t TWIPS_PER_INCH = 1440;
 
-// The suite takes a tile's scale from the ratio of its pixels to its twips, and
-// rounds to pixels from the tile's corner. Both come out the same for every tile
-// only when tiles begin and end on whole twips: every so many pixels.
+// Number of pixels after which tile edges fall on whole twips. The suite derives
+// a tile's scale from its pixels and twips and rounds from the tile's corner;
+// both are equal for all tiles only when tiles start and end on such pixels.
 inline int64_t tileStep(int32_t dpi) {
     return dpi / std::gcd(int64_t{dpi}, TWIPS_PER_INCH);
 }
 
-// Twips of so many pixels, a multiple of the step.
+// Converts a number of pixels that is a multiple of the step to twips.
 inline int64_t tileTwips(int64_t pixels, int32_t dpi) {
     const int64_t step = tileStep(dpi);
     return pixels / step * (TWIPS_PER_INCH * step / dpi);

@@ -15,7 +15,7 @@ struct Stretch {
     int32_t value;
 };
 
-// "value:last value:last ..."
+// Parses "value:last value:last ...".
 std::vector<Stretch> readSizes(const std::string& text) {
     std::vector<Stretch> stretches;
     std::istringstream in(text);
@@ -25,7 +25,7 @@ std::vector<Stretch> readSizes(const std::string& text) {
     return stretches;
 }
 
-// "state:last last ..."
+// Parses "state:last last ...".
 std::vector<Stretch> readStates(const std::string& text) {
     std::vector<Stretch> stretches;
     std::istringstream in(text);
@@ -36,7 +36,8 @@ std::vector<Stretch> readStates(const std::string& text) {
     return stretches;
 }
 
-// In this very order, so that the last bit comes out as the suite's.
+// The order of the operations matters: the result must equal the suite's to the
+// last bit.
 double pixelsPerTwip(int32_t dpi) {
     return 96.0 / static_cast<double>(TWIPS_PER_INCH) * (dpi / 96.0);
 }
@@ -89,7 +90,7 @@ int64_t Tracks::position(int32_t track) const {
 }
 
 int32_t Tracks::trackAmongAll(int64_t pixel) const {
-    // Of the runs that start there, the last one is what has pixels.
+    // Of several runs that start at the same pixel, only the last has a size.
     auto run = std::upper_bound(mRuns.begin(), mRuns.end(), pixel,
                                 [](int64_t wanted, const Run& next) { return wanted < next.start; });
     run = run == mRuns.begin() ? run : std::prev(run);

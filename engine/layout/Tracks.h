@@ -9,49 +9,51 @@ namespace lectern::engine {
 
 enum class Axis { Columns, Rows };
 
-// The columns of a sheet, or its rows, and where the suite draws them.
+// The columns or the rows of a sheet and the pixels at which the suite draws
+// them.
 //
-// The suite gives each track a whole number of pixels, its twips scaled and cut
-// off, and lays track beside track. So places are sums of cut-off sizes, never
-// scaled sums of sizes, and agree with the drawn lines at any distance. Tracks
-// of one size stand together as a run, so that a million rows cost nothing.
+// The suite scales each track's size to pixels, cuts it off to a whole number,
+// and places track after track. So positions are sums of cut-off sizes, not
+// scaled sums, and match the drawn lines at any distance. Tracks of equal size
+// are stored as one run, so that a million rows take little memory.
 class Tracks {
 public:
     Tracks() = default;
-    // sizes: "twips:last ...", each for the tracks after the one before up to
-    // `last`. hidden: "state:last last ...", the first run's state (1 is
-    // hidden), which every next run turns round.
+    // Parses the suite's description. sizes: "twips:last ...", each for the
+    // tracks up to `last` that follow the previous entry. hidden: "state:last
+    // last ...", the state of the first run (1 is hidden); the state alternates
+    // from run to run.
     Tracks(const std::string& sizes, const std::string& hidden);
 
-    // Pixels at a resolution from now on.
+    // Sets the resolution of all pixel values.
     void setDpi(int32_t dpi);
-    // How many belong to the sheet; places behind them are none.
+    // Sets the number of tracks that belong to the sheet.
     void setCount(int32_t count) { mCount = count; }
     int32_t count() const { return mCount; }
 
-    // The first pixel of a track, 0 <= track <= count(); hidden ones have no
-    // pixels.
+    // The first pixel of a track. Hidden tracks have no pixels. REQUIRES: 0 <=
+    // track <= count().
     int64_t position(int32_t track) const;
     int64_t size(int32_t track) const { return position(track + 1) - position(track); }
     int64_t total() const { return position(mCount); }
-    // The track that a pixel belongs to, a visible one if there is any: the
-    // first or the last of them for a pixel outside.
+    // The track at a pixel, a visible one if there is any. Pixels outside
+    // belong to the first or the last visible track.
     int32_t trackAt(int64_t pixel) const;
-    // Among all tracks that there are, up to how many would fill so many pixels.
+    // Number of tracks needed to fill `pixels`, not limited by count().
     int32_t countUpTo(int64_t pixels) const;
 
     int32_t twips(int32_t track) const;
-    // The pixel where what lies at a place is painted that is given in twips and
-    // without any rounding, and how far into that pixel.
+    // The pixel, with its fraction, at which the suite paints an object at
+    // `place`, an unrounded position in twips.
     double paintedAt(double place, int32_t dpi) const;
     bool isHidden(int32_t track) const;
     int32_t visibleIn(int32_t first, int32_t last) const;
-    // A stretch takes in the hidden tracks right before its first one, true
-    // when there are any, or those right behind its last.
+    // Extends a range of tracks by the hidden tracks directly before its first one,
+    // returning whether there are any, or by those directly after its last one.
     bool widenOverHiddenBefore(int32_t& first) const;
     void widenOverHiddenBehind(int32_t& last) const;
 
-    // The least twips that give so many pixels.
+    // The least size in twips that results in `pixels`.
     static int32_t twipsFor(int64_t pixels, int32_t dpi);
 
 private:
@@ -60,17 +62,17 @@ private:
         int32_t last;
         int32_t twips;
         bool hidden;
-        int64_t twipsBefore; // of all visible tracks before
-        int64_t pixels = 0;  // of each
-        int64_t start = 0;   // of the first
+        int64_t twipsBefore; // sum of all visible tracks before the run
+        int64_t pixels = 0;  // of each track
+        int64_t start = 0;   // first pixel of the run
     };
     const Run& runOf(int32_t track) const;
-    // The last run that begins before a place in twips, the first if none does:
-    // a track's end is not yet the next one's beginning.
+    // The last run that begins before a position in twips, or else the first
+    // run. The end of a track does not count as the start of the next.
     const Run& runBefore(double place) const;
     int32_t trackAmongAll(int64_t pixel) const;
 
-    std::vector<Run> mRuns; // without gaps, by track
+    std::vector<Run> mRuns; // without gaps, in track order
     int32_t mCount = 0;
 };
 

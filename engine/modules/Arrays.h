@@ -12,7 +12,7 @@
 
 namespace lectern::engine {
 
-// The numbers or units of an array that an engine sent; valid as long as it is.
+// The elements of an array that an engine sent. Valid as long as `array` lives.
 template<class Element>
 std::span<const Element> elementsOf(GVariant* array) {
     gsize count = 0;
@@ -20,7 +20,7 @@ std::span<const Element> elementsOf(GVariant* array) {
     return {static_cast<const Element*>(elements), count};
 }
 
-// Four numbers make a rectangle; what is left over is none.
+// Converts each four numbers to a rectangle; ignores a remainder.
 inline std::vector<module_rect> rectanglesOf(GVariant* array) {
     const std::span<const std::int32_t> numbers = elementsOf<std::int32_t>(array);
     std::vector<module_rect> rectangles;
@@ -31,7 +31,7 @@ inline std::vector<module_rect> rectanglesOf(GVariant* array) {
     return rectangles;
 }
 
-// Zero-terminated units, as modules give and take texts.
+// Packs a zero-terminated UTF-16 text, as the modules' callers pass it.
 inline GVariant* unitsOf(const std::uint16_t* text) {
     std::size_t length = 0;
     while (text[length] != 0) {

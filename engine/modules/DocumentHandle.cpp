@@ -30,7 +30,7 @@ std::int32_t open(const std::string& path, const std::string& password, const st
         return result;
     }
     result = load(*engine, deadline, file, password);
-    // Only now, so that it does not slow down the open that waits.
+    // After the open, so that the spare's start does not slow it down.
     Supervisor::instance().prepareSpare(settings, limits.open);
     if (result == MODULE_OK) {
         handle.engine = std::move(engine);

@@ -16,8 +16,7 @@
 
 namespace lectern::engine {
 
-// What every module's document handle points to, beside what is its own.
-// Guarded by its mutex.
+// The common part of all modules' document handles. Guarded by its mutex.
 struct DocumentHandle {
     std::mutex mutex;
     std::unique_ptr<Engine> engine;
@@ -26,7 +25,7 @@ struct DocumentHandle {
     TimePoint deadline() const { return Clock::now() + callLimit; }
 };
 
-// Runs one module function on a document, alone.
+// Runs one module function on a document; the mutex keeps others out.
 template<class Handle, class Operation>
 std::int32_t onHandle(void* doc, Operation operation) {
     if (doc == nullptr) {
@@ -39,20 +38,20 @@ std::int32_t onHandle(void* doc, Operation operation) {
     });
 }
 
-// Asks an engine to open a file, by the interface of the document's kind; gives
-// a module_result code.
+// Opens a file in an engine through the interface of the document's kind;
+// returns a module_result code.
 using LoadInEngine = std::function<std::int32_t(Engine&, TimePoint deadline, const DocumentFile&,
                                                 const std::string& password)>;
 
-// The work of a module's open function: looks at the file, takes an engine,
-// loads. The texts are the function's own. On success the handle has its
-// engine and limit.
+// Implements a module's open function: checks the file, takes an engine, loads
+// the file. The texts are that function's arguments. On success sets the
+// handle's engine and time limit.
 [[nodiscard]] LECTERN_ENGINE_EXPORT std::int32_t
 openInEngine(const std::uint16_t* path, const std::uint16_t* password, const std::uint16_t* temporaryFolder,
              const LoadInEngine& load, DocumentHandle& handle);
 
-// Makes a handle of a module's kind for an opened document; *doc stays null
-// when it cannot be opened.
+// Creates a module's handle for an opened document; *doc stays null when the
+// file cannot be opened.
 template<class Handle>
 std::int32_t openDocument(const std::uint16_t* path, const std::uint16_t* password,
                           const std::uint16_t* temporaryFolder, const LoadInEngine& load, void** doc) {
@@ -80,10 +79,10 @@ std::int32_t closeDocument(void** doc) {
     return MODULE_OK;
 }
 
-// The engine gives memory that is not in use back to the system.
+// Makes the engine return unused memory to the system.
 LECTERN_ENGINE_EXPORT std::int32_t releaseEngineMemory(DocumentHandle& handle);
 
-// What every module says of itself, as a text call.
+// Delivers the version, the same for all modules, through a text call.
 LECTERN_ENGINE_EXPORT std::int32_t deliverVersion(std::uint16_t* text, std::int32_t capacity,
                                                   std::int32_t* length);
 

@@ -13,8 +13,8 @@
 
 namespace lectern::engine {
 
-// One typed call of an interface of the handle's engine, `method` the generated
-// function for it. Its outputs are written whenever it was answered.
+// Makes one typed call to an interface of the handle's engine; `method` is the
+// generated function. The outputs are written whenever the engine answered.
 template<class Interface, class Method, class... Inputs, class... Outputs>
 std::int32_t callInterface(DocumentHandle& handle, Interface* interface, Method method,
                            const std::tuple<Inputs...>& inputs, Outputs*... outputs) {
@@ -30,8 +30,8 @@ std::int32_t callInterface(DocumentHandle& handle, Interface* interface, Method 
     return sent != MODULE_OK ? sent : result;
 }
 
-// Makes a surface and gives the handle's engine its memory; `send` is the typed
-// call for that. With anything but MODULE_OK the surface is null or of no use.
+// Creates a surface and sends its memory to the handle's engine by the typed call
+// `send`. Unless the result is MODULE_OK, the surface is null or must not be used.
 template<class Send>
 std::int32_t offerSurface(DocumentHandle& handle, std::int32_t width, std::int32_t height,
                           std::unique_ptr<SharedSurface>& surface, Send send) {

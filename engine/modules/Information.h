@@ -11,7 +11,7 @@
 
 namespace lectern::engine {
 
-// What a document says of itself: one answer of its engine has it all.
+// The document's information, which the engine sends in one answer.
 struct Information {
     Information() = default;
     ~Information() {
@@ -31,8 +31,8 @@ struct Information {
     gint64 lastSaved = 0;
 };
 
-// The getters of one kind of documents; Method is the generated function that
-// asks for the answer.
+// The property getters of one kind of document; Method is the generated
+// function that requests the information.
 template<class Handle, auto Method>
 struct InformationOf {
     static std::int32_t text(void* doc, std::uint16_t* text, std::int32_t capacityBytes, std::int32_t* length,

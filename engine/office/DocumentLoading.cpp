@@ -26,12 +26,13 @@ using css::uno::UNO_QUERY;
 
 namespace {
 
-// Without Batch a damaged file may raise a dialog, which nobody would close.
-// The others override the profile, which a load would else reset.
+// Without Batch a damaged file may open a dialog that nobody can close. The
+// other two options repeat settings of the profile, which a load would
+// otherwise reset.
 constexpr char LOAD_OPTIONS[] = "Batch=true,MacroSecurityLevel=3,EnableMacrosExecution=false";
 
-// Answers the suite's questions for a password while a load runs. It asks again
-// after a wrong one; the second question ends the load.
+// Answers the suite's password requests during a load. The suite asks again
+// after a wrong password; the second request ends the load.
 class PasswordPrompt {
 public:
     PasswordPrompt(lok::Office& suite, const std::string& url, const std::string& password)
@@ -49,8 +50,8 @@ private:
         static_cast<PasswordPrompt*>(self)->answer(type);
     }
 
-    // The answer is filed under the URL of the load. The payload is no
-    // substitute: for some formats it is only the file's name.
+    // The suite looks the answer up by the URL of the load. The callback's payload
+    // cannot be used instead: for some formats it is only the file's name.
     void answer(int type) {
         if (type == LOK_CALLBACK_DOCUMENT_PASSWORD) {
             const bool firstTime = mQuestions++ == 0;
@@ -67,8 +68,8 @@ private:
     int mQuestions = 0;
 };
 
-// A UTF-8 copy of a plain text in another encoding; none for other files. The
-// file goes with this object.
+// A temporary UTF-8 copy of a plain-text file in another encoding; not made for
+// other files. The destructor removes the copy.
 class Utf8Copy {
 public:
     Utf8Copy(const std::string& path, const std::string& directory) {
@@ -89,8 +90,8 @@ public:
     Utf8Copy(const Utf8Copy&) = delete;
     Utf8Copy& operator=(const Utf8Copy&) = delete;
 
-    // Empty when no copy is needed, or none could be written: then the text is
-    // read as it is.
+    // Empty when no copy is needed or none could be written. In the second case
+    // the suite reads the original as it is.
     const std::string& path() const { return mPath; }
 
 private:
@@ -118,7 +119,7 @@ std::vector<Reference<css::frame::XModel>> openModels(const Office::Private& off
     return models;
 }
 
-// The model that has come since `before`.
+// The open model that is not in `before`; null when there is none.
 Reference<css::frame::XModel> newModel(const Office::Private& office,
                                        const std::vector<Reference<css::frame::XModel>>& before) {
     for (const auto& model : openModels(office)) {
@@ -128,8 +129,8 @@ Reference<css::frame::XModel> newModel(const Office::Private& office,
     return {};
 }
 
-// The suite reads whatever it cannot make out as plain text. Text under a .doc
-// name is welcome, a broken container is not.
+// The suite reads a file that it cannot identify as plain text. That is accepted
+// for plain text with the extension .doc, but not for a damaged container.
 bool isBrokenContainer(const Reference<css::frame::XModel>& model, const std::string& path) {
     const css::uno::Sequence<css::beans::PropertyValue> arguments = model->getArgs();
     const bool readAsText = std::any_of(arguments.begin(), arguments.end(), [](const auto& argument) {
@@ -151,7 +152,8 @@ int32_t load(const Office::Private& office, const std::string& url, LoadedModel&
     return loaded.model.is() ? MODULE_OK : MODULE_FAILED;
 }
 
-// What a loaded model must be to be a text.
+// Fills `opened` if the loaded model is a text document; otherwise returns
+// MODULE_WRONG_KIND.
 int32_t openAsText(LoadedModel loaded, OpenedDocument& opened) {
     const Reference<css::text::XTextDocument> text(loaded.model, UNO_QUERY);
     if (!text.is())

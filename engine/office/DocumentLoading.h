@@ -11,31 +11,31 @@
 
 namespace lectern::engine {
 
-// A document of any kind as it comes from its file.
+// A loaded document of any kind.
 struct LoadedModel {
     std::unique_ptr<lok::Document> painter;
     css::uno::Reference<css::frame::XModel> model;
 };
 
-// Loads a document. An empty password is none. temporaryDirectory is for a copy
-// of a text in another encoding. A module_result code; on failure `model` is
-// untouched.
+// Loads a document. An empty password means no password. `temporaryDirectory`
+// receives the copy of a text in another encoding. Returns a module_result
+// code; on failure `model` is not changed.
 int32_t loadModel(Office::Private& office, const std::string& path, const std::string& password,
                   const std::string& temporaryDirectory, LoadedModel& model);
 
-// One text, seen from both sides: what paints and takes points, and the
-// model that is changed and asked.
+// One text document through two interfaces: one paints it and takes points, the
+// other changes and reads the model.
 struct OpenedDocument {
     std::unique_ptr<lok::Document> painter;
     css::uno::Reference<css::text::XTextDocument> model;
 };
 
 // Loads a word-processing document, as loadModel does. The model's controllers
-// come back locked, so that the pages it was written for are never laid out.
+// are returned locked, so that its original pages are never laid out.
 int32_t loadDocument(Office::Private& office, const std::string& path, const std::string& password,
                      const std::string& temporaryDirectory, OpenedDocument& opened);
 
-// Makes an empty document, as loadDocument would load one.
+// Creates an empty document in the state that loadDocument returns.
 int32_t newDocument(Office::Private& office, OpenedDocument& opened);
 
 } // namespace lectern::engine

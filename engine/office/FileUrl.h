@@ -5,8 +5,8 @@
 
 namespace lectern::engine {
 
-// The file: URL of an absolute path; every byte that is not plain in a URL is
-// percent-encoded.
+// Returns the file: URL of an absolute path. Every byte that is reserved in a
+// URL or not ASCII is percent-encoded.
 std::string fileUrl(const std::string& path);
 
 } // namespace lectern::engine

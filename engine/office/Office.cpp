@@ -14,9 +14,9 @@ namespace lectern::engine {
 
 namespace {
 
-// Without its player of sound and film the suite does not wait for one to tell
-// how large a film is: 10 s for each where there are no devices, or for ever, or
-// until a library of the player's brings the process down.
+// Removes the suite's media player. With it, the suite waits for the player to
+// report the size of each film: 10 s per film on machines without sound and video
+// devices, sometimes for ever, and some of the player's libraries crash the process.
 void removeMediaPlayer(const css::uno::Reference<css::uno::XComponentContext>& context) {
     const css::uno::Reference<css::container::XSet> services(context->getServiceManager(),
                                                              css::uno::UNO_QUERY);
@@ -24,7 +24,7 @@ void removeMediaPlayer(const css::uno::Reference<css::uno::XComponentContext>& c
         if (services.is())
             services->remove(css::uno::Any(OUString("com.sun.star.comp.media.Manager_GStreamer")));
     } catch (const css::uno::Exception&) {
-        // This suite has none.
+        // This suite was built without a media player.
     }
 }
 
@@ -33,7 +33,7 @@ void removeMediaPlayer(const css::uno::Reference<css::uno::XComponentContext>& c
 std::unique_ptr<Office> Office::start(const std::string& profileDirectory) {
     if (!writeProfile(profileDirectory))
         return nullptr;
-    // The suite takes file names in the locale's encoding; paths here are UTF-8.
+    // The suite decodes file names in the locale's encoding; paths here are UTF-8.
     setenv("LC_ALL", "C.UTF-8", 1);
     lok::Office* const suite = lok::lok_cpp_init(LECTERN_OFFICE_PROGRAM, fileUrl(profileDirectory).c_str());
     if (suite == nullptr) {

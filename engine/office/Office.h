@@ -6,18 +6,18 @@
 
 namespace lectern::engine {
 
-// The office suite inside this process. One for a process, made once.
+// The office suite inside this process. Create at most one per process.
 class Office {
 public:
-    // Initialises the suite with a profile of its own in profileDirectory
-    // (absolute, made when missing). Null when that fails; the reason goes to
-    // standard error.
+    // Initialises the suite with its own profile in `profileDirectory`, an
+    // absolute path that is created when missing. Returns null on failure and
+    // writes the reason to standard error.
     static std::unique_ptr<Office> start(const std::string& profileDirectory);
     ~Office();
     Office(const Office&) = delete;
     Office& operator=(const Office&) = delete;
 
-    // What an implementation keeps; only this folder knows it.
+    // The implementation's data, defined for this folder only.
     struct Private;
     Private& d() { return *mPrivate; }
 

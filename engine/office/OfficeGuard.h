@@ -9,7 +9,8 @@
 
 namespace lectern::engine {
 
-// The suite reports by exceptions; here they end.
+// Runs work that may throw. An exception is written to standard error and
+// becomes MODULE_FAILED.
 template<class Work>
 int32_t guarded(Work work) noexcept {
     try {

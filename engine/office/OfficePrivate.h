@@ -9,8 +9,8 @@
 namespace lectern::engine {
 
 struct Office::Private {
-    // Lives as long as the process: the suite cannot be taken down reliably, so
-    // the process ends with _exit and nobody deletes this.
+    // Lives as long as the process: the suite cannot be shut down reliably, so
+    // the process ends with _exit and nothing deletes this.
     lok::Office* suite;
     css::uno::Reference<css::uno::XComponentContext> context;
 };

@@ -16,30 +16,31 @@ struct Setting {
 };
 
 constexpr Setting SETTINGS[] = {
-    // No lock files beside documents. A foreign one would open the document
-    // read-only, where changes of its layout silently do nothing.
+    // No lock files beside documents. With another program's lock file the suite
+    // would open the document read-only and silently ignore changes of its layout.
     {"Office.Common/Misc", "UseLocking", "false"},
     {"Office.Common/Misc", "UseDocumentOOoLockFile", "false"},
     {"Office.Common/Misc", "UseDocumentSystemFileLocking", "false"},
-    // Macros never run, and nothing a document refers to is fetched.
+    // Macros never run, and nothing that a document links to is fetched.
     {"Office.Common/Security/Scripting", "MacroSecurityLevel", "3"},
     {"Office.Common/Security/Scripting", "DisableMacrosExecution", "true"},
     {"Office.Common/Security/Scripting", "BlockUntrustedRefererLinks", "true"},
     {"Office.Writer/Content/Update", "Link", "0"},
     {"Office.Calc/Content/Update", "Link", "2"},
-    // A table of contents is not shaded: that is for those who edit it.
+    // Tables of contents are not shaded; the shading is a help for editing.
     {"Office.UI/ColorScheme/ColorSchemes/org.openoffice.Office.UI:ColorScheme['LibreOffice']/"
      "WriterIdxShadings",
      "IsVisible", "false"},
-    // No waves under words that a dictionary lacks.
+    // Words that a dictionary lacks are not underlined.
     {"Office.Linguistic/SpellChecking", "IsSpellAuto", "false"},
-    // Nothing is kept for a next session, for there is none.
+    // Nothing is saved for a next session, because there is none.
     {"Office.Recovery/AutoSave", "Enabled", "false"},
     {"Office.Recovery/RecoveryInfo", "Enabled", "false"},
     {"Office.Common/History", "PickListSize", "0"},
     {"Office.Common/Misc", "CrashReport", "false"},
-    // No greeting of a first start, and no test of its graphics, which the suite
-    // makes when it is newer than it was last: that takes as long as all the rest.
+    // No first-start greeting and no test of the graphics hardware. The suite
+    // runs that test when its version is newer than the last one started, and
+    // it takes as long as the rest of the start.
     {"Setup/Product", "ooSetupLastVersion", "999.0"},
     {"Setup/Office", "ooSetupInstCompleted", "true"},
     {"Office.Common/Misc", "FirstRun", "false"},

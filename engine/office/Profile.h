@@ -5,8 +5,9 @@
 
 namespace lectern::engine {
 
-// Writes the settings of a throwaway user profile into an absolute directory,
-// made when missing. False, with the reason on standard error, when it cannot.
+// Writes the settings of a temporary user profile into `directory`, an absolute
+// path that is created when missing. Returns false on failure and writes the
+// reason to standard error.
 bool writeProfile(const std::string& directory);
 
 } // namespace lectern::engine

@@ -25,7 +25,8 @@ int64_t toUnixTime(const css::util::DateTime& time) {
     calendar.tm_hour = time.Hours;
     calendar.tm_min = time.Minutes;
     calendar.tm_sec = time.Seconds;
-    // Files keep UTC, and it comes as it is; that IsUTC is not set says nothing.
+    // Files store UTC and the suite passes it on unchanged, although it leaves
+    // IsUTC unset.
     return timegm(&calendar);
 }
 

@@ -10,7 +10,7 @@ namespace lectern::engine {
 css::uno::Reference<css::document::XDocumentProperties>
 documentProperties(const css::uno::Reference<css::uno::XInterface>& model);
 
-// Seconds since 1970 in UTC, 0 when unset.
+// Returns seconds since 1970 in UTC, 0 for an unset time.
 int64_t toUnixTime(const css::util::DateTime& time);
 
 } // namespace lectern::engine

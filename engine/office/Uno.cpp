@@ -10,8 +10,8 @@ using css::uno::Reference;
 using css::uno::UNO_QUERY;
 
 Reference<css::uno::XComponentContext> processContext() {
-    // comphelper::getProcessComponentContext(): no header offers it, yet it is
-    // the only way to the components of a suite started as a library.
+    // comphelper::getProcessComponentContext(). No header declares it, but it is the
+    // only way to reach the components of a suite that was started as a library.
     using ContextGetter = Reference<css::uno::XComponentContext> (*)();
     void* library = dlopen(LECTERN_OFFICE_PROGRAM "/libmergedlo.so", RTLD_NOW | RTLD_NOLOAD);
     if (library == nullptr)

@@ -17,12 +17,12 @@ using rtl::OUString;
 // suite does not export it.
 css::uno::Reference<css::uno::XComponentContext> processContext();
 
-// The object's property set, asked for once when several are read or written.
+// The object's property set. Query it once when several properties are read or written.
 css::uno::Reference<css::beans::XPropertySet>
 propertiesOf(const css::uno::Reference<css::uno::XInterface>& object);
 
-// Documents come with objects that lack some property or refuse a value. What
-// reads or writes them here goes on without: false, or the fallback.
+// Objects in documents may lack a property or refuse a value. These functions
+// do not fail then: they return false or the fallback.
 bool setAnyProperty(const css::uno::Reference<css::beans::XPropertySet>& properties, const char* name,
                     const css::uno::Any& value) noexcept;
 css::uno::Any anyProperty(const css::uno::Reference<css::beans::XPropertySet>& properties,
@@ -43,12 +43,12 @@ T property(const css::uno::Reference<css::beans::XPropertySet>& properties, cons
 
 std::u16string toText(const OUString& text);
 
-// The name of the class behind an object, empty when it does not tell.
+// The name of the object's class; empty when the object does not report one.
 OUString implementationName(const css::uno::Reference<css::uno::XInterface>& object);
 
-// The suite measures positions and sizes in twips (1440 to the inch), its
-// component interfaces in 1/100 mm. Both are rounded, in 64 bits: heights here
-// come near the end of 32.
+// Unit conversions. The suite measures positions and sizes in twips (1440 per
+// inch), its component interfaces in 1/100 mm. Results are rounded and have 64
+// bits, because heights come close to the 32-bit limit.
 inline int64_t twipsFromHundredthMm(int64_t length) {
     const int64_t half = length < 0 ? -63 : 63;
     return (length * 72 + half) / 127;

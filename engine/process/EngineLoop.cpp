@@ -37,7 +37,7 @@ GDBusConnection* connectTo(int socket) {
     return connection;
 }
 
-// The process itself: the suite, and the document services that use it.
+// State of the process: the suite, and the endpoints that use it.
 struct EngineState {
     std::string folder;
     bool confined;

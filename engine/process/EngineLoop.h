@@ -5,10 +5,10 @@
 
 namespace lectern::engine {
 
-// Serves the calls that come over the socket (taken over) in this thread, for
-// ever: the lifeline ends the process with the connection. Returns when there
-// is no connection to begin with. `folder` holds the suite's profile and
-// temporary files; `confined` is told to the service.
+// Takes ownership of the socket and serves its calls in this thread. Returns
+// only when the connection cannot be made; later the lifeline ends the process
+// with the connection. `folder` holds the suite's profile and temporary files.
+// `confined` is reported to the service.
 void runEngine(int socket, const std::string& folder, bool confined);
 
 } // namespace lectern::engine

@@ -33,7 +33,7 @@ void waitForHangUp(const FileDescriptor& socket) {
 } // namespace
 
 void startLifeline(int socket, const std::string& folder) {
-    // Its own descriptor: the connection closes the other one when it fails.
+    // A duplicate, because the connection closes its descriptor when it fails.
     FileDescriptor own(fcntl(socket, F_DUPFD_CLOEXEC, 0));
     std::thread([own = std::move(own), folder] {
         waitForHangUp(own);

@@ -5,10 +5,10 @@
 
 namespace lectern::engine {
 
-// From now on the process ends as soon as the other end of the socket is
-// closed or shut down, whatever its other threads are doing, and empties
-// `folder` before it goes. (The folder's own entry lies outside of what a
-// confined process may change; whoever started it removes that.)
+// Starts a thread that ends the process as soon as the socket's other end is
+// closed or shut down, whatever the other threads do, and empties `folder`
+// first. The folder itself is removed by the service: a confined process may
+// not remove it.
 void startLifeline(int socket, const std::string& folder);
 
 } // namespace lectern::engine

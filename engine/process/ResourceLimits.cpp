@@ -14,13 +14,13 @@ namespace {
 
 constexpr rlim_t MEGABYTE = rlim_t{1} << 20;
 #ifdef __SANITIZE_ADDRESS__
-// Freed blocks wait in quarantine, and all memory has its shadow.
+// The sanitizer keeps freed blocks for a while and needs shadow memory.
 constexpr rlim_t MEMORY = 8192 * MEGABYTE;
 #else
 constexpr rlim_t MEMORY = 1024 * MEGABYTE;
 #endif
 constexpr rlim_t FILE_SIZE = 512 * MEGABYTE;
-// Of 1000; an ordinary program has 0.
+// Out of 1000; an ordinary program has 0.
 constexpr int OOM_SCORE = 500;
 
 void setLimit(__rlimit_resource resource, rlim_t value, const char* what) {
@@ -30,8 +30,8 @@ void setLimit(__rlimit_resource resource, rlim_t value, const char* what) {
     }
 }
 
-// Private writable memory of this process, in bytes, as RLIMIT_DATA counts it.
-// What is mapped at the start differs by orders of magnitude between builds.
+// Private writable memory of this process in bytes, as RLIMIT_DATA counts it.
+// The amount mapped at the start differs by orders of magnitude between builds.
 rlim_t dataInUse() {
     std::ifstream status("/proc/self/status");
     std::string line;

@@ -3,11 +3,11 @@
 
 namespace lectern::engine {
 
-// Bounds what this process may take from the machine: 1 GiB of memory beyond
-// what it has now, files of 512 MiB, no core dumps; and it offers itself first
-// when memory runs out. An office suite with an ordinary document takes 60 to
-// 300 MB. The shared surface is not counted: its size is the service's choice.
-// Failures go to standard error and are survived.
+// Limits this process: 1 GiB of memory beyond its current use, files of 512
+// MiB, no core dumps, and a higher score for the kernel's out-of-memory killer.
+// An office suite with an ordinary document takes 60 to 300 MB. The shared
+// surface does not count; the service chooses its size. A limit that cannot be
+// set is reported on standard error and not enforced.
 void limitResources();
 
 } // namespace lectern::engine

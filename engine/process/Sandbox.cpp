@@ -16,7 +16,7 @@
 #include <cstdint>
 #include <cstdio>
 
-// Younger than the headers of some systems.
+// Missing in the headers of older systems.
 #ifndef LANDLOCK_ACCESS_FS_REFER
 #define LANDLOCK_ACCESS_FS_REFER (1ULL << 13)
 #endif
@@ -34,7 +34,7 @@ constexpr std::uint64_t NEVER_ALLOWED = LANDLOCK_ACCESS_FS_EXECUTE | LANDLOCK_AC
                                         LANDLOCK_ACCESS_FS_MAKE_SOCK | LANDLOCK_ACCESS_FS_MAKE_FIFO |
                                         LANDLOCK_ACCESS_FS_MAKE_BLOCK;
 
-// Lets `allowed` happen at and beneath a path.
+// Allows the accesses `allowed` for a path and everything below it.
 bool allowAt(int ruleset, const char* path, std::uint64_t allowed) {
     const FileDescriptor place(open(path, O_PATH | O_CLOEXEC));
     const landlock_path_beneath_attr rule{allowed, place.get()};
@@ -60,8 +60,8 @@ Confinement restrictFiles(const std::string& folder) {
     return done ? Confinement::Complete : Confinement::Failed;
 }
 
-// A service that runs as root reads its users' documents; that is all the
-// power its engines keep.
+// A service that runs as root can read its users' documents; its engines keep
+// only that capability.
 bool dropCapabilities() {
     __user_cap_header_struct header{_LINUX_CAPABILITY_VERSION_3, 0};
     __user_cap_data_struct sets[_LINUX_CAPABILITY_U32S_3] = {};
@@ -79,8 +79,8 @@ bool dropCapabilities() {
 } // namespace
 
 Confinement enterSandbox(const std::string& folder) {
-    // Needs a privilege that most services lack; the system call filter alone
-    // keeps the network out as well.
+    // Needs a privilege that most services lack. Without it, the system call
+    // filter alone keeps the network out.
     (void)unshare(CLONE_NEWNET);
     if (!dropCapabilities() || prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0) {
         std::perror("engine: giving up privileges");

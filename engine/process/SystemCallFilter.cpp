@@ -18,7 +18,7 @@ namespace {
 // it and of the C library, so what is dangerous is named, not what is needed.
 // clang-format off
 const char* const REFUSED[] = {
-    // the network and every other socket; the one it has stays usable
+    // network and all other sockets; the existing one stays usable
     "socket", "connect", "bind", "listen", "accept", "accept4",
     // other programs
     "execve", "execveat", "fork", "vfork",
@@ -26,10 +26,10 @@ const char* const REFUSED[] = {
     "ptrace", "process_vm_readv", "process_vm_writev", "process_madvise", "process_mrelease", "pidfd_open",
     "pidfd_getfd", "pidfd_send_signal", "tkill", "rt_sigqueueinfo", "rt_tgsigqueueinfo", "kcmp", "setpriority",
     "sched_setscheduler", "sched_setattr", "ioprio_set", "migrate_pages", "move_pages",
-    // IPC objects with names of their own; the service talks to clients by them
+    // IPC objects with names of their own, by which the service talks to clients
     "shmget", "shmat", "shmctl", "msgget", "msgsnd", "msgrcv", "msgctl", "semget", "semop", "semtimedop",
     "semctl", "mq_open", "mq_unlink", "add_key", "request_key", "keyctl",
-    // what a file is, beyond its contents, which the file rules do not cover
+    // file attributes, which the file rules do not cover
     "chown", "lchown", "fchown", "fchownat", "setxattr", "lsetxattr", "fsetxattr", "removexattr",
     "lremovexattr", "fremovexattr", "truncate", "mknod", "mknodat", "open_by_handle_at",
     // the system
@@ -46,7 +46,7 @@ using Filter = std::unique_ptr<void, decltype(&seccomp_release)>;
 
 bool refuse(void* filter, const char* name, int error = EPERM) {
     const int call = seccomp_syscall_resolve_name(name);
-    // Calls that this libseccomp or this processor does not know are no danger.
+    // A call that libseccomp or this processor does not know is harmless.
     return call == __NR_SCMP_ERROR || seccomp_rule_add(filter, SCMP_ACT_ERRNO(error), call, 0) == 0;
 }
 
@@ -55,7 +55,7 @@ bool refuseWhen(void* filter, const char* name, scmp_arg_cmp condition) {
                                   &condition) == 0;
 }
 
-// libseccomp's own macros for this are not C++.
+// libseccomp's own macros for this do not compile as C++.
 constexpr scmp_arg_cmp firstArgument(scmp_compare comparison, scmp_datum_t value) {
     return {0, comparison, value, 0};
 }
@@ -67,8 +67,9 @@ bool addRules(void* filter) {
         }
     }
     const auto self = static_cast<scmp_datum_t>(getpid());
-    // clone3 hides its flags behind a pointer; the C library then uses clone,
-    // whose flags tell a thread from a process.
+    // clone3 passes its flags behind a pointer, which a filter cannot read.
+    // When it is refused, the C library uses clone, whose flags distinguish a
+    // thread from a process.
     return refuse(filter, "clone3", ENOSYS) &&
            refuseWhen(filter, "clone", firstArgument(SCMP_CMP_MASKED_EQ, CLONE_THREAD)) &&
            refuseWhen(filter, "kill", firstArgument(SCMP_CMP_NE, self)) &&

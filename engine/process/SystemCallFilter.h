@@ -3,9 +3,10 @@
 
 namespace lectern::engine {
 
-// Refuses with EPERM, for the rest of this process, the system calls that
-// reach beyond it; see Sandbox.h. False when the filter cannot be loaded; the
-// reason goes to standard error. Needs no_new_privs, and one thread.
+// Makes the system calls that reach beyond this process fail with EPERM from
+// now on; see Sandbox.h. Returns false when the filter cannot be loaded and
+// writes the reason to standard error. REQUIRES: no_new_privs is set, and the
+// process has one thread.
 [[nodiscard]] bool loadSystemCallFilter();
 
 } // namespace lectern::engine

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// lectern-engine: opens one document and paints it for the service that
-// started this process. Confined before it touches anything of the document.
+// lectern-engine: opens one document and paints it for the service that started
+// this process. Confines itself before it touches the document.
 
 #include "engine/process/EngineLoop.h"
 #include "engine/process/Lifeline.h"

@@ -8,8 +8,9 @@
 
 namespace lectern::engine {
 
-// Runs an operation at a border that exceptions must not cross, the office
-// suite's or the module's C functions, and gives its result code.
+// Runs an operation that must not let exceptions escape, because its caller is
+// the office suite or C code. Returns its result code, MODULE_TOO_LARGE when
+// memory ran out, or MODULE_FAILED after any other exception.
 template<class Operation>
 std::int32_t guarded(Operation operation) {
     try {

@@ -3,10 +3,10 @@
 
 namespace lectern::engine {
 
-// The file descriptors that an engine process is started with, beside the
-// standard three. Its only argument is the path of its temporary folder.
+// The file descriptors that an engine process inherits besides the standard
+// three. Its only argument is the path of its temporary folder.
 constexpr int ENGINE_SOCKET = 3; // stream socket, the other end is the service's
-constexpr int ENGINE_FOLDER = 4; // the temporary folder, locked while anyone holds it
+constexpr int ENGINE_FOLDER = 4; // the temporary folder, locked while any process holds it
 
 // Object paths of the interfaces in process.xml, word.xml, sheet.xml and slide.xml.
 constexpr const char* PROCESS_PATH = "/process";

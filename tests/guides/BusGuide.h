@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What docs/bus.md says of the methods.
+// The method descriptions of docs/bus.md.
 #pragma once
 
 #include <string>
@@ -8,16 +8,16 @@
 struct GuideMethod {
     std::string category; // "/common"
     std::string name;
-    std::vector<std::string> required; // parameters, in the order of the checks
+    std::vector<std::string> required; // parameters, in the order in which they are checked
     std::vector<std::string> optional;
-    std::string missing; // as it stands there: what is answered without a parameter
-    std::string reply;   // an example, in JSON; empty for methods that never answer
-    std::string paint;   // "before" or "after" the reply; else there is none
+    std::string missing; // the document's text for an error reply to a missing parameter
+    std::string reply;   // an example, in JSON; empty for methods that never reply
+    std::string paint;   // "before" or "after" the reply; empty without a paint
 
-    // The text for a missing parameter, by its place in `required`.
+    // The error text for a missing parameter; `parameter` is an index into `required`.
     std::string missingText(size_t parameter) const;
 };
 
 std::vector<GuideMethod> busGuide();
-// The commands for a shell, in order.
+// The document's shell commands, in order.
 std::vector<std::string> busGuideCommands();

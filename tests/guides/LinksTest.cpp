@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the documents point to is there.
+// The links in the documents have targets.
 #include "tests/guides/Markdown.h"
 
 #include <gtest/gtest.h>
@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 
 const fs::path ROOT = LECTERN_SOURCE_DIR;
 
-// From the top of the source tree.
+// Paths from the top of the source tree.
 std::set<std::string> documents() {
     std::set<std::string> names = {"README.md"};
     for (const auto& entry : fs::directory_iterator(ROOT / "docs")) {
@@ -25,14 +25,14 @@ std::set<std::string> documents() {
     return names;
 }
 
-// The same, and the pages for those who work on the source tree.
+// The documents and the pages for developers of the source tree.
 std::set<std::string> pages() {
     std::set<std::string> names = documents();
     names.insert({"CHANGELOG.md", "CONTRIBUTING.md", "tests/README.md"});
     return names;
 }
 
-// All first groups of a pattern in a text.
+// The first groups of all matches of a pattern in a text.
 std::set<std::string> matches(const std::string& text, const char* pattern) {
     const std::regex expression(pattern);
     std::set<std::string> found;

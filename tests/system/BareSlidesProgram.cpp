@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // bare_slides FILE WIDTH HEIGHT ACROSS DOWN FOLDER: writes every slide as the
-// office suite paints it by itself, without anything of ours, to FOLDER/pixels,
-// one after the other. ACROSS and DOWN are the slides' size in twips. The suite
-// leaves files in FOLDER, and does not survive an ordinary exit.
+// office suite alone paints it, without our code, to FOLDER/pixels, one after
+// the other. ACROSS and DOWN are the slides' size in twips. The suite leaves
+// files in FOLDER, and crashes at an ordinary exit.
 #include <LibreOfficeKit/LibreOfficeKit.hxx>
 #include <LibreOfficeKit/LibreOfficeKitInit.h>
 #include <unistd.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The commands of docs/bus.md, run by a shell as they stand there.
+// Runs the commands of docs/bus.md unchanged in a shell.
 #include "tests/guides/BusGuide.h"
 #include "tests/system/support/ServiceFixture.h"
 
@@ -26,7 +26,7 @@ std::string wordAfter(const std::string& text, const std::string& before) {
                              text.find(' ', start + before.size()) - start - before.size());
 }
 
-// The text in busctl's form: s "...", quotes and backslashes escaped.
+// The text as busctl prints it: s "...", with quotes and backslashes escaped.
 std::string replyText(const std::string& output) {
     std::string text;
     EXPECT_EQ(output.substr(0, 3), "s \"") << output;
@@ -44,7 +44,7 @@ Json parsed(const std::string& text) {
     return {json_tokener_parse(text.c_str()), json_object_put};
 }
 
-// The members' names and kinds, as {"list": [{"data": string}]}.
+// The names and types of the members, as in {"list": [{"data": string}]}.
 std::string shape(json_object* value) {
     if (json_object_is_type(value, json_type_array) != 0) {
         return "[" +
@@ -87,8 +87,8 @@ protected:
     }
 };
 
-// Identifiers start at 0 in a fresh namespace, and 0 is no segment: with one in
-// its place the shell's are others.
+// Segment identifiers start at 0 in a new namespace, and 0 means no segment. This
+// object holds segment 0, so that the shell's segments get other identifiers.
 class PlaceHolder {
 public:
     PlaceHolder() : mId(shmget(IPC_PRIVATE, 1, 0600)) {}

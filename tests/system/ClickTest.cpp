@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Taps through the service: links and notes as a client meets them.
+// Taps through the service: links and notes as a client sees them.
 #include "tests/system/support/Marks.h"
 #include "tests/system/support/ServiceFixture.h"
 
@@ -20,7 +20,7 @@ protected:
     std::vector<uint32_t> screen() const {
         return {document->frame(), document->frame() + WIDTH * (HEIGHT - 1)};
     }
-    // Taps the middle of the first mark of a search, `right` pixels beside it.
+    // Taps the middle of a search's first mark, moved `right` pixels.
     void tapOn(const std::string& text, int right = 0) {
         document->call("/common", "Search", ",\"search\":\"" + text + "\"");
         int x = -1;
@@ -35,7 +35,7 @@ protected:
         document->call("/common", "closeSearch");
         document->tap(x + right, y);
     }
-    // Rows of the pop-up's part of the screen that hold dark ink.
+    // Rows of the pop-up's part of the screen that contain dark pixels.
     std::vector<int> popupRows() const {
         std::vector<int> rows;
         for (int y = 40; y < HEIGHT - 40; ++y) {
@@ -93,7 +93,7 @@ TEST_F(ClickTest, ATapOnAContentsEntryLandsOnTheHeading) {
 
 TEST_F(ClickTest, ATapOnANoteMarkShowsTheNoteFromItsFirstLineToItsLast) {
     const std::vector<uint32_t> page = screen();
-    // The mark of the first note stands before this.
+    // The mark of the first note is left of this text.
     tapOn("A note1", 29);
     ASSERT_TRUE(isPopupShown());
     const std::vector<int> rows = popupRows();
@@ -108,7 +108,7 @@ TEST_F(ClickTest, ALongNoteIsScrolledToItsLastLine) {
     for (int i = 0; i < 3; ++i) {
         document->drag(150);
     }
-    document->doubleTap(5, 5); // a note of many rows
+    document->doubleTap(5, 5); // a long note
     document->call("/common", "Search", ",\"search\":\"Note 1212\"");
     int x = -1;
     int y = -1;

@@ -1,8 +1,8 @@
 /* SPDX-License-Identifier: Apache-2.0 */
 /*
- * A client on a system with 4-byte longs, where records carry a shorter type
+ * A client on a system with 4-byte longs, where the type of a record is shorter
  * in memory: client32 DOCID STORE paints a document, drags it by 300 rows and
- * pinches it to twice its size. Its own exit status says which step failed.
+ * pinches it to twice its size. Its exit status tells which step failed.
  */
 #include <sched.h>
 #include <stdint.h>
@@ -52,8 +52,8 @@ static int painted(void) {
            record.value == 0;
 }
 
-/* Paints and pen ups overtake pen moves: waits until all input was taken, and
- * forgets the notifications that come meanwhile. */
+/* Waits until all input was taken, because paints and pen ups overtake pen moves.
+ * Drops the notifications that come meanwhile. */
 static void settle(long store) {
     struct msqid_ds status;
     struct to_client record;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A service that has no file descriptor left for what it is asked for.
+// A service with no file descriptors left for a request.
 #include "tests/system/support/ServiceFixture.h"
 
 #include <sys/resource.h>
@@ -28,7 +28,7 @@ protected:
         }
         return documents;
     }
-    // Surfaces of other sizes: a zoom and back, a wide layout.
+    // Needs surfaces of other sizes: zooms in and out, and switches to the wide layout.
     static void resize(TestDocument& document) {
         for (int i = 0; i < 3; ++i) {
             document.doubleTap(100, 100);

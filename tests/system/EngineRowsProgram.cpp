@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // engine_rows FILE WIDTH DPI: prints a hash for every row of a word-processing
-// document as the real engine paints it, read through the module alone, without
-// the service. A program of its own, so that its engines end with it.
+// document as the real engine paints it, read through the module without the
+// service. A separate program, so that its engines end with it.
 #include "modules/WordToGoModule.h"
 #include "tests/system/support/RowHash.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The example of the client's guide, run as its reader would.
+// Runs the client guide's example as a reader would.
 #include "tests/system/support/Subprocess.h"
 
 #include <gtest/gtest.h>
@@ -12,7 +12,7 @@ namespace {
 
 class ExampleTest : public testing::Test {
 protected:
-    // The example's wait status.
+    // Runs the example; returns its wait status.
     std::optional<int> run(std::vector<std::string> arguments) {
         arguments.insert(arguments.begin(), EXAMPLE_PROGRAM);
         const std::map<std::string, std::string> nothingOfTheMachines = {{"DBUS_SESSION_BUS_ADDRESS", ""},

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// How the service starts and ends.
+// Start and end of the service.
 #include "tests/system/support/ServiceFixture.h"
 
 #include <fcntl.h>
@@ -71,7 +71,7 @@ TEST_F(LifecycleTest, SigtermWithDocumentsOpenLeavesNothingBehind) {
 
 TEST_F(LifecycleTest, StopsByItselfThirtyOneToThirtyFourSecondsAfterTheLastCall) {
     const auto start = std::chrono::steady_clock::now();
-    std::this_thread::sleep_for(3s); // so that the call, not the start, is seen to count
+    std::this_thread::sleep_for(3s); // so that the time since the call counts, not since the start
     client->call("/events", "ping", "{}");
     ASSERT_EQ(service->wait(60s), std::optional<int>(W_EXITCODE(0, 0)));
     const auto ran = std::chrono::steady_clock::now() - start;
@@ -115,7 +115,7 @@ TEST_F(LifecycleTest, ArgumentsAreAnsweredAndNothingIsStarted) {
     const auto run = [this](const std::vector<std::string>& arguments) {
         std::vector<std::string> command{SERVICE_PROGRAM};
         command.insert(command.end(), arguments.begin(), arguments.end());
-        // Output is appended to what the file holds, so every run has its own.
+        // Every run needs its own output file, because output is appended.
         auto program = std::make_unique<Subprocess>(command, serviceEnvironment(),
                                                     folder.path() + "/run" + std::to_string(runs++));
         status = program->wait(20s).value_or(-1);

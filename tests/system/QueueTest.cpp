@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The message queue under clients that are slow, hasty, broken or 32-bit.
+// The message queue with clients that are slow, fast, faulty or 32-bit.
 #include "tests/system/support/ServiceFixture.h"
 
 #include <sys/ipc.h>
@@ -107,7 +107,7 @@ TEST_F(QueueTest, A32BitClientDrivesThe64BitService) {
     Subprocess other({CLIENT_32_PROGRAM, std::to_string(document.docid()), std::to_string(document.store())},
                      {}, folder.path() + "/client32");
     ASSERT_EQ(other.wait(60s), std::optional<int>(W_EXITCODE(0, 0))) << other.errors();
-    // It has drawn, dragged by 300 rows and pinched to twice the size.
+    // The client has painted, dragged by 300 rows and pinched to twice the size.
     EXPECT_EQ(document.scale(), 2.0);
     EXPECT_GT(document.scrollY(), 0);
 }

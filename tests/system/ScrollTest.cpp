@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the screen shows while a long document is dragged and zoomed, compared
-// row by row with what the engine paints at that place.
+// The screen while a long document is dragged and zoomed, compared row by row
+// with what the engine paints at that place.
 #include "tests/system/support/EngineRows.h"
 #include "tests/system/support/ServiceFixture.h"
 
@@ -10,8 +10,8 @@ namespace {
 
 class ScrollTest : public ServiceTest {
 protected:
-    // The first screen row that is not the document's row at that place; -1 when all are.
-    // The very last pixel is the status byte's and not looked at.
+    // The first screen row that differs from the document's row at that place; -1
+    // when none does. The last pixel contains the status byte and is not compared.
     static int firstWrongRow(const TestDocument& document, const EngineRows& rows) {
         for (int row = 0; row < document.height() - 1; ++row) {
             if (!rows.matches(document.scrollY() + row, document.frame() + row * document.width())) {
@@ -20,7 +20,7 @@ protected:
         }
         return -1;
     }
-    // Drags one way until the view stands still, comparing every screen.
+    // Drags in one direction until the view stops, and compares every screen.
     static void dragToTheEnd(TestDocument& document, const EngineRows& rows, int way) {
         int last = -1;
         while (document.scrollY() != last) {
@@ -32,7 +32,7 @@ protected:
             ASSERT_EQ(firstWrongRow(document, rows), -1) << "at scroll position " << document.scrollY();
         }
     }
-    // True when the screen is the one kept before, moved by less than a line's height.
+    // Whether the screen is the earlier one, moved by less than the height of a line.
     static bool isSameButForALine(const std::vector<uint32_t>& before, const TestDocument& document) {
         constexpr int LINE = 40;
         const int width = document.width();
@@ -84,7 +84,7 @@ TEST_F(ScrollTest, DoubleTapsGoThroughThreeZooms) {
         document.doubleTap(100, 200);
         EXPECT_EQ(document.scale(), zoom);
         const EngineRows rows(path, 480, static_cast<int>(zoom * 72));
-        // The numbering is the text's own again once its first row was shown.
+        // Row numbers start at the text's first row again after that row was shown.
         for (int last = -1; document.scrollY() != last;) {
             last = document.scrollY();
             document.drag(-700);
@@ -125,7 +125,8 @@ TEST_F(ScrollTest, AClosedDocumentOpensAgainWhereItWas) {
     TestDocument again(*client, *queue, path, 480, 800, options);
     ASSERT_EQ(again.openResult(), 0);
     ASSERT_EQ(again.paint(), 0);
-    // The place is kept by the character at the stretch's top: to the line, not to the row.
+    // The character at the stretch's top keeps the place, so the line is right,
+    // but not the row.
     EXPECT_TRUE(isSameButForALine(shown, again));
 }
 

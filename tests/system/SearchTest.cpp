@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Search through the service: what a client gets told and sees.
+// Search through the service: what a client is told and sees.
 #include "tests/system/support/Marks.h"
 #include "tests/system/support/ServiceFixture.h"
 
@@ -18,8 +18,8 @@ protected:
     }
     static void next(TestDocument& document) { document.call("/common", "nextResult"); }
     static void previous(TestDocument& document) { document.call("/common", "previousResult"); }
-    // The rows of the screen with the current hit, as text to compare: every
-    // hit of the generated documents has other words around it. Empty when no
+    // The screen's rows with the current hit, as a text to compare: in the
+    // generated documents the words around every hit differ. Empty when no
     // current hit is shown.
     static std::string currentHit(const TestDocument& document) {
         std::string rows;
@@ -32,7 +32,7 @@ protected:
         }
         return rows;
     }
-    // To the last hit and back: every step shows a hit that was not shown.
+    // Steps to the last hit and back; every step must show a new hit.
     void stepThroughAndBack(int pages, int hits, int width, int height) {
         TestDocument document(*client, *queue, longDocument(pages, "zebra", hits), width, height);
         ASSERT_EQ(document.openResult(), 0);
@@ -48,8 +48,8 @@ protected:
         }
         next(document);
         ASSERT_EQ(currentHit(document), shown.back()) << "the last stays";
-        // Back to the first, or the second: what lies before that is not gone to
-        // from another stretch.
+        // Back to the first or second hit: from another stretch earlier hits
+        // are not reached.
         seen = {shown.back()};
         int steps = 0;
         for (; steps < hits; ++steps) {

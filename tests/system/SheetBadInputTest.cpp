@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What no sheet has and no client should ask for: answered as ever, and
-// survived.
+// Requests for things that no sheet has: the service answers as usual and survives.
 #include "modules/ModuleResults.h"
 #include "tests/system/support/Python.h"
 #include "tests/system/support/ServiceFixture.h"
@@ -34,7 +33,7 @@ protected:
         screen.tapColumn(screen.columns().at(column));
         return screen.copy(copyFile());
     }
-    // Whatever a client may send, on a document in any state.
+    // Sends everything that a client may send, to a document in any state.
     void sendEverything(SheetScreen& screen) const {
         const std::string docid = screen.document().docidPayload();
         for (const char* method : {"getSheetList", "getLastComment", "getColumnCount", "sortAscending",
@@ -68,7 +67,7 @@ protected:
 TEST_F(SheetBadInputTest, SheetNumbersOutOfRange) {
     SheetScreen screen(*client, *queue, sample("tour.xlsx"));
     const std::vector<uint32_t> first = screen.pixels();
-    for (const int sheet : {-1, 5, INT_MAX, INT_MIN}) { // 5 are not hidden
+    for (const int sheet : {-1, 5, INT_MAX, INT_MIN}) { // 5 sheets are visible
         const std::string number = std::to_string(sheet);
         EXPECT_EQ(screen.call("jumpToSheet", ",\"sheet\":" + number), "{ \"cursheet\": " + number + " }");
         EXPECT_EQ(screen.call("getSheetList").find("check.png"), std::string::npos);
@@ -111,7 +110,7 @@ TEST_F(SheetBadInputTest, TapsAndStrokesOutsideTheScreenAndTheSheet) {
 
 TEST_F(SheetBadInputTest, ColumnsPastTheEndAreTheLastOne) {
     SheetScreen screen(*client, *queue, fares(), 900, 300);
-    for (int i = 0; i < 3; ++i) { // three of the least 21 are left then
+    for (int i = 0; i < 3; ++i) { // leaves three of the 21 columns that every sheet has
         const std::vector<SheetScreen::Header> columns = screen.columns();
         ASSERT_GE(columns.size(), 6U);
         screen.stroke(columns[1].middle(), 3, columns[columns.size() - 1].middle(), 3);
@@ -122,9 +121,9 @@ TEST_F(SheetBadInputTest, ColumnsPastTheEndAreTheLastOne) {
     ASSERT_LE(columns.size(), 5U);
     screen.document().call("/common", "clearSelection");
     const std::vector<uint32_t> before = screen.pixels();
-    screen.document().tap(screen.width() - 2, 3); // on the ground behind them
+    screen.document().tap(screen.width() - 2, 3); // on the background beyond them
     EXPECT_EQ(screen.notices().count(4), 1U);
-    // The last column begins behind the last that has a line at its end.
+    // The last column follows the last one that has a line at its end.
     for (int x = 0; x < columns.back().end; ++x) {
         ASSERT_EQ(screen.at(x, 60), before[static_cast<size_t>(60 * screen.width() + x)]) << x;
     }
@@ -238,7 +237,7 @@ TEST_F(SheetBadInputTest, WhatIsNoWorkbookIsRefused) {
         {write("table.xls", "Boat,Fare\nTern,30\n"), {MODULE_DAMAGED}},
         {write("tabs.xls", "Boat\tFare\nTern\t30\n"), {MODULE_DAMAGED}},
         {write("page.xls", "<html><table><tr><td>Boat</td></tr></table></html>"), {MODULE_DAMAGED}},
-        {write("table.xlsx", "Boat,Fare\nTern,30\n"), {MODULE_WRONG_KIND}}, // read as a text
+        {write("table.xlsx", "Boat,Fare\nTern,30\n"), {MODULE_WRONG_KIND}}, // read as a text document
         {write("text.xlsx", readFile(sample("tour.docx"))), {MODULE_WRONG_KIND}},
     };
     for (const auto& [path, results] : cases) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// What can be done with a sheet over the bus, against what an independent
-// reader says of the same file.
+// Operations on a sheet over the bus, compared with what an independent reader
+// finds in the same file.
 #include "tests/system/support/Python.h"
 #include "tests/system/support/ServiceFixture.h"
 #include "tests/system/support/SheetScreen.h"
@@ -31,18 +31,19 @@ protected:
         return generated("ledger" + std::to_string(rows) + ".xlsx", "make_xlsx.py",
                          {"long", std::to_string(rows), "OUT", "zebra", "9"});
     }
-    // The text of the column that is so many-th of those seen.
+    // The text of the visible column with this index.
     std::string copiedColumn(size_t column) {
         screen->tapColumn(screen->columns().at(column));
         return screen->copy(folder.path() + "/copied.txt");
     }
-    // Fills of the cells along a row, or a column, of pixels, each told once.
+    // The fill colours of the cells along a row or a column of pixels, without
+    // repetitions.
     std::vector<uint32_t> coloursAlong(bool across) const {
         const SheetScreen::Area cells = screen->cells();
         std::vector<uint32_t> colours;
         for (int i = across ? cells.left : cells.top; i < (across ? screen->width() : screen->height() - 1);
              ++i) {
-            // Below the comments' marks, in the first row and column.
+            // Below the marks of comments, in the first row or column.
             const uint32_t pixel = across ? screen->at(i, cells.top + 9) : screen->at(cells.left + 2, i);
             if (colours.empty() || colours.back() != pixel) {
                 colours.push_back(pixel);
@@ -50,8 +51,8 @@ protected:
         }
         return colours;
     }
-    // What the reader says the fills of the first row's, or column's, cells are
-    // that are not hidden; as many as given.
+    // The fill colours of the first row's or column's visible cells according
+    // to the reader, at most `count`.
     std::vector<uint32_t> readColours(bool across, size_t count, const Lines& alsoHidden = {},
                                       bool all = false) {
         Lines hidden = all ? Lines() : readWorkbook({across ? "columns" : "rows", path, "Sheet"});
@@ -142,7 +143,7 @@ TEST_F(SheetCommandTest, HiddenColumnsAndRowsAreLeftOutHiddenAndShown) {
 TEST_F(SheetCommandTest, SortsWholeRowsByTheSelectedColumn) {
     constexpr int ROWS = 200;
     open(ledger(ROWS));
-    // The rows in the order of their numbers, and of their words, by the reader.
+    // The rows sorted by their numbers and by their words, according to the reader.
     const Lines numbers = readWorkbook({"column", path, "Ledger", "A"});
     const Lines words = readWorkbook({"column", path, "Ledger", "B"});
     ASSERT_EQ(numbers.size(), ROWS + 1U);

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Header strips on a client's screen: in step with the cells, and how they
-// select.
+// Header strips on a client's screen: they match the cells, and select them.
 #include "tests/system/support/ServiceFixture.h"
 #include "tests/system/support/SheetScreen.h"
 
@@ -24,13 +23,13 @@ protected:
         ASSERT_EQ(screen->document().openResult(), 0);
     }
     void openLabelled() { open(generated("labelled.xlsx", "make_xlsx.py", {"labelled", "OUT"})); }
-    // Cells with nothing in them but their lines.
+    // Opens a sheet whose cells show only their lines.
     void openEmpty() { open(generated("empty.xlsx", "make_xlsx.py", {"plain", "OUT", ""})); }
     void TearDown() override {
         screen.reset();
         ServiceTest::TearDown();
     }
-    // Every line of a strip goes on among the cells, and no other does.
+    // Every line of a strip continues among the cells, and there are no other lines.
     void expectLinesInStep() {
         const SheetScreen::Area cells = screen->cells();
         const std::vector<Header> columns = screen->columns();
@@ -48,8 +47,8 @@ protected:
                 << "row of pixels " << y;
         }
     }
-    // Labels stand in the middle between their lines: as far from one as from
-    // the other, but for a pixel and what is free beside a digit's own strokes.
+    // Labels are centred between their lines: the distances differ by at most a
+    // pixel and the blank beside a digit's strokes.
     void expectLabelsInTheirMiddle() const {
         const SheetScreen::Area cells = screen->cells();
         const auto hasInk = [&](int x, int y) { return (screen->at(x, y) & 0xFF) < 0x60; };
@@ -58,8 +57,8 @@ protected:
                                                [&](int along, int across) { return hasInk(across, along); });
         EXPECT_GE(labels, 8);
     }
-    // How many headers of a strip, which ends before `thickness`, have a label.
-    // hasInk takes a pixel's place along the strip and across it.
+    // Number of headers in a strip that have a label. The strip ends before
+    // `thickness`. hasInk takes a pixel's position along and across the strip.
     static int labelsInTheirMiddle(const std::vector<Header>& headers, int thickness,
                                    const std::function<bool(int, int)>& hasInk) {
         constexpr int TOLERANCE = 4;
@@ -81,7 +80,7 @@ protected:
         }
         return labels;
     }
-    // The screen has changed in a band only, where what was white is selected
+    // The screen has changed only inside a band; there white cells are selected
     // and the header is no longer grey.
     void expectSelected(const std::vector<uint32_t>& before, const SheetScreen::Area& band) const {
         const SheetScreen::Area cells = screen->cells();
@@ -124,7 +123,7 @@ TEST_F(SheetHeaderTest, LinesAndLabelsAreInStepWithTheCellsAtEveryZoomAndFarAway
 
 TEST_F(SheetHeaderTest, StripsStayInStepWhileThePenDrags) {
     openEmpty();
-    for (int drag = 1; drag <= 6; ++drag) { // shorter together than the window of cells is
+    for (int drag = 1; drag <= 6; ++drag) { // together shorter than the window of cells
         screen->stroke(300, 600, 300 - drag * 9, 600 - drag * 13);
         SCOPED_TRACE(drag);
         expectLinesInStep();
@@ -156,7 +155,7 @@ TEST_F(SheetHeaderTest, ATapOnARowsHeaderSelectsThatRow) {
         const Header row = screen->rows().at(3);
         EXPECT_EQ(screen->tapRow(row), (std::set<int>{0, 5}));
         expectSelected(before, rowBand(row.begin, row.end));
-        screen->call("clearSelection"); // is no method of this category
+        screen->call("clearSelection"); // not a method of this category
         screen->document().call("/common", "clearSelection");
         EXPECT_EQ(screen->pixels(), before);
     }
@@ -211,8 +210,8 @@ TEST_F(SheetHeaderTest, ABorderFollowsThePenInResizeMode) {
     const std::vector<Header> columns = screen->columns();
     const std::vector<Header> rows = screen->rows();
     const SheetScreen::Area cells = screen->cells();
-    // By the border that begins the second column, and that of the fifth row;
-    // the headers can be caught twice as deep as they are.
+    // Drags the border before the second column and the one before the fifth
+    // row. The headers' touch area is twice as deep as they are.
     EXPECT_EQ(screen->stroke(columns[1].begin, cells.top + 3, columns[1].begin + 37, cells.top + 3).count(6),
               1U);
     EXPECT_EQ(screen->stroke(cells.left + 3, rows[4].begin, cells.left + 3, rows[4].begin - 9).count(6), 1U);
@@ -225,12 +224,12 @@ TEST_F(SheetHeaderTest, ABorderFollowsThePenInResizeMode) {
     EXPECT_EQ(lower[3].begin, rows[3].begin);
     EXPECT_EQ(lower[3].end, rows[3].end - 9);
     expectLinesInStep();
-    // A stroke that ends where it began is told, and changes nothing.
+    // A stroke that ends where it began is reported and changes nothing.
     const std::vector<uint32_t> resized = screen->pixels();
     screen->call("resizeMode", R"(,"mode":"on")");
     EXPECT_EQ(screen->stroke(wider[1].begin, 3, wider[1].begin, 3).count(6), 1U);
     screen->call("resizeMode", R"(,"mode":"off")");
-    screen->rest(); // the guides are gone with the next rendering
+    screen->rest(); // the next rendering removes the guides
     EXPECT_EQ(screen->pixels(), resized);
 }
 

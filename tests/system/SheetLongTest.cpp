@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A sheet of 100,000 rows from end to end.
+// Scrolling a sheet of 100,000 rows from end to end.
 #include "tests/system/support/Python.h"
 #include "tests/system/support/ServiceFixture.h"
 #include "tests/system/support/SheetScreen.h"
@@ -27,14 +27,14 @@ protected:
         screen->document().call("/events", "handleFlick",
                                 ",\"xCoord\":0,\"yCoord\":" + std::to_string(-speed));
         int last = screen->document().scrollY();
-        do { // a view that moves asks for the next paint at each
+        do { // a moving view requests the next paint after each paint
             screen->notices();
             screen->document().paint();
             ASSERT_GE(screen->document().scrollY(), last);
             last = screen->document().scrollY();
         } while (screen->notices().count(0) != 0);
     }
-    // Column A of the rows that are seen, by selecting one after another.
+    // The texts of column A in the visible rows, read by selecting row after row.
     std::vector<std::string> numbersSeen() {
         std::vector<std::string> numbers;
         const std::string file = folder.path() + "/row.txt";
@@ -52,7 +52,7 @@ protected:
 };
 
 TEST_F(SheetLongTest, IsFlungToItsEndSearchedAndSorted) {
-    // A glide takes seconds and a document of a million pixels many of them.
+    // A glide takes seconds, and a document of a million pixels needs many glides.
     const int before = screen->document().scrollY();
     flingDown(4000);
     EXPECT_GT(screen->document().scrollY(), before + 1000);
@@ -87,7 +87,7 @@ TEST_F(SheetLongTest, IsFlungToItsEndSearchedAndSorted) {
     EXPECT_EQ(screen->document().scrollY(), end);
     std::vector<std::string> numbers = numbersSeen();
     ASSERT_GE(numbers.size(), 10U);
-    // The last one has no line behind it.
+    // The last row has no line after it.
     screen->tapRow({screen->rows().back().end, screen->height()});
     const std::string text = screen->copy(folder.path() + "/row.txt");
     numbers.push_back(text.substr(0, text.find('\t')));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Where a client taps is the cell that it sees there.
+// A tap selects the cell that the client sees there.
 #include "tests/system/support/Python.h"
 #include "tests/system/support/ServiceFixture.h"
 #include "tests/system/support/SheetScreen.h"
@@ -12,10 +12,10 @@
 namespace {
 
 constexpr int POINTS = 200;
-constexpr int FARTHER = 1 << 30; // than any sheet goes
+constexpr int FARTHER = 1 << 30; // beyond the end of any sheet
 constexpr uint32_t OPAQUE = 0xFF000000;
 
-// Half of red over a colour, as the mark of a comment lies in its corner.
+// Half red over a colour, as in the corner of a cell with a comment.
 uint32_t marked(uint32_t colour) {
     const auto mixed = [&](int shift, uint32_t over) {
         return (((colour >> shift & 0xFF) * 127 >> 8) + (over * 128 >> 8)) << shift;
@@ -94,7 +94,7 @@ TEST_F(SheetTapTest, CommentsAreWhatTheReaderSays) {
     }
     ASSERT_EQ(colours.size(), 2U * 10 * 36);
     EXPECT_EQ(colours.at("A1"), "202020");
-    // The first row of columns that are seen, from the left.
+    // The first row of the visible columns, from the left.
     screen->zoom(1.0);
     screen->scrollTo(0, 0);
     const std::vector<std::string> hidden = readWorkbook({"columns", path, "Sheet"});

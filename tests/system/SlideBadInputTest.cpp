@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Presentations and requests that nobody should make.
+// Damaged presentations and invalid requests.
 #include "modules/ModuleResults.h"
 #include "tests/system/support/SlideFixture.h"
 
@@ -13,8 +13,8 @@ namespace {
 
 class SlideBadInputTest : public SlidesTest {
 protected:
-    // Every method answers, nothing is shown: black, or when the document did
-    // not open, what the frame buffer was given with.
+    // Every method answers and nothing is shown: the screen is black or, when
+    // the document did not open, unchanged.
     void expectEmpty(TestDocument& document) {
         Shown nothing = shown(document);
         if (document.openResult() == MODULE_OK) {

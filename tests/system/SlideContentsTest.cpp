@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the service tells of a presentation, against the file's own XML.
+// The service's texts of a presentation, compared with the file's XML.
 #include "tests/system/support/SlideFixture.h"
 
 #include <json-c/json.h>

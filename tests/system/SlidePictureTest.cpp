@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What is shown of slides, pixel by pixel against the suite's own paint of them.
+// The picture of slides, compared pixel by pixel with the suite's own paint.
 #include "tests/system/support/BareSlides.h"
 #include "tests/system/support/SlideFixture.h"
 
@@ -8,14 +8,14 @@
 
 namespace {
 
-constexpr int SLIDES_THAT_STAY_AS_THEY_ARE = 6; // of the tour: the last one's box goes away
+constexpr int SLIDES_THAT_STAY_AS_THEY_ARE = 6; // of the tour; a box on the last slide is hidden
 constexpr int POINTS_ACROSS = 960;
 constexpr int POINTS_DOWN = 540;
 
 class SlidePictureTest : public SlidesTest {
 protected:
-    // How many pixels are not those of the slide at the view's place, or not
-    // black beside it.
+    // Number of pixels that differ from the slide at the view's position, or
+    // from black beside it.
     static int wrongPixels(const TestDocument& document, const BareSlides& slides, int slide) {
         const Shown picture = shown(document);
         int wrong = 0;
@@ -31,8 +31,8 @@ protected:
         }
         return wrong;
     }
-    // The same for a turned picture: `place` gives a slide's pixel its index in
-    // the frame; everything else is black.
+    // The same for a turned picture: `place` returns the frame's index of a
+    // slide's pixel; all other pixels must be black.
     template<class Place>
     static int wrongTurnedPixels(const TestDocument& document, const BareSlides& slides, int slide,
                                  Place place) {
@@ -86,7 +86,7 @@ TEST_F(SlidePictureTest, ASlideLowerThanTheViewIsInItsMiddle) {
 }
 
 TEST_F(SlidePictureTest, AnimationsHaveEnded) {
-    constexpr uint32_t BOX = 0xC8553D; // of the box that goes away
+    constexpr uint32_t BOX = 0xC8553D; // of the hidden box
     const BareSlides slides(slideSample("tour.pptx"), 480, 270, POINTS_ACROSS, POINTS_DOWN);
     TestDocument document(*client, *queue, slideSample("tour.pptx"), 480, 800);
     ASSERT_EQ(jump(document, 6), 6);
@@ -212,8 +212,8 @@ TEST_F(SlidePictureTest, AClosedDeckOpensAgainWhereItWas) {
 TEST_F(SlidePictureTest, LongJumpingAtRandomDoesNotGrowTheMemory) {
     constexpr int SLIDES = 300;
 #ifdef __SANITIZE_ADDRESS__
-    // Its allocator keeps more or less of what was freed: 12 MiB up and down,
-    // where a thousand pictures that were lost would be hundreds.
+    // Its allocator keeps varying amounts of freed memory: about 12 MiB. A
+    // thousand lost pictures would be hundreds of MiB.
     constexpr size_t ALLOWED = size_t{32} << 20;
 #else
     constexpr size_t ALLOWED = size_t{2} << 20;
@@ -224,7 +224,7 @@ TEST_F(SlidePictureTest, LongJumpingAtRandomDoesNotGrowTheMemory) {
     std::mt19937 chance(seed);
     TestDocument document(*client, *queue, longSlides(SLIDES), 480, 800);
     ASSERT_EQ(slideCount(document), SLIDES);
-    // First everything is seen once: what is kept for speed is full then.
+    // Show everything once, so that the caches are full.
     for (int slide = 0; slide < SLIDES; ++slide) {
         ASSERT_EQ(jump(document, slide), slide);
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Search of presentations through the service: where it lands, what it marks.
+// Search of presentations through the service: the slides it goes to and its marks.
 #include "tests/system/support/BareSlides.h"
 #include "tests/system/support/Marks.h"
 #include "tests/system/support/SlideFixture.h"
@@ -25,7 +25,7 @@ for i in range(6):
         slide.box('the quay', (60, 330, 400, 60), size=36)
 deck.save(OUT))";
 
-// Where a hit is marked as the current one.
+// The position of the current hit's mark.
 struct Mark {
     int slide;
     int top; // on the slide
@@ -35,10 +35,10 @@ std::ostream& operator<<(std::ostream& out, const Mark& mark) {
     return out << "slide " << mark.slide << " at " << mark.top;
 }
 
-// What a process has used of the processor, in ticks.
+// Processor time that a process has used, in ticks.
 long processorTime(pid_t process) {
     const std::string stat = readFile("/proc/" + std::to_string(process) + "/stat");
-    // Of what follows "pid (name)", the 12th and 13th.
+    // The 12th and 13th field after "pid (name)".
     std::istringstream fields(stat.substr(stat.rfind(')') + 1));
     std::string skipped;
     for (int i = 0; i < 11; ++i) {
@@ -52,7 +52,7 @@ long processorTime(pid_t process) {
 
 class SlideHitsTest : public SlidesTest {
 protected:
-    // What is marked as the current hit, in pixels of the slide.
+    // The area marked as the current hit, in pixels of the slide.
     static Area markOf(const TestDocument& document) {
         const Shown picture = shown(document);
         Shown without = picture;
@@ -74,8 +74,8 @@ protected:
         EXPECT_FALSE(area.isEmpty()) << "slide " << document.slide();
         return {document.slide(), area.top};
     }
-    // The area that a word takes up: what the suite's pictures of a slide with
-    // and without it differ in.
+    // The area of a word: the difference between the suite's pictures of a
+    // slide with and without it.
     static Area wordOn(int slide, const std::string& with, const std::string& without, int width) {
         const int height = width * POINTS_DOWN / POINTS_ACROSS;
         const BareSlides a(with, width, height, POINTS_ACROSS, POINTS_DOWN);
@@ -98,7 +98,7 @@ protected:
         EXPECT_LE(mark.top, word.top + 3) << when;
         EXPECT_GE(mark.right, word.right - 3) << when;
         EXPECT_GE(mark.bottom, word.bottom - 3) << when;
-        // Along the line it is no longer than the word, across no higher than a line.
+        // The mark is not longer than the word and not higher than a line.
         EXPECT_NEAR(mark.left, word.left, 5) << when;
         EXPECT_NEAR(mark.right, word.right, 5) << when;
         EXPECT_LE(mark.bottom - mark.top, 2 * (word.bottom - word.top)) << when;
@@ -147,7 +147,7 @@ TEST_F(SlideHitsTest, TheMarkCoversTheWordAfterJumpsAndZooms) {
     previous(document);
     expectCovered(document, large, "after a jump and a step back");
     document.doubleTap(240, 240);
-    next(document); // a double tap goes where it was, a step to the hit
+    next(document); // a double tap jumps to the place, a step goes to the hit
     expectCovered(document, larger, "after a double tap");
     document.pinch(0.1);
     expectCovered(document, small, "after a pinch back");
@@ -246,7 +246,7 @@ TEST_F(SlideHitsTest, ASearchThatTakesTooLongGivesWhatItFoundAndGoesOnTheNextTim
     const pid_t engine = descendants("lectern-engine").front();
     const long before = processorTime(engine);
     std::thread halt([&] {
-        // It is at work; now time passes without it.
+        // The engine is working; now let time pass without work.
         EXPECT_TRUE(eventually([&] { return processorTime(engine) > before + 3; }));
         kill(engine, SIGSTOP);
         std::this_thread::sleep_for(LONGER_THAN_ITS_PATIENCE);
@@ -260,7 +260,7 @@ TEST_F(SlideHitsTest, ASearchThatTakesTooLongGivesWhatItFoundAndGoesOnTheNextTim
     const int last = document.slide();
     EXPECT_LT(last, SLIDES - 1) << "it came to the end all the same";
     EXPECT_FALSE(markOf(document).isEmpty());
-    EXPECT_TRUE(eventually([&] { // where the machine is slow, not at once
+    EXPECT_TRUE(eventually([&] { // on a slow machine, not at once
         jump(document, 0);
         search(document, "needle");
         previous(document);

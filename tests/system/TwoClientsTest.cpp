@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Two clients with three documents each, of every kind, at the same time.
+// Two clients, each with three documents of all kinds, at the same time.
 #include "tests/system/support/ClientFixture.h"
 #include <lectern/CommonCalls.h>
 #include <lectern/Navigation.h>
@@ -14,16 +14,16 @@ using namespace lectern;
 
 class TwoClientsTest : public ClientTest {
 protected:
-    // settle() has given up after two seconds, which six documents may take longer
-    // for on a busy machine: what was dragged shows with a later paint then.
+    // settle() gives up after two seconds, and six documents on a busy machine
+    // may take longer. The drag is then visible only after a later paint.
     static bool isShownFrom(Document& document, int row) {
         return eventually([&] {
             EXPECT_FALSE(document.paint());
             return document.state().scrollY == row;
         });
     }
-    // What one client does: every document is worked on, and is told what
-    // concerns it alone.
+    // The work of one client: it uses all its documents and must be told only
+    // about them.
     void useThreeDocuments(int slide, int rows) {
         const Bus own = connect();
         std::atomic<int> slideTold = -1;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A client that dies without a word.
+// A client that is killed.
 #include "tests/system/support/ClientFixture.h"
 #include <lectern/CommonCalls.h>
 
@@ -27,7 +27,7 @@ protected:
     unsigned int state = 0;
 };
 
-// The fixture finds that nothing is left once the service has stopped.
+// The fixture checks that nothing is left when the service has stopped.
 TEST_F(VanishedClientTest, LeavesItsDocumentToTheServiceAndOthersGoOn) {
     const Bus own = connect();
     const auto before = open(own, sample("tour.pptx"));
@@ -48,7 +48,7 @@ TEST_F(VanishedClientTest, LeavesItsDocumentToTheServiceAndOthersGoOn) {
 TEST_F(VanishedClientTest, ANewClientMayTakeItsPlaceUp) {
     openAndVanish();
     OpenOptions options;
-    options.restoreFrom = state; // the service still has it attached
+    options.restoreFrom = state; // still attached by the service
     const auto next = open(connect(), sample("tour.docx"), options);
     ASSERT_TRUE(next);
     EXPECT_EQ(next->stateIdentifier(), state);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// vanishing_client ADDRESS FILE: a client to be killed. Opens a document, paints
-// it, prints its number and its state segment, and waits.
+// vanishing_client ADDRESS FILE: a client for tests to kill. Opens a document,
+// paints it, prints its number and its state segment, and waits.
 #include <lectern/Document.h>
 
 #include <unistd.h>

@@ -1,12 +1,12 @@
 #!/bin/sh
 # SPDX-License-Identifier: Apache-2.0
-# installed-test.sh BUILD SOURCE [compiler options]: a tree that is installed
-# under another prefix than it was configured for works there: its bus file
-# starts the service, which opens a document, and programs are built with its
-# libhubservice.
+# installed-test.sh BUILD SOURCE [compiler options]: a tree that is installed under
+# another prefix than configured works there: its bus file starts the service, which
+# opens a document, and programs can be built with its libhubservice.
 set -eu
 if [ -z "${LECTERN_TEST_NAMESPACE-}" ]; then
-    # The queue and the segments are the machine's: this test has its own.
+    # The queue and the segments belong to the machine, so this test uses its own
+    # namespace.
     namespace=--ipc
     [ "$(id -u)" = 0 ] || namespace="--ipc --map-root-user"
     # shellcheck disable=SC2086 # a list of options
@@ -34,7 +34,7 @@ finish() {
 }
 trap finish EXIT
 
-# For a package: built below a folder that it does not stay in.
+# As for a package: installed below a folder other than its final one.
 DESTDIR=$tree/stage cmake --install "$build" --prefix /opt/lectern >"$tree/log"
 staged=$tree/stage/opt/lectern
 grep -qx "Exec=/opt/lectern/bin/lectern-service" "$staged/share/dbus-1/services/com.kestrel.office.service" \
@@ -58,7 +58,7 @@ cat >"$tree/bus.conf" <<CONFIGURATION
   </policy>
 </busconfig>
 CONFIGURATION
-# A sanitizer's dlopen, which looks for modules, does not know the run path.
+# A sanitizer's dlopen, which searches for modules, does not use the run path.
 [ $# -eq 0 ] || export LD_LIBRARY_PATH="$prefix/lib/lectern"
 mkfifo "$tree/address"
 dbus-daemon --config-file="$tree/bus.conf" --nofork --print-address >"$tree/address" 2>"$tree/bus.log" &

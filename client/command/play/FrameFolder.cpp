@@ -14,7 +14,7 @@
 namespace lectern::play {
 
 Result<FrameFolder> FrameFolder::open(const std::string& path) {
-    constexpr mode_t EVERYBODY = 0777; // less what the umask takes
+    constexpr mode_t EVERYBODY = 0777; // reduced by the umask
     if (mkdir(path.c_str(), EVERYBODY) != 0 && errno != EEXIST) {
         return systemError("cannot create the folder '" + path + "'", errno);
     }

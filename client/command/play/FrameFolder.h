@@ -8,11 +8,11 @@
 
 namespace lectern::play {
 
-// A folder of pictures, numbered in the order they are written: 0001.png,
-// 0002-name.png and so on. Pictures of these names are replaced.
+// A folder of pictures, numbered in the order of writing: 0001.png,
+// 0002-name.png and so on. Existing pictures with these names are replaced.
 class FrameFolder {
 public:
-    // Makes the folder where there is none; the one it lies in must exist.
+    // Creates the folder if it does not exist; its parent must exist.
     static Result<FrameFolder> open(const std::string& path);
 
     Failure write(const FrameBuffer& frame, const std::string& name);

@@ -12,7 +12,7 @@ namespace lectern::play {
 
 namespace {
 
-constexpr int LONGEST_WAIT = 24 * 60 * 60 * 1'000; // milliseconds
+constexpr int LONGEST_WAIT = 24 * 60 * 60 * 1'000; // milliseconds; one day
 constexpr char BLANKS[] = " \t\r";
 
 std::string trimmed(const std::string& text) {
@@ -82,7 +82,7 @@ Read readWide(const Line& line) {
     return word == "on" || word == "off" ? given(Wide{word == "on"}) : std::nullopt;
 }
 
-// A name becomes part of a file's.
+// The name becomes part of a file name.
 Read readFrame(const Line& line) {
     const std::string& name = line.rest();
     const bool fit = std::all_of(name.begin(), name.end(), [](char c) {
@@ -106,7 +106,7 @@ struct Form {
     const char* name;
     size_t leastOperands;
     size_t mostOperands;
-    const char* operands; // as shown
+    const char* operands; // as shown in messages
     Read (*read)(const Line& line);
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The instructions of scripts, one by one.
+// The instructions of scripts.
 #pragma once
 
 #include "client/command/play/Script.h"
@@ -11,17 +11,17 @@
 
 namespace lectern::play {
 
-// A line of a script: an instruction's name and its operands.
+// A line of a script: the name of an instruction and its operands.
 class Line {
 public:
     explicit Line(const std::string& text);
 
-    // Nothing but blanks, or a comment.
+    // Whether the line has only blanks or a comment.
     bool isEmpty() const { return mName.empty(); }
     const std::string& text() const { return mText; }
     const std::string& name() const { return mName; }
     const std::vector<std::string>& operands() const { return mOperands; }
-    // All operands as they stand.
+    // All operands as written.
     const std::string& rest() const { return mRest; }
 
 private:
@@ -33,14 +33,15 @@ private:
 
 struct Instruction {
     Action action;
-    std::chrono::milliseconds time{0}; // to wait before the action
-    bool isTime = false;               // time is counted from the start
+    std::chrono::milliseconds time{0}; // delay before the action
+    bool isTime = false;               // time counts from the start of the script
 };
 
-// An error of kind argument that says how the instruction is written.
+// On failure returns an error of kind Argument that tells how the instruction
+// is written.
 Result<Instruction> readInstruction(const Line& line);
 
-// How each instruction is written, for example "down X Y".
+// The form of each instruction, for example "down X Y".
 std::vector<std::string> instructionForms();
 
 } // namespace lectern::play

@@ -11,7 +11,7 @@ namespace lectern::play {
 
 namespace {
 
-// How often fingers tell where they are.
+// Time between two reported positions of the fingers.
 constexpr std::chrono::milliseconds FINGER_STEP{40};
 
 } // namespace
@@ -27,7 +27,8 @@ Failure Player::play(const Script& script) {
         if (failure) {
             return failure->kind == Error::Kind::Cancelled ? failure : lineError(script, step.line, *failure);
         }
-        // Input of different kinds overtakes each other in the queue.
+        // Records of different types can overtake each other in the queue, so
+        // wait until it is empty.
         mDocument.settle();
     }
     return std::nullopt;
@@ -70,8 +71,8 @@ Failure Player::perform(const Flick& flick) {
     return mDocument.flick(flick.velocity.x, flick.velocity.y, mLimits);
 }
 
-// Fingers move evenly. A view shows a pinch from its last picture, and takes the
-// factor of the last preview that was painted.
+// The fingers move at a constant speed. A view previews a pinch from its last
+// picture, and its end uses the factor of the last painted preview.
 Failure Player::perform(const Pinch& pinch) {
     Failure failure = paint();
     if (!failure) {

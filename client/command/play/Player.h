@@ -10,23 +10,22 @@
 
 namespace lectern::play {
 
-// Gives a view the input of a script, each step when it is due on a clock that
-// nobody sets, and keeps the pictures that the script asks for. A step that
-// cannot be in time comes as soon as it can; of frames that follow each other
-// those whose time has passed are left out.
+// Sends a script's input to a view, each step at its time on a steady clock,
+// and stores the requested pictures. A late step is done as soon as possible.
+// In a series of frames those whose time has passed are skipped.
 class Player {
 public:
     Player(Document& document, FrameFolder& folder, const CallLimits& limits)
         : mDocument(document), mFolder(folder), mLimits(limits) {}
 
-    // Starts the script's clock. An error names the line.
+    // Plays the script from its start. An error names the script's line.
     Failure play(const Script& script);
 
 private:
     using Clock = std::chrono::steady_clock;
-    using Time = std::chrono::milliseconds; // since the start
+    using Time = std::chrono::milliseconds; // since the start of the script
 
-    // Until then, with the frames that fall due meanwhile.
+    // Waits until `due` and takes the frames that are due before it.
     Failure waitUntil(Time due);
     Failure paint();
     Failure takeFrame(const std::string& name);
@@ -54,7 +53,7 @@ private:
     FrameFolder& mFolder;
     const CallLimits mLimits;
     Clock::time_point mStart;
-    Time mDue{0}; // of the step being played
+    Time mDue{0}; // of the current step
     Time mPeriod{0};
     std::optional<Time> mNextFrame;
 };

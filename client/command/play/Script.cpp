@@ -12,10 +12,10 @@ namespace lectern::play {
 
 namespace {
 
-// Longer than anyone waits for; keeps sums of times small.
+// The limit also keeps sums of times from overflowing.
 constexpr std::chrono::milliseconds LONGEST_SCRIPT = std::chrono::hours(24);
 
-// Reads line by line and knows the time that each is due.
+// Reads a script line by line and computes the time of each step.
 class Reader {
 public:
     explicit Reader(const std::string& name) { mScript.name = name; }
@@ -80,7 +80,7 @@ Result<Script> readScript(const std::string& path) {
     if (file) {
         text << file.rdbuf();
     }
-    // An empty file gives no characters, which the stream takes for a failure.
+    // Copying an empty file sets the stream's fail bit, which is not an error.
     if (!file.is_open() || file.bad() || (text.fail() && errno != 0)) {
         return systemError("cannot read the script '" + path + "'", errno);
     }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Timed input for a view, as a text of one instruction a line: "down 240 700",
-// "wait 500", "frame after-drag". lectern(1) lists them.
+// Timed input for a view, written as text with one instruction per line: "down
+// 240 700", "wait 500", "frame after-drag". lectern(1) lists the instructions.
 #pragma once
 
 #include "client/lib/ScrollPlan.h"
@@ -30,7 +30,7 @@ struct DoubleClick {
     Point at;
 };
 struct Flick {
-    Point velocity; // of the finger, pixels per second
+    Point velocity; // of the finger, in pixels per second
 };
 struct Pinch {
     double factor = 1.0;
@@ -58,11 +58,11 @@ struct Wide {
 struct TakeFrame {
     std::string name; // may be empty
 };
-// From here on a frame each time this has passed; 0: no longer.
+// Starts a series of frames with this period; 0 ends it.
 struct TakeFrames {
     std::chrono::milliseconds period{0};
 };
-// Nothing but the time that has come.
+// Does nothing at its time.
 struct Wait {};
 
 using Action =
@@ -71,19 +71,19 @@ using Action =
 
 struct Step {
     int line = 0;                     // of the script, from 1
-    std::chrono::milliseconds due{0}; // after the start; never before the step before it
+    std::chrono::milliseconds due{0}; // after the start; never decreases from step to step
     Action action;
 };
 
 struct Script {
-    std::string name; // of its file, for messages
+    std::string name; // of the script's file, for messages
     std::vector<Step> steps;
 };
 
-// The error of a line: "tour.play:7: ...".
+// Adds the script's name and the line to an error: "tour.play:7: ...".
 Error lineError(const Script& script, int line, Error error);
 
-// The name is for messages. An error is of kind argument and names its line.
+// The name is for messages. An error has kind Argument and names the line.
 Result<Script> parseScript(const std::string& name, const std::string& text);
 Result<Script> readScript(const std::string& path);
 

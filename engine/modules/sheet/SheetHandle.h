@@ -16,20 +16,20 @@
 
 namespace lectern::engine {
 
-// The buffers of a view and the tracks of a sheet, as sheet.xml counts them.
+// The buffers of a view and the tracks of a sheet, with the numbers of sheet.xml.
 enum class SheetBuffer : gint { Cells = 0, RowHeaders = 1, ColumnHeaders = 2 };
 enum class TrackAxis : gint { Columns = 0, Rows = 1 };
 
-// One of the caller's buffers and what the engine paints for it.
+// A caller's buffer and the surface that the engine paints for it.
 struct BufferPair {
-    std::unique_ptr<SharedSurface> surface; // null before the buffer is set
-    std::uint32_t* pixels = nullptr;        // of the surface's size; null after a refused one
+    std::unique_ptr<SharedSurface> surface; // null until the buffer is set
+    std::uint32_t* pixels = nullptr;        // has the surface's size; null after a refused one
 };
 
-// What an stg_ document handle points to.
+// The object behind an stg_ document handle.
 struct SheetHandle : DocumentHandle {
     std::array<BufferPair, 3> buffers;
-    // What was handed out; each holds until the next call of its function.
+    // Arrays returned to the caller; each is valid until the next call of its function.
     std::vector<stg_region> commentMarks;
     std::vector<stg_region> foundRegions;
 };
@@ -39,15 +39,15 @@ std::int32_t onWorkbook(void* doc, Operation operation) {
     return onHandle<SheetHandle>(doc, operation);
 }
 
-// One typed call of the Sheet interface, `method` the generated function for
-// it. Its outputs are written whenever it was answered.
+// Makes one typed call to the Sheet interface; `method` is the generated
+// function. The outputs are written whenever the engine answered.
 template<class Method, class... Inputs, class... Outputs>
 std::int32_t callEngine(SheetHandle& handle, Method method, std::tuple<Inputs...> inputs,
                         Outputs*... outputs) {
     return callInterface(handle, handle.engine->sheet(), method, inputs, outputs...);
 }
 
-// For functions that only do something.
+// For functions without outputs.
 template<class Method, class... Inputs>
 std::int32_t tellWorkbook(void* doc, Method method, Inputs... inputs) {
     return onWorkbook(doc, [&](SheetHandle& handle) {
@@ -55,7 +55,7 @@ std::int32_t tellWorkbook(void* doc, Method method, Inputs... inputs) {
     });
 }
 
-// For functions that give one number.
+// For functions that return one number.
 template<class Method, class... Inputs>
 std::int32_t getFromWorkbook(void* doc, std::int32_t* number, Method method, Inputs... inputs) {
     if (number == nullptr) {
@@ -71,7 +71,7 @@ std::int32_t getFromWorkbook(void* doc, std::int32_t* number, Method method, Inp
     });
 }
 
-// For functions that give rectangles: kept in the handle, at `kept`.
+// For functions that return rectangles, which are stored in the handle's member `kept`.
 template<class Method, class... Inputs>
 std::int32_t getRegions(void* doc, const stg_region** regions, std::int32_t* count,
                         std::vector<stg_region> SheetHandle::*kept, Method method, Inputs... inputs) {

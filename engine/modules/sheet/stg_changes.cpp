@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What changes the sheet in memory: order, hidden tracks, sizes.
+// Changes of the sheet in memory: sorting, hidden tracks, sizes.
 
 #include "engine/modules/sheet/SheetHandle.h"
 

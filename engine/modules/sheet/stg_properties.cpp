@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the workbook says of itself.
+// The workbook's properties.
 
 #include "engine/modules/Information.h"
 #include "engine/modules/sheet/SheetHandle.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Selecting, and copying what is selected.
+// Selecting cells, and copying the selection.
 
 #include "engine/modules/sheet/SheetHandle.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The sheets, what they measure, and their painting.
+// The sheets, their measurements and their painting.
 
 #include "engine/modules/sheet/SheetHandle.h"
 
@@ -9,11 +9,11 @@ using namespace lectern::engine;
 
 namespace {
 
-// Of a header strip; the view makes buffers of it.
+// Largest thickness of a header strip in pixels; the view allocates buffers of
+// that size.
 constexpr std::int32_t MOST_THICKNESS = 16384;
 
-// Gives the engine a surface of another size; the one before stays when that
-// fails.
+// Sends the engine a surface of another size; the old one stays when that fails.
 std::int32_t replaceSurface(SheetHandle& handle, SheetBuffer buffer, BufferPair& pair, std::int32_t width,
                             std::int32_t height) {
     std::unique_ptr<SharedSurface> surface;
@@ -37,7 +37,7 @@ std::int32_t setBuffer(void* doc, std::int32_t view, SheetBuffer buffer, std::ui
     }
     return onWorkbook(doc, [&](SheetHandle& handle) -> std::int32_t {
         BufferPair& pair = handle.buffers[static_cast<std::size_t>(buffer)];
-        pair.pixels = nullptr; // a caller may have freed them already
+        pair.pixels = nullptr; // the caller may already have freed them
         if (pixels == nullptr || width < 1 || height < 1) {
             return MODULE_BAD_ARGUMENT;
         }

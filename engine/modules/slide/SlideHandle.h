@@ -16,25 +16,25 @@
 
 namespace lectern::engine {
 
-// A slide's outline that was handed out: the items point into the texts.
+// A slide's outline that was returned to the caller; the items point into the texts.
 struct OutlineTexts {
     std::vector<std::uint16_t> units; // each text zero-terminated
     std::vector<sstg_outline_item> items;
 };
 
-// What an sstg_ document handle points to.
+// The object behind an sstg_ document handle.
 struct SlideHandle : DocumentHandle {
-    // What the engine paints on: pictures of slides, one below the other; null
-    // before the first slide.
+    // The engine's surface: pictures of slides, one below the other; null until
+    // a slide is rendered.
     std::unique_ptr<SharedSurface> surface;
     std::int32_t pictures = 0;
 
-    // What was handed out; each holds until the next call of its function.
+    // Arrays returned to the caller; each is valid until the next call of its function.
     std::vector<sstg_find_info> infos;
     std::vector<module_rect> regionRectangles;
     std::vector<sstg_find_region> regions;
     std::vector<std::int32_t> noteOffsets;
-    // ... but for outlines, which hold until they are freed. By their first item.
+    // Outlines returned to the caller, by their first item; valid until they are freed.
     std::map<const sstg_outline_item*, OutlineTexts> outlines;
 };
 
@@ -43,15 +43,15 @@ std::int32_t onSlideshow(void* doc, Operation operation) {
     return onHandle<SlideHandle>(doc, operation);
 }
 
-// One typed call of the Slide interface, `method` the generated function for
-// it. Its outputs are written whenever it was answered.
+// Makes one typed call to the Slide interface; `method` is the generated
+// function. The outputs are written whenever the engine answered.
 template<class Method, class... Inputs, class... Outputs>
 std::int32_t callEngine(SlideHandle& handle, Method method, std::tuple<Inputs...> inputs,
                         Outputs*... outputs) {
     return callInterface(handle, handle.engine->slide(), method, inputs, outputs...);
 }
 
-// Hands an array of the handle's out; null when it is empty.
+// Pointer to the elements of one of the handle's arrays; null when it is empty.
 template<class Element>
 void handOut(const std::vector<Element>& array, const Element** first, std::int32_t* count) {
     *first = array.empty() ? nullptr : array.data();

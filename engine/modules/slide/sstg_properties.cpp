@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the presentation says of itself.
+// The presentation's properties.
 
 #include "engine/modules/Information.h"
 #include "engine/modules/slide/SlideHandle.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Searching, and where the hits lie.
+// Searching, and the places of hits.
 
 #include "engine/modules/slide/SlideHandle.h"
 
@@ -7,7 +7,8 @@ using namespace lectern::engine;
 
 namespace {
 
-// Regions with the rectangles that are theirs; false when those do not add up.
+// Stores regions with their rectangles; returns false when the counts do not
+// match the number of rectangles.
 bool keepRegions(SlideHandle& handle, std::span<const std::uint32_t> counts, GVariant* rectangles) {
     handle.regionRectangles = rectanglesOf(rectangles);
     std::size_t next = 0;

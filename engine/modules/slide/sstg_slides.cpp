@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The slides, what they measure, and their painting.
+// The slides, their measurements and their painting.
 
 #include "engine/modules/slide/SlideHandle.h"
 
@@ -10,7 +10,7 @@ using namespace lectern::engine;
 
 namespace {
 
-// The engine keeps slides that it painted last, in memory that takes so much.
+// Most memory for the slides painted last, which the engine keeps.
 constexpr std::int64_t MOST_KEPT = std::int64_t{32} << 20; // bytes
 constexpr std::int64_t MOST_PICTURES = 64;
 
@@ -19,7 +19,7 @@ std::int32_t picturesOf(std::int32_t width, std::int32_t height) {
     return static_cast<std::int32_t>(std::clamp<std::int64_t>(MOST_KEPT / bytes, 1, MOST_PICTURES));
 }
 
-// Gives the engine a surface for pictures of another size; the one before stays
+// Sends the engine a surface for pictures of another size; the old one stays
 // when that fails.
 std::int32_t replaceSurface(SlideHandle& handle, std::int32_t width, std::int32_t height) {
     const std::int32_t pictures = picturesOf(width, height);

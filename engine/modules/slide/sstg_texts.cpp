@@ -21,13 +21,13 @@ std::int32_t withText(void* doc, std::int32_t slide, Method method, Use use) {
     });
 }
 
-// False when the parts do not add up.
+// Returns false when the lengths do not match the text.
 bool keepOutline(OutlineTexts& outline, std::span<const std::uint16_t> text,
                  std::span<const std::uint32_t> lengths, std::span<const std::int32_t> levels) {
     if (lengths.size() != levels.size()) {
         return false;
     }
-    outline.units.reserve(text.size() + lengths.size()); // so that it stays where it is
+    outline.units.reserve(text.size() + lengths.size()); // so that the pointers to it stay valid
     for (std::size_t i = 0; i < lengths.size(); i++) {
         if (lengths[i] > text.size()) {
             return false;
@@ -99,7 +99,7 @@ int32_t sstg_get_slide_outline(void* doc, int32_t slide, int32_t* count, sstg_ou
 
 int32_t sstg_free_slide_outline(void* doc, sstg_outline_item* items) {
     return onSlideshow(doc, [&](SlideHandle& handle) -> std::int32_t {
-        // An empty outline has no items, and nothing to free.
+        // An empty outline has no items, so there is nothing to free.
         return items == nullptr || handle.outlines.erase(items) == 1 ? MODULE_OK : MODULE_BAD_ARGUMENT;
     });
 }

@@ -14,14 +14,14 @@
 
 namespace lectern::engine {
 
-// What a wtg_ document handle points to.
+// The object behind a wtg_ document handle.
 struct WordHandle : DocumentHandle {
-    std::unique_ptr<SharedSurface> surface; // what the engine paints on; null before the first buffer
-    bool painted = false;                   // the surface has been painted at least once
-    bool borrowed = false;                  // it shows a secondary document
-    std::uint32_t* pixels = nullptr; // the caller's buffer, of the surface's size; null after a refused one
+    std::unique_ptr<SharedSurface> surface; // painted by the engine; null until a buffer is set
+    bool painted = false;                   // whether the surface has been painted at least once
+    bool borrowed = false;                  // whether it shows a secondary document
+    std::uint32_t* pixels = nullptr; // the caller's buffer of the surface's size; null after a refused one
 
-    // What was handed out; each holds until the next call of its function.
+    // Arrays returned to the caller; each is valid until the next call of its function.
     std::vector<wtg_find_result> results;
     std::vector<module_rect> regionRectangles;
     std::vector<wtg_find_region> regions;
@@ -36,15 +36,15 @@ struct WordHandle : DocumentHandle {
     }
 };
 
-// Runs one module function on a document, alone.
+// Runs one module function on a document; the mutex keeps others out.
 template<class Operation>
 std::int32_t onDocument(void* doc, Operation operation) {
     return onHandle<WordHandle>(doc, operation);
 }
 
-// One typed call of the Word interface, `method` the generated function for
-// it. Its outputs are written whenever it was answered. Brings the caller's
-// buffer up to date.
+// Makes one typed call to the Word interface; `method` is the generated
+// function. The outputs are written whenever the engine answered. Updates the
+// caller's buffer.
 template<class Method, class... Inputs, class... Outputs>
 std::int32_t callEngine(WordHandle& handle, Method method, std::tuple<Inputs...> inputs,
                         Outputs*... outputs) {
@@ -58,7 +58,7 @@ std::int32_t callEngine(WordHandle& handle, Method method, std::tuple<Inputs...>
     return result;
 }
 
-// For functions that only do something.
+// For functions without outputs.
 template<class Method, class... Inputs>
 std::int32_t tell(void* doc, Method method, Inputs... inputs) {
     return onDocument(doc, [&](WordHandle& handle) {
@@ -66,7 +66,7 @@ std::int32_t tell(void* doc, Method method, Inputs... inputs) {
     });
 }
 
-// For functions whose only argument besides the document is a place for one
+// For functions whose only argument besides the document is an output for one
 // number; Wire is the number's type in the protocol.
 template<class Wire, class Method, class Number>
 std::int32_t getNumber(void* doc, Method method, Number* number) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What lies under a point, and secondary documents.
+// The object at a point, and secondary documents.
 
 #include "engine/modules/Arrays.h"
 #include "engine/modules/word/WordHandle.h"
@@ -18,7 +18,7 @@ enum ClickType : std::int32_t {
     kInternalLink = 7,
 };
 
-// The meanings of a, b and c go with the type.
+// The meanings of a, b and c depend on the type.
 wtg_click_info clickRecord(std::int32_t type, const std::vector<std::uint16_t>& address, guint value) {
     const auto number = static_cast<std::intptr_t>(value);
     if (type == kHyperlink) {
@@ -90,7 +90,7 @@ int32_t wtg_open_secondary_document(void* doc, intptr_t a, intptr_t b, intptr_t 
     });
 }
 
-// It was painted and let go: nothing is left of it.
+// A secondary document is painted and then released, so there is nothing to close.
 int32_t wtg_close_secondary_document(void* doc) {
     return onDocument(doc, [](WordHandle& handle) -> std::int32_t {
         return handle.engine->isAlive() ? MODULE_OK : MODULE_ENGINE_LOST;

@@ -8,7 +8,7 @@ using namespace lectern::engine;
 
 namespace {
 
-// Loads the file in an engine. The engine is no longer of use when it cannot.
+// Loads the file in an engine. After a failure the engine cannot be used any more.
 std::int32_t load(Engine& engine, TimePoint deadline, const DocumentFile& file, const std::string& password) {
     gint result = MODULE_FAILED;
     gboolean painted = FALSE;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The stretch: its buffer and resolution, its place in the text, its moves.
+// The stretch: its buffer, its resolution, its position in the text, its moves.
 
 #include "engine/modules/word/WordHandle.h"
 #include "modules/WordToGoModule.h"
@@ -8,8 +8,7 @@ using namespace lectern::engine;
 
 namespace {
 
-// Gives the engine a surface of another size; the one before stays when that
-// fails.
+// Sends the engine a surface of another size; the old one stays when that fails.
 std::int32_t replaceSurface(WordHandle& handle, std::uint32_t* pixels, std::int32_t width,
                             std::int32_t height) {
     std::unique_ptr<SharedSurface> surface;
@@ -32,7 +31,7 @@ std::int32_t replaceSurface(WordHandle& handle, std::uint32_t* pixels, std::int3
     return MODULE_OK;
 }
 
-// The amounts are told in any case: 0 when nothing moved.
+// The amount moved is always set: to 0 when nothing moved.
 template<class Method>
 std::int32_t scroll(void* doc, std::int32_t view, std::int32_t rows, std::int32_t* scrolled, Method method) {
     if (doc == nullptr || scrolled == nullptr) {
@@ -48,8 +47,8 @@ std::int32_t scroll(void* doc, std::int32_t view, std::int32_t rows, std::int32_
         if (result != MODULE_OK) {
             return result;
         }
-        // The view counts on it: a move by more than asked would let its idea
-        // of the text's place run away.
+        // The view relies on this: a move further than asked would make its
+        // position in the text wrong.
         if (moved < 0 || moved > rows) {
             return MODULE_FAILED;
         }
@@ -65,7 +64,7 @@ int32_t wtg_set_offscreen_buffer(void* doc, int32_t view, uint32_t* pixels, int3
         return MODULE_BAD_ARGUMENT;
     }
     return onDocument(doc, [&](WordHandle& handle) -> std::int32_t {
-        handle.pixels = nullptr; // the caller may have freed them already
+        handle.pixels = nullptr; // the caller may already have freed them
         if (pixels == nullptr || width < 1 || height < 1) {
             return MODULE_BAD_ARGUMENT;
         }
@@ -124,7 +123,7 @@ int32_t wtg_get_vertical_last_used_pixel(void* doc, int32_t view, int32_t* rows)
         if (result != MODULE_OK) {
             return result;
         }
-        // A row count that the view uses as a bound within its buffer.
+        // The view uses the number as a bound inside its buffer.
         if (!handle.surface || used < 0 || used > handle.surface->height()) {
             return MODULE_FAILED;
         }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the document says of itself.
+// The document's properties.
 
 #include "engine/modules/Arrays.h"
 #include "engine/modules/Utf16.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Searching, and where the hits lie.
+// Searching, and the places of hits.
 
 #include "engine/modules/Arrays.h"
 #include "engine/modules/word/WordHandle.h"
@@ -9,7 +9,8 @@ using namespace lectern::engine;
 
 namespace {
 
-// Regions with the rectangles that are theirs; false when those do not add up.
+// Stores regions with their rectangles; returns false when the counts do not
+// match the number of rectangles.
 bool keepRegions(WordHandle& handle, GVariant* positions, GVariant* counts, GVariant* rectangles) {
     handle.regions.clear();
     handle.regionRectangles = rectanglesOf(rectangles);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Selected text.
+// Selecting text, and copying the selection.
 
 #include "engine/modules/Arrays.h"
 #include "engine/modules/Utf16.h"

@@ -12,12 +12,13 @@ namespace {
 
 constexpr uint32_t WHITE = 0xFFFFFFFF;
 
-// Where a tile is to begin that shows a pixel, for drawings in it to stand where
-// they belong. The suite moves them by a part of the way that the tile begins
-// into a cell: by a third of it at 144 dpi. So it begins with a cell, or as
-// near behind a cell's beginning as is to be had within some pixels.
+// The pixel at which a tile must start so that it shows `pixel` and has its
+// drawings in the right places. The suite displaces drawings by a part of the
+// distance between the tile's start and the start of its first cell (by a third
+// at 144 dpi). A tile therefore starts at the start of a cell, or as close
+// behind one as is possible within MOST_BEFORE pixels.
 int64_t startForDrawings(int64_t pixel, const Tracks& tracks, int32_t dpi) {
-    constexpr int64_t MOST_BEFORE = 512; // pixels that may be painted in vain
+    constexpr int64_t MOST_BEFORE = 512; // pixels painted outside of the window at most
     const int64_t step = tileStep(dpi);
     int64_t best = roundDown(pixel, step);
     int64_t least = std::numeric_limits<int64_t>::max();
@@ -31,13 +32,13 @@ int64_t startForDrawings(int64_t pixel, const Tracks& tracks, int32_t dpi) {
     return best;
 }
 
-// Along an axis: pixels [first, last) of the document that a window shows of
-// the sheet, and the suite's that the tile for them covers.
+// Along one axis: the document pixels [first, last) that a window shows of the
+// sheet, and the suite's pixels that the tile for them covers.
 //
-// The suite draws a cell from the line before its first pixel on: what it fills
-// for a cell, the line at its left and top with it, lies one pixel before the
-// cell. Here lines belong to the cell that they begin, so its picture is moved
-// by that pixel, and the one at the very edge, which it does not paint, repeats.
+// The suite draws a cell one pixel before the cell's first pixel: both the fill
+// and the line at its left and top. Here a line belongs to the cell that it
+// begins, so the picture is moved by one pixel. The pixel at the sheet's edge,
+// which the suite does not paint, repeats its neighbour.
 struct Span {
     int64_t first;
     int64_t last;
@@ -52,11 +53,11 @@ struct Span {
           tileLast(roundUp(std::max(last - 1, painted(first) + 1), tileStep(dpi))) {}
 
     bool isEmpty() const { return first >= last; }
-    // The suite's pixel for one of the document.
+    // The suite's pixel for a document pixel.
     static int64_t painted(int64_t pixel) { return std::max<int64_t>(pixel - 1, 0); }
     bool fitsTile() const { return first - 1 == tileFirst && last - 1 == tileLast; }
     int32_t tileSize() const { return static_cast<int32_t>(tileLast - tileFirst); }
-    // Positions reach the suite as 32-bit twips.
+    // True when the tile's positions fit into the suite's 32-bit twips.
     bool isWithinReach(int32_t dpi) const {
         return tileTwips(tileLast, dpi) <= std::numeric_limits<int32_t>::max();
     }
@@ -67,7 +68,7 @@ void fill(const Surface& surface, int64_t left, int64_t top, int64_t right, int6
         std::fill(surface.row(y) + left, surface.row(y) + right, WHITE);
 }
 
-// All but the part that lies on the sheet.
+// Clears the part of the surface that lies outside of the sheet.
 void clearOutside(const Surface& surface, int64_t x, int64_t y, const Span& across, const Span& down) {
     const int64_t top = down.first - y;
     const int64_t bottom = down.last - y;

@@ -9,15 +9,15 @@
 
 namespace lectern::engine {
 
-// Paints cells at their very pixels, whatever the window onto the sheet.
+// Paints cells at exactly the same pixels whatever part of the sheet is painted.
 class CellPainter {
 public:
-    // Fills the surface with the sheet from document pixel (x, y) on; what lies
-    // outside of its extent is white.
+    // Fills the surface with the sheet, from document pixel (x, y). Pixels
+    // beyond the sheet's extent become white.
     void paint(Workbook& book, int32_t sheet, int64_t x, int64_t y, int32_t dpi, const Surface& surface);
 
 private:
-    std::vector<uint32_t> mTile; // kept: a view paints tiles of one size
+    std::vector<uint32_t> mTile; // reused, because a view paints tiles of one size
 };
 
 } // namespace lectern::engine

@@ -17,7 +17,8 @@ namespace {
 
 constexpr double HUNDREDTH_MM_PER_INCH = 2540;
 
-// Where the cells at a place are painted, both in 1/100 mm.
+// Where the suite paints what the document has at `place`, a distance from the
+// sheet's edge. Both in 1/100 mm.
 int32_t paintedPlace(const Tracks& tracks, int32_t place, int32_t dpi) {
     const double pixel = tracks.paintedAt(place * 1440 / HUNDREDTH_MM_PER_INCH, dpi);
     return static_cast<int32_t>(std::lround(pixel * HUNDREDTH_MM_PER_INCH / dpi));
@@ -36,7 +37,7 @@ void Drawings::read() {
     const auto page = supplier->getDrawPage();
     for (sal_Int32 i = 0; i < page->getCount(); ++i) {
         const Reference<css::drawing::XShape> shape(page->getByIndex(i), UNO_QUERY);
-        // Comments have such shapes too, and are not shown.
+        // Comments have shapes of this type too; they are not shown.
         if (!shape.is() || shape->getShapeType() == "com.sun.star.drawing.CaptionShape")
             continue;
         const auto turned = property<sal_Int32>(propertiesOf(shape), "RotateAngle");
@@ -50,7 +51,7 @@ void Drawings::place(const Drawing& drawing, const css::awt::Point& position, co
             drawing.shape->setSize(size);
         drawing.shape->setPosition(position);
     } catch (const css::uno::Exception&) {
-        // It stays where it is.
+        // A shape that refuses to move keeps its position.
     }
 }
 

@@ -13,35 +13,36 @@ namespace lectern::engine {
 
 // The charts, pictures and shapes of a sheet.
 //
-// The suite paints them where the lengths of columns and rows add up to, but
-// cells where their whole pixels do: by the hundredth row the two are rows
-// apart. So before a painting drawings are moved and stretched to where their
-// cells are painted, and back before anything else is done with the sheet: the
-// suite itself moves them with their cells.
+// The suite paints drawings at the exact sums of the column widths and row
+// heights, but cells at the sums of the sizes cut off to whole pixels. By the
+// hundredth row the two differ by whole rows. Drawings are therefore moved and
+// scaled to their cells before a painting, and moved back before any other
+// operation on the sheet, because the suite itself moves drawings with their
+// cells.
 class Drawings {
 public:
     explicit Drawings(const css::uno::Reference<css::sheet::XSpreadsheet>& sheet);
 
     bool empty() const { return mDrawings.empty(); }
-    // Puts drawings on their cells' pixels.
+    // Moves the drawings to their cells' pixels at `dpi`.
     void align(const Tracks& columns, const Tracks& rows, int32_t dpi);
-    // Puts them back where the document has them.
+    // Moves the drawings back to their positions in the document.
     void restore();
-    // Takes over where the document has them now.
+    // Reads the drawings and their positions from the document.
     void read();
 
 private:
     struct Drawing {
         css::uno::Reference<css::drawing::XShape> shape;
-        css::awt::Point position; // the document's, in 1/100 mm
+        css::awt::Point position; // in the document, in 1/100 mm
         css::awt::Size size;
-        bool stretches; // a turned one is only moved
+        bool stretches; // false for a rotated drawing, which is only moved
     };
     static void place(const Drawing& drawing, const css::awt::Point& position, const css::awt::Size& size);
 
     css::uno::Reference<css::sheet::XSpreadsheet> mSheet;
     std::vector<Drawing> mDrawings;
-    int32_t mAlignedTo = 0; // the resolution; 0 when they stand where the document has them
+    int32_t mAlignedTo = 0; // the resolution; 0 when the drawings are at their positions in the document
 };
 
 } // namespace lectern::engine

@@ -28,7 +28,7 @@ void fill(const Surface& strip, int64_t left, int64_t top, int64_t right, int64_
         std::fill(strip.row(y) + first, strip.row(y) + last, colour);
 }
 
-// A strip seen along its tracks, be it upright or lying.
+// A header strip along its tracks, vertical or horizontal.
 struct Strip {
     Axis axis;
     const Surface& surface;
@@ -44,7 +44,7 @@ struct Strip {
     }
 };
 
-// Calls use(track, first pixel, pixel behind) for what the strip shows.
+// Calls use(track, first pixel, end pixel) for each track that the strip shows.
 template<class Use>
 void forTracks(const Tracks& tracks, int64_t from, int32_t length, Use use) {
     const int64_t end = std::min(from + length, tracks.total());

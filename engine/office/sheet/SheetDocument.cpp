@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Opening a workbook, what it measures, and its painting.
+// Opening a workbook, its measurements and its painting.
 #include "engine/office/sheet/SheetDocument.h"
 
 #include "engine/office/Properties.h"

@@ -17,24 +17,25 @@ namespace lectern::engine {
 enum class SheetArea { Cells, RowHeaders, ColumnHeaders };
 constexpr int32_t SHEET_AREAS = 3;
 
-// A workbook. The operations and their meanings are those of the stg_ functions
-// in modules/SheetToGoModule.h; results are module_result codes, and what is
-// given back means something only with MODULE_OK. Sheets are counted without
-// the hidden ones. Used by one thread.
+// A workbook. Operations have the meanings of the stg_ functions in
+// modules/SheetToGoModule.h. They return module_result codes; outputs are valid with
+// MODULE_OK only. Sheet numbers do not count hidden sheets. Use from one thread only.
 class SheetDocument {
 public:
-    // Opens an absolute path, already known to be a readable regular file. An
-    // empty password is none. temporaryDirectory is for copies of its own.
+    // Opens an absolute path that the caller has found to be a readable regular
+    // file. An empty password means no password. `temporaryDirectory` receives
+    // temporary copies.
     static int32_t open(Office& office, const std::string& path, const std::string& password,
                         const std::string& temporaryDirectory, std::unique_ptr<SheetDocument>& document);
     ~SheetDocument();
     SheetDocument(const SheetDocument&) = delete;
     SheetDocument& operator=(const SheetDocument&) = delete;
 
-    // A surface stays the caller's and valid until another is set for its area.
+    // The pixels stay the caller's and must be valid until another surface is
+    // set for the area.
     int32_t setSurface(SheetArea area, uint32_t* pixels, int32_t width, int32_t height);
     int32_t setDpi(int32_t dpi);
-    // Paints the surfaces that are set.
+    // Paints all surfaces that are set.
     int32_t render(int32_t sheet, int32_t x, int32_t y);
 
     int32_t sheetCount(int32_t& count);
@@ -48,19 +49,19 @@ public:
     int32_t comment(int32_t sheet, int32_t x, int32_t y, std::u16string& text);
 
     int32_t setHighlightColour(const Colour& colour);
-    // MODULE_NOTHING_THERE when nothing is found.
+    // Returns MODULE_NOTHING_THERE when nothing is found.
     int32_t find(int32_t sheet, const std::u16string& text);
     int32_t foundRegions(std::vector<PixelRect>& regions);
     int32_t stopFind();
 
     int32_t selectArea(int32_t sheet, int32_t left, int32_t top, int32_t width, int32_t height);
-    // count: of the visible ones.
+    // `count` receives the number of visible tracks among those selected.
     int32_t selectTracks(int32_t sheet, Axis axis, int32_t first, int32_t last, int32_t& count);
     int32_t selectCell(int32_t sheet, int32_t x, int32_t y);
     int32_t clearSelection();
     int32_t copySelection(std::u16string& text);
 
-    // MODULE_REFUSED when the document does not allow it.
+    // Returns MODULE_REFUSED when the document does not allow sorting.
     int32_t sort(int32_t sheet, int32_t column, bool ascending);
     int32_t hide(int32_t sheet, Axis axis, int32_t first, int32_t last);
     int32_t unhide(int32_t sheet, Axis axis, int32_t first, int32_t last);

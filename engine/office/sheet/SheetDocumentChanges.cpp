@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What changes the sheet as it is shown; the file stays as it is.
+// Changes of the sheet in memory; the file is not changed.
 #include "engine/office/sheet/SheetDocumentPrivate.h"
 #include "engine/office/sheet/SheetSort.h"
 
@@ -14,7 +14,7 @@ using css::uno::UNO_QUERY_THROW;
 
 namespace {
 
-// The columns, or rows, first to last as one object with properties.
+// The columns or rows `first` to `last` as one object with properties.
 Reference<css::beans::XPropertySet> tracksOf(const Reference<css::sheet::XSpreadsheet>& sheet, Axis axis,
                                              int32_t first, int32_t last) {
     const bool columns = axis == Axis::Columns;
@@ -39,7 +39,7 @@ int32_t SheetDocument::sort(int32_t sheet, int32_t column, bool ascending) {
         d.book.aboutToChange(sheet);
         const int32_t result = sortSheet(d.book, sheet, column, ascending);
         d.book.changed(sheet);
-        // The hits have gone elsewhere.
+        // Sorting has moved the cells of the hits.
         if (result == MODULE_OK && d.hits.sheet() == sheet)
             d.hits = CellHits();
         return result;
@@ -59,8 +59,8 @@ int32_t SheetDocument::unhide(int32_t sheet, Axis axis, int32_t first, int32_t l
     return mPrivate->onTracks(sheet, axis, [&](const Tracks& tracks) {
         int32_t from = tracks.trackAt(std::min(first, last));
         int32_t to = tracks.trackAt(std::max(first, last));
-        // What was hidden at a place lies before what has come there; at the
-        // sheet's end nothing has.
+        // Hidden tracks at a position lie right before the track that is shown
+        // there. Behind the sheet's end no track is shown.
         if (std::min(first, last) >= tracks.total() || !tracks.widenOverHiddenBefore(from))
             tracks.widenOverHiddenBehind(to);
         return resultOf(
@@ -77,7 +77,7 @@ int32_t SheetDocument::unhideAll(int32_t sheet, Axis axis) {
 
 int32_t SheetDocument::resize(int32_t sheet, Axis axis, int32_t at, int32_t change) {
     Private& d = *mPrivate;
-    constexpr int32_t MOST_TWIPS = std::numeric_limits<uint16_t>::max(); // that a track can have
+    constexpr int32_t MOST_TWIPS = std::numeric_limits<uint16_t>::max(); // largest size of a track
     return d.onTracks(sheet, axis, [&](const Tracks& tracks) -> int32_t {
         const int32_t track = tracks.trackAt(at);
         const int64_t wanted = tracks.size(track) + change;
@@ -92,7 +92,7 @@ int32_t SheetDocument::resize(int32_t sheet, Axis axis, int32_t at, int32_t chan
         if (!set(Tracks::twipsFor(wanted, d.dpi)))
             return MODULE_FAILED;
         d.book.changed(sheet);
-        // The suite has limits of its own, and says nothing.
+        // The suite has limits of its own and does not report them.
         if (d.book.geometry(sheet).along(axis).size(track) == wanted)
             return MODULE_OK;
         set(before);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What is in cells: comments, hits, the selection and its text.
+// The contents of cells: comments, hits, the selection and its text.
 #include "engine/office/sheet/Comments.h"
 #include "engine/office/sheet/SheetDocumentPrivate.h"
 
@@ -11,7 +11,7 @@ namespace lectern::engine {
 
 namespace {
 
-// Rectangles of blocks but for hidden ones.
+// The rectangles of the blocks that are not hidden.
 template<class Blocks, class Place>
 std::vector<PixelRect> visiblePlaces(const Blocks& blocks, Place place) {
     std::vector<PixelRect> places;
@@ -132,7 +132,7 @@ int32_t SheetDocument::copySelection(std::u16string& text) {
         if (!copied)
             return MODULE_FAILED;
         text = toText(OStringToOUString(rtl::OString(copied.get()), RTL_TEXTENCODING_UTF8));
-        // A line's end stands between rows, not behind the last.
+        // Line feeds separate rows; none follows the last row.
         if (!text.empty() && text.back() == u'\n')
             text.pop_back();
         return MODULE_OK;

@@ -16,7 +16,7 @@ namespace lectern::engine {
 struct SheetSelection {
     int32_t sheet;
     CellBlock block;
-    std::optional<Axis> tracks; // whole ones
+    std::optional<Axis> tracks; // set when whole columns or rows are selected
     Colour colour;
 };
 
@@ -25,7 +25,7 @@ struct SheetDocument::Private {
         book.setDpi(DEFAULT_DPI);
     }
 
-    // Runs work on a sheet that there is.
+    // Runs work on a sheet if its number is valid.
     template<class Work>
     int32_t onSheet(int32_t sheet, Work work) noexcept {
         return guarded([&]() -> int32_t {
@@ -43,7 +43,8 @@ struct SheetDocument::Private {
         });
     }
 
-    // Where a block lies on its sheet; without a width or a height when hidden.
+    // The rectangle of a block on its sheet; width or height is 0 when the
+    // block is hidden.
     PixelRect place(const SheetGeometry& geometry, const CellBlock& block) const;
     std::optional<MarkedTracks> marked(int32_t sheet, Axis axis) const;
     void markCells(int32_t sheet, int32_t x, int32_t y);
@@ -55,7 +56,7 @@ struct SheetDocument::Private {
     std::array<Surface, SHEET_AREAS> surfaces;
     int32_t dpi = DEFAULT_DPI;
 
-    Colour highlight{128, 192, 255}; // for finds and selections to come
+    Colour highlight{128, 192, 255}; // for later finds and selections
     CellHits hits;
     Colour hitColour{};
     std::optional<SheetSelection> selection;

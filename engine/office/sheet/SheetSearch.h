@@ -9,7 +9,7 @@
 
 namespace lectern::engine {
 
-// Found cells, by row, then column; merged areas count as one cell.
+// Found cells, sorted by row, then by column. A merged area counts as one cell.
 class CellHits {
 public:
     CellHits() = default;
@@ -17,7 +17,7 @@ public:
 
     int32_t sheet() const { return mSheet; }
     const std::vector<CellBlock>& cells() const { return mCells; }
-    // Calls use(block) for those that reach into rows first to last.
+    // Calls use(block) for the hits that overlap rows `first` to `last`.
     template<class Use>
     void forRows(int32_t first, int32_t last, Use use) const {
         for (size_t i = firstFrom(first); i < mCells.size() && mCells[i].top <= last; ++i)
@@ -28,12 +28,12 @@ private:
     size_t firstFrom(int32_t row) const;
 
     int32_t mSheet = -1;
-    int32_t mTallest = 1; // in rows
+    int32_t mTallest = 1; // height of the tallest hit in rows
     std::vector<CellBlock> mCells;
 };
 
-// Finds the cells that show a text, in whatever case; formulas by what they
-// come to. Of very many, the first million.
+// Finds the cells that show `text`, ignoring case; formulas are searched by
+// their results. Returns at most the first million hits.
 CellHits findInSheet(const Workbook& book, int32_t sheet, const std::u16string& text);
 
 } // namespace lectern::engine

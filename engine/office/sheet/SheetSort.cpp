@@ -82,8 +82,8 @@ css::uno::Sequence<css::beans::PropertyValue> sortDescriptor(int32_t field, bool
     return {options, static_cast<sal_Int32>(std::size(options))};
 }
 
-// A sort that the suite refuses raises nothing. But one that was done can be
-// undone.
+// Tells whether the suite has sorted. The suite reports no error when it
+// refuses, but a sort that was done can be undone.
 class UndoWatch {
 public:
     explicit UndoWatch(const Reference<css::frame::XModel>& model)
@@ -96,7 +96,7 @@ public:
         try {
             mManager->clear();
         } catch (const css::uno::Exception&) {
-            // It keeps what it has.
+            // The undo stack keeps its entries.
         }
         setProperty(mProperties, "IsUndoEnabled", false);
     }

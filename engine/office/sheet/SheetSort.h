@@ -7,11 +7,11 @@
 
 namespace lectern::engine {
 
-// Sorts the rows that hold anything by a column. The first of them stays where
-// it is when it is a header: all that it holds is text, and below at least one
-// of its texts there is something that is not. MODULE_NOTHING_THERE when there
-// is nothing in the column, MODULE_REFUSED when the suite does not sort: the
-// sheet is protected, or has merged cells; then nothing has changed.
+// Sorts the used rows of a sheet by a column. The first row stays in place when
+// it is a header: all its cells are text, and there is a value other than text
+// below at least one of them. Returns MODULE_NOTHING_THERE when the column is
+// empty, and MODULE_REFUSED, with the sheet unchanged, when the suite does not
+// sort because the sheet is protected or has merged cells.
 int32_t sortSheet(Workbook& book, int32_t sheet, int32_t column, bool ascending);
 
 } // namespace lectern::engine

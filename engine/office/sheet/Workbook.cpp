@@ -27,13 +27,13 @@ using css::uno::UNO_QUERY_THROW;
 
 namespace {
 
-// What is laid out of even the smallest sheet.
+// The least extent of a sheet, even of an empty one.
 constexpr int32_t LEAST_COLUMNS = 21;
 constexpr int32_t LEAST_ROWS = 51;
 
 constexpr char GEOMETRY_COMMAND[] = ".uno:SheetGeometryData?columns=true&rows=true&sizes=true&hidden=true";
 
-// Comments are told, not drawn.
+// Comments are reported through the interface, not drawn.
 void hideComments(const Reference<css::sheet::XSpreadsheet>& sheet) {
     const Reference<css::sheet::XSheetAnnotationsSupplier> supplier(sheet, UNO_QUERY_THROW);
     const Reference<css::container::XIndexAccess> comments(supplier->getAnnotations(), UNO_QUERY_THROW);
@@ -61,8 +61,8 @@ bool holdsMerged(const Reference<css::sheet::XSpreadsheet>& sheet, const CellBlo
     return range->getIsMerged();
 }
 
-// The last index for which there is something from there to the end, 0 <= index
-// <= last; there is from 0 on.
+// The largest index in [0, last] for which isAnyFrom(index) is true: whether
+// there is anything from that index to the end. It counts as true for 0.
 template<class IsAnyFrom>
 int32_t lastWith(int32_t last, IsAnyFrom isAnyFrom) {
     int32_t first = 0;
@@ -85,10 +85,10 @@ CellBlock mergedAround(const Reference<css::sheet::XSpreadsheet>& sheet, const C
     return blockOf(address->getRangeAddress());
 }
 
-// How many tracks the suite lays out, for cells and drawings: so many twips.
+// Number of tracks within the `twips` that the suite lays out for cells and drawings.
 int32_t laidOut(const Tracks& tracks, long twips, int32_t dpi) {
     const int64_t pixels = (int64_t{twips} * dpi + TWIPS_PER_INCH / 2) / TWIPS_PER_INCH;
-    // A pixel less: the twips were rounded from pixels once already.
+    // One pixel less, because the twips were already rounded from pixels.
     return tracks.countUpTo(pixels - 1);
 }
 
@@ -105,7 +105,8 @@ Workbook::Workbook(LoadedModel loaded) : mLoaded(std::move(loaded)) {
         const auto properties = propertiesOf(cells);
         if (!property<bool>(properties, "IsVisible", true))
             continue;
-        // From right to left, the painter would mirror the very letters.
+        // For a sheet that runs from right to left the painter would mirror the
+        // letters as well.
         if (property<sal_Int16>(properties, "TableLayout") != css::text::WritingMode2::LR_TB)
             setProperty(properties, "TableLayout", css::text::WritingMode2::LR_TB);
         hideComments(cells);

@@ -27,7 +27,7 @@ inline CellBlock blockOf(const css::table::CellRangeAddress& range) {
     return {range.StartColumn, range.StartRow, range.EndColumn, range.EndRow};
 }
 
-// What a sheet measures, up to its extent.
+// The columns and rows of a sheet, up to its extent.
 struct SheetGeometry {
     Tracks columns;
     Tracks rows;
@@ -35,8 +35,8 @@ struct SheetGeometry {
     const Tracks& along(Axis axis) const { return axis == Axis::Columns ? columns : rows; }
 };
 
-// An opened workbook and its sheets that are not hidden, made ready to be
-// looked at: every sheet runs from left to right, no comment is shown.
+// An opened workbook and its visible sheets, prepared for viewing: every sheet
+// runs from left to right, and no comment is drawn.
 class Workbook {
 public:
     explicit Workbook(LoadedModel loaded);
@@ -49,29 +49,30 @@ public:
         return mSheets[static_cast<size_t>(sheet)].cells;
     }
 
-    // Turns what the painter paints and tells to a sheet.
+    // Makes the painter show and report on this sheet.
     void show(int32_t sheet);
     void setDpi(int32_t dpi);
-    // Read when first asked for, and again after a change.
+    // Read on first use, and again after a change.
     const SheetGeometry& geometry(int32_t sheet);
-    // Around every change of a sheet.
+    // Call aboutToChange before and changed after every change of a sheet.
     void aboutToChange(int32_t sheet) { mSheets[static_cast<size_t>(sheet)].drawings.restore(); }
     void changed(int32_t sheet);
 
     // Whether charts, pictures or shapes lie on the sheet.
     bool hasDrawings(int32_t sheet) const { return !mSheets[static_cast<size_t>(sheet)].drawings.empty(); }
-    // Before a painting: puts them where their cells are painted.
+    // Moves drawings to where their cells are painted; call before painting.
     void alignDrawings(int32_t sheet);
-    // The cells that hold anything; nothing on an empty sheet.
+    // The block of used cells; nothing on an empty sheet.
     std::optional<CellBlock> usedBlock(int32_t sheet) const;
-    // From the first cell to where merged areas end; nothing without any.
+    // The block from the first cell to the end of the last merged area; nothing
+    // without merged areas.
     std::optional<CellBlock> mergedExtent(int32_t sheet) const;
-    // The merged area that a cell lies in, or the cell.
+    // The merged area that contains a cell, or the cell itself.
     CellBlock mergedBlock(int32_t sheet, int32_t column, int32_t row) const;
 
 private:
     struct Sheet {
-        int part; // its number among all sheets
+        int part; // its number among all sheets, hidden ones included
         css::uno::Reference<css::sheet::XSpreadsheet> cells;
         Drawings drawings;
         std::optional<SheetGeometry> geometry;

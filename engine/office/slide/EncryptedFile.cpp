@@ -11,8 +11,8 @@ namespace lectern::engine {
 
 bool isEncryptedPresentation(const std::string& path) {
     constexpr std::string_view COMPOUND = "\xD0\xCF\x11\xE0";
-    // The record of the user who saved last: its size, then the token of an
-    // encrypted file in place of the ordinary one.
+    // Start of the record about the user who saved last: the record's size,
+    // then the token that only encrypted files have.
     constexpr std::string_view ENCRYPTED_USER("\x14\x00\x00\x00\xDF\xC4\xD1\xF3", 8);
     std::ifstream file(path, std::ios::binary);
     std::string head(COMPOUND.size(), '\0');

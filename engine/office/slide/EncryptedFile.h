@@ -5,8 +5,8 @@
 
 namespace lectern::engine {
 
-// Whether a binary presentation says that it is encrypted. The suite, which
-// cannot read those, fails without telling why.
+// Returns whether a binary presentation is marked as encrypted. The suite
+// cannot read encrypted presentations and reports no reason when it fails.
 bool isEncryptedPresentation(const std::string& path);
 
 } // namespace lectern::engine

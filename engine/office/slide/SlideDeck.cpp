@@ -27,7 +27,7 @@ using css::uno::UNO_QUERY_THROW;
 
 namespace {
 
-// Collects what the suite writes.
+// An output stream that collects the bytes that the suite writes.
 class Collected : public cppu::WeakImplHelper1<css::io::XOutputStream> {
 public:
     void SAL_CALL writeBytes(const Sequence<sal_Int8>& data) override {
@@ -51,8 +51,8 @@ css::beans::PropertyValue named(const char* name, const Value& value) {
     return property;
 }
 
-// The suite draws a grey frame around a slide, which its neighbours inside
-// cover. `thickness` is in pixels.
+// Removes the grey frame that the suite draws around a slide: its pixels are
+// replaced by their neighbours inside. `thickness` is in pixels.
 void coverFrame(const Surface& surface, int32_t thickness) {
     if (std::min(surface.width, surface.height) <= 2 * thickness)
         return;
@@ -69,16 +69,17 @@ void coverFrame(const Surface& surface, int32_t thickness) {
     }
 }
 
-// The frame is a pixel wide, and smeared over two where the slide is painted out
-// of its proportions.
+// Thickness of the frame in pixels: 1, but 2 where the slide is painted out of
+// proportion.
 int32_t frameThickness(const Surface& surface, const css::awt::Size& slide) {
     const double across = static_cast<double>(surface.width) / slide.Width;
     const double down = static_cast<double>(surface.height) / slide.Height;
     return std::abs(across / down - 1) < 0.02 ? 1 : 2;
 }
 
-// A shape that draws a slide whole, with what its master page shows on it: the
-// title and the footers that are its own. Lies where no slide shows it.
+// Adds a shape to the notes page that draws the whole slide: its own shapes and
+// those of the master page that it shows, such as title and footers. No slide
+// shows the notes page.
 Reference<css::drawing::XShape> makePreview(const Reference<css::frame::XModel>& model,
                                             const Reference<XDrawPage>& slide) {
     const Reference<css::lang::XMultiServiceFactory> factory(model, UNO_QUERY_THROW);
@@ -121,7 +122,7 @@ void SlideDeck::paint(int32_t index, const Surface& surface) {
     coverFrame(surface, frameThickness(surface, whole));
 }
 
-// A slide exported by itself comes without its master page, its preview with it.
+// An exported slide lacks its master page; its preview shape includes it.
 DrawnText SlideDeck::drawnText(int32_t index) {
     if (!mPreview.is())
         mPreview = makePreview(mLoaded.model, slide(0));

@@ -15,8 +15,8 @@
 
 namespace lectern::engine {
 
-// An opened presentation and all slides that its file has, the hidden ones too,
-// made ready to be looked at.
+// An opened presentation and all slides of its file, hidden ones included,
+// prepared for viewing.
 class SlideDeck {
 public:
     SlideDeck(const Office::Private& office, const std::string& path, LoadedModel loaded);
@@ -27,22 +27,22 @@ public:
     const css::uno::Reference<css::drawing::XDrawPage>& slide(int32_t slide) const {
         return mSlides[static_cast<size_t>(slide)];
     }
-    // In 1/100 mm, 1 at least.
+    // Width and height in 1/100 mm, each at least 1.
     css::awt::Size size(int32_t slide) const;
 
-    // Does the part of a slide's paint that needs no surface, so that the next
-    // paint of it is quicker: half of it, where a slide is seen for the first time.
+    // Does the part of painting a slide that needs no surface, so that its next
+    // paint is faster: by half when the slide is painted for the first time.
     void preparePaint(int32_t slide) { mLoaded.painter->setPart(slide); }
     // Paints the slide over the whole surface.
     void paint(int32_t slide, const Surface& surface);
-    // What is written on the slide, its master's words, footers and charts
-    // included; lengths are those of size(). Takes milliseconds.
+    // Text drawn on the slide, including the master page, footers and charts;
+    // lengths are in 1/100 mm, as in size(). Takes milliseconds.
     DrawnText drawnText(int32_t slide);
 
 private:
     LoadedModel mLoaded;
     std::vector<css::uno::Reference<css::drawing::XDrawPage>> mSlides;
-    css::uno::Reference<css::drawing::XShape> mPreview; // made by the first search
+    css::uno::Reference<css::drawing::XShape> mPreview; // created by the first search
     css::uno::Reference<css::drawing::XGraphicExportFilter> mExport;
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Opening a presentation, its slides, and their painting.
+// Opening a presentation, its slides and their painting.
 #include "engine/office/slide/SlideDocument.h"
 
 #include "engine/office/Properties.h"
@@ -34,7 +34,7 @@ int32_t pointsFromHundredthMm(int32_t length) {
 int32_t SlideDocument::open(Office& office, const std::string& path, const std::string& temporaryDirectory,
                             std::unique_ptr<SlideDocument>& document) {
     return guarded([&]() -> int32_t {
-        // The suite would take it for one to be written.
+        // The suite would open an empty file as a new presentation.
         if (std::filesystem::file_size(path) == 0)
             return MODULE_DAMAGED;
         LoadedModel loaded;
@@ -94,23 +94,23 @@ bool SlideDocument::prepareNext() {
 }
 
 std::optional<int32_t> SlideDocument::Private::after(std::optional<int32_t> before, int32_t slide) const {
-    // What takes long to paint takes long to leave, too, and may be wanted in
-    // another size.
+    // A slide that is slow to paint is slow to leave as well, and it may be
+    // painted again in another size.
     constexpr auto QUICK = std::chrono::milliseconds(50);
     if (paintTime > QUICK)
         return std::nullopt;
-    // Whoever turns the pages goes on in the same direction.
+    // The user probably keeps turning pages in the same direction.
     return before && slide < *before ? slide - 1 : slide + 1;
 }
 
 bool SlideDocument::Private::warmMemory(int32_t shown) {
-    constexpr int64_t PORTION = 16384; // pixels; some ten microseconds
+    constexpr int64_t PORTION = 16384; // pixels; takes some ten microseconds
     constexpr int64_t CACHE_LINE = 16; // pixels
     const int64_t count = int64_t{surface.width} * surface.height;
     const int32_t next = places.next();
     if (surface.pixels == nullptr || next == shown || warmed >= count)
         return false;
-    // Written as they are, for the picture there can still be asked for.
+    // Write back the values read, because a picture kept there may still be needed.
     volatile uint32_t* const pixels = pictureAt(next).pixels;
     const int64_t end = std::min(warmed + PORTION, count);
     for (; warmed < end; warmed += CACHE_LINE)

@@ -15,7 +15,7 @@ namespace lectern::engine {
 
 // The hits of a search on one slide.
 struct FoundOnSlide {
-    std::vector<std::vector<DrawnBox>> boxes; // of each hit, by place
+    std::vector<std::vector<DrawnBox>> boxes; // of each hit, from top to bottom
     std::vector<int32_t> noteOffsets;
 };
 
@@ -23,7 +23,7 @@ struct SlideDocument::Private {
     Private(const Office::Private& office, const std::string& path, LoadedModel loaded)
         : deck(office, path, std::move(loaded)), texts(static_cast<size_t>(deck.count())) {}
 
-    // Runs work on a slide that there is.
+    // Runs work on a slide if its number is valid.
     template<class Work>
     int32_t onSlide(int32_t slide, Work work) noexcept {
         return guarded([&]() -> int32_t {
@@ -36,31 +36,32 @@ struct SlideDocument::Private {
 
     const DrawnText& drawnText(int32_t slide);
     FoundOnSlide search(int32_t slide, const std::u16string& wanted);
-    // The rectangles of a hit on the surface; what lies beyond the slide is left out.
+    // The rectangles of a hit on the surface, without the parts beyond the slide.
     std::vector<PixelRect> onSurface(int32_t slide, const std::vector<DrawnBox>& boxes) const;
-    // The surface that a picture of the memory is.
+    // The surface of one of the pictures in the memory.
     Surface pictureAt(int32_t place) const;
-    // Has the slide painted; the place where it is.
+    // Paints the slide unless a picture of it is kept; returns its place.
     int32_t paint(int32_t slide);
-    // The slide whose paint it pays to prepare while this one is looked at.
+    // The slide to prepare while `slide` is shown; nothing when preparing does
+    // not pay. `before` is the slide that was shown earlier.
     std::optional<int32_t> after(std::optional<int32_t> before, int32_t slide) const;
-    // Brings a bit of the memory that the next paint will need into this process
-    // and its caches, which saves that paint a tenth to a third of its time.
-    // False when there is no more. `shown` is the place that is being looked at.
+    // Touches a part of the memory of the next picture, so that it is mapped and in
+    // the processor's caches; that saves the paint a tenth to a third of its time.
+    // Returns false when all has been touched. `shown` is the place on display.
     bool warmMemory(int32_t shown);
-    // Marks the hits on a copy of the picture at a place; the copy's place.
+    // Marks the hits on a copy of the picture at a place; returns the copy's place.
     int32_t markHits(int32_t slide, const FoundOnSlide& hits, int32_t place);
 
     SlideDeck deck;
     Surface surface; // the first picture
     PicturePlaces places{1};
-    std::optional<int32_t> rendered;                 // the slide that was, on this surface
+    std::optional<int32_t> rendered;                 // the slide rendered last on this surface
     std::chrono::steady_clock::duration paintTime{}; // of the slide painted last
-    int64_t warmed = 0;                              // pixels of the next picture's memory
-    std::optional<int32_t> likelyNext;               // the slide to be asked for next, perhaps none
+    int64_t warmed = 0;                              // number of pixels that warmMemory has touched
+    std::optional<int32_t> likelyNext;               // the slide that is probably rendered next
 
-    std::vector<std::optional<DrawnText>> texts; // of slides that were searched
-    Colour highlight{128, 192, 255};             // for finds to come
+    std::vector<std::optional<DrawnText>> texts; // of the slides searched so far
+    Colour highlight{128, 192, 255};             // for later finds
     Colour hitColour{};
     std::map<int32_t, FoundOnSlide> found; // by slide
 };

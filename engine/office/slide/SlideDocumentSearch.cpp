@@ -16,11 +16,11 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// A search ends with what it has found by then: well before the time that a
-// call may take.
+// A search stops after this time and returns the hits so far. It is well below
+// the time limit of a call.
 constexpr std::chrono::seconds PATIENCE(5);
 
-// A line feed parts the paragraphs of notes; a search takes another sign for it.
+// Notes separate paragraphs by line feeds, a search by PARAGRAPH_SEPARATOR.
 std::u16string searchable(std::u16string note) {
     std::replace(note.begin(), note.end(), u'\n', PARAGRAPH_SEPARATOR);
     return note;
@@ -66,7 +66,7 @@ std::vector<PixelRect> SlideDocument::Private::onSurface(int32_t slide,
     const css::awt::Size size = deck.size(slide);
     const double across = static_cast<double>(surface.width) / size.Width;
     const double down = static_cast<double>(surface.height) / size.Height;
-    // The pixels that an extent touches, one at least.
+    // First pixel and number of the pixels that an extent touches; at least one.
     const auto pixels = [](double from, double to, int32_t most) {
         const auto first = static_cast<int32_t>(std::clamp<double>(std::floor(from), 0, most - 1));
         const auto last = static_cast<int32_t>(std::clamp<double>(std::ceil(to), first + 1, most));
@@ -82,7 +82,7 @@ std::vector<PixelRect> SlideDocument::Private::onSurface(int32_t slide,
 }
 
 int32_t SlideDocument::Private::markHits(int32_t slide, const FoundOnSlide& hits, int32_t place) {
-    const int32_t marked = places.take(); // the same where there is but one
+    const int32_t marked = places.take(); // equals `place` when there is only one
     const Surface picture = pictureAt(marked);
     if (marked != place)
         std::copy(pictureAt(place).row(0), pictureAt(place).row(surface.height), picture.pixels);

@@ -41,15 +41,15 @@ bool hasSlidesInPackage(const Reference<css::packages::zip::XZipFileAccess2>& pa
     return text.find(SLIDE_TYPE) != std::string_view::npos;
 }
 
-// A record of the binary format: what it is, and its content, which may be
-// records again.
+// A record of the binary format: its header and its content, which may consist
+// of records.
 struct Record {
     uint16_t type;
     uint16_t instance;
     Bytes content;
 };
 
-// Takes the first record off; nothing when there is no whole one.
+// Removes the first record from `rest`; returns nothing when it is not complete.
 std::optional<Record> takeRecord(Bytes& rest) {
     constexpr size_t HEADER = 8;
     if (rest.size() < HEADER)
@@ -69,7 +69,8 @@ std::optional<Record> takeRecord(Bytes& rest) {
     return record;
 }
 
-// Whether there are records of these types, each within one of the type before.
+// Whether there are records of these types, each inside a record of the
+// previous type.
 bool holds(Bytes records, std::span<const uint16_t> types) {
     while (const std::optional<Record> record = takeRecord(records)) {
         if (record->type == types.front() && record->instance == 0 &&
@@ -81,7 +82,7 @@ bool holds(Bytes records, std::span<const uint16_t> types) {
 
 bool hasSlidesInStorage(const Reference<css::container::XNameAccess>& storage) {
     constexpr uint16_t DOCUMENT = 1000;
-    constexpr uint16_t LIST_OF_SLIDES = 4080; // of instance 0; others list masters and notes
+    constexpr uint16_t LIST_OF_SLIDES = 4080; // of instance 0; other instances list masters and notes
     constexpr uint16_t SLIDE = 1011;
     constexpr uint16_t PATH[] = {DOCUMENT, LIST_OF_SLIDES, SLIDE};
     const Reference<css::io::XStream> stream(storage->getByName("PowerPoint Document"), UNO_QUERY_THROW);

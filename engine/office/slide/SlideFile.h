@@ -7,8 +7,8 @@
 
 namespace lectern::engine {
 
-// Whether the file of a presentation says that it has no slides; the suite puts
-// an empty one into those. False for what cannot be read.
+// Returns whether the file of a presentation has no slides; the suite adds an
+// empty slide to such a presentation. False when the file cannot be read.
 bool isWithoutSlides(const css::uno::Reference<css::uno::XComponentContext>& context,
                      const std::string& path);
 

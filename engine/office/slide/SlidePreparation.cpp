@@ -51,7 +51,7 @@ void replaceByStill(const Reference<css::frame::XModel>& model, const Reference<
     setProperty(propertiesOf(picture), "ZOrder", place);
 }
 
-// What an effect's or a sequence's node says of itself; 0 when it does not.
+// Number stored as user data of an animation node under `name`; 0 when there is none.
 sal_Int16 userNumber(const Reference<XAnimationNode>& node, const char* name) {
     sal_Int16 number = 0;
     for (const css::beans::NamedValue& entry : node->getUserData()) {
@@ -61,8 +61,8 @@ sal_Int16 userNumber(const Reference<XAnimationNode>& node, const char* name) {
     return number;
 }
 
-// The shapes that animations run for those who only go on have brought in or
-// taken away, each with what happened to it last.
+// Finds out which shapes are visible after all animations that run without a
+// click on a shape have run. Records the last entrance or exit of each shape.
 class Outcome {
 public:
     void follow(const Reference<XAnimationNode>& node, bool takesAway, bool decides, int depth) {
@@ -121,7 +121,7 @@ void hideWhatAnimationsTakeAway(const Reference<XDrawPage>& slide) {
 } // namespace
 
 void prepareSlide(const Reference<css::frame::XModel>& model, const Reference<XDrawPage>& slide) {
-    // Before shapes go, for animations name them.
+    // Do this before removing shapes, because animations refer to them.
     hideWhatAnimationsTakeAway(slide);
     for (sal_Int32 i = slide->getCount() - 1; i >= 0; --i) {
         const Reference<XShape> shape(slide->getByIndex(i), UNO_QUERY);

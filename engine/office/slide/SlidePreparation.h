@@ -8,10 +8,9 @@
 
 namespace lectern::engine {
 
-// Makes a slide, which is only in memory, one to look at: placeholders that
-// only prompt an editor go, what its animations take away is hidden, and sound
-// and film become the still picture they came with, for playing them needs
-// libraries that would bring the process down.
+// Prepares a slide, in memory only, for viewing: removes empty placeholders,
+// hides shapes that animations take away, and replaces sound and film by their
+// still pictures. Playing them would need libraries that crash the process.
 void prepareSlide(const css::uno::Reference<css::frame::XModel>& model,
                   const css::uno::Reference<css::drawing::XDrawPage>& slide);
 

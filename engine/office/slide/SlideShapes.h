@@ -10,18 +10,19 @@
 
 namespace lectern::engine {
 
-// What a shape is for, in the suite's own words: "TitleTextShape" and the like.
-// Empty for those that are no placeholder.
+// The suite's name of a placeholder's type, such as "TitleTextShape"; empty for
+// other shapes.
 OUString placeholderOf(const css::uno::Reference<css::drawing::XShape>& shape);
 
-// Whether a placeholder has been left empty, and so only prompts who edits it.
+// Whether a shape is an empty placeholder, which shows only a prompt for editors.
 bool isEmptyPlaceholder(const css::uno::Reference<css::drawing::XShape>& shape);
 
-// The text of a shape; empty for a shape without one.
+// The text of a shape; empty for a shape without text.
 OUString textOf(const css::uno::Reference<css::drawing::XShape>& shape);
 
-// Visits the shapes of a slide in drawing order, those of groups one by one. The visit
-// goes on while `visit` gives true; so tells the result.
+// Visits the shapes of a slide in drawing order; for a group, its members one
+// by one. Stops when `visit` returns false. Returns whether every visit
+// returned true.
 using ShapeVisit = std::function<bool(const css::uno::Reference<css::drawing::XShape>&)>;
 bool visitShapes(const css::uno::Reference<css::drawing::XDrawPage>& slide, const ShapeVisit& visit);
 

@@ -23,7 +23,7 @@ bool isFooter(const OUString& placeholder) {
            placeholder == "SlideNumberShape" || placeholder == "HeaderShape";
 }
 
-// What was broken into lines for its place on the slide reads on.
+// Joins the lines of a text that was broken into lines to fit its shape.
 std::u16string onOneLine(const OUString& text) {
     std::u16string line = toText(text.trim());
     std::replace_if(

@@ -10,15 +10,15 @@
 
 namespace lectern::engine {
 
-// The slide's title on one line: that of its title placeholder, else its first
-// text, a cell's or a footer's aside. Empty when nothing is written on it.
+// The slide's title on one line: the text of the title placeholder, or else the first
+// text that is neither in a table cell nor a footer. Empty when the slide has no text.
 std::u16string slideTitle(const css::uno::Reference<css::drawing::XDrawPage>& slide);
 
-// The speaker's notes; a line feed stands between two paragraphs.
+// The speaker's notes, with line feeds between the paragraphs.
 std::u16string slideNote(const css::uno::Reference<css::drawing::XDrawPage>& slide);
 
-// The title, when a placeholder has it, and the paragraphs of the subtitle and
-// text placeholders.
+// The title, if a placeholder contains it, and the paragraphs of the subtitle
+// and text placeholders.
 std::vector<OutlineItem> slideOutline(const css::uno::Reference<css::drawing::XDrawPage>& slide);
 
 } // namespace lectern::engine

@@ -23,7 +23,8 @@ bool isDigit(sal_Unicode unit) {
     return unit >= '0' && unit <= '9';
 }
 
-// "B12" of a cell in the twelfth row; cells of split ones have more behind a dot.
+// The row number in a cell's name: 12 for "B12". The names of cells in split
+// cells continue after a dot.
 OUString rowOf(const OUString& cell) {
     sal_Int32 first = 0;
     while (first < cell.getLength() && !isDigit(cell[first]))
@@ -34,7 +35,7 @@ OUString rowOf(const OUString& cell) {
     return cell.copy(first, last - first);
 }
 
-// A shape may be a frame, or be filled by one.
+// The frame that a shape is, or that a drawing contains as its text box; may be null.
 Reference<css::text::XTextFrame> frameOf(const FloatingShape& shape) {
     const Reference<css::text::XTextFrame> frame(shape.shape, UNO_QUERY);
     return frame.is() ? frame
@@ -57,7 +58,8 @@ public:
     Walk(Body& body, const std::function<void(const Reference<css::beans::XPropertySet>&)>& onBlock)
         : mBody(body), mOnBlock(onBlock) {}
 
-    // Without a unit every paragraph is one.
+    // Reads a text. Every paragraph shares `unit`; when it is empty, each gets
+    // a unit of its own.
     void walk(const BodyText::Key& key, const Reference<css::text::XText>& text, std::optional<size_t> unit) {
         const size_t index = mBody.mTexts.size();
         mBody.mTexts.push_back({key, text, {}});
@@ -131,9 +133,9 @@ Body::Body(const Reference<css::text::XTextDocument>& model, const std::vector<F
     joinText();
 }
 
-// Frames were read behind the body; each goes behind the paragraph of its
-// anchor, be that in the body or in another frame. One anchored elsewhere, in a
-// note, goes.
+// Moves frames, which were read after the body, to their places: each follows
+// the paragraph of its anchor, in the body or in another frame. Frames anchored
+// elsewhere, such as in a note, are dropped.
 void Body::placeFrames(const std::vector<FrameBlock>& frames) {
     std::multimap<size_t, const FrameBlock*> framesAt;
     for (const FrameBlock& frame : frames) {

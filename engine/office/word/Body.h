@@ -19,59 +19,61 @@ namespace lectern::engine {
 // A paragraph: characters [start, start + length) of the whole text.
 struct BodyParagraph {
     css::uno::Reference<css::text::XTextRange> range;
-    std::u16string string; // moved into the whole text in the end
+    std::u16string string; // moved into the whole text when all are read
     uint32_t start = 0;
     uint32_t length = 0;
-    size_t text = 0; // it stands in, an index
-    // Paragraphs of one row of an outermost table, or of a paragraph and the
-    // frames in it, lie side by side and share a unit; others have their own.
+    size_t text = 0; // index of the BodyText that contains it
+    // Paragraphs that lie side by side share a unit: those of one row of an
+    // outermost table, and a paragraph with the frames anchored in it. Every
+    // other paragraph has a unit of its own.
     size_t unit = 0;
 };
 
-// A text of its own: the body itself, without names, a cell, or a text frame.
+// One text of the document: the body (with an empty key), a cell or a text frame.
 struct BodyText {
-    // The names of a cell's table and of the cell, or of a frame.
+    // Names of a cell's table and of the cell, and the name of a frame; unused
+    // ones are empty.
     using Key = std::tuple<OUString, OUString, OUString>;
 
     Key key;
     css::uno::Reference<css::text::XText> text;
-    std::vector<size_t> paragraphs; // in this text, not in others inside of it
+    std::vector<size_t> paragraphs; // in this text, without those of texts inside of it
 };
 
-// All text that flows: the body with its tables, and behind each paragraph the
-// frames anchored in it. Notes are not part of it.
+// All text that flows: the body with its tables, and after each paragraph the
+// frames anchored in it. Notes are not included.
 class Body {
 public:
-    // Walks the body in the order of the document. Reading a paragraph is what
-    // costs, so whatever else each paragraph or table outside of tables needs
-    // done to it is done on the way, by onBlock.
+    // Reads the body in document order. Calls onBlock for every paragraph and
+    // table that is not inside a table or frame, because accessing each of them
+    // a second time would be expensive.
     Body(const css::uno::Reference<css::text::XTextDocument>& model, const std::vector<FloatingShape>& shapes,
          const std::function<void(const css::uno::Reference<css::beans::XPropertySet>&)>& onBlock);
 
     const std::vector<BodyParagraph>& paragraphs() const { return mParagraphs; }
     const std::vector<BodyText>& texts() const { return mTexts; }
-    // Every character, paragraphSeparator between two paragraphs.
+    // The characters of all paragraphs, with PARAGRAPH_SEPARATOR between two paragraphs.
     const std::u16string& string() const { return mString; }
     uint32_t length() const { return static_cast<uint32_t>(mString.size()); }
     bool hasTables() const { return mHasTables; }
 
-    // The paragraph with this character, or the separator behind it.
+    // The paragraph that contains this character or ends before this separator.
     const BodyParagraph& paragraphAt(uint32_t position) const;
     // The characters of all paragraphs that lie beside this one.
     CharacterRange unitOf(const BodyParagraph& paragraph) const;
     bool isAlone(const BodyParagraph& paragraph) const;
 
-    // The paragraph that a cursor, whose properties these are, stands in at the
-    // start of the range. Null outside of the body.
+    // The paragraph that contains the start of `range`. `cursor` has the
+    // properties of a cursor there. Null outside of the body.
     const BodyParagraph* paragraphAt(const css::uno::Reference<css::beans::XPropertySet>& cursor,
                                      const css::uno::Reference<css::text::XTextRange>& range) const;
 
-    // Where the body's own last paragraph is to be found from now on.
+    // Sets the range of the body's last paragraph; use after a paragraph was appended.
     void moveLastParagraph(const css::uno::Reference<css::text::XTextRange>& range);
 
 private:
     class Walk;
-    // Paragraphs [first, last) of a frame, in the order they were read.
+    // Paragraphs [first, last) of a frame, in the order in which they were read.
     struct FrameBlock {
         size_t first;
         size_t last;

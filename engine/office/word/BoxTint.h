@@ -6,7 +6,7 @@
 
 namespace lectern::engine {
 
-// Lays a colour over the part of a box that lies in rows [first, last) of the
+// Blends a colour over the part of a box that lies in rows [first, last) of the
 // stretch that starts at row `top` of the text.
 void tint(const Surface& surface, int64_t top, const TextBox& box, int32_t first, int32_t last,
           const Colour& colour);

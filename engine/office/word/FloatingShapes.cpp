@@ -21,21 +21,21 @@ using css::uno::UNO_QUERY;
 
 namespace {
 
-constexpr int32_t LEAST_WIDTH = 300; // 1/100 mm; nothing is scaled below it
+constexpr int32_t LEAST_WIDTH = 300; // 1/100 mm; shapes are not scaled below it
 
 Reference<css::text::XTextRange> anchorOf(const Reference<css::drawing::XShape>& shape) {
     const Reference<css::text::XTextContent> content(shape, UNO_QUERY);
     return content.is() ? content->getAnchor() : Reference<css::text::XTextRange>();
 }
 
-// Shapes of headers and footers, which are off, are still listed, as copies
-// that must not be touched.
+// The list of shapes also has copies of those in headers and footers, which are
+// off. They must not be changed.
 bool isInText(const Reference<css::text::XTextRange>& anchor) {
     return anchor.is() && anchor->getText().is() &&
            implementationName(anchor->getText()) != "SwXHeadFootText";
 }
 
-// A drawing may be filled by a frame with text.
+// A drawing may contain a text frame.
 bool hasTextBox(const Reference<css::drawing::XShape>& shape) {
     const Reference<css::text::XTextRange> text(shape, UNO_QUERY);
     return text.is() && property<bool>(propertiesOf(shape), "TextBox") && !text->getString().isEmpty();
@@ -48,7 +48,8 @@ FloatingShape::Kind kindOf(const Reference<css::drawing::XShape>& shape) {
     return frame.is() ? FloatingShape::Kind::TextFrame : FloatingShape::Kind::Picture;
 }
 
-// A drawing without text about as large as a page is its border or background.
+// A drawing without text that is about as large as a page is the page's border
+// or background.
 bool isPageDecoration(const FloatingShape& shape, const css::awt::Size& page) {
     const Reference<css::text::XTextRange> text(shape.shape, UNO_QUERY);
     return shape.kind == FloatingShape::Kind::Drawing && text.is() && text->getString().isEmpty() &&
@@ -83,7 +84,7 @@ void anchorAsCharacter(const FloatingShape& shape) {
     if (property(shape.properties, "AnchorType", TextContentAnchorType_AS_CHARACTER) !=
         TextContentAnchorType_AS_CHARACTER)
         setProperty(shape.properties, "AnchorType", TextContentAnchorType_AS_CHARACTER);
-    // A frame that gets narrower has to grow for its text.
+    // A frame that becomes narrower must grow in height for its text.
     if (shape.kind == FloatingShape::Kind::TextFrame) {
         setProperty(shape.properties, "SizeType", css::text::SizeType::MIN);
         setProperty(shape.properties, "TextAutoGrowHeight", true);
@@ -107,7 +108,7 @@ void fitInLine(const FloatingShape& shape, int32_t width) {
     setShapeSize(shape, size);
 }
 
-// The width relative to the surroundings follows the cell by itself.
+// A relative width makes the picture follow the width of its cell.
 void setRelativeWidth(const FloatingShape& shape, bool relative) {
     setProperty(shape.properties, "RelativeWidth", static_cast<sal_Int16>(relative ? 100 : 0));
     setProperty(shape.properties, "IsSyncHeightToWidth", relative);

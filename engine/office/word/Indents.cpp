@@ -7,7 +7,7 @@ namespace lectern::engine {
 
 namespace {
 
-// 1/100 mm. On no screen is this half of a line.
+// 1/100 mm. Less than half of a line on every screen.
 constexpr int32_t HARMLESS = 500;
 
 int64_t taken(const IndentedParagraph& paragraph) {

@@ -8,7 +8,7 @@
 
 namespace lectern::engine {
 
-// What a paragraph's indents take of its lines, in 1/100 mm.
+// The indents of a paragraph, in 1/100 mm.
 struct IndentedParagraph {
     css::uno::Reference<css::beans::XPropertySet> properties;
     int32_t left;
@@ -17,12 +17,12 @@ struct IndentedParagraph {
     bool reduced = false;
 };
 
-// The paragraphs outside of tables whose indents are worth a look on a narrow screen.
+// The paragraphs outside of tables whose indents may be too wide for a narrow screen.
 std::vector<IndentedParagraph> indentedParagraphs(const Body& body);
 
-// Indents made for paper squeeze text into a column on a narrow screen: where
-// they take more than half of a line of `width` they are scaled down to that,
-// else they are as the document has them. With the controllers locked.
+// Limits indents to half of a line of `width` 1/100 mm: wider ones, made for
+// paper, are scaled down, all others are as in the document. Call with the
+// controllers locked.
 void fitIndents(std::vector<IndentedParagraph>& paragraphs, int32_t width);
 
 } // namespace lectern::engine

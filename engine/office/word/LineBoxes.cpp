@@ -15,10 +15,11 @@ using css::uno::Reference;
 
 namespace {
 
-// An answer takes well under a millisecond; one that does not come is not waited for long.
+// The longest wait for an answer, which usually takes well under a millisecond.
 constexpr std::chrono::milliseconds PATIENCE(200);
 
-// "x, y, width, height; ..."
+// Parses "x, y, width, height; ..." and sorts the boxes from top to bottom,
+// then from left to right.
 std::vector<ViewBox> parseBoxes(const std::string& text) {
     std::vector<ViewBox> boxes;
     const char* rest = text.c_str();

@@ -17,19 +17,20 @@ struct ViewBox {
     int64_t height;
 };
 
-// Asks the suite where characters lie, one box for each line. It tells only of
-// what is selected, and in its own time: while this lives, it listens. Selects
-// with the view's cursor.
+// Asks the suite for the boxes of characters, one for each line. The suite
+// reports only selections, and asynchronously, so this registers a callback for
+// its lifetime and selects with the view's cursor.
 class LineBoxes {
 public:
-    // All outlive this.
+    // All three must outlive this.
     LineBoxes(lok::Document& painter, const TextFlow& flow, const TextPositions& positions);
     ~LineBoxes();
     LineBoxes(const LineBoxes&) = delete;
     LineBoxes& operator=(const LineBoxes&) = delete;
 
-    // From top to bottom, then left to right. None for what is not shown, or
-    // when the suite does not tell.
+    // The boxes of a range, from top to bottom, then from left to right. Empty
+    // for an empty range, for text that is not shown, and when the suite does
+    // not answer in time.
     std::vector<ViewBox> of(CharacterRange range);
 
 private:

@@ -24,7 +24,8 @@ OUString addressOfField(const Reference<css::beans::XPropertySet>& portion) {
     return quotesBookmark ? "#" + property<OUString>(field, "SourceName") : OUString();
 }
 
-// Some portions hold portions themselves, and a selection holds paragraphs.
+// Collects the links in portions and in the portions nested in them. A
+// selection's elements are paragraphs, which hold portions.
 void collect(const Reference<css::container::XEnumerationAccess>& portions, const TextPositions& positions,
              std::vector<Link>& links) {
     const auto all =
@@ -49,7 +50,7 @@ void collect(const Reference<css::container::XEnumerationAccess>& portions, cons
     }
 }
 
-// "2.1 Tides", or what a heading's text ends in after its number.
+// Whether `name` is `text` with a number before it, such as "2.1 Tides" for "Tides".
 bool isNumberedLike(std::u16string_view name, std::u16string_view text) {
     if (text.empty() || name.size() < text.size() || name.substr(name.size() - text.size()) != text)
         return false;

@@ -8,29 +8,29 @@
 
 namespace lectern::engine {
 
-// Characters that lead somewhere. An address that starts with # is a place in
-// the document, as the suite names them.
+// Characters that are a link. An address that starts with # is a place in the
+// document, named as the suite names it.
 struct Link {
     CharacterRange range;
     OUString address;
 };
 
-// The links of a paragraph: hyperlinks, and fields that quote a bookmark.
+// The links of a paragraph: hyperlinks, and fields that refer to a bookmark.
 std::vector<Link> linksIn(const BodyParagraph& paragraph, const TextPositions& positions);
 
-// Finds where links lead to inside a document.
+// Finds the targets of links inside a document.
 class LinkTargets {
 public:
-    // Both outlive this.
+    // Both must outlive this.
     LinkTargets(const css::uno::Reference<css::text::XTextDocument>& model, const TextPositions& positions)
         : mModel(model), mPositions(positions) {}
 
-    // The position of a place, given without its #: a bookmark, or a heading or
-    // table as the suite names them. Nothing when there is no such place.
+    // The position of a place, named without the #: a bookmark, or the suite's
+    // name of a heading or table. Nothing when there is no such place.
     std::optional<uint32_t> find(const OUString& name) const;
 
-    // Where an entry of a table of contents leads, be it a link or not. Nothing
-    // for a paragraph that is none.
+    // The target of an entry in a table of contents, whether or not the entry
+    // is a link. Nothing for any other paragraph.
     std::optional<uint32_t> ofContentsEntry(const BodyParagraph& paragraph) const;
 
 private:

@@ -18,8 +18,8 @@ using css::uno::UNO_QUERY;
 
 namespace {
 
-// The notes get pages of these styles once they are laid out, so they are
-// treated as in use before they are.
+// Notes get pages of these styles during the layout, so treat the styles as in
+// use from the start.
 bool isOfNotes(const OUString& name) {
     return name == "Footnote" || name == "Endnote";
 }
@@ -37,11 +37,12 @@ void forUsedStyles(const Reference<css::text::XTextDocument>& model, const char*
 }
 
 void stripPage(const Reference<css::beans::XPropertySet>& page) {
-    // Headers and footers first: what is anchored in them goes with them.
+    // Headers and footers first: turning them off removes the shapes anchored in them.
     setProperty(page, "HeaderIsOn", false);
     setProperty(page, "FooterIsOn", false);
     setProperty(page, "IsLandscape", false);
-    // A text grid would break a page after so many lines, however high it is.
+    // A text grid would break a page after a number of lines, whatever the
+    // page's height.
     setProperty(page, "GridMode", static_cast<sal_Int16>(0));
     for (const char* margin : {"LeftMargin", "RightMargin"})
         setProperty(page, margin, PAGE_MARGIN);
@@ -53,7 +54,7 @@ void stripPage(const Reference<css::beans::XPropertySet>& page) {
          {"LeftBorderDistance", "RightBorderDistance", "TopBorderDistance", "BottomBorderDistance"})
         setProperty(page, distance, static_cast<sal_Int32>(0));
     setProperty(page, "ShadowFormat", css::table::ShadowFormat());
-    // Lines that run down the page would need its height, not its width.
+    // Vertical lines would depend on the height of the page instead of its width.
     if (property<sal_Int16>(page, "WritingMode") >= css::text::WritingMode2::TB_RL)
         setProperty(page, "WritingMode", css::text::WritingMode2::LR_TB);
     removeColumns(page);

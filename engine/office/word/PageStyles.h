@@ -8,26 +8,26 @@
 
 namespace lectern::engine {
 
-// Margin to the left and the right of the text, in 1/100 mm.
+// Margin left and right of the text, in 1/100 mm.
 constexpr int32_t PAGE_MARGIN = 150;
 
-// The largest page's size, in 1/100 mm.
+// Size of the largest page, in 1/100 mm.
 css::awt::Size paperSize(const css::uno::Reference<css::text::XTextDocument>& model);
 
-// Strips the pages of what belongs to paper: headers, footers, margins, the
-// text grid, columns, borders. For a document whose controllers are locked.
+// Removes from all page styles what belongs to paper: headers, footers,
+// margins, text grid, columns, borders. The controllers must be locked.
 void stripPages(const css::uno::Reference<css::text::XTextDocument>& model);
 
 // Gives every page the same size, in 1/100 mm.
 void setPageSize(const css::uno::Reference<css::text::XTextDocument>& model, int32_t width, int32_t height);
 
-// No paragraph style starts a page of its own.
+// Removes page breaks from all paragraph styles.
 void removeStyleBreaks(const css::uno::Reference<css::text::XTextDocument>& model);
 
-// Nor does this paragraph or table.
+// Removes page breaks from a paragraph or table.
 void removeBreaks(const css::uno::Reference<css::beans::XPropertySet>& block);
 
-// One column instead of several, for a page style or a section.
+// Sets a page style or section to one column.
 void removeColumns(const css::uno::Reference<css::beans::XPropertySet>& properties);
 
 } // namespace lectern::engine

@@ -9,8 +9,8 @@ namespace lectern::engine {
 
 namespace {
 
-// A single call does not place ranges for longer. Only thousands in one table
-// take as long; those left over stay unplaced until they are asked for again.
+// The longest time that one call places ranges. It is reached only with thousands
+// of ranges in one table; the remaining ones are placed by later calls.
 constexpr std::chrono::seconds MOST_TIME(3);
 
 std::vector<TextBox> textBoxes(const RowMap& map, const std::vector<ViewBox>& lines) {

@@ -8,7 +8,7 @@
 
 namespace lectern::engine {
 
-// A document laid out for a resolution, and what finds its way in it.
+// A document's layout at a resolution, and the objects needed to find positions in it.
 struct LaidOutText {
     lok::Document& painter;
     const TextFlow& flow;
@@ -16,7 +16,7 @@ struct LaidOutText {
     const RowMap& map;
 };
 
-// Rows [top, bottom) of the whole text, columns [left, right) of pixels.
+// Rows [top, bottom) of the whole text, pixel columns [left, right).
 struct TextBox {
     int64_t top;
     int64_t bottom;
@@ -24,24 +24,25 @@ struct TextBox {
     int32_t right;
 };
 
-// Ranges of characters and the boxes they lie in, one for each line. To place a
-// range costs a fraction of a millisecond: that is done when one near the rows
-// asked for is first wanted, and holds until the next layout.
+// Ranges of characters and their boxes, one box for each line. Placing a range
+// takes a fraction of a millisecond, so a range is placed when rows near it are
+// first asked for, and stays placed until the next layout.
 class PlacedRanges {
 public:
     PlacedRanges() = default;
     explicit PlacedRanges(std::vector<CharacterRange> ranges);
 
     const std::vector<CharacterRange>& ranges() const { return mRanges; }
-    // To be called when the text was laid out again.
+    // Call after every layout.
     void forgetPlaces();
 
-    // The ranges with a box that touches rows [first, last) of the text, as
-    // indices, ascending.
+    // Indices, ascending, of the ranges with a box that touches rows [first,
+    // last) of the text.
     std::vector<size_t> inRows(const LaidOutText& text, int64_t first, int64_t last);
-    // Places all of them, wherever they are; for a few.
+    // Places all ranges; use for a small number of them only.
     void placeAll(const LaidOutText& text);
-    // Of one that is placed, as those are that inRows told of; from top to bottom.
+    // The boxes of a placed range, from top to bottom. The ranges returned by
+    // inRows are placed; after placeAll all are.
     const std::vector<TextBox>& boxes(size_t index) const { return *mPlaces[index]; }
 
 private:

@@ -29,8 +29,8 @@ void lockUndo(const Reference<css::text::XTextDocument>& model) {
         supplier->getUndoManager()->lock();
 }
 
-// Footnotes at the bottom of one giant page would be tried line by line: their
-// layout grows with the square of their number.
+// With footnotes at the bottom of one giant page, the layout time would grow
+// with the square of their number.
 void moveFootnotesBehindText(const Reference<css::text::XTextDocument>& model) {
     const Reference<css::text::XFootnotesSupplier> supplier(model, UNO_QUERY);
     if (supplier.is())
@@ -43,7 +43,8 @@ void forAll(const Reference<css::container::XNameAccess>& collection, Use use) {
         use(propertiesOf(Reference<css::uno::XInterface>(collection->getByName(name), UNO_QUERY)));
 }
 
-// As wide as the text whatever its width will be; columns keep their shares.
+// Makes a table as wide as the text, whatever that width becomes; the columns
+// keep their proportions.
 void widenTable(const Reference<css::beans::XPropertySet>& table) {
     setProperty(table, "HoriOrient", css::text::HoriOrientation::FULL);
     setProperty(table, "LeftMargin", static_cast<sal_Int32>(0));
@@ -61,8 +62,8 @@ void appendParagraphBelow(const Reference<css::text::XTextTable>& table,
     text->insertTextContentAfter(paragraph, Reference<css::text::XTextContent>(table, UNO_QUERY_THROW));
 }
 
-// A paragraph is split by a new one put before it: what was known as the text's
-// last paragraph is then the empty one.
+// Inserting a paragraph splits the last one, and the range known for it then
+// denotes the new, empty paragraph. So the body's last paragraph gets a new range.
 void appendParagraphTo(Body& body, const Reference<css::text::XText>& text) {
     text->insertControlCharacter(text->getEnd(), css::text::ControlCharacter::PARAGRAPH_BREAK, false);
     const auto last = text->createTextCursorByRange(text->getEnd());
@@ -73,7 +74,7 @@ void appendParagraphTo(Body& body, const Reference<css::text::XText>& text) {
     body.moveLastParagraph(Reference<css::text::XTextRange>(last, UNO_QUERY_THROW));
 }
 
-// Most texts end in a paragraph, some in a table.
+// Appends an empty paragraph to the text, which may end in a paragraph or in a table.
 Reference<css::text::XTextRange> appendEnd(const Reference<css::text::XTextDocument>& model, Body& body,
                                            const Reference<css::beans::XPropertySet>& lastBlock) {
     const auto text = model->getText();

@@ -11,14 +11,14 @@ struct PreparedDocument {
     Body body;
     std::vector<FloatingShape> shapes;
     std::vector<IndentedParagraph> indents;
-    // An empty paragraph behind the body's last: it starts where the text ends.
+    // An empty paragraph after the last one of the body; the text ends where it starts.
     css::uno::Reference<css::text::XTextRange> end;
 };
 
-// Turns a paged document into one that flows, in memory: no headers, footers,
-// columns and breaks; notes behind the text; tables as wide as the text;
-// floating pictures inside the lines. Needs the controllers locked, lays
-// nothing out, and is done once.
+// Turns a paged document into one that flows, in memory only: no headers,
+// footers, columns and page breaks; notes after the text; tables as wide as the
+// text; floating shapes inside the lines. Call once, with the controllers
+// locked; does not lay out.
 PreparedDocument prepareForReflow(const css::uno::Reference<css::text::XTextDocument>& model);
 
 } // namespace lectern::engine

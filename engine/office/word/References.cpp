@@ -34,9 +34,9 @@ public:
             return;
         const uint32_t start = mPositions.positionOf(anchor->getStart());
         if (start >= mPositions.count())
-            return; // of a header, or of another note
+            return; // in a header or in another note
         const auto length = static_cast<uint32_t>(anchor->getString().getLength());
-        // A comment on no words in particular is taken to be on the nearest letter.
+        // A comment on no characters belongs to the character before it.
         const uint32_t from = length == 0 && start > 0 ? start - 1 : start;
         marks.push_back({{from, std::max(start + length, from + 1)}, {type, content}});
     }

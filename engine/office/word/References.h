@@ -7,18 +7,19 @@
 
 namespace lectern::engine {
 
-// What the text refers to and does not show: a footnote, an endnote, a comment.
+// Text that the body refers to but does not contain: a footnote, an endnote or
+// a comment.
 struct SideText {
     ClickTarget::Type type;
     css::uno::Reference<css::uno::XInterface> object;
 };
 
-// The marks of notes and the words that comments are about.
+// The marks of notes and the characters that comments refer to.
 class References {
 public:
     References(const css::uno::Reference<css::text::XTextDocument>& model, const TextPositions& positions);
 
-    // In the order of the text, as ranges() of the places.
+    // In document order; the indices are those of places().ranges().
     const std::vector<SideText>& texts() const { return mTexts; }
     PlacedRanges& places() { return mPlaces; }
 

@@ -21,7 +21,7 @@ using css::uno::UNO_QUERY_THROW;
 
 namespace {
 
-// With all its formatting, as by copy and paste.
+// Copies a text with its formatting, by copy and paste.
 void copyText(const Reference<css::text::XText>& text, const OpenedDocument& from,
               const OpenedDocument& into) {
     const Reference<css::text::XTextViewCursorSupplier> view(from.model->getCurrentController(),
@@ -37,8 +37,9 @@ void copyText(const Reference<css::text::XText>& text, const OpenedDocument& fro
     view->getViewCursor()->collapseToStart();
 }
 
-// A document that is opened becomes the active one. The suite tells of
-// selections in that alone, and makes no other active when it goes.
+// Makes a document active again on destruction. Opening a document makes it
+// active, and closing it activates no other. The suite reports selections for
+// the active document only.
 class Reactivation {
 public:
     explicit Reactivation(const OpenedDocument& document) : mDocument(document) {}
@@ -85,10 +86,10 @@ void writeComment(const SideText& comment, const OpenedDocument& into) {
 int32_t paintSideText(Office::Private& office, const OpenedDocument& from, const SideText& text,
                       const Surface& surface, int32_t dpi) {
     const Reactivation reactivation(from);
-    OpenedDocument side; // goes before the other is reactivated
+    OpenedDocument side; // destroyed before the other one is reactivated
     if (const int32_t result = newDocument(office, side); result != MODULE_OK)
         return result;
-    // The copy is pasted where the layout is current.
+    // Pasting needs a current layout.
     side.model->unlockControllers();
     if (text.type == ClickTarget::Comment)
         writeComment(text, side);

@@ -7,9 +7,9 @@
 
 namespace lectern::engine {
 
-// Lays a note or comment out to the width of the surface, in a document of its
-// own, and paints its first rows. The view of the document it comes from is
-// used to copy it. A module_result code; the surface is written on success only.
+// Lays out a note or comment as a new document as wide as the surface, and
+// paints its first rows. Uses the view of `from` to copy the text. Returns a
+// module_result code; the surface is written on success only.
 int32_t paintSideText(Office::Private& office, const OpenedDocument& from, const SideText& text,
                       const Surface& surface, int32_t dpi);
 

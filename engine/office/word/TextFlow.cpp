@@ -19,22 +19,22 @@ using css::uno::UNO_QUERY_THROW;
 
 namespace {
 
-// 1/100 mm. A kilometre holds two thousand pages of text on a narrow screen;
-// pages much higher paint slowly.
+// 1/100 mm. One kilometre holds about two thousand pages of text on a narrow
+// screen; pages much higher are slow to paint.
 constexpr int32_t GIANT_PAGE = 100'000'000;
 constexpr int32_t PAGE_SLACK = 5'000;
 
-// Twips.
+// In twips.
 constexpr int64_t LEAST_LINE = 240;
-constexpr int64_t LOWER_BORDER = 30; // of a table that ends the text
+constexpr int64_t LOWER_BORDER = 30; // of a table at the end of the text
 
-// Text is first placed on a page in time quadratic in the paragraphs on it. A
-// long plain text is therefore poured into pages of growing height, and stays
-// on a few.
+// The first layout of a page takes time quadratic in the number of its
+// paragraphs. A long plain text is therefore laid out on pages of growing
+// height, and finally stays on a few.
 constexpr size_t MANY_PARAGRAPHS = 8'000;
 constexpr int32_t GROWING_PAGES[] = {300'000, 3'000'000};
 
-// Changes made while this lives are laid out together when it goes.
+// Changes made during this object's lifetime are laid out together when it is destroyed.
 class LayoutPause {
 public:
     explicit LayoutPause(const Reference<css::text::XTextDocument>& model) : mModel(model) {
@@ -59,7 +59,7 @@ struct FreeDeleter {
     void operator()(char* text) const { std::free(text); }
 };
 
-// "x, y, width, height; ..." in twips, one for each page.
+// Reads the corners from "x, y, width, height; ...", in twips, one entry for each page.
 std::vector<FlowPage> pageCorners(lok::Document& painter) {
     const std::unique_ptr<char, FreeDeleter> text(painter.getPartPageRectangles());
     std::vector<FlowPage> pages;
@@ -77,7 +77,7 @@ std::vector<FlowPage> pageCorners(lok::Document& painter) {
     return pages;
 }
 
-// Pages narrower or wider than these, in twips, are not laid out as asked.
+// Least and largest page width, in twips, that the suite lays out as set.
 constexpr int64_t LEAST_WIDTH = 600;
 constexpr int64_t MOST_WIDTH = 400'000;
 
@@ -112,13 +112,12 @@ void TextFlow::layOut(int32_t width) {
 
 void TextFlow::layOutOnOnePage(int32_t pageWidth) {
     layOutOn(pageWidth, GIANT_PAGE);
-    // Text that was on several pages may stay so; another height makes it flow
-    // together.
+    // Text that was on several pages may stay there; a change of the height joins it.
     if (end().page > 0)
         layOutOn(pageWidth, GIANT_PAGE + 1000);
     if (undoEnlargement(mPrepared.shapes))
         layOutOn(pageWidth, GIANT_PAGE);
-    // Painting a tile takes longer the higher the page is.
+    // Painting a tile is slower on a higher page, so the page is cut to the text.
     if (const FlowPlace last = end(); last.page == 0)
         layOutOn(pageWidth, static_cast<int32_t>(hundredthMmFromTwips(last.y)) + PAGE_SLACK);
     if (end().page > 0)
@@ -147,7 +146,7 @@ FlowPlace TextFlow::end() const {
 FlowPlace TextFlow::cursorPlace() const {
     const Reference<css::text::XPageCursor> page(mCursor, UNO_QUERY_THROW);
     const auto index = static_cast<size_t>(std::max<sal_Int16>(page->getPage(), 1)) - 1;
-    // The cursor counts from the first page's corner on every page.
+    // On every page the cursor's position is relative to the first page's corner.
     const int64_t y = twipsFromHundredthMm(mCursor->getPosition().Y);
     const int64_t above = index < mPages.size() ? mPages[index].top - mPages.front().top : 0;
     return {index, y - above};
@@ -162,7 +161,8 @@ void TextFlow::measure() {
         page->jumpToStartOfPage();
         mPages[i].top += cursorPlace().y;
     }
-    // A page ends below its last line; how far, the line above tells.
+    // A page's text ends below its last line, whose height is taken from its
+    // distance to the line above.
     const Reference<css::view::XViewCursor> above(mCursor, UNO_QUERY_THROW);
     for (size_t i = 0; i + 1 < mPages.size(); ++i) {
         page->jumpToPage(static_cast<sal_Int16>(i + 1));

@@ -11,23 +11,25 @@
 
 namespace lectern::engine {
 
-// The width, in twips, to lay out to for so many pixels at a resolution.
+// The width in twips of a layout for `pixels` at `dpi`.
 int32_t layoutWidth(int32_t pixels, int32_t dpi);
 
-// The layout of a prepared document as one continuous text: one giant page, or
-// a few for a text too long for one.
+// The layout of a prepared document as one continuous text: on one giant page,
+// or on a few when the text is too long for one.
 class TextFlow {
 public:
-    // Both outlive this. What has to fit a width is fitted by each layout.
+    // Both must outlive this. Every layout fits the prepared shapes and indents
+    // to its width.
     TextFlow(const OpenedDocument& document, PreparedDocument& prepared);
 
-    // Lays out to a width in twips; nothing is done when it is that already.
+    // Lays out to a width in twips; does nothing when the layout has that width.
     void layOut(int32_t width);
 
-    // At least one after the first layout.
+    // Contains at least one page after the first layout.
     const std::vector<FlowPage>& pages() const { return mPages; }
 
-    // The cursor that knows where text lies. Its place is valid after layOut.
+    // The view's cursor, which finds the positions of text. Its position is
+    // valid after layOut.
     const css::uno::Reference<css::text::XTextViewCursor>& cursor() const { return mCursor; }
     FlowPlace cursorPlace() const;
 
@@ -43,7 +45,7 @@ private:
     css::uno::Reference<css::text::XTextViewCursor> mCursor;
     std::vector<FlowPage> mPages;
     int32_t mWidth = 0;       // of the last layout in twips, 0 before the first
-    int32_t mFittedWidth = 0; // shapes and indents are for, 1/100 mm
+    int32_t mFittedWidth = 0; // width that shapes and indents were fitted to, 1/100 mm
 };
 
 } // namespace lectern::engine

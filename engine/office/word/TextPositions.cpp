@@ -20,12 +20,12 @@ using css::uno::UNO_QUERY_THROW;
 
 namespace {
 
-// Lines looked at for the next one below a row: in a table the lines of a row's
-// other cells come first.
+// The most lines searched for the next one below a row: in a table the lines of
+// the row's other cells come first.
 constexpr int MOST_LINES = 256;
 
-// Moves the end of a selection that starts with the paragraph; tells how many
-// units the selected text then shows.
+// Makes the cursor select `characters` from the start of its paragraph; returns
+// the number of UTF-16 units that the selected text shows.
 uint32_t extendTo(const Reference<css::text::XTextCursor>& cursor, uint32_t characters) {
     constexpr uint32_t MOST = std::numeric_limits<sal_Int16>::max();
     cursor->gotoRange(cursor->getStart(), false);
@@ -70,7 +70,8 @@ uint32_t TextPositions::lineAtOrBelow(const RowMap& map, int64_t row) const {
     return cursorPosition();
 }
 
-// Lines follow each other but inside of a unit, of which all may matter.
+// Lines follow each other in text order except inside a unit, so units are
+// included whole.
 CharacterRange TextPositions::around(const RowMap& map, int64_t first, int64_t last) const {
     CharacterRange range{0, lineAtOrBelow(map, last)};
     if (const uint32_t below = lineAtOrBelow(map, first); below > 0) {
@@ -100,7 +101,7 @@ void TextPositions::setCursor(const RowMap& map, int64_t x, int64_t row) const {
                               static_cast<int>(map.viewY(row)));
 }
 
-// A point on a picture selects it.
+// The picture or drawing at the last point, which setCursor selects; null without one.
 Reference<css::uno::XInterface> TextPositions::selectedObject() const {
     const auto selection = mSelection->getSelection();
     Reference<css::text::XTextContent> object(selection, UNO_QUERY);
@@ -110,8 +111,7 @@ Reference<css::uno::XInterface> TextPositions::selectedObject() const {
     return object;
 }
 
-// Both a selected object and a frame that the cursor is in stand for the place
-// in the line where they are anchored.
+// Moves from a selected object to the position in the text where it is anchored.
 void TextPositions::leaveObject() const {
     if (const Reference<css::text::XTextContent> object(selectedObject(), UNO_QUERY); object.is())
         mSelection->select(css::uno::Any(object->getAnchor()));
@@ -126,10 +126,10 @@ void TextPositions::leaveFrames() const {
         cursor->gotoRange(frame->getAnchor(), false);
 }
 
-// A cursor that holds the text of its paragraph up to the position.
+// Returns a cursor that selects its paragraph's text up to the position.
 //
-// Text shows more units than it has characters where there are fields, and
-// fewer where something is anchored; a selection tells how many it shows.
+// Shown text has more units than characters where there are fields, and fewer
+// where shapes are anchored; the selected text tells the number of units.
 Reference<css::text::XTextCursor> TextPositions::cursorTo(uint32_t position, Inside inside) const {
     const bool whole = inside == Inside::Behind;
     const BodyParagraph& paragraph = mBody.paragraphAt(position);
@@ -142,7 +142,7 @@ Reference<css::text::XTextCursor> TextPositions::cursorTo(uint32_t position, Ins
         const uint32_t shown = extendTo(cursor, characters);
         return whole ? shown >= wanted : shown > wanted;
     };
-    // The fewest characters that reach it, or one less.
+    // Search the least number of characters that reaches the position.
     uint32_t least = 0;
     uint32_t most = 1;
     while (!reaches(most) && most <= paragraph.length + MOST_LINES)

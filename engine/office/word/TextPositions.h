@@ -8,15 +8,16 @@
 
 namespace lectern::engine {
 
-// Character positions of the whole text, and where in the layout they lie.
-// Positions are UTF-16 units of the text as it is shown, fields and note marks
-// included. In a table the lines of its left column stand for their rows.
+// Character positions in the whole text, and their places in the layout.
+// Positions are UTF-16 units of the text as shown, including fields and note
+// marks. In a table the lines of the left column stand for their rows.
 class TextPositions {
 public:
-    // All three outlive this.
+    // All three must outlive this.
     TextPositions(const OpenedDocument& document, const PreparedDocument& prepared, const TextFlow& flow);
 
-    // A body of pictures alone counts one, so that its start and end differ.
+    // Number of positions. A body of pictures only counts as one character, so
+    // that its start and end differ.
     uint32_t count() const { return mCount; }
     const Body& body() const { return mBody; }
 
@@ -28,33 +29,33 @@ public:
     // the text; count() when there is none.
     uint32_t lineAtOrBelow(const RowMap& map, int64_t row) const;
 
-    // Characters that hold all those with a part in rows [first, last) of the
-    // text, and some more.
+    // A range that includes all characters with a part in rows [first, last) of
+    // the text, and possibly some more.
     CharacterRange around(const RowMap& map, int64_t first, int64_t last) const;
 
     // The character boundary nearest to a point of the text; x in pixels.
     uint32_t nearest(const RowMap& map, int32_t x, int64_t row) const;
 
-    // What a cursor between two characters is at; the object behind it when the
-    // point is on a picture or drawing.
+    // The character boundary at a point, and the properties of the picture or
+    // drawing there, null without one.
     struct PointedAt {
         uint32_t position = 0;
         css::uno::Reference<css::beans::XPropertySet> object;
     };
     PointedAt pointedAt(const RowMap& map, int32_t x, int64_t row) const;
 
-    // A cursor that holds these characters of one text, and the whole of what
-    // shows as several units but is one, such as a field.
+    // Returns a cursor that selects these characters, which lie in one text. A
+    // field or similar unit is selected whole.
     css::uno::Reference<css::text::XTextCursor> select(CharacterRange range) const;
 
-    // The position of a place in the text; count() outside of the body.
+    // The position of a range's start in the text; count() outside of the body.
     uint32_t positionOf(const css::uno::Reference<css::text::XTextRange>& range) const;
 
-    // The line around a position.
+    // The line that contains a position.
     CharacterRange lineOf(uint32_t position) const;
 
 private:
-    // Whether a position inside of what is one in the document means its end.
+    // Whether a position inside a field or similar unit means its start or its end.
     enum class Inside { Before, Behind };
     css::uno::Reference<css::text::XTextCursor> cursorTo(uint32_t position,
                                                          Inside inside = Inside::Before) const;

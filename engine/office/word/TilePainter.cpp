@@ -28,8 +28,8 @@ void TilePainter::paint(const RowMap& map, int64_t top, const Surface& surface, 
     std::fill(surface.row(next), surface.row(last), WHITE);
 }
 
-// Pictures are scaled from what of them falls into the tile, so tiles are always
-// the same bands of the page, whatever part of a band is wanted.
+// Pictures are scaled from the part of them inside the tile. So the tiles are
+// always the same bands of the page, whichever rows are painted.
 void TilePainter::paintPage(const RowMap& map, const RowMap::Page& page, int64_t from, int64_t to,
                             int32_t width, uint32_t* target) {
     const int64_t step = tileStep(map.dpi());

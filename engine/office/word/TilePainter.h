@@ -11,26 +11,27 @@
 
 namespace lectern::engine {
 
-// Paints rows of the laid-out text so that a row looks the same whatever it is
-// painted with.
+// Paints rows of the laid-out text. A row looks the same whichever other rows
+// are painted with it.
 class TilePainter {
 public:
     explicit TilePainter(lok::Document& painter) : mPainter(painter) {}
 
     // Paints rows [first, last) of the stretch that starts at row `top` of the
-    // text: 0 <= first <= last <= surface.height. Rows behind the text are white.
+    // text, with 0 <= first <= last <= surface.height. Rows below the text
+    // become white.
     void paint(const RowMap& map, int64_t top, const Surface& surface, int32_t first, int32_t last);
 
-    // To be called when the text was laid out again: what was painted is old.
+    // Drops the painted bands; call after every layout.
     void forget() { mBands = {}; }
 
 private:
-    // A band of a page as the suite painted it last. A stretch that moves by
-    // less than a band wants the rest of one that it has seen a part of.
+    // A painted band of a page. A stretch that moves by less than a band needs
+    // the rest of a band that is already partly visible.
     struct Band {
         int64_t pageTop = -1;
-        int64_t firstRow = -1; // of the page
-        int64_t width = 0;     // pixels
+        int64_t firstRow = -1; // in the page
+        int64_t width = 0;     // in pixels
         int32_t dpi = 0;
         std::vector<uint32_t> pixels;
 
@@ -45,7 +46,7 @@ private:
                        int64_t height, int64_t step);
 
     lok::Document& mPainter;
-    std::array<Band, 2> mBands; // last used first
+    std::array<Band, 2> mBands; // the last used one first
 };
 
 } // namespace lectern::engine

@@ -129,7 +129,7 @@ int32_t WordDocument::bottomRightCharacter(uint32_t& position) {
         const uint32_t count = mPrivate->positions.count();
         const int64_t bottom = mPrivate->bottom();
         const bool all = bottom >= mPrivate->map.rows();
-        // The last line may begin above the bottom and go on below it.
+        // The last line may begin above the bottom and end below it.
         position =
             all ? count
                 : std::min(mPrivate->positions.lineAtOrBelow(mPrivate->map, bottom), std::max(count, 1U) - 1);
@@ -154,7 +154,7 @@ int32_t WordDocument::scrollUp(int32_t rows, int32_t& scrolled) {
     return scroll(rows, scrolled, [&] { return std::optional(-std::min<int64_t>(rows, mPrivate->top)); });
 }
 
-// `moved` gives the rows to move down by; nothing when it is not to move.
+// `moved` returns the rows to move down by, or nothing when no move is possible.
 template<class Moved>
 int32_t WordDocument::scroll(int32_t rows, int32_t& scrolled, Moved moved) {
     scrolled = 0;

@@ -11,22 +11,23 @@
 namespace lectern::engine {
 
 // A word-processing document laid out as one continuous text, a stretch of
-// which is kept painted on a surface. The operations and their meanings are
-// those of the wtg_ functions in modules/WordToGoModule.h; results are
-// module_result codes. Used by one thread.
+// which is painted on a surface. Operations have the meanings of the wtg_
+// functions in modules/WordToGoModule.h; they return module_result codes. Use
+// from one thread only.
 class WordDocument {
 public:
-    // Opens an absolute path, already known to be a readable regular file. An
-    // empty password is none. temporaryDirectory is for copies of its own.
+    // Opens an absolute path that the caller has found to be a readable regular
+    // file. An empty password means no password. `temporaryDirectory` receives
+    // temporary copies.
     static int32_t open(Office& office, const std::string& path, const std::string& password,
                         const std::string& temporaryDirectory, std::unique_ptr<WordDocument>& document);
     ~WordDocument();
     WordDocument(const WordDocument&) = delete;
     WordDocument& operator=(const WordDocument&) = delete;
 
-    // The surface stays the caller's and valid until another is set. A size
-    // other than the last laid-out one marks the layout stale, no more; with
-    // the same size the stretch is painted again at once.
+    // The pixels stay the caller's and must be valid until another surface is
+    // set. With the size of the last layout the stretch is painted at once; any
+    // other size only marks the layout as outdated.
     int32_t setSurface(uint32_t* pixels, int32_t width, int32_t height);
     int32_t setDpi(int32_t dpi);
 
@@ -37,20 +38,21 @@ public:
     int32_t scrollDown(int32_t rows, int32_t& scrolled);
     int32_t scrollUp(int32_t rows, int32_t& scrolled);
     int32_t jumpToCharacter(int32_t story, uint32_t position);
-    // Width of the layout and rows of the whole text, in pixels.
+    // Width of the layout and number of rows of the whole text, in pixels.
     int32_t layoutSize(int32_t& width, int32_t& height);
 
-    // The colour, red, green and blue, of hits found and text selected from now on.
+    // Sets the colour of hits and selections made from now on.
     int32_t setHighlightColor(uint8_t red, uint8_t green, uint8_t blue);
-    // Also marks the hits, which stay marked until the next find or stopFind.
+    // Marks the hits until the next find or stopFind.
     int32_t find(const std::u16string& text, CharacterRange bounds, std::vector<CharacterRange>& hits);
     int32_t foundRegions(std::vector<FoundRegion>& regions);
     int32_t stopFind();
 
     int32_t clickInfo(int32_t x, int32_t y, ClickTarget& target);
     int32_t clickRegions(std::vector<PixelRect>& regions);
-    // Paints a footnote, endnote or comment, its type and number as clickInfo
-    // gave them, on rows [50, 50 + height) of the surface, the rest white.
+    // Paints a footnote, endnote or comment, identified by the type and number
+    // from clickInfo, on rows [50, 50 + height) of the surface, and fills the
+    // rest with white.
     int32_t openSecondary(int32_t type, uint32_t number, int32_t height);
     int32_t smartZoom(int32_t x, int32_t y, PixelRect& area);
 
@@ -59,11 +61,11 @@ public:
     int32_t selectLine(int32_t x, int32_t y);
     int32_t selectWord(int32_t x, int32_t y);
     int32_t clearSelection();
-    // A line feed stands between two paragraphs.
+    // The text has a line feed between two paragraphs.
     int32_t copySelection(std::u16string& text);
     int32_t scrollToRange(CharacterRange range);
 
-    // UTF-16, untruncated; empty when unset.
+    // UTF-16, not truncated; empty when unset.
     int32_t name(std::u16string& text);
     int32_t author(std::u16string& text);
     int32_t description(std::u16string& text);
@@ -72,7 +74,7 @@ public:
     int32_t lastSavedDate(int64_t& time);
     int32_t wordCount(int32_t& count);
 
-    // True when the surface was written since the last call of this.
+    // Returns whether the surface was written since the last call of this function.
     bool takePainted();
 
 private:

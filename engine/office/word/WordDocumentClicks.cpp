@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What lies under a point, and the secondary documents behind it.
+// The object at a point, and secondary documents.
 #include "engine/office/word/SecondaryDocument.h"
 #include "engine/office/word/WordDocumentPrivate.h"
 
@@ -13,11 +13,13 @@ namespace {
 constexpr uint32_t WHITE = 0xFFFFFFFF;
 constexpr int32_t SIDE_TEXT_TOP = 50; // rows of the surface that a pop-up does not show
 
-// Pixels by which a finger may miss a note's mark, beside it, and above or below.
+// Largest distance in pixels between a finger and a note's mark, horizontally
+// and vertically.
 constexpr int32_t REACH_ACROSS = 12;
 constexpr int32_t REACH_DOWN = 6;
 
-// How far a point misses a box, of what it may, in percent; 0 inside.
+// Distance of a point from a box in percent of the largest allowed distance; 0
+// inside the box.
 int64_t missBy(const TextBox& box, int32_t x, int64_t row) {
     const int64_t across = std::max<int64_t>({box.left - x, x - (box.right - 1), 0});
     const int64_t down = std::max<int64_t>({box.top - row, row - (box.bottom - 1), 0});
@@ -31,14 +33,14 @@ int64_t missBy(const std::vector<TextBox>& boxes, int32_t x, int64_t row) {
     return least;
 }
 
-// Looks at what a point of the text is on.
+// Finds the target at a point of the text.
 class Pointer {
 public:
     Pointer(const LaidOutText& text, References& references, const LinkTargets& targets, int32_t x,
             int64_t row)
         : mText(text), mReferences(references), mTargets(targets), mX(x), mRow(row) {}
 
-    // Marks of notes are small, so a near miss counts where there is nothing else.
+    // Marks of notes are small, so a near miss counts when nothing else is at the point.
     ClickTarget target() {
         if (const auto reference = nearestReference(0))
             return *reference;
@@ -48,7 +50,7 @@ public:
     }
 
 private:
-    // `most` is how far the point may miss it.
+    // The nearest reference within `most` percent of the allowed distance.
     std::optional<ClickTarget> nearestReference(int64_t most) {
         PlacedRanges& places = mReferences.places();
         std::optional<ClickTarget> nearest;
@@ -56,7 +58,7 @@ private:
         for (const size_t index : places.inRows(mText, above, mRow + REACH_DOWN + 1)) {
             const ClickTarget::Type type = mReferences.texts()[index].type;
             const int64_t miss = missBy(places.boxes(index), mX, mRow);
-            // Of a comment and a mark inside of it, the mark.
+            // A note's mark takes precedence over a comment that includes it.
             if (miss > most || (miss == most && nearest && type == ClickTarget::Comment))
                 continue;
             most = miss;

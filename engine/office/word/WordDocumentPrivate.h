@@ -13,7 +13,7 @@
 
 namespace lectern::engine {
 
-// What a layout is made for.
+// The values that a layout depends on.
 struct LayoutKey {
     int32_t width = 0;
     int32_t height = 0;
@@ -24,9 +24,9 @@ struct LayoutKey {
 struct WordDocument::Private {
     Private(Office::Private& suite, OpenedDocument openedDocument);
 
-    // Runs work that needs the layout; lays out and paints before it when the
-    // surface's size or the dpi has changed since. MODULE_BAD_ARGUMENT without a
-    // surface.
+    // Runs work that needs the layout. When the size of the surface or the dpi
+    // has changed since the last layout, lays out and paints first. Returns
+    // MODULE_BAD_ARGUMENT without a surface.
     template<class Work>
     int32_t onLayout(Work work) noexcept {
         return guarded([&]() -> int32_t {
@@ -42,13 +42,13 @@ struct WordDocument::Private {
     bool isCurrent() const { return laidOut == LayoutKey{surface.width, surface.height, dpi}; }
     void layOut();
 
-    // Paints rows [first, last) of the stretch, hits and the selection on them.
+    // Paints rows [first, last) of the stretch with the hits and the selection.
     void paint(int32_t first, int32_t last);
-    // ... all of them, when the layout is current; else that is yet to come.
+    // Paints the whole stretch if the layout is current; otherwise onLayout will do it.
     void repaint();
-    // Tints what of the ranges lies in rows [first, last) of the stretch.
+    // Tints the parts of the ranges that lie in rows [first, last) of the stretch.
     void mark(PlacedRanges& ranges, int32_t first, int32_t last, const Colour& colour);
-    // Moves the stretch, keeping what stays visible.
+    // Moves the stretch and reuses the rows that stay visible.
     void moveTo(int64_t row);
 
     int64_t bottom() const { return top + surface.height; }
@@ -56,10 +56,11 @@ struct WordDocument::Private {
     bool isOnText(int32_t x, int32_t y) const;
     uint32_t topLeft() const;
     LaidOutText text() { return {*document.painter, flow, positions, map}; }
-    // A box as it lies on the surface.
+    // The rectangle of a box on the surface.
     PixelRect onSurface(const TextBox& box) const;
     References& references();
-    // One range for each paragraph: selected text is marked paragraph by paragraph.
+    // Selects one range for each paragraph, because selections are marked
+    // paragraph by paragraph.
     void select(CharacterRange range);
 
     Office::Private& office;
@@ -72,17 +73,17 @@ struct WordDocument::Private {
     Surface surface;
     int32_t dpi;
     LayoutKey laidOut;
-    int64_t top = 0; // the stretch's first row
+    int64_t top = 0; // first row of the stretch
     bool painted = false;
 
-    Colour highlight{128, 192, 255};      // for finds and selections to come
-    std::optional<SearchText> searchText; // made when first searched
+    Colour highlight{128, 192, 255};      // for later finds and selections
+    std::optional<SearchText> searchText; // created by the first search
     PlacedRanges hits;
     Colour hitColour{};
     CharacterRange selection;
     PlacedRanges selectedLines;
     Colour selectionColour{};
-    std::optional<References> sideTexts; // found when first needed
+    std::optional<References> sideTexts; // created on first use
 };
 
 } // namespace lectern::engine

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the document says of itself.
+// The document's properties.
 #include "engine/office/Properties.h"
 #include "engine/office/word/WordDocumentPrivate.h"
 

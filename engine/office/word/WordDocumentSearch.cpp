@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Finding text, and where the hits lie on the surface.
+// Finding text, and the places of hits on the surface.
 #include "engine/office/word/WordDocumentPrivate.h"
 
 #include <algorithm>

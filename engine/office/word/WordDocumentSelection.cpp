@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Selecting text by points, and what is done with it.
+// Selecting text by points, and copying the selection.
 #include "engine/office/word/WordDocumentPrivate.h"
 
 #include <com/sun/star/text/XWordCursor.hpp>

@@ -19,9 +19,9 @@
 
 namespace lectern::engine {
 
-// Answers the calls of the interface of one kind of documents with the one
-// document it opens, which paints on up to SurfaceCount surfaces. Used by the
-// thread that runs the main loop.
+// Answers the calls of one document interface with the one document that it
+// opens, which paints on up to SurfaceCount surfaces. Use from the thread that
+// runs the main loop.
 template<class DocumentType, class SkeletonType, std::size_t SurfaceCount = 1>
 class DocumentEndpoint {
 public:
@@ -31,19 +31,19 @@ public:
     DocumentEndpoint(const DocumentEndpoint&) = delete;
     DocumentEndpoint& operator=(const DocumentEndpoint&) = delete;
 
-    // The suite to open with, not owned; null refuses every open. Temporary
-    // copies are made in `folder`.
+    // Sets the suite to open with (not owned; with null every open fails) and
+    // the folder for temporary copies.
     void useOffice(Office* office, const std::string& folder) {
         mOffice = office;
         mFolder = folder;
     }
-    // False when it cannot be exported.
+    // Returns false when the interface cannot be exported.
     bool exportOn(GDBusConnection* connection) {
         return g_dbus_interface_skeleton_export(G_DBUS_INTERFACE_SKELETON(mSkeleton), connection, mPath,
                                                 nullptr) != FALSE;
     }
 
-    // Password: a text, for kinds that take one.
+    // Password: a string for kinds of documents that take one.
     template<class... Password>
     std::int32_t open(const std::string& path, const Password&... password) {
         if (mOffice == nullptr || mDocument) {
@@ -51,24 +51,24 @@ public:
         }
         return guarded([&] { return Document::open(*mOffice, path, password..., mFolder, mDocument); });
     }
-    // Runs an operation on the open document.
+    // Runs an operation on the open document; MODULE_FAILED without one.
     template<class Operation>
     std::int32_t run(Operation operation) {
         return mDocument ? guarded([&] { return operation(*mDocument); }) : MODULE_FAILED;
     }
-    // What every answer of this kind has behind its result.
+    // Outputs that every answer of this interface has after its result.
     std::tuple<> afterResult() { return {}; }
 
 protected:
-    // Takes the skeleton over; `path` is the interface's object path.
+    // Takes ownership of the skeleton; `path` is the interface's object path.
     DocumentEndpoint(Skeleton* skeleton, const char* path) : mSkeleton(skeleton), mPath(path) {}
     ~DocumentEndpoint() { g_object_unref(mSkeleton); }
 
     Skeleton* skeleton() { return mSkeleton; }
-    // Null before a document is open.
+    // Null until a document is open.
     Document* document() { return mDocument.get(); }
-    // Has a mapped surface set; it stays when `set`, which takes the document and
-    // the pixels, gives MODULE_OK.
+    // Calls set(document, pixels) for a mapped surface, and keeps the surface
+    // when that returns MODULE_OK.
     template<class Set>
     std::int32_t replaceSurface(std::size_t index, std::optional<MappedSurface> surface, Set set) {
         if (!surface || index >= SurfaceCount) {
@@ -80,7 +80,7 @@ protected:
         }
         return result;
     }
-    // The system takes back the memory of all that was painted.
+    // Returns the surfaces' memory to the system; the painted pixels are lost.
     void discardSurfaces() {
         for (std::optional<MappedSurface>& surface : mSurfaces) {
             if (surface) {
@@ -94,7 +94,7 @@ private:
     std::string mFolder;
     Skeleton* mSkeleton;
     const char* mPath;
-    // Before the document, which paints on them to its end.
+    // Declared before the document, which uses the surfaces until its destruction.
     std::array<std::optional<MappedSurface>, SurfaceCount> mSurfaces;
     std::unique_ptr<Document> mDocument;
 };

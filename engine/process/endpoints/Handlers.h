@@ -12,15 +12,15 @@
 #include <tuple>
 #include <type_traits>
 
-// Handlers of the generated skeletons' signals: each runs an operation of a
-// service's document and completes the call with what it gave.
+// Handlers of the generated skeletons' signals. Each runs an operation of the
+// endpoint's document and completes the call with the operation's outputs.
 namespace lectern::engine {
 
 template<class... Types>
 struct TypeList {};
 
-// Sorts an operation's parameters: inputs first, then outputs, which are
-// references to what can be written.
+// Splits an operation's parameters into inputs, which come first, and outputs,
+// which are references to non-const types.
 template<class Inputs, class... Parameters>
 struct Sorted;
 template<class... Inputs>
@@ -73,7 +73,7 @@ struct Handler<Service, Operation, Complete, TypeList<Inputs...>> {
     }
 };
 
-// What a document says of itself, in one answer.
+// Answers with the document's information.
 template<class Service, auto Complete>
 gboolean handleInformation(typename Service::Skeleton* skeleton, GDBusMethodInvocation* invocation,
                            gpointer user) {
@@ -86,7 +86,7 @@ gboolean handleInformation(typename Service::Skeleton* skeleton, GDBusMethodInvo
                   information.lastSaved);
 }
 
-// The colour of hits to come, as three bytes.
+// Sets the colour of later hits from three bytes.
 template<class Service, auto Complete>
 gboolean handleHighlightColour(typename Service::Skeleton* skeleton, GDBusMethodInvocation* invocation,
                                guchar red, guchar green, guchar blue, gpointer user) {
@@ -97,13 +97,13 @@ gboolean handleHighlightColour(typename Service::Skeleton* skeleton, GDBusMethod
     return answer(service, Complete, skeleton, invocation, result);
 }
 
-// The memory that came with a call; negative without any.
+// The memory file that came with a call; invalid when there is none.
 inline FileDescriptor fileOf(GUnixFDList* files, GVariant* handle) {
     return FileDescriptor(
         files == nullptr ? -1 : g_unix_fd_list_get(files, g_variant_get_handle(handle), nullptr));
 }
 
-// Connects handlers to a service's skeleton, whose calls they answer with it.
+// Connects handlers to an endpoint's skeleton; they answer its calls with the endpoint.
 template<class Service>
 class Connector {
 public:
@@ -115,7 +115,7 @@ public:
         g_signal_connect(mSkeleton, signal, G_CALLBACK(function), mService);
     }
     // Operation is a member function of the document, Complete the generated
-    // function that takes what it gives.
+    // function that sends its outputs.
     template<auto Operation, auto Complete>
     void operation(const char* signal) const {
         using Inputs = typename Signature<decltype(Operation)>::In;

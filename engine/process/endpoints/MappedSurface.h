@@ -7,19 +7,19 @@
 
 namespace lectern::engine {
 
-// Pixels in memory that the service shares with this process. Movable; unmaps
-// when it goes.
+// Pixels in memory that the service shares with this process. Movable; unmapped
+// on destruction.
 class MappedSurface {
 public:
     // Maps width * height pixels of the memory file, which stays the caller's.
-    // Nothing when the sizes are below 1 or the file is smaller than that.
+    // Returns nothing when a size is below 1 or the file is too small.
     static std::optional<MappedSurface> map(int memory, std::int32_t width, std::int32_t height);
 
     MappedSurface(MappedSurface&& other) noexcept;
     MappedSurface& operator=(MappedSurface&& other) noexcept;
     ~MappedSurface();
 
-    // Gives the memory back; what was painted is lost.
+    // Returns the memory to the system; the painted pixels are lost.
     void discard();
 
     std::uint32_t* pixels() const { return static_cast<std::uint32_t*>(mAddress); }

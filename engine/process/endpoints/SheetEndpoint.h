@@ -8,7 +8,7 @@ typedef struct _LecternIpcSheet LecternIpcSheet;
 
 namespace lectern::engine {
 
-// The Sheet interface.
+// Serves the Sheet interface.
 class SheetEndpoint : public DocumentEndpoint<SheetDocument, LecternIpcSheet, SHEET_AREAS> {
 public:
     SheetEndpoint();

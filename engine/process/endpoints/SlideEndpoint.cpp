@@ -141,7 +141,7 @@ std::int32_t SlideEndpoint::releaseMemory() {
 }
 
 void SlideEndpoint::prepareWhenIdle() {
-    // Milliseconds; until then the service copies the picture, which takes both
+    // Milliseconds. Meanwhile the service copies the picture, which needs both
     // processors of a small machine.
     constexpr guint PAUSE = 1;
     constexpr auto PREPARE = [](gpointer user) -> gboolean {

@@ -8,7 +8,7 @@ typedef struct _LecternIpcSlide LecternIpcSlide;
 
 namespace lectern::engine {
 
-// The Slide interface.
+// Serves the Slide interface.
 class SlideEndpoint : public DocumentEndpoint<SlideDocument, LecternIpcSlide> {
 public:
     SlideEndpoint();
@@ -18,11 +18,11 @@ public:
 
     std::int32_t setSurface(int memory, std::int32_t width, std::int32_t height, std::int32_t pictures);
     std::int32_t releaseMemory();
-    // Gets ready for the next paint when all calls have been answered.
+    // Prepares the next paint as soon as no call is waiting.
     void prepareWhenIdle();
 
 private:
-    unsigned mIdle = 0; // the main loop's source for it
+    unsigned mIdle = 0; // id of the main loop's source for that, 0 without one
 };
 
 } // namespace lectern::engine

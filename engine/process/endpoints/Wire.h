@@ -11,10 +11,10 @@
 #include <type_traits>
 #include <vector>
 
-// How what the documents' operations take and give travels in the protocol.
+// Conversions between the types of the documents' operations and those of the protocol.
 namespace lectern::engine {
 
-// What an operation takes, as it comes. Numbers come as they are.
+// Converts an input of an operation; numbers are passed unchanged.
 template<class T>
 struct Wire {
     using Type = T;
@@ -30,7 +30,7 @@ struct Wire<Axis> {
     using Type = gint;
     static Axis read(gint value) { return value == 0 ? Axis::Columns : Axis::Rows; }
 };
-// UTF-16 units, which need not be well-formed.
+// UTF-16 units, not necessarily well-formed.
 template<>
 struct Wire<std::u16string> {
     using Type = GVariant*;
@@ -42,7 +42,7 @@ struct Wire<std::u16string> {
     }
 };
 
-// What an operation gives, as it goes.
+// Converts an output of an operation.
 template<class Number>
 requires std::is_arithmetic_v<Number> Number written(Number number) {
     return number;

@@ -8,7 +8,7 @@ typedef struct _LecternIpcWord LecternIpcWord;
 
 namespace lectern::engine {
 
-// The Word interface.
+// Serves the Word interface.
 class WordEndpoint : public DocumentEndpoint<WordDocument, LecternIpcWord> {
 public:
     WordEndpoint();

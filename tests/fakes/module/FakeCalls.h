@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the control of every fake module has, for tests in the same process.
+// The part that the controls of all fake modules share, for tests in the same process.
 #pragma once
 
 #include <dlfcn.h>
@@ -13,27 +13,27 @@
 #include <vector>
 
 struct FakeCalls {
-    // Every call in order, as "wtg_scroll_down(0, 520)": the arguments without
-    // the document, out-parameters and pixel addresses. Texts are in quotes.
+    // All calls in order, as in "wtg_scroll_down(0, 520)": the arguments
+    // without the document, outputs and pixel addresses. Texts are in quotes.
     std::vector<std::string> calls;
     bool recording = true;
 
-    // Results. The next calls of a function take theirs from `nextResults`,
-    // later ones from `results`; 0, the default, lets the call do its work, any
-    // other code is returned and the call has no effect.
+    // Scripted results. The next calls of a function take theirs from
+    // `nextResults`, later ones from `results`. With 0, the default, the call
+    // does its work; any other code is returned and the call has no effect.
     std::map<std::string, std::deque<int32_t>> nextResults;
     std::map<std::string, int32_t> results;
 
     std::vector<std::string> takeCalls() { return std::exchange(calls, {}); }
 };
 
-// The control of the module that the loader finds, which stays loaded.
+// The control of the module that the loader finds. The module stays loaded.
 template<typename Control>
 Control& fakeControl(const char* module, const char* getter) {
     void* handle = dlopen(module, RTLD_LAZY);
     void* get = handle != nullptr ? dlsym(handle, getter) : nullptr;
     if (get == nullptr) {
-        std::abort(); // the tests' environment lacks LD_LIBRARY_PATH
+        std::abort(); // LD_LIBRARY_PATH is not set
     }
     return *reinterpret_cast<Control* (*)()>(get)();
 }

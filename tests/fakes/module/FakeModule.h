@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The module's side of a fake: noting calls, and what all modules do alike.
+// The module's side of a fake: recording calls, and the behaviour that all
+// modules share.
 #pragma once
 
 #include "modules/ModuleResults.h"
@@ -30,7 +31,7 @@ inline void write(std::ostream& out, int64_t number) {
     out << number;
 }
 
-// Notes a call and gives its scripted result.
+// Records a call and returns its scripted result.
 template<typename... Arguments>
 int32_t called(FakeCalls& control, const char* name, Arguments... arguments) {
     if (control.recording) {
@@ -51,7 +52,7 @@ int32_t called(FakeCalls& control, const char* name, Arguments... arguments) {
     return result != control.results.end() ? result->second : MODULE_OK;
 }
 
-// The number behind a prefix of the file's name.
+// Reads the number after a prefix of the file's name; nothing without the prefix.
 inline std::optional<int64_t> numberInName(const uint16_t* path, const std::string& prefix) {
     std::string name;
     for (; *path != 0; ++path) {
@@ -73,14 +74,15 @@ inline int32_t giveText(const std::u16string& text, uint16_t* out, int32_t capac
     return MODULE_OK;
 }
 
-// Notes a call; its scripted failure, or that of a null document.
+// Records a call; returns its scripted failure, or MODULE_BAD_ARGUMENT for a
+// null document.
 template<typename... Arguments>
 int32_t entered(FakeCalls& control, const void* doc, const char* name, Arguments... arguments) {
     const int32_t code = called(control, name, arguments...);
     return code == MODULE_OK && doc == nullptr ? static_cast<int32_t>(MODULE_BAD_ARGUMENT) : code;
 }
 
-// The whole of a call for a text of a document's properties, and for a time.
+// Complete calls for a document's text and time properties.
 inline int32_t giveProperty(FakeCalls& control, const void* doc, const char* function,
                             const std::u16string& value, uint16_t* text, int32_t capacityBytes,
                             int32_t* length) {
@@ -96,7 +98,8 @@ inline int32_t giveTime(FakeCalls& control, const void* doc, const char* functio
     return code;
 }
 
-// Hands an array out, or what the control says instead: a null, another count.
+// Returns an array to the caller, altered as the control says: null or with
+// another count.
 template<typename Control, typename Record>
 int32_t giveArray(const Control& control, const std::vector<Record>& list, const Record** array,
                   int32_t* count) {

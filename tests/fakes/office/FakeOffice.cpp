@@ -3,16 +3,16 @@
 // each line:
 //   rows          rows of the laid-out text at 72 dpi (default 1000)
 //   name          the document's name; author is the number of layouts done
-//   password      what opens it
+//   password      needed to open it
 //   probe         see Misbehaviour.h; the outcome becomes the name
-//   text          what can be searched and selected (default none); each hit
-//                 has a rectangle (position, 0, length, 1)
-//   click         type:number, or 6:address, of what lies everywhere
-//   open, surface, count, scroll, date, find    how to misbehave there
-//   lie           give impossible numbers
-// A file whose name starts with "other-kind" is of the wrong kind, one without
-// any line is damaged. Row r of the text is painted as 0xFF000000 + r, what
-// lies below its end white. There are ten characters in each row.
+//   text          the text for searches and selections (default empty); each
+//                 hit has a rectangle (position, 0, length, 1)
+//   click         the target at every point, type:number or 6:address
+//   open, surface, count, scroll, date, find    how these calls misbehave
+//   lie           return impossible numbers
+// A file whose name starts with "other-kind" is of the wrong kind; an empty
+// file is damaged. Row r of the text is painted as 0xFF000000 + r, rows below
+// the end are white. Each row has ten characters.
 
 #include "engine/office/word/WordDocument.h"
 #include "modules/ModuleResults.h"
@@ -40,7 +40,7 @@ std::u16string widen(const std::string& ascii) {
 struct Office::Private {};
 
 std::unique_ptr<Office> Office::start(const std::string& profileDirectory) {
-    // A profile is what makes a start recognisable from outside.
+    // Create the profile, by which a test can see that the office was started.
     std::error_code error;
     if (!std::filesystem::create_directories(profileDirectory, error)) {
         return nullptr;
@@ -88,7 +88,7 @@ struct WordDocument::Private {
         painted = true;
     }
 
-    // Lays out and paints if anything asks for it.
+    // Lays out and paints unless the layout is current.
     std::int32_t ensureLaidOut() {
         if (pixels == nullptr) {
             return MODULE_FAILED;
@@ -233,7 +233,7 @@ int32_t WordDocument::author(std::u16string& text) {
     return MODULE_OK;
 }
 
-// A character outside the basic plane at each end, and one unit that is none.
+// A character outside of the basic plane at each end, and an unpaired surrogate.
 int32_t WordDocument::description(std::u16string& text) {
     text = u"\U0001F4C4 text \U0001F4C4";
     text.insert(text.begin() + 3, char16_t{0xD800});
@@ -316,7 +316,7 @@ int32_t WordDocument::clickRegions(std::vector<PixelRect>& regions) {
     return MODULE_OK;
 }
 
-// The number of the secondary document in every row of it.
+// Every row of a secondary document contains its number.
 int32_t WordDocument::openSecondary(int32_t type, uint32_t number, int32_t height) {
     Private& d = *mPrivate;
     for (std::int32_t y = 0; y < d.height; y++) {

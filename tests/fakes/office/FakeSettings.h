@@ -7,7 +7,7 @@
 
 namespace lectern::engine::fake {
 
-// What a fake document is: one "key=value" in each line of its file.
+// The description of a fake document: one "key=value" in each line of its file.
 using Settings = std::map<std::string, std::string>;
 
 inline Settings readSettings(const std::string& path) {

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
-// Workbooks of the fake office suite, text files as FakeOffice.cpp has them:
+// Workbooks of the fake office suite, text files as in FakeOffice.cpp:
 //   name, password    as there
-//   surface, render, sort    how to misbehave there, see Misbehaviour.h
-//   lie               give an impossible header corner
-// There are two sheets, "One" and "Two", of 10 x 20 cells of 50 x 20 pixels
-// whatever the dpi. Area a of sheet s is painted 0xFF000000 + a * 0x10000 +
-// s * 0x1000 + the document row of its pixels. Every second cell of row 1 has
-// the comment "Told"; a search finds its text's length in cells of column 0;
-// the selection's text is "a\tb". Everything that changes a sheet is refused
-// on sheet 1.
+//   surface, render, sort    how these calls misbehave, see Misbehaviour.h
+//   lie               return an impossible header corner
+// There are two sheets, "One" and "Two", of 10 x 20 cells of 50 x 20 pixels at
+// every dpi. Area a of sheet s is painted 0xFF000000 + a * 0x10000 + s * 0x1000
+// + the document row of its pixels. Every second cell of row 1 has the comment
+// "Told". A search has as many hits, in cells of column 0, as its text is long.
+// The selection's text is "a\tb". Changes of sheet 1 are refused.
 
 #include "engine/office/sheet/SheetDocument.h"
 #include "modules/ModuleResults.h"

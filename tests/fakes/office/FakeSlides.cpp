@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-// Presentations of the fake office suite, text files as FakeOffice.cpp has them:
+// Presentations of the fake office suite, text files as in FakeOffice.cpp:
 //   name, password    as there
-//   render, find      how to misbehave there, see Misbehaviour.h
-//   lie               give an impossible size and regions without rectangles
+//   render, find      how these calls misbehave, see Misbehaviour.h
+//   lie               return an impossible size and regions without rectangles
 // There are three slides of 720 x 540; slide s is painted 0xFF000000 + s *
 // 0x10000 + the row of its pixels. Its title is "Title s", and slide 1 has the
-// note "Remember". A search finds its text once on slide 0, and on slide 1 as
-// often as the text is long, each hit with two rectangles, and once in the note.
+// note "Remember". A search has one hit on slide 0, and on slide 1 as many as its
+// text is long, each with two rectangles, and one in the note.
 
 #include "engine/office/slide/SlideDocument.h"
 #include "modules/ModuleResults.h"
@@ -31,7 +31,7 @@ struct SlideDocument::Private {
     fake::Settings settings;
     Surface surface;
     int32_t rendered = -1;
-    int32_t length = 0; // of the text that was searched for
+    int32_t length = 0; // of the searched text
 
     std::string setting(const std::string& key) const {
         const auto found = settings.find(key);

@@ -24,7 +24,7 @@
 namespace lectern::engine::fake {
 namespace {
 
-// The part behind the colon.
+// The part after the colon.
 std::string detailOf(const std::string& action) {
     const std::size_t colon = action.find(':');
     return colon == std::string::npos ? std::string() : action.substr(colon + 1);

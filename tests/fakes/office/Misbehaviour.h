@@ -6,16 +6,16 @@
 
 namespace lectern::engine::fake {
 
-// Does what a document asks for at some point of its life, as hostile or
-// unlucky documents make an office suite do:
-//   hang (a file "hanging" in its temporary folder tells that it does),
-//   crash, exit, eat (memory, until none is given), throw,
+// Misbehaves as the document asks for, in the ways in which hostile or damaged
+// documents make an office suite misbehave:
+//   hang (and create a file "hanging" in the temporary folder),
+//   crash, exit, eat (memory, until none is left), throw,
 //   slow:MILLISECONDS, code:MODULE_RESULT, second:MODULE_RESULT (every second time)
-// An empty action does nothing. Gives the result code to go on with.
+// An empty action does nothing. Returns the result code for the call.
 std::int32_t misbehave(const std::string& action);
 
-// Tries something that a confined process may not do and tells how it ended,
-// "allowed" or the name of the error:
+// Tries an action that a confined process must not do; returns "allowed" or the
+// name of the error:
 //   write:PATH, read:PATH, socket:FAMILY, exec:PATH, fork,
 //   signal:PID, queue (System V)
 std::string probe(const std::string& action);

@@ -11,7 +11,7 @@ const FakeSheet& sheetOf(int32_t sheet) {
     return fake_sheet_control()->sheets[static_cast<size_t>(sheet)];
 }
 
-// Fills a buffer with what a function says of each of its pixels.
+// Fills a buffer with the value that a function returns for each pixel.
 template<typename Pixel>
 void paint(const FakeSheetDocument::Buffer& buffer, Pixel pixel) {
     uint32_t* next = buffer.pixels;

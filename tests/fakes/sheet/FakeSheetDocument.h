@@ -4,7 +4,7 @@
 #include "raster/Saturate.h"
 #include "tests/fakes/sheet/FakeSheetModule.h"
 
-// A workbook as the control describes it, at a dpi and with buffers of its own.
+// A workbook described by the control, with its own dpi and buffers.
 class FakeSheetDocument {
 public:
     struct Buffer {
@@ -25,7 +25,7 @@ public:
     int32_t scaled(int32_t pixels) const { return saturateToInt(static_cast<long long>(pixels) * mDpi / 72); }
     int32_t sheetWidth(int32_t sheet) const;
     int32_t sheetHeight(int32_t sheet) const;
-    // The nearest one to a point.
+    // The cell nearest to a point.
     Cell cellAt(int32_t sheet, int32_t x, int32_t y) const;
     module_rect bounds(const Cell& cell) const;
     void fetchMarks();
@@ -34,7 +34,7 @@ public:
     Buffer cells;
     Buffer rowHeaders;
     Buffer columnHeaders;
-    // Handed out, and kept as long as the module's rules ask for.
+    // Returned arrays, kept as long as the module's rules require.
     std::vector<stg_region> marks;
     std::vector<stg_region> found;
     bool searched = false;

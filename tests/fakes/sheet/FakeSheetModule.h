@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // The control side of the fake sheet module, for tests in the same process.
 //
-// The fake is a real SheetToGoModule.so. Its sheets have cells of one size, which
-// grows with the dpi, and each pixel tells of which surface and sheet it is and
-// where: see fakeCellPixel() and its like. Commands are noted and change nothing.
+// The fake is a real SheetToGoModule.so. All cells of its sheets have one size,
+// which grows with the dpi, and each pixel encodes its surface, sheet and
+// position: see fakeCellPixel() and similar functions. Commands are recorded
+// and change nothing.
 #pragma once
 
 #include "modules/SheetToGoModule.h"
@@ -23,7 +24,7 @@ struct FakeSheet {
 };
 
 struct FakeSheetControl : FakeCalls {
-    // A file named "code-N..." gives the open code N.
+    // The open of a file named "code-N..." returns N.
     std::vector<FakeSheet> sheets = {FakeSheet()};
 
     // In pixels at 72 dpi.
@@ -31,24 +32,24 @@ struct FakeSheetControl : FakeCalls {
     int32_t cellHeight = 20;
     int32_t rowHeaderWidth = 30;
     int32_t columnHeaderHeight = 15;
-    std::vector<stg_region> hits; // that every search finds
+    std::vector<stg_region> hits; // found by every search
 
-    // On every sheet, by column and row.
+    // Comments by column and row, the same on every sheet.
     std::map<std::pair<int32_t, int32_t>, std::u16string> comments;
-    // In place of the marks of `comments`, in pixels as they are to be reported.
+    // Replaces the marks of `comments`; in pixels, reported unchanged.
     std::optional<std::vector<stg_region>> marks;
-    // Spoils the next arrays: their count, or their address.
+    // Falsify the count or the address of the next arrays.
     std::optional<int32_t> arrayCount;
     bool nullArrays = false;
 
-    std::u16string selection; // the text of whatever is selected
+    std::u16string selection; // text of any selection
     std::u16string name, author, description;
     time_t created = 0;
     time_t lastSaved = 0;
 
-    // What the module knows.
+    // The module's state.
     int openDocuments = 0;
-    int32_t dpi = 72; // of the document that was asked last
+    int32_t dpi = 72; // of the document used last
     int64_t renders = 0;
     std::vector<uint8_t> highlightColor;
 
@@ -59,9 +60,9 @@ struct FakeSheetControl : FakeCalls {
     }
 };
 
-// Pixels: the surface in the topmost four bits and the sheet below them, which
-// fills over them leave as they are; then x and y modulo 4096. They are document
-// pixels along the sheet, and those of the strip across it.
+// Pixel values: the surface in the highest four bits and the sheet in the next
+// four, both unchanged by tints, then x and y modulo 4096. They are document
+// pixels along the sheet and strip pixels across it.
 constexpr uint32_t fakeSheetPixel(uint32_t surface, int32_t sheet, int32_t x, int32_t y) {
     return surface << 28 | (static_cast<uint32_t>(sheet) & 0xF) << 24 |
            (static_cast<uint32_t>(x) & 0xFFF) << 12 | (static_cast<uint32_t>(y) & 0xFFF);

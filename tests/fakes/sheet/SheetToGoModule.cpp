@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The exported functions of the fake sheet module: each notes the call, takes
-// its scripted result, and passes on to the document.
+// The exported functions of the fake sheet module: each records the call, takes
+// its scripted result, and calls the document.
 #include "modules/SheetToGoModule.h"
 
 #include "tests/fakes/module/FakeModule.h"
@@ -9,7 +9,7 @@
 extern "C" LECTERN_MODULE_EXPORT FakeSheetControl* fake_sheet_control();
 
 FakeSheetControl* fake_sheet_control() {
-    static FakeSheetControl control; // goes with the module when it is unloaded
+    static FakeSheetControl control; // destroyed when the module is unloaded
     return &control;
 }
 
@@ -33,7 +33,7 @@ int32_t entered(const void* doc, const char* name, Arguments... arguments) {
     return fake::entered(control(), doc, name, arguments...);
 }
 
-// What fake::entered() does for a call for a sheet, which must be there.
+// As fake::entered(), for a call with a sheet, which must exist.
 template<typename... Arguments>
 int32_t enteredSheet(const void* doc, const char* name, int32_t sheet, Arguments... arguments) {
     const int32_t code = entered(doc, name, sheet, arguments...);
@@ -336,7 +336,7 @@ int32_t stg_get_document_last_saved_date(void* doc, time_t* time) {
     return fake::giveTime(control(), doc, __func__, control().lastSaved, time);
 }
 
-// The rest exists for the loader; a call shows in the list and fails.
+// Only the loader needs the remaining functions; a call is recorded and fails.
 
 int32_t stg_autofit_column(void* /*doc*/, int32_t /*sheet*/, int32_t /*x*/) {
     called(__func__);

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-// The control side of the fake presentation module, for tests in the same process.
+// The control side of the fake presentation module, for tests in the same
+// process.
 //
-// The fake is a real SlideshowToGoModule.so. Each pixel it renders tells of which
-// slide it is and where on the surface: see fakeSlidePixel(). Hits are placed in
-// slide units and reported in the pixels of what was rendered last.
+// The fake is a real SlideshowToGoModule.so. Each pixel that it renders encodes
+// its slide and its position on the surface: see fakeSlidePixel(). Hits are
+// placed in slide units and reported in pixels of the last rendering.
 #pragma once
 
 #include "modules/SlideshowToGoModule.h"
@@ -20,27 +21,27 @@ using FakeSlideHit = std::vector<module_rect>;
 struct FakeSlide {
     std::u16string title = u"Slide";
     std::optional<std::u16string> note = std::nullopt;
-    std::vector<FakeSlideHit> hits = {}; // that every search finds
+    std::vector<FakeSlideHit> hits = {}; // found by every search
     int32_t noteHits = 0;
 };
 
 struct FakeSlideControl : FakeCalls {
-    // A file named "code-N..." gives the open code N.
+    // The open of a file named "code-N..." returns N.
     std::vector<FakeSlide> slides = {FakeSlide()};
     int32_t width = 640; // of every slide
     int32_t height = 480;
 
-    // Spoils the next arrays: their count, or their address.
+    // Falsify the count or the address of the next arrays.
     std::optional<int32_t> arrayCount;
     bool nullArrays = false;
-    // In place of the infos of `slides`.
+    // Replaces the infos of `slides`.
     std::optional<std::vector<sstg_find_info>> infos;
 
     std::u16string name, author, description;
     time_t created = 0;
     time_t lastSaved = 0;
 
-    // What the module knows.
+    // The module's state.
     int openDocuments = 0;
     std::vector<uint8_t> highlightColor;
 
@@ -51,8 +52,8 @@ struct FakeSlideControl : FakeCalls {
     }
 };
 
-// Pixels: the slide in the topmost byte, which fills over them leave as it is,
-// then x and y modulo 4096 in the pixels of the surface.
+// Pixel values: the slide in the highest byte, which tints leave unchanged,
+// then x and y modulo 4096 in pixels of the surface.
 constexpr uint32_t fakeSlidePixel(int32_t slide, int32_t x, int32_t y) {
     return (static_cast<uint32_t>(slide + 1) & 0xFF) << 24 | (static_cast<uint32_t>(x) & 0xFFF) << 12 |
            (static_cast<uint32_t>(y) & 0xFFF);

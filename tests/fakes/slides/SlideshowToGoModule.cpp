@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The exported functions of the fake presentation module: each notes the call
+// The exported functions of the fake presentation module: each records the call
 // and takes its scripted result first.
 #include "modules/SlideshowToGoModule.h"
 
@@ -9,7 +9,7 @@
 extern "C" LECTERN_MODULE_EXPORT FakeSlideControl* fake_slide_control();
 
 FakeSlideControl* fake_slide_control() {
-    static FakeSlideControl control; // goes with the module when it is unloaded
+    static FakeSlideControl control; // destroyed when the module is unloaded
     return &control;
 }
 
@@ -19,7 +19,7 @@ FakeSlideControl& control() {
     return *fake_slide_control();
 }
 
-// An open document: what was rendered last, and the arrays handed out.
+// An open document: the last rendering, and the arrays returned to the caller.
 struct Document {
     int32_t slide = -1;
     int32_t width = 0;
@@ -52,7 +52,7 @@ const FakeSlide& slideAt(int32_t slide) {
     return control().slides[static_cast<size_t>(slide)];
 }
 
-// What fake::entered() does for a call for a slide, which must be there.
+// As fake::entered(), for a call with a slide, which must exist.
 template<typename... Arguments>
 int32_t enteredSlide(const void* doc, const char* name, int32_t slide, Arguments... arguments) {
     const int32_t code = entered(doc, name, slide, arguments...);
@@ -209,7 +209,7 @@ int32_t sstg_stop_find(void* doc) {
     }
     Document& d = document(doc);
     d.searching = false;
-    // What was handed out is no longer valid: a later look at it shows.
+    // The returned arrays are no longer valid; freeing them exposes a later use.
     d.infos = {};
     d.regions = {};
     d.rectangles = {};
@@ -236,7 +236,7 @@ int32_t sstg_get_document_last_saved_date(void* doc, time_t* time) {
     return fake::giveTime(control(), doc, __func__, control().lastSaved, time);
 }
 
-// The rest exists for the loader; a call shows in the list and fails.
+// Only the loader needs the remaining functions; a call is recorded and fails.
 
 int32_t sstg_get_found_note_offsets(void* /*doc*/, int32_t /*slide*/, int32_t* /*count*/,
                                     const int32_t** /*offsets*/) {

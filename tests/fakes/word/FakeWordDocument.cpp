@@ -8,8 +8,8 @@ extern "C" FakeWordControl* fake_word_control();
 FakeWordDocument::FakeWordDocument(int64_t rows, uint32_t characters, int32_t lineHeight)
     : mRowsAtFirst(rows), mCharacters(characters), mLineHeight(lineHeight) {}
 
-// Another size counts when the layout is needed next; a pop-up's buffer is gone
-// again before that.
+// Another size takes effect at the next layout. A pop-up's buffer is replaced
+// before that.
 void FakeWordDocument::setBuffer(uint32_t* pixels, int32_t width, int32_t height) {
     mBuffer = pixels;
     mBufferWidth = width;

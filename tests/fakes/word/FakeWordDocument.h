@@ -3,7 +3,7 @@
 
 #include "tests/fakes/word/FakeWordModule.h"
 
-// A text and the stretch of it that a buffer shows.
+// A text, and the stretch of it that a buffer shows.
 class FakeWordDocument {
 public:
     FakeWordDocument(int64_t rows, uint32_t characters, int32_t lineHeight);
@@ -11,21 +11,21 @@ public:
     void setBuffer(uint32_t* pixels, int32_t width, int32_t height);
     void setDpi(int32_t dpi);
 
-    // Each of these lays the text out first when that is due.
+    // Each of these functions first lays the text out when its layout is outdated.
     uint32_t topLeft();
     uint32_t bottomRight();
     int32_t usedRows();
     bool scrollDown(int32_t rows);
     int32_t scrollUp(int32_t rows);
     void jump(uint32_t position);
-    // The rows of a hit, in buffer pixels, those outside the stretch included.
+    // The rows of a hit in buffer pixels, including those outside of the stretch.
     std::vector<module_rect> rectangles(const FakeWordHit& hit);
     bool isInStretch(const module_rect& rectangle) const;
     void paintSecondary(int32_t height);
 
     uint32_t characters() const { return mCharacters; }
 
-    // The results handed out, kept as long as the module's rules ask for.
+    // The returned results, kept as long as the module's rules require.
     std::vector<wtg_find_result> results;
     std::vector<FakeWordHit> found;
     std::vector<std::vector<module_rect>> regionRectangles;
@@ -47,10 +47,10 @@ private:
     int32_t mFirstWidth = 0;
     FakeWordLayout mLayout;
     uint32_t* mPixels = nullptr;
-    // While a pop-up's buffer is set, the layout is still that of the page's.
+    // While a pop-up's buffer is set, the layout is still that of the page's buffer.
     uint32_t* mBuffer = nullptr;
     int32_t mBufferWidth = 0;
     int32_t mBufferHeight = 0;
     bool mStale = false;
-    uint32_t mAnchor = 0; // the character a re-layout keeps at the top
+    uint32_t mAnchor = 0; // a new layout keeps this character at the top
 };

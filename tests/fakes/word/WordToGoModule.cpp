@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The exported functions of the fake word module: each notes the call, takes
-// its scripted result, and passes on to the document.
+// The exported functions of the fake word module: each records the call, takes
+// its scripted result, and calls the document.
 #include "modules/WordToGoModule.h"
 
 #include "tests/fakes/module/FakeModule.h"
@@ -9,7 +9,7 @@
 extern "C" LECTERN_MODULE_EXPORT FakeWordControl* fake_word_control();
 
 FakeWordControl* fake_word_control() {
-    static FakeWordControl control; // goes with the module when it is unloaded
+    static FakeWordControl control; // destroyed when the module is unloaded
     return &control;
 }
 
@@ -282,7 +282,7 @@ int32_t wtg_clear_selection(void* doc) {
     return MODULE_OK;
 }
 
-// The rest exists for the loader; a call shows in the list and fails.
+// Only the loader needs the remaining functions; a call is recorded and fails.
 
 int32_t wtg_copy_selection(void* /*doc*/, uint16_t* /*text*/, int32_t /*capacity*/, int32_t /*first*/,
                            int32_t* /*length*/) {

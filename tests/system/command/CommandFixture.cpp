@@ -8,7 +8,7 @@
 
 namespace {
 
-// A long open, which any is on a slow machine, shows that it is working.
+// Removes the progress message, which a long open prints on a slow machine.
 std::string withoutProgress(const std::string& errors) {
     std::istringstream lines(errors);
     std::string others;

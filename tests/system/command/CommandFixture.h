@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-// What a run of the command gave.
+// The result of a run of the command.
 struct Outcome {
     int status = -1; // exit status, or -1 when it did not exit by itself
     std::string output;
@@ -25,19 +25,19 @@ struct Picture {
     bool operator==(const Picture&) const = default;
 };
 
-// The built command on the test's bus, whose service it finds there.
+// Runs the built command with the test's bus and the service on it.
 class CommandTest : public ServiceTest {
 protected:
     Outcome lectern(std::vector<std::string> arguments,
                     const std::map<std::string, std::string>& environment = {});
-    // The same, for a run that must succeed in silence: its output.
+    // The same for a run that must succeed without messages; returns its output.
     std::string done(const std::vector<std::string>& arguments);
     // The picture that "lectern open FILE" writes with these options.
     Picture opened(const std::string& file, const std::vector<std::string>& options);
-    // Lines that office_facts.py prints.
+    // Lines printed by office_facts.py.
     std::vector<std::string> facts(const std::string& what, const std::string& file);
 
     static Picture readPicture(const std::string& path);
-    // What a client that shares no code with the command sees.
+    // The picture that a client sees which shares no code with the command.
     static Picture seenBy(const TestDocument& document);
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the command prints of documents, against what their files say.
+// The command's information about documents, compared with their files.
 #include "tests/system/command/CommandFixture.h"
 
 namespace {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Pictures of sheets and slides, against what another client sees after a jump.
+// Pictures of sheets and slides, compared with what another client sees after a jump.
 #include "tests/system/command/CommandFixture.h"
 
 #include <functional>
@@ -9,8 +9,8 @@ namespace {
 
 class PictureTest : public CommandTest {
 protected:
-    // The pictures of all parts of a document, each of which must be what a
-    // client sees that jumps there.
+    // Compares the pictures of all parts of a document with what a client sees
+    // after jumping there.
     void expectJumps(const std::string& file, const std::string& option, size_t parts,
                      const std::function<void(TestDocument&, size_t index)>& jump) {
         TestDocument document(*client, *queue, file, 480, 800);
@@ -30,7 +30,7 @@ TEST_F(PictureTest, EachSheetIsWhatAJumpToItShows) {
     const std::string file = sample("tour.xlsx");
     expectJumps(file, "--sheet", facts("sheets", file).size(), [](TestDocument& document, size_t index) {
         document.call("/excel", "jumpToSheet", ", \"sheet\": " + std::to_string(index));
-        // A sheet is measured where a glide ends, which takes a moment.
+        // A sheet is measured when a glide has ended, which takes a moment.
         document.call("/events", "handleFlick", ", \"xCoord\": 0, \"yCoord\": -1");
         document.paint();
     });
@@ -43,11 +43,11 @@ TEST_F(PictureTest, EachSlideIsWhatAJumpToItShows) {
     });
 }
 
-// Row and column headers stand; the cells beside them move by the pixels asked for.
+// Row and column headers stay in place; the cells move by the requested pixels.
 TEST_F(PictureTest, ASheetScrollsAlongOneAxisAndAlongBoth) {
     constexpr int DX = 100;
     constexpr int DY = 50;
-    constexpr int LEFT = 60; // beyond the row headers, and below the column headers
+    constexpr int LEFT = 60; // right of the row headers and below the column headers
     constexpr int TOP = 60;
     const std::string file = sample("tour.xlsx");
     const Picture start = opened(file, {});
@@ -68,7 +68,7 @@ TEST_F(PictureTest, ASheetScrollsAlongOneAxisAndAlongBoth) {
 
 TEST_F(PictureTest, AZoomedSlideIsAtItsStart) {
     const Picture plain = opened(sample("tour.pptx"), {});
-    const Picture zoomed = opened(sample("tour.pptx"), {"--zoom", "2"}); // and nothing is complained of
+    const Picture zoomed = opened(sample("tour.pptx"), {"--zoom", "2"}); // without messages
     EXPECT_NE(zoomed, plain);
 }
 

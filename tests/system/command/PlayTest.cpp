@@ -18,7 +18,7 @@ protected:
         std::ofstream(folder.path() + "/a.play") << text;
         return folder.path() + "/a.play";
     }
-    // The frame with this name, whatever its number.
+    // The frame with this name, with any number.
     Picture frame(const std::string& name) const {
         for (const auto& entry : std::filesystem::directory_iterator(frames())) {
             const std::string file = entry.path().filename();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Exit statuses and what the command says on standard error; calls.
+// Exit statuses and messages on standard error; the sub-command "call".
 #include "tests/system/command/CommandFixture.h"
 
 #include <filesystem>

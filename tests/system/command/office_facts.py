@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: Apache-2.0
-"""What office files say of themselves, read from their XML alone:
+"""Prints facts about office files, read from their XML alone:
 
-office_facts.py sheets FILE.xlsx    NAME of each visible sheet, a line each
+office_facts.py sheets FILE.xlsx    NAME of each visible sheet, one per line
 office_facts.py titles FILE.pptx    TITLE of each slide, empty where it has none
 office_facts.py notes FILE.pptx     NOTE of each slide, paragraphs joined by a bar
 """
@@ -25,7 +25,7 @@ class Package:
         return ElementTree.fromstring(self.files.read(part))
 
     def related(self, part):
-        """Identifier, type and part of what a part refers to."""
+        """Identifier, type and target part of each relationship of a part."""
         folder, name = posixpath.split(part)
         relations = f'{folder}/_rels/{name}.rels'
         if relations not in self.files.namelist():

@@ -29,8 +29,8 @@ std::vector<int> inkRows(const std::vector<std::uint32_t>& popup) {
 
 class ModuleClick : public testing::Test {
 protected:
-    // Where the text's first occurrence is clicked, and the character there
-    // that an internal link leads to.
+    // Expects a click on the first occurrence of `link` to lead to the
+    // character at `target`.
     void expectLeadsTo(const std::u16string& link, const std::u16string& target) {
         const wtg_click_info info = view.clickOn(link);
         ASSERT_EQ(info.type, 7);
@@ -101,13 +101,13 @@ TEST_F(ModuleClick, EveryFootnoteMarkOpensItsOwnNote) {
         const wtg_click_info info = view.click(x, y);
         ASSERT_EQ(info.type, 2) << note;
         numbers.insert(info.b);
-        // A finger's width off.
+        // A near miss, as with a finger.
         EXPECT_EQ(view.click(x + 6, y + 3).b, info.b);
         const std::vector<int> rows = inkRows(view.popup(info));
         ASSERT_FALSE(rows.empty());
         EXPECT_GE(rows.front(), 50);
         EXPECT_LT(rows.front(), 66) << "readable from the first line";
-        // Each note is longer than the one before by a sentence of two lines or more.
+        // Each note is longer than the previous one by a sentence of at least two lines.
         EXPECT_GT(rows.back(), static_cast<int>(lastHeight) + 10) << note;
         EXPECT_LT(rows.back(), 999) << "down to its last";
         lastHeight = static_cast<std::size_t>(rows.back());

@@ -20,7 +20,7 @@ struct Region {
 };
 
 // A document opened with the real engine through the module, with a buffer that
-// shows a stretch of it. Every call is expected to succeed.
+// shows a stretch of it. Every call must succeed.
 class ModuleView {
 public:
     ModuleView(const std::string& path, std::int32_t width, std::int32_t height, std::int32_t dpi = 72);
@@ -36,16 +36,17 @@ public:
     std::int32_t rows() const;
     std::uint32_t topLeft() const;
     void jump(std::uint32_t position) const;
-    // All the text, as a copy of everything selected; nothing is selected then.
+    // The whole text, read by copying a selection of everything; clears the selection.
     std::u16string text() const;
     std::u16string copy() const;
 
     std::vector<Hit> find(const std::u16string& text) const;
     std::vector<Region> regions() const;
     wtg_click_info click(std::int32_t x, std::int32_t y) const;
-    // A point in the middle of the first hit's first rectangle, which is in the stretch.
+    // A point in the middle of the first hit's first rectangle. The hit must be
+    // in the stretch.
     void pointAt(const std::u16string& text, std::int32_t& x, std::int32_t& y) const;
-    // What a click on the first hit of a text tells.
+    // The click record for the first hit of a text.
     wtg_click_info clickOn(const std::u16string& text) const;
     // The secondary document of a click record, 280 x 1000 pixels.
     std::vector<std::uint32_t> popup(const wtg_click_info& info);
@@ -57,8 +58,8 @@ private:
     std::int32_t mHeight = 0;
 };
 
-// A generated sample: `script` of the samples' folder with arguments, and the
-// file's path put in for "OUT".
+// Generates a sample with a script of the samples' folder and these arguments;
+// "OUT" is replaced by the file's path, which is returned.
 std::string generated(const std::string& script, std::vector<std::string> arguments);
 std::string linkedDocument();
 std::string longDocument(int pages, const std::string& word, int hits);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Searches with the real engine, in documents whose hits are known.
+// Searches with the real engine, in documents with known hits.
 #include "tests/system/module/ModuleView.h"
 
 #include <algorithm>
@@ -8,7 +8,7 @@ namespace lectern::test {
 namespace {
 
 constexpr char16_t RED_WORDS[] = u"red words that may be broken between two lines of a narrow screen";
-constexpr int NEEDLES = 14; // that the linked document numbers
+constexpr int NEEDLES = 14; // in the linked document
 
 bool isRed(std::uint32_t pixel) {
     const int red = pixel >> 16 & 0xFF, green = pixel >> 8 & 0xFF, blue = pixel & 0xFF;
@@ -62,7 +62,7 @@ TEST(ModuleSearch, NotesAndCommentsAreNotSearched) {
     }
 }
 
-// Letters reach a little over the box of their line.
+// Letters extend a little beyond the box of their line.
 constexpr int OVERHANG = 3; // pixels
 
 std::vector<bool> covered(const ModuleView& view, const std::vector<Region>& regions, int grownBy) {
@@ -81,8 +81,7 @@ std::vector<bool> covered(const ModuleView& view, const std::vector<Region>& reg
     return pixels;
 }
 
-// The searched words are the only red ones, so their ink tells whether the
-// rectangles lie where they should.
+// Only the searched words are red, so red pixels show where the rectangles must be.
 void expectRectanglesOnRedInk(ModuleView& view, const std::u16string& text) {
     const std::vector<std::uint32_t> clean = view.pixels();
     view.find(text);
@@ -159,7 +158,7 @@ TEST(ModuleSearch, AMovedStretchIsMarkedAsOnePaintedAtOnce) {
     for (const int rows : {37, 500, 211, 1300}) {
         ASSERT_EQ(wordModule().wtg_scroll_down(view.get(), 0, rows, &scrolled), MODULE_OK);
         const std::vector<std::uint32_t> moved = view.pixels();
-        view.find(u"zebra"); // painted again from the beginning
+        view.find(u"zebra"); // painted again from the start
         ASSERT_EQ(view.pixels(), moved) << "after " << rows;
     }
     ASSERT_EQ(wordModule().wtg_scroll_up(view.get(), 0, 777, &scrolled), MODULE_OK);

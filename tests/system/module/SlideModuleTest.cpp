@@ -26,7 +26,7 @@ std::int32_t openResult(const std::string& path) {
     return slideshow.open(path, "/tmp");
 }
 
-// Pages that the engine of the only open document holds, in bytes, and are its own.
+// Private memory, in bytes, of the engine of the only open document.
 std::size_t engineMemory() {
     std::size_t most = 0;
     for (const EngineInfo& engine : enginesOf(getpid())) {
@@ -114,9 +114,9 @@ TEST(SlideModule, HiddenSlidesAreShown) {
 TEST(SlideModule, AnimationsHaveEndedAndEmptyPlaceholdersAreEmpty) {
     const SlideView view(slideSample("tour.pptx"));
     const Pixels pixels = view.render(6, 960, 540);
-    // The box that goes away is C8553D; of it nothing is left.
+    // Nothing is left of the hidden box, whose colour is C8553D.
     EXPECT_EQ(std::count(pixels.begin(), pixels.end(), 0xFFC8553DU), 0);
-    // Nor is anything in the place of the title, which is empty.
+    // The empty title placeholder shows nothing either.
     for (int y = 20; y < 100; y++) {
         const auto row = pixels.begin() + std::ptrdiff_t{y} * 960;
         ASSERT_TRUE(std::all_of(row, row + 960, [](std::uint32_t pixel) { return pixel == WHITE; })) << y;
@@ -237,7 +237,7 @@ TEST(SlideModule, JumpingAroundDoesNotGrowTheEngine) {
             view.render(static_cast<std::int32_t>(chance() % 300), 640, 480);
         }
     };
-    // What it keeps is full, and so are the suite's own caches.
+    // Now its caches and those of the suite are full.
     for (std::int32_t slide = 0; slide < 300; slide++) {
         view.render(slide, 640, 480);
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Searches of presentations with the real engine, whose hits are known.
+// Searches of presentations with the real engine and known hits.
 #include "tests/system/module/SlideView.h"
 #include "tests/unit/engine/EngineHost.h"
 
@@ -23,7 +23,7 @@ int occurrences(std::string text, const std::string& wanted) {
     return count;
 }
 
-// The smallest rectangle around what two pictures differ in.
+// The smallest rectangle around the pixels that differ.
 module_rect difference(const Pixels& a, const Pixels& b, int width) {
     int left = INT32_MAX;
     int top = INT32_MAX;
@@ -42,7 +42,8 @@ module_rect difference(const Pixels& a, const Pixels& b, int width) {
     return right < 0 ? module_rect{0, 0, 0, 0} : module_rect{left, top, right - left + 1, bottom - top + 1};
 }
 
-// Two decks that differ in one word; what their pictures differ in is the word.
+// Builds two decks that differ in one word; the difference of their pictures is
+// the word.
 std::string deckSaying(const std::string& name, const std::string& line, const std::string& more = "") {
     return madeSlides(name, "deck = Pptx(WIDE)\nslide = deck.slide()\n" + line + "\ndeck.save(OUT)" + more);
 }
@@ -52,7 +53,7 @@ void expectCovers(const module_rect& rect, const module_rect& ink, const std::st
     EXPECT_GE(rect.x + rect.width, ink.x + ink.width - 3) << what;
     EXPECT_LE(rect.y, ink.y + 3) << what;
     EXPECT_GE(rect.y + rect.height, ink.y + ink.height - 3) << what;
-    // Along the line it is no longer than the word, across no higher than a line.
+    // The rectangle is not longer than the word and not higher than a line.
     EXPECT_NEAR(rect.x, ink.x, 5) << what;
     EXPECT_NEAR(rect.x + rect.width, ink.x + ink.width, 5) << what;
     EXPECT_LE(rect.height, 2 * ink.height) << what;
@@ -71,8 +72,8 @@ TEST(SlideSearch, CountsAreThoseOfTheFile) {
             const int onSlide = info == infos.end() ? 0 : info->slide_hits;
             const int inNotes = info == infos.end() ? 0 : info->note_hits;
             EXPECT_EQ(inNotes, occurrences(slide.note, wanted)) << wanted << " " << i;
-            // Slide 3 has a chart's words too, the last has lost a box, and every
-            // one shows "Harbour office" of its master.
+            // Slide 3 also has a chart's words, a box of the last slide is
+            // hidden, and every slide shows "Harbour office" from its master.
             if (i != 3 && i != 6 && wanted != "a") {
                 EXPECT_EQ(onSlide, occurrences(slide.text, wanted)) << wanted << " " << i;
             }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Scrolling through whole documents: those that the tree makes, and a collection.
+// Scrolling through whole documents: generated ones and a collection.
 #include "modules/ModuleResults.h"
 #include "tests/system/office/Documents.h"
 #include "tests/system/office/OfficeFixture.h"
@@ -15,7 +15,7 @@ struct Geometry {
     int32_t width, height, dpi;
 };
 
-// The stretch, moved, must equal the same stretch painted at once, and its
+// A stretch after a move must equal the same stretch painted at once, and its
 // characters must follow the text.
 void checkStretch(View& view, int32_t top) {
     const std::vector<uint32_t> moved = view.pixels();
@@ -46,7 +46,7 @@ void scrollThrough(View& view) {
     }
 }
 
-// In several sizes and resolutions.
+// Scrolls in several sizes and resolutions.
 void scrollThrough(std::unique_ptr<WordDocument> document) {
     View shown(std::move(document), 480, 800, 72);
     for (const Geometry& to : {Geometry{480, 800, 72}, {320, 700, 97}, {480, 800, 144}}) {

@@ -11,22 +11,22 @@ namespace lectern::engine::test {
 class DocxBuilder {
 public:
     DocxBuilder& paragraph(const std::string& text, const std::string& properties = "");
-    // A page of its own for what follows.
+    // Starts a new page.
     DocxBuilder& pageBreak();
-    // One row of cells; widths in twips.
+    // Adds a table with one row; widths in twips.
     DocxBuilder& table(int columns, int widthOfColumn, const std::string& textOfCell);
-    // A black picture, widths and heights in inches. Floats at the page's corner
-    // when not inline.
+    // Adds a black picture, sizes in inches. A picture that is not inline
+    // floats at the page's corner.
     DocxBuilder& picture(double width, double height, bool isInline = true);
-    // A reference to a footnote with this text.
+    // Adds a reference to a footnote with this text.
     DocxBuilder& footnote(const std::string& text);
     DocxBuilder& header(const std::string& text);
-    // docProps/core.xml; times as in "2012-03-04T05:06:07Z".
+    // Sets docProps/core.xml; times have the form "2012-03-04T05:06:07Z".
     DocxBuilder& properties(const std::string& title, const std::string& author,
                             const std::string& description, const std::string& created,
                             const std::string& modified);
 
-    // The finished file, under a name in the test's folder.
+    // Writes the finished file to the test's folder and returns its path.
     std::filesystem::path write(const std::string& name) const;
 
 private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Searches against the text that the suite itself writes of a document.
+// Searches compared with the suite's own text export of a document.
 #include "engine/office/FileUrl.h"
 #include "engine/office/OfficePrivate.h"
 #include "modules/ModuleResults.h"
@@ -18,8 +18,8 @@ namespace {
 
 class ExtractedText : public OfficeTest {
 public:
-    // What the suite exports as plain text, in small letters; empty when it
-    // does not load the document.
+    // The suite's plain-text export in lower case; empty when the document
+    // cannot be loaded.
     static std::string extract(const std::filesystem::path& path) {
         const std::unique_ptr<lok::Document> document(
             office().d().suite->documentLoad(fileUrl(path).c_str(), "Batch=true"));
@@ -42,7 +42,7 @@ public:
         return count;
     }
 
-    // The most frequent words, of three letters or more.
+    // The most frequent words with at least three letters.
     static std::vector<std::string> frequentWords(const std::string& text) {
         std::map<std::string, int> counts;
         std::string word;
@@ -95,7 +95,7 @@ TEST_F(ExtractedText, HoldsWhatASearchFindsAndNoMore) {
 TEST_F(CorpusText, HoldsWhatASearchFindsAndNoMore) {
     int compared = 0;
     for (const auto& path : collectedDocuments()) {
-        // Its list labels are words, and the export makes text of labels.
+        // Its list labels are words, and the export contains labels as text.
         if (path.filename() == "Numbering.docx")
             continue;
         SCOPED_TRACE(path);

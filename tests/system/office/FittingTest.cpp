@@ -15,7 +15,7 @@ bool isDark(uint32_t pixel) {
     return (pixel & 0xFF) < 0xA0;
 }
 
-// Columns and rows with dark pixels.
+// The columns and rows that contain dark pixels.
 struct Extent {
     int32_t first = -1;
     int32_t last = -1;
@@ -100,7 +100,7 @@ TEST_F(Fitting, LargeIndentsTakeHalfOfANarrowLineAtMost) {
     const Extent ink = darkExtent(*shown);
     EXPECT_NEAR(ink.first, 4 + 160 * 4 / 5, 4) << "the indents keep their proportion";
     EXPECT_GT(ink.last, 250);
-    // Where they fit they are as they were, also after a narrow layout.
+    // Shapes that fit have their original size, also after a narrow layout.
     shown->resize(800, 400, 72);
     shown->rows();
     EXPECT_NEAR(darkExtent(*shown).first, 4 + 200, 3);

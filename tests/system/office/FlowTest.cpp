@@ -25,7 +25,7 @@ int32_t inkOfRow(const View& view, int32_t y) {
     return ink;
 }
 
-// Rows without ink, at most, between two with ink.
+// The largest number of rows without ink between two rows with ink.
 int32_t widestGap(const View& view) {
     int32_t widest = 0;
     int32_t last = -1;

@@ -14,7 +14,7 @@
 
 namespace lectern::engine::test {
 
-// A document with a surface, and what tests ask of the two.
+// A document with a surface, and helpers for tests.
 class View {
 public:
     View(std::unique_ptr<WordDocument> document, int32_t width, int32_t height, int32_t dpi);
@@ -24,9 +24,9 @@ public:
     int32_t height() const { return mHeight; }
     const std::vector<uint32_t>& pixels() const { return mPixels; }
 
-    // Another surface size and resolution; laid out by the next call.
+    // Sets another surface size and resolution; the next call lays out.
     void resize(int32_t width, int32_t height, int32_t dpi);
-    // The stretch painted afresh, and nothing else.
+    // The stretch painted anew on an empty surface.
     std::vector<uint32_t> repainted();
 
     int32_t rows();
@@ -37,10 +37,10 @@ public:
     int32_t scrollDown(int32_t rows);
     int32_t scrollUp(int32_t rows);
 
-    // But for the faint shadow in the page's upper corners.
+    // White except for the faint shadow in the page's upper corners.
     bool isWhite(int32_t x, int32_t y) const { return (at(x, y) & 0xFFF8F8F8) == 0xFFF8F8F8; }
     uint32_t at(int32_t x, int32_t y) const { return mPixels[static_cast<size_t>(y * mWidth + x)]; }
-    // Pixels that are not white in columns [left, right) of the stretch.
+    // Number of pixels in columns [left, right) of the stretch that are not white.
     int32_t ink(int32_t left, int32_t right) const;
     int32_t ink() const { return ink(0, mWidth); }
 
@@ -51,7 +51,7 @@ private:
     int32_t mHeight = 0;
 };
 
-// A folder for files; it goes with the process.
+// A folder for files, removed when the process ends.
 const std::filesystem::path& testFolder();
 
 // The suite, started once for the process.
@@ -59,11 +59,11 @@ class OfficeTest : public testing::Test {
 public:
     static Office& office();
     static std::filesystem::path write(const std::string& name, std::string_view bytes);
-    // Opens; a failure to is the test's.
+    // Opens a document; a failure fails the test.
     static std::unique_ptr<View> view(const std::filesystem::path& path, int32_t width = 480,
                                       int32_t height = 800, int32_t dpi = 72);
     static int32_t openResult(const std::filesystem::path& path, const std::string& password = "");
-    // "word 1 of line 1 ..." on lines of their own.
+    // Lines with "word 1 of line 1 ...".
     static std::string numberedLines(int lines, int wordsOnALine = 30);
 };
 

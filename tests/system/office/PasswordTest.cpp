@@ -29,7 +29,7 @@ OUString unicode(const std::string& text) {
 
 class Password : public OfficeTest {
 public:
-    // A text protected with the password "let me in", by the suite's own filter.
+    // A text document with the password "let me in", saved by the suite's own filter.
     static std::filesystem::path protectedFile(const std::string& name, const char* filter) {
         const auto desktop = css::frame::Desktop::create(office().d().context);
         const auto source = write("plain.txt", "protected words");

@@ -80,7 +80,7 @@ TEST_F(Properties, OfAPlainTextAreEmpty) {
     EXPECT_EQ(properties.words, 3);
 }
 
-// What samples/make_samples.py writes into both.
+// The properties that samples/make_samples.py writes to both files.
 TEST_F(Properties, AreTheSameInBothFormatsOfASample) {
     for (const char* name : {"tour.docx", "tour.doc"}) {
         SCOPED_TRACE(name);

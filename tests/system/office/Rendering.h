@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the programs that paint documents for looking at share.
+// Shared by the programs that paint documents for viewing.
 #pragma once
 
 #include <png.h>
@@ -9,13 +9,13 @@
 
 namespace rendering {
 
-// Milliseconds since some moment.
+// Milliseconds since an arbitrary moment.
 inline double now() {
     return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now().time_since_epoch())
         .count();
 }
 
-// Rows of 0xAARRGGBB without gaps. False when it cannot be written.
+// Writes rows of 0xAARRGGBB without gaps. Returns false on failure.
 inline bool writePng(const char* path, const uint32_t* pixels, int32_t width, int32_t height) {
     png_image image{};
     image.version = PNG_IMAGE_VERSION;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Searching a text in memory: no suite, no document.
+// Searching a text in memory, without suite or document.
 #include "engine/layout/SearchText.h"
 
 #include <gtest/gtest.h>
@@ -68,8 +68,8 @@ TEST(SearchText, NothingIsFoundByWhatIsNoText) {
     EXPECT_EQ(find(text, u"a"), (Ranges{{0, 1}})) << "though the text itself is broken";
 }
 
-// Half a megabyte of one letter, and a pattern that fits it but for the end:
-// tried at every place it would take hours.
+// Half a megabyte of one letter, and a pattern that matches except for its end:
+// comparing it at every position would take hours.
 TEST(SearchText, TakesTimeInProportionToTheTextWhateverItHolds) {
     const std::u16string text(500'000, u'a');
     const std::u16string wanted = std::u16string(100'000, u'a') + u'b';

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Slides as they are painted, against the pictures that the suite itself exports
-// of the same slides.
+// Painted slides, compared with the pictures that the suite exports.
 #include "engine/office/DocumentLoading.h"
 #include "engine/office/slide/SlideDocument.h"
 #include "modules/ModuleResults.h"
@@ -48,7 +47,7 @@ Pixels readPng(const std::string& path) {
 
 class SlidePictures : public OfficeTest {
 protected:
-    // Every slide as the suite exports it.
+    // The pictures of all slides that the suite exports.
     static std::vector<Pixels> exported(const std::string& path) {
         LoadedModel loaded;
         EXPECT_EQ(loadModel(office().d(), path, "", testFolder(), loaded), MODULE_OK);
@@ -69,8 +68,8 @@ protected:
     }
 };
 
-// Part of the pixels that differ by more than edges do that are smoothed in
-// another way, against their neighbourhood.
+// Share of the pixels that differ from their neighbourhood by more than a
+// differently smoothed edge does.
 double differing(const Pixels& a, const Pixels& b) {
     constexpr int NOTICEABLE = 96;
     const auto green = [](const Pixels& pixels, int32_t x, int32_t y) {
@@ -97,7 +96,7 @@ TEST_F(SlidePictures, AreThoseThatTheSuiteExports) {
     ASSERT_EQ(SlideDocument::open(office(), path, testFolder(), document), MODULE_OK);
     Pixels pixels(size_t{WIDTH} * size_t{HEIGHT});
     ASSERT_EQ(document->setSurface(pixels.data(), WIDTH, HEIGHT), MODULE_OK);
-    for (int32_t slide = 0; slide < 6; ++slide) { // the last one's box goes away
+    for (int32_t slide = 0; slide < 6; ++slide) { // on the last one a box is hidden
         ASSERT_EQ(document->render(slide), MODULE_OK);
         EXPECT_LT(differing(pixels, wanted[static_cast<size_t>(slide)]), 0.001) << slide;
         EXPECT_GT(differing(pixels, wanted[static_cast<size_t>(slide + 1) % 6]), 0.005)

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-// sheet_render FILE SHEET X Y WIDTH HEIGHT DPI OUT.png [FIND [COLUMN_X]]: paints
-// a window of a sheet with its headers, for looking at; FIND's hits marked, the
-// column at COLUMN_X selected. Times go to standard error, in milliseconds.
+// sheet_render FILE SHEET X Y WIDTH HEIGHT DPI OUT.png [FIND [COLUMN_X]]:
+// paints a window of a sheet with its headers, for viewing. FIND's hits are
+// marked, the column at COLUMN_X is selected. Times go to standard error, in
+// milliseconds.
 #include "engine/office/sheet/SheetDocument.h"
 #include "tests/system/office/Rendering.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// slide_render FILE SLIDE WIDTH HEIGHT OUT.png [TEXT]: paints a slide, with what a
-// search finds marked, for looking at. Titles, hits and times in milliseconds go
-// to standard error.
+// slide_render FILE SLIDE WIDTH HEIGHT OUT.png [TEXT]: paints a slide, with the
+// hits of a search marked, for viewing. Titles, hits and times in milliseconds
+// go to standard error.
 #include "engine/office/slide/SlideDocument.h"
 #include "tests/system/office/Rendering.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // word_render FILE WIDTH HEIGHT DPI SCROLL OUT.png: paints one stretch of a
-// document, for looking at. Times go to standard error, in milliseconds.
+// document, for viewing. Times go to standard error, in milliseconds.
 #include "engine/office/word/WordDocument.h"
 #include "tests/system/office/Rendering.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Sorting, hiding and resizing, and what is refused.
+// Sorting, hiding and resizing, and refused changes.
 
 #include "tests/system/sheet/WorkbookView.h"
 #include "tests/system/support/Subprocess.h"
@@ -36,7 +36,7 @@ TEST(SortTest, MovesWholeRowsAndKeepsAHeader) {
     EXPECT_EQ(sheet->column(0), (Rows{"Boat", "Dunlin", "Egret", "Tern"}));
     EXPECT_EQ(STG.stg_sort_descending(sheet.get(), 0, 1), MODULE_OK);
     EXPECT_EQ(sheet->column(1), (Rows{"Fare", "30", "20", "10"}));
-    // By a column of texts too: it is another that tells the header.
+    // Sort also by a column of texts; another column shows that there is a header.
     EXPECT_EQ(STG.stg_sort_descending(sheet.get(), 0, 0), MODULE_OK);
     EXPECT_EQ(sheet->column(0), (Rows{"Boat", "Tern", "Egret", "Dunlin"}));
 }
@@ -131,10 +131,10 @@ TEST_F(TracksTest, WhatWasHiddenAtAPlaceComesBackAndNotWhatIsHiddenBesideIt) {
     EXPECT_EQ(mSheet->visibleColumns(4), (std::vector<std::int32_t>{0, 1, 3, 5}));
     EXPECT_EQ(STG.stg_unhide_columns(mSheet.get(), 0, third, third), MODULE_OK);
     EXPECT_EQ(mSheet->visibleColumns(5), (std::vector<std::int32_t>{0, 1, 2, 3, 5}));
-    // With none before it, what is hidden behind it.
+    // Without hidden columns before it, the hidden ones after it are shown.
     EXPECT_EQ(STG.stg_unhide_columns(mSheet.get(), 0, x(3), x(3)), MODULE_OK);
     EXPECT_EQ(mSheet->dimensions(), mBefore);
-    // At the end there is nothing that it could lie before.
+    // At the sheet's end there is no column that they could be before.
     EXPECT_EQ(STG.stg_hide_columns(mSheet.get(), 0, x(19), x(20)), MODULE_OK);
     EXPECT_EQ(STG.stg_hide_columns(mSheet.get(), 0, x(17), x(17)), MODULE_OK);
     EXPECT_EQ(STG.stg_unhide_columns(mSheet.get(), 0, last, last), MODULE_OK);

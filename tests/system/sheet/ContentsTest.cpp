@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the sheets hold, against what an independent reader says of the file.
+// The contents of the sheets, compared with what an independent reader finds in
+// the file.
 
 #include "tests/system/sheet/WorkbookView.h"
 #include "tests/system/support/Python.h"
@@ -14,7 +15,7 @@ namespace {
 class ContentsTest : public testing::TestWithParam<const char*> {
 protected:
     ContentsTest() : mView(sample(GetParam())) {}
-    // The reader reads only one of the formats.
+    // The reader supports only one of the formats.
     static std::string readable() { return sample("tour.xlsx"); }
 
     WorkbookView mView;
@@ -96,10 +97,10 @@ TEST_P(ContentsTest, FindsTheCellsThatShowAText) {
 TEST_P(ContentsTest, FindsNumbersAndDaysAsTheyAreShown) {
     mView.show(1, 100, 100, 126);
     EXPECT_EQ(mView.find("2019-01-15").size(), 1U);
-    EXPECT_EQ(mView.find("43480").size(), 0U); // the number behind that day
+    EXPECT_EQ(mView.find("43480").size(), 0U); // the number stored for that day
     EXPECT_EQ(mView.find("100%").size(), 4U);
     mView.show(0, 100, 100, 126);
-    EXPECT_EQ(mView.find("134,832").size(), 1U); // what a formula comes to
+    EXPECT_EQ(mView.find("134,832").size(), 1U); // the result of a formula
 }
 
 TEST_P(ContentsTest, FindsAMergedAreaOnceAndWhole) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Workbooks shown from end to end: those that the tree makes, and a collection.
-// Of a collection, every one opens or is refused in its time.
+// Workbooks shown from end to end: generated ones and a collection. Every
+// workbook of the collection opens or is refused in time.
 
 #include "tests/system/sheet/WorkbookView.h"
 
@@ -16,11 +16,11 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::int32_t SIZE = 400;
-constexpr std::int32_t MOST_SHEETS = 3; // that are looked at of each
-// Refused for what the file is, not for what the engine made of it.
+constexpr std::int32_t MOST_SHEETS = 3; // shown of each workbook
+// Results that are due to the file, not to the engine.
 const std::set<std::int32_t> REFUSALS = {MODULE_DAMAGED, MODULE_WRONG_KIND, MODULE_NEEDS_PASSWORD};
 
-// In and below the folder that LECTERN_CORPUS names.
+// The workbooks in and below the folder that LECTERN_CORPUS names.
 std::vector<fs::path> collectedWorkbooks() {
     const char* const folder = std::getenv("LECTERN_CORPUS");
     std::vector<fs::path> files;
@@ -36,8 +36,8 @@ std::vector<fs::path> collectedWorkbooks() {
     return files;
 }
 
-// The strips have their lines where cells begin, and a window moved by a few
-// pixels shows the same.
+// The strips have lines where cells begin, and a window moved by a few pixels
+// shows the same cells.
 void checkWindow(WorkbookView& view, std::int32_t x, std::int32_t y) {
     constexpr std::int32_t MOVED = 7;
     constexpr std::uint32_t HEADER_LINE = 0xFF8C8C8C;

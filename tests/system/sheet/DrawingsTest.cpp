@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Charts and the like stand on their cells, wherever the window is.
+// Charts and other drawings are on their cells in every window.
 
 #include "tests/system/sheet/WorkbookView.h"
 
@@ -15,10 +15,10 @@ class DrawingsTest : public testing::Test {
 protected:
     DrawingsTest() : mView(generated("charted.xlsx", {"charted", "OUT"})) {}
 
-    // The document pixel of the first column, or row, of pixels of the window at
-    // (x, y) that the chart takes up.
+    // The document pixels of the first column and row, in the window at (x, y),
+    // that the chart covers.
     module_rect chartIn(std::int32_t x, std::int32_t y) {
-        constexpr std::int32_t MOST = 20; // fewer pixels than any side has
+        constexpr std::int32_t MOST = 20; // fewer pixels than any side of the chart
         mView.render(x, y);
         const auto first = [&](auto pixel) {
             for (std::int32_t i = 0; i < SIZE; i++) {
@@ -37,7 +37,7 @@ protected:
                 y + first([&](std::int32_t i, std::int32_t k) { return cells.at(k, i); }), 0, 0};
     }
 
-    // The chart at a cell stands on its corner, but for its own border.
+    // The chart at a cell begins at the cell's corner, apart from its own border.
     void expectAt(CellReference cell) {
         const module_rect corner = mView.place(cell);
         const module_rect chart = chartIn(corner.x - 61, corner.y - 47);

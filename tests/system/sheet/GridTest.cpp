@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Cells, their bounds and their headers agree to the pixel, wherever and at
-// whatever zoom.
+// Cells, their bounds and their headers match to the pixel at every position and zoom.
 
 #include "tests/system/sheet/WorkbookView.h"
 #include "tests/system/support/Python.h"
@@ -17,7 +16,7 @@ constexpr std::int32_t ZOOMS[] = {72, 126, 251};
 constexpr std::uint32_t HEADER_LINE = 0xFF8C8C8C;
 constexpr std::uint32_t GRID_LINE = 0xFFC0C0C0;
 
-// Blocks of filled cells far apart, every cell with a colour of its own.
+// Blocks of filled cells far apart; every cell has its own colour.
 std::string colouredFile() {
     return generated("coloured.xlsx", {"coloured", "OUT"});
 }
@@ -39,14 +38,14 @@ const std::map<CellReference, std::uint32_t>& colours() {
     return ALL;
 }
 
-// The top left cells of the blocks, and ones further into them.
+// The top left cells of the blocks, and cells further inside.
 const CellReference CORNERS[] = {{0, 0}, {3, 11}, {490, 0}, {2, 10001}, {491, 10000}};
 
 class GridTest : public testing::Test {
 protected:
-    // How many of random points of the window at (x, y) showed their cell.
+    // Number of random points of the window at (x, y) that showed their cell.
     int checkPoints(WorkbookView& view, std::int32_t x, std::int32_t y, int points);
-    // At (x, y), the strips have their lines where the cells have theirs.
+    // In the window at (x, y), the strips have lines where the cells have them.
     static void checkLines(WorkbookView& view, std::int32_t x, std::int32_t y);
 
     std::mt19937 mChance{20260211};

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What is laid over the picture: selections and hits.
+// Marks over the picture: selections and hits.
 
 #include "tests/system/sheet/WorkbookView.h"
 
@@ -17,7 +17,7 @@ protected:
         mView.show(4, 500, 300, 144);
         mView.highlight(0xFF, 0xF5, 0x68);
     }
-    // A pixel inside a cell, near its left top, where nothing is written.
+    // A pixel near the top left corner of a cell, where the cell has no text.
     std::uint32_t cell(CellReference reference) const {
         const module_rect at = mView.place(reference);
         return mView.cells().at(at.x + 3, at.y + 2);
@@ -58,7 +58,7 @@ TEST_F(MarksTest, WritingUnderAMarkStaysReadable) {
     mView.render(0, 0);
     for (std::size_t i = 0; i < before.pixels.size(); i++) {
         const std::uint32_t red = before.pixels[i] >> 16 & 0xFF;
-        ASSERT_EQ(mView.cells().pixels[i] >> 16 & 0xFF, red); // the colour's red is full
+        ASSERT_EQ(mView.cells().pixels[i] >> 16 & 0xFF, red); // the colour's red is 255
         if (before.pixels[i] == 0xFF000000) {
             ASSERT_EQ(mView.cells().pixels[i], 0xFF000000);
         }
@@ -129,7 +129,7 @@ TEST_F(MarksTest, TheEnginesOwnMarksOfCommentsAreOff) {
     const stg_region mark = mView.commentMarks()[0];
     for (std::int32_t x = mark.x + mark.width - 12; x < mark.x + mark.width - 1; x++) {
         for (std::int32_t y = mark.y + 1; y < mark.y + 10; y++) {
-            ASSERT_EQ(mView.cells().at(x, y), 0xFFFCE4D6) << x << ", " << y; // the cell's own
+            ASSERT_EQ(mView.cells().at(x, y), 0xFFFCE4D6) << x << ", " << y; // the cell's own colour
         }
     }
 }

@@ -47,7 +47,7 @@ TEST(SheetOpeningTest, DamagedFilesAreRefused) {
     EXPECT_EQ(openResult(written("cut.xlsx", whole.substr(0, whole.size() / 2))), MODULE_DAMAGED);
     std::string holed = whole;
     holed.replace(holed.size() / 3, holed.size() / 3, holed.size() / 3, '\0');
-    // Of this one the suite may make out a part.
+    // The suite may recover a part of this file.
     const std::int32_t result = openResult(written("holed.xlsx", holed));
     EXPECT_TRUE(result == MODULE_OK || result == MODULE_DAMAGED) << result;
     EXPECT_NE(openResult(written("cut.xls", old.substr(0, 600))), MODULE_OK);

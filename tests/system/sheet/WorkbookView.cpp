@@ -24,7 +24,8 @@ std::string utf8(const std::u16string& text) {
     return {bytes.begin(), bytes.end()};
 }
 
-// The text of a call that takes (text, capacity, length), measured first.
+// Reads the text of a call that takes (text, capacity, length), after a call
+// for its length.
 template<class Call>
 std::u16string textOf(Call call) {
     std::int32_t length = 0;
@@ -90,7 +91,7 @@ CellReference WorkbookView::cellAt(std::int32_t x, std::int32_t y) const {
 }
 
 module_rect WorkbookView::place(CellReference cell) const {
-    // Cells' places grow with their references: halve until it is found.
+    // Positions increase with the reference, so find the cell by bisection.
     const auto search = [](std::int32_t high, auto referenceAt, std::int32_t wanted) {
         std::int32_t low = 0;
         while (low < high) {

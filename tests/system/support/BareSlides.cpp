@@ -8,7 +8,7 @@
 
 BareSlides::BareSlides(const std::string& path, int width, int height, int pointsAcross, int pointsDown)
     : mWidth(width), mHeight(height) {
-    constexpr int TWIPS = 20; // to the point
+    constexpr int TWIPS = 20; // per point
     const TemporaryFolder folder;
     Subprocess program({BARE_SLIDES_PROGRAM, path, std::to_string(width), std::to_string(height),
                         std::to_string(pointsAcross * TWIPS), std::to_string(pointsDown * TWIPS),

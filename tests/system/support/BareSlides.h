@@ -4,18 +4,18 @@
 #include <cstdint>
 #include <string>
 
-// Every slide of a presentation as the office suite paints it by itself: what
-// the service must show, but for the frame that the suite draws at the edges.
+// Every slide of a presentation as the office suite alone paints it. The service
+// must show the same, except for the frame that the suite draws at the edges.
 class BareSlides {
 public:
-    // The picture's size in pixels, the slides' in points.
+    // The size of the picture in pixels, and that of the slides in points.
     BareSlides(const std::string& path, int width, int height, int pointsAcross, int pointsDown);
 
     int width() const { return mWidth; }
     int height() const { return mHeight; }
-    // 0xRRGGBB; x and y lie on the slide.
+    // A colour, 0xRRGGBB. REQUIRES: (x, y) is on the slide.
     uint32_t colour(int slide, int x, int y) const;
-    // False for the edges, where the suite draws its frame, and outside.
+    // False outside of the slide and at its edges, where the suite draws its frame.
     bool isInside(int x, int y) const {
         return x >= FRAME && y >= FRAME && x < mWidth - FRAME && y < mHeight - FRAME;
     }

@@ -28,7 +28,7 @@ constexpr const char* CONFIGURATION = R"(<!DOCTYPE busconfig PUBLIC
 </busconfig>
 )";
 
-// Waits for a line in a file that is there.
+// Waits for a line in an existing file.
 void waitForLine(const std::string& path) {
     const int watch = inotify_init1(IN_CLOEXEC);
     inotify_add_watch(watch, path.c_str(), IN_MODIFY);
@@ -53,8 +53,8 @@ PrivateBus::PrivateBus(const std::string& folder) : mAddress("unix:path=" + fold
                                                                     "--nofork", "--nosyslog", "--nopidfile",
                                                                     "--print-address"},
                                            std::map<std::string, std::string>{}, folder + "/dbus-daemon");
-    // The address is printed when the daemon listens; the socket's file is there
-    // a moment before.
+    // The daemon prints the address when it listens; the socket's file exists
+    // shortly before.
     waitForLine(folder + "/dbus-daemon.out");
 }
 

@@ -8,7 +8,7 @@
 #include <memory>
 #include <string>
 
-// A bus daemon of the test's own.
+// A bus daemon for one test.
 class PrivateBus {
 public:
     explicit PrivateBus(const std::string& folder);
@@ -19,7 +19,7 @@ private:
     std::unique_ptr<Subprocess> mDaemon;
 };
 
-// What a call gave: a reply, or the name of the bus error.
+// The result of a call: a reply, or the name of the bus error.
 struct BusReply {
     bool replied = false;
     std::string text;
@@ -34,10 +34,10 @@ public:
     BusConnection(const BusConnection&) = delete;
     BusConnection& operator=(const BusConnection&) = delete;
 
-    // Calls a method of "/events" and the like with a JSON text.
+    // Calls a method of a category such as "/events" with a JSON text.
     BusReply call(const std::string& category, const std::string& method, const std::string& payload,
                   int timeoutMs = 60000);
-    // Waits until the service's name has an owner; false when it has none in time.
+    // Waits until the service's name has an owner; returns false after the time.
     bool waitForService(int timeoutMs);
 
 private:

@@ -43,7 +43,7 @@ std::string createPayload(const std::string& path, int width, int height, int se
     return text;
 }
 
-// A segment whose identifier is not 0, which the protocol reads as none.
+// Creates a segment whose identifier is not 0, which means no segment in the protocol.
 int makeSegment(size_t size) {
     const int first = shmget(IPC_PRIVATE, size, IPC_CREAT | 0600);
     if (first != 0) {
@@ -173,7 +173,7 @@ void TestDocument::drag(int rows) {
     }
     penUp(mWidth / 2, from - rows);
     paint();
-    mBus.call("/events", "ping", "{}"); // only calls keep the service from stopping
+    mBus.call("/events", "ping", "{}"); // only bus calls keep the service from stopping
 }
 
 void TestDocument::pinch(double scale) {
@@ -188,7 +188,7 @@ void TestDocument::pinch(double scale) {
 
 std::string TestDocument::call(const std::string& category, const std::string& method,
                                const std::string& more) {
-    while (mQueue.poll(mStore).id >= 0) { // who never reads finds the queue full one day
+    while (mQueue.poll(mStore).id >= 0) { // a client that never reads fills the queue
     }
     const std::string payload = "{\"docid\":" + std::to_string(mDocid) + more + "}";
     std::string reply = mBus.call(category, method, payload).text;

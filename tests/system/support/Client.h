@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// A client written from the wire formats alone: it shares no code with the
-// service nor with the client library, so that it checks both.
+// A client written from the documented formats: it shares no code with the
+// service or the client library, so that it checks both.
 #pragma once
 
 #include "tests/system/support/Bus.h"
@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-// A service-to-client record without its type.
+// A record from the service, without its type.
 struct Answer {
     int32_t id = -1;
     int32_t value = 0;
@@ -21,18 +21,19 @@ struct Answer {
 class Queue {
 public:
     Queue();
-    // Posts a record with two integer arguments; false when the queue is full or gone.
+    // Posts a record with two integer arguments; returns false when the queue
+    // is full or removed.
     bool post(long type, int32_t docid, int32_t x = 0, int32_t y = 0);
     bool postGesture(long type, int32_t docid, double scale);
     // Posts a text of any size.
     bool postRaw(long type, const std::vector<unsigned char>& text);
-    // Blocks for a record of this type.
+    // Waits for a record of this type.
     Answer read(long type);
-    // The next waiting record of this type, id -1 when there is none.
+    // The next waiting record of this type; its id is -1 when there is none.
     Answer poll(long type);
-    // Waits until the service has taken every client record; records for
-    // `store` are read meanwhile, and their ids returned. Paints and pen ups
-    // overtake pen moves, so whoever wants an order waits between them.
+    // Waits until the service has taken every client record. Meanwhile reads the
+    // records for `store` and returns their ids. Paints and pen ups overtake pen
+    // moves, so a test that needs an order must call this in between.
     std::set<int> settle(long store);
 
     int id() const { return mId; }
@@ -66,14 +67,15 @@ public:
     int width() const { return mWidth; }
     int height() const { return mHeight; }
 
-    // Asks for a paint and waits for it; the answer's value.
+    // Requests a paint and waits for it; returns the value of the answer.
     int paint();
     void penDown(int x, int y) { send(4, x, y); }
     void penUp(int x, int y) { send(5, x, y); }
     void penMove(int x, int y) { send(6, x, y); }
-    // Makes the next paint request redraw: a key that no view heeds.
+    // Makes the next paint request paint again, by a key that no view uses.
     void touch() { send(3, 0, 0); }
-    // One contact that moves the document down by `rows` (negative: up), in steps, and a paint.
+    // One contact that moves the document down by `rows` (up if negative) in
+    // steps, and a paint.
     void drag(int rows);
     void pinch(double scale);
     void doubleTap(int x, int y);
@@ -82,12 +84,13 @@ public:
     int scrollX() const { return state(0); }
     int scrollY() const { return state(4); }
     double scale() const;
-    // The first character of the stretch of text that a word-processing view keeps painted.
+    // The first character of the stretch that a word-processing view keeps painted.
     int stretchCharacter() const { return state(20); }
     // The slide that a presentation shows, from 0.
     int slide() const { return state(24); }
-    // A method of the bus with this document's number and more members, as
-    // ", \"key\": value"; the reply, and a paint after it. Notifications from before are forgotten.
+    // Calls a method with this document's number and more members, given as ",
+    // \"key\": value"; paints, and returns the reply. Drops earlier
+    // notifications.
     std::string call(const std::string& category, const std::string& method, const std::string& more = "");
     void tap(int x, int y);
     // The payload {"docid": N} of most methods.

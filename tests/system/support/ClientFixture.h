@@ -10,25 +10,25 @@
 #include <string>
 #include <vector>
 
-// The real service, used through the client library.
+// Tests that use the real service through the client library.
 class ClientTest : public ServiceTest {
 protected:
-    // Another client: a connection of its own.
+    // Another client with its own connection.
     lectern::Bus connect() const;
-    // Fails the test, and gives null, when the document does not open.
+    // Opens a document; when that fails, fails the test and returns null.
     static std::unique_ptr<lectern::Document> open(const lectern::Bus& bus, const std::string& path,
                                                    lectern::OpenOptions options = {});
-    // A drag by a finger, in steps, and a paint when it is over; rows > 0: down.
+    // Drags with a finger in steps, then paints; rows > 0 moves down.
     static void drag(lectern::Document& document, int rows);
     static std::vector<uint32_t> picture(const lectern::Document& document);
     static bool hasInk(const lectern::Document& document);
 };
 
-// A thing that happens on another thread, waited for.
+// An event on another thread that a test can wait for.
 class Event {
 public:
     void happen();
-    // False when it does not happen within 20 s.
+    // Returns false when it does not happen within 20 s.
     bool wait();
 
 private:

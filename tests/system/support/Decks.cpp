@@ -26,7 +26,7 @@ std::string run(const std::vector<std::string>& command) {
     return process.output();
 }
 
-// With other bytes, as many, in the place of those that are there once.
+// Replaces bytes that occur once by as many others.
 std::string replaced(std::string bytes, const std::string& from, const std::string& to) {
     const size_t at = bytes.find(from);
     EXPECT_NE(at, std::string::npos);
@@ -71,8 +71,8 @@ std::string slideFile(const std::string& name, const std::string& bytes) {
 }
 
 std::string oldSlidesWithNone() {
-    // The list's record of 196 bytes becomes one of none, and all that it holds
-    // one record of a kind that nobody knows.
+    // Replaces the list's record of 196 bytes by an empty one, and its contents
+    // by one record of an unknown type.
     return slideFile("none.ppt", replaced(readFile(slideSample("tour.ppt")),
                                           "\x0F\0\xF0\x0F\xC4\0\0\0"
                                           "\0\0\xF3\x03\x14\0\0\0"s,

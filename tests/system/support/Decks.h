@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-// Presentations for tests. Those that are made go with the process.
+// Presentations for tests. Generated files are removed when the process ends.
 
-// What read_slides.py tells of a slide.
+// The description of a slide from read_slides.py.
 struct WrittenSlide {
     std::string title;
     std::string note;
@@ -15,16 +15,16 @@ struct WrittenSlide {
 std::vector<WrittenSlide> readSlides(const std::string& path);
 
 std::string slideSample(const std::string& name);
-// Of make_long_pptx.py, made once for a run.
+// Made by make_long_pptx.py once per run.
 std::string longSlides(int count, int shapes = 0);
 // A file with these bytes.
 std::string slideFile(const std::string& name, const std::string& bytes);
-// Files of the old format, made of the stored one: with no slide in the list of
-// them, and as one that is encrypted, which the suite cannot save.
+// Files in the old format, derived from the stored one: one whose list of
+// slides is empty, and one marked as encrypted, which the suite cannot save.
 std::string oldSlidesWithNone();
 std::string oldSlidesEncrypted();
-// One slide with a sound, in the old format as the office suite saves it.
+// One slide with a sound, saved by the office suite in the old format.
 std::string oldSlidesWithSound();
-// Runs a line of Python with the samples' folder on its path; OUT in it is the
-// file whose path comes back.
+// Runs a line of Python with the samples' folder on its path; OUT in it stands
+// for the file whose path is returned.
 std::string madeSlides(const std::string& name, const std::string& python);

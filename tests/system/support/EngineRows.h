@@ -6,14 +6,14 @@
 #include <vector>
 
 // Every row of a word-processing document as the real engine paints it at one
-// width and dpi, read through the module alone, without the service: what the
-// service must show at that place.
+// width and dpi, read through the module without the service. The service must
+// show the same rows.
 class EngineRows {
 public:
     EngineRows(const std::string& path, int width, int dpi);
 
     int count() const { return static_cast<int>(mRows.size()); }
-    // True when the pixels are those of this row; rows past the text are white.
+    // Whether the pixels are those of this row; rows after the text are white.
     bool matches(int row, const uint32_t* pixels) const;
 
 private:

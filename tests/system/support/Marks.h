@@ -11,8 +11,8 @@ inline bool isNear(uint32_t pixel, int red, int green, int blue) {
     return near(16, red) && near(8, green) && near(0, blue);
 }
 
-// White under the mark of the current hit, which lies over the highlight of
-// every hit, 0x80C0FF: 0x40FFFF00 in a word-processing document,
+// The colour of white under the current hit's mark, which lies over the
+// highlight of all hits, 0x80C0FF: 0x40FFFF00 in a word-processing document,
 inline bool isCurrentHit(uint32_t pixel) {
     return isNear(pixel, 160, 208, 191);
 }

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-// What a row of pixels looks like, in one number: FNV-1a over the colours.
+// A hash of a row of pixels: FNV-1a over the colours.
 inline uint64_t rowHash(const uint32_t* pixels, int width) {
     uint64_t value = 1469598103934665603ULL;
     for (int x = 0; x < width; ++x) {

@@ -20,8 +20,8 @@
 
 namespace {
 
-// All of this program's System V objects live in a namespace of its own, and
-// whatever its children leave behind becomes its child.
+// Gives this program its own namespace for System V objects, and makes orphaned
+// descendants its children.
 [[maybe_unused]] const bool isolated = [] {
     if (unshare(CLONE_NEWIPC | (geteuid() == 0 ? 0 : CLONE_NEWUSER)) != 0) {
         std::perror("unshare");
@@ -31,8 +31,9 @@ namespace {
     return true;
 }();
 
-// The limits of engines are for hostile files, in time by the clock: on a busy
-// machine a long document of a test may take longer. Tests of limits set others.
+// The engines' time limits are meant for hostile files. On a busy machine a
+// test's long document may take longer, so the limits are raised; tests of
+// limits set their own.
 [[maybe_unused]] const bool patient = [] {
     setenv("LECTERN_ENGINE_OPEN_LIMIT_MS", "50000", 1);
     setenv("LECTERN_ENGINE_CALL_LIMIT_MS", "50000", 1);
@@ -45,7 +46,7 @@ int segmentsInUse() {
     return info.used_ids;
 }
 
-// Orphans of the service that have not ended by themselves after a while.
+// Returns whether orphans of the service end by themselves within some time.
 bool allChildrenEnd() {
     return eventually([] {
         while (waitpid(-1, nullptr, WNOHANG) > 0) {
@@ -148,7 +149,7 @@ std::vector<pid_t> ServiceTest::descendants(const std::string& name) {
         if (pid <= 0) {
             continue;
         }
-        // Of "pid (name) state parent ...", the parents up to the test itself.
+        // Follows the parents in "pid (name) state parent ..." up to the test itself.
         std::string comm;
         pid_t walk = pid;
         bool below = false;

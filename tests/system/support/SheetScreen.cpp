@@ -9,9 +9,9 @@
 
 namespace {
 
-constexpr uint32_t CORNER_BOX = 0xFFFEFEFE; // white as the fill makes it
+constexpr uint32_t CORNER_BOX = 0xFFFEFEFE; // white as a fill leaves it
 constexpr uint32_t HEADER_LINE = 0xFF8C8C8C;
-constexpr int CLEAR = 5; // pixels from the headers, where strokes on the cells begin
+constexpr int CLEAR = 5; // distance in pixels from the headers at which strokes on the cells begin
 
 } // namespace
 
@@ -86,9 +86,10 @@ std::set<int> SheetScreen::stroke(int fromX, int fromY, int toX, int toY) {
 }
 
 void SheetScreen::rest() {
-    // Up: the other way a glide's place, cut off to a whole pixel, is one less.
+    // Glide up: in the other direction the position, cut off to a whole pixel,
+    // is one less.
     mDocument.call("/events", "handleFlick", ",\"xCoord\":0,\"yCoord\":-1");
-    do { // a view that moves asks for the next paint at each
+    do { // a moving view requests the next paint after each paint
         notices();
         mDocument.paint();
     } while (notices().count(0) != 0);

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int SLIDE_CHANGED = 7; // a notification's id
+constexpr int SLIDE_CHANGED = 7; // id of a notification
 
 std::string member(const std::string& json, const char* key) {
     json_object* const object = json_tokener_parse(json.c_str());

@@ -110,7 +110,7 @@ TemporaryFolder::TemporaryFolder() {
 }
 
 TemporaryFolder::~TemporaryFolder() {
-    // A process that is ending may write to it meanwhile.
+    // A process that is ending may still write to the folder.
     constexpr int ATTEMPTS = 100;
     std::error_code error;
     for (int i = 0; i < ATTEMPTS; ++i) {

@@ -9,12 +9,11 @@
 #include <string>
 #include <vector>
 
-// A child process of a test, with its output kept in files. Killed and reaped
-// when it goes out of scope.
+// A child process of a test; its output goes to files. Killed and reaped on destruction.
 class Subprocess {
 public:
-    // Starts argv[0] (found on PATH) with these additions to the environment;
-    // output goes to outputPrefix + ".out" and ".err".
+    // Starts argv[0] (found on PATH) with these additions to the environment.
+    // Output goes to outputPrefix + ".out" and ".err".
     Subprocess(std::vector<std::string> argv, const std::map<std::string, std::string>& environment,
                const std::string& outputPrefix);
     ~Subprocess();
@@ -23,7 +22,8 @@ public:
 
     pid_t pid() const { return mPid; }
     void signal(int number) const;
-    // The wait status, or nothing when the process still runs after the time.
+    // Waits for the process; returns its wait status, or nothing when it still
+    // runs after the time.
     std::optional<int> wait(std::chrono::milliseconds limit);
     std::string output() const;
     std::string errors() const;
@@ -35,10 +35,10 @@ private:
     std::string mOutputPrefix;
 };
 
-// The whole of a file; empty when there is none.
+// The contents of a file; empty when there is none.
 std::string readFile(const std::string& path);
 
-// A folder that is removed with everything in it.
+// A folder that is removed with its contents.
 class TemporaryFolder {
 public:
     TemporaryFolder();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Loaded ahead of the C library by the tests: puts what a program logs into the
-// file that LECTERN_TEST_SYSLOG names, one "<priority> text" a line.
+// Loaded before the C library in tests: writes the lines that a program logs to
+// the file that LECTERN_TEST_SYSLOG names, as "<priority> text".
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -25,7 +25,7 @@ void log(int priority, const char* format, va_list arguments) {
     const int file = open(path, O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
     if (file >= 0) {
         if (write(file, line, static_cast<size_t>(length)) < 0) {
-            // A test that misses the line says so better than this could.
+            // A failure is not reported here; the test misses the line.
         }
         close(file);
     }
@@ -42,7 +42,7 @@ EXPORT void syslog(int priority, const char* format, ...) {
     va_end(arguments);
 }
 
-// What calls become in fortified builds.
+// The function called instead in fortified builds.
 EXPORT void __syslog_chk(int priority, int /*flag*/, const char* format, ...) {
     va_list arguments;
     va_start(arguments, format);

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: Apache-2.0
-"""read_slides.py FILE.pptx: what a presentation says, read from its own XML.
+"""read_slides.py FILE.pptx: prints the text of a presentation, read from its XML.
 
 Prints a line for each slide: title, note and all text of the slide, separated by
 tabs, with a vertical bar between paragraphs.

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: Apache-2.0
-"""What a workbook holds, by a reader that has nothing to do with the engine.
+"""Prints the contents of a workbook, read independently of the engine.
 
 read_workbook.py sheets FILE            names of the sheets that are not hidden
 read_workbook.py properties FILE        title, author and description
@@ -8,10 +8,10 @@ read_workbook.py columns FILE SHEET     letters of hidden columns
 read_workbook.py rows FILE SHEET        numbers of hidden rows
 read_workbook.py comments FILE SHEET    cell, tab, comment
 read_workbook.py column FILE SHEET C    values of column C, from the first row on
-read_workbook.py hits FILE SHEET WORD   cells whose text holds WORD, in whatever case
+read_workbook.py hits FILE SHEET WORD   cells whose text contains WORD, ignoring case
 read_workbook.py colours FILE SHEET     column, row, both from 0, and fill as RRGGBB
 
-SHEET is a name. One item a line.
+SHEET is a name. Prints one item per line.
 """
 import sys
 
@@ -21,14 +21,15 @@ from openpyxl.utils import get_column_letter
 
 
 def spanned(sheet):
-    """Letters of the columns that each stored dimension speaks for."""
+    """Letters of the columns that each stored dimension applies to."""
     for dimension in sheet.column_dimensions.values():
         if dimension.hidden:
             yield from (get_column_letter(i) for i in range(dimension.min, dimension.max + 1))
 
 
 def facts(kind, path, name=None, extra=None):
-    # Comments and dimensions need the whole; of colours there are many.
+    # Comments and dimensions need the whole file in memory; colours do not, and
+    # there are many.
     book = load_workbook(path, data_only=True, read_only=kind == 'colours')
     if kind == 'sheets':
         return [sheet.title for sheet in book.worksheets if sheet.sheet_state == 'visible']

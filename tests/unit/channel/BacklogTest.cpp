@@ -9,12 +9,12 @@
 
 namespace {
 
-// Tells records apart by their docid.
+// A record that is identified by its docid.
 ClientServerMessage record(long type, int number) {
     return {type, number};
 }
 
-// A backlog as one would explain it: a list in order of arrival.
+// A backlog in its simplest form: a list in order of arrival.
 class ListBacklog {
 public:
     void push(const ClientServerMessage& message) {
@@ -88,7 +88,7 @@ TEST(BacklogTest, FullItGivesUpTheOldestPenMove) {
     EXPECT_EQ(backlog.size(), Backlog::CAPACITY);
     EXPECT_EQ(backlog.pop().docid, -1);
     EXPECT_EQ(backlog.pop().docid, -2);
-    EXPECT_EQ(backlog.pop().docid, 1); // 0 is gone
+    EXPECT_EQ(backlog.pop().docid, 1); // 0 has been dropped
 }
 
 TEST(BacklogTest, FullWithoutPenMovesItGivesUpTheOldestInputButPaints) {
@@ -100,7 +100,7 @@ TEST(BacklogTest, FullWithoutPenMovesItGivesUpTheOldestInputButPaints) {
     backlog.push(record(_KEY_UP, -4));
     EXPECT_EQ(backlog.size(), Backlog::CAPACITY);
     EXPECT_EQ(backlog.pop().docid, -1);
-    EXPECT_EQ(backlog.pop().docid, 1); // -2 went first, then 0
+    EXPECT_EQ(backlog.pop().docid, 1); // -2 was dropped first, then 0
 }
 
 TEST(BacklogTest, FullOfPaintsItGivesUpTheOldestPaint) {
@@ -114,7 +114,7 @@ TEST(BacklogTest, FullOfPaintsItGivesUpTheOldestPaint) {
 TEST(BacklogTest, BehavesAsAListUnderRandomOperations) {
     for (unsigned int seed = 0; seed < 8; ++seed) {
         std::mt19937 random(seed);
-        // From mixes with every type to those of few types that overflow soon.
+        // From mixes of all types to a few types that soon overflow.
         std::uniform_int_distribution<long> type(1, seed % 4 == 0 ? 99 : 1 + static_cast<long>(seed % 4) * 3);
         std::bernoulli_distribution pushes(seed % 2 == 0 ? 0.55 : 0.95);
         Backlog backlog;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The client's read: its time-outs are counted in sleeps of 10 ms.
+// The client's read: it counts its time-out in sleeps of 10 ms.
 #include "RawQueue.h"
 #include "SystemCalls.h"
 
@@ -22,7 +22,7 @@ protected:
         ASSERT_EQ(queue.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID), 0);
         systemCalls.reset();
     }
-    // Reads from the empty queue; the tries that it took.
+    // Reads from the empty queue; returns the number of tries.
     int triesOf(unsigned int timeoutMs) {
         systemCalls.reset();
         CaptureStderr();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The service's end without room: it goes on whatever clients do or do not.
+// The service's end of a full queue: it continues whatever clients do.
 #include "RawQueue.h"
 #include "SystemCalls.h"
 #include "channel/ServiceQueue.h"
@@ -25,7 +25,7 @@ protected:
         RawQueueTest::SetUp();
         ASSERT_EQ(queue.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID), 0);
     }
-    // Fills the queue with records of a client, numbered by docid; how many.
+    // Fills the queue with a client's records, numbered by docid; returns their number.
     int fillWithMoves(int first = 0) const {
         int count = 0;
         while (post(ClientServerMessage(_PEN_MOVE, first + count))) {
@@ -33,7 +33,8 @@ protected:
         }
         return count;
     }
-    // Fills the queue with output, numbered by value, as far as the service does; how many.
+    // Fills the queue with output, numbered by value, up to the service's
+    // limit; returns the number.
     int fillWithOutput(long addressee, ClientMessageId what) const {
         int count = 0;
         while (room() >= ServerClientMessage::TEXT_SIZE + ClientServerMessage::TEXT_SIZE) {
@@ -132,11 +133,11 @@ TEST_F(FullQueueTest, ThousandsOfMovesDuringOnePaintAreBounded) {
         posted += fillWithMoves(posted);
         ASSERT_EQ(queue.SendPaintDone(0, 0), 0);
     }
-    // One more send, for which the rest is taken off as well.
+    // One more send; it also takes the other records off the queue.
     posted += fillWithMoves(posted);
     ASSERT_EQ(queue.SendMessage(ClientServerMessage(_WIDE_MODE, -5)), 0);
     take(-99);
-    // The latest are all there.
+    // The latest records are all there.
     for (int i = posted - static_cast<int>(Backlog::CAPACITY); i < posted; ++i) {
         ASSERT_EQ(read(), i);
     }
@@ -178,7 +179,7 @@ TEST_F(FullQueueTest, OutputLeavesRoomForOneRecordOfAClient) {
 TEST_F(FullQueueTest, AQueueTooSmallForSpareRoomIsUsedAllTheSame) {
     msqid_ds status = {};
     ASSERT_EQ(msgctl(id, IPC_STAT, &status), 0);
-    status.msg_qbytes = 24; // two records of output
+    status.msg_qbytes = 24; // room for two output records
     ASSERT_EQ(msgctl(id, IPC_SET, &status), 0);
     for (int i = 0; i < 3; ++i) {
         EXPECT_EQ(queue.SendMessage(output(VIEW, _OPENED, i)), 0);
@@ -256,7 +257,8 @@ TEST_F(FullQueueTest, AQueueThatHoldsNoRecordAtAllFailsTheSend) {
 
 TEST_F(FullQueueTest, ClientsThatWaitForRoomGetItAndLoseNothing) {
     constexpr int PER_CLIENT = 3000;
-    // Fewer records than the backlog holds are unread at any time: nothing may go.
+    // The number of unread records stays below the backlog's capacity, so none
+    // may be dropped.
     std::atomic<int> unread{0};
     std::atomic<bool> done{false};
     const auto client = [&](int number) {
@@ -295,7 +297,7 @@ TEST_F(FullQueueTest, ClientsThatWaitForRoomGetItAndLoseNothing) {
 }
 
 TEST_F(FullQueueTest, BothEndsFullAtOnceNeverLockUp) {
-    // A client that posts without reading, and one that only ever paints.
+    // One client posts without reading, another only paints.
     fillWithOutput(VIEW, _SLIDE_CHANGED);
     std::atomic<bool> done{false};
     std::thread flood([&] {
@@ -305,7 +307,7 @@ TEST_F(FullQueueTest, BothEndsFullAtOnceNeverLockUp) {
             ASSERT_EQ(end.SendMessage(ClientServerMessage(_PEN_MOVE, 0)), 0);
         }
     });
-    // With a pause: a mutex is not fair, and nobody else would get it for long.
+    // Pauses, because a mutex is not fair and other threads would not get it for long.
     std::atomic<int> paints{0};
     std::thread notifier([&] {
         for (int i = 0; !done; ++i) {
@@ -321,7 +323,7 @@ TEST_F(FullQueueTest, BothEndsFullAtOnceNeverLockUp) {
     }
     done = true;
     notifier.join();
-    take(); // lets the flood finish a send that waits
+    take(); // lets a waiting send of the flood finish
     flood.join();
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The plain wrapper, as both ends have it.
+// The plain wrapper that both ends use.
 #include "RawQueue.h"
 #include "SystemCalls.h"
 

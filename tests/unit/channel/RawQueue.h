@@ -10,25 +10,26 @@
 #include <string>
 #include <vector>
 
-// A record as it lies in the queue.
+// A record as it is stored in the queue.
 struct RawRecord {
     long type = 0;
     std::string text;
 };
 
-// Tests with the queue: each finds it open and empty, and it is gone afterwards.
+// Tests that use the queue. It is open and empty at the start of each test and
+// removed at the end.
 class RawQueueTest : public testing::Test {
 protected:
     void SetUp() override;
     void TearDown() override;
 
-    // Posts a record without waiting; false when the queue is full.
+    // Posts a record without waiting; returns false when the queue is full.
     bool post(long type, const std::string& text) const;
     bool post(const ClientServerMessage& message) const;
     bool post(const ServerClientMessage& message) const;
-    // Takes everything of a type off (0: everything), oldest first.
+    // Takes all records of a type (0: of all types), oldest first.
     std::vector<RawRecord> take(long type = 0) const;
-    // The values of the output records of an addressee, which go.
+    // Takes the output records of an addressee; returns their values.
     std::vector<int> takeValues(long addressee) const;
     unsigned long waiting() const;
     void remove() const;

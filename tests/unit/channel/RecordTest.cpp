@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The records' bytes: what crosses the queue is the same for 32- and 64-bit ends.
+// The bytes of records: the same for 32-bit and 64-bit processes.
 #include "channel/DocAdapterCommon.h"
 
 #include <gtest/gtest.h>
@@ -58,7 +58,7 @@ TEST(ClientRecord, WideModeFlagIsTheFirstByteOfX) {
     message.setFlag(true);
     EXPECT_EQ(textOf(message)[4], 1);
     message.setFlag(false);
-    message.x = 0x7FFFFF00; // the other bytes do not count
+    message.x = 0x7FFFFF00; // the other bytes are ignored
     EXPECT_FALSE(message.flag());
     message.x = 0x80;
     EXPECT_TRUE(message.flag());

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The service's end while there is room: reading, refusing, discarding.
+// The service's end of a queue with room: reading, refusing, discarding.
 #include "channel/ServiceQueue.h"
 
 #include "RawQueue.h"
@@ -127,7 +127,7 @@ TEST_F(ServiceQueueTest, PaintAnswersThatCannotBeAddressedAreNotSent) {
         EXPECT_EQ(queue.SendPaintDone(docid, -4), 0);
     }
     EXPECT_EQ(waiting(), 0U);
-    // The lowest and the highest that can.
+    // The lowest and the highest possible value.
     EXPECT_EQ(queue.SendPaintDone(-1, -4), 0);
     EXPECT_EQ(queue.SendPaintDone(HIGHEST - 101, -4), 0);
     EXPECT_EQ(takeValues(100), std::vector{-4});
@@ -161,7 +161,7 @@ TEST_F(ServiceQueueTest, DiscardLeavesClientRecordsAlone) {
     EXPECT_EQ(waiting(), 1U);
 }
 
-// The worker's end of life: cancelled while it sleeps, whatever its own state.
+// How the worker ends: it is cancelled while it sleeps, in any cancellation state.
 TEST_F(ServiceQueueTest, AReaderCanBeCancelledWhileItSleepsOnly) {
     struct Reader {
         ServiceQueue* queue;
@@ -185,7 +185,7 @@ TEST_F(ServiceQueueTest, AReaderCanBeCancelledWhileItSleepsOnly) {
     ASSERT_EQ(pthread_join(thread, &result), 0);
     EXPECT_EQ(result, PTHREAD_CANCELED);
     EXPECT_FALSE(reader.cameBack);
-    // It left no lock behind.
+    // The cancelled reader has left no mutex locked.
     EXPECT_EQ(queue.SendPaintDone(0, 0), 0);
 }
 

@@ -38,7 +38,7 @@ int __wrap_usleep(useconds_t microseconds) {
     if (systemCalls.onSleep) {
         systemCalls.onSleep(number);
     }
-    errno = EINTR; // a sleep may leave anything there
+    errno = EINTR; // a sleep may change errno
     return 0;
 }
 }

@@ -10,7 +10,7 @@
 #include <string>
 #include <utility>
 
-// Typed calls to a fake service, and what it was last sent.
+// Tests of typed calls with a fake service, which stores the last call.
 class CallsTest : public testing::Test {
 protected:
     CallsTest() : mBus(std::move(*lectern::Bus::connect(mService.address()))) {}

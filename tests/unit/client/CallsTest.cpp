@@ -129,7 +129,7 @@ TEST_F(CallsTest, KeepAlivePingsAgainAndAgainUntilItGoes) {
         const KeepAlive alive(mBus, 1ms);
         mService.waitForCall("/events ping", 3);
     }
-    const KeepAlive quiet(mBus, 1h); // ends without waiting out its period
+    const KeepAlive quiet(mBus, 1h); // its destruction does not wait for the period
 }
 
 } // namespace

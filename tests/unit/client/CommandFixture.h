@@ -10,7 +10,7 @@
 #include <filesystem>
 #include <string>
 
-// The sub-commands against a fake service on the session's bus.
+// Tests of the sub-commands with a fake service on the session bus.
 class CommandTest : public testing::Test {
 protected:
     CommandTest() {
@@ -25,7 +25,7 @@ protected:
         std::filesystem::remove_all(mFolder);
     }
 
-    // What has gone to standard error since it was last asked for.
+    // Text on standard error since the last call of this function.
     static std::string complaints() {
         std::string text = testing::internal::GetCapturedStderr();
         testing::internal::CaptureStderr();

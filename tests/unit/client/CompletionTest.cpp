@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the shell completes, --help shows and the manual page tells must be the
-// same commands and options.
+// The shell's completions, --help and the manual page must list the same
+// commands and options.
 #include "client/command/Subcommands.h"
 #include "client/command/play/Instructions.h"
 #include "client/lib/GLibHolder.h"
@@ -32,7 +32,7 @@ std::string contents(const std::string& path) {
     return text.str();
 }
 
-// The first group of each match of a Perl-like expression.
+// The first group of each match of a Perl-style regular expression.
 Names matches(const std::string& text, const char* expression) {
     const std::unique_ptr<GRegex, decltype(&g_regex_unref)> pattern(
         g_regex_new(expression, G_REGEX_MULTILINE, G_REGEX_MATCH_DEFAULT, nullptr), g_regex_unref);
@@ -57,7 +57,7 @@ Names optionsInHelp(const std::string& help) {
     return matches(help, R"(^ +(?:-\w, )?(--[a-z]+=?))");
 }
 
-// The manual page's section of a sub-command, with plain hyphens.
+// The manual page's section about a sub-command, with plain hyphens.
 std::string sectionOf(const std::string& subcommand) {
     std::string page = contents("/docs/man/lectern.1");
     for (size_t at = page.find("\\-"); at != std::string::npos; at = page.find("\\-", at)) {
@@ -67,7 +67,7 @@ std::string sectionOf(const std::string& subcommand) {
     return start == std::string::npos ? "" : page.substr(start, page.find("\n.S", start) - start);
 }
 
-// What bash would offer for the last of these words, typed after "lectern".
+// The completions that bash offers for the last of these words after "lectern".
 Names completions(const std::string& words, const std::string& folder = "/") {
     const std::string script =
         "cd '" + folder +

@@ -11,7 +11,7 @@ namespace {
 using namespace lectern;
 using testing::ElementsAre;
 
-// Every callback writes what it was told.
+// Every callback records its arguments.
 class DecodingTest : public testing::Test {
 protected:
     DecodingTest() {

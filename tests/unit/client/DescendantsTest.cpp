@@ -24,7 +24,8 @@ protected:
     }
     ~Descendants() override { sigprocmask(SIG_SETMASK, &mBefore, nullptr); }
 
-    // A child that ignores SIGTERM or not, with a child of its own of the same sort.
+    // Starts a child, which ignores SIGTERM if `stubborn`, with a child of its
+    // own of the same kind.
     static void startFamily(bool stubborn) {
         int ready[2];
         ASSERT_EQ(pipe(ready), 0);

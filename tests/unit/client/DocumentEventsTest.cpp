@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// What a document tells its program, and where; and the paints that it makes by
-// itself.
+// A document's callbacks, the threads they run on, and the paints that it makes
+// by itself.
 #include "client/lib/GLibHolder.h"
 #include "tests/unit/client/FakeService.h"
 #include "tests/unit/client/Told.h"
@@ -75,11 +75,11 @@ TEST_F(DocumentEvents, ManyInvalidationsBeforeTheCallAreToldAsOne) {
     mOptions.events.onInvalidated = [&] { ++invalidations; };
     mOptions.events.onLinkTapped = [&] { linked = true; };
     const auto document = open();
-    for (int i = 0; i < 2'000; ++i) { // more than the queue holds: they are read though nobody is told
+    for (int i = 0; i < 2'000; ++i) { // more than the queue holds; read although without a callback
         mService.view().notify(_INVALIDATED, 0, 0);
     }
     mService.view().notify(_HYPERLINK, 0, 0);
-    document->settle(); // the reader has all but perhaps its last records behind it
+    document->settle(); // the reader has read all but perhaps the last records
     while (!linked) {
         g_main_context_iteration(context.get(), TRUE);
     }
@@ -130,7 +130,7 @@ TEST_F(DocumentEvents, ThePictureAfterInputShowsIt) {
         ASSERT_FALSE(document->penDown(0, 9));
         ASSERT_FALSE(document->penUp(0, 2));
     }
-    // A paint asked for at once would overtake the pen up, and be the last.
+    // A paint requested at once would overtake the pen up and be the last one.
     for (size_t frames = 2; document->state().scrollY != 7; ++frames) {
         mTold.waitFor(frames);
     }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// A client to be killed: starts a private bus and the service on it, prints the
-// bus's address and waits.
+// A client for a test to kill: starts a private bus with the service, prints
+// the bus's address and waits.
 #include "client/lib/PrivateBus.h"
 #include <lectern/Bus.h>
 
@@ -14,7 +14,7 @@ int main() {
         return 1;
     }
     const auto bus = lectern::Bus::connect(privateBus->address());
-    // A service that never takes its name leaves the call unanswered.
+    // The call must fail: this service never takes its name, so it does not reply.
     if (!bus || bus->call("/events", "ping", "{}", {.timeout = std::chrono::milliseconds(300)})) {
         return 1;
     }

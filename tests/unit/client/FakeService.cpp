@@ -51,7 +51,7 @@ void FakeService::vanish() {
         g_dbus_connection_remove_filter(mConnection.get(), mFilter);
     }
     mConnection.reset();
-    const std::lock_guard lock(mMutex); // so that the next view comes after it for the thread sanitizer too
+    const std::lock_guard lock(mMutex); // shows the thread sanitizer that the next view comes later
     mView.reset();
 }
 
@@ -158,7 +158,7 @@ std::optional<std::string> FakeService::replyTo(const Call& call) {
 std::string FakeService::create(const std::string& payload) {
     constexpr int DOCID = 3;
     const auto members = JsonMembers::parse(payload);
-    mView.reset(); // its thread has ended before the next begins
+    mView.reset(); // ends the old view's thread before the next begins
     mView = std::make_unique<FakeView>(DOCID, static_cast<int>(members->identifier("shmid").value_or(0)),
                                        members->integer("width").value_or(0),
                                        members->integer("height").value_or(0),

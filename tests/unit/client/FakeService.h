@@ -13,8 +13,8 @@
 #include <string>
 #include <vector>
 
-// The document service's name on a private bus, answering as it is told to.
-// "create" makes a FakeView. Calls are answered on the connection's own thread.
+// A fake document service on a private bus; its replies are scripted. "create"
+// makes a FakeView. Calls are answered on the connection's own thread.
 class FakeService {
 public:
     struct Call {
@@ -30,29 +30,29 @@ public:
 
     const std::string& address() const { return mBus->address(); }
 
-    // What a method answers instead of {"returnValue": true}; nothing means
-    // that it never answers.
+    // Sets a method's reply, which is {"returnValue": true} by default; with
+    // nothing the method never replies.
     void answer(const std::string& place, std::optional<std::string> reply);
-    // Has a method fail with a D-Bus error of this name.
+    // Makes a method fail with a D-Bus error of this name.
     void fail(const std::string& place, const std::string& error);
-    // What an open gives the client in its opened record; by default 0.
+    // Sets the result in the opened record; 0 by default.
     void openResult(int code) { mOpenResult = code; }
-    // Whether an open is followed by an opened record at all.
+    // Sets whether an open is followed by an opened record.
     void sendsOpened(bool does) { mSendsOpened = does; }
     void documentKind(int kind) { mKind = kind; }
-    // Answers an open that was left unanswered, with the document of this number.
+    // Replies to an unanswered open with a document of this number.
     void answerOpenLate(int docid);
-    // Leaves the bus, as a service that stops or is killed; its view goes too.
+    // Leaves the bus, as a service that stops or is killed; ends its view too.
     void vanish();
-    // A service of the same name, started anew.
+    // Returns to the bus as a new service with the same name.
     void comeBack();
 
     std::vector<Call> calls() const;
-    // Waits for the count-th call of a method; its payload.
+    // Waits for the call number `count` of a method; returns its payload.
     std::string waitForCall(const std::string& place, int count = 1);
-    // Whether the last call of a method would have started the service.
+    // Whether the last call of a method was allowed to start the service.
     bool mayStartIt(const std::string& place);
-    // The bus name that it was sent to.
+    // The bus name that the last call of a method was sent to.
     std::string lastDestination(const std::string& place);
     // The view of the last "create". REQUIRES: there was one.
     FakeView& view() { return *mView; }

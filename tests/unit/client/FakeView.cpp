@@ -9,10 +9,10 @@
 
 namespace {
 
-// A record of this type, which no client sends, ends the worker.
+// Type of the record that ends the worker. No client sends it.
 constexpr long END_OF_WORK = 98;
 
-// A segment whose identifier can be a record's type.
+// Creates a segment whose identifier is valid as a record's type.
 int makeStateSegment() {
     for (;;) {
         const int identifier = shmget(IPC_PRIVATE, sizeof(lectern::ViewState), IPC_CREAT | 0600);
@@ -98,7 +98,7 @@ void FakeView::take(const ClientServerMessage& message) {
         break;
     case _GESTURE_END:
         mState.scale *= mPainted;
-        mState.scrollY = static_cast<int>(mState.scrollY * mPainted) + 700; // a neighbourhood, not the row
+        mState.scrollY = static_cast<int>(mState.scrollY * mPainted) + 700; // near the row, but not exactly
         mFactor = mPainted = 1.0;
         break;
     default:
@@ -106,7 +106,8 @@ void FakeView::take(const ClientServerMessage& message) {
     }
 }
 
-// Rows above row 0 are found a hundred at a time, and move everything down.
+// A push against row 0 finds the rows above it a hundred at a time and moves
+// everything down.
 void FakeView::dragTo(int y) {
     int wanted = mScrollAtPen + mPenY - y;
     while (wanted < 0 && rowsAbove > 0) {
@@ -123,7 +124,7 @@ void FakeView::paint() {
         return;
     }
     mPainted = mFactor;
-    // In one go: the thread sanitizer looks at each write to what threads share.
+    // Copied at once, because the thread sanitizer checks each write to shared memory.
     const std::vector<uint32_t> picture(static_cast<size_t>(mWidth) * static_cast<size_t>(mHeight), COLOUR);
     std::memcpy(mFrame.address(), picture.data(), picture.size() * sizeof picture[0]);
     writeState();

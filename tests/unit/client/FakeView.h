@@ -15,14 +15,14 @@
 #include <thread>
 #include <vector>
 
-// The queue's side of a service with one document: takes records as the service
-// does, paints one colour, scrolls a document of a given height, zooms.
+// The queue's side of a service with one document: takes records in the service's
+// order, paints one colour, scrolls a document of a given height, and zooms.
 class FakeView {
 public:
-    // Holds paints of this frame buffer; width and height of it in pixels. The
-    // state is that of an earlier view's segment, or with 0 a new one.
+    // Paints into this frame buffer of width * height pixels. `state` is the
+    // segment of an earlier view, or 0 for a new one.
     FakeView(int docid, int frameBuffer, int width, int height, unsigned int state = 0);
-    // Ends the worker.
+    // Ends the worker thread.
     ~FakeView();
     FakeView(const FakeView&) = delete;
     FakeView& operator=(const FakeView&) = delete;
@@ -32,9 +32,9 @@ public:
     void notify(ClientMessageId id, int value, int extra);
     // The types of the records taken so far, in order.
     std::vector<long> taken() const;
-    // Waits until so many records have been taken.
+    // Waits until `count` records have been taken.
     void waitForTaken(size_t count) const;
-    // Input waits in the queue, and paints too, until this is let go of.
+    // Holds up all input and paints in the queue while the returned object lives.
     std::shared_ptr<void> holdUp() {
         mIdle.acquire();
         return {nullptr, [this](void*) { mIdle.release(); }};
@@ -42,8 +42,8 @@ public:
 
     std::atomic<bool> answersPaints{true};
     std::atomic<int> paintResult{0};
-    std::atomic<int> lastRow{5'000};       // largest scroll y
-    std::atomic<int> rowsAbove{0};         // rows before row 0 that a push against it shows
+    std::atomic<int> lastRow{5'000};       // largest vertical scroll position
+    std::atomic<int> rowsAbove{0};         // rows before row 0, shown by a push against it
     std::atomic<double> largestScale{4.0}; // of a pinch
 
     static constexpr uint32_t COLOUR = 0x80123456;

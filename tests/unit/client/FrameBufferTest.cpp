@@ -58,7 +58,7 @@ TEST(FrameBuffer, LeavesNoSegmentBehind) {
 TEST(FrameBuffer, NeverHasTheIdentifierZero) {
     const pid_t child = fork();
     if (child == 0) {
-        // The first identifier of a fresh namespace is 0.
+        // The first identifier in a new namespace is 0.
         const bool fresh = lectern::isolateIpc() && shmget(IPC_PRIVATE, 1, 0600) == 0;
         shmctl(0, IPC_RMID, nullptr);
         const bool freshAgain = lectern::isolateIpc();

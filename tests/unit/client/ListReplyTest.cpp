@@ -8,7 +8,7 @@ namespace {
 using namespace lectern;
 using testing::ElementsAre;
 
-// As the service makes it, of parts without one that is shown.
+// A list as the service makes it, in which no part is the current one.
 std::string listOf(const std::vector<std::string>& titles) {
     std::string text;
     for (size_t i = 0; i < titles.size(); ++i) {

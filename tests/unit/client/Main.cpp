@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The tests run in an IPC namespace of their own, in which nothing else sends,
-// and find this build's keeper. No bus of the machine is visible to them.
+// The tests run in their own IPC namespace, where no other process sends, and
+// use this build's keeper. They cannot see the machine's buses.
 #include "client/command/Interrupt.h"
 #include "client/lib/IpcNamespace.h"
 
@@ -15,7 +15,7 @@ int main(int argc, char** argv) {
         std::fputs("The tests need an IPC namespace of their own.\n", stderr);
         return EXIT_FAILURE;
     }
-    const lectern::Interrupt blocked; // as in the command, before any thread starts
+    const lectern::Interrupt blocked; // as in the command: before the first thread
     setenv("LECTERN_KEEPER", LECTERN_KEEPER_PROGRAM, 1);
     setenv("LECTERN_SERVICE", "/bin/false", 1);
     unsetenv("DBUS_SESSION_BUS_ADDRESS");

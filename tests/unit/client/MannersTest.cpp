@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The ways of a good client, as a document goes them by itself.
+// The rules for good clients, which a document follows by itself.
 #include "tests/unit/client/FakeService.h"
 #include <lectern/Document.h>
 #include <lectern/EventCalls.h>
@@ -96,7 +96,7 @@ TEST_F(Manners, AContactDoesNotOvertakeTheEndOfTheLast) {
     std::thread letGo;
     {
         auto held = mService.view().holdUp();
-        ASSERT_FALSE(document->keyUp(1, 0)); // taken, and the view is busy with it
+        ASSERT_FALSE(document->keyUp(1, 0)); // taken; the view is busy with it
         ASSERT_FALSE(document->gestureEnd(1.0));
         letGo = std::thread([inHere = std::move(held)] { std::this_thread::sleep_for(20ms); });
     }

@@ -26,7 +26,7 @@ protected:
         Interrupt interrupt;
         return runOpen(mArguments, interrupt);
     }
-    // The calls of the search, in order.
+    // The calls made by the search, in order.
     std::vector<std::string> steps() const {
         std::vector<std::string> places;
         for (const FakeService::Call& call : mService.calls()) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Opens that take long: told of, given up, made in the background.
+// Slow opens: progress, cancellation, opens in the background.
 #include "client/lib/GLibHolder.h"
 #include "client/lib/Json.h"
 #include "tests/unit/client/FakeService.h"
@@ -17,7 +17,7 @@ class LongOpen : public testing::Test {
 protected:
     LongOpen() : mBus(std::move(*Bus::connect(mService.address()))) {}
 
-    // The open is answered when this is called.
+    // Leaves the open unanswered.
     void leaveUnanswered() { mService.answer("/events create", std::nullopt); }
 
     Told mTold;

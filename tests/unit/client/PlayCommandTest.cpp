@@ -76,7 +76,7 @@ TEST_F(PlayCommand, KeepsTheTimesOfTheScript) {
 
 TEST_F(PlayCommand, TakesFramesAgainAndAgainUntilTold) {
     EXPECT_EQ(play("every 100\nwait 350\nevery off\nwait 150\nframe last\n"), STATUS_DONE);
-    // On a busy machine some come too late and are left out, and never more.
+    // On a busy machine some frames are late and skipped, but there are never more.
     EXPECT_GE(frames().size(), 2U);
     EXPECT_LE(frames().size(), 4U);
     EXPECT_THAT(frames().rbegin()->c_str(), HasSubstr("-last.png"));

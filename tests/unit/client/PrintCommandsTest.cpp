@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The sub-commands that print what the service says of a document.
+// The sub-commands that print information about a document.
 #include "tests/unit/client/CommandFixture.h"
 
 namespace {
@@ -9,7 +9,8 @@ using testing::HasSubstr;
 
 class PrintCommands : public CommandTest {
 protected:
-    // The exit status; printed() has what went to standard output.
+    // Runs a sub-command; returns its exit status. printed() returns its
+    // standard output.
     template<typename Arguments>
     int run(int (*command)(const Arguments&, Interrupt&), const Arguments& arguments) {
         testing::internal::CaptureStdout();

@@ -20,7 +20,7 @@ using namespace lectern;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-// The bus's folder, from an address like "unix:path=FOLDER/bus,guid=...".
+// The bus's folder in an address like "unix:path=FOLDER/bus,guid=...".
 std::filesystem::path folderOf(const std::string& address) {
     const size_t start = address.find('/');
     return std::filesystem::path(address.substr(start, address.find(',') - start)).parent_path();
@@ -59,7 +59,7 @@ TEST(PrivateBus, TakesItsProcessesAndItsFolderAlong) {
     EXPECT_FALSE(hasChildren());
 }
 
-// The service here goes on without its bus: a shell that sleeps.
+// The service in this test is a sleeping shell, which does not end with its bus.
 TEST(PrivateBus, EndsWithAClientThatIsKilled) {
     prctl(PR_SET_CHILD_SUBREAPER, 1);
     const std::string service = testing::TempDir() + "lectern-sleeper-" + std::to_string(getpid());
@@ -79,8 +79,8 @@ TEST(PrivateBus, EndsWithAClientThatIsKilled) {
     close(ends[0]);
     ASSERT_TRUE(std::filesystem::exists(folderOf(address)));
     kill(*client, SIGKILL);
-    // The keeper comes to this process when its parent is gone, and is reaped
-    // when it has ended all the others.
+    // This process becomes the keeper's parent and reaps it; the keeper ends
+    // after all its descendants.
     while (waitpid(-1, nullptr, 0) > 0) {
     }
     EXPECT_EQ(errno, ECHILD);

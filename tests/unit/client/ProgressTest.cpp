@@ -13,7 +13,7 @@ using lectern::Progress;
 using testing::EndsWith;
 using testing::StartsWith;
 
-// Standard error is a terminal as long as this lives.
+// Makes standard error a terminal during its lifetime.
 class Terminal {
 public:
     Terminal() : mErrors(dup(STDERR_FILENO)) {
@@ -30,7 +30,7 @@ public:
     Terminal(const Terminal&) = delete;
     Terminal& operator=(const Terminal&) = delete;
 
-    // Waits until what it shows ends like this; all that it was sent.
+    // Waits until the output ends with this text; returns all output.
     std::string waitFor(const std::string& end) {
         char bytes[256];
         while (mShown.size() < end.size() || mShown.substr(mShown.size() - end.size()) != end) {

@@ -15,13 +15,13 @@ using lectern::ScrollPlan;
 constexpr int WIDTH = 480;
 constexpr int HEIGHT = 800;
 
-// What a view of a document makes of drags.
+// A simulated view that reacts to drags.
 struct Scrolled {
     Point position = {};
     Point last{0, 10'000}; // largest position
-    int rowsAbove = 0;     // rows before row 0 that only a push shows
+    int rowsAbove = 0;     // rows before row 0, shown only by a push
     int drags = 0;
-    int found = 300; // rows that a push shows at once
+    int found = 300; // rows shown by one push
 
     void drag(const Drag& by) {
         ++drags;

@@ -17,7 +17,7 @@ namespace {
 
 using namespace lectern;
 
-// An environment variable for the length of a test.
+// Sets an environment variable for the duration of a test.
 class Variable {
 public:
     Variable(const char* name, const std::string& value) : mName(name) { setenv(name, value.c_str(), 1); }

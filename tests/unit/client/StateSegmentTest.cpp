@@ -11,7 +11,7 @@ namespace {
 using lectern::StateSegment;
 using lectern::ViewState;
 
-// A segment that goes with the last attachment.
+// A segment that is removed with its last attachment.
 class Segment {
 public:
     explicit Segment(size_t size)

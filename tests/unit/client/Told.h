@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-// What callbacks on other threads have told, in order.
+// Records the callbacks on other threads, in order.
 class Told {
 public:
     void add(const std::string& what) {
@@ -14,7 +14,7 @@ public:
         mAll.push_back(what);
         mAdded.notify_all();
     }
-    // Waits for so many; all that there are then.
+    // Waits for at least `count` callbacks; returns all so far.
     std::vector<std::string> waitFor(size_t count) {
         std::unique_lock lock(mMutex);
         mAdded.wait(lock, [&] { return mAll.size() >= count; });

@@ -1,7 +1,7 @@
 #!/bin/sh
 # SPDX-License-Identifier: Apache-2.0
-# package-test.sh BUILD SOURCE [compiler options]: what is installed of the client
-# library is enough to build a program with, and shows nothing of its inside.
+# package-test.sh BUILD SOURCE [compiler options]: a program can be built with the
+# installed client library, and the library exports nothing internal.
 set -eu
 build=$1
 source=$2
@@ -13,7 +13,7 @@ cmake --install "$build" --component client --prefix "$tree" >"$tree/log"
 PKG_CONFIG_PATH=$(dirname "$(find "$tree" -name lectern-client.pc)")
 export PKG_CONFIG_PATH
 
-# From a folder of its own: nothing of the source tree is on any search path.
+# In a separate folder, so that the source tree is on no search path.
 cd "$tree"
 cp "$source/client/example/Pan.cpp" .
 # shellcheck disable=SC2046 # lists of options

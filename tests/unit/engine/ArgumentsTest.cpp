@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The module's calling rules: nulls, sizes and indices that cannot be.
+// The module's checks of arguments: nulls, impossible sizes and indices.
 
 #include "tests/unit/engine/EngineTest.h"
 
@@ -15,8 +15,8 @@ class ArgumentsTest : public EngineTest {
 protected:
     ArgumentsTest() : word(wordModule()) {}
 
-    // Every function with a null document, then with `document`: all answer
-    // with the same code, and nothing is written.
+    // Calls every function with a null document, then with `document`: all must
+    // return the same code and write nothing.
     void expectAllRefuse(void* doc, std::int32_t code);
 
     const WordModule& word;
@@ -230,7 +230,7 @@ TEST_F(ArgumentsTest, AnOpenWithoutItsTextsOrItsPlaceIsRefused) {
               MODULE_BAD_ARGUMENT);
     EXPECT_EQ(word.wtg_open_file(path.data(), empty.data(), empty.data(), folder.data(), nullptr),
               MODULE_BAD_ARGUMENT);
-    // No password and no fonts of its own are nothing unusual.
+    // Opening without a password and without a font folder is allowed.
     EXPECT_EQ(word.wtg_open_file(path.data(), nullptr, nullptr, folder.data(), &doc), MODULE_OK);
     EXPECT_EQ(word.wtg_close_file(&doc), MODULE_OK);
     EXPECT_EQ(doc, nullptr);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The caller's buffer shows the stretch after every call, and only calls
-// write to it.
+// The caller's buffer shows the stretch after every call, and only calls write
+// to it.
 
 #include "tests/unit/engine/EngineTest.h"
 
@@ -19,7 +19,7 @@ protected:
 
     static std::uint32_t colorOfRow(std::uint32_t row) { return 0xFF000000 + row; }
 
-    // The buffer shows rows from `top` on, those past `end` white.
+    // The buffer must show the rows from `top` on; rows after `end` are white.
     static void expectRows(const std::vector<std::uint32_t>& pixels, std::uint32_t top, std::uint32_t end) {
         for (std::size_t i = 0; i < pixels.size(); i++) {
             const std::uint32_t row = top + static_cast<std::uint32_t>(i) / WIDTH;
@@ -27,7 +27,7 @@ protected:
         }
     }
 
-    // How often the text was laid out, which the fake tells as the author.
+    // Number of layouts made, which the fake reports as the author.
     static std::u16string layouts(const Document& document) {
         std::vector<std::uint16_t> text(16);
         std::int32_t length = 0;
@@ -95,7 +95,7 @@ TEST_F(BufferTest, ANewBufferOfTheSameSizeShowsTheStretchAtOnce) {
     EXPECT_EQ(word.wtg_set_offscreen_buffer(document.get(), 0, other.data(), WIDTH, HEIGHT), MODULE_OK);
     expectRows(other, 30, 250);
 
-    // Only the last one given is written to.
+    // Only the last buffer set is written to.
     std::fill(pixels.begin(), pixels.end(), 7u);
     EXPECT_EQ(word.wtg_scroll_down(document.get(), 0, 10, &scrolled), MODULE_OK);
     expectRows(other, 40, 250);
@@ -146,7 +146,7 @@ TEST_F(BufferTest, ARefusedBufferLeavesNoneToWriteTo) {
     EXPECT_EQ(word.wtg_scroll_down(document.get(), 0, 30, &scrolled), MODULE_OK);
     expectRows(pixels, 0, 250);
     EXPECT_EQ(other[0], 7u);
-    // The caller may give the one before again.
+    // The caller may set the previous buffer again.
     EXPECT_EQ(word.wtg_set_offscreen_buffer(document.get(), 0, pixels.data(), WIDTH, HEIGHT), MODULE_OK);
     expectRows(pixels, 30, 250);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Nothing is left behind: processes, folders, file descriptors.
+// Nothing is left behind: no process, folder or file descriptor.
 
 #include "tests/unit/engine/EngineTest.h"
 
@@ -28,7 +28,7 @@ protected:
     static bool exists(pid_t pid) { return kill(pid, 0) == 0; }
 
     // Runs the driver with a document until its engines are up, then kills it
-    // as the system would; gives its engines.
+    // with SIGKILL; returns its engines.
     std::vector<EngineInfo> killHostWithEngines();
 };
 

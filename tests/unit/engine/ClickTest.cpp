@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Click records, and the buffer that is lent to a secondary document.
+// Click records, and the buffer while it shows a secondary document.
 
 #include "tests/unit/engine/EngineTest.h"
 
@@ -55,7 +55,7 @@ TEST_F(ClickTest, ASecondaryDocumentIsPaintedIntoTheBorrowedBuffer) {
         const std::vector<std::uint32_t> before = page;
         const wtg_click_info record = *click(document);
         ASSERT_EQ(record.type, type);
-        // Of another size, and of the page's own.
+        // With another height and with the page's own.
         for (const std::int32_t height : {120, 100}) {
             std::vector<std::uint32_t> popup(static_cast<std::size_t>(20 * height), 0x42);
             ASSERT_EQ(word.wtg_set_offscreen_buffer(document.get(), 0, popup.data(), 20, height), MODULE_OK);

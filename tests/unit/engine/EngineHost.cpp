@@ -42,12 +42,12 @@ WordModule load() {
 std::string readFile(const fs::path& path) {
     std::ifstream file(path, std::ios::binary);
     std::ostringstream contents;
-    contents << file.rdbuf(); // stops without a word where the process has gone
+    contents << file.rdbuf(); // fails silently when the process has ended
     return contents.str();
 }
 
-// Of /proc/PID/stat, whose second field may contain anything but ends at the
-// last parenthesis.
+// Reads the parent from /proc/PID/stat. Its second field may contain any
+// characters; it ends at the last parenthesis.
 pid_t parentOf(const std::string& stat) {
     const std::size_t end = stat.rfind(')');
     return end == std::string::npos ? 0

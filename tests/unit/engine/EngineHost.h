@@ -18,10 +18,10 @@ struct WordModule : WTGFunc {
 };
 const WordModule& wordModule();
 
-// UTF-16 as the module takes it.
+// Converts to UTF-16 for the module.
 std::vector<std::uint16_t> wide(const std::string& utf8);
 
-// A document that closes itself.
+// A document that is closed on destruction.
 class Document {
 public:
     Document() = default;
@@ -41,10 +41,9 @@ private:
 // A running engine process.
 struct EngineInfo {
     pid_t pid;
-    std::string folder; // its temporary one
+    std::string folder; // its temporary folder; empty for a zombie
 };
-// Those that are children of this process, or of another; zombies included,
-// whose folder is empty.
+// The engines that are children of this process, or of another; includes zombies.
 std::vector<EngineInfo> enginesOf(pid_t parent);
 
 } // namespace lectern::test

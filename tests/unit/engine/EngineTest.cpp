@@ -15,8 +15,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// One folder for the whole process. It goes at the very end, after the
-// engines, which go when the process exits.
+// One folder for the whole process. It is removed last, after the engines,
+// which end when the process exits.
 const std::string& rootFolder() {
     static const std::string& root = *[] {
         auto* path = new std::string(fs::temp_directory_path() / "lectern-test-XXXXXX");

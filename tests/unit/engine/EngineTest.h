@@ -12,38 +12,38 @@
 
 namespace lectern::test {
 
-// Tests that drive the word module with engines of the fake office suite.
-// Everything lies in a folder of the test's own.
+// Tests of the word module with engines of the fake office suite. All their
+// files are in a folder of the test.
 class EngineTest : public testing::Test {
 protected:
     EngineTest();
     ~EngineTest() override;
 
-    // Writes a document and gives its path. The contents are those of
-    // tests/fakes/office/FakeOffice.cpp.
+    // Writes a document and returns its path. tests/fakes/office/FakeOffice.cpp
+    // describes the contents.
     std::string write(const std::string& name, const std::string& contents) const;
     const std::string& documents() const { return mDocuments; }
-    // Where engines make their temporary folders.
+    // The folder in which engines create their temporary folders.
     const std::string& temporary() const { return mTemporary; }
 
-    // Opens a document with the given contents, which must succeed.
+    // Opens a document with the given contents; a failure fails the test.
     void open(Document& document, const std::string& contents) const;
-    // ... and gives it a buffer, laid out.
+    // Also sets a buffer and lays the document out.
     void show(Document& document, std::vector<std::uint32_t>& pixels, std::int32_t width,
               std::int32_t height) const;
 
-    // The environment variable holds until the end of the test.
+    // Sets an environment variable until the end of the test.
     void setVariable(const char* name, const std::string& value);
 
-    // The engines of this test, be it the spare or a document's.
+    // The engines of this test: the spare and those of documents.
     std::vector<EngineInfo> engines() const;
-    // The one of the document that was opened last.
+    // The engine of the document that was opened last.
     EngineInfo engineOfDocument() const;
-    // Until a spare is ready; false when that takes too long.
+    // Waits until a spare is ready; returns false after a time limit.
     bool waitForSpare() const;
     static bool isSpare(const EngineInfo& engine);
 
-    // Looks again and again until the condition holds; false after 20 s.
+    // Checks repeatedly until the condition holds; returns false after 20 s.
     static bool waitUntil(const std::function<bool()>& condition);
 
 private:
@@ -53,11 +53,11 @@ private:
     std::vector<const char*> mVariables;
 };
 
-// Entries in a folder.
+// Number of entries in a folder.
 std::size_t entriesIn(const std::string& folder);
-// Open file descriptors of this process.
+// Number of open file descriptors of this process.
 std::size_t openFiles();
-// A text that a module wrote.
+// The text that a module wrote to a buffer.
 std::u16string textOf(const std::vector<std::uint16_t>& buffer);
 
 } // namespace lectern::test

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Engines that die, hang or stop cost their own document, and soon.
+// Engines that crash, hang or stop affect only their own document, and are
+// detected soon.
 
 #include "tests/unit/engine/EngineTest.h"
 
@@ -22,7 +23,7 @@ class FailureTest : public EngineTest {
 protected:
     FailureTest() : word(wordModule()) {}
 
-    // Questions that need the engine.
+    // Makes calls that need the engine.
     std::int32_t ask(const Document& document) const {
         std::int32_t words = 0;
         return word.wtg_word_count(document.get(), &words);
@@ -62,8 +63,8 @@ TEST_F(FailureTest, ASlowCallInTimeIsNoFailure) {
 }
 
 TEST_F(FailureTest, LimitsAreOfEachCallNotOfTheDocument) {
-    // Together the calls take longer than the limit; one has more than a second
-    // to spare, for a busy machine.
+    // Together the calls take longer than the limit; each has more than a
+    // second to spare, for a busy machine.
     setVariable("LECTERN_ENGINE_CALL_LIMIT_MS", "2000");
     Document document;
     open(document, "count=slow:600\n");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What is read from metafiles, put together here action by action.
+// Reading text from metafiles, which are built here action by action.
 #include "engine/layout/MetafileText.h"
 
 #include <gtest/gtest.h>
@@ -18,7 +18,7 @@ void put(Bytes& bytes, Number number) {
     }
 }
 
-// A metafile as the suite writes them.
+// Builds a metafile as the suite writes it.
 class Metafile {
 public:
     Metafile() : mBytes{'V', 'C', 'L', 'M', 'T', 'F'} { putPart({}); }

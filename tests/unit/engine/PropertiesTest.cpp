@@ -6,7 +6,7 @@
 namespace lectern::test {
 namespace {
 
-// What the fake says: a pair of surrogates, one on its own among them.
+// The fake's description: it includes surrogate pairs and an unpaired surrogate.
 const std::u16string DESCRIPTION = std::u16string(u"\U0001F4C4 ") + char16_t{0xD800} + u"text \U0001F4C4";
 
 class PropertiesTest : public EngineTest {
@@ -63,13 +63,13 @@ TEST_F(PropertiesTest, TextsAreCutBetweenWholeCharacters) {
     EXPECT_EQ(word.wtg_get_document_description(document.get(), text.data(), 64, &length), MODULE_OK);
     EXPECT_EQ(textOf(text), DESCRIPTION);
     EXPECT_EQ(length, 11);
-    // One unit for the text: half of its first character.
+    // The buffer has room for one unit of text, half of the first character.
     EXPECT_EQ(word.wtg_get_document_description(document.get(), text.data(), 4, &length), MODULE_OK);
     EXPECT_EQ(textOf(text), u"");
-    // All but the last unit.
+    // Room for all but the last unit.
     EXPECT_EQ(word.wtg_get_document_description(document.get(), text.data(), 22, &length), MODULE_OK);
     EXPECT_EQ(textOf(text), DESCRIPTION.substr(0, 9));
-    // A unit that is no half of anything is no reason to cut earlier.
+    // An unpaired surrogate at the end is kept.
     EXPECT_EQ(word.wtg_get_document_description(document.get(), text.data(), 10, &length), MODULE_OK);
     EXPECT_EQ(textOf(text), DESCRIPTION.substr(0, 4));
     EXPECT_EQ(length, 11);
@@ -100,7 +100,7 @@ TEST_F(PropertiesTest, FailuresAndExceptionsOfTheSuiteTouchNothing) {
     open(throwing, "date=throw\n");
     EXPECT_EQ(word.wtg_get_document_creation_date(throwing.get(), &time), MODULE_FAILED);
     EXPECT_EQ(time, 7);
-    // That one call failed, no more.
+    // Only that one call has failed.
     std::int32_t words = 0;
     EXPECT_EQ(word.wtg_word_count(throwing.get(), &words), MODULE_OK);
     EXPECT_EQ(words, 1000);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// What a document's engine may not do. Each document tries one thing and tells
-// the outcome as its name.
+// Actions that a document's engine may not do. Each document tries one and
+// reports the outcome as its name.
 
 #include "tests/unit/engine/EngineTest.h"
 
@@ -40,7 +40,7 @@ TEST_F(SandboxTest, FilesAreRead) {
 }
 
 TEST_F(SandboxTest, ItsOwnFolderIsWritten) {
-    // Seen from within, the folder is where it may write.
+    // The engine has written a copy to its own temporary folder.
     Document document;
     open(document, "rows=1\n");
     EXPECT_TRUE(std::filesystem::exists(engineOfDocument().folder + "/copy"));

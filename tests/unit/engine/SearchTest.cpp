@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What a search hands out, and how long that holds.
+// The arrays returned by a search, and how long they are valid.
 
 #include "tests/unit/engine/EngineTest.h"
 

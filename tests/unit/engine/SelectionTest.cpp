@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Selections as the module passes them on.
+// The module's selection functions.
 
 #include "tests/unit/engine/EngineTest.h"
 

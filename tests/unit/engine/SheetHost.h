@@ -13,7 +13,7 @@ namespace lectern::test {
 // The spreadsheet module, loaded from the build tree as the service loads it.
 const STGFunc& sheetModule();
 
-// A workbook that closes itself.
+// A workbook that is closed on destruction.
 class WorkbookHandle {
 public:
     WorkbookHandle() = default;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The spreadsheet module's calling rules, and engines that misbehave.
+// The spreadsheet module's checks of arguments, and engines that misbehave.
 
 #include "tests/unit/engine/EngineTest.h"
 #include "tests/unit/engine/SheetHost.h"
@@ -16,7 +16,7 @@ protected:
     void openSheets(WorkbookHandle& workbook, const std::string& contents) const {
         ASSERT_EQ(workbook.open(write("book.xlsx", contents), temporary()), MODULE_OK);
     }
-    // Every function that takes only numbers answers with the same code.
+    // Calls every function that takes only numbers: all must return the same code.
     void expectAllAnswer(void* doc, std::int32_t code);
 
     const STGFunc& stg = sheetModule();
@@ -168,7 +168,7 @@ TEST_F(SheetTest, TextsAreMeasuredCutAndReadFromTheMiddle) {
     EXPECT_EQ(a, 0);
     EXPECT_EQ(stg.stg_get_sheet_title(workbook.get(), 1, text.data(), 16, &a), MODULE_OK);
     EXPECT_EQ(textOf(text), u"Two");
-    // Of this one the capacity is bytes.
+    // The capacity of this function is in bytes.
     EXPECT_EQ(stg.stg_get_document_author(workbook.get(), text.data(), 10, &a), MODULE_OK);
     EXPECT_EQ(a, 8);
     EXPECT_EQ(textOf(text), u"Some");

@@ -12,7 +12,7 @@ namespace lectern::test {
 // The presentation module, loaded from the build tree as the service loads it.
 const SSTGFunc& slideModule();
 
-// A presentation that closes itself.
+// A presentation that is closed on destruction.
 class Slideshow {
 public:
     Slideshow() = default;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Presentations as the module passes them on.
+// The presentation module's functions.
 
 #include "tests/unit/engine/EngineTest.h"
 #include "tests/unit/engine/SlideHost.h"
@@ -91,7 +91,7 @@ TEST_F(SlideTest, SlidesAreDescribedAndPainted) {
 TEST_F(SlideTest, LargePicturesComeWhole) {
     Slideshow slideshow;
     show(slideshow, "name=Deck\n");
-    const std::int32_t across = 1023; // an odd number of pixels, in more than 2 MiB
+    const std::int32_t across = 1023; // an odd number of pixels that take more than 2 MiB
     const std::int32_t down = 601;
     std::vector<std::uint32_t> pixels(static_cast<std::size_t>(across * down), 0x42);
     ASSERT_EQ(slides.sstg_render_slide(slideshow.get(), 1, 0, pixels.data(), across, down), MODULE_OK);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Once the service is about to stop, no engine holds it up for long.
+// When the service is about to stop, no engine delays it for long.
 
 #include "tests/unit/engine/EngineTest.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // engine-driver [-w] FILE...: opens each file through the word module, lays it
-// out at 320 pixels, prints what came of it and how long it took, and closes
-// it. With -w the last one stays open until standard input ends.
+// out at a width of 320 pixels, prints the result and the time taken, and
+// closes it. With -w the last one stays open until standard input ends.
 
 #include "tests/unit/engine/EngineHost.h"
 

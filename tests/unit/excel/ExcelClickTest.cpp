@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Taps: on headers, on borders, on cells with a comment and without.
+// Taps on headers, on borders, and on cells with and without a comment.
 #include "tests/unit/excel/ExcelTest.h"
 
 namespace {
@@ -14,7 +14,7 @@ protected:
         view->mOffscreenDirty = false;
         return view;
     }
-    // With a column selected by a tap, and what that did forgotten.
+    // A view with a column selected by a tap; the recorded calls are cleared.
     static std::unique_ptr<TestExcel> openSelected() {
         auto view = openAt(0, 0);
         EXPECT_TRUE(view->handleClick(100, 10));

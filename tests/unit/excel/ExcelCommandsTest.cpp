@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What is done with a selection.
+// Commands on a selection.
 #include "tests/unit/excel/ExcelTest.h"
 
 #include <sys/stat.h>
@@ -141,7 +141,7 @@ protected:
         text << std::ifstream(path).rdbuf();
         return text.str();
     }
-    // What a copy says on standard output and on standard error.
+    // Text that a copy writes to standard output and to standard error.
     static std::pair<std::string, std::string> said(TestExcel& view, const char* path) {
         CaptureStdout();
         CaptureStderr();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Flicks, and coming to rest.
+// Flicks, and the end of glides.
 #include "tests/unit/excel/ExcelTest.h"
 
 namespace {

@@ -228,7 +228,7 @@ TEST_F(ExcelHeaderStrokeTest, GuideFollowsThePenInTheRowHeaders) {
 }
 
 TEST_F(ExcelHeaderStrokeTest, GuidePlacesAreTakenForPixelsOfTheStrip) {
-    const auto view = openAt(1000, 2000, true); // the window begins at 410
+    const auto view = openAt(1000, 2000, true); // the window of cells begins at 410
     view->handlePenDown(150, 10);
     view->handlePenMove(160, 20);
     EXPECT_EQ(pixelOf(*view->mColumnHeaders, 1100, 3), blended(fakeColumnHeaderPixel(410 + 1100, 3), GUIDE));

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-// Surfaces, the window of the cells, and how far the view can go.
+// Surfaces, the window of cells, and how far the view can go.
 #include "tests/unit/excel/ExcelTest.h"
 
 namespace {
 
 class ExcelLayoutTest : public ExcelTest {
 protected:
-    // What clampPosition makes of a position, and what it says.
+    // Calls clampPosition; compares the resulting position and returns its result.
     static bool clamped(const TestExcel& view, int& x, int& y, int maxX, int maxY) {
         return view.clampPosition(x, y, maxX, maxY);
     }
@@ -137,7 +137,7 @@ TEST_F(ExcelLayoutTest, ClampingOneAxisIsNotReported) {
 
 TEST_F(ExcelLayoutTest, NegativeMaximumMeansTheStart) {
     const auto view = openView();
-    int x = -5; // a text would stay here
+    int x = -5; // a text document would stay here
     int y = 7;
     EXPECT_TRUE(clamped(*view, x, y, -20, -1));
     EXPECT_EQ(CpPoint(x, y), CpPoint(0, 0));

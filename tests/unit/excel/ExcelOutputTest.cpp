@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The texts on standard output that have no line feed: they are written at
-// once, as a signal may end the process next.
+// Texts on standard output without a line feed: they are written at once,
+// because a signal may end the process next.
 #include "tests/unit/excel/ExcelTest.h"
 
 #include <fcntl.h>
@@ -11,7 +11,7 @@
 
 namespace {
 
-// What an operation has written when it returns, without what it left in the
+// Text that an operation has written when it returns, without the rest in the
 // stream's buffer.
 std::string writtenBy(const std::function<void()>& operation) {
     std::fflush(stdout);

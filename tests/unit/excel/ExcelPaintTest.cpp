@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What a paint puts together.
+// The parts of a painted picture.
 #include "tests/unit/excel/ExcelTest.h"
 
 namespace {
@@ -91,7 +91,8 @@ TEST_F(ExcelPaintTest, RowHeadersGiveWayWhenLessIsSeenThanIsFree) {
     const auto view = openView();
     view->restAt(1000, 2000);
     paint(*view);
-    // The strip would begin at row 30 + d and have 450 - d rows: both 240 at 210.
+    // The strip would begin at row 30 + d and have 450 - d rows; both are 240
+    // at d = 210.
     view->mScroll.set(1000, 1490 - 209);
     EXPECT_EQ(draw(*view).at(5, 300), fakeRowHeaderPixel(5, 1490 + 300 - 239));
     view->mScroll.set(1000, 1490 - 210);
@@ -159,7 +160,8 @@ TEST_F(ExcelPaintTest, ScreensLargerThanTheWindowHaveGroundAround) {
     EXPECT_EQ(picture.at(1599, 1550), ground(1599, 1550));
 }
 
-// Headers larger than the screen end with it: nothing behind the frame is touched.
+// Headers larger than the screen are cut at its end, and nothing after the
+// frame is written.
 TEST_F(ExcelPaintTest, TinyScreensAreNotOverrun) {
     for (const CpPoint size : {CpPoint(1, 1), CpPoint(2, 300), CpPoint(300, 2), CpPoint(60, 30),
                                CpPoint(61, 31), CpPoint(59, 100), CpPoint(100, 29)}) {
@@ -231,7 +233,7 @@ TEST_F(ExcelPaintTest, ResizeModeVeilsTheCellsOnly) {
     view->mDirty = false;
     view->setResizeMode(true);
     Frame picture(320, 480);
-    view->handlePaintRouter(picture.pixels()); // nothing else has asked for it
+    view->handlePaintRouter(picture.pixels()); // nothing else has requested it
     for (int row = 0; row < 480; row += 3) {
         for (int column = 0; column < 320; ++column) {
             const uint32_t plain = sheetPixel(*view, column, row);

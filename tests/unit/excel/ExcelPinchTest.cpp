@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What is seen and asked for while two fingers are down.
+// The picture and the requests while two fingers are down.
 #include "tests/unit/excel/ExcelTest.h"
 
 namespace {
@@ -8,7 +8,7 @@ constexpr uint32_t BLACK = 0xFF000000;
 
 class ExcelPinchTest : public ExcelTest {
 protected:
-    // A view painted at a place, with a pinch at a scale on it.
+    // A view painted at a position, with a pinch at a scale.
     static std::unique_ptr<TestExcel> pinchedView(int x, int y, double scale) {
         auto view = openView();
         view->restAt(x, y);
@@ -76,7 +76,8 @@ TEST_F(ExcelPinchTest, SizesAreComparedInSinglePrecision) {
 TEST_F(ExcelPinchTest, ZoomingInShowsTheLastFrameAboutTheSheetsMiddle) {
     const auto view = pinchedView(1900, 3700, 2.0);
     const Frame picture = paint(*view);
-    // The sheet's middle is at 100, 300 on the screen; half of the screen about it.
+    // The sheet's middle is at (100, 300) on the screen; half of the screen is
+    // taken around it.
     for (int row = 0; row < 480; row += 5) {
         for (int column = 0; column < 320; ++column) {
             ASSERT_EQ(picture.at(column, row), before(*view, 20 + column / 2, 180 + row / 2));
@@ -116,7 +117,7 @@ TEST_F(ExcelPinchTest, ZoomingOutShowsTheLastFrameInTheMiddle) {
 }
 
 TEST_F(ExcelPinchTest, ZoomingOutNearTheStartShiftsTowardsIt) {
-    // Half of the shrunk view, 80 x 120, reaches past the edges by 50 x 20.
+    // Half of the shrunk view, 80 x 120, extends beyond the edges by 50 x 20.
     const auto view = pinchedView(30, 100, 0.5);
     const Frame picture = paint(*view);
     EXPECT_EQ(picture.at(80 - 25 - 1, 240), BLACK);
@@ -126,7 +127,7 @@ TEST_F(ExcelPinchTest, ZoomingOutNearTheStartShiftsTowardsIt) {
 }
 
 TEST_F(ExcelPinchTest, ZoomingOutNearTheEndShiftsTowardsIt) {
-    // 4000 - 3650 - 320 = 30 and 8000 - 7420 - 480 = 100 are left.
+    // 4000 - 3650 - 320 = 30 and 8000 - 7420 - 480 = 100 remain.
     const auto view = pinchedView(3650, 7420, 0.5);
     const Frame picture = paint(*view);
     EXPECT_EQ(picture.at(80 + 25 - 1, 240), BLACK);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A module that does not take a surface, as one without a descriptor left.
+// A module that refuses a surface, for example without a free descriptor.
 #include "tests/unit/excel/ExcelTest.h"
 
 namespace {

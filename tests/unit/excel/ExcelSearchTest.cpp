@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Search, the steps from hit to hit, and their mark.
+// Search, the steps from hit to hit, and the current hit's mark.
 #include "tests/unit/excel/ExcelTest.h"
 
 namespace {

@@ -71,7 +71,7 @@ TEST_F(ExcelSheetsTest, ShortTitlesLeaveTheirRoomToOthers) {
 
 TEST_F(ExcelSheetsTest, TitlesAreCutAtAWholeCharacter) {
     std::vector<std::u16string> titles(20, u"A");
-    titles[0] = std::u16string(2000, u'\u20ac'); // 6000 bytes, of which 2046 stay
+    titles[0] = std::u16string(2000, u'\u20ac'); // 6000 bytes, of which 2046 are kept
     const std::string list = openWithTitles(titles)->getSheetList();
     EXPECT_EQ(list.find("\", \"listitem\":\"1\""), 19U + 2046U) << list;
 }

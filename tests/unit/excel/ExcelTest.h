@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-// Views on the fake module, each test with a queue and segments of its own.
+// Tests of views on the fake module; each test has its own queue and segments.
 //
-// A new view has the zoom 2: cells are 80 x 40 pixels, row headers 60 wide,
-// column headers 30 high, and the sheet has 4000 x 8000 pixels.
+// A new view has zoom 2: cells are 80 x 40 pixels, row headers 60 pixels wide,
+// column headers 30 pixels high, and the sheet has 4000 x 8000 pixels.
 #pragma once
 
 #include "channel/ServiceQueue.h"
@@ -53,14 +53,14 @@ protected:
     static std::unique_ptr<TestExcel> makeView(int width = 320, int height = 480, unsigned int store = 0) {
         return std::make_unique<TestExcel>(width, height, 0, store);
     }
-    // With the calls of the opening forgotten.
+    // A view of an opened file; the calls of the opening are cleared.
     static std::unique_ptr<TestExcel> openView(int width = 320, int height = 480) {
         auto view = makeView(width, height);
         EXPECT_EQ(view->openFile("/d/book.xls", nullptr), 0);
         fakeSheet().calls.clear();
         return view;
     }
-    // One whose file did not open.
+    // A view whose file did not open.
     static std::unique_ptr<TestExcel> failedView() {
         auto view = makeView();
         EXPECT_EQ(view->openFile("/d/code-8.xls", "x"), 8);
@@ -87,7 +87,7 @@ protected:
         return r;
     }
 
-    // A translucent colour over a pixel.
+    // Blends a translucent colour over a pixel.
     static uint32_t blended(uint32_t pixel, uint32_t colour) {
         const uint32_t alpha = colour >> 24;
         uint32_t result = pixel & 0xFF000000;
@@ -98,11 +98,11 @@ protected:
         }
         return result;
     }
-    // What is seen where there is no sheet: document pixels.
+    // The background beyond the sheet, at a document pixel.
     static uint32_t ground(int x, int y) { return (x >> 4 & 1) == (y >> 4 & 1) ? 0xFFFEDCBA : 0xFFABCDEF; }
-    static constexpr uint32_t CORNER_BOX = 0xFFFEFEFE; // white as the fill makes it
+    static constexpr uint32_t CORNER_BOX = 0xFFFEFEFE; // white as a fill leaves it
 
-    // A screen pixel of a view whose window covers it.
+    // A screen pixel of a view whose window of cells covers it.
     static uint32_t sheetPixel(const TestExcel& view, int column, int row) {
         const int x = view.mScroll.x + column - ROW_HEADER_WIDTH;
         const int y = view.mScroll.y + row - COLUMN_HEADER_HEIGHT;

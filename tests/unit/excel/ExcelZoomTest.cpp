@@ -23,7 +23,7 @@ TEST_F(ExcelZoomTest, TappedPointComesToTheMiddleOfTheCells) {
     // ratio 1.625: 1.625 * (1000 + 200 - 60) - 0.5 * (320 - 97.5), and so on
     EXPECT_EQ(view->mScroll, CpPoint(1741, 3196));
     EXPECT_EQ(view->corner(), CpPoint(97, 48));
-    // Where it is seen now: in the middle of what the headers leave free.
+    // Its new place: the middle of the area beside the headers.
     EXPECT_NEAR(1140 * 1.625 - view->mScroll.x + 97, 97 + (320 - 97) / 2, 1.0);
     EXPECT_NEAR(2100 * 1.625 - view->mScroll.y + 48, 48 + (480 - 48) / 2, 1.0);
 }

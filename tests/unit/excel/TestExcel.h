@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A spreadsheet view whose inside the tests can see and set.
+// A spreadsheet view whose members tests can read and set.
 #pragma once
 
 #include "excel/Excel.h"
@@ -49,7 +49,7 @@ public:
     int width() const { return mWidth; }
     int height() const { return mHeight; }
 
-    // Comes to rest at a document pixel.
+    // Stops the view at a document pixel.
     void restAt(int x, int y) {
         mScroll.set(x, y);
         recenterDocument();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A caller of services, on a connection of its own.
+// A caller of services with its own connection.
 #pragma once
 
 #include "hub/GLibHolders.h"
@@ -9,12 +9,12 @@
 #include <optional>
 #include <string>
 
-// Runs the default main context until the condition, which the context's
-// sources make true, holds; false when it does not within ten seconds.
+// Runs the default main context until the condition holds, which the context's
+// sources make true. Returns false after ten seconds.
 bool runUntil(const std::function<bool()>& condition);
 
-// What came back from a call: the text (of another type than string, its
-// printed form), or the name of a D-Bus error and the error's text.
+// The result of a call: the reply's text (printed if it is not a string), or
+// the name and the text of a D-Bus error.
 struct Answer {
     std::string error;
     std::string text;
@@ -23,7 +23,7 @@ struct Answer {
 };
 std::ostream& operator<<(std::ostream& stream, const Answer& answer);
 
-// A call on its way. Stays where it is until it is answered.
+// A pending call. It must not be moved until it is answered.
 class PendingCall {
 public:
     PendingCall(GDBusConnection* connection, const char* service, const char* path, const char* interface,
@@ -33,7 +33,7 @@ public:
     ~PendingCall();
 
     bool isAnswered() const { return mAnswer.has_value(); }
-    // Runs the default main context until the answer is there.
+    // Runs the default main context until the answer has come.
     Answer wait();
 
 private:
@@ -45,12 +45,12 @@ private:
 
 class BusClient {
 public:
-    // The connection is null when the bus can't be reached.
+    // The connection is null when the bus cannot be reached.
     explicit BusClient(const std::string& address);
 
     GDBusConnection* connection() const { return mConnection.get(); }
 
-    // parameters is a floating tuple, taken over.
+    // `parameters` is a floating tuple, which is consumed.
     Answer call(const char* service, const char* path, const char* interface, const char* method,
                 GVariant* parameters) const;
     // Makes this client the owner of a name.

@@ -27,7 +27,7 @@ protected:
         return call("raw", "");
     }
 
-    // Calls without asking for a reply.
+    // Makes a call that requests no reply.
     void post(const char* method) const {
         const hub::ObjectPtr<GDBusMessage> message(
             g_dbus_message_new_method_call(SERVICE, "/events", INTERFACE, method));
@@ -76,8 +76,8 @@ TEST_F(Call, ReplyOfARefusingHandlerStands) {
 }
 
 TEST_F(Call, CallersThatAskedForNoReplyGetNothing) {
-    // Counted on GDBus's own thread. The bus keeps the order: whatever is sent
-    // for a posted call is here before the answer to the call after it.
+    // Counted on GDBus's own thread. The bus preserves the order, so everything
+    // sent for a posted call has arrived before the answer to the next call.
     std::atomic<int> received = 0;
     const guint filter = g_dbus_connection_add_filter(
         mClient.connection(),

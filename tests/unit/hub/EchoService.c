@@ -17,7 +17,7 @@ static bool last(HubHandle* handle, HubMessage* message, void* data) {
     return echo(handle, message, data);
 }
 
-/* Nothing left the loop in time: whoever waits for this process learns so. */
+/* The loop was not left in time; the exit status tells the waiting test. */
 static gboolean giveUp(gpointer data) {
     (void)data;
     _exit(2);

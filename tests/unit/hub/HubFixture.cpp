@@ -77,7 +77,7 @@ HubFixture::HubFixture() : mClient(mBus.address()), mLoop(g_main_loop_new(nullpt
 
 HubFixture::~HubFixture() {
     mBus.stop();
-    // The service's connection outlives the test; its loss is dealt with here.
+    // The service's connection outlives the test, so handle its loss here.
     while (g_main_context_iteration(nullptr, FALSE)) {
     }
     g_main_loop_unref(mLoop);

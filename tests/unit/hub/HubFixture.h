@@ -15,7 +15,7 @@ inline constexpr const char* SERVICE = "com.kestrel.hubtest";
 inline constexpr const char* NO_REPLY = "org.freedesktop.DBus.Error.NoReply";
 inline constexpr const char* UNKNOWN_METHOD = "org.freedesktop.DBus.Error.UnknownMethod";
 
-// A HubError that releases itself.
+// A HubError that is released on destruction.
 class ErrorHolder {
 public:
     ErrorHolder() { HubErrorInit(&mError); }
@@ -31,8 +31,8 @@ private:
     HubError mError{};
 };
 
-// What the handlers of the running test saw, and what "raw" is to reply.
-// Handlers get no data of their own, hence the one global record.
+// Record of the handlers' calls in the running test, and the reply of "raw".
+// Global, because handlers receive no user data.
 struct Record {
     std::vector<std::string> payloads;
     std::string rawReply;
@@ -54,7 +54,7 @@ protected:
 
     // Registers the service with "/events" and "/common".
     void registerService();
-    // registerService, and the name is taken.
+    // Calls registerService and takes the name.
     void attachService();
 
     Answer call(const char* method, const std::string& payload) const;

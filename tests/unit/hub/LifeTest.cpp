@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Services that start and end: by activation, with the loop, with the bus.
+// Start and end of services: activation, the main loop, the loss of the bus.
 #include "tests/unit/hub/HubFixture.h"
 
 #include <sys/prctl.h>
@@ -23,8 +23,8 @@ protected:
                             g_variant_new("()"))
                       .error,
                   "");
-        // What outlives the daemon becomes this process's child, which can wait
-        // for it and see how it ended.
+        // Processes that outlive the daemon become children of this one, which
+        // can wait for them and read their status.
         ASSERT_EQ(prctl(PR_SET_CHILD_SUBREAPER, 1), 0);
     }
 
@@ -70,7 +70,7 @@ TEST_F(Waiting, CallsBeforeTheLoopRunsAreServedWhenItRuns) {
     PendingCall first(mClient.connection(), SERVICE, "/events", INTERFACE, "echo", g_variant_new("(s)", "1"));
     PendingCall second(mClient.connection(), SERVICE, "/events", INTERFACE, "echo",
                        g_variant_new("(s)", "2"));
-    // An answer of the bus to a later call: the calls before it are delivered.
+    // The bus answers a later call after the calls before it were delivered.
     const hub::VariantPtr ordered(g_dbus_connection_call_sync(
         mClient.connection(), "org.freedesktop.DBus", "/", "org.freedesktop.DBus", "GetId",
         g_variant_new("()"), nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr));
@@ -82,7 +82,7 @@ TEST_F(Waiting, CallsBeforeTheLoopRunsAreServedWhenItRuns) {
 
 class Loss : public HubFixture {
 protected:
-    // Runs the service's loop; false when nothing quits it within ten seconds.
+    // Runs the service's loop; returns false when nothing quits it within ten seconds.
     bool runLoop() const {
         const guint guard = g_timeout_add_seconds(
             10,
@@ -114,7 +114,7 @@ TEST_F(Loss, BusGoneBeforeAttachingIsAnError) {
     EXPECT_NE(mError.text().find("can't take the name"), std::string::npos) << mError.text();
 }
 
-// Takes the bus away while its call is served, and replies then.
+// Stopped during a call of the service, which then replies.
 PrivateBus* gBusToStop;
 
 bool replyWithoutABus(HubHandle* handle, HubMessage* message, void*) {

@@ -13,7 +13,7 @@
 
 namespace {
 
-// Blocks until the daemon has printed its address, so that it can be reached;
+// Waits until the daemon has printed its address and can be reached; returns
 // false when it ended instead.
 bool waitForLine(int fd) {
     char byte = 0;

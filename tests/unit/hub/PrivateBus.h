@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A message bus of a test's own.
+// A message bus for one test.
 #pragma once
 
 #include <sys/types.h>
@@ -19,13 +19,13 @@ public:
     bool isRunning() const { return mDaemon > 0; }
     std::string address() const { return "unix:path=" + mFolder + "/bus"; }
 
-    // Lets the bus start a program when the name is called.
+    // Makes the bus start a program when the name is called.
     void addService(const std::string& name, const std::string& program) const;
 
-    // Makes this process, and what it starts, take the bus for the session's.
+    // Makes the bus the session bus of this process and of those that it starts.
     void becomeSessionBus() const;
 
-    // Ends the daemon under its users.
+    // Ends the daemon while it is in use.
     void stop();
 
 private:

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The functions of each module in the order of its table, written down once
-// more and independently of the tables' own lists.
+// The functions of each module in the order of its table, listed again
+// independently of the tables' own lists.
 #pragma once
 
 inline constexpr const char* WORD_FUNCTIONS[] = {
@@ -42,7 +42,7 @@ inline constexpr const char* WORD_FUNCTIONS[] = {
     "wtg_word_count",
 };
 
-// The marks of comments and the last one stand out of order.
+// The marks of comments and the last one are out of order.
 inline constexpr const char* SHEET_FUNCTIONS[] = {
     "stg_autofit_column",
     "stg_cell_bounds",

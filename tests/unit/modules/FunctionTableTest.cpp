@@ -43,7 +43,7 @@ struct Slides {
     static constexpr auto STOP_FIND = &SSTGFunc::sstg_stop_find;
 };
 
-// The members in memory order.
+// The table's members in memory order.
 template<typename Table>
 std::vector<void*> addresses(const Table& table) {
     std::vector<void*> members(sizeof(Table) / sizeof(void*));
@@ -77,7 +77,7 @@ TYPED_TEST(FunctionTable, IsAPlainRecordOfOnePointerForEachFunction) {
 }
 
 TYPED_TEST(FunctionTable, StartsOutNull) {
-    // On memory that is not, so that nulls must have been written.
+    // On memory that is not zero, so that nulls must have been written.
     alignas(typename TypeParam::Table) unsigned char memory[sizeof(typename TypeParam::Table)];
     std::memset(memory, 0xA5, sizeof memory);
     const auto* table = new (memory) typename TypeParam::Table();
@@ -119,7 +119,7 @@ TYPED_TEST(FunctionTable, FilledAgainKeepsItsAddressesAndTakesASecondReference) 
     EXPECT_EQ((table.*TypeParam::STOP_FIND)(nullptr), 0);
     dlclose(second);
     EXPECT_FALSE(isLoaded(TypeParam::FILE));
-    EXPECT_EQ(addresses(table), before); // stale, but never taken back
+    EXPECT_EQ(addresses(table), before); // outdated, but never reset
 }
 
 TYPED_TEST(FunctionTable, IsUsableAgainAfterItsModuleWasUnloaded) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Modules that cannot be used end the process; a process of its own shows it.
+// Modules that cannot be used end the process, so each is loaded in a child process.
 #include "FunctionNames.h"
 
 #include <fcntl.h>
@@ -31,7 +31,7 @@ const Kind KINDS[] = {
 };
 
 struct Outcome {
-    int status; // of the exit; -1 when a signal ended it
+    int status; // exit status; -1 when a signal ended it
     std::string output;
     std::string errors;
 };
@@ -52,7 +52,7 @@ protected:
 
     fs::path modules() const { return mDirectory / "modules"; }
 
-    // Fills a table in a process that looks for modules in modules().
+    // Fills a table in a process that searches modules() for modules.
     Outcome load(const Kind& kind) const {
         std::string path = "LD_LIBRARY_PATH=" + modules().string();
         std::string program = LOADER_PROGRAM;
@@ -78,8 +78,8 @@ protected:
         return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, contents(output), contents(errors)};
     }
 
-    // A copy of the complete module in which one function bears another name,
-    // which takes it out of the module's symbols.
+    // A copy of the complete module in which one function has another name, so
+    // that its symbol is missing.
     void writeModuleWithout(const Kind& kind, const std::string& name) const {
         std::string module = contents(fs::path(MODULE_DIR) / kind.file);
         const std::string entry = '\0' + name + '\0';
@@ -105,8 +105,8 @@ TEST_F(Loading, FindsACompleteModuleAlongTheSearchPath) {
     }
 }
 
-// What is not called need not be there, and a null address that the loader does
-// not call an error is taken as it is.
+// Functions that are not called may be undefined, and a null address that the
+// loader does not report as an error is accepted.
 TEST_F(Loading, BindsLazilyAndAcceptsANullAddress) {
     fs::copy(fs::path(UNBOUND_MODULE_DIR) / KINDS[2].file, modules());
     const Outcome outcome = load(KINDS[2]);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// docs/modules.md against the headers, and the module that it shows.
+// docs/modules.md compared with the headers, and the module that it shows.
 #include "FunctionNames.h"
 #include "modules/SSTGFunc.h"
 #include "modules/STGFunc.h"
@@ -20,7 +20,7 @@ namespace {
 
 constexpr char GUIDE[] = "docs/modules.md";
 
-// Sorted, so that one named twice shows.
+// Sorted, so that duplicates show.
 std::vector<std::string> functionsIn(const std::string& heading) {
     std::vector<std::string> names;
     for (const markdown::Row& row : markdown::table(GUIDE, heading, "Function").rows) {
@@ -81,8 +81,7 @@ TEST(ModuleGuide, ShowsTheModuleThatIsCompiled) {
 
 constexpr uint16_t PATH[] = {'/', 'd', 0};
 
-// The module as a program gets it that was started with its folder as the
-// loader's search path.
+// The module as loaded by a program whose loader search path is the module's folder.
 class ShownModule : public testing::Test {
 protected:
     void SetUp() override { handle = module.SetFunctionPointers(); }

@@ -16,7 +16,8 @@ std::atomic<int> gDestroyed{0};
 
 struct Counted {
     Counted() {
-        // Long enough for the others to arrive while it is being made.
+        // Takes long enough for the other threads to arrive during the
+        // construction.
         for (int i = 0; i < 1000; i++) {
             std::this_thread::yield();
         }

@@ -5,8 +5,8 @@
 #include <cstdlib>
 #include <string>
 
-// Modules are looked for along LD_LIBRARY_PATH, which the loader reads when a
-// process starts: puts the empty modules there and starts over.
+// Modules are searched along LD_LIBRARY_PATH, which the loader reads at the start
+// of a process. So set it to the empty modules' folder and restart the process.
 int main(int argc, char** argv) {
     const char* path = std::getenv("LD_LIBRARY_PATH");
     const std::string before = path == nullptr ? "" : path;

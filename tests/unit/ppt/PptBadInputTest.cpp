@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-// Decks and modules that are out of the ordinary: nothing of them may harm.
+// Unusual decks and misbehaving modules do no harm.
 #include "tests/unit/ppt/PptTest.h"
 
 namespace {
 
 class PptBadInputTest : public PptTest {
 protected:
-    // Everything a client can ask for.
+    // Makes every request that a client can make.
     static void exercise(TestPpt& view) {
         for (const int slide : {INT_MIN, -1, 0, 1, INT_MAX}) {
             view.jumpToSlide(slide);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Devices held on their side or upside down.
+// Devices held sideways or upside down.
 #include "tests/unit/ppt/PptTest.h"
 
 #include <algorithm>
@@ -10,14 +10,14 @@ namespace {
 
 class PptFitWideTest : public PptTest {
 protected:
-    // The frame's index of a pixel of the source, which is w * h pixels.
+    // The frame's index of a pixel of the source, which has w * h pixels.
     using Formula = std::function<long(long x, long y, long w, long h)>;
 
-    // Paints in a mode and compares every pixel, those beyond the frame included.
+    // Paints in a mode and compares every pixel, including those beyond the frame.
     static void expectTurned(const char* mode, int width, int height, const Formula& formula) {
         const auto view = openView(width, height);
         view->setFitWideMode(mode);
-        view->mScroll.set(7, 9); // plays no part
+        view->mScroll.set(7, 9); // has no effect
         Frame expected(width, height);
         expected.fill(BLACK);
         const int right = std::min(height, view->mSurface->Width());

@@ -106,7 +106,7 @@ TEST_F(PptLayoutTest, DoubleTapStepsZoomAboutTheTappedPoint) {
 }
 
 TEST_F(PptLayoutTest, SurfaceNeverTakesMoreThan64MiB) {
-    const auto view = openView(1920, 1200); // fits at 3: 4 times that is 7680 x 5760
+    const auto view = openView(1920, 1200); // fits at zoom 3; 4 times that is 7680 x 5760
     view->handleGestureStart(1.0, 0.0);
     view->handleGestureChange(100.0, 0.0);
     paint(*view);

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-// What is seen and asked for while two fingers are down.
+// The picture and the requests while two fingers are down.
 #include "tests/unit/ppt/PptTest.h"
 
 namespace {
 
 class PptPinchTest : public PptTest {
 protected:
-    // A view painted at a zoom and place, with a pinch at a scale on it.
+    // A view painted at a zoom and position, with a pinch at a scale.
     static std::unique_ptr<TestPpt> pinchedView(double zoom, int x, int y, double scale, int width = 320,
                                                 int height = 480) {
         auto view = openView(width, height);
@@ -17,7 +17,7 @@ protected:
         calls();
         return view;
     }
-    // What the pinch shows must be the last frame scaled so.
+    // The pinch must show the last frame scaled from `from` to `to`.
     static void expectScaled(TestPpt& view, const CpRect& from, const CpRect& to) {
         Frame expected(view.width(), view.height());
         expected.fill(BLACK);
@@ -76,21 +76,21 @@ TEST_F(PptPinchTest, ZoomingInOnASlideInTheMiddleOfTheView) {
 
 TEST_F(PptPinchTest, ZoomingOutShrinksTowardsTheMiddleOfTheView) {
     const auto view = pinchedView(2.0, 400, 200, 0.75);
-    // 0.5 * 320 / 0.75 - 160 = 53 beyond the view's edges is still slide.
+    // 0.5 * 320 / 0.75 - 160 = 53 pixels beyond the view's edges are still slide.
     expectShrunk(*view, CpRect(40, 60, 280, 420));
     EXPECT_EQ(view->mGestureScroll, CpPoint(300 - 40, 150 - 60));
 }
 
 TEST_F(PptPinchTest, ZoomingOutKeepsToTheSlidesFirstEdges) {
     const auto view = pinchedView(2.0, 10, 20, 0.75);
-    // Short of (53.3 - 10) * 0.75 = 32.5 and (80 - 20) * 0.75 = 45.
+    // Too short by (53.3 - 10) * 0.75 = 32.5 and (80 - 20) * 0.75 = 45.
     expectShrunk(*view, CpRect(7, 15, 247, 375));
     EXPECT_EQ(view->mGestureScroll, CpPoint(0, 0)) << "7.5 - 7 cut, and 15 - 15";
 }
 
 TEST_F(PptPinchTest, ZoomingOutKeepsToTheSlidesLastEdges) {
     const auto view = pinchedView(2.0, 950, 470, 0.75);
-    // 1280 - 950 - 320 = 10 and 960 - 470 - 480 = 10 are left behind the view.
+    // 1280 - 950 - 320 = 10 and 960 - 470 - 480 = 10 remain after the view.
     expectShrunk(*view, CpRect(72, 112, 312, 472));
     EXPECT_EQ(view->mGestureScroll, CpPoint(640, 240)) << "712.5 - 72 cut, and 352.5 - 112";
 }
@@ -104,13 +104,13 @@ TEST_F(PptPinchTest, ZoomingOutOfASlideSmallerThanTheViewCentresIt) {
 
 TEST_F(PptPinchTest, ZoomingOutTreatsEachAxisByItself) {
     const auto view = pinchedView(1.0, 100, 0, 0.75); // 640 x 480 becomes 480 x 360
-    // Across: 640 * 0.75 covers the view. Down: it does not, and is centred.
+    // Horizontally 640 * 0.75 covers the view. Vertically it does not and is centred.
     expectShrunk(*view, CpRect(40, 60, 280, 420));
     EXPECT_EQ(view->mGestureScroll, CpPoint(75 - 40, -60));
 }
 
 TEST_F(PptPinchTest, ShrunkSlideExactlyAsLongAsTheViewIsNotSmaller) {
-    // 640 * 0.5 is 320: both edges push, and as far.
+    // 640 * 0.5 is 320: both edges shift it, by the same amount.
     const auto view = pinchedView(1.0, 160, 0, 0.5);
     Frame frame = paint(*view);
     EXPECT_EQ(view->mGestureScroll.x, 80 - 80);
@@ -158,7 +158,7 @@ TEST_F(PptPinchTest, RequestIsHeldToTheZoomLimits) {
 }
 
 TEST_F(PptPinchTest, NothingIsShownThatThereCanBeNoSurfaceFor) {
-    const auto view = pinchedView(12.0, 0, 0, 1.0, 1920, 1200); // held at 64 MiB from the start
+    const auto view = pinchedView(12.0, 0, 0, 1.0, 1920, 1200); // limited to 64 MiB from the start
     const double largest = view->mScale;
     ASSERT_LT(largest, 12.0);
     view->handleGestureChange(3.0, 0.0);
@@ -173,7 +173,7 @@ TEST_F(PptPinchTest, FirstFrameBeyondAllBoundsShowsTheLargestZoom) {
         const auto view = pinchedView(1.0, 0, 0, scale);
         paint(*view);
         view->handleGestureEnd(1.0, 0.0);
-        // 640 x 480 units in 64 MiB; not held to the limits, as first frames are not.
+        // 640 x 480 units in 64 MiB; a first frame is not held to the zoom limits.
         EXPECT_NEAR(view->mScale, std::sqrt((16 << 20) / (640.0 * 480)), 0.01) << scale;
     }
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The state record: what a view finds again when its document is opened anew.
+// The state record: the place that a view restores when its document is reopened.
 #include "tests/unit/ppt/PptTest.h"
 
 #include <sys/shm.h>
@@ -23,7 +23,7 @@ TEST_F(PptRecordTest, NewViewMakesASegmentAndSavesItsState) {
     const shmid_ds status = segmentStatus(view->dataStoreShmId());
     EXPECT_EQ(status.shm_segsz, 28U);
     EXPECT_EQ(status.shm_perm.mode & 0777, 0666);
-    // The key is made of "/tmp" and the view's address.
+    // The key is computed from "/tmp" and the view's address.
     const int project = static_cast<int>(reinterpret_cast<uintptr_t>(view.get()) & 0xFF);
     EXPECT_EQ(status.shm_perm.__key, ftok("/tmp", project));
     ASSERT_NE(view->mDataStore, nullptr);

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-// Pens, flicks, and going from slide to slide.
+// Pens, flicks, and changes of the slide.
 #include "tests/unit/ppt/PptTest.h"
 
 namespace {
 
 class PptScrollTest : public PptTest {
 protected:
-    // 1280 x 960 pixels of slide, so the view may go to (960, 480).
+    // The slide has 1280 x 960 pixels, so the view can go to (960, 480).
     static std::unique_ptr<TestPpt> zoomedView() {
         auto view = openView();
         view->zoomTo(2.0);
@@ -69,7 +69,7 @@ TEST_F(PptScrollTest, SlideInTheMiddleOfTheViewDoesNotGlide) {
     const TestClock clock;
     fakeSlides().width = 1280; // 320 x 120
     const auto view = openView();
-    view->zoomTo(0.2); // smaller than the view both ways
+    view->zoomTo(0.2); // smaller than the view in both directions
     paint(*view);
     view->handleFlick(300, 300);
     TestClock::advance(0.1);

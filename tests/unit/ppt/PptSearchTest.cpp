@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Search, the steps from hit to hit, and their mark.
+// Search, the steps from hit to hit, and the current hit's mark.
 #include "tests/unit/ppt/PptTest.h"
 
 namespace {
@@ -10,8 +10,8 @@ const std::string REGIONS_ASKED = "sstg_get_found_regions()";
 
 class PptSearchTest : public PptTest {
 protected:
-    // A deck whose slides have hits at these heights, in slide units. A hit is
-    // 60 x 20 units at 100, so 30 x 10 pixels at 50 on a fitting surface.
+    // A deck whose slides have hits at these heights, in slide units. A hit is 60
+    // x 20 units at x = 100, so 30 x 10 pixels at x = 50 on a fitting surface.
     static std::unique_ptr<TestPpt> openWithHits(const std::vector<std::vector<int>>& heights,
                                                  int width = 320, int height = 480) {
         fakeSlides().slides.resize(heights.size());
@@ -25,7 +25,7 @@ protected:
     static std::string render(int slide, const std::string& size = "320, 240") {
         return "sstg_render_slide(" + std::to_string(slide) + ", 0, " + size + ")";
     }
-    // The slide shown and the height of its marked hit in slide units.
+    // The current slide, and the height of its marked hit in slide units.
     static std::pair<int, int> marked(const TestPpt& view) {
         const sstg_find_region* region = view.currentRegion();
         return {view.mCurrentSlide, region != nullptr
@@ -83,7 +83,7 @@ TEST_F(PptSearchTest, HitOutsideTheViewIsBroughtIntoIt) {
     EXPECT_GE(view->mScroll.x + 320, hit.x + hit.width);
     EXPECT_LE(view->mScroll.y, hit.y);
     EXPECT_GE(view->mScroll.y + 200, hit.y + hit.height);
-    // x: 1230 > 960, so 1230 - 120 - 160; y: the flag leaves the lower third alone.
+    // x: 1230 > 960, so 1230 - 120 - 160. y: the flag disables the lower third's shift.
     EXPECT_EQ(view->mScroll.x, hit.x + hit.width / 2 - 120 - 160);
     EXPECT_EQ(view->mScroll.y, hit.y + hit.height / 2 - 100);
 }
@@ -212,16 +212,17 @@ TEST_F(PptSearchTest, StepsBringTheHitIntoView) {
     view->zoomTo(2.0);
     view->mScroll.set(0, 700);
     view->doSearch("x");
-    // At (600, 800), 120 x 40, on 1280 x 960. With the flag the lower third is left.
+    // At (600, 800), 120 x 40, on 1280 x 960. With the flag the lower third is not
+    // shifted.
     ASSERT_EQ(marked(*view), Mark(0, 400));
     EXPECT_EQ(view->mScroll, CpPoint(660 - 160, 820 - 100));
     view->previousResult();
-    // At (600, 40): without the flag the upper third is left.
+    // At (600, 40). Without the flag the upper third is not shifted.
     EXPECT_EQ(view->mScroll, CpPoint(500, 60 - 100));
     view->mScroll.set(500, 500);
-    view->previousResult(); // around: without the flag the lower third is moved from
+    view->previousResult(); // wraps around; without the flag the lower third is shifted
     EXPECT_EQ(view->mScroll, CpPoint(500, 820 - (75 - 45) - 100));
-    view->nextResult(); // around: with it the upper
+    view->nextResult(); // wraps around; with the flag the upper third is shifted
     EXPECT_EQ(view->mScroll, CpPoint(500, 60 + 75 - 100));
 }
 

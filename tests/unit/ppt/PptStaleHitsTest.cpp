@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A search while the client shows other slides or sizes, or the module fails.
+// A search while the client shows other slides or sizes, or while the module fails.
 #include "tests/unit/ppt/PptTest.h"
 
 namespace {
@@ -8,7 +8,8 @@ const std::string REGIONS_ASKED = "sstg_get_found_regions()";
 
 class PptStaleHitsTest : public PptTest {
 protected:
-    // Hits at 100 on slides 0 and 2, a second one at 300 on slide 0. The first is current.
+    // Hits at 100 on slides 0 and 2, and a second one at 300 on slide 0. The
+    // first one is current.
     static std::unique_ptr<TestPpt> searchedView() {
         fakeSlides().slides.resize(4);
         fakeSlides().slides[0].hits = {{{100, 100, 60, 20}}, {{100, 300, 60, 20}}};
@@ -183,7 +184,7 @@ TEST_F(PptStaleHitsTest, HugeRectanglesAreSurvived) {
     fakeSlides().slides[0].hits = {{{INT_MAX, INT_MAX, INT_MAX, INT_MAX}},
                                    {{INT_MIN, INT_MIN, INT_MAX, INT_MAX}},
                                    {{-5, -5, 10000, 10000}}};
-    fakeSlides().width = 1; // so that units are pixels and more
+    fakeSlides().width = 1; // so that a unit is at least a pixel
     fakeSlides().height = 1;
     const auto view = openView();
     view->doSearch("x");

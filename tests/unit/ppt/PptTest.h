@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-// Views on the fake module, each test with a queue and segments of its own.
+// Tests of views on the fake module; each test has its own queue and segments.
 //
-// Slides have 640 x 480 units, the view 320 x 480 pixels: the zoom that fits is
-// 0.5, and the surface then 320 x 240 pixels.
+// Slides have 640 x 480 units, the view 320 x 480 pixels. So the fitting zoom
+// is 0.5, and the surface then has 320 x 240 pixels.
 #pragma once
 
 #include "channel/ServiceQueue.h"
@@ -48,7 +48,7 @@ protected:
     static std::unique_ptr<TestPpt> makeView(int width = 320, int height = 480, unsigned int store = 0) {
         return std::make_unique<TestPpt>(width, height, 0, store);
     }
-    // With the calls of the opening forgotten.
+    // A view of an opened file; the calls of the opening are cleared.
     static std::unique_ptr<TestPpt> openView(int width = 320, int height = 480) {
         auto view = makeView(width, height);
         EXPECT_EQ(view->openFile("/d/deck.ppt", nullptr), 0);
@@ -59,7 +59,7 @@ protected:
         fakeSlides().slides.resize(slides);
         return openView(width, height);
     }
-    // One whose file did not open.
+    // A view whose file did not open.
     static std::unique_ptr<TestPpt> failedView() {
         auto view = makeView();
         EXPECT_EQ(view->openFile("/d/code-8.ppt", "x"), 8);
@@ -68,7 +68,7 @@ protected:
     }
     static std::vector<std::string> calls() { return fakeSlides().takeCalls(); }
 
-    // The records that wait for a view's client, as "id value"; they are gone then.
+    // Takes the records for a view's client, as "id value".
     static std::vector<std::string> notifications(const TestPpt& view) {
         const int queue = msgget(ftok("/tmp", DocAdapterMessageQueue::PROJECT_ID), 0);
         ServerClientMessage message;
@@ -90,7 +90,7 @@ protected:
     static CpPoint surfaceSize(const TestPpt& view) {
         return {view.mSurface->Width(), view.mSurface->Height()};
     }
-    // What a view pixel shows in an upright paint, without marks.
+    // The value of a view pixel in an upright paint without marks.
     static uint32_t slidePixel(const TestPpt& view, int column, int row) {
         const int x = column + view.mScroll.x;
         const int y = row + view.mScroll.y;

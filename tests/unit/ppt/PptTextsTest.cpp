@@ -59,7 +59,7 @@ TEST_F(PptTextsTest, LongTitleCutsTheListInsideTheNumber) {
 }
 
 TEST_F(PptTextsTest, ListIsCutAtAWholeCharacterAndEndsThere) {
-    // 19 bytes lead, so 109 are left for characters of three.
+    // 19 bytes come first, so 109 remain for characters of three bytes.
     const auto view = openWithTitles({std::u16string(50, u'\u20AC')});
     const std::string list = view->getSlideList();
     EXPECT_EQ(list.size(), 19U + 36 * 3);

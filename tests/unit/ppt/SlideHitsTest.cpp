@@ -42,13 +42,15 @@ TEST(SlideHits, FindTheFirstAtOrAboveTheKey) {
 }
 
 TEST(SlideHits, StepsAreTheAgreedOnes) {
-    // A key that both neighbours have ends at the later one, by the first step.
+    // For a key that both neighbours have, the first step ends at the later one.
     EXPECT_EQ(slideAtOrAbove(5, {1, 5, 5, 5, 9}), 2);
-    // Entry 0 is never looked at: with two entries and the key at the first, the second.
+    // Entry 0 is never examined: with two entries and the first one's key the
+    // result is the second.
     EXPECT_EQ(slideAtOrAbove(4, {4, 8}), 1);
     EXPECT_EQ(slideAtOrAbove(3, {4, 8}), 0);
     EXPECT_EQ(slideAtOrAbove(2, {2, 5, 7}), 1);
-    // Out of order: an entry with the key, after a greater one, leads to the right.
+    // Out of order: an entry that has the key and follows a greater one leads
+    // to the right.
     EXPECT_EQ(regionAtOrAbove(5, {9, 9, 5, 7}), 3);
 }
 

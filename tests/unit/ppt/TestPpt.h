@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A presentation view whose inside the tests can see and set.
+// A presentation view whose members tests can read and set.
 #pragma once
 
 #include "ppt/PPT.h"
@@ -39,7 +39,7 @@ public:
     int width() const { return mWidth; }
     int height() const { return mHeight; }
 
-    // The slide at a zoom, as after a pinch to it.
+    // Sets the slide's zoom, as after a pinch.
     void zoomTo(double scale) {
         mScale = scale;
         resizeDocument();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Memory for destinations with room before and behind, all of it noise, so that
-// every stray write shows when two arenas are compared whole.
+// Memory for destinations with noise before and after them, so that a
+// comparison of two arenas shows every stray write.
 #pragma once
 
 #include <cstddef>

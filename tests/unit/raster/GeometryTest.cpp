@@ -110,7 +110,7 @@ TEST(Rect, SizesStopAtTheEndsOfInt) {
     EXPECT_EQ(r.Width(), INT_MAX);
     EXPECT_EQ(r.Height(), INT_MIN);
     EXPECT_EQ(r.MidPoint().x, INT_MAX / 2);
-    EXPECT_EQ(r.Area(), INT_MIN); // INT_MAX * INT_MIN, wrapped
+    EXPECT_EQ(r.Area(), INT_MIN); // INT_MAX * INT_MIN overflows to this
 }
 
 TEST(Rect, ContainsLooksAtTheColumnsOfARectangleOnly) {

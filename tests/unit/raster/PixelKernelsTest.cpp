@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Each set of kernels that this processor runs, not just the one it would use.
+// Tests every set of kernels that this processor supports, not only the default one.
 #include "raster/PixelKernels.h"
 
 #include "Arena.h"
@@ -26,7 +26,7 @@ std::vector<NamedKernels> runnableKernels() {
     return all;
 }
 
-constexpr size_t LONGEST = 200; // pixels; several registers and a rest
+constexpr size_t LONGEST = 200; // pixels; several registers and a remainder
 
 class Kernels : public testing::TestWithParam<NamedKernels> {
 protected:
@@ -89,7 +89,8 @@ TEST_P(Kernels, PickNothingBeyondTheLastColumn) {
             for (size_t i = 0; i < count; i++) {
                 columns[i] = static_cast<int>(3 + step * static_cast<double>(i));
             }
-            // Not one pixel more than is picked, for the address sanitizer to watch.
+            // Ends at the last pixel used, so that the address sanitizer
+            // detects reads beyond it.
             const std::vector<uint32_t> source(mSource.begin(), mSource.begin() + columns.back() + 1);
             mKernels.pick(source.data(), columns.data(), mOurs.start(), count);
             for (size_t i = 0; i < count; i++) {
@@ -110,9 +111,9 @@ TEST_P(Kernels, BlendEveryLength) {
     }
 }
 
-// Each alpha with each value of a channel over each old value: the three
-// channels go through the values at different places, so that one that leaks
-// into its neighbour shows.
+// Every alpha with every value of a channel over every old value. The three
+// channels have the values at different places, so that a leak into the
+// neighbour shows.
 TEST_P(Kernels, BlendEveryAlphaAndChannelOverEveryOldValue) {
     std::vector<uint32_t> old(256);
     for (uint32_t v = 0; v < 256; v++) {

@@ -24,7 +24,7 @@ std::set<long> changed(const CpPixmap& pixmap, long count) {
     return indices;
 }
 
-// Area and spare pixels of an owning pixmap.
+// The area and the spare pixels of an owning pixmap.
 long allPixels(const CpPixmap& pixmap) {
     return long{pixmap.Area()} + std::max(pixmap.Width(), pixmap.Height()) + 1;
 }
@@ -176,7 +176,7 @@ TEST(HorizontalLine, OutsideOrWithoutLengthDrawsNothing) {
     pixmap.DrawHorizontalAlphaLine(1, 4, 3, HALF_RED);
     pixmap.DrawHorizontalAlphaLine(1, -5, -1, HALF_RED);
     pixmap.DrawHorizontalAlphaLine(1, 10, 12, HALF_RED);
-    pixmap.DrawHorizontalAlphaLine(1, 8, 9, HALF_RED); // past the height already
+    pixmap.DrawHorizontalAlphaLine(1, 8, 9, HALF_RED); // already beyond the height
     EXPECT_TRUE(changed(pixmap, allPixels(pixmap)).empty());
 }
 

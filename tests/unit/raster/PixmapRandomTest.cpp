@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Every operation against the plain loops, on thousands of rectangles that hang
-// off the pixmap on every side, with the whole of the memory compared.
+// Every operation compared with the plain loops, on thousands of rectangles
+// that extend beyond the pixmap on all sides. Compares the whole memory.
 #include "Arena.h"
 #include "PlainLoops.h"
 #include "raster/CpPixmap.h"
@@ -21,7 +21,7 @@ protected:
     int number(int low, int high) {
         return low + static_cast<int>(mEngine() % static_cast<unsigned>(high - low + 1));
     }
-    // Mostly rectangles that overlap, some empty or inverted.
+    // Mostly overlapping rectangles, some of them empty or inverted.
     CpRect rectAround(int width, int height) {
         const CpRect r(number(-OVERHANG, width), number(-OVERHANG, height), number(0, width + OVERHANG),
                        number(0, height + OVERHANG));
@@ -33,7 +33,7 @@ protected:
     std::vector<uint32_t> mSource = noise(MAX_SIDE * (MAX_SIDE + 2), 2);
 };
 
-// Copies of one pixmap by both ways into equal arenas.
+// Copies a pixmap with both implementations into equal arenas.
 class RandomCopy : public RandomCase {
 protected:
     void expectSame(const std::string& what) {
@@ -122,7 +122,7 @@ TEST_F(RandomCopy, ScalesSmallSourcesFarToTheRightAsThePlainLoopsDo) {
     }
 }
 
-// Fills of a pixmap that wraps an arena, or owns its memory.
+// Fills a pixmap that wraps an arena or owns its memory.
 class RandomFill : public RandomCase {
 protected:
     void fillBoth(CpPixmap& pixmap, const plain::Canvas& canvas) {

@@ -53,8 +53,8 @@ TEST(Pixmap, WithoutASizeHasNoPixels) {
 }
 
 TEST(Pixmap, WithASizeBeyondIntHasNoPixels) {
-    EXPECT_EQ(CpPixmap(65536, 65536).Pixels(), nullptr); // wraps to 0
-    EXPECT_EQ(CpPixmap(65536, 65537).Pixels(), nullptr); // wraps to 65536
+    EXPECT_EQ(CpPixmap(65536, 65536).Pixels(), nullptr); // overflows to 0
+    EXPECT_EQ(CpPixmap(65536, 65537).Pixels(), nullptr); // overflows to 65536
     EXPECT_EQ(CpPixmap(INT_MAX, INT_MAX).Pixels(), nullptr);
     EXPECT_EQ(CpPixmap(CpRect(INT_MIN, INT_MIN, INT_MAX, INT_MAX)).Pixels(), nullptr);
 }
@@ -180,7 +180,7 @@ TEST(ScaleCopyToFit, OfASourceOutsideThePixmapReadsNothingOutside) {
 }
 
 // 3 pixels drawn 3017 wide: in single precision the running sum passes the
-// source's right edge, and on the last row there is nothing behind it.
+// source's right edge, and the last row has nothing after it.
 TEST(ScaleCopyToFit, StopsAtTheLastPixelWhenTheSumPassesTheEdge) {
     const Numbered pixmap(16673, 1);
     Pixels dst(3017, UNTOUCHED);
@@ -204,8 +204,8 @@ TEST(ScaleCopyToFit, ToATargetFarBeyondTheImageFillsTheImage) {
     EXPECT_EQ(dst, Pixels(50, 0));
     dst.assign(50, UNTOUCHED);
     pixmap.ScaleCopyToFit(pixmap, dst.data(), CpRect(-(1 << 19), -(1 << 19), 1 << 19, 1 << 19), 10, 5);
-    // Of each row the first pixels of the target come to rest in the image: the
-    // last row that has them there wins.
+    // The first pixels of each target row land inside the image; the last row
+    // that lands there wins.
     EXPECT_EQ(std::count(dst.begin(), dst.end(), UNTOUCHED), 0);
 }
 
@@ -238,7 +238,7 @@ TEST(CopyBitsTwice, GivesBothTheOverlapWhereTheWholeRectangleWouldHaveIt) {
 }
 
 TEST(Covers, OnlyWhatLiesInsideFromEdgeToEdge) {
-    const CpPixmap pixmap(CpRect(50, 60, 60, 65)); // its place plays no part
+    const CpPixmap pixmap(CpRect(50, 60, 60, 65)); // its position has no effect
     EXPECT_TRUE(pixmap.Covers(CpRect(0, 0, 10, 5)));
     EXPECT_TRUE(pixmap.Covers(CpRect(3, 1, 4, 2)));
     EXPECT_FALSE(pixmap.Covers(CpRect(-1, 0, 9, 5)));
@@ -284,7 +284,7 @@ INSTANTIATE_TEST_SUITE_P(Whichever, NoPixels,
                          testing::Values(CpRect(0, 0, 2, 2), CpRect(), CpRect(2, 2, 0, 0),
                                          CpRect(INT_MIN, INT_MIN, INT_MAX, INT_MAX)));
 
-// Rectangles that keep nothing must not move the destination pointer either.
+// Rectangles that clip everything must not move the destination pointer either.
 TEST(Copies, OfNothingWriteNothing) {
     const Numbered pixmap(4, 4);
     for (const CpRect& s : {CpRect(), CpRect(3, 3, 1, 1), CpRect(4, 0, 9, 4), CpRect(-9, 0, 0, 4),

@@ -6,7 +6,7 @@
 namespace plain {
 namespace {
 
-// Calls write(x, y) for every pixel of s that the image has.
+// Calls write(x, y) for every pixel of s inside the image.
 template<typename Write>
 void forEachPixel(const Image& image, const CpRect& s, Write write) {
     const int right = std::min(s.Right(), image.width);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// The raster operations as one loop over rows and one over columns, straight
-// from their definitions: what the tests compare with and the benchmark
-// measures against.
+// The raster operations as one loop over rows and one over columns, directly
+// from their definitions. Tests compare with them, and the benchmark measures
+// against them.
 #pragma once
 
 #include "raster/CpRect.h"
@@ -16,7 +16,7 @@ struct Image {
     int height;
 };
 
-// `reachable` pixels from the first one may be changed; others are passed over.
+// Only `reachable` pixels from the first one may be changed; others are skipped.
 struct Canvas {
     uint32_t* pixels;
     int width;

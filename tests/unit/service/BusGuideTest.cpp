@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// docs/bus.md against the method tables, and against what the methods answer.
+// docs/bus.md compared with the method tables and with the methods' replies.
 #include "tests/guides/BusGuide.h"
 
 #include "ServiceTest.h"
@@ -14,8 +14,8 @@ std::string paramFailed(const std::string& text) {
     return formatErrorJsonObject(PARAM_FAILED, text.c_str());
 }
 
-// A payload of all these parameters but one. The values fit every kind, and name
-// a document that does not exist.
+// A payload of all these parameters except one. The values are valid for every
+// kind and name a document that does not exist.
 std::string payloadWithout(const std::vector<std::string>& parameters, size_t left) {
     std::string members;
     for (size_t i = 0; i < parameters.size(); ++i) {
@@ -83,7 +83,7 @@ TEST_F(BusGuideTest, NothingMoreIsRequired) {
 TEST_F(BusGuideTest, TellsWhetherThePaintIsAskedForBeforeTheReplyOrAfterIt) {
     for (const GuideMethod& method : busGuide()) {
         if (method.category != "/common" && method.category != "/events") {
-            continue; // the others need views of their kinds
+            continue; // the other categories need views of their kinds
         }
         if (method.name == "create" || method.reply.empty()) {
             continue;

@@ -7,8 +7,8 @@
 
 #include <string>
 
-// A client's frame-buffer segment, attached by the client too. Gone afterwards.
-// As a client should, it takes none of identifier 0, which counts as no segment.
+// A client's frame-buffer segment, attached by the client too, and removed on
+// destruction. As a client should, it does not use identifier 0, which means no segment.
 class ClientFrame {
 public:
     explicit ClientFrame(int size) : ClientFrame(size, make(size)) {}
@@ -37,7 +37,7 @@ public:
         if (segment != 0) {
             return segment;
         }
-        shmctl(segment, IPC_RMID, nullptr); // the next one is another
+        shmctl(segment, IPC_RMID, nullptr); // the next segment has another identifier
         return make(size);
     }
 
@@ -47,14 +47,14 @@ private:
     unsigned char* mBytes;
 };
 
-// Tests that open documents through the bus, in the fake word module.
+// Tests that open documents in the fake word module through the bus.
 class ClientSideTest : public ServiceTest {
 protected:
     static constexpr int WIDTH = 320;
     static constexpr int HEIGHT = 480;
     static constexpr int SIZE = WIDTH * HEIGHT * 4;
 
-    // The payload of a "create", without its braces.
+    // The payload of a "create" without its braces.
     static std::string payloadOf(const std::string& fileName, const ClientFrame& frame, int width = WIDTH,
                                  int height = HEIGHT, const std::string& dataStore = "0") {
         return R"("filename": ")" + fileName + R"(", "width": )" + std::to_string(width) + R"(, "height": )" +
@@ -67,7 +67,7 @@ protected:
     std::optional<std::string> create(const std::string& fileName, const ClientFrame& frame) {
         return create(payloadOf(fileName, frame));
     }
-    // A "create" that is answered as one that made this document.
+    // Calls "create" and expects the reply to name this document.
     void expectCreated(int docid, const std::string& members) {
         const auto reply = create(members);
         ASSERT_TRUE(DocumentExists(static_cast<unsigned int>(docid)));
@@ -76,7 +76,7 @@ protected:
     void expectCreated(int docid, const std::string& fileName, const ClientFrame& frame) {
         expectCreated(docid, payloadOf(fileName, frame));
     }
-    // Sends no reply, ever.
+    // "destroy" never sends a reply.
     void destroy(int docid) {
         EXPECT_EQ(call("/events", "destroy", R"({"docid": )" + std::to_string(docid) + "}"), std::nullopt);
     }

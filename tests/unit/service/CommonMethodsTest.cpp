@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The category "/common": what is called, answered and sent, and in which order.
+// The category "/common": calls of views, replies and records, and their order.
 #include "ServiceTest.h"
 
 namespace {
@@ -25,7 +25,7 @@ protected:
         methods.emplace_back("Search");
         return methods;
     }
-    // A payload with all that any of the methods takes.
+    // A payload with the parameters of all methods.
     static constexpr char COMPLETE[] = R"({"docid": 0, "search": "x"})";
 };
 

@@ -30,7 +30,7 @@ protected:
         ClientSideTest::SetUp();
         fakeWord().reset();
     }
-    // An answer that leaves nothing behind, and the reason told for it.
+    // Expects an error reply with the reason, and nothing left behind.
     void expectRefused(const std::string& members, const std::string& reply, const std::string& reason,
                        const ClientFrame& frame) {
         CaptureStderr();
@@ -41,7 +41,7 @@ protected:
         EXPECT_EQ(waiting(), 0U);
         EXPECT_EQ(fakeWord().openDocuments, 0);
     }
-    // Documents of another kind: opened by its module, whose control this is.
+    // Opens documents of another kind with the module of this control.
     template<class Control>
     void expectOwnView(Control& control, const std::string& name, const std::string& call,
                        const std::string& second, int kind) {
@@ -186,7 +186,7 @@ TEST_F(CreateTest, EveryCallOnADocumentThatDidNotOpenIsSurvived) {
 }
 
 TEST_F(CreateTest, AViewWithoutADataStoreTakesNobodysSegmentDown) {
-    // The first segment of a fresh namespace is number 0, which no data store has.
+    // The first segment in a new namespace has number 0, which no data store has.
     ASSERT_EQ(unshare(CLONE_NEWIPC), 0);
     ASSERT_EQ(g_msgQueue.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID), 0);
     const ClientFrame other(SIZE, shmget(IPC_PRIVATE, SIZE, IPC_CREAT | 0600));

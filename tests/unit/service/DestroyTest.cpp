@@ -66,7 +66,7 @@ TEST_F(DestroyTest, DetachesTheFrameAndEmptiesTheRecord) {
 }
 
 TEST_F(DestroyTest, ASegmentNumberedZeroIsNeverDetached) {
-    // The first segment of a fresh namespace has the number.
+    // The first segment in a new namespace has this number.
     ASSERT_EQ(unshare(CLONE_NEWIPC), 0);
     ASSERT_EQ(g_msgQueue.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID), 0);
     const ClientFrame frame(SIZE, shmget(IPC_PRIVATE, SIZE, IPC_CREAT | 0600));
@@ -114,7 +114,7 @@ TEST_F(DestroyTest, UnknownDocumentsAreNoMatterAndNotAnswered) {
 }
 
 TEST_F(DestroyTest, EmptySlotsGoWhateverWasToBeDestroyed) {
-    gDocuments.resize(3); // nothing but empty ones
+    gDocuments.resize(3); // only empty entries
     destroy(42);
     EXPECT_THAT(gDocuments, IsEmpty());
 }

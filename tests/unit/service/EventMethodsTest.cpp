@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The category "/events", but for opening and closing.
+// The category "/events" without opening and closing.
 #include "ServiceTest.h"
 
 namespace {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The category "/excel" on real views with a fake module: what is called,
-// answered and sent, and in which order.
+// The category "/excel" on real views with a fake module: calls of views,
+// replies and records, and their order.
 #include "ServiceTest.h"
 #include "excel/Excel.h"
 #include "tests/fakes/sheet/FakeSheetModule.h"
@@ -29,7 +29,7 @@ protected:
         ServiceTest::SetUp();
         fakeSheet().reset();
     }
-    // Opens a workbook; its docid.
+    // Opens a workbook; returns its docid.
     static int addBook(size_t sheets, const char* path = "/d/book.xls") {
         fakeSheet().sheets.resize(sheets);
         Documents record;
@@ -40,14 +40,14 @@ protected:
         return static_cast<int>(gDocuments.size()) - 1;
     }
     static OfficeBase& book(size_t docid = 0) { return *gDocuments.at(docid).view; }
-    // Selects the columns from x = 0 to 120 by a stroke.
+    // Selects columns by a stroke from x = 0 to 120.
     static void selectColumns() {
         book().handlePenDown(61, 10);
         book().handlePenUp(180, 10);
         takeMessages(static_cast<long>(book().dataStoreShmId()));
         fakeSheet().calls.clear();
     }
-    // What a call does, in order: "message ID VALUE" and "reply TEXT".
+    // The effects of a call in order: "message ID VALUE" and "reply TEXT".
     std::vector<std::string> traceOf(const std::string& method,
                                      const std::string& payload = R"({"docid": 0})", size_t docid = 0) {
         std::vector<std::string> steps;
@@ -78,7 +78,7 @@ protected:
         return call("/excel", method,
                     R"({"column": "/none/at/all", "mode": "on", "sheet": 0, "docid": )" + docid + "}");
     }
-    // A pixel of the cells as a paint shows it.
+    // A pixel of the cells as painted.
     static unsigned int paintedCell() {
         std::vector<unsigned int> frame(320 * 480, 0);
         book().setDirty();
@@ -164,7 +164,7 @@ TEST_F(ExcelMethodsTest, CommandsBeforeAnySelectionAreAnswered) {
 
 TEST_F(ExcelMethodsTest, HidingHoldsTheViewsMutex) {
     addBook(1);
-    // Until the next view binds the module again.
+    // Kept until the next view loads the module again.
     static std::vector<int> locked;
     locked.clear();
     const auto note = [](void*, int32_t, int32_t, int32_t) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// docs/formats.md against the records as they are compiled.
+// docs/formats.md compared with the compiled records.
 #include "channel/DocAdapterCommon.h"
 #include "tests/guides/Markdown.h"
 #include "view/StateRecord.h"
@@ -32,7 +32,7 @@ std::map<long, std::string> numbersOf(const std::string& heading, const std::str
     return numbers;
 }
 
-// Where bytes of a record differ from another's, in its text.
+// The bytes at which two records' texts differ.
 template<typename Record>
 Place changed(const Record& before, const Record& after) {
     const auto* a = reinterpret_cast<const unsigned char*>(&before) + sizeof(long);
@@ -48,14 +48,14 @@ Place changed(const Record& before, const Record& after) {
     return {first, end - first};
 }
 
-// The place of a field in the text, which begins behind the type.
+// The place of a field in the text, which begins after the type.
 #define IN_TEXT(record, field) Place(offsetof(record, field) - sizeof(long), sizeof(record::field))
 
 Place placeOfReal(bool second) {
     ClientServerMessage zeros;
     zeros.setReals(0, 0);
     ClientServerMessage ones = zeros;
-    const double everyByte = -3.7206620809969886e-103; // AA in each
+    const double everyByte = -3.7206620809969886e-103; // all its bytes are AA
     ones.setReals(second ? 0 : everyByte, second ? everyByte : 0);
     return changed(zeros, ones);
 }

@@ -31,7 +31,7 @@ protected:
         shmctl(static_cast<int>(id), IPC_STAT, &status);
         return status.shm_nattch;
     }
-    // Why a frame is refused; empty when it is not.
+    // The reason for which a frame is refused; empty when it is accepted.
     std::string problemOf(unsigned int shmid, int width, int height, int size) {
         const char* problem = nullptr;
         const auto frame = FrameBuffer::attach(shmid, width, height, size, problem);
@@ -116,13 +116,13 @@ TEST_F(FrameBufferTest, TheFrameMustFitIntoTheSize) {
     EXPECT_EQ(problemOf(id, 10, 10, 399), "frame larger than size");
     EXPECT_EQ(problemOf(id, 10, 10, 0), "frame larger than size");
     EXPECT_EQ(problemOf(id, 10, 10, -1), "frame larger than size");
-    // 1 GiB: its bytes fit into 32 bits only just, and this many more do not.
+    // 1 GiB: its size in bytes just fits into 32 bits.
     EXPECT_EQ(problemOf(id, 16384, 16384, INT_MAX), "size larger than the segment");
     EXPECT_EQ(problemOf(id, 16384, 16384, (1 << 30) - 1), "frame larger than size");
 }
 
 TEST_F(FrameBufferTest, TheSizeMustFitIntoTheSegmentAsItReallyIs) {
-    const unsigned int id = segment(1000); // a whole page is attached all the same
+    const unsigned int id = segment(1000); // whole pages are attached
     EXPECT_EQ(problemOf(id, 1, 1, 1000), "");
     EXPECT_EQ(problemOf(id, 1, 1, 1001), "size larger than the segment");
 }
@@ -154,8 +154,8 @@ TEST_F(FrameBufferTest, WritesBesideTheFrameLandInMemoryOfTheService) {
     shmdt(client);
 }
 
-// The rotating copies at full size, into a segment with no byte to spare: the
-// client sees what the frame is to be, and nothing beside it is touched.
+// The rotating copies at full size into a segment without a spare byte: the
+// client sees the right frame, and nothing beside it is written.
 TEST_F(FrameBufferTest, TurnedPicturesOfAnyShapeStayOutOfOthersMemory) {
     const std::pair<int, int> shapes[] = {{32, 32}, {64, 16}, {16, 64}, {1, 1024}, {1024, 1}};
     for (const auto& [width, height] : shapes) {
@@ -165,7 +165,7 @@ TEST_F(FrameBufferTest, TurnedPicturesOfAnyShapeStayOutOfOthersMemory) {
         const auto neighbour = FrameBuffer::attach(before, 32, 32, 4096, problem);
         const auto frame = FrameBuffer::attach(id, width, height, 4096, problem);
         ASSERT_TRUE(frame && neighbour);
-        // The picture of a turned view: as wide as the view is high.
+        // The picture of a turned view: its width is the view's height.
         CpPixmap picture(height, width);
         for (int i = 0; i < width * height; ++i) {
             picture.Pixels()[i] = 0xFF000000U + static_cast<unsigned int>(i);

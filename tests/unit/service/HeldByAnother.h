@@ -6,7 +6,7 @@
 #include <future>
 #include <thread>
 
-// A mutex that another thread holds while this lives.
+// Holds a mutex in another thread during its lifetime.
 class HeldByAnother {
 public:
     explicit HeldByAnother(pthread_mutex_t* mutex)
@@ -28,5 +28,5 @@ public:
 private:
     std::promise<void> mHeld;
     std::promise<void> mReleased;
-    std::thread mThread; // last: it uses the others
+    std::thread mThread; // last, because it uses the other members
 };

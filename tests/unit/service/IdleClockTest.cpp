@@ -11,7 +11,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// A loop that only the check can end.
+// A loop that only the idle check can end.
 class IdleClockTest : public testing::Test {
 protected:
     void SetUp() override {
@@ -24,7 +24,7 @@ protected:
         systemCalls.now = 0;
         gLastActive = 0;
     }
-    // True when the check at this time quits the loop.
+    // Whether the check at this time quits the loop.
     static bool quitsAt(time_t now) {
         systemCalls.now = now;
         static bool cameAfter;

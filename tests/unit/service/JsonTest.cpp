@@ -63,7 +63,7 @@ TEST(JsonReaders, AMissingKeyGivesTheAbsentValue) {
 
 TEST(JsonReaders, NothingIsThereInWhatIsNoObject) {
     expectMissing(nullptr, "k");
-    expectMissing(reinterpret_cast<json_object*>(-5L), "k"); // how old json-c tells an error
+    expectMissing(reinterpret_cast<json_object*>(-5L), "k"); // an error value of old json-c
     for (const char* text : {"[1, 2]", "\"k\"", "3", "true"}) {
         const JsonObject object(json_tokener_parse(text));
         expectMissing(object.get(), "k");

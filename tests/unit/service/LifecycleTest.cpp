@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Start-up and its failures, and the orderly stop. A process each: what starts
-// here changes its signals and its threads.
+// The start, its failures, and the normal stop. Each test is a process, because
+// the service changes its signals and threads.
 #include "LifecycleTest.h"
 
 #include "channel/QueueOwner.h"
@@ -79,7 +79,7 @@ TEST_F(LifecycleTest, TheStopWaitsForTheWorkerAndLeavesDocumentsAlone) {
     auto& view = static_cast<RecordingView&>(*gDocuments[0].view);
     view.onCall = [] {
         called = true;
-        // The third line would be the service's last.
+        // A third line would be the last one of the service.
         for (int wait = 0; wait < 50 && lines < 3; ++wait) {
             std::this_thread::sleep_for(std::chrono::milliseconds(1));
         }
@@ -100,7 +100,7 @@ TEST_F(LifecycleTest, TheStopWaitsForTheWorkerAndLeavesDocumentsAlone) {
     gDocuments.clear();
 }
 
-// A module that counts how often it is told of the stop.
+// A module that counts how often it is told to stop.
 class ModuleTellingTest : public LifecycleTest {
 protected:
     void SetUp() override {
@@ -123,7 +123,7 @@ protected:
 TEST_F(ModuleTellingTest, ASigtermReachesModulesWhileTheMainThreadIsBusy) {
     inLoop([](void*) -> gboolean {
         raise(SIGTERM);
-        while (stops() == before) { // as a call into the module that this is to cut short
+        while (stops() == before) { // like a call into the module that the stop must shorten
             sched_yield();
         }
         return G_SOURCE_REMOVE;
@@ -221,14 +221,14 @@ TEST_F(LifecycleTest, AFailedBusCallEndsTheStartAtThatStep) {
         EXPECT_EQ(gLastActive, 77) << "the clock is set later";
         EXPECT_EQ(GetCapturedStderr(), "error from Hub call: the bus said no\n");
         EXPECT_EQ(fakeHub.requests, std::vector(START.begin(), START.begin() + static_cast<long>(step) + 1));
-        // The worker, who makes the queue, is started before the last step only.
+        // The worker, which creates the queue, starts only before the last step.
         EXPECT_EQ(queueExists(), START[step] == "attach");
         EXPECT_THAT(systemCalls.takeLog(), ElementsAre("<6> Starting LecternServer"));
     }
 }
 
 TEST_F(LifecycleTest, AThreadThatCannotBeMadeEndsTheStart) {
-    // The first is that of the signals, the second the worker.
+    // The first thread is the one for signals, the second the worker.
     for (const int thread : {0, 1}) {
         fakeHub.reset();
         systemCalls.threadsUntilError = thread;

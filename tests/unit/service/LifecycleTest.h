@@ -9,8 +9,8 @@
 
 #include <csignal>
 
-// Tests with a whole service on the fake bus. A process each: what starts there
-// changes its signals and its threads.
+// Tests of a whole service on the fake bus. Each test is a process, because the
+// service changes its signals and threads.
 class LifecycleTest : public testing::Test {
 protected:
     void SetUp() override {
@@ -25,7 +25,7 @@ protected:
         g_msgQueue.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID);
         g_msgQueue.Remove();
     }
-    // Calls something from within the service's loop.
+    // Calls a function inside the service's loop.
     static void inLoop(GSourceFunc function) { g_idle_add(function, nullptr); }
     static bool queueExists() { return msgget(ftok("/tmp", DocAdapterMessageQueue::PROJECT_ID), 0) != -1; }
     static struct sigaction handlerOf(int number) {

@@ -12,7 +12,7 @@ TEST(StopModulesSoon, LoadsNoModule) {
 }
 
 TEST(StopModulesSoon, TellsLoadedModulesAndLeavesThemLoaded) {
-    void* words = dlopen("WordToGoModule.so", RTLD_LAZY); // has no say in it
+    void* words = dlopen("WordToGoModule.so", RTLD_LAZY); // it has no stop function
     void* sheets = dlopen("SheetToGoModule.so", RTLD_LAZY);
     ASSERT_NE(words, nullptr) << dlerror();
     ASSERT_NE(sheets, nullptr) << dlerror();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The category "/ppt" on real views with a fake module: what is called, answered
-// and sent, and in which order.
+// The category "/ppt" on real views with a fake module: calls of views, replies
+// and records, and their order.
 #include "ServiceTest.h"
 #include "ppt/PPT.h"
 #include "tests/fakes/slides/FakeSlideModule.h"
@@ -24,7 +24,7 @@ protected:
         ServiceTest::SetUp();
         fakeSlides().reset();
     }
-    // Opens a deck of slides; its docid.
+    // Opens a deck of slides; returns its docid.
     static int addDeck(size_t slides) {
         fakeSlides().slides.resize(slides);
         Documents record;
@@ -34,7 +34,7 @@ protected:
         fakeSlides().calls.clear();
         return static_cast<int>(gDocuments.size()) - 1;
     }
-    // What a call does, in order: "message ID VALUE" and "reply TEXT".
+    // The effects of a call in order: "message ID VALUE" and "reply TEXT".
     std::vector<std::string> traceOf(const std::string& method, const std::string& payload,
                                      size_t docid = 0) {
         std::vector<std::string> steps;

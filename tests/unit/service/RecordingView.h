@@ -7,10 +7,11 @@
 #include <string>
 #include <vector>
 
-// A view without a document that writes down what is called on it.
+// A view without a document that records the calls made to it.
 class RecordingView : public OfficeBase {
 public:
-    // "name(arguments)", followed by " locked" when the view's mutex was held.
+    // A call is recorded as "name(arguments)", with " locked" when the view's
+    // mutex was held.
     RecordingView(std::vector<std::string>& trace, unsigned int dataStoreShmId, doctype_t kind = _EXCEL)
         : OfficeBase(4, 4, 0, dataStoreShmId, kind), mTrace(trace) {}
     ~RecordingView() override { record("deleted"); }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Payloads that are none, and replies that the bus does not take.
+// Invalid payloads, and replies that the bus refuses.
 #include "ServiceTest.h"
 #include "service/BusCall.h"
 #include "service/IdleClock.h"
@@ -50,7 +50,7 @@ TEST_F(ReplyTest, TheIdleClockIsSetBeforeThePayloadIsRead) {
     fakeHub.onPayload = [&] {
         ++payloads;
         EXPECT_EQ(gLastActive, 5000);
-        gLastActive = 1; // the next call has to set it again
+        gLastActive = 1; // the next call must set it again
     };
     systemCalls.now = 5000;
     for (const auto& [category, methods] : fakeHub.categories) {
@@ -86,7 +86,7 @@ TEST_F(ReplyTest, TheIdleClockIsSetWhenACallBeginsAndWhenItEnds) {
     systemCalls.now = 1000;
     view(docid).onCall = [] {
         EXPECT_EQ(gLastActive, 1000);
-        systemCalls.now = 1040; // a long one
+        systemCalls.now = 1040; // a call that takes long
     };
     call("/common", "getDocProperties", R"({"docid": 0})");
     EXPECT_EQ(gLastActive, 1040);

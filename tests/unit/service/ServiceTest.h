@@ -24,8 +24,8 @@ inline constexpr char NO_PARAMETER_TEXT[] =
     R"({ "errorCode": "errParamFailed", "errorText": "failed to get required parameter" })";
 
 // A service without its main loop: the categories are registered with the fake
-// bus, the queue is open and empty, and there is no document. All of it is gone
-// afterwards, and so is every segment.
+// bus, the queue is open and empty, and there is no document. Everything,
+// including all segments, is removed at the end.
 class ServiceTest : public testing::Test {
 protected:
     void SetUp() override;
@@ -36,26 +36,27 @@ protected:
         return fakeHub.call(category, method, payload.c_str());
     }
 
-    // Puts a recording view into the registry; its docid. Its frame is frameOf(docid).
+    // Adds a recording view to the registry and returns its docid. Its frame is
+    // frameOf(docid).
     int addView(doctype_t kind = _EXCEL);
     RecordingView& view(int docid) { return static_cast<RecordingView&>(*gDocuments.at(index(docid)).view); }
     // The address of a recording view's messages.
     static long addressOf(int docid) { return 5000 + docid; }
     std::vector<unsigned int>& frameOf(int docid) { return *frames.at(index(docid)); }
 
-    // What waits for an addressee, and is taken.
+    // Takes the records that wait for an addressee.
     static std::vector<ServerClientMessage> takeMessages(long addressee);
     static unsigned long waiting();
-    // Adds to the trace what waits for a recording view, as "message ID".
+    // Adds the records that wait for a recording view to the trace, as "message ID".
     void traceMessages();
-    // Calls a method and gives the trace of it, replies as "reply TEXT".
+    // Calls a method and returns the trace of it, with replies as "reply TEXT".
     std::vector<std::string> traceOf(const std::string& category, const std::string& method,
                                      const std::string& payload);
 
     static int segments();
-    // Asked by its holder too.
+    // Whether the registry's mutex is held; its holder may ask too.
     static bool registryIsHeld();
-    // The same of a recording view's own mutex.
+    // The same for a recording view's own mutex.
     bool viewIsHeld(int docid) { return isHeld(view(docid).mutex()); }
 
     std::vector<std::string> trace;
@@ -68,7 +69,7 @@ private:
     std::vector<std::unique_ptr<std::vector<unsigned int>>> frames;
 };
 
-// Makes the registry's mutex fail to lock, as one that its own thread holds.
+// Makes locking the registry's mutex fail, as if its own thread held it.
 class StuckRegistry {
 public:
     StuckRegistry();

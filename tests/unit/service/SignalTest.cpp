@@ -6,11 +6,11 @@
 
 namespace {
 
-// What ends the process: the statuses are the signals' own.
+// Signals that end the process, with the signals' own wait status.
 class SignalDeathTest : public LifecycleTest {
 protected:
-    // Runs a service that gets a signal, in a process of its own, and ends with
-    // status 99 when it is still there.
+    // Runs a service that receives a signal, in a child process; it exits with
+    // 99 when it survives.
     static void runWith(
         int number, void (*send)(int) = [](int signal) { raise(signal); }) {
         static int signal;
@@ -25,7 +25,7 @@ protected:
         runService();
         _exit(99);
     }
-    // What the process writes, the log's lines included.
+    // The process's output, including log lines.
     static std::string lineFor(int number) {
         return "<7> LecternServer got signal: " + std::to_string(number) + "\n";
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A module that wants to know when the service is about to end, and nothing else.
+// A module that has only the function that is called before the service ends.
 #include "modules/ModuleTypes.h"
 
 #include <atomic>

@@ -8,7 +8,7 @@ using testing::internal::GetCapturedStderr;
 
 class WideModeTest : public ServiceTest {
 protected:
-    // What the worker would read next.
+    // The record that the worker would read next.
     ClientServerMessage next() {
         ClientServerMessage message;
         EXPECT_EQ(g_msgQueue.ReadMessage(message), 20);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the worker does with one record.
+// The worker's handling of single records.
 #include "ClientSide.h"
 #include "service/RenderWorker.h"
 #include "tests/fakes/word/FakeWordModule.h"
@@ -23,7 +23,7 @@ protected:
         message.y = y;
         return message;
     }
-    // Serves a record for the view; the trace of it.
+    // Handles a record for the view; returns the trace.
     std::vector<std::string> traceOf(const ClientServerMessage& message) {
         trace.clear();
         view(message.docid).mDirty = false;
@@ -126,7 +126,7 @@ TEST_F(WorkerDispatchTest, APaintFillsTheFrameAndThenAnswers) {
     EXPECT_TRUE(serveMessage(record(_PAINT, docid)));
     systemCalls.onSend = nullptr;
     view(docid).onCall = nullptr;
-    EXPECT_THAT(trace, ElementsAre("handlePaint", "SaveStateToDataStore")); // the first locks for itself
+    EXPECT_THAT(trace, ElementsAre("handlePaint", "SaveStateToDataStore")); // the first locks by itself
     EXPECT_EQ(frameOf(docid)[0], 0xFF123456U);
     EXPECT_EQ(*gDocuments[static_cast<size_t>(docid)].status, 1);
     EXPECT_FALSE(view(docid).mDirty);

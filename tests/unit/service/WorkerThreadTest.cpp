@@ -47,14 +47,14 @@ protected:
         message.x = x;
         ASSERT_EQ(client.SendMessage(message), 0);
     }
-    // Waits for the answer to a paint; its value.
+    // Waits for the answer to a paint; returns its value.
     int answer(int docid) {
         ServerClientMessage message;
         EXPECT_EQ(client.ReadMessage(docid + 101, message, DocAdapterMessageQueue::TIMEOUT_INFINITE), 12);
         EXPECT_EQ(message.id, _PAINT_DONE);
         return message.value;
     }
-    // The worker gets over reads that fail, which it reports.
+    // The worker survives failed reads and reports them.
     void expectThreeFailedReads(int error, const std::string& reason) {
         addView();
         systemCalls.slept = 0;
@@ -109,7 +109,7 @@ TEST_F(WorkerThreadTest, ARecordTakenUpIsFinishedBeforeItIsCancelled) {
     const int docid = addView();
     view(docid).onCall = [this] {
         ASSERT_EQ(pthread_cancel(worker), 0);
-        pthread_testcancel(); // must not count in here
+        pthread_testcancel(); // must have no effect here
     };
     start();
     post(_PEN_DOWN, 0);
@@ -147,7 +147,7 @@ TEST_F(WorkerThreadTest, EndsByItselfWhenAPaintCannotBeReported) {
     while (waiting() > 0) {
         sched_yield();
     }
-    // Nothing fits any more, though the queue is there and empty.
+    // Leaves no room in the existing, empty queue.
     const int id = msgget(ftok("/tmp", DocAdapterMessageQueue::PROJECT_ID), 0);
     msqid_ds status = {};
     msgctl(id, IPC_STAT, &status);
@@ -184,7 +184,7 @@ TEST_F(WorkerThreadTest, APaintWaitsForTheRegistryAndOvertakesInput) {
     addView();
     start();
     pthread_mutex_lock(&gDocumentsMutex);
-    post(_KEY_DOWN, 0, 1); // which the worker takes up
+    post(_KEY_DOWN, 0, 1); // taken by the worker
     while (waiting() > 0) {
         sched_yield();
     }
@@ -193,13 +193,13 @@ TEST_F(WorkerThreadTest, APaintWaitsForTheRegistryAndOvertakesInput) {
     }
     post(_PAINT, 0);
     view(0).onCall = [this] {
-        if (trace.size() == 2) { // the first of the moves: the answer has been sent
+        if (trace.size() == 2) { // the first move; the answer has been sent
             EXPECT_THAT(takeMessages(101), SizeIs(1));
         }
     };
     CaptureStderr();
     pthread_mutex_unlock(&gDocumentsMutex);
-    post(_WIDE_MODE, 0); // of a kind that has none: says so, after everything else
+    post(_WIDE_MODE, 0); // a kind without wide mode; reports that after everything else
     while (waiting() > 0) {
         sched_yield();
     }
@@ -234,7 +234,7 @@ TEST_F(WorkerThreadTest, AThousandMovesDuringOnePaintStopNobody) {
     pthread_mutex_unlock(&gDocumentsMutex);
     EXPECT_EQ(answer(0), 0);
     poster.join();
-    post(_KEY_UP, 0); // overtakes what is left of the moves
+    post(_KEY_UP, 0); // overtakes the remaining moves
     while (waiting() > 0) {
         sched_yield();
     }
@@ -242,7 +242,7 @@ TEST_F(WorkerThreadTest, AThousandMovesDuringOnePaintStopNobody) {
     EXPECT_EQ(answer(0), 0);
     pthread_cancel(worker);
     join();
-    // Whatever waited in memory when it ended: what was served came in order.
+    // Although records waited in memory at the end, those handled were in order.
     int next = 0;
     for (const std::string& call : trace) {
         if (call != "handleKeyUp(0, 0)") {

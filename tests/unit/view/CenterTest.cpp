@@ -18,7 +18,7 @@ bool sees(const CpPoint& scroll, int width, int height, const Edges& r) {
            r.top <= scroll.y + height && r.bottom <= scroll.y + height;
 }
 
-// The rule once more, in another shape: a shift for each axis.
+// The rule written in another form: a shift for each axis.
 CpPoint expectedScroll(CpPoint scroll, int width, int height, int docWidth, int docHeight, const Edges& r,
                        bool flag) {
     if (sees(scroll, width, height, r)) {
@@ -47,7 +47,7 @@ TEST(CenterAboutRect, LeavesAVisibleRectangleWhereItIs) {
     CpPixmap surface(1000, 2000);
     view.mDocPixmap = &surface;
     view.mScroll.set(100, 200);
-    view.CenterAboutRect(CpRect(100, 200, 420, 680), true); // exactly the view: its edges count
+    view.CenterAboutRect(CpRect(100, 200, 420, 680), true); // exactly the view; its edges are included
     EXPECT_EQ(view.mScroll.x, 100);
     EXPECT_EQ(view.mScroll.y, 200);
 }
@@ -70,7 +70,7 @@ TEST(CenterAboutRect, CentresPlainlyWhatTheShiftWouldHide) {
     ProbeView view(320, 480);
     CpPixmap surface(1000, 3000);
     view.mDocPixmap = &surface;
-    view.CenterAboutRect(CpRect(0, 1000, 300, 1020), true); // shifted, its left end would be cut off
+    view.CenterAboutRect(CpRect(0, 1000, 300, 1020), true); // when shifted, its left end would be cut off
     EXPECT_EQ(view.mScroll.x, 150 - 160);
     EXPECT_EQ(view.mScroll.y, 1010 - 240);
 }
@@ -86,7 +86,7 @@ TEST(CenterAboutRect, FollowsTheRuleForRandomRectangles) {
         const int docWidth = pick(0, 500);
         const int docHeight = pick(0, 900);
         ProbeView view(width, height);
-        // Wraps nothing: only its bounds are looked at.
+        // Wraps no memory; only its bounds are used.
         CpPixmap surface(nullptr, docWidth, docHeight);
         view.mDocPixmap = &surface;
         view.mScroll.set(pick(-50, 500), pick(-50, 900));

@@ -30,7 +30,7 @@ INSTANTIATE_TEST_SUITE_P(Inside, ClampPosition,
                                          ClampCase{0, 0, 100, 40, 0, 0, false},
                                          ClampCase{100, 40, 100, 40, 100, 40, false},
                                          ClampCase{0, 0, 0, 0, 0, 0, false}));
-// One axis alone is no edge: the glide goes on along the other.
+// The glide continues when only one axis is at an edge.
 INSTANTIATE_TEST_SUITE_P(OneAxis, ClampPosition,
                          testing::Values(ClampCase{-3, 10, 100, 40, 0, 10, false},
                                          ClampCase{101, 10, 100, 40, 100, 10, false},

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// A client's frame buffer with room before and behind it, where turned paints
-// may write and everything else must not.
+// A client's frame buffer with room before and after it, where only turned
+// paints may write.
 #pragma once
 
 #include <algorithm>
@@ -24,7 +24,7 @@ public:
     }
     size_t size() const { return mSize; }
     void fill(unsigned int colour) { std::fill_n(pixels(), mSize, colour); }
-    // Frame and slack alike.
+    // Compares the frame and the room around it.
     bool operator==(const Frame& other) const { return mMemory == other.mMemory; }
     bool isUntouched() const {
         return std::all_of(mMemory.begin(), mMemory.end(), [](unsigned int p) { return p == UNTOUCHED; });

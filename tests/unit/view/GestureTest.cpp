@@ -81,7 +81,7 @@ TEST_F(Gesture, EndTakesOverWhatTheLastFrameShowed) {
     view.mPenDown = true;
     view.mGestureAppliedScale = 2.0;
     view.mGestureScroll.set(-33, 444);
-    EXPECT_TRUE(view.handleGestureEnd(9.0, 9.0)); // its arguments do not count
+    EXPECT_TRUE(view.handleGestureEnd(9.0, 9.0)); // its arguments are ignored
     EXPECT_FALSE(view.mGestureActive);
     EXPECT_FALSE(view.mPenDown);
     EXPECT_EQ(view.mScale, 3.0);

@@ -88,7 +88,7 @@ TEST_F(Input, DocumentFollowsThePen) {
     view.handlePenDown(10, 10);
     EXPECT_TRUE(view.handlePenMove(4, 25));
     expectScroll(106, 185);
-    EXPECT_TRUE(view.handlePenMove(12, 8)); // from where it went down, not from the move before
+    EXPECT_TRUE(view.handlePenMove(12, 8)); // from the pen down, not from the previous move
     expectScroll(98, 202);
     EXPECT_TRUE(view.handlePenUp(0, 0));
     expectScroll(110, 210);
@@ -176,14 +176,14 @@ TEST_F(Input, StoppedGlideIsRememberedUntilTheNextClick) {
     view.handleFlick(0, -862);
     view.handlePenDown(5, 5);
     view.handlePenUp(5, 5);
-    view.handlePenDown(9, 9); // nothing to stop any more
+    view.handlePenDown(9, 9); // nothing left to stop
     EXPECT_TRUE(view.handleClick(9, 9));
     view.handlePenUp(9, 9);
     view.handlePenDown(9, 9);
     EXPECT_FALSE(view.handleClick(9, 9));
 }
 
-// The worker and the bus handlers hold the view's mutex, which does not nest.
+// The worker and the bus handlers hold the view's mutex, which is not recursive.
 TEST_F(Input, PensAndClicksLeaveTheLockToTheirCallers) {
     ASSERT_EQ(pthread_mutex_trylock(view.mutex()), 0);
     EXPECT_TRUE(view.handlePenDown(5, 5));
@@ -337,7 +337,7 @@ TEST_F(Input, DoubleTapSurvivesPositionsAtTheEndsOfInt) {
     expectScroll(INT_MAX, INT_MIN);
 }
 
-// During a pinch nothing else counts.
+// A pinch makes the view ignore all other input.
 TEST_F(Input, PinchFreezesPensClicksAndFlicks) {
     view.handlePenDown(10, 10);
     view.handleGestureStart(1.0, 0.0);
@@ -366,7 +366,7 @@ TEST_F(Input, PenDownDuringAPinchStillStopsAGlide) {
     EXPECT_FALSE(view.mScroller.isMoving());
     EXPECT_TRUE(view.mTapStoppedScroll);
     EXPECT_FALSE(view.mPenDown);
-    // The tap is used up after the pinch; a click in it does not count.
+    // The pinch uses up the tap, so a click in it has no effect.
     EXPECT_TRUE(view.handleClick(3, 3));
     EXPECT_TRUE(view.mTapStoppedScroll);
 }

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Tests that make segments and queues, each in an IPC namespace that is as
-// fresh as after boot.
+// Tests that create segments and queues, each in a new IPC namespace as after boot.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -17,7 +16,7 @@ protected:
         shmctl(0, SHM_INFO, reinterpret_cast<shmid_ds*>(&info));
         return info.used_ids;
     }
-    // What the segment's status says; an empty one when there is no segment.
+    // The segment's status; empty when there is no segment.
     static shmid_ds segmentStatus(unsigned int id) {
         shmid_ds status{};
         return shmctl(static_cast<int>(id), IPC_STAT, &status) == 0 ? status : shmid_ds{};
@@ -25,7 +24,8 @@ protected:
     static unsigned int makeSegment(size_t size, int mode = 0666) {
         return static_cast<unsigned int>(shmget(IPC_PRIVATE, size, IPC_CREAT | mode));
     }
-    // A segment as a client keeps it from an earlier view: above all reserved identifiers.
+    // A segment that a client has kept from an earlier view; its identifier is
+    // above the reserved ones.
     static unsigned int makeClientSegment(size_t size) {
         unsigned int id = makeSegment(size);
         while (id < 4096) {

@@ -89,7 +89,7 @@ TEST_F(SmoothScroll, LateTickLandsOnTheFinalPoint) {
 TEST_F(SmoothScroll, EndsAtTheVeryInstantOfRest) {
     NewtonianMotion vertical;
     vertical.Initialize(0.0, 0.0, 431.0, 22.0);
-    clock.advance(-1000.0); // to 0, where the sum below is exact
+    clock.advance(-1000.0); // to 0, where the following sum is exact
     scroll.Setup(0, 0, 0, -862);
     clock.advance(vertical.duration());
     EXPECT_TRUE(scroll.tick(x, y));

@@ -5,9 +5,9 @@
 
 #include <cstdio>
 
-// Segments and queues of the tests live in namespaces of their own and go with
-// the process. Who is not root needs a user namespace to make one, and must
-// enter it before there are threads.
+// Segments and queues of the tests are in new namespaces and are removed with
+// the process. Without root this needs a user namespace, which must be entered
+// before there are threads.
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     if (geteuid() != 0 && unshare(CLONE_NEWUSER) != 0) {

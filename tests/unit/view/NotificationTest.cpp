@@ -8,7 +8,7 @@
 
 namespace {
 
-// A view whose notifications a client reads from a real queue.
+// A view whose notifications are read by a client from a real queue.
 class Notifications : public IpcTest {
 protected:
     void SetUp() override {
@@ -20,9 +20,9 @@ protected:
     }
     void TearDown() override { EXPECT_EQ(g_msgQueue.Remove(), 0); }
 
-    // The next notification for the view; false when there is none.
+    // Reads the next notification for the view; returns false when there is none.
     bool next(ServerClientMessage& message) {
-        testing::internal::CaptureStderr(); // an empty queue is told there
+        testing::internal::CaptureStderr(); // reading an empty queue prints a message
         const bool any = client.ReadMessage(static_cast<long>(view.dataStoreShmId()), message, 0) == 12;
         testing::internal::GetCapturedStderr();
         return any;
@@ -88,7 +88,7 @@ TEST_F(Notifications, AViewWithoutASegmentSendsNothing) {
     ClientServerMessage wrong;
     ASSERT_EQ(client.SendMessage(ClientServerMessage(_PEN_MOVE, 42)), 0);
     EXPECT_EQ(g_msgQueue.ReadMessage(wrong), 20);
-    EXPECT_EQ(wrong.docid, 42); // and not a notification that went astray
+    EXPECT_EQ(wrong.docid, 42); // not a misdirected notification
 }
 
 TEST_F(Notifications, FlickAsksForOnePaint) {
@@ -110,7 +110,7 @@ TEST_F(Notifications, EveryStepOfAGlideAsksForTheNextPaint) {
     EXPECT_TRUE(view.tick());
     EXPECT_EQ(countInvalidations(), 1);
     clock.advance(5.0);
-    EXPECT_FALSE(view.tick()); // the last step is shown too
+    EXPECT_FALSE(view.tick()); // the last step is shown as well
     EXPECT_EQ(countInvalidations(), 1);
     EXPECT_FALSE(view.tick());
     EXPECT_EQ(countInvalidations(), 0);

@@ -9,7 +9,7 @@
 
 #include <vector>
 
-// The ids of the records that wait for a view's client; they are gone then.
+// Takes the records for a view's client and returns their ids.
 inline std::vector<int> takeNotifications(const OfficeBase& view) {
     const int queue = msgget(ftok("/tmp", DocAdapterMessageQueue::PROJECT_ID), 0);
     ServerClientMessage message;

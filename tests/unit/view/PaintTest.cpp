@@ -21,7 +21,7 @@ using testing::Not;
 
 constexpr unsigned int BLACK = 0xFF000000U;
 
-// A 40x60 view of a document of 100x150 whose surface starts at (10, 500).
+// A 40x60 view of a 100x150 document whose surface starts at (10, 500).
 class Paint : public testing::Test {
 protected:
     void SetUp() override {
@@ -30,7 +30,7 @@ protected:
         view.mScroll.set(15, 507);
         view.mOffscreenDirty = false;
     }
-    // What the view must show: the surface, and black around it.
+    // A pixel that the view must show: the surface, and black around it.
     unsigned int expected(int x, int y) const {
         const int sx = view.mScroll.x - 10 + x;
         const int sy = view.mScroll.y - 500 + y;
@@ -102,7 +102,7 @@ TEST_F(Paint, GoesThroughItsStepsInOrderWithTheViewLocked) {
     EXPECT_THAT(view.calls, ElementsAre("handlePaint", "tick locked", "clampPosition locked",
                                         "drawOffscreenBuffer locked", "eraseBuffer 0 locked",
                                         "drawCurrentResult locked"));
-    EXPECT_TRUE(view.mOffscreenDirty); // the kinds clear it
+    EXPECT_TRUE(view.mOffscreenDirty); // the derived views clear it
     EXPECT_EQ(pthread_mutex_trylock(view.mutex()), 0);
     pthread_mutex_unlock(view.mutex());
 }
@@ -126,7 +126,7 @@ TEST_F(Paint, KeepsColumnsLeftOfTheDocumentBlack) {
 }
 
 TEST_F(Paint, KeepsEverythingOutsideTheDocumentBlack) {
-    // The view's clamp would pull these back, so the surface shrinks instead.
+    // The view's clamp would move these positions, so the surface is smaller instead.
     CpPixmap small(CpRect(10, 500, 30, 520));
     fillPattern(small);
     view.mDocPixmap = &small;
@@ -237,7 +237,7 @@ TEST(EraseBuffer, BlackensExactlyThePixelsAskedFor) {
     }
 }
 
-// The record is kept up to date, so that a crash does not lose the place.
+// Each paint updates the record, so that a crash does not lose the place.
 class PaintedState : public IpcTest {
 protected:
     void SetUp() override {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A view without a document that tells what was called on it.
+// A view without a document that records the calls made to it.
 #pragma once
 
 #include "view/OfficeBase.h"
@@ -103,12 +103,12 @@ public:
         OfficeBase::eraseBuffer(frameBuffer, count);
     }
 
-    // "name", or "name locked" when the view's mutex was held during the call.
+    // The calls as "name", or as "name locked" when the view's mutex was held.
     mutable std::vector<std::string> calls;
     std::function<void(CpPixmap&)> onDrawResult;
-    double scaleAtLayout = 0.0; // as the last new layout found them
+    double scaleAtLayout = 0.0; // at the last new layout
     CpPoint scrollAtLayout{0, 0};
-    bool clamps = true; // false lets a test put the view anywhere
+    bool clamps = true; // with false a test can put the view anywhere
 
 private:
     void record(const std::string& name) const {
@@ -121,7 +121,7 @@ private:
     }
 };
 
-// A pixel that tells where in its surface it was.
+// A pixel that encodes its position on its surface.
 inline unsigned int patternPixel(int x, int y) {
     return 0x40000000U + static_cast<unsigned int>(y) * 0x1000U + static_cast<unsigned int>(x);
 }

@@ -16,7 +16,7 @@ namespace {
 
 class StateRecordIpc : public IpcTest {
 protected:
-    // A segment as a client brings it from an earlier view.
+    // A segment that a client brings from an earlier view.
     static unsigned int savedState(int x, int y, double scale, int level) {
         const unsigned int id = makeClientSegment(sizeof(StateRecord));
         auto* record = static_cast<StateRecord*>(shmat(static_cast<int>(id), nullptr, 0));
@@ -103,7 +103,7 @@ TEST_F(StateRecordIpc, SavesInTheWireFormat) {
         0xFE, 0xFF, 0xFF, 0xFF,                         // y
         0,    0,    0,    0,    0,    0,    0x04, 0x40, // 2.5
         2,    0,    0,    0,                            // level
-        0x11, 0x11, 0x11, 0x11, 0x22, 0x22, 0x22, 0x22, // not the base's
+        0x11, 0x11, 0x11, 0x11, 0x22, 0x22, 0x22, 0x22, // not the base class's
     };
     EXPECT_EQ(std::memcmp(view.mDataStore, expected.data(), expected.size()), 0);
 }
@@ -294,7 +294,7 @@ TEST(ViewConstruction, SurvivesSizesBelowOne) {
 }
 
 TEST(ViewDestruction, ClosesItsModule) {
-    const char* const library = "libanl.so.1"; // small, and loaded by nothing else here
+    const char* const library = "libanl.so.1"; // small, and not loaded otherwise
     ASSERT_EQ(dlopen(library, RTLD_LAZY | RTLD_NOLOAD), nullptr);
     {
         ProbeView view;

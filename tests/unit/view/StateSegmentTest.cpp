@@ -135,7 +135,7 @@ TEST_F(StateSegmentIpc, LeavesAMarkedSegmentToWhoStillHasIt) {
     }
     EXPECT_EQ(segmentStatus(id).shm_nattch, 1U);
     EXPECT_EQ(static_cast<StateRecord*>(client)->scrollY, 99);
-    // And a later view can still take the place up.
+    // A later view can still attach the segment.
     EXPECT_TRUE(segment.attach(id));
     shmdt(client);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The glide's clock in the tests' hands.
+// The glide's clock, controlled by tests.
 #pragma once
 
 #include "view/NewtonianSmoothScroll.h"

@@ -68,7 +68,7 @@ TEST_F(DateText, ReachesBackBeforeTheEpoch) {
 TEST_F(DateText, SurvivesTimesBeyondTheCalendar) {
     EXPECT_EQ(text(LONG_MAX), "Ukn 0, 1900, 12:00am");
     EXPECT_EQ(text(LONG_MIN), "Ukn 0, 1900, 12:00am");
-    // The last year that the calendar's fields can hold.
+    // The last year that fits into struct tm.
     EXPECT_EQ(text(67768036191676799), "Dec 31, 2147485547, 11:59pm");
 }
 

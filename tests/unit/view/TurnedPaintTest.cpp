@@ -16,12 +16,12 @@ using testing::ElementsAre;
 
 constexpr unsigned int BLACK = 0xFF000000U;
 
-// Paints a surface turned and compares every pixel with the formula, those that
-// land outside of the frame included. Parameters: view size, surface bounds.
+// Paints a surface turned and compares every pixel with the formula, including
+// pixels outside of the frame. Parameters: view size, surface bounds.
 class TurnedPaint : public testing::TestWithParam<std::tuple<int, int, CpRect>> {
 protected:
-    // The frame index of source column x (counted from the first one read) and
-    // row y; W and H are the sizes of the source, the view's height and width.
+    // The frame index of source column x (from the first one read) and row y; W and
+    // H are the source's width and height, which are the view's height and width.
     using Formula = std::function<long(long x, long y, long W, long H)>;
 
     void expectPaint(int mode, const Formula& formula) {
@@ -31,7 +31,7 @@ protected:
         fillPattern(surface);
         view.mDocPixmap = &surface;
         view.mDrawMode = mode;
-        view.mScroll.set(5, 7); // plays no part
+        view.mScroll.set(5, 7); // has no effect
         view.mCurrentResult = 0;
 
         Frame expected(width, height);
@@ -91,11 +91,11 @@ INSTANTIATE_TEST_SUITE_P(Sizes, TurnedPaint,
                                          std::tuple{40, 60, CpRect(0, 0, 200, 300)}, // larger
                                          std::tuple{40, 60, CpRect(0, 0, 31, 17)},   // smaller
                                          std::tuple{40, 60, CpRect(7, 9, 107, 109)}, // placed in its document
-                                         std::tuple{40, 60, CpRect(-4, -6, 90, 90)}, // reaches out of it
-                                         std::tuple{40, 60, CpRect(95, 0, 155, 200)}, // nothing in reach
+                                         std::tuple{40, 60, CpRect(-4, -6, 90, 90)}, // extends beyond it
+                                         std::tuple{40, 60, CpRect(95, 0, 155, 200)}, // nothing in range
                                          std::tuple{50, 50, CpRect(0, 0, 80, 80)},
                                          std::tuple{60, 40,
-                                                    CpRect(0, 0, 80, 80)}, // lands before the frame too
+                                                    CpRect(0, 0, 80, 80)}, // also lands before the frame
 
                                          std::tuple{37, 53, CpRect(1, 2, 90, 91)}));
 

@@ -9,7 +9,7 @@
 
 namespace {
 
-// Regions of one rectangle each, at the given rows.
+// Regions with one rectangle each, at the given rows.
 class Regions {
 public:
     explicit Regions(const std::vector<int>& rows) {
@@ -33,8 +33,9 @@ int findResult(unsigned int position, const std::vector<wtg_find_result>& result
     return find_first_result_greater_than_eq(position, results.data(), static_cast<int>(results.size()));
 }
 
-// The steps once more, as agreed and without a limit of their own; where they
-// leave the entries or do not end, the first entry at or above the key counts.
+// The defined steps in another form, without a limit on their number. Where
+// they leave the entries or do not end, the result is the first entry at or
+// above the key.
 template<typename Step, typename Key>
 int agreed(int count, unsigned int wanted, Step step, Key key) {
     int i = count / 2;
@@ -142,7 +143,7 @@ TEST(RegionBisection, PastTheLastEntryGivesTheLast) {
 }
 
 TEST(RegionBisection, StepsThatCycleEndWithTheFirstAtOrAbove) {
-    // From 5 of 10 left to 2, right to 6, left to 3 ...
+    // From 5 of 10 to the left to 2, to the right to 6, to the left to 3 ...
     const Regions regions({0, 10, 20, 30, 40, 50, 60, 70, 80, 90});
     for (int y = -5; y <= 95; ++y) {
         const int i = regions.find(y);

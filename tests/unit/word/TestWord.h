@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// A Word view whose inside the tests can see, and what they see in it.
+// A Word view whose members tests can read and set, and functions that compare
+// its output with the text.
 #pragma once
 
 #include "tests/fakes/word/FakeWordModule.h"
@@ -39,12 +40,12 @@ public:
     int top() const { return mStretch.top(); }
     int bottom() const { return mStretch.bottom(); }
 
-    // The text row at the view's top, where the module says the stretch is.
+    // The text row at the view's top, according to the module's position of the stretch.
     int64_t firstTextRow() const { return fakeWord().layout.top + mScroll.y - top(); }
-    // Rows of the view that should show text and do not.
+    // Number of rows of the view that should show text and do not.
     int64_t whiteRows() const {
         const FakeWordLayout& text = fakeWord().layout;
-        const int64_t textTop = top() - text.top; // the document rows of the text
+        const int64_t textTop = top() - text.top; // document rows of the text
         const int64_t textBottom = textTop + text.rows;
         const int64_t viewTop = std::max<int64_t>(mScroll.y, textTop);
         const int64_t viewBottom = std::min<int64_t>(int64_t{mScroll.y} + mHeight, textBottom);

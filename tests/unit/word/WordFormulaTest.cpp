@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // Where a surface of about 500,000 pixels has more than two steps and a view,
-// scrolling is agreed to the row and the call. An oracle that knows nothing but
-// that agreement says what every pen event and tick must ask and where it must
-// end, and random sessions are held to it.
+// scrolling is defined to the row and the call. An oracle that knows only this
+// definition computes the calls and the end position of every pen event and
+// tick; random sessions are compared with it.
 #include "tests/unit/word/WordTest.h"
 
 #include <random>
@@ -81,8 +81,8 @@ protected:
     }
 };
 
-// Contacts keep their direction, and the last stretch stays full: beyond that
-// it is the view's own promises that count.
+// Contacts keep their direction and the last stretch stays full; in other cases
+// only the view's own guarantees apply.
 TEST_P(WordFormulaTest, DragsAndGlidesAskAndMoveAsAgreed) {
     const auto [width, height] = GetParam();
     const TestClock clock;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// How large the layout is, and what wide mode, double taps and pinches do to it.
+// The size of the layout, and the effect of wide mode, double taps and pinches on it.
 #include "tests/unit/word/WordTest.h"
 
 namespace {
@@ -199,10 +199,10 @@ TEST_F(WordLayoutTest, DoubleTapsAmountUpwardsIsNeverLessThanTheViewEither) {
     fakeWord().click = {7, 0, 50000, 0};
     view->handleClick(1, 1);
     calls();
-    view->handleDoubleClick(50, 10); // stands 370 rows above the stretch
+    view->handleDoubleClick(50, 10); // 370 rows above the stretch
     EXPECT_THAT(calls(), ElementsAre(setBuffer(480, 1042), "wtg_set_dpi(216)", BOTTOM_RIGHT, TOP_LEFT,
                                      "wtg_scroll_up(0, 800)", TOP_LEFT));
-    paint(*view); // makes good what that uncovered at the other end
+    paint(*view); // paints the rows uncovered at the other end
     EXPECT_EQ(view->whiteRows(), 0);
 }
 
@@ -229,7 +229,7 @@ TEST_F(WordLayoutTest, DoubleTapAboveAMovedStretchMovesItUp) {
     fakeWord().click = {7, 0, 50000, 0};
     view->handleClick(1, 1);
     fakeWord().calls.clear();
-    view->handleDoubleClick(50, 10); // stands 210 rows above the stretch
+    view->handleDoubleClick(50, 10); // 210 rows above the stretch
     EXPECT_THAT(calls(), ElementsAre(setBuffer(320, 1562), "wtg_set_dpi(216)", BOTTOM_RIGHT, TOP_LEFT,
                                      "wtg_scroll_up(0, 520)", TOP_LEFT));
     EXPECT_EQ(view->top(), 0) << "rows are counted anew instead of going below 0";

@@ -113,7 +113,7 @@ TEST_F(WordPaintTest, PreviewHalvesOddViewsTowardZero) {
     EXPECT_EQ(frame[119 * 321 + 78], FAKE_WORD_WHITE);
 }
 
-// Notes which of the steps that touch what a paint shows ran with the view locked.
+// Records which of the steps that affect a paint ran with the view locked.
 class LockedWord : public TestWord {
 public:
     using TestWord::TestWord;

@@ -99,7 +99,7 @@ TEST_F(WordPopupTest, ScrollsAlsoAtTheTextsEnd) {
 TEST_F(WordPopupTest, PositionPastTheEndFallsBackToItsRow) {
     const auto view = openPopup(320, 480, 2000);
     for (const int past : {1, 5}) {
-        view->mScroll.y = 2500 + past; // as keys leave it
+        view->mScroll.y = 2500 + past; // as after key presses
         EXPECT_EQ(popupRow(paint(*view), 320, 20, 40), 550);
         EXPECT_EQ(view->mScroll.y, 2000 + 480 - 30);
     }

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-// The state record: coming back to where one was.
+// The state record: returning to an earlier place.
 #include "tests/unit/word/WordTest.h"
 
 namespace {
 
 class WordRecordTest : public WordTest {
 protected:
-    // A view on the segment of another, which stays open for the segment's sake.
+    // A view that uses the segment of another, which stays open to keep the segment.
     static std::unique_ptr<TestWord> reopen(const TestWord& old, const char* path = "/d/text.doc") {
         auto view = makeView(320, 480, old.dataStoreShmId());
         fakeWord().calls.clear();

@@ -13,7 +13,7 @@ const std::string LAST_USED = "wtg_get_vertical_last_used_pixel(0)";
 
 class WordScrollTest : public WordTest {
 protected:
-    // A view whose stretch has been jumped to a row, in a text of one-row lines.
+    // A view whose stretch was moved to a row by a jump, in a text of one-row lines.
     static std::unique_ptr<TestWord> openAt(int width, int height, int64_t rows, int64_t row) {
         auto view = openView(width, height, rows);
         const auto character = static_cast<uint32_t>((row * fakeWord().characters + rows - 1) / rows);
@@ -150,16 +150,16 @@ TEST_F(WordScrollTest, PenThatTurnsAroundIsNotHeldAtTheStretchsBottom) {
     scrollBy(*view, 1300);
     ASSERT_EQ(view->top(), 520);
     view->handlePenDown(100, 0);
-    view->handlePenMove(100, 300); // up to 1000: the stretch goes to 0
+    view->handlePenMove(100, 300); // up to 1000; the stretch moves to 0
     ASSERT_EQ(view->top(), 0);
     calls();
-    view->handlePenMove(100, 50); // 1250, still above where the pen went down
+    view->handlePenMove(100, 50); // 1250, still above the row of the pen down
     EXPECT_EQ(view->mScroll.y, 1250);
     EXPECT_THAT(calls(), ElementsAre(BOTTOM_RIGHT, "wtg_scroll_down(0, 520)", LAST_USED));
     EXPECT_EQ(view->whiteRows(), 0);
 }
 
-// A module that says there is more text, takes the move and does not move.
+// A module that reports more text and accepts the move, but does not move.
 int32_t scrollNothing(void* /*doc*/, int32_t /*story*/, int32_t /*rows*/, int32_t* scrolled) {
     *scrolled = 0;
     return 0;
@@ -271,7 +271,7 @@ TEST_F(WordScrollTest, DraggingIntoACornerEndsAGlideAndAlongAnEdgeDoesNot) {
     EXPECT_FALSE(view->mScroller.isMoving());
 }
 
-// The worker and the bus handlers hold the view's mutex, which does not nest.
+// The worker and the bus handlers hold the view's mutex, which is not recursive.
 TEST_F(WordScrollTest, PensAndClicksLeaveTheLockToTheirCallers) {
     const auto view = openView(320, 480, 20000);
     ASSERT_EQ(pthread_mutex_trylock(view->mutex()), 0);

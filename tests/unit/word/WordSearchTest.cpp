@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Search and the steps from hit to hit. The text has 5 characters a row.
+// Search and the steps from hit to hit. The text has 5 characters in each row.
 #include "tests/unit/word/WordTest.h"
 
 namespace {
@@ -18,7 +18,7 @@ protected:
         return openView(width, height, 20000);
     }
     static std::string jump(int row) { return "wtg_jump_to_character(0, " + std::to_string(5 * row) + ")"; }
-    // The text row of the hit that the view marks; -1 for none.
+    // The text row of the hit marked by the view; -1 for none.
     static int64_t markedRow(TestWord& view) {
         const wtg_find_region* region = view.currentRegion();
         return region != nullptr ? fakeWord().layout.top + region->rectangles[0].y : -1;
@@ -171,7 +171,7 @@ TEST_F(WordSearchTest, PreviousAtTheViewsTopOrBelowStaysWhereItIs) {
         view->mScroll.y = 700;
         view->doSearch("x");
         ASSERT_EQ(markedRow(*view), 900);
-        view->mScroll.y = scroll; // the hit is the view's first row, or past its end
+        view->mScroll.y = scroll; // the hit is the view's first row or after its end
         view->previousResult();
         EXPECT_EQ(markedRow(*view), 600);
         EXPECT_EQ(view->mScroll.y, scroll);
@@ -374,7 +374,7 @@ TEST_F(WordSearchTest, WideModeCentresTheColumn) {
         {212, 300, 212 + 96 - 160},  // before 1/3
         {160, 300, 160 + 96 - 160},  //
         {159, 300, 159 + 120 - 160}, // before 1/4
-        {10, 300, 0},                // -30, held to the text
+        {10, 300, 0},                // -30, clamped to the text
     };
     for (const auto& c : cases) {
         fakeWord().hits = {{500, 504, c.x, 30, 1}};

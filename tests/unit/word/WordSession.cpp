@@ -9,7 +9,7 @@
 
 namespace {
 
-// A view may lag behind the pen at the text's ends, and catch up at the next move.
+// At the text's ends a view may lag behind the pen and catch up at the next move.
 constexpr int LAG = 40;
 constexpr int FRAMES_BETWEEN_CHECKS = 20;
 
@@ -66,18 +66,19 @@ int64_t WordSession::rowOfCharacter(uint32_t position) const {
     return std::min(lines - 1, int64_t{position} * lines / fakeWord().characters) * text.lineRows;
 }
 
-// The nearest row that the view may stand at; a shorter text moves freely in it.
+// The nearest row that the view may have at its top; a text shorter than the
+// view moves freely inside it.
 int64_t WordSession::onText(int64_t row) const {
     const int64_t overhang = fakeWord().layout.rows - mHeight;
     return std::clamp(row, std::min<int64_t>(0, overhang), std::max<int64_t>(0, overhang));
 }
 
-// The same for columns; a layout is never narrower than the view.
+// The same for columns. A layout is never narrower than the view.
 int WordSession::onLayout(int column) const {
     return std::clamp(column, 0, fakeWord().layout.width - mWidth);
 }
 
-// Of the current hit, in the order of the text; -1 when it is none of them.
+// Index of the current hit in the order of the text; -1 when it is none of the hits.
 int WordSession::hitIndex() const {
     const std::vector<FakeWordHit>& hits = fakeWord().hits;
     const auto own = std::find_if(hits.begin(), hits.end(),
@@ -85,7 +86,7 @@ int WordSession::hitIndex() const {
     return own != hits.end() ? static_cast<int>(own - hits.begin()) : -1;
 }
 
-// Every paint ticks; some are looked at pixel by pixel.
+// Every paint ticks; some are compared pixel by pixel.
 void WordSession::atPaint(const char* what) {
     if (++mPaints % FRAMES_BETWEEN_CHECKS == 0) {
         mView->setDirty();
@@ -103,11 +104,11 @@ void WordSession::atPaint(const char* what) {
 void WordSession::checkFrame(const char* what) {
     const FakeWordLayout& text = fakeWord().layout;
     const int64_t firstRow = mView->firstTextRow();
-    const int left = mView->mScroll.x; // a tapped view may stand beside the text as well
+    const int left = mView->mScroll.x; // after a tap the view may be beside the text
     const wtg_find_region* hit = mView->mCurrentResult >= 0 ? mView->currentRegion() : nullptr;
     const int64_t hitRow = hit != nullptr ? rowOfCharacter(hit->position) : -1;
     std::vector<int> columns = {0, mWidth / 2};
-    if (hit != nullptr) { // and on either side of both ends of the mark
+    if (hit != nullptr) { // and at both ends of the mark
         const int x = hit->rectangles[0].x - left;
         const int end = x + hit->rectangles[0].width;
         columns.insert(columns.end(), {x - 1, x, end - 1, end});
@@ -141,15 +142,15 @@ void WordSession::checkMoved(int64_t from, int64_t input, const char* what) {
     }
 }
 
-// Outside wide mode a layout is as wide as the view, and the one place is 0.
+// Outside of wide mode the layout is as wide as the view, so the only position is 0.
 void WordSession::checkMovedSideways(int from, int input, const char* what) {
     check(std::abs(mView->mScroll.x - from) <= std::abs(input), std::string("jumped sideways in ") + what);
     check(mView->mScroll.x == onLayout(mView->mScroll.x), std::string("beside the layout in ") + what);
 }
 
-// A new layout keeps the character at the stretch's top, up to its line; the
-// view is to stand so many rows from that, or where the text ends. A tap past
-// the end of a text shorter than the view takes it to the view's lower edge.
+// A new layout keeps the line with the character at the stretch's top. The view
+// must be `offset` rows from it, or at the text's end. After a tap beyond the
+// end of a text shorter than the view, the text is at the view's lower edge.
 void WordSession::checkKeptPlace(const FakeWordLayout& before, int64_t offset, const char* what) {
     const FakeWordLayout& text = fakeWord().layout;
     const int64_t row = before.top * text.rows / before.rows + offset;
@@ -161,7 +162,7 @@ void WordSession::checkKeptPlace(const FakeWordLayout& before, int64_t offset, c
           std::string("another place after ") + what);
 }
 
-// One contact that changes its mind: the moves drift, and the drift turns.
+// One contact that changes direction: the moves drift, and the drift reverses.
 void WordSession::drag() {
     const int start = number(0, mHeight - 1);
     mView->handlePenDown(mWidth / 2, start);
@@ -169,7 +170,7 @@ void WordSession::drag() {
     int way = 0;
     int lastWay = 0;
     int drift = 0;
-    int64_t seen = onText(mView->firstTextRow()); // a tapped view may stand off the text
+    int64_t seen = onText(mView->firstTextRow()); // after a tap the view may be off the text
     for (int i = 0; i < 60; ++i) {
         if (i % 20 == 0) {
             drift = chance(50) ? 18 : -18;
@@ -280,8 +281,8 @@ void WordSession::stepThroughHits() {
     }
 }
 
-// To the neighbour, without a way around; the first two count as the beginning
-// when they lie outside the stretch.
+// Steps to the neighbouring hit without wrapping around. The first two hits
+// count as the beginning when they are outside of the stretch.
 void WordSession::stepToHit(bool next) {
     const bool any = mView->mCurrentResult >= 0;
     const int from = hitIndex();
@@ -328,7 +329,8 @@ void WordSession::popup() {
     atPaint("a pop-up");
 }
 
-// Closes and comes back through the state record. Wide mode is not in it.
+// Closes the view and reopens it from the state record, which does not include
+// wide mode.
 void WordSession::reopen() {
     mPaints = FRAMES_BETWEEN_CHECKS - 1;
     atPaint("closing");

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Random sessions of a reader: everything that can happen to a Word view, with
-// its promises checked after every step.
+// its guarantees checked after every step.
 #pragma once
 
 #include "tests/unit/view/TestClock.h"
@@ -19,10 +19,10 @@ public:
     ~WordSession();
 
     void play(int operations);
-    // Goes to the end of the text, back to its start and to the end again.
+    // Goes to the text's end, back to its start and to the end again.
     void visitEnds();
 
-    // What went wrong, with how often.
+    // Failures and the number of their occurrences.
     const std::map<std::string, int>& failures() const { return mFailures; }
 
 private:

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// Nothing white where there is text, no move that the input does not explain,
-// and every row within reach, whatever a reader does: at each size, in both
-// modes and for short and long texts. More sessions of each than one:
-// LECTERN_WORD_SESSIONS=n.
+// No white where there is text, no move without input, and every row reachable,
+// whatever a reader does: at each size, in both modes, for short and long
+// texts. LECTERN_WORD_SESSIONS=n runs n sessions of each instead of one.
 #include "tests/unit/word/WordSession.h"
 
 #include "tests/unit/word/WordTest.h"
@@ -17,14 +16,14 @@ unsigned sessionsOfEach() {
 
 struct Reader {
     int width, height;
-    bool wide; // at first; sessions turn it on and off
+    bool wide; // at the start; sessions turn it on and off
 };
 
 using Failures = std::map<std::string, int>;
 
 class WordSessionTest : public WordTest, public testing::WithParamInterface<Reader> {
 protected:
-    // Every paint leaves a line on standard output, which nobody wants to read.
+    // Discards standard output, which has a line for every paint.
     static Failures play(unsigned seed, const Reader& reader, int64_t rows) {
         testing::internal::CaptureStdout();
         WordSession session(seed, reader.width, reader.height, rows, reader.wide);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Views on the fake module, each test with a queue and segments of its own.
+// Tests of views on the fake module; each test has its own queue and segments.
 #pragma once
 
 #include "channel/ServiceQueue.h"
@@ -30,7 +30,7 @@ protected:
     static std::unique_ptr<TestWord> makeView(int width = 320, int height = 480, unsigned int store = 0) {
         return std::make_unique<TestWord>(width, height, 0, store);
     }
-    // A view of a text of so many rows, with the calls of the opening forgotten.
+    // A view of a text of `rows` rows; the calls of the opening are cleared.
     static std::unique_ptr<TestWord> openView(int width, int height, int64_t rows) {
         fakeWord().rows = rows;
         auto view = makeView(width, height);
@@ -40,7 +40,7 @@ protected:
     }
     static std::vector<std::string> calls() { return fakeWord().takeCalls(); }
 
-    // Moves the pen from one row to another in steps of at most so many rows.
+    // Moves the pen from one row to another in steps of at most `step` rows.
     static void dragTo(TestWord& view, int& y, int targetY, int step = 50) {
         while (y != targetY) {
             y += std::clamp(targetY - y, -step, step);
@@ -48,7 +48,7 @@ protected:
             view.tick();
         }
     }
-    // Goes down the text by so many rows (up when below 0), contact by contact.
+    // Moves down the text by `rows` (up if negative), contact by contact.
     static void scrollBy(TestWord& view, int rows) {
         while (rows != 0) {
             const int part = std::clamp(rows, -200, 200);
