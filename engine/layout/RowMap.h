@@ -8,7 +8,7 @@
 namespace lectern::engine {
 
 // The rows of the whole text at a resolution: row r of a page lies exactly
-// r * 1440 / dpi twips below the page's top, whatever is painted with it, and
+// r * TWIPS_PER_INCH / dpi twips below the page's top, whatever is painted with it, and
 // the pages follow each other without a gap.
 class RowMap {
 public:

@@ -33,12 +33,10 @@ struct PixelRect {
 // Red, green, blue.
 using Colour = std::array<uint8_t, 3>;
 
-// A pixel under a marker pen: white takes the colour, black stays.
-uint32_t tinted(uint32_t pixel, const Colour& colour);
+constexpr uint32_t WHITE = 0xFFFFFFFF;
 
-// Lays a colour over columns [left, right) of rows [top, bottom), or what of
-// them lies on the surface.
-void tint(const Surface& surface, int64_t left, int64_t top, int64_t right, int64_t bottom,
-          const Colour& colour);
+// Paints columns [left, right) of rows [top, bottom), or what of them lies on
+// the surface, in one colour, 0xAARRGGBB.
+void fill(const Surface& surface, int64_t left, int64_t top, int64_t right, int64_t bottom, uint32_t colour);
 
 } // namespace lectern::engine

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "engine/layout/Twips.h"
+
 #include <cstdint>
 #include <numeric>
 
 namespace lectern::engine {
-
-constexpr int64_t TWIPS_PER_INCH = 1440;
 
 // The suite takes a tile's scale from the ratio of its pixels to its twips, and
 // rounds to pixels from the tile's corner. Both come out the same for every tile

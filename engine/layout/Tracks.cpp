@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/layout/Tracks.h"
 
-#include "engine/layout/TileStep.h"
+#include "engine/layout/Twips.h"
 
 #include <algorithm>
 #include <sstream>

@@ -7,8 +7,6 @@
 
 namespace lectern::engine {
 
-enum class Axis { Columns, Rows };
-
 // The columns of a sheet, or its rows, and where the suite draws them.
 //
 // The suite gives each track a whole number of pixels, its twips scaled and cut

@@ -46,7 +46,7 @@ std::u16string toText(const OUString& text);
 // The name of the class behind an object, empty when it does not tell.
 OUString implementationName(const css::uno::Reference<css::uno::XInterface>& object);
 
-// The suite measures positions and sizes in twips (1440 to the inch), its
+// The suite measures positions and sizes in twips, its
 // component interfaces in 1/100 mm. Both are rounded, in 64 bits: heights here
 // come near the end of 32.
 inline int64_t twipsFromHundredthMm(int64_t length) {

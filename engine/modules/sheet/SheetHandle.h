@@ -6,6 +6,7 @@
 #include "engine/modules/DocumentHandle.h"
 #include "engine/modules/EngineCalls.h"
 #include "engine/modules/Utf16.h"
+#include "engine/protocol/Vocabulary.h"
 #include "modules/SheetToGoModule.h"
 
 #include <array>
@@ -16,10 +17,6 @@
 
 namespace lectern::engine {
 
-// The buffers of a view and the tracks of a sheet, as sheet.xml counts them.
-enum class SheetBuffer : gint { Cells = 0, RowHeaders = 1, ColumnHeaders = 2 };
-enum class TrackAxis : gint { Columns = 0, Rows = 1 };
-
 // One of the caller's buffers and what the engine paints for it.
 struct BufferPair {
     std::unique_ptr<SharedSurface> surface; // null before the buffer is set
@@ -28,7 +25,7 @@ struct BufferPair {
 
 // What an stg_ document handle points to.
 struct SheetHandle : DocumentHandle {
-    std::array<BufferPair, 3> buffers;
+    std::array<BufferPair, SHEET_AREAS> buffers;
     // What was handed out; each holds until the next call of its function.
     std::vector<stg_region> commentMarks;
     std::vector<stg_region> foundRegions;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/office/sheet/Drawings.h"
 
+#include "engine/layout/Twips.h"
 #include "engine/office/Uno.h"
 
 #include <com/sun/star/drawing/XDrawPageSupplier.hpp>
@@ -19,7 +20,7 @@ constexpr double HUNDREDTH_MM_PER_INCH = 2540;
 
 // Where the cells at a place are painted, both in 1/100 mm.
 int32_t paintedPlace(const Tracks& tracks, int32_t place, int32_t dpi) {
-    const double pixel = tracks.paintedAt(place * 1440 / HUNDREDTH_MM_PER_INCH, dpi);
+    const double pixel = tracks.paintedAt(place * TWIPS_PER_INCH / HUNDREDTH_MM_PER_INCH, dpi);
     return static_cast<int32_t>(std::lround(pixel * HUNDREDTH_MM_PER_INCH / dpi));
 }
 

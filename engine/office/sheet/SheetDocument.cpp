@@ -2,6 +2,7 @@
 // Opening a workbook, what it measures, and its painting.
 #include "engine/office/sheet/SheetDocument.h"
 
+#include "engine/layout/Tint.h"
 #include "engine/office/Properties.h"
 #include "engine/office/sheet/SheetDocumentPrivate.h"
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Searching slides and notes.
 #include "engine/layout/SearchText.h"
+#include "engine/layout/Tint.h"
 #include "engine/office/slide/SlideDocumentPrivate.h"
 #include "engine/office/slide/SlideTexts.h"
 

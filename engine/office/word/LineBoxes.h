@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "engine/layout/ViewBoxes.h"
 #include "engine/office/word/TextPositions.h"
 
 #include <condition_variable>
@@ -8,14 +9,6 @@
 #include <string>
 
 namespace lectern::engine {
-
-// A rectangle in the suite's view, in twips.
-struct ViewBox {
-    int64_t left;
-    int64_t top;
-    int64_t width;
-    int64_t height;
-};
 
 // Asks the suite where characters lie, one box for each line. It tells only of
 // what is selected, and in its own time: while this lives, it listens. Selects

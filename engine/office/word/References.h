@@ -9,7 +9,7 @@ namespace lectern::engine {
 
 // What the text refers to and does not show: a footnote, an endnote, a comment.
 struct SideText {
-    ClickTarget::Type type;
+    ClickType type;
     css::uno::Reference<css::uno::XInterface> object;
 };
 

@@ -90,7 +90,7 @@ int32_t paintSideText(Office::Private& office, const OpenedDocument& from, const
         return result;
     // The copy is pasted where the layout is current.
     side.model->unlockControllers();
-    if (text.type == ClickTarget::Comment)
+    if (text.type == ClickType::Comment)
         writeComment(text, side);
     else
         writeNote(text, from, side);

@@ -51,7 +51,7 @@ public:
     int32_t clickRegions(std::vector<PixelRect>& regions);
     // Paints a footnote, endnote or comment, its type and number as clickInfo
     // gave them, on rows [50, 50 + height) of the surface, the rest white.
-    int32_t openSecondary(int32_t type, uint32_t number, int32_t height);
+    int32_t openSecondary(ClickType type, uint32_t number, int32_t height);
     int32_t smartZoom(int32_t x, int32_t y, PixelRect& area);
 
     int32_t selectAll();

@@ -66,7 +66,7 @@ gboolean handleClickInfo(Skeleton* word, Invocation* invocation, gint x, gint y,
     const std::int32_t result =
         serviceOf(user).run([&](Document& document) { return document.clickInfo(x, y, target); });
     return answer(serviceOf(user), &lectern_ipc_word_complete_click_info, word, invocation, result,
-                  target.type, written(target.address), target.value);
+                  written(target.type), written(target.address), target.value);
 }
 
 gboolean handleSmartZoom(Skeleton* word, Invocation* invocation, gint x, gint y, gpointer user) {

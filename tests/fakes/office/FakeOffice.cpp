@@ -29,7 +29,6 @@ namespace lectern::engine {
 namespace {
 
 constexpr std::uint32_t CHARACTERS_PER_ROW = 10;
-constexpr std::uint32_t WHITE = 0xFFFFFFFF;
 
 std::u16string widen(const std::string& ascii) {
     return {ascii.begin(), ascii.end()};
@@ -302,8 +301,8 @@ int32_t WordDocument::clickInfo(int32_t, int32_t, ClickTarget& target) {
     if (click.size() < 3) {
         return MODULE_OK;
     }
-    target.type = std::stoi(click);
-    if (target.type == ClickTarget::Hyperlink) {
+    target.type = static_cast<ClickType>(std::stoi(click));
+    if (target.type == ClickType::Hyperlink) {
         target.address = widen(click.substr(2));
     } else {
         target.value = static_cast<uint32_t>(std::stoul(click.substr(2)));
@@ -317,7 +316,7 @@ int32_t WordDocument::clickRegions(std::vector<PixelRect>& regions) {
 }
 
 // The number of the secondary document in every row of it.
-int32_t WordDocument::openSecondary(int32_t type, uint32_t number, int32_t height) {
+int32_t WordDocument::openSecondary(ClickType type, uint32_t number, int32_t height) {
     Private& d = *mPrivate;
     for (std::int32_t y = 0; y < d.height; y++) {
         const bool inside = y >= 50 && y < 50 + height;
