@@ -166,10 +166,7 @@ int32_t SheetDocument::cellAt(int32_t sheet, int32_t x, int32_t y, int32_t& colu
 
 int32_t SheetDocument::information(DocumentInformation& information) {
     return guarded([&]() -> int32_t {
-        const auto properties = documentProperties(mPrivate->book.model());
-        information = {toText(properties->getTitle()), toText(properties->getAuthor()),
-                       toText(properties->getDescription()), toUnixTime(properties->getCreationDate()),
-                       toUnixTime(properties->getModificationDate())};
+        information = informationOf(mPrivate->book.model());
         return MODULE_OK;
     });
 }

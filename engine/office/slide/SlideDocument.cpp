@@ -160,12 +160,7 @@ int32_t SlideDocument::outline(int32_t slide, std::vector<OutlineItem>& items) {
 
 int32_t SlideDocument::information(DocumentInformation& information) {
     return guarded([&]() -> int32_t {
-        const auto properties = documentProperties(mPrivate->deck.model());
-        information.name = toText(properties->getTitle());
-        information.author = toText(properties->getAuthor());
-        information.description = toText(properties->getDescription());
-        information.created = toUnixTime(properties->getCreationDate());
-        information.lastSaved = toUnixTime(properties->getModificationDate());
+        information = informationOf(mPrivate->deck.model());
         return MODULE_OK;
     });
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "engine/layout/DocumentInformation.h"
 #include "engine/layout/TextTypes.h"
 #include "engine/office/Office.h"
 
@@ -63,13 +64,7 @@ public:
     int32_t copySelection(std::u16string& text);
     int32_t scrollToRange(CharacterRange range);
 
-    // UTF-16, untruncated; empty when unset.
-    int32_t name(std::u16string& text);
-    int32_t author(std::u16string& text);
-    int32_t description(std::u16string& text);
-    // Seconds since 1970 in UTC, 0 when unset.
-    int32_t creationDate(int64_t& time);
-    int32_t lastSavedDate(int64_t& time);
+    int32_t information(DocumentInformation& information);
     int32_t wordCount(int32_t& count);
 
     // True when the surface was written since the last call of this.

@@ -5,37 +5,9 @@
 
 namespace lectern::engine {
 
-int32_t WordDocument::name(std::u16string& text) {
+int32_t WordDocument::information(DocumentInformation& information) {
     return guarded([&]() -> int32_t {
-        text = toText(documentProperties(mPrivate->document.model)->getTitle());
-        return MODULE_OK;
-    });
-}
-
-int32_t WordDocument::author(std::u16string& text) {
-    return guarded([&]() -> int32_t {
-        text = toText(documentProperties(mPrivate->document.model)->getAuthor());
-        return MODULE_OK;
-    });
-}
-
-int32_t WordDocument::description(std::u16string& text) {
-    return guarded([&]() -> int32_t {
-        text = toText(documentProperties(mPrivate->document.model)->getDescription());
-        return MODULE_OK;
-    });
-}
-
-int32_t WordDocument::creationDate(int64_t& time) {
-    return guarded([&]() -> int32_t {
-        time = toUnixTime(documentProperties(mPrivate->document.model)->getCreationDate());
-        return MODULE_OK;
-    });
-}
-
-int32_t WordDocument::lastSavedDate(int64_t& time) {
-    return guarded([&]() -> int32_t {
-        time = toUnixTime(documentProperties(mPrivate->document.model)->getModificationDate());
+        information = informationOf(mPrivate->document.model);
         return MODULE_OK;
     });
 }

@@ -127,12 +127,8 @@ void connectFindingAndSelecting(const Connector<WordEndpoint>& on) {
 
 void connectProperties(const Connector<WordEndpoint>& on) {
     on.operation<&Document::wordCount, &lectern_ipc_word_complete_word_count>("handle-word-count");
-    on.operation<&Document::creationDate, &lectern_ipc_word_complete_creation_date>("handle-creation-date");
-    on.operation<&Document::lastSavedDate, &lectern_ipc_word_complete_last_saved_date>(
-        "handle-last-saved-date");
-    on.operation<&Document::name, &lectern_ipc_word_complete_name>("handle-name");
-    on.operation<&Document::author, &lectern_ipc_word_complete_author>("handle-author");
-    on.operation<&Document::description, &lectern_ipc_word_complete_description>("handle-description");
+    on.handler("handle-information",
+               &handleInformation<WordEndpoint, &lectern_ipc_word_complete_information>);
 }
 
 } // namespace

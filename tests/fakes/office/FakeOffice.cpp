@@ -8,7 +8,7 @@
 //   text          what can be searched and selected (default none); each hit
 //                 has a rectangle (position, 0, length, 1)
 //   click         type:number, or 6:address, of what lies everywhere
-//   open, surface, count, scroll, date, find    how to misbehave there
+//   open, surface, count, scroll, information, find    how to misbehave there
 //   lie           give impossible numbers
 // A file whose name starts with "other-kind" is of the wrong kind, one without
 // any line is damaged. Row r of the text is painted as 0xFF000000 + r, what
@@ -222,31 +222,13 @@ int32_t WordDocument::layoutSize(int32_t& width, int32_t& height) {
     return result;
 }
 
-int32_t WordDocument::name(std::u16string& text) {
-    text = mPrivate->name;
-    return MODULE_OK;
-}
-
-int32_t WordDocument::author(std::u16string& text) {
-    text = widen(std::to_string(mPrivate->layouts));
-    return MODULE_OK;
-}
-
-// A character outside the basic plane at each end, and one unit that is none.
-int32_t WordDocument::description(std::u16string& text) {
-    text = u"\U0001F4C4 text \U0001F4C4";
-    text.insert(text.begin() + 3, char16_t{0xD800});
-    return MODULE_OK;
-}
-
-int32_t WordDocument::creationDate(int64_t& time) {
-    time = 5'000'000'000;
-    return fake::misbehave(mPrivate->setting("date"));
-}
-
-int32_t WordDocument::lastSavedDate(int64_t& time) {
-    time = 0;
-    return MODULE_OK;
+// In the description a character outside the basic plane at each end, and one
+// unit that is none.
+int32_t WordDocument::information(DocumentInformation& information) {
+    std::u16string description = u"\U0001F4C4 text \U0001F4C4";
+    description.insert(description.begin() + 3, char16_t{0xD800});
+    information = {mPrivate->name, widen(std::to_string(mPrivate->layouts)), description, 5'000'000'000, 0};
+    return fake::misbehave(mPrivate->setting("information"));
 }
 
 int32_t WordDocument::wordCount(int32_t& count) {
