@@ -77,7 +77,7 @@ uint32_t WordDocument::Private::topLeft() const {
 
 int32_t WordDocument::open(Office& office, const std::string& path, const std::string& password,
                            const std::string& temporaryDirectory, std::unique_ptr<WordDocument>& document) {
-    return guarded([&]() -> int32_t {
+    return guardedInOffice([&]() -> int32_t {
         OpenedDocument opened;
         const int32_t result = loadDocument(office.d(), path, password, temporaryDirectory, opened);
         if (result == MODULE_OK)
@@ -89,7 +89,7 @@ int32_t WordDocument::open(Office& office, const std::string& path, const std::s
 WordDocument::WordDocument(std::unique_ptr<Private> d) : mPrivate(std::move(d)) {}
 
 WordDocument::~WordDocument() {
-    guarded([this]() -> int32_t {
+    guardedInOffice([this]() -> int32_t {
         mPrivate.reset();
         return MODULE_OK;
     });
@@ -99,7 +99,7 @@ int32_t WordDocument::setSurface(uint32_t* pixels, int32_t width, int32_t height
     if (pixels == nullptr || width < 1 || height < 1 || width > MOST_PIXELS || height > MOST_PIXELS)
         return MODULE_BAD_ARGUMENT;
     mPrivate->surface = {pixels, width, height};
-    return guarded([this]() -> int32_t {
+    return guardedInOffice([this]() -> int32_t {
         mPrivate->repaint();
         return MODULE_OK;
     });

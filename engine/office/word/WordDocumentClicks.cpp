@@ -148,7 +148,7 @@ int32_t WordDocument::clickRegions(std::vector<PixelRect>& regions) {
 
 int32_t WordDocument::openSecondary(ClickType type, uint32_t number, int32_t height) {
     Private& d = *mPrivate;
-    return guarded([&]() -> int32_t {
+    return guardedInOffice([&]() -> int32_t {
         const auto& texts = d.references().texts();
         if (number >= texts.size() || texts[number].type != type || height < 1 || d.surface.pixels == nullptr)
             return MODULE_BAD_ARGUMENT;

@@ -29,7 +29,7 @@ struct WordDocument::Private {
     // surface.
     template<class Work>
     int32_t onLayout(Work work) noexcept {
-        return guarded([&]() -> int32_t {
+        return guardedInOffice([&]() -> int32_t {
             if (surface.pixels == nullptr)
                 return MODULE_BAD_ARGUMENT;
             if (!isCurrent()) {

@@ -6,14 +6,14 @@
 namespace lectern::engine {
 
 int32_t WordDocument::information(DocumentInformation& information) {
-    return guarded([&]() -> int32_t {
+    return guardedInOffice([&]() -> int32_t {
         information = informationOf(mPrivate->document.model);
         return MODULE_OK;
     });
 }
 
 int32_t WordDocument::wordCount(int32_t& count) {
-    return guarded([&]() -> int32_t {
+    return guardedInOffice([&]() -> int32_t {
         count = property<sal_Int32>(propertiesOf(mPrivate->document.model), "WordCount");
         return MODULE_OK;
     });

@@ -10,6 +10,7 @@ namespace lectern::engine::fake {
 // unlucky documents make an office suite do:
 //   hang (a file "hanging" in its temporary folder tells that it does),
 //   crash, exit, eat (memory, until none is given), throw,
+//   starve (as if there were no memory left),
 //   slow:MILLISECONDS, code:MODULE_RESULT, second:MODULE_RESULT (every second time)
 // An empty action does nothing. Gives the result code to go on with.
 std::int32_t misbehave(const std::string& action);
