@@ -6,8 +6,8 @@
 
 namespace lectern::engine {
 
-// Values of the protocol that both sides name. On the wire they are numbers of
-// the type "i".
+// What both sides of the protocol name. Enumerators travel as numbers of the
+// type "i".
 
 // The surfaces of a view of a sheet.
 enum class SheetArea : std::int32_t { Cells = 0, RowHeaders = 1, ColumnHeaders = 2 };
@@ -24,6 +24,13 @@ enum class ClickType : std::int32_t {
     Comment = 4,
     Hyperlink = 6,
     InternalLink = 7,
+};
+
+// Where the stretch of a text lies.
+struct StretchPlace {
+    std::uint32_t topLeft = 0;     // the character at its top, as in wtg_get_top_left_character
+    std::uint32_t bottomRight = 0; // ... and at its bottom
+    std::int32_t usedRows = -1;    // rows of pixels that show text; negative when the place is not known
 };
 
 } // namespace lectern::engine

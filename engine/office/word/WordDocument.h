@@ -32,9 +32,7 @@ public:
     int32_t setDpi(int32_t dpi);
 
     int32_t characterCount(uint32_t& count);
-    int32_t topLeftCharacter(uint32_t& position);
-    int32_t bottomRightCharacter(uint32_t& position);
-    int32_t verticalLastUsedPixel(int32_t& rows);
+    int32_t stretchPlace(StretchPlace& place);
     int32_t scrollDown(int32_t rows, int32_t& scrolled);
     int32_t scrollUp(int32_t rows, int32_t& scrolled);
     int32_t jumpToCharacter(int32_t story, uint32_t position);

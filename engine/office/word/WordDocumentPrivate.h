@@ -55,6 +55,7 @@ struct WordDocument::Private {
     int64_t usedRows() const { return std::clamp<int64_t>(map.rows() - top, 0, surface.height); }
     bool isOnText(int32_t x, int32_t y) const;
     uint32_t topLeft() const;
+    uint32_t bottomRight() const;
     LaidOutText text() { return {*document.painter, flow, positions, map}; }
     // A box as it lies on the surface.
     PixelRect onSurface(const TextBox& box) const;

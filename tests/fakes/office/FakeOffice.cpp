@@ -154,21 +154,12 @@ int32_t WordDocument::characterCount(uint32_t& count) {
     return fake::misbehave(mPrivate->setting("count"));
 }
 
-int32_t WordDocument::topLeftCharacter(uint32_t& position) {
+int32_t WordDocument::stretchPlace(StretchPlace& place) {
+    const Private& d = *mPrivate;
     const int32_t result = mPrivate->ensureLaidOut();
-    position = static_cast<uint32_t>(mPrivate->top) * CHARACTERS_PER_ROW;
-    return result;
-}
-
-int32_t WordDocument::bottomRightCharacter(uint32_t& position) {
-    const int32_t result = mPrivate->ensureLaidOut();
-    position = static_cast<uint32_t>(mPrivate->top + mPrivate->usedRows()) * CHARACTERS_PER_ROW;
-    return result;
-}
-
-int32_t WordDocument::verticalLastUsedPixel(int32_t& rows) {
-    const int32_t result = mPrivate->ensureLaidOut();
-    rows = mPrivate->lies() ? mPrivate->height + 1 : mPrivate->usedRows();
+    place = {static_cast<uint32_t>(d.top) * CHARACTERS_PER_ROW,
+             static_cast<uint32_t>(d.top + d.usedRows()) * CHARACTERS_PER_ROW,
+             d.lies() ? d.height + 1 : d.usedRows()};
     return result;
 }
 
