@@ -44,7 +44,7 @@ public:
     double paintedAt(double place, int32_t dpi) const;
     bool isHidden(int32_t track) const;
     int32_t visibleIn(int32_t first, int32_t last) const;
-    // A stretch takes in the hidden tracks right before its first one, true
+    // A range takes in the hidden tracks right before its first one, true
     // when there are any, or those right behind its last.
     bool widenOverHiddenBefore(int32_t& first) const;
     void widenOverHiddenBehind(int32_t& last) const;

@@ -47,7 +47,7 @@ void Drawings::read() {
 
 void Drawings::place(const Drawing& drawing, const css::awt::Point& position, const css::awt::Size& size) {
     try {
-        if (drawing.stretches)
+        if (drawing.scalesWithCells)
             drawing.shape->setSize(size);
         drawing.shape->setPosition(position);
     } catch (const css::uno::Exception&) {

@@ -15,7 +15,7 @@ namespace lectern::engine {
 //
 // The suite paints them where the lengths of columns and rows add up to, but
 // cells where their whole pixels do: by the hundredth row the two are rows
-// apart. So before a painting drawings are moved and stretched to where their
+// apart. So before a painting drawings are moved and scaled to where their
 // cells are painted, and back before anything else is done with the sheet: the
 // suite itself moves them with their cells.
 class Drawings {
@@ -35,7 +35,7 @@ private:
         css::uno::Reference<css::drawing::XShape> shape;
         css::awt::Point position; // the document's, in 1/100 mm
         css::awt::Size size;
-        bool stretches; // a turned one is only moved
+        bool scalesWithCells; // a turned one is only moved
     };
     static void place(const Drawing& drawing, const css::awt::Point& position, const css::awt::Size& size);
 
