@@ -7,7 +7,7 @@
 // What there is to columns and rows alike, so that what works on one of them
 // works on both: each lies at a place on its axis, and any document pixel inside
 // it stands for it.
-struct Tracks {
+struct TrackKind {
     int CpPoint::*along;  // the axis that they follow one another on
     int CpPoint::*across; // the other one
     // The module's functions for them.
@@ -17,5 +17,5 @@ struct Tracks {
     decltype(STGFunc::stg_unhide_columns) STGFunc::*unhide;
 };
 
-extern const Tracks COLUMN_TRACKS;
-extern const Tracks ROW_TRACKS;
+extern const TrackKind COLUMN_TRACKS;
+extern const TrackKind ROW_TRACKS;
