@@ -117,6 +117,8 @@ protected:
     // Whether something else is shown over the document: its paints do not save
     // the state.
     virtual bool showsPopup() const { return false; }
+    // Where the document is scrolled to, also while something is shown over it.
+    virtual CpPoint pagePosition() const { return mScroll; }
 
     // Parts of the input handling that the kinds share.
     // Where mScroll follows the pen to, from where it went down; not clamped.
@@ -141,6 +143,8 @@ protected:
     // the mGestureScroll that goes with what is seen.
     void magnifyLastFrame(unsigned int* frameBuffer, double scale, const CpRect& part);
     void shrinkLastFrame(unsigned int* frameBuffer, double scale, const CpRect& target);
+    // The whole last frame on a part of the frame, the rest erased; sets the same.
+    void fitLastFrame(unsigned int* frameBuffer, double scale, const CpRect& target);
     // The client's frame as it was last shown. REQUIRES: all of it is painted.
     void keepFrame(const unsigned int* frameBuffer);
     // Where an axis of mScroll must be, after the scale changed by ratio, for a
