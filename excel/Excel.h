@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "excel/Tracks.h"
+#include "excel/TrackKind.h"
 #include "modules/STGFunc.h"
 #include "modules/Singleton.h"
 #include "view/OfficeBase.h"
@@ -137,27 +137,27 @@ protected:
     // Input.
     // True if the pen is on the headers of these tracks. `depth` multiplies the size of
     // the headers across the tracks.
-    bool isOnHeaders(const Tracks& tracks, const CpPoint& pen, int depth) const;
-    void beginStroke(const Tracks& tracks, const CpPoint& pen, bool& resizes, bool& selects);
+    bool isOnHeaders(const TrackKind& tracks, const CpPoint& pen, int depth) const;
+    void beginStroke(const TrackKind& tracks, const CpPoint& pen, bool& resizes, bool& selects);
     // Stores the first document pixel and the length of the track at `place`.
-    void trackAt(const Tracks& tracks, int place, int& start, int& length) const;
-    void drawGuide(const Tracks& tracks, const CpPoint& pen, uint32_t colour);
-    void moveGuide(const Tracks& tracks, const CpPoint& pen);
-    void finishResize(const Tracks& tracks, const CpPoint& pen);
+    void trackAt(const TrackKind& tracks, int place, int& start, int& length) const;
+    void drawGuide(const TrackKind& tracks, const CpPoint& pen, uint32_t colour);
+    void moveGuide(const TrackKind& tracks, const CpPoint& pen);
+    void finishResize(const TrackKind& tracks, const CpPoint& pen);
     void finishScroll(const CpPoint& pen);
-    bool isSelectingStroke(const Tracks& tracks, const CpPoint& pen) const;
+    bool isSelectingStroke(const TrackKind& tracks, const CpPoint& pen) const;
     // Select tracks; `from` and `to` are document pixels. Return the number of selected
     // tracks.
-    int selectTracks(const Tracks& tracks, int from, int to);
-    int selectStroke(const Tracks& tracks, const CpPoint& pen);
-    bool selectTapped(const Tracks& tracks, const CpPoint& tap, ClientMessageId notice);
+    int selectTracks(const TrackKind& tracks, int from, int to);
+    int selectStroke(const TrackKind& tracks, const CpPoint& pen);
+    bool selectTapped(const TrackKind& tracks, const CpPoint& tap, ClientMessageId notice);
     bool dropSelection();
     bool readComment(int lastx, int lasty);
 
     // Commands and search.
     void contentsChanged();
-    void applyToSelection(decltype(Tracks::hide) Tracks::*operation);
-    const Tracks& selectedTracks() const;
+    void applyToSelection(decltype(TrackKind::hide) TrackKind::*operation);
+    const TrackKind& selectedTracks() const;
     int sortSheet(decltype(STGFunc::stg_sort_ascending) sort);
     std::string selectedText();
     void fetchRegions();

@@ -66,13 +66,13 @@ int Excel::clearSelection() {
     return 0;
 }
 
-const Tracks& Excel::selectedTracks() const {
+const TrackKind& Excel::selectedTracks() const {
     return mSelection.Left() == 0 && mSelection.Right() == 0 ? ROW_TRACKS : COLUMN_TRACKS;
 }
 
-void Excel::applyToSelection(decltype(Tracks::hide) Tracks::*operation) {
+void Excel::applyToSelection(decltype(TrackKind::hide) TrackKind::*operation) {
     if (isOpen()) {
-        const Tracks& tracks = selectedTracks();
+        const TrackKind& tracks = selectedTracks();
         const CpPoint first(mSelection.Left(), mSelection.Top());
         const CpPoint last(mSelection.Right(), mSelection.Bottom());
         (mModule.*(tracks.*operation))(mDocument, mCurrentSheet, first.*tracks.along, last.*tracks.along);
@@ -81,11 +81,11 @@ void Excel::applyToSelection(decltype(Tracks::hide) Tracks::*operation) {
 }
 
 void Excel::hideSelection() {
-    applyToSelection(&Tracks::hide);
+    applyToSelection(&TrackKind::hide);
 }
 
 void Excel::unhideSelection() {
-    applyToSelection(&Tracks::unhide);
+    applyToSelection(&TrackKind::unhide);
 }
 
 void Excel::unhideAll() {

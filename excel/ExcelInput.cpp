@@ -26,13 +26,13 @@ constexpr int32_t COMMENT_CAPACITY = 1024;
 
 } // namespace
 
-bool Excel::isOnHeaders(const Tracks& tracks, const CpPoint& pen, int depth) const {
+bool Excel::isOnHeaders(const TrackKind& tracks, const CpPoint& pen, int depth) const {
     const CpPoint header = corner();
     return isOpen() && pen.*tracks.along > header.*tracks.along &&
            pen.*tracks.across < depth * (header.*tracks.across);
 }
 
-void Excel::trackAt(const Tracks& tracks, int place, int& start, int& length) const {
+void Excel::trackAt(const TrackKind& tracks, int place, int& start, int& length) const {
     CpPoint point(0, 0);
     CpPoint topLeft(0, 0);
     CpPoint size(0, 0);
@@ -65,7 +65,7 @@ bool Excel::handlePenDown(int x, int y) {
     return true;
 }
 
-void Excel::beginStroke(const Tracks& tracks, const CpPoint& pen, bool& resizes, bool& selects) {
+void Excel::beginStroke(const TrackKind& tracks, const CpPoint& pen, bool& resizes, bool& selects) {
     int& anchor = mAnchor.*tracks.along;
     int start = 0;
     int length = 0;
@@ -98,7 +98,7 @@ bool Excel::handlePenMove(int x, int y) {
 
 // Draws the guide at the pen's document pixel, used as a coordinate in the header
 // strip without converting it.
-void Excel::drawGuide(const Tracks& tracks, const CpPoint& pen, uint32_t colour) {
+void Excel::drawGuide(const TrackKind& tracks, const CpPoint& pen, uint32_t colour) {
     const int place = documentPoint(pen).*tracks.along;
     if (&tracks == &COLUMN_TRACKS) {
         mColumnHeaders->DrawVerticalAlphaLine(place, 0, mColumnHeaders->Height(), colour);
@@ -107,7 +107,7 @@ void Excel::drawGuide(const Tracks& tracks, const CpPoint& pen, uint32_t colour)
     }
 }
 
-void Excel::moveGuide(const Tracks& tracks, const CpPoint& pen) {
+void Excel::moveGuide(const TrackKind& tracks, const CpPoint& pen) {
     drawGuide(tracks, mStrokePoint, WIPED_GUIDE);
     drawGuide(tracks, pen, SHOWN_GUIDE);
     mStrokePoint = pen;
@@ -135,7 +135,7 @@ bool Excel::handlePenUp(int x, int y) {
     return true;
 }
 
-void Excel::finishResize(const Tracks& tracks, const CpPoint& pen) {
+void Excel::finishResize(const TrackKind& tracks, const CpPoint& pen) {
     moveGuide(tracks, pen);
     const int from = documentPoint(mPenDownPoint).*tracks.along;
     const int to = documentPoint(pen).*tracks.along;
@@ -165,12 +165,12 @@ void Excel::finishScroll(const CpPoint& pen) {
     }
 }
 
-bool Excel::isSelectingStroke(const Tracks& tracks, const CpPoint& pen) const {
+bool Excel::isSelectingStroke(const TrackKind& tracks, const CpPoint& pen) const {
     const long long way = static_cast<long long>(mPenDownPoint.*tracks.along) - pen.*tracks.along;
     return !mClicked && std::abs(way) > SELECTING_STROKE;
 }
 
-int Excel::selectTracks(const Tracks& tracks, int from, int to) {
+int Excel::selectTracks(const TrackKind& tracks, int from, int to) {
     CpPoint first(0, 0);
     CpPoint last(0, 0);
     first.*tracks.along = from;
@@ -183,7 +183,7 @@ int Excel::selectTracks(const Tracks& tracks, int from, int to) {
     return count;
 }
 
-int Excel::selectStroke(const Tracks& tracks, const CpPoint& pen) {
+int Excel::selectStroke(const TrackKind& tracks, const CpPoint& pen) {
     const int from = documentPoint(mPenDownPoint).*tracks.along;
     const int to = documentPoint(pen).*tracks.along;
     const int count = selectTracks(tracks, std::min(from, to), std::max(from, to));
@@ -227,7 +227,7 @@ bool Excel::dropSelection() {
 }
 
 // False for a tap on a border, which selects nothing.
-bool Excel::selectTapped(const Tracks& tracks, const CpPoint& tap, ClientMessageId notice) {
+bool Excel::selectTapped(const TrackKind& tracks, const CpPoint& tap, ClientMessageId notice) {
     const int place = documentPoint(tap).*tracks.along;
     int start = 0;
     int length = 0;

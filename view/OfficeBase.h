@@ -118,6 +118,8 @@ protected:
 
     // Whether a pop-up is shown over the document. Paints do not save the state then.
     virtual bool showsPopup() const { return false; }
+    // Where the document is scrolled to, also while something is shown over it.
+    virtual CpPoint pagePosition() const { return mScroll; }
 
     // Parts of the input handling that derived classes share.
     // The position of mScroll for a drag from the pen-down point to (x, y). Not
@@ -144,6 +146,8 @@ protected:
     // that the picture shows.
     void magnifyLastFrame(unsigned int* frameBuffer, double scale, const CpRect& part);
     void shrinkLastFrame(unsigned int* frameBuffer, double scale, const CpRect& target);
+    // The whole last frame on a part of the frame, the rest erased; sets the same.
+    void fitLastFrame(unsigned int* frameBuffer, double scale, const CpRect& target);
     // Copies the client's frame to mLastFrame. REQUIRES: all of the frame is painted.
     void keepFrame(const unsigned int* frameBuffer);
     // The position of one axis of mScroll that centres a point (view pixels) in the

@@ -105,22 +105,29 @@ void OfficeBase::keepFrame(const unsigned int* frameBuffer) {
 }
 
 void OfficeBase::magnifyLastFrame(unsigned int* frameBuffer, double scale, const CpRect& part) {
+    const CpPoint page = pagePosition();
     mLastFrame.ScaleCopyToFit(part, frameBuffer, CpRect(0, 0, mWidth, mHeight), mWidth, mHeight);
-    mGestureScroll.set(saturateToInt((static_cast<double>(mScroll.x) + part.Left()) * scale),
-                       saturateToInt((static_cast<double>(mScroll.y) + part.Top()) * scale));
+    mGestureScroll.set(saturateToInt((static_cast<double>(page.x) + part.Left()) * scale),
+                       saturateToInt((static_cast<double>(page.y) + part.Top()) * scale));
     mGestureAppliedScale = scale;
 }
 
 void OfficeBase::shrinkLastFrame(unsigned int* frameBuffer, double scale, const CpRect& target) {
-    const CpRect view(0, 0, mWidth, mHeight);
-    eraseBuffer(frameBuffer, framePixels());
     if (scale < 1.0) {
-        mLastFrame.ScaleCopyToFit(view, frameBuffer, target, mWidth, mHeight);
-        mGestureScroll.set(saturateToInt(mScroll.x * scale - target.Left()),
-                           saturateToInt(mScroll.y * scale - target.Top()));
-    } else {
-        mLastFrame.CopyBits(view, frameBuffer);
-        mGestureScroll = mScroll;
+        fitLastFrame(frameBuffer, scale, target);
+        return;
     }
+    eraseBuffer(frameBuffer, framePixels());
+    mLastFrame.CopyBits(CpRect(0, 0, mWidth, mHeight), frameBuffer);
+    mGestureScroll = pagePosition();
+    mGestureAppliedScale = scale;
+}
+
+void OfficeBase::fitLastFrame(unsigned int* frameBuffer, double scale, const CpRect& target) {
+    const CpPoint page = pagePosition();
+    eraseBuffer(frameBuffer, framePixels());
+    mLastFrame.ScaleCopyToFit(CpRect(0, 0, mWidth, mHeight), frameBuffer, target, mWidth, mHeight);
+    mGestureScroll.set(saturateToInt(page.x * scale - target.Left()),
+                       saturateToInt(page.y * scale - target.Top()));
     mGestureAppliedScale = scale;
 }

@@ -97,6 +97,7 @@ protected:
 
     // The pop-up.
     bool showsPopup() const override { return mPopupShown; }
+    CpPoint pagePosition() const override { return {mScroll.x, mPopupShown ? mPageRow : mScroll.y}; }
     bool showPopup(const wtg_click_info& reference);
     bool closePopup();
     int popupRange() const;

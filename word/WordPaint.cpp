@@ -32,19 +32,9 @@ void Word::handlePaintGesture(unsigned int* frameBuffer) {
     const double wanted = mScale * mGestureRequestScale;
     const double possible = fittingScale(wanted);
     const double scale = possible < wanted ? possible / mScale : mGestureRequestScale;
-    const CpRect view(0, 0, mWidth, mHeight);
-    const double x = mScroll.x;
-    const double y = mPopupShown ? mPageRow : mScroll.y;
     if (scale > 1.0) {
-        const CpRect source = prvCentred(mWidth, mHeight, 1.0 / scale);
-        mLastFrame.ScaleCopyToFit(source, frameBuffer, view, mWidth, mHeight);
-        mGestureScroll.set(saturateToInt((x + source.Left()) * scale),
-                           saturateToInt((y + source.Top()) * scale));
+        magnifyLastFrame(frameBuffer, scale, prvCentred(mWidth, mHeight, 1.0 / scale));
     } else {
-        const CpRect target = prvCentred(mWidth, mHeight, scale);
-        eraseBuffer(frameBuffer, framePixels());
-        mLastFrame.ScaleCopyToFit(view, frameBuffer, target, mWidth, mHeight);
-        mGestureScroll.set(saturateToInt(x * scale - target.Left()), saturateToInt(y * scale - target.Top()));
+        fitLastFrame(frameBuffer, scale, prvCentred(mWidth, mHeight, scale));
     }
-    mGestureAppliedScale = scale;
 }

@@ -30,8 +30,7 @@ void memoryFigures() {
     TestDocument first(service.bus(), service.queue(), file, WIDTH, HEIGHT);
     first.paint();
     service.waitForSpare(1);
-    // The stretch's surface of about 500,000 pixels, the copy of the last frame and the
-    // pop-up's pixmap.
+    // The stretch of about 500,000 pixels, the copy of the last frame and the pop-up's pixmap.
     const double surfaces = (500000.0 + WIDTH * HEIGHT + (WIDTH - 40) * 1000.0) * 4 / (1024 * 1024);
     std::printf("%-46s %7.1f\n", "service, one document, without surfaces",
                 privateMiB(service.pid()) - surfaces);

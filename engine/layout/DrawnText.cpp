@@ -24,7 +24,7 @@ void extend(DrawnBox& box, double x, double y) {
 
 // Distances along the baseline from the start of the run to the left and the
 // right edge of units [first, last), which are counted from the run's first unit.
-std::pair<double, double> stretch(const TextRun& run, uint32_t first, uint32_t last) {
+std::pair<double, double> extent(const TextRun& run, uint32_t first, uint32_t last) {
     const double from = first == 0 ? 0 : run.ends[first - 1];
     const double to = run.ends[last - 1];
     if (!run.rightToLeft)
@@ -36,7 +36,7 @@ std::pair<double, double> stretch(const TextRun& run, uint32_t first, uint32_t l
 DrawnBox boxOf(const TextRun& run, CharacterRange range) {
     const uint32_t first = std::max(range.start, run.start) - run.start;
     const uint32_t last = std::min(range.end, run.end()) - run.start;
-    const auto [from, to] = stretch(run, first, last);
+    const auto [from, to] = extent(run, first, last);
     const double cosine = std::cos(run.angle);
     const double sine = std::sin(run.angle);
     DrawnBox box{run.x + from * cosine, run.y - from * sine, run.x + from * cosine, run.y - from * sine};

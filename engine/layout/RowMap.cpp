@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/layout/RowMap.h"
 
+#include "engine/layout/Twips.h"
+
 #include <algorithm>
 #include <iterator>
 
 namespace lectern::engine {
 
 namespace {
-
-constexpr int64_t TWIPS_PER_INCH = 1440;
 
 int64_t divideUp(int64_t value, int64_t by) {
     return (value + by - 1) / by;

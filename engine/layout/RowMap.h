@@ -7,9 +7,9 @@
 
 namespace lectern::engine {
 
-// The rows of pixels of the whole text at a resolution. Row r of a page lies
-// exactly r * 1440 / dpi twips below the page's top, whichever rows are
-// painted. Pages follow each other without a gap.
+// The rows of the whole text at a resolution: row r of a page lies exactly
+// r * TWIPS_PER_INCH / dpi twips below the page's top, whatever is painted with it, and
+// the pages follow each other without a gap.
 class RowMap {
 public:
     struct Page {

@@ -33,11 +33,10 @@ struct PixelRect {
 // Red, green, blue.
 using Colour = std::array<uint8_t, 3>;
 
-// The colour of a pixel under a highlighter: white becomes the colour, black stays.
-uint32_t tinted(uint32_t pixel, const Colour& colour);
+constexpr uint32_t WHITE = 0xFFFFFFFF;
 
-// Tints columns [left, right) of rows [top, bottom), as far as they lie on the surface.
-void tint(const Surface& surface, int64_t left, int64_t top, int64_t right, int64_t bottom,
-          const Colour& colour);
+// Paints columns [left, right) of rows [top, bottom), or what of them lies on
+// the surface, in one colour, 0xAARRGGBB.
+void fill(const Surface& surface, int64_t left, int64_t top, int64_t right, int64_t bottom, uint32_t colour);
 
 } // namespace lectern::engine

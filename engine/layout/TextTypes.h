@@ -2,6 +2,7 @@
 #pragma once
 
 #include "engine/layout/Surface.h"
+#include "engine/protocol/Vocabulary.h"
 
 #include <cstdint>
 #include <string>
@@ -27,11 +28,9 @@ struct FoundRegion {
     std::vector<PixelRect> rectangles;
 };
 
-// The object at a point. The types are those of wtg_click_info.
+// What lies under a point.
 struct ClickTarget {
-    enum Type : int32_t { Nothing = 0, Footnote = 2, Endnote = 3, Comment = 4, Hyperlink = 6, Internal = 7 };
-
-    int32_t type = Nothing;
+    ClickType type = ClickType::Nothing;
     std::u16string address; // of a hyperlink
     uint32_t value = 0;     // a note's number in the document, or an internal link's position
 };

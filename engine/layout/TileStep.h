@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "engine/layout/Twips.h"
+
 #include <cstdint>
 #include <numeric>
 
 namespace lectern::engine {
-
-constexpr int64_t TWIPS_PER_INCH = 1440;
 
 // Number of pixels after which tile edges fall on whole twips. The suite derives
 // a tile's scale from its pixels and twips and rounds from the tile's corner;

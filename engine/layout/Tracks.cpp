@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/layout/Tracks.h"
 
-#include "engine/layout/TileStep.h"
+#include "engine/layout/Twips.h"
 
 #include <algorithm>
 #include <sstream>
@@ -10,30 +10,31 @@ namespace lectern::engine {
 
 namespace {
 
-struct Stretch {
+// Tracks behind those of the range before, up to `last`.
+struct TrackRange {
     int32_t last;
     int32_t value;
 };
 
 // Parses "value:last value:last ...".
-std::vector<Stretch> readSizes(const std::string& text) {
-    std::vector<Stretch> stretches;
+std::vector<TrackRange> readSizes(const std::string& text) {
+    std::vector<TrackRange> ranges;
     std::istringstream in(text);
     char colon = 0;
-    for (Stretch next{}; in >> next.value >> colon >> next.last;)
-        stretches.push_back(next);
-    return stretches;
+    for (TrackRange next{}; in >> next.value >> colon >> next.last;)
+        ranges.push_back(next);
+    return ranges;
 }
 
 // Parses "state:last last ...".
-std::vector<Stretch> readStates(const std::string& text) {
-    std::vector<Stretch> stretches;
+std::vector<TrackRange> readStates(const std::string& text) {
+    std::vector<TrackRange> ranges;
     std::istringstream in(text);
-    Stretch next{};
+    TrackRange next{};
     char colon = 0;
     for (in >> next.value >> colon; in >> next.last; next.value = 1 - next.value)
-        stretches.push_back(next);
-    return stretches;
+        ranges.push_back(next);
+    return ranges;
 }
 
 // The order of the operations matters: the result must equal the suite's to the
@@ -49,11 +50,11 @@ int64_t pixelsOf(int32_t twips, double perTwip) {
 } // namespace
 
 Tracks::Tracks(const std::string& sizes, const std::string& hidden) {
-    const std::vector<Stretch> states = readStates(hidden);
+    const std::vector<TrackRange> states = readStates(hidden);
     auto state = states.begin();
     int32_t first = 0;
     int64_t twips = 0;
-    for (const Stretch& size : readSizes(sizes)) {
+    for (const TrackRange& size : readSizes(sizes)) {
         while (first <= size.last) {
             while (state != states.end() && state->last < first)
                 ++state;

@@ -7,8 +7,6 @@
 
 namespace lectern::engine {
 
-enum class Axis { Columns, Rows };
-
 // The columns or the rows of a sheet and the pixels at which the suite draws
 // them.
 //
@@ -48,8 +46,8 @@ public:
     double paintedAt(double place, int32_t dpi) const;
     bool isHidden(int32_t track) const;
     int32_t visibleIn(int32_t first, int32_t last) const;
-    // Extends a range of tracks by the hidden tracks directly before its first one,
-    // returning whether there are any, or by those directly after its last one.
+    // A range takes in the hidden tracks right before its first one, true
+    // when there are any, or those right behind its last.
     bool widenOverHiddenBefore(int32_t& first) const;
     void widenOverHiddenBehind(int32_t& last) const;
 

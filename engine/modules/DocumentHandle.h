@@ -4,7 +4,7 @@
 #include "engine/host/DocumentFile.h"
 #include "engine/host/Engine.h"
 #include "engine/host/Export.h"
-#include "engine/protocol/Guarded.h"
+#include "engine/protocol/BorderGuard.h"
 #include "modules/ModuleResults.h"
 
 #include <chrono>
@@ -31,7 +31,7 @@ std::int32_t onHandle(void* doc, Operation operation) {
     if (doc == nullptr) {
         return MODULE_BAD_ARGUMENT;
     }
-    return guarded([&] {
+    return guardedAtBorder([&] {
         auto& handle = *static_cast<Handle*>(doc);
         const std::lock_guard lock(handle.mutex);
         return operation(handle);
@@ -59,7 +59,7 @@ std::int32_t openDocument(const std::uint16_t* path, const std::uint16_t* passwo
         return MODULE_BAD_ARGUMENT;
     }
     *doc = nullptr;
-    return guarded([&] {
+    return guardedAtBorder([&] {
         auto handle = std::make_unique<Handle>();
         const std::int32_t result = openInEngine(path, password, temporaryFolder, load, *handle);
         if (result == MODULE_OK) {

@@ -6,15 +6,20 @@
 
 #include <cstdio>
 #include <exception>
+#include <new>
 
 namespace lectern::engine {
 
-// Runs work that may throw. An exception is written to standard error and
-// becomes MODULE_FAILED.
+// Runs work with the suite, which reports by exceptions, and returns its result
+// code; MODULE_TOO_LARGE when there is not enough memory, MODULE_FAILED for any
+// other exception, whose message goes to standard error.
 template<class Work>
-int32_t guarded(Work work) noexcept {
+int32_t guardedInOffice(Work work) noexcept {
     try {
         return work();
+    } catch (const std::bad_alloc&) {
+        std::fprintf(stderr, "office: not enough memory\n");
+        return MODULE_TOO_LARGE;
     } catch (const css::uno::Exception& error) {
         std::fprintf(stderr, "office: %s\n",
                      OUStringToOString(error.Message, RTL_TEXTENCODING_UTF8).getStr());

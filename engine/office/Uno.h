@@ -46,9 +46,9 @@ std::u16string toText(const OUString& text);
 // The name of the object's class; empty when the object does not report one.
 OUString implementationName(const css::uno::Reference<css::uno::XInterface>& object);
 
-// Unit conversions. The suite measures positions and sizes in twips (1440 per
-// inch), its component interfaces in 1/100 mm. Results are rounded and have 64
-// bits, because heights come close to the 32-bit limit.
+// The suite measures positions and sizes in twips, its
+// component interfaces in 1/100 mm. Both are rounded, in 64 bits: heights here
+// come near the end of 32.
 inline int64_t twipsFromHundredthMm(int64_t length) {
     const int64_t half = length < 0 ? -63 : 63;
     return (length * 72 + half) / 127;

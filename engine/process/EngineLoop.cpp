@@ -5,7 +5,7 @@
 #include "engine/process/endpoints/SheetEndpoint.h"
 #include "engine/process/endpoints/SlideEndpoint.h"
 #include "engine/process/endpoints/WordEndpoint.h"
-#include "engine/protocol/Guarded.h"
+#include "engine/protocol/BorderGuard.h"
 #include "engine/protocol/Inherited.h"
 #include "modules/ModuleResults.h"
 
@@ -49,7 +49,7 @@ struct EngineState {
 
 gboolean handleStart(LecternIpcProcess* process, GDBusMethodInvocation* invocation, gpointer user) {
     auto& state = *static_cast<EngineState*>(user);
-    const std::int32_t result = guarded([&] {
+    const std::int32_t result = guardedAtBorder([&] {
         if (!state.office) {
             state.office = Office::start(state.folder + "/profile");
         }

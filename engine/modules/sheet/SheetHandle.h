@@ -6,6 +6,7 @@
 #include "engine/modules/DocumentHandle.h"
 #include "engine/modules/EngineCalls.h"
 #include "engine/modules/Utf16.h"
+#include "engine/protocol/Vocabulary.h"
 #include "modules/SheetToGoModule.h"
 
 #include <array>
@@ -16,10 +17,6 @@
 
 namespace lectern::engine {
 
-// The buffers of a view and the tracks of a sheet, with the numbers of sheet.xml.
-enum class SheetBuffer : gint { Cells = 0, RowHeaders = 1, ColumnHeaders = 2 };
-enum class TrackAxis : gint { Columns = 0, Rows = 1 };
-
 // A caller's buffer and the surface that the engine paints for it.
 struct BufferPair {
     std::unique_ptr<SharedSurface> surface; // null until the buffer is set
@@ -28,7 +25,7 @@ struct BufferPair {
 
 // The object behind an stg_ document handle.
 struct SheetHandle : DocumentHandle {
-    std::array<BufferPair, 3> buffers;
+    std::array<BufferPair, SHEET_AREAS> buffers;
     // Arrays returned to the caller; each is valid until the next call of its function.
     std::vector<stg_region> commentMarks;
     std::vector<stg_region> foundRegions;

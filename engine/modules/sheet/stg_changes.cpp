@@ -7,8 +7,8 @@ using namespace lectern::engine;
 
 namespace {
 
-constexpr gint COLUMNS = static_cast<gint>(TrackAxis::Columns);
-constexpr gint ROWS = static_cast<gint>(TrackAxis::Rows);
+constexpr gint COLUMNS = static_cast<gint>(Axis::Columns);
+constexpr gint ROWS = static_cast<gint>(Axis::Rows);
 
 } // namespace
 

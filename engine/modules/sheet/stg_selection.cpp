@@ -7,8 +7,8 @@ using namespace lectern::engine;
 
 namespace {
 
-std::int32_t selectTracks(void* doc, std::int32_t sheet, TrackAxis axis, std::int32_t first,
-                          std::int32_t last, std::int32_t* count) {
+std::int32_t selectTracks(void* doc, std::int32_t sheet, Axis axis, std::int32_t first, std::int32_t last,
+                          std::int32_t* count) {
     return getFromWorkbook(doc, count, &lectern_ipc_sheet_call_select_tracks_sync, gint{sheet},
                            static_cast<gint>(axis), gint{first}, gint{last});
 }
@@ -25,11 +25,11 @@ int32_t stg_select_area(void* doc, int32_t sheet, int32_t left, int32_t top, int
 }
 
 int32_t stg_select_column(void* doc, int32_t sheet, int32_t first_x, int32_t last_x, int32_t* count) {
-    return selectTracks(doc, sheet, TrackAxis::Columns, first_x, last_x, count);
+    return selectTracks(doc, sheet, Axis::Columns, first_x, last_x, count);
 }
 
 int32_t stg_select_row(void* doc, int32_t sheet, int32_t first_y, int32_t last_y, int32_t* count) {
-    return selectTracks(doc, sheet, TrackAxis::Rows, first_y, last_y, count);
+    return selectTracks(doc, sheet, Axis::Rows, first_y, last_y, count);
 }
 
 int32_t stg_select_cell(void* doc, int32_t sheet, int32_t x, int32_t y) {

@@ -14,14 +14,14 @@ namespace {
 constexpr std::int32_t MOST_THICKNESS = 16384;
 
 // Sends the engine a surface of another size; the old one stays when that fails.
-std::int32_t replaceSurface(SheetHandle& handle, SheetBuffer buffer, BufferPair& pair, std::int32_t width,
+std::int32_t replaceSurface(SheetHandle& handle, SheetArea area, BufferPair& pair, std::int32_t width,
                             std::int32_t height) {
     std::unique_ptr<SharedSurface> surface;
     const std::int32_t result =
         offerSurface(handle, width, height, surface,
                      [&](GVariant* memory, GUnixFDList* files, gint* answer, GError** error) {
                          return lectern_ipc_sheet_call_set_surface_sync(
-                             handle.engine->sheet(), static_cast<gint>(buffer), memory, width, height,
+                             handle.engine->sheet(), static_cast<gint>(area), memory, width, height,
                              G_DBUS_CALL_FLAGS_NONE, G_MAXINT, files, answer, nullptr, nullptr, error);
                      });
     if (result == MODULE_OK) {
@@ -30,13 +30,13 @@ std::int32_t replaceSurface(SheetHandle& handle, SheetBuffer buffer, BufferPair&
     return result;
 }
 
-std::int32_t setBuffer(void* doc, std::int32_t view, SheetBuffer buffer, std::uint32_t* pixels,
+std::int32_t setBuffer(void* doc, std::int32_t view, SheetArea area, std::uint32_t* pixels,
                        std::int32_t width, std::int32_t height) {
     if (view != 0) {
         return MODULE_BAD_ARGUMENT;
     }
     return onWorkbook(doc, [&](SheetHandle& handle) -> std::int32_t {
-        BufferPair& pair = handle.buffers[static_cast<std::size_t>(buffer)];
+        BufferPair& pair = handle.buffers[static_cast<std::size_t>(area)];
         pair.pixels = nullptr; // the caller may already have freed them
         if (pixels == nullptr || width < 1 || height < 1) {
             return MODULE_BAD_ARGUMENT;
@@ -46,7 +46,7 @@ std::int32_t setBuffer(void* doc, std::int32_t view, SheetBuffer buffer, std::ui
         }
         std::int32_t result = handle.engine->isAlive() ? MODULE_OK : MODULE_ENGINE_LOST;
         if (!pair.surface || pair.surface->width() != width || pair.surface->height() != height) {
-            result = replaceSurface(handle, buffer, pair, width, height);
+            result = replaceSurface(handle, area, pair, width, height);
         }
         if (result == MODULE_OK) {
             pair.pixels = pixels;
@@ -58,17 +58,17 @@ std::int32_t setBuffer(void* doc, std::int32_t view, SheetBuffer buffer, std::ui
 } // namespace
 
 int32_t stg_set_offscreen_buffer(void* doc, int32_t view, uint32_t* pixels, int32_t width, int32_t height) {
-    return setBuffer(doc, view, SheetBuffer::Cells, pixels, width, height);
+    return setBuffer(doc, view, SheetArea::Cells, pixels, width, height);
 }
 
 int32_t stg_set_row_offscreen_buffer(void* doc, int32_t view, uint32_t* pixels, int32_t width,
                                      int32_t height) {
-    return setBuffer(doc, view, SheetBuffer::RowHeaders, pixels, width, height);
+    return setBuffer(doc, view, SheetArea::RowHeaders, pixels, width, height);
 }
 
 int32_t stg_set_column_offscreen_buffer(void* doc, int32_t view, uint32_t* pixels, int32_t width,
                                         int32_t height) {
-    return setBuffer(doc, view, SheetBuffer::ColumnHeaders, pixels, width, height);
+    return setBuffer(doc, view, SheetArea::ColumnHeaders, pixels, width, height);
 }
 
 int32_t stg_set_dpi(void* doc, int32_t dpi) {

@@ -4,10 +4,12 @@
 #include "engine/host/SharedSurface.h"
 #include "engine/modules/DocumentHandle.h"
 #include "engine/modules/EngineCalls.h"
+#include "engine/protocol/Vocabulary.h"
 #include "modules/WordToGoModule.h"
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -19,6 +21,7 @@ struct WordHandle : DocumentHandle {
     std::unique_ptr<SharedSurface> surface; // painted by the engine; null until a buffer is set
     bool painted = false;                   // whether the surface has been painted at least once
     bool borrowed = false;                  // whether it shows a secondary document
+    std::optional<StretchPlace> place;      // as long as it is the engine's
     std::uint32_t* pixels = nullptr; // the caller's buffer of the surface's size; null after a refused one
 
     // Arrays returned to the caller; each is valid until the next call of its function.
@@ -62,6 +65,15 @@ std::int32_t callEngine(WordHandle& handle, Method method, std::tuple<Inputs...>
 template<class Method, class... Inputs>
 std::int32_t tell(void* doc, Method method, Inputs... inputs) {
     return onDocument(doc, [&](WordHandle& handle) {
+        return callEngine(handle, method, std::tuple<Inputs...>(inputs...));
+    });
+}
+
+// ... and move the stretch or change its layout.
+template<class Method, class... Inputs>
+std::int32_t tellToMove(void* doc, Method method, Inputs... inputs) {
+    return onDocument(doc, [&](WordHandle& handle) {
+        handle.place.reset();
         return callEngine(handle, method, std::tuple<Inputs...>(inputs...));
     });
 }

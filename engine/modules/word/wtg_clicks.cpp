@@ -3,6 +3,7 @@
 
 #include "engine/modules/Arrays.h"
 #include "engine/modules/word/WordHandle.h"
+#include "engine/protocol/Vocabulary.h"
 #include "modules/WordToGoModule.h"
 
 #include <limits>
@@ -11,24 +12,20 @@ using namespace lectern::engine;
 
 namespace {
 
-enum ClickType : std::int32_t {
-    kFootnote = 2,
-    kComment = 4,
-    kHyperlink = 6,
-    kInternalLink = 7,
-};
-
 // The meanings of a, b and c depend on the type.
 wtg_click_info clickRecord(std::int32_t type, const std::vector<std::uint16_t>& address, guint value) {
     const auto number = static_cast<std::intptr_t>(value);
-    if (type == kHyperlink) {
+    switch (static_cast<ClickType>(type)) {
+    case ClickType::Hyperlink:
         return {type, reinterpret_cast<std::intptr_t>(address.data()), 0, 0};
-    }
-    if (type == kInternalLink) {
+    case ClickType::InternalLink:
         return {type, 0, number, 0};
-    }
-    if (type >= kFootnote && type <= kComment) {
+    case ClickType::Footnote:
+    case ClickType::Endnote:
+    case ClickType::Comment:
         return {type, type, number, 0};
+    case ClickType::Nothing:
+        break;
     }
     return {0, 0, 0, 0};
 }
@@ -77,8 +74,9 @@ int32_t wtg_get_click_regions(void* doc, int32_t view, int32_t* count, const mod
 }
 
 int32_t wtg_open_secondary_document(void* doc, intptr_t a, intptr_t b, intptr_t /*c*/, int32_t height) {
-    if (a < kFootnote || a > kComment || b < 0 || b > std::numeric_limits<std::int32_t>::max() ||
-        height < 1) {
+    constexpr auto FIRST = static_cast<intptr_t>(ClickType::Footnote);
+    constexpr auto LAST = static_cast<intptr_t>(ClickType::Comment);
+    if (a < FIRST || a > LAST || b < 0 || b > std::numeric_limits<std::int32_t>::max() || height < 1) {
         return MODULE_BAD_ARGUMENT;
     }
     return onDocument(doc, [&](WordHandle& handle) {

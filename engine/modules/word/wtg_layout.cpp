@@ -13,6 +13,7 @@ std::int32_t replaceSurface(WordHandle& handle, std::uint32_t* pixels, std::int3
                             std::int32_t height) {
     std::unique_ptr<SharedSurface> surface;
     gboolean painted = FALSE;
+    handle.place.reset();
     const std::int32_t result =
         offerSurface(handle, width, height, surface,
                      [&](GVariant* memory, GUnixFDList* files, gint* answer, GError** error) {
@@ -43,7 +44,10 @@ std::int32_t scroll(void* doc, std::int32_t view, std::int32_t rows, std::int32_
     }
     return onDocument(doc, [&](WordHandle& handle) -> std::int32_t {
         gint moved = 0;
-        const std::int32_t result = callEngine(handle, method, std::tuple(gint{rows}), &moved);
+        StretchPlace place;
+        handle.place.reset();
+        const std::int32_t result = callEngine(handle, method, std::tuple(gint{rows}), &moved, &place.topLeft,
+                                               &place.bottomRight, &place.usedRows);
         if (result != MODULE_OK) {
             return result;
         }
@@ -52,7 +56,41 @@ std::int32_t scroll(void* doc, std::int32_t view, std::int32_t rows, std::int32_
         if (moved < 0 || moved > rows) {
             return MODULE_FAILED;
         }
+        if (place.usedRows >= 0) {
+            handle.place = place;
+        }
         *scrolled = moved;
+        return MODULE_OK;
+    });
+}
+
+// Asks for the stretch's place unless it is known; `use` takes the handle and
+// the place. What a lost engine told last is not used.
+template<class Use>
+std::int32_t onPlace(void* doc, Use use) {
+    return onDocument(doc, [&](WordHandle& handle) -> std::int32_t {
+        if (!handle.place || !handle.engine->isAlive()) {
+            StretchPlace place;
+            handle.place.reset();
+            const std::int32_t result =
+                callEngine(handle, &lectern_ipc_word_call_stretch_place_sync, std::tuple<>(), &place.topLeft,
+                           &place.bottomRight, &place.usedRows);
+            if (result != MODULE_OK) {
+                return result;
+            }
+            handle.place = place;
+        }
+        return use(handle, *handle.place);
+    });
+}
+
+std::int32_t getCharacter(void* doc, std::int32_t view, std::uint32_t* position,
+                          std::uint32_t StretchPlace::*which) {
+    if (view != 0 || position == nullptr) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return onPlace(doc, [&](const WordHandle&, const StretchPlace& place) {
+        *position = place.*which;
         return MODULE_OK;
     });
 }
@@ -88,7 +126,7 @@ int32_t wtg_set_dpi(void* doc, int32_t dpi) {
     if (dpi < 1) {
         return MODULE_BAD_ARGUMENT;
     }
-    return tell(doc, &lectern_ipc_word_call_set_dpi_sync, gint{dpi});
+    return tellToMove(doc, &lectern_ipc_word_call_set_dpi_sync, gint{dpi});
 }
 
 int32_t wtg_get_character_count(void* doc, int32_t view, uint32_t* scratch, uint32_t* count) {
@@ -103,31 +141,23 @@ int32_t wtg_get_character_count(void* doc, int32_t view, uint32_t* scratch, uint
 }
 
 int32_t wtg_get_top_left_character(void* doc, int32_t view, uint32_t* position) {
-    return view != 0 ? MODULE_BAD_ARGUMENT
-                     : getNumber<guint>(doc, &lectern_ipc_word_call_top_left_character_sync, position);
+    return getCharacter(doc, view, position, &StretchPlace::topLeft);
 }
 
 int32_t wtg_get_bottom_right_character(void* doc, int32_t view, uint32_t* position) {
-    return view != 0 ? MODULE_BAD_ARGUMENT
-                     : getNumber<guint>(doc, &lectern_ipc_word_call_bottom_right_character_sync, position);
+    return getCharacter(doc, view, position, &StretchPlace::bottomRight);
 }
 
 int32_t wtg_get_vertical_last_used_pixel(void* doc, int32_t view, int32_t* rows) {
     if (view != 0 || rows == nullptr) {
         return MODULE_BAD_ARGUMENT;
     }
-    return onDocument(doc, [&](WordHandle& handle) -> std::int32_t {
-        gint used = 0;
-        const std::int32_t result =
-            callEngine(handle, &lectern_ipc_word_call_vertical_last_used_pixel_sync, std::tuple<>(), &used);
-        if (result != MODULE_OK) {
-            return result;
-        }
+    return onPlace(doc, [&](const WordHandle& handle, const StretchPlace& place) -> std::int32_t {
         // The view uses the number as a bound inside its buffer.
-        if (!handle.surface || used < 0 || used > handle.surface->height()) {
+        if (!handle.surface || place.usedRows < 0 || place.usedRows > handle.surface->height()) {
             return MODULE_FAILED;
         }
-        *rows = used;
+        *rows = place.usedRows;
         return MODULE_OK;
     });
 }
@@ -141,7 +171,7 @@ int32_t wtg_scroll_up(void* doc, int32_t view, int32_t rows, int32_t* scrolled) 
 }
 
 int32_t wtg_jump_to_character(void* doc, int32_t story, uint32_t position) {
-    return tell(doc, &lectern_ipc_word_call_jump_to_character_sync, gint{story}, guint{position});
+    return tellToMove(doc, &lectern_ipc_word_call_jump_to_character_sync, gint{story}, guint{position});
 }
 
 int32_t wtg_page_layout_size(void* doc, int32_t view, int32_t* width, int32_t* height) {

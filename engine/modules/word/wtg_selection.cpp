@@ -30,7 +30,7 @@ int32_t wtg_copy_selection(void* doc, uint16_t* text, int32_t capacity, int32_t 
 int32_t wtg_scroll_to_character_range(void* doc, int32_t view, uint32_t start, uint32_t end) {
     return view != 0 || start > end
                ? MODULE_BAD_ARGUMENT
-               : tell(doc, &lectern_ipc_word_call_scroll_to_range_sync, guint{start}, guint{end});
+               : tellToMove(doc, &lectern_ipc_word_call_scroll_to_range_sync, guint{start}, guint{end});
 }
 
 int32_t wtg_select_all(void* doc) {

@@ -10,8 +10,6 @@ namespace lectern::engine {
 
 namespace {
 
-constexpr uint32_t WHITE = 0xFFFFFFFF;
-
 // The pixel at which a tile must start so that it shows `pixel` and has its
 // drawings in the right places. The suite displaces drawings by a part of the
 // distance between the tile's start and the start of its first cell (by a third
@@ -63,19 +61,14 @@ struct Span {
     }
 };
 
-void fill(const Surface& surface, int64_t left, int64_t top, int64_t right, int64_t bottom) {
-    for (int64_t y = top; y < bottom; ++y)
-        std::fill(surface.row(y) + left, surface.row(y) + right, WHITE);
-}
-
 // Clears the part of the surface that lies outside of the sheet.
 void clearOutside(const Surface& surface, int64_t x, int64_t y, const Span& across, const Span& down) {
     const int64_t top = down.first - y;
     const int64_t bottom = down.last - y;
-    fill(surface, 0, 0, surface.width, top);
-    fill(surface, 0, top, across.first - x, bottom);
-    fill(surface, across.last - x, top, surface.width, bottom);
-    fill(surface, 0, bottom, surface.width, surface.height);
+    fill(surface, 0, 0, surface.width, top, WHITE);
+    fill(surface, 0, top, across.first - x, bottom, WHITE);
+    fill(surface, across.last - x, top, surface.width, bottom, WHITE);
+    fill(surface, 0, bottom, surface.width, surface.height, WHITE);
 }
 
 void paintTile(lok::Document& painter, const Span& across, const Span& down, int32_t dpi, uint32_t* pixels) {
@@ -95,7 +88,7 @@ void CellPainter::paint(Workbook& book, int32_t sheet, int64_t x, int64_t y, int
     const Span across(x, surface.width, geometry.columns, dpi, withDrawings);
     const Span down(y, surface.height, geometry.rows, dpi, withDrawings);
     if (across.isEmpty() || down.isEmpty() || !across.isWithinReach(dpi) || !down.isWithinReach(dpi)) {
-        fill(surface, 0, 0, surface.width, surface.height);
+        fill(surface, 0, 0, surface.width, surface.height, WHITE);
         return;
     }
     book.show(sheet);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/office/sheet/Drawings.h"
 
+#include "engine/layout/Twips.h"
 #include "engine/office/Uno.h"
 
 #include <com/sun/star/drawing/XDrawPageSupplier.hpp>
@@ -20,7 +21,7 @@ constexpr double HUNDREDTH_MM_PER_INCH = 2540;
 // Where the suite paints what the document has at `place`, a distance from the
 // sheet's edge. Both in 1/100 mm.
 int32_t paintedPlace(const Tracks& tracks, int32_t place, int32_t dpi) {
-    const double pixel = tracks.paintedAt(place * 1440 / HUNDREDTH_MM_PER_INCH, dpi);
+    const double pixel = tracks.paintedAt(place * TWIPS_PER_INCH / HUNDREDTH_MM_PER_INCH, dpi);
     return static_cast<int32_t>(std::lround(pixel * HUNDREDTH_MM_PER_INCH / dpi));
 }
 
@@ -47,7 +48,7 @@ void Drawings::read() {
 
 void Drawings::place(const Drawing& drawing, const css::awt::Point& position, const css::awt::Size& size) {
     try {
-        if (drawing.stretches)
+        if (drawing.scalesWithCells)
             drawing.shape->setSize(size);
         drawing.shape->setPosition(position);
     } catch (const css::uno::Exception&) {

@@ -13,12 +13,11 @@ namespace lectern::engine {
 
 // The charts, pictures and shapes of a sheet.
 //
-// The suite paints drawings at the exact sums of the column widths and row
-// heights, but cells at the sums of the sizes cut off to whole pixels. By the
-// hundredth row the two differ by whole rows. Drawings are therefore moved and
-// scaled to their cells before a painting, and moved back before any other
-// operation on the sheet, because the suite itself moves drawings with their
-// cells.
+// The suite paints them where the lengths of columns and rows add up to, but
+// cells where their whole pixels do: by the hundredth row the two are rows
+// apart. So before a painting drawings are moved and scaled to where their
+// cells are painted, and back before anything else is done with the sheet: the
+// suite itself moves them with their cells.
 class Drawings {
 public:
     explicit Drawings(const css::uno::Reference<css::sheet::XSpreadsheet>& sheet);
@@ -36,7 +35,7 @@ private:
         css::uno::Reference<css::drawing::XShape> shape;
         css::awt::Point position; // in the document, in 1/100 mm
         css::awt::Size size;
-        bool stretches; // false for a rotated drawing, which is only moved
+        bool scalesWithCells; // a turned one is only moved
     };
     static void place(const Drawing& drawing, const css::awt::Point& position, const css::awt::Size& size);
 

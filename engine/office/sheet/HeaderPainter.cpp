@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/office/sheet/HeaderPainter.h"
 
+#include "engine/layout/Tint.h"
+
 #include <cairo.h>
 
 #include <algorithm>
@@ -19,14 +21,6 @@ constexpr uint32_t LINE = 0xFF8C8C8C;
 
 using CairoSurface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
 using Cairo = std::unique_ptr<cairo_t, decltype(&cairo_destroy)>;
-
-void fill(const Surface& strip, int64_t left, int64_t top, int64_t right, int64_t bottom, uint32_t colour) {
-    const int64_t first = std::clamp<int64_t>(left, 0, strip.width);
-    const int64_t last = std::clamp<int64_t>(right, first, strip.width);
-    const int64_t end = std::min<int64_t>(bottom, strip.height);
-    for (int64_t y = std::max<int64_t>(top, 0); y < end; ++y)
-        std::fill(strip.row(y) + first, strip.row(y) + last, colour);
-}
 
 // A header strip along its tracks, vertical or horizontal.
 struct Strip {

@@ -3,6 +3,7 @@
 
 #include "engine/layout/Surface.h"
 #include "engine/layout/Tracks.h"
+#include "engine/protocol/Vocabulary.h"
 
 #include <cstdint>
 #include <memory>

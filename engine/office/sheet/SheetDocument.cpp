@@ -2,6 +2,7 @@
 // Opening a workbook, its measurements and its painting.
 #include "engine/office/sheet/SheetDocument.h"
 
+#include "engine/layout/Tint.h"
 #include "engine/office/Properties.h"
 #include "engine/office/sheet/SheetDocumentPrivate.h"
 
@@ -22,7 +23,7 @@ int32_t saturated(int64_t value) {
 
 int32_t SheetDocument::open(Office& office, const std::string& path, const std::string& password,
                             const std::string& temporaryDirectory, std::unique_ptr<SheetDocument>& document) {
-    return guarded([&]() -> int32_t {
+    return guardedInOffice([&]() -> int32_t {
         LoadedModel loaded;
         const int32_t result = loadModel(office.d(), path, password, temporaryDirectory, loaded);
         if (result != MODULE_OK)
@@ -37,7 +38,7 @@ int32_t SheetDocument::open(Office& office, const std::string& path, const std::
 SheetDocument::SheetDocument(std::unique_ptr<Private> d) : mPrivate(std::move(d)) {}
 
 SheetDocument::~SheetDocument() {
-    guarded([this]() -> int32_t {
+    guardedInOffice([this]() -> int32_t {
         mPrivate.reset();
         return MODULE_OK;
     });
@@ -84,7 +85,7 @@ int32_t SheetDocument::setSurface(SheetArea area, uint32_t* pixels, int32_t widt
 int32_t SheetDocument::setDpi(int32_t dpi) {
     if (dpi < 1 || dpi > MOST_DPI)
         return MODULE_BAD_ARGUMENT;
-    return guarded([&]() -> int32_t {
+    return guardedInOffice([&]() -> int32_t {
         if (dpi != mPrivate->dpi) {
             mPrivate->dpi = dpi;
             mPrivate->book.setDpi(dpi);
@@ -116,7 +117,7 @@ int32_t SheetDocument::sheetCount(int32_t& count) {
 
 int32_t SheetDocument::title(int32_t sheet, std::u16string& text) {
     Private& d = *mPrivate;
-    return guarded([&]() -> int32_t {
+    return guardedInOffice([&]() -> int32_t {
         if (!d.book.has(sheet))
             return MODULE_BAD_ARGUMENT;
         const css::uno::Reference<css::container::XNamed> named(d.book.sheet(sheet),
@@ -164,11 +165,8 @@ int32_t SheetDocument::cellAt(int32_t sheet, int32_t x, int32_t y, int32_t& colu
 }
 
 int32_t SheetDocument::information(DocumentInformation& information) {
-    return guarded([&]() -> int32_t {
-        const auto properties = documentProperties(mPrivate->book.model());
-        information = {toText(properties->getTitle()), toText(properties->getAuthor()),
-                       toText(properties->getDescription()), toUnixTime(properties->getCreationDate()),
-                       toUnixTime(properties->getModificationDate())};
+    return guardedInOffice([&]() -> int32_t {
+        information = informationOf(mPrivate->book.model());
         return MODULE_OK;
     });
 }

@@ -3,8 +3,8 @@
 
 #include "engine/layout/DocumentInformation.h"
 #include "engine/layout/Surface.h"
-#include "engine/layout/Tracks.h"
 #include "engine/office/Office.h"
+#include "engine/protocol/Vocabulary.h"
 
 #include <cstdint>
 #include <memory>
@@ -12,10 +12,6 @@
 #include <vector>
 
 namespace lectern::engine {
-
-// The surfaces of a view of a sheet.
-enum class SheetArea { Cells, RowHeaders, ColumnHeaders };
-constexpr int32_t SHEET_AREAS = 3;
 
 // A workbook. Operations have the meanings of the stg_ functions in
 // modules/SheetToGoModule.h. They return module_result codes; outputs are valid with

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Changes of the sheet in memory; the file is not changed.
+#include "engine/layout/Twips.h"
 #include "engine/office/sheet/SheetDocumentPrivate.h"
 #include "engine/office/sheet/SheetSort.h"
 
@@ -81,7 +82,7 @@ int32_t SheetDocument::resize(int32_t sheet, Axis axis, int32_t at, int32_t chan
     return d.onTracks(sheet, axis, [&](const Tracks& tracks) -> int32_t {
         const int32_t track = tracks.trackAt(at);
         const int64_t wanted = tracks.size(track) + change;
-        if (wanted < 1 || wanted * 1440 / d.dpi > MOST_TWIPS)
+        if (wanted < 1 || wanted * TWIPS_PER_INCH / d.dpi > MOST_TWIPS)
             return MODULE_BAD_ARGUMENT;
         const auto object = tracksOf(d.book.sheet(sheet), axis, track, track);
         const char* const size = axis == Axis::Columns ? "Width" : "Height";

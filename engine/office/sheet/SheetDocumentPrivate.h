@@ -28,7 +28,7 @@ struct SheetDocument::Private {
     // Runs work on a sheet if its number is valid.
     template<class Work>
     int32_t onSheet(int32_t sheet, Work work) noexcept {
-        return guarded([&]() -> int32_t {
+        return guardedInOffice([&]() -> int32_t {
             return book.has(sheet) ? work(book.geometry(sheet)) : int32_t{MODULE_BAD_ARGUMENT};
         });
     }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/office/sheet/Workbook.h"
 
-#include "engine/layout/TileStep.h"
+#include "engine/layout/Twips.h"
 
 #include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/sheet/XCellRangeAddressable.hpp>
@@ -122,7 +122,7 @@ void Workbook::show(int32_t sheet) {
 
 void Workbook::setDpi(int32_t dpi) {
     mDpi = dpi;
-    painter().setClientZoom(dpi, dpi, 1440, 1440);
+    painter().setClientZoom(dpi, dpi, TWIPS_PER_INCH, TWIPS_PER_INCH);
     for (Sheet& sheet : mSheets) {
         if (sheet.geometry) {
             sheet.geometry->columns.setDpi(dpi);

@@ -5,6 +5,7 @@
 #include "engine/layout/Tracks.h"
 #include "engine/office/DocumentLoading.h"
 #include "engine/office/sheet/Drawings.h"
+#include "engine/protocol/Vocabulary.h"
 
 #include <com/sun/star/sheet/XSpreadsheet.hpp>
 #include <com/sun/star/table/CellRangeAddress.hpp>

@@ -33,7 +33,7 @@ int32_t pointsFromHundredthMm(int32_t length) {
 
 int32_t SlideDocument::open(Office& office, const std::string& path, const std::string& temporaryDirectory,
                             std::unique_ptr<SlideDocument>& document) {
-    return guarded([&]() -> int32_t {
+    return guardedInOffice([&]() -> int32_t {
         // The suite would open an empty file as a new presentation.
         if (std::filesystem::file_size(path) == 0)
             return MODULE_DAMAGED;
@@ -53,7 +53,7 @@ int32_t SlideDocument::open(Office& office, const std::string& path, const std::
 SlideDocument::SlideDocument(std::unique_ptr<Private> d) : mPrivate(std::move(d)) {}
 
 SlideDocument::~SlideDocument() {
-    guarded([this]() -> int32_t {
+    guardedInOffice([this]() -> int32_t {
         mPrivate.reset();
         return MODULE_OK;
     });
@@ -159,13 +159,8 @@ int32_t SlideDocument::outline(int32_t slide, std::vector<OutlineItem>& items) {
 }
 
 int32_t SlideDocument::information(DocumentInformation& information) {
-    return guarded([&]() -> int32_t {
-        const auto properties = documentProperties(mPrivate->deck.model());
-        information.name = toText(properties->getTitle());
-        information.author = toText(properties->getAuthor());
-        information.description = toText(properties->getDescription());
-        information.created = toUnixTime(properties->getCreationDate());
-        information.lastSaved = toUnixTime(properties->getModificationDate());
+    return guardedInOffice([&]() -> int32_t {
+        information = informationOf(mPrivate->deck.model());
         return MODULE_OK;
     });
 }

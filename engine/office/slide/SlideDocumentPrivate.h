@@ -26,7 +26,7 @@ struct SlideDocument::Private {
     // Runs work on a slide if its number is valid.
     template<class Work>
     int32_t onSlide(int32_t slide, Work work) noexcept {
-        return guarded([&]() -> int32_t {
+        return guardedInOffice([&]() -> int32_t {
             if (!deck.has(slide))
                 return MODULE_BAD_ARGUMENT;
             work();

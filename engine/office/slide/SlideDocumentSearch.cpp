@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Searching slides and notes.
 #include "engine/layout/SearchText.h"
+#include "engine/layout/Tint.h"
 #include "engine/office/slide/SlideDocumentPrivate.h"
 #include "engine/office/slide/SlideTexts.h"
 
@@ -104,7 +105,7 @@ int32_t SlideDocument::find(const std::u16string& text, int32_t first, int32_t l
     slides.clear();
     if (first > last || !mPrivate->deck.has(first) || !mPrivate->deck.has(last))
         return MODULE_BAD_ARGUMENT;
-    return guarded([&]() -> int32_t {
+    return guardedInOffice([&]() -> int32_t {
         mPrivate->found.clear();
         mPrivate->hitColour = mPrivate->highlight;
         const Clock::time_point end = Clock::now() + PATIENCE;
@@ -122,7 +123,7 @@ int32_t SlideDocument::find(const std::u16string& text, int32_t first, int32_t l
 
 int32_t SlideDocument::foundRegions(std::vector<std::vector<PixelRect>>& regions) {
     regions.clear();
-    return guarded([&]() -> int32_t {
+    return guardedInOffice([&]() -> int32_t {
         const auto hits =
             mPrivate->rendered ? mPrivate->found.find(*mPrivate->rendered) : mPrivate->found.end();
         if (hits == mPrivate->found.end())

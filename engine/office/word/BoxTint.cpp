@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/office/word/BoxTint.h"
 
+#include "engine/layout/Tint.h"
+
 #include <algorithm>
 
 namespace lectern::engine {

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstdio>
 #include <tuple>
 #include <utility>
 
@@ -18,19 +17,7 @@ namespace {
 // The longest wait for an answer, which usually takes well under a millisecond.
 constexpr std::chrono::milliseconds PATIENCE(200);
 
-// Parses "x, y, width, height; ..." and sorts the boxes from top to bottom,
-// then from left to right.
-std::vector<ViewBox> parseBoxes(const std::string& text) {
-    std::vector<ViewBox> boxes;
-    const char* rest = text.c_str();
-    long long left = 0, top = 0, width = 0, height = 0;
-    int used = 0;
-    while (std::sscanf(rest, "%lld, %lld, %lld, %lld%n", // NOLINT(cert-err34-c)
-                       &left, &top, &width, &height, &used) == 4) {
-        boxes.push_back({left, top, width, height});
-        rest += used;
-        rest += *rest == ';' ? 1 : 0;
-    }
+std::vector<ViewBox> inReadingOrder(std::vector<ViewBox> boxes) {
     std::sort(boxes.begin(), boxes.end(), [](const ViewBox& a, const ViewBox& b) {
         return std::tie(a.top, a.left) < std::tie(b.top, b.left);
     });
@@ -66,7 +53,7 @@ std::vector<ViewBox> LineBoxes::of(CharacterRange range) {
         mPayload.clear();
     }
     mFlow.cursor()->gotoRange(selection, false);
-    return parseBoxes(takeSelection());
+    return inReadingOrder(readViewBoxes(takeSelection()));
 }
 
 std::string LineBoxes::takeSelection() {

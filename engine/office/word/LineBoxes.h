@@ -2,20 +2,13 @@
 #pragma once
 
 #include "base/Mutex.h"
+#include "engine/layout/ViewBoxes.h"
 #include "engine/office/word/TextPositions.h"
 
 #include <condition_variable>
 #include <string>
 
 namespace lectern::engine {
-
-// A rectangle in the suite's view, in twips.
-struct ViewBox {
-    int64_t left;
-    int64_t top;
-    int64_t width;
-    int64_t height;
-};
 
 // Asks the suite for the boxes of characters, one for each line. The suite
 // reports only selections, and asynchronously, so this registers a callback for

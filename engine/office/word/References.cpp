@@ -27,7 +27,7 @@ class Collector {
 public:
     explicit Collector(const TextPositions& positions) : mPositions(positions) {}
 
-    void add(const css::uno::Any& element, ClickTarget::Type type) {
+    void add(const css::uno::Any& element, ClickType type) {
         const Reference<css::text::XTextContent> content(element, UNO_QUERY);
         const auto anchor = content.is() ? content->getAnchor() : Reference<css::text::XTextRange>();
         if (!anchor.is() || !anchor->getText().is())
@@ -47,8 +47,7 @@ private:
     const TextPositions& mPositions;
 };
 
-void addNotes(Collector& collector, const Reference<css::container::XIndexAccess>& notes,
-              ClickTarget::Type type) {
+void addNotes(Collector& collector, const Reference<css::container::XIndexAccess>& notes, ClickType type) {
     for (sal_Int32 i = 0; i < notes->getCount(); ++i)
         collector.add(notes->getByIndex(i), type);
 }
@@ -59,7 +58,7 @@ void addComments(Collector& collector, const Reference<css::text::XTextFieldsSup
         const css::uno::Any field = fields->nextElement();
         const Reference<css::lang::XServiceInfo> info(field, UNO_QUERY);
         if (info.is() && info->supportsService("com.sun.star.text.textfield.Annotation"))
-            collector.add(field, ClickTarget::Comment);
+            collector.add(field, ClickType::Comment);
     }
 }
 
@@ -68,9 +67,9 @@ void addComments(Collector& collector, const Reference<css::text::XTextFieldsSup
 References::References(const Reference<css::text::XTextDocument>& model, const TextPositions& positions) {
     Collector collector(positions);
     if (const Reference<css::text::XFootnotesSupplier> notes(model, UNO_QUERY); notes.is())
-        addNotes(collector, notes->getFootnotes(), ClickTarget::Footnote);
+        addNotes(collector, notes->getFootnotes(), ClickType::Footnote);
     if (const Reference<css::text::XEndnotesSupplier> notes(model, UNO_QUERY); notes.is())
-        addNotes(collector, notes->getEndnotes(), ClickTarget::Endnote);
+        addNotes(collector, notes->getEndnotes(), ClickType::Endnote);
     if (const Reference<css::text::XTextFieldsSupplier> fields(model, UNO_QUERY); fields.is())
         addComments(collector, fields);
     auto& marks = collector.marks;

@@ -10,7 +10,7 @@ namespace lectern::engine {
 // Text that the body refers to but does not contain: a footnote, an endnote or
 // a comment.
 struct SideText {
-    ClickTarget::Type type;
+    ClickType type;
     css::uno::Reference<css::uno::XInterface> object;
 };
 

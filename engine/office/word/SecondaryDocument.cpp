@@ -91,7 +91,7 @@ int32_t paintSideText(Office::Private& office, const OpenedDocument& from, const
         return result;
     // Pasting needs a current layout.
     side.model->unlockControllers();
-    if (text.type == ClickTarget::Comment)
+    if (text.type == ClickType::Comment)
         writeComment(text, side);
     else
         writeNote(text, from, side);

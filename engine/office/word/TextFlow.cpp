@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/office/word/TextFlow.h"
 
+#include "engine/layout/Twips.h"
+#include "engine/layout/ViewBoxes.h"
 #include "engine/office/word/PageStyles.h"
 
 #include <com/sun/star/text/XPageCursor.hpp>
@@ -59,20 +61,12 @@ struct FreeDeleter {
     void operator()(char* text) const { std::free(text); }
 };
 
-// Reads the corners from "x, y, width, height; ...", in twips, one entry for each page.
+// The corner of each page; what its text takes is measured later.
 std::vector<FlowPage> pageCorners(lok::Document& painter) {
     const std::unique_ptr<char, FreeDeleter> text(painter.getPartPageRectangles());
     std::vector<FlowPage> pages;
-    const char* rest = text.get();
-    while (rest != nullptr && *rest != '\0') {
-        long long left = 0;
-        long long top = 0;
-        int used = 0;
-        if (std::sscanf(rest, "%lld, %lld, %*d, %*d%n", &left, &top, &used) != 2) // NOLINT(cert-err34-c)
-            break;
-        pages.push_back({left, top, 0});
-        rest += used;
-        rest += *rest == ';' ? 1 : 0;
+    for (const ViewBox& page : readViewBoxes(text ? text.get() : "")) {
+        pages.push_back({page.left, page.top, 0});
     }
     return pages;
 }
@@ -84,7 +78,7 @@ constexpr int64_t MOST_WIDTH = 400'000;
 } // namespace
 
 int32_t layoutWidth(int32_t pixels, int32_t dpi) {
-    const int64_t width = (int64_t{pixels} * 1440 + dpi - 1) / dpi;
+    const int64_t width = (pixels * TWIPS_PER_INCH + dpi - 1) / dpi;
     return static_cast<int32_t>(std::clamp(width, LEAST_WIDTH, MOST_WIDTH));
 }
 

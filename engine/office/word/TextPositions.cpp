@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/office/word/TextPositions.h"
 
+#include "engine/layout/Twips.h"
 #include "engine/office/word/PageStyles.h"
 
 #include <LibreOfficeKit/LibreOfficeKitEnums.h>
@@ -96,7 +97,7 @@ TextPositions::PointedAt TextPositions::pointedAt(const RowMap& map, int32_t x, 
 
 void TextPositions::setCursor(const RowMap& map, int64_t x, int64_t row) const {
     const int64_t leftEdge = map.pageOf(row).left;
-    const int64_t column = std::max(x * 1440 / map.dpi(), twipsFromHundredthMm(PAGE_MARGIN) + 1);
+    const int64_t column = std::max(x * TWIPS_PER_INCH / map.dpi(), twipsFromHundredthMm(PAGE_MARGIN) + 1);
     mPainter.setTextSelection(LOK_SETTEXTSELECTION_RESET, static_cast<int>(leftEdge + column),
                               static_cast<int>(map.viewY(row)));
 }

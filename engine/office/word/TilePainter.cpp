@@ -9,7 +9,6 @@ namespace lectern::engine {
 
 namespace {
 
-constexpr uint32_t WHITE = 0xFFFFFFFF;
 constexpr int64_t BAND_ROWS = 512;
 
 } // namespace
@@ -25,7 +24,7 @@ void TilePainter::paint(const RowMap& map, int64_t top, const Surface& surface, 
                   surface.row(from - top));
         next = static_cast<int32_t>(to - top);
     }
-    std::fill(surface.row(next), surface.row(last), WHITE);
+    fill(surface, 0, next, surface.width, last, WHITE);
 }
 
 // Pictures are scaled from the part of them inside the tile. So the tiles are
@@ -35,8 +34,8 @@ void TilePainter::paintPage(const RowMap& map, const RowMap::Page& page, int64_t
     const int64_t step = tileStep(map.dpi());
     const int64_t tileWidth = roundUp(width, step);
     const int64_t tileHeight = roundUp(BAND_ROWS, step);
-    for (int64_t firstRow = from / tileHeight * tileHeight; firstRow < to; firstRow += tileHeight) {
-        const Band& band = bandAt(map, page, firstRow, tileWidth, tileHeight, step);
+    for (int64_t firstRow = roundDown(from, tileHeight); firstRow < to; firstRow += tileHeight) {
+        const Band& band = bandAt(map, page, firstRow, tileWidth, tileHeight);
         const int64_t first = std::max(from, firstRow);
         const int64_t last = std::min(to, firstRow + tileHeight);
         for (int64_t row = first; row < last; ++row)
@@ -46,16 +45,14 @@ void TilePainter::paintPage(const RowMap& map, const RowMap::Page& page, int64_t
 }
 
 const TilePainter::Band& TilePainter::bandAt(const RowMap& map, const RowMap::Page& page, int64_t firstRow,
-                                             int64_t width, int64_t height, int64_t step) {
+                                             int64_t width, int64_t height) {
     Band& latest = mBands.front();
     if (latest.isFor(page.top, firstRow, width, map.dpi()))
         return latest;
     std::swap(latest, mBands.back());
     if (latest.isFor(page.top, firstRow, width, map.dpi()))
         return latest;
-    const auto twips = [&](int64_t pixels) {
-        return static_cast<int>(pixels / step * (TWIPS_PER_INCH * step / map.dpi()));
-    };
+    const auto twips = [&](int64_t pixels) { return static_cast<int>(tileTwips(pixels, map.dpi())); };
     latest.pixels.resize(static_cast<size_t>(width * height));
     mPainter.paintTile(reinterpret_cast<unsigned char*>(latest.pixels.data()), static_cast<int>(width),
                        static_cast<int>(height), static_cast<int>(page.left),

@@ -43,7 +43,7 @@ private:
     void paintPage(const RowMap& map, const RowMap::Page& page, int64_t from, int64_t to, int32_t width,
                    uint32_t* target);
     const Band& bandAt(const RowMap& map, const RowMap::Page& page, int64_t firstRow, int64_t width,
-                       int64_t height, int64_t step);
+                       int64_t height);
 
     lok::Document& mPainter;
     std::array<Band, 2> mBands; // the last used one first

@@ -75,9 +75,18 @@ uint32_t WordDocument::Private::topLeft() const {
     return std::clamp(positions.lineAtOrBelow(map, top), std::min(1U, last), last);
 }
 
+uint32_t WordDocument::Private::bottomRight() const {
+    const uint32_t count = positions.count();
+    if (bottom() >= map.rows()) {
+        return count;
+    }
+    // The last line may begin above the bottom and go on below it.
+    return std::min(positions.lineAtOrBelow(map, bottom()), std::max(count, 1U) - 1);
+}
+
 int32_t WordDocument::open(Office& office, const std::string& path, const std::string& password,
                            const std::string& temporaryDirectory, std::unique_ptr<WordDocument>& document) {
-    return guarded([&]() -> int32_t {
+    return guardedInOffice([&]() -> int32_t {
         OpenedDocument opened;
         const int32_t result = loadDocument(office.d(), path, password, temporaryDirectory, opened);
         if (result == MODULE_OK)
@@ -89,7 +98,7 @@ int32_t WordDocument::open(Office& office, const std::string& path, const std::s
 WordDocument::WordDocument(std::unique_ptr<Private> d) : mPrivate(std::move(d)) {}
 
 WordDocument::~WordDocument() {
-    guarded([this]() -> int32_t {
+    guardedInOffice([this]() -> int32_t {
         mPrivate.reset();
         return MODULE_OK;
     });
@@ -99,7 +108,7 @@ int32_t WordDocument::setSurface(uint32_t* pixels, int32_t width, int32_t height
     if (pixels == nullptr || width < 1 || height < 1 || width > MOST_PIXELS || height > MOST_PIXELS)
         return MODULE_BAD_ARGUMENT;
     mPrivate->surface = {pixels, width, height};
-    return guarded([this]() -> int32_t {
+    return guardedInOffice([this]() -> int32_t {
         mPrivate->repaint();
         return MODULE_OK;
     });
@@ -117,29 +126,9 @@ int32_t WordDocument::characterCount(uint32_t& count) {
     return MODULE_OK;
 }
 
-int32_t WordDocument::topLeftCharacter(uint32_t& position) {
+int32_t WordDocument::stretchPlace(StretchPlace& place) {
     return mPrivate->onLayout([&]() -> int32_t {
-        position = mPrivate->topLeft();
-        return MODULE_OK;
-    });
-}
-
-int32_t WordDocument::bottomRightCharacter(uint32_t& position) {
-    return mPrivate->onLayout([&]() -> int32_t {
-        const uint32_t count = mPrivate->positions.count();
-        const int64_t bottom = mPrivate->bottom();
-        const bool all = bottom >= mPrivate->map.rows();
-        // The last line may begin above the bottom and end below it.
-        position =
-            all ? count
-                : std::min(mPrivate->positions.lineAtOrBelow(mPrivate->map, bottom), std::max(count, 1U) - 1);
-        return MODULE_OK;
-    });
-}
-
-int32_t WordDocument::verticalLastUsedPixel(int32_t& rows) {
-    return mPrivate->onLayout([&]() -> int32_t {
-        rows = static_cast<int32_t>(mPrivate->usedRows());
+        place = {mPrivate->topLeft(), mPrivate->bottomRight(), static_cast<int32_t>(mPrivate->usedRows())};
         return MODULE_OK;
     });
 }

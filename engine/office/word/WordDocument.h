@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "engine/layout/DocumentInformation.h"
 #include "engine/layout/TextTypes.h"
 #include "engine/office/Office.h"
 
@@ -32,9 +33,7 @@ public:
     int32_t setDpi(int32_t dpi);
 
     int32_t characterCount(uint32_t& count);
-    int32_t topLeftCharacter(uint32_t& position);
-    int32_t bottomRightCharacter(uint32_t& position);
-    int32_t verticalLastUsedPixel(int32_t& rows);
+    int32_t stretchPlace(StretchPlace& place);
     int32_t scrollDown(int32_t rows, int32_t& scrolled);
     int32_t scrollUp(int32_t rows, int32_t& scrolled);
     int32_t jumpToCharacter(int32_t story, uint32_t position);
@@ -53,7 +52,7 @@ public:
     // Paints a footnote, endnote or comment, identified by the type and number
     // from clickInfo, on rows [50, 50 + height) of the surface, and fills the
     // rest with white.
-    int32_t openSecondary(int32_t type, uint32_t number, int32_t height);
+    int32_t openSecondary(ClickType type, uint32_t number, int32_t height);
     int32_t smartZoom(int32_t x, int32_t y, PixelRect& area);
 
     int32_t selectAll();
@@ -65,13 +64,7 @@ public:
     int32_t copySelection(std::u16string& text);
     int32_t scrollToRange(CharacterRange range);
 
-    // UTF-16, not truncated; empty when unset.
-    int32_t name(std::u16string& text);
-    int32_t author(std::u16string& text);
-    int32_t description(std::u16string& text);
-    // Seconds since 1970 in UTC, 0 when unset.
-    int32_t creationDate(int64_t& time);
-    int32_t lastSavedDate(int64_t& time);
+    int32_t information(DocumentInformation& information);
     int32_t wordCount(int32_t& count);
 
     // Returns whether the surface was written since the last call of this function.

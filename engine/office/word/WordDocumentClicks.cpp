@@ -10,7 +10,6 @@ namespace lectern::engine {
 
 namespace {
 
-constexpr uint32_t WHITE = 0xFFFFFFFF;
 constexpr int32_t SIDE_TEXT_TOP = 50; // rows of the surface that a pop-up does not show
 
 // Largest distance in pixels between a finger and a note's mark, horizontally
@@ -56,10 +55,10 @@ private:
         std::optional<ClickTarget> nearest;
         const int64_t above = std::max<int64_t>(mRow - REACH_DOWN, 0);
         for (const size_t index : places.inRows(mText, above, mRow + REACH_DOWN + 1)) {
-            const ClickTarget::Type type = mReferences.texts()[index].type;
+            const ClickType type = mReferences.texts()[index].type;
             const int64_t miss = missBy(places.boxes(index), mX, mRow);
             // A note's mark takes precedence over a comment that includes it.
-            if (miss > most || (miss == most && nearest && type == ClickTarget::Comment))
+            if (miss > most || (miss == most && nearest && type == ClickType::Comment))
                 continue;
             most = miss;
             nearest = {type, {}, static_cast<uint32_t>(index)};
@@ -87,14 +86,14 @@ private:
                 return follow(addresses[index]);
         }
         const auto entry = mTargets.ofContentsEntry(paragraph);
-        return entry ? std::optional(ClickTarget{ClickTarget::Internal, {}, *entry}) : std::nullopt;
+        return entry ? std::optional(ClickTarget{ClickType::InternalLink, {}, *entry}) : std::nullopt;
     }
 
     std::optional<ClickTarget> follow(const OUString& address) const {
         if (!address.startsWith("#"))
-            return ClickTarget{ClickTarget::Hyperlink, toText(address), 0};
+            return ClickTarget{ClickType::Hyperlink, toText(address), 0};
         const auto position = mTargets.find(address.copy(1));
-        return position ? std::optional(ClickTarget{ClickTarget::Internal, {}, *position}) : std::nullopt;
+        return position ? std::optional(ClickTarget{ClickType::InternalLink, {}, *position}) : std::nullopt;
     }
 
     const LaidOutText& mText;
@@ -149,9 +148,9 @@ int32_t WordDocument::clickRegions(std::vector<PixelRect>& regions) {
     });
 }
 
-int32_t WordDocument::openSecondary(int32_t type, uint32_t number, int32_t height) {
+int32_t WordDocument::openSecondary(ClickType type, uint32_t number, int32_t height) {
     Private& d = *mPrivate;
-    return guarded([&]() -> int32_t {
+    return guardedInOffice([&]() -> int32_t {
         const auto& texts = d.references().texts();
         if (number >= texts.size() || texts[number].type != type || height < 1 || d.surface.pixels == nullptr)
             return MODULE_BAD_ARGUMENT;
@@ -163,8 +162,8 @@ int32_t WordDocument::openSecondary(int32_t type, uint32_t number, int32_t heigh
             if (result != MODULE_OK)
                 return result;
         }
-        std::fill(whole.row(0), whole.row(std::min(SIDE_TEXT_TOP, whole.height)), WHITE);
-        std::fill(whole.row(std::min(SIDE_TEXT_TOP, whole.height) + shown), whole.row(whole.height), WHITE);
+        fill(whole, 0, 0, whole.width, SIDE_TEXT_TOP, WHITE);
+        fill(whole, 0, SIDE_TEXT_TOP + shown, whole.width, whole.height, WHITE);
         d.painted = true;
         return MODULE_OK;
     });

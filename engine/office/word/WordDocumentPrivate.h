@@ -29,7 +29,7 @@ struct WordDocument::Private {
     // MODULE_BAD_ARGUMENT without a surface.
     template<class Work>
     int32_t onLayout(Work work) noexcept {
-        return guarded([&]() -> int32_t {
+        return guardedInOffice([&]() -> int32_t {
             if (surface.pixels == nullptr)
                 return MODULE_BAD_ARGUMENT;
             if (!isCurrent()) {
@@ -55,6 +55,7 @@ struct WordDocument::Private {
     int64_t usedRows() const { return std::clamp<int64_t>(map.rows() - top, 0, surface.height); }
     bool isOnText(int32_t x, int32_t y) const;
     uint32_t topLeft() const;
+    uint32_t bottomRight() const;
     LaidOutText text() { return {*document.painter, flow, positions, map}; }
     // The rectangle of a box on the surface.
     PixelRect onSurface(const TextBox& box) const;

@@ -15,7 +15,7 @@ int32_t WordDocument::setHighlightColor(uint8_t red, uint8_t green, uint8_t blue
 int32_t WordDocument::find(const std::u16string& text, CharacterRange bounds,
                            std::vector<CharacterRange>& hits) {
     Private& d = *mPrivate;
-    return guarded([&]() -> int32_t {
+    return guardedInOffice([&]() -> int32_t {
         if (!d.searchText)
             d.searchText.emplace(d.prepared.body.string());
         const bool wasMarked = !d.hits.ranges().empty();
@@ -50,7 +50,7 @@ int32_t WordDocument::foundRegions(std::vector<FoundRegion>& regions) {
 
 int32_t WordDocument::stopFind() {
     Private& d = *mPrivate;
-    return guarded([&]() -> int32_t {
+    return guardedInOffice([&]() -> int32_t {
         const bool wasMarked = !d.hits.ranges().empty();
         d.hits = PlacedRanges();
         if (wasMarked)

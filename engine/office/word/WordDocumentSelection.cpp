@@ -30,7 +30,7 @@ void WordDocument::Private::select(CharacterRange range) {
 }
 
 int32_t WordDocument::selectAll() {
-    return guarded([this]() -> int32_t {
+    return guardedInOffice([this]() -> int32_t {
         mPrivate->select({0, mPrivate->prepared.body.length()});
         return MODULE_OK;
     });
@@ -78,7 +78,7 @@ int32_t WordDocument::selectWord(int32_t x, int32_t y) {
 }
 
 int32_t WordDocument::clearSelection() {
-    return guarded([this]() -> int32_t {
+    return guardedInOffice([this]() -> int32_t {
         mPrivate->select({});
         return MODULE_OK;
     });
@@ -86,7 +86,7 @@ int32_t WordDocument::clearSelection() {
 
 int32_t WordDocument::copySelection(std::u16string& text) {
     const CharacterRange& selection = mPrivate->selection;
-    return guarded([&]() -> int32_t {
+    return guardedInOffice([&]() -> int32_t {
         text = mPrivate->prepared.body.string().substr(selection.start, selection.end - selection.start);
         std::replace(text.begin(), text.end(), PARAGRAPH_SEPARATOR, u'\n');
         return MODULE_OK;

@@ -3,7 +3,7 @@
 
 #include "engine/office/Office.h"
 #include "engine/process/endpoints/MappedSurface.h"
-#include "engine/protocol/Guarded.h"
+#include "engine/protocol/BorderGuard.h"
 #include "modules/ModuleResults.h"
 
 #include <gio/gio.h>
@@ -49,12 +49,13 @@ public:
         if (mOffice == nullptr || mDocument) {
             return MODULE_FAILED;
         }
-        return guarded([&] { return Document::open(*mOffice, path, password..., mFolder, mDocument); });
+        return guardedAtBorder(
+            [&] { return Document::open(*mOffice, path, password..., mFolder, mDocument); });
     }
     // Runs an operation on the open document; MODULE_FAILED without one.
     template<class Operation>
     std::int32_t run(Operation operation) {
-        return mDocument ? guarded([&] { return operation(*mDocument); }) : MODULE_FAILED;
+        return mDocument ? guardedAtBorder([&] { return operation(*mDocument); }) : MODULE_FAILED;
     }
     // Outputs that every answer of this interface has after its result.
     std::tuple<> afterResult() { return {}; }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "engine/layout/Surface.h"
-#include "engine/layout/Tracks.h"
+#include "engine/protocol/Vocabulary.h"
 
 #include <gio/gio.h>
 
@@ -30,6 +30,11 @@ struct Wire<Axis> {
     using Type = gint;
     static Axis read(gint value) { return value == 0 ? Axis::Columns : Axis::Rows; }
 };
+template<>
+struct Wire<ClickType> {
+    using Type = gint;
+    static ClickType read(gint value) { return static_cast<ClickType>(value); }
+};
 // UTF-16 units, not necessarily well-formed.
 template<>
 struct Wire<std::u16string> {
@@ -46,6 +51,9 @@ struct Wire<std::u16string> {
 template<class Number>
 requires std::is_arithmetic_v<Number> Number written(Number number) {
     return number;
+}
+inline gint written(ClickType type) {
+    return static_cast<gint>(type);
 }
 inline GVariant* written(const std::u16string& text) {
     return g_variant_new_fixed_array(G_VARIANT_TYPE_UINT16, text.data(), text.size(), sizeof(char16_t));

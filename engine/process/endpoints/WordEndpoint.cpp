@@ -32,6 +32,30 @@ gboolean handleSetSurface(Skeleton* word, Invocation* invocation, GUnixFDList* f
     return TRUE;
 }
 
+gboolean handleStretchPlace(Skeleton* word, Invocation* invocation, gpointer user) {
+    StretchPlace place;
+    const std::int32_t result =
+        serviceOf(user).run([&](Document& document) { return document.stretchPlace(place); });
+    return answer(serviceOf(user), &lectern_ipc_word_complete_stretch_place, word, invocation, result,
+                  place.topLeft, place.bottomRight, place.usedRows);
+}
+
+// Moves the stretch by Operation and tells its new place with the same answer.
+template<auto Operation, auto Complete>
+gboolean handleScroll(Skeleton* word, Invocation* invocation, gint rows, gpointer user) {
+    WordEndpoint& service = serviceOf(user);
+    std::int32_t scrolled = 0;
+    StretchPlace place;
+    const std::int32_t result =
+        service.run([&](Document& document) { return (document.*Operation)(rows, scrolled); });
+    if (result == MODULE_OK &&
+        service.run([&](Document& document) { return document.stretchPlace(place); }) != MODULE_OK) {
+        place = {};
+    }
+    return answer(service, Complete, word, invocation, result, scrolled, place.topLeft, place.bottomRight,
+                  place.usedRows);
+}
+
 gboolean handleFind(Skeleton* word, Invocation* invocation, GVariant* text, guint from, guint to,
                     gpointer user) {
     std::vector<CharacterRange> hits;
@@ -66,7 +90,7 @@ gboolean handleClickInfo(Skeleton* word, Invocation* invocation, gint x, gint y,
     const std::int32_t result =
         serviceOf(user).run([&](Document& document) { return document.clickInfo(x, y, target); });
     return answer(serviceOf(user), &lectern_ipc_word_complete_click_info, word, invocation, result,
-                  target.type, written(target.address), target.value);
+                  written(target.type), written(target.address), target.value);
 }
 
 gboolean handleSmartZoom(Skeleton* word, Invocation* invocation, gint x, gint y, gpointer user) {
@@ -91,17 +115,13 @@ void connectView(const Connector<WordEndpoint>& on) {
     on.operation<&Document::jumpToCharacter, &lectern_ipc_word_complete_jump_to_character>(
         "handle-jump-to-character");
     on.operation<&Document::layoutSize, &lectern_ipc_word_complete_layout_size>("handle-layout-size");
-    on.operation<&Document::scrollDown, &lectern_ipc_word_complete_scroll_down>("handle-scroll-down");
-    on.operation<&Document::scrollUp, &lectern_ipc_word_complete_scroll_up>("handle-scroll-up");
+    on.handler("handle-scroll-down",
+               &handleScroll<&Document::scrollDown, &lectern_ipc_word_complete_scroll_down>);
+    on.handler("handle-scroll-up", &handleScroll<&Document::scrollUp, &lectern_ipc_word_complete_scroll_up>);
     on.handler("handle-scroll-to-range", &handleScrollToRange);
     on.operation<&Document::characterCount, &lectern_ipc_word_complete_character_count>(
         "handle-character-count");
-    on.operation<&Document::topLeftCharacter, &lectern_ipc_word_complete_top_left_character>(
-        "handle-top-left-character");
-    on.operation<&Document::bottomRightCharacter, &lectern_ipc_word_complete_bottom_right_character>(
-        "handle-bottom-right-character");
-    on.operation<&Document::verticalLastUsedPixel, &lectern_ipc_word_complete_vertical_last_used_pixel>(
-        "handle-vertical-last-used-pixel");
+    on.handler("handle-stretch-place", &handleStretchPlace);
     on.handler("handle-smart-zoom", &handleSmartZoom);
 }
 
@@ -127,12 +147,8 @@ void connectFindingAndSelecting(const Connector<WordEndpoint>& on) {
 
 void connectProperties(const Connector<WordEndpoint>& on) {
     on.operation<&Document::wordCount, &lectern_ipc_word_complete_word_count>("handle-word-count");
-    on.operation<&Document::creationDate, &lectern_ipc_word_complete_creation_date>("handle-creation-date");
-    on.operation<&Document::lastSavedDate, &lectern_ipc_word_complete_last_saved_date>(
-        "handle-last-saved-date");
-    on.operation<&Document::name, &lectern_ipc_word_complete_name>("handle-name");
-    on.operation<&Document::author, &lectern_ipc_word_complete_author>("handle-author");
-    on.operation<&Document::description, &lectern_ipc_word_complete_description>("handle-description");
+    on.handler("handle-information",
+               &handleInformation<WordEndpoint, &lectern_ipc_word_complete_information>);
 }
 
 } // namespace

@@ -5,14 +5,14 @@
 //   name          the document's name; author is the number of layouts done
 //   password      needed to open it
 //   probe         see Misbehaviour.h; the outcome becomes the name
-//   text          the text for searches and selections (default empty); each
-//                 hit has a rectangle (position, 0, length, 1)
-//   click         the target at every point, type:number or 6:address
-//   open, surface, count, scroll, date, find    how these calls misbehave
-//   lie           return impossible numbers
-// A file whose name starts with "other-kind" is of the wrong kind; an empty
-// file is damaged. Row r of the text is painted as 0xFF000000 + r, rows below
-// the end are white. Each row has ten characters.
+//   text          what can be searched and selected (default none); each hit
+//                 has a rectangle (position, 0, length, 1)
+//   click         type:number, or 6:address, of what lies everywhere
+//   open, surface, count, scroll, information, find    how to misbehave there
+//   lie           give impossible numbers
+// A file whose name starts with "other-kind" is of the wrong kind, one without
+// any line is damaged. Row r of the text is painted as 0xFF000000 + r, what
+// lies below its end white. There are ten characters in each row.
 
 #include "engine/office/word/WordDocument.h"
 #include "modules/ModuleResults.h"
@@ -29,7 +29,6 @@ namespace lectern::engine {
 namespace {
 
 constexpr std::uint32_t CHARACTERS_PER_ROW = 10;
-constexpr std::uint32_t WHITE = 0xFFFFFFFF;
 
 std::u16string widen(const std::string& ascii) {
     return {ascii.begin(), ascii.end()};
@@ -155,21 +154,12 @@ int32_t WordDocument::characterCount(uint32_t& count) {
     return fake::misbehave(mPrivate->setting("count"));
 }
 
-int32_t WordDocument::topLeftCharacter(uint32_t& position) {
+int32_t WordDocument::stretchPlace(StretchPlace& place) {
+    const Private& d = *mPrivate;
     const int32_t result = mPrivate->ensureLaidOut();
-    position = static_cast<uint32_t>(mPrivate->top) * CHARACTERS_PER_ROW;
-    return result;
-}
-
-int32_t WordDocument::bottomRightCharacter(uint32_t& position) {
-    const int32_t result = mPrivate->ensureLaidOut();
-    position = static_cast<uint32_t>(mPrivate->top + mPrivate->usedRows()) * CHARACTERS_PER_ROW;
-    return result;
-}
-
-int32_t WordDocument::verticalLastUsedPixel(int32_t& rows) {
-    const int32_t result = mPrivate->ensureLaidOut();
-    rows = mPrivate->lies() ? mPrivate->height + 1 : mPrivate->usedRows();
+    place = {static_cast<uint32_t>(d.top) * CHARACTERS_PER_ROW,
+             static_cast<uint32_t>(d.top + d.usedRows()) * CHARACTERS_PER_ROW,
+             d.lies() ? d.height + 1 : d.usedRows()};
     return result;
 }
 
@@ -223,31 +213,13 @@ int32_t WordDocument::layoutSize(int32_t& width, int32_t& height) {
     return result;
 }
 
-int32_t WordDocument::name(std::u16string& text) {
-    text = mPrivate->name;
-    return MODULE_OK;
-}
-
-int32_t WordDocument::author(std::u16string& text) {
-    text = widen(std::to_string(mPrivate->layouts));
-    return MODULE_OK;
-}
-
-// A character outside of the basic plane at each end, and an unpaired surrogate.
-int32_t WordDocument::description(std::u16string& text) {
-    text = u"\U0001F4C4 text \U0001F4C4";
-    text.insert(text.begin() + 3, char16_t{0xD800});
-    return MODULE_OK;
-}
-
-int32_t WordDocument::creationDate(int64_t& time) {
-    time = 5'000'000'000;
-    return fake::misbehave(mPrivate->setting("date"));
-}
-
-int32_t WordDocument::lastSavedDate(int64_t& time) {
-    time = 0;
-    return MODULE_OK;
+// In the description a character outside the basic plane at each end, and one
+// unit that is none.
+int32_t WordDocument::information(DocumentInformation& information) {
+    std::u16string description = u"\U0001F4C4 text \U0001F4C4";
+    description.insert(description.begin() + 3, char16_t{0xD800});
+    information = {mPrivate->name, widen(std::to_string(mPrivate->layouts)), description, 5'000'000'000, 0};
+    return fake::misbehave(mPrivate->setting("information"));
 }
 
 int32_t WordDocument::wordCount(int32_t& count) {
@@ -302,8 +274,8 @@ int32_t WordDocument::clickInfo(int32_t, int32_t, ClickTarget& target) {
     if (click.size() < 3) {
         return MODULE_OK;
     }
-    target.type = std::stoi(click);
-    if (target.type == ClickTarget::Hyperlink) {
+    target.type = static_cast<ClickType>(std::stoi(click));
+    if (target.type == ClickType::Hyperlink) {
         target.address = widen(click.substr(2));
     } else {
         target.value = static_cast<uint32_t>(std::stoul(click.substr(2)));
@@ -317,7 +289,7 @@ int32_t WordDocument::clickRegions(std::vector<PixelRect>& regions) {
 }
 
 // Every row of a secondary document contains its number.
-int32_t WordDocument::openSecondary(int32_t type, uint32_t number, int32_t height) {
+int32_t WordDocument::openSecondary(ClickType type, uint32_t number, int32_t height) {
     Private& d = *mPrivate;
     for (std::int32_t y = 0; y < d.height; y++) {
         const bool inside = y >= 50 && y < 50 + height;

@@ -101,6 +101,9 @@ std::int32_t misbehave(const std::string& action) {
     if (action == "eat") {
         eatMemory();
     }
+    if (action == "starve") {
+        throw std::bad_alloc();
+    }
     if (action == "throw") {
         throw std::runtime_error("thrown by a document");
     }

@@ -39,22 +39,10 @@ int32_t View::rows() {
     return rows;
 }
 
-int32_t View::usedRows() {
-    int32_t rows = -1;
-    EXPECT_EQ(mDocument->verticalLastUsedPixel(rows), MODULE_OK);
-    return rows;
-}
-
-uint32_t View::topLeft() {
-    uint32_t position = UINT32_MAX;
-    EXPECT_EQ(mDocument->topLeftCharacter(position), MODULE_OK);
-    return position;
-}
-
-uint32_t View::bottomRight() {
-    uint32_t position = UINT32_MAX;
-    EXPECT_EQ(mDocument->bottomRightCharacter(position), MODULE_OK);
-    return position;
+StretchPlace View::place() {
+    StretchPlace place;
+    EXPECT_EQ(mDocument->stretchPlace(place), MODULE_OK);
+    return place;
 }
 
 uint32_t View::count() {

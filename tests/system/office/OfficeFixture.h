@@ -30,9 +30,10 @@ public:
     std::vector<uint32_t> repainted();
 
     int32_t rows();
-    int32_t usedRows();
-    uint32_t topLeft();
-    uint32_t bottomRight();
+    StretchPlace place();
+    int32_t usedRows() { return place().usedRows; }
+    uint32_t topLeft() { return place().topLeft; }
+    uint32_t bottomRight() { return place().bottomRight; }
     uint32_t count();
     int32_t scrollDown(int32_t rows);
     int32_t scrollUp(int32_t rows);

@@ -137,11 +137,12 @@ TEST_F(Opening, ArgumentsThatCannotBeAreRefused) {
 TEST_F(Opening, WhatNeedsASurfaceSaysSoWithoutOne) {
     std::unique_ptr<WordDocument> document;
     ASSERT_EQ(WordDocument::open(office(), write("bare.txt", "text"), "", testFolder(), document), MODULE_OK);
-    uint32_t position = 9;
-    EXPECT_EQ(document->topLeftCharacter(position), MODULE_BAD_ARGUMENT);
-    EXPECT_EQ(position, 9U);
-    EXPECT_EQ(document->characterCount(position), MODULE_OK);
-    EXPECT_EQ(position, 4U);
+    StretchPlace place{9, 9, 9};
+    EXPECT_EQ(document->stretchPlace(place), MODULE_BAD_ARGUMENT);
+    EXPECT_EQ(place.topLeft, 9U);
+    uint32_t count = 9;
+    EXPECT_EQ(document->characterCount(count), MODULE_OK);
+    EXPECT_EQ(count, 4U);
     EXPECT_FALSE(document->takePainted());
 }
 

@@ -20,19 +20,13 @@ public:
     }
 };
 
-struct Read {
-    std::u16string name, author, description;
-    int64_t created = -1, saved = -1;
+struct Read : DocumentInformation {
     int32_t words = -1;
 };
 
 Read read(WordDocument& document) {
     Read read;
-    EXPECT_EQ(document.name(read.name), MODULE_OK);
-    EXPECT_EQ(document.author(read.author), MODULE_OK);
-    EXPECT_EQ(document.description(read.description), MODULE_OK);
-    EXPECT_EQ(document.creationDate(read.created), MODULE_OK);
-    EXPECT_EQ(document.lastSavedDate(read.saved), MODULE_OK);
+    EXPECT_EQ(document.information(read), MODULE_OK);
     EXPECT_EQ(document.wordCount(read.words), MODULE_OK);
     return read;
 }
@@ -49,7 +43,7 @@ void expectDescribed(const Read& properties) {
     EXPECT_EQ(properties.author, u"Some Body");
     EXPECT_EQ(properties.description, u"What it is \u20AC");
     EXPECT_EQ(properties.created, 1330837567);
-    EXPECT_EQ(properties.saved, 1596239999);
+    EXPECT_EQ(properties.lastSaved, 1596239999);
     EXPECT_EQ(properties.words, 5);
 }
 
@@ -76,7 +70,7 @@ TEST_F(Properties, OfAPlainTextAreEmpty) {
     EXPECT_TRUE(properties.author.empty());
     EXPECT_TRUE(properties.description.empty());
     EXPECT_EQ(properties.created, 0);
-    EXPECT_EQ(properties.saved, 0);
+    EXPECT_EQ(properties.lastSaved, 0);
     EXPECT_EQ(properties.words, 3);
 }
 

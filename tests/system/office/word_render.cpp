@@ -38,8 +38,7 @@ int render(char** argv) {
     std::vector<uint32_t> pixels(static_cast<size_t>(width) * static_cast<size_t>(height));
     int32_t scrolled = 0;
     int32_t rows = 0;
-    uint32_t top = 0;
-    uint32_t bottom = 0;
+    lectern::engine::StretchPlace place;
     uint32_t count = 0;
     int32_t words = 0;
     double laidOut = opened;
@@ -52,8 +51,7 @@ int render(char** argv) {
         laidOut = now();
         if (scroll > 0)
             document->scrollDown(scroll, scrolled);
-        document->topLeftCharacter(top);
-        document->bottomRightCharacter(bottom);
+        document->stretchPlace(place);
         document->characterCount(count);
         positions = now();
         document->wordCount(words);
@@ -62,8 +60,8 @@ int render(char** argv) {
         stderr,
         "result %d, %d rows, scrolled %d, characters %u..%u of %u, %d words; start %.0f, open %.0f, layout "
         "and paint %.0f, positions %.1f\n",
-        result, rows, scrolled, top, bottom, count, words, started - start, opened - started,
-        laidOut - opened, positions - laidOut);
+        result, rows, scrolled, place.topLeft, place.bottomRight, count, words, started - start,
+        opened - started, laidOut - opened, positions - laidOut);
     const bool written = result == 0 && writePng(argv[6], pixels.data(), width, height);
     std::filesystem::remove_all(directory);
     return written ? 0 : 1;

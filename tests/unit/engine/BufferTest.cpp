@@ -4,6 +4,8 @@
 
 #include "tests/unit/engine/EngineTest.h"
 
+#include <signal.h>
+
 #include <algorithm>
 
 namespace lectern::test {
@@ -33,6 +35,18 @@ protected:
         std::int32_t length = 0;
         EXPECT_EQ(wordModule().wtg_get_document_author(document.get(), text.data(), 32, &length), MODULE_OK);
         return textOf(text);
+    }
+
+    // All of the buffer shows text, from row `top` on.
+    void expectStretchAt(std::uint32_t top) {
+        std::uint32_t position = 0;
+        EXPECT_EQ(word.wtg_get_top_left_character(document.get(), 0, &position), MODULE_OK);
+        EXPECT_EQ(position, 10 * top);
+        EXPECT_EQ(word.wtg_get_bottom_right_character(document.get(), 0, &position), MODULE_OK);
+        EXPECT_EQ(position, 10 * (top + HEIGHT));
+        std::int32_t rows = 0;
+        EXPECT_EQ(word.wtg_get_vertical_last_used_pixel(document.get(), 0, &rows), MODULE_OK);
+        EXPECT_EQ(rows, HEIGHT);
     }
 
     const WordModule& word;
@@ -85,6 +99,51 @@ TEST_F(BufferTest, FollowsJumps) {
     EXPECT_EQ(word.wtg_jump_to_character(document.get(), 0, 2500), MODULE_BAD_ARGUMENT);
     EXPECT_EQ(word.wtg_jump_to_character(document.get(), 1, 0), MODULE_BAD_ARGUMENT);
     expectRows(pixels, 60, 250);
+}
+
+// What the view asks after a step is answered though the engine stands still.
+TEST_F(BufferTest, AStepOfTheStretchIsOneCall) {
+    open(document, "rows=1000\n");
+    show(document, pixels, WIDTH, HEIGHT);
+    ASSERT_EQ(word.wtg_scroll_down(document.get(), 0, 30, &scrolled), MODULE_OK);
+    const pid_t engine = engineOfDocument().pid;
+    ASSERT_GT(engine, 0);
+    kill(engine, SIGSTOP);
+    expectStretchAt(30);
+    kill(engine, SIGCONT);
+    ASSERT_EQ(word.wtg_scroll_up(document.get(), 0, 10, &scrolled), MODULE_OK);
+    kill(engine, SIGSTOP);
+    expectStretchAt(20);
+    kill(engine, SIGCONT);
+}
+
+TEST_F(BufferTest, TheStretchIsAskedForItsPlaceAfterEveryChange) {
+    open(document, "rows=1000\n");
+    show(document, pixels, WIDTH, HEIGHT);
+    ASSERT_EQ(word.wtg_scroll_down(document.get(), 0, 30, &scrolled), MODULE_OK);
+    ASSERT_EQ(word.wtg_jump_to_character(document.get(), 0, 500), MODULE_OK);
+    expectStretchAt(50);
+    ASSERT_EQ(word.wtg_scroll_to_character_range(document.get(), 0, 700, 710), MODULE_OK);
+    expectStretchAt(70);
+    ASSERT_EQ(word.wtg_set_dpi(document.get(), 144), MODULE_OK);
+    expectStretchAt(140);
+    std::vector<std::uint32_t> wide(static_cast<std::size_t>(8) * 60);
+    ASSERT_EQ(word.wtg_set_offscreen_buffer(document.get(), 0, wide.data(), 8, 60), MODULE_OK);
+    std::int32_t rows = 0;
+    EXPECT_EQ(word.wtg_get_vertical_last_used_pixel(document.get(), 0, &rows), MODULE_OK);
+    EXPECT_EQ(rows, 60);
+}
+
+TEST_F(BufferTest, ALostEngineHasNoStretch) {
+    open(document, "rows=1000\n");
+    show(document, pixels, WIDTH, HEIGHT);
+    ASSERT_EQ(word.wtg_scroll_down(document.get(), 0, 30, &scrolled), MODULE_OK);
+    const pid_t engine = engineOfDocument().pid;
+    ASSERT_GT(engine, 0);
+    kill(engine, SIGKILL);
+    std::uint32_t position = 0;
+    EXPECT_TRUE(waitUntil(
+        [&] { return word.wtg_get_top_left_character(document.get(), 0, &position) == MODULE_ENGINE_LOST; }));
 }
 
 TEST_F(BufferTest, ANewBufferOfTheSameSizeShowsTheStretchAtOnce) {

@@ -52,6 +52,13 @@ TEST_F(FailureTest, ACallThatHangsEndsAtItsLimitAndTheDocumentIsLost) {
     EXPECT_EQ(document.close(), MODULE_OK);
 }
 
+TEST_F(FailureTest, AnOperationWithoutMemoryIsReportedAsTooLargeAndTheDocumentGoesOn) {
+    Document document;
+    open(document, "scroll=starve\n");
+    EXPECT_EQ(scroll(document), MODULE_TOO_LARGE);
+    EXPECT_EQ(ask(document), MODULE_OK);
+}
+
 TEST_F(FailureTest, ASlowCallInTimeIsNoFailure) {
     setVariable("LECTERN_ENGINE_CALL_LIMIT_MS", "5000");
     Document document;

@@ -93,11 +93,11 @@ TEST_F(PropertiesTest, GivesDatesPastTheThirtyTwoBitEnd) {
 
 TEST_F(PropertiesTest, FailuresAndExceptionsOfTheSuiteTouchNothing) {
     time_t time = 7;
-    open(document, "date=code:1\n");
+    open(document, "information=code:1\n");
     EXPECT_EQ(word.wtg_get_document_creation_date(document.get(), &time), MODULE_FAILED);
     EXPECT_EQ(time, 7);
     Document throwing;
-    open(throwing, "date=throw\n");
+    open(throwing, "information=throw\n");
     EXPECT_EQ(word.wtg_get_document_creation_date(throwing.get(), &time), MODULE_FAILED);
     EXPECT_EQ(time, 7);
     // Only that one call has failed.

@@ -8,11 +8,12 @@
 
 namespace lectern::engine {
 
-// Runs an operation that must not let exceptions escape, because its caller is
-// the office suite or C code. Returns its result code, MODULE_TOO_LARGE when
-// memory ran out, or MODULE_FAILED after any other exception.
+// Runs an operation at a border that exceptions must not cross, a module's C
+// functions or the handlers of the engine's calls, and returns its result code;
+// MODULE_TOO_LARGE when there is not enough memory, MODULE_FAILED for any other
+// exception.
 template<class Operation>
-std::int32_t guarded(Operation operation) {
+std::int32_t guardedAtBorder(Operation operation) {
     try {
         return operation();
     } catch (const std::bad_alloc&) {

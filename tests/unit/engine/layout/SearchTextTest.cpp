@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Searching a text in memory, without suite or document.
+// Searching a text in memory.
 #include "engine/layout/SearchText.h"
 
 #include <gtest/gtest.h>

@@ -7,7 +7,7 @@
 // Columns and rows are called tracks. This record describes one of the two kinds, so
 // that the same code works for both. The module identifies a track by any document
 // pixel inside it.
-struct Tracks {
+struct TrackKind {
     int CpPoint::*along;  // the axis on which the tracks follow each other
     int CpPoint::*across; // the other axis
     // The module's functions for them.
@@ -17,5 +17,5 @@ struct Tracks {
     decltype(STGFunc::stg_unhide_columns) STGFunc::*unhide;
 };
 
-extern const Tracks COLUMN_TRACKS;
-extern const Tracks ROW_TRACKS;
+extern const TrackKind COLUMN_TRACKS;
+extern const TrackKind ROW_TRACKS;

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+namespace lectern::engine {
+
+// What both sides of the protocol name. Enumerators travel as numbers of the
+// type "i".
+
+// The surfaces of a view of a sheet.
+enum class SheetArea : std::int32_t { Cells = 0, RowHeaders = 1, ColumnHeaders = 2 };
+constexpr std::size_t SHEET_AREAS = 3;
+
+// Along which the tracks of a sheet follow one another.
+enum class Axis : std::int32_t { Columns = 0, Rows = 1 };
+
+// The kind of thing under a point of a text, as in wtg_click_info.
+enum class ClickType : std::int32_t {
+    Nothing = 0,
+    Footnote = 2,
+    Endnote = 3,
+    Comment = 4,
+    Hyperlink = 6,
+    InternalLink = 7,
+};
+
+// Where the stretch of a text lies.
+struct StretchPlace {
+    std::uint32_t topLeft = 0;     // the character at its top, as in wtg_get_top_left_character
+    std::uint32_t bottomRight = 0; // ... and at its bottom
+    std::int32_t usedRows = -1;    // rows of pixels that show text; negative when the place is not known
+};
+
+} // namespace lectern::engine
