@@ -22,7 +22,7 @@ struct FakeSheet {
     int32_t rows = 200;
 };
 
-struct FakeSheetControl : FakeCalls {
+struct FakeSheetControl : FakeControl<FakeSheetControl> {
     // A file named "code-N..." gives the open code N.
     std::vector<FakeSheet> sheets = {FakeSheet()};
 
@@ -42,21 +42,10 @@ struct FakeSheetControl : FakeCalls {
     bool nullArrays = false;
 
     std::u16string selection; // the text of whatever is selected
-    std::u16string name, author, description;
-    time_t created = 0;
-    time_t lastSaved = 0;
 
     // What the module knows.
-    int openDocuments = 0;
     int32_t dpi = 72; // of the document that was asked last
     int64_t renders = 0;
-    std::vector<uint8_t> highlightColor;
-
-    void reset() {
-        const int open = openDocuments;
-        *this = FakeSheetControl();
-        openDocuments = open;
-    }
 };
 
 // Pixels: the surface in the topmost four bits and the sheet below them, which

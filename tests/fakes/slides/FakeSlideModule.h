@@ -24,7 +24,7 @@ struct FakeSlide {
     int32_t noteHits = 0;
 };
 
-struct FakeSlideControl : FakeCalls {
+struct FakeSlideControl : FakeControl<FakeSlideControl> {
     // A file named "code-N..." gives the open code N.
     std::vector<FakeSlide> slides = {FakeSlide()};
     int32_t width = 640; // of every slide
@@ -36,19 +36,7 @@ struct FakeSlideControl : FakeCalls {
     // In place of the infos of `slides`.
     std::optional<std::vector<sstg_find_info>> infos;
 
-    std::u16string name, author, description;
-    time_t created = 0;
-    time_t lastSaved = 0;
-
     // What the module knows.
-    int openDocuments = 0;
-    std::vector<uint8_t> highlightColor;
-
-    void reset() {
-        const int open = openDocuments;
-        *this = FakeSlideControl();
-        openDocuments = open;
-    }
 };
 
 // Pixels: the slide in the topmost byte, which fills over them leave as it is,

@@ -41,7 +41,7 @@ struct FakeWordLayout {
     int32_t dpi = 72;
 };
 
-struct FakeWordControl : FakeCalls {
+struct FakeWordControl : FakeControl<FakeWordControl> {
     // The document that the next open makes. A file named "code-N..." gives the
     // open code N, and one named "rows-N..." N rows, so that tests of a whole
     // process can choose them too.
@@ -55,23 +55,12 @@ struct FakeWordControl : FakeCalls {
     wtg_click_info click{0, 0, 0, 0};
     std::u16string link = u"http://example.com/";
 
-    std::u16string name, author, description;
-    time_t created = 0;
-    time_t lastSaved = 0;
     int32_t words = 0;
 
     // What the module knows.
     FakeWordLayout layout;
-    int openDocuments = 0;
     int64_t repaints = 0;
     int64_t layouts = 0; // how often the text was laid out
-    std::vector<uint8_t> highlightColor;
-
-    void reset() {
-        const int open = openDocuments;
-        *this = FakeWordControl();
-        openDocuments = open;
-    }
 };
 
 // Pixels: text row in the low 24 bits, column modulo 255 in the top byte, so
