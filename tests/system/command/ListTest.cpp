@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // What the command prints of documents, against what their files say.
-#include "tests/system/command/CommandFixture.h"
+#include "tests/system/command/ServedCommandFixture.h"
 
 namespace {
 

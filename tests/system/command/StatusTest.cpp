@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Exit statuses and what the command says on standard error; calls.
-#include "tests/system/command/CommandFixture.h"
+#include "tests/system/command/ServedCommandFixture.h"
 
 #include <filesystem>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The service's end without room: it goes on whatever clients do or do not.
+#include "QueueSystemCalls.h"
 #include "RawQueue.h"
-#include "SystemCalls.h"
 #include "channel/ServiceQueue.h"
 
 #include <sys/msg.h>

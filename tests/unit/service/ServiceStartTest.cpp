@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ServiceTest.h"
-
 #include "service/MethodTables.h"
 
 #include <sys/ipc.h>

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "service/FrameBuffer.h"
-
 #include "raster/CpPixmap.h"
+#include "service/FrameBuffer.h"
 
 #include <gtest/gtest.h>
 #include <sys/mman.h>

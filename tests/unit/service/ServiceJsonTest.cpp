@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "ServiceSystemCalls.h"
 #include "service/Json.h"
-
-#include "SystemCalls.h"
 #include "view/JsonReply.h"
 
 #include <gtest/gtest.h>

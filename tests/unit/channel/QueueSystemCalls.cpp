@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "SystemCalls.h"
+#include "QueueSystemCalls.h"
 
 #include <sys/types.h>
 #include <unistd.h>

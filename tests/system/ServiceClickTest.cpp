@@ -5,7 +5,7 @@
 
 namespace {
 
-class ClickTest : public ServiceTest {
+class ServiceClickTest : public ServiceTest {
 protected:
     void SetUp() override {
         ServiceTest::SetUp();
@@ -58,7 +58,7 @@ protected:
     std::unique_ptr<TestDocument> document;
 };
 
-TEST_F(ClickTest, ATapOnAHyperlinkTellsTheClient) {
+TEST_F(ServiceClickTest, ATapOnAHyperlinkTellsTheClient) {
     tapOn("page elsewhere");
     bool told = false;
     for (Answer answer = queue->poll(document->store()); answer.id >= 0;
@@ -69,7 +69,7 @@ TEST_F(ClickTest, ATapOnAHyperlinkTellsTheClient) {
     EXPECT_EQ(document->scrollY(), 0);
 }
 
-TEST_F(ClickTest, ATapOnAnInternalLinkLandsOnItsTarget) {
+TEST_F(ServiceClickTest, ATapOnAnInternalLinkLandsOnItsTarget) {
     tapOn("down to the birds");
     const std::vector<uint32_t> landed = screen();
     EXPECT_EQ(document->scrollY(), 0) << "rows count from there";
@@ -83,7 +83,7 @@ TEST_F(ClickTest, ATapOnAnInternalLinkLandsOnItsTarget) {
     EXPECT_FALSE(screen() == landed) << "text lies above";
 }
 
-TEST_F(ClickTest, ATapOnAContentsEntryLandsOnTheHeading) {
+TEST_F(ServiceClickTest, ATapOnAContentsEntryLandsOnTheHeading) {
     tapOn("Chapter of tides");
     const std::vector<uint32_t> landed = screen();
     document->drag(-400);
@@ -91,7 +91,7 @@ TEST_F(ClickTest, ATapOnAContentsEntryLandsOnTheHeading) {
     EXPECT_TRUE(screen() == landed);
 }
 
-TEST_F(ClickTest, ATapOnANoteMarkShowsTheNoteFromItsFirstLineToItsLast) {
+TEST_F(ServiceClickTest, ATapOnANoteMarkShowsTheNoteFromItsFirstLineToItsLast) {
     const std::vector<uint32_t> page = screen();
     // The mark of the first note stands before this.
     tapOn("A note1", 29);
@@ -104,7 +104,7 @@ TEST_F(ClickTest, ATapOnANoteMarkShowsTheNoteFromItsFirstLineToItsLast) {
     EXPECT_TRUE(screen() == page);
 }
 
-TEST_F(ClickTest, ALongNoteIsScrolledToItsLastLine) {
+TEST_F(ServiceClickTest, ALongNoteIsScrolledToItsLastLine) {
     for (int i = 0; i < 3; ++i) {
         document->drag(150);
     }
@@ -134,7 +134,7 @@ TEST_F(ClickTest, ALongNoteIsScrolledToItsLastLine) {
     EXPECT_FALSE(isPopupShown());
 }
 
-TEST_F(ClickTest, TapsBesideEverythingAreTheClients) {
+TEST_F(ServiceClickTest, TapsBesideEverythingAreTheClients) {
     const std::vector<uint32_t> page = screen();
     for (const auto& [x, y] : {std::pair{-50, 10}, {10, -50}, {5000, 10}, {10, 100000}, {5, 100}}) {
         document->tap(x, y);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "SystemCalls.h"
+#include "ServiceSystemCalls.h"
 
 #include <glib.h>
 #include <json-c/json.h>

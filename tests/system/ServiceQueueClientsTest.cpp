@@ -14,9 +14,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
-using QueueTest = ServiceTest;
+using ServiceQueueClientsTest = ServiceTest;
 
-TEST_F(QueueTest, APaintOfAnUnknownDocumentIsAnsweredWithMinusFour) {
+TEST_F(ServiceQueueClientsTest, APaintOfAnUnknownDocumentIsAnsweredWithMinusFour) {
     for (const int32_t docid : {0, 1, 77, INT_MAX - 101}) {
         ASSERT_TRUE(queue->post(1, docid));
         const Answer answer = queue->read(docid + 101L);
@@ -25,7 +25,7 @@ TEST_F(QueueTest, APaintOfAnUnknownDocumentIsAnsweredWithMinusFour) {
     }
 }
 
-TEST_F(QueueTest, DocidsOfEverySignDoNotEndTheWorker) {
+TEST_F(ServiceQueueClientsTest, DocidsOfEverySignDoNotEndTheWorker) {
     for (const int32_t docid : {-1, -2, -101, -102, -1000, INT_MIN, INT_MIN + 101, INT_MAX, INT_MAX - 100}) {
         for (const long type : {1L, 2L, 6L, 8L, 10L, 42L, 99L}) {
             ASSERT_TRUE(queue->post(type, docid));
@@ -36,7 +36,7 @@ TEST_F(QueueTest, DocidsOfEverySignDoNotEndTheWorker) {
     EXPECT_EQ(document.paint(), 0);
 }
 
-TEST_F(QueueTest, RecordsTooLongAndTooShortAreSurvived) {
+TEST_F(ServiceQueueClientsTest, RecordsTooLongAndTooShortAreSurvived) {
     TestDocument document(*client, *queue, sample("tour.txt"), 320, 480);
     ASSERT_EQ(document.paint(), 0);
     std::vector<unsigned char> text(8000, 0xEE);
@@ -47,7 +47,7 @@ TEST_F(QueueTest, RecordsTooLongAndTooShortAreSurvived) {
     EXPECT_EQ(document.paint(), 0);
 }
 
-TEST_F(QueueTest, AThousandPenMovesDuringOnePaintLockNothingUp) {
+TEST_F(ServiceQueueClientsTest, AThousandPenMovesDuringOnePaintLockNothingUp) {
     TestDocument document(*client, *queue, longDocument(50), 480, 800);
     ASSERT_EQ(document.paint(), 0);
     document.penDown(200, 700);
@@ -66,7 +66,7 @@ TEST_F(QueueTest, AThousandPenMovesDuringOnePaintLockNothingUp) {
     EXPECT_EQ(document.paint(), 0);
 }
 
-TEST_F(QueueTest, AClientThatNeverReadsItsNotificationsDoesNotStopTheService) {
+TEST_F(ServiceQueueClientsTest, AClientThatNeverReadsItsNotificationsDoesNotStopTheService) {
     TestDocument document(*client, *queue, sample("tour.txt"), 320, 480);
     ASSERT_EQ(document.paint(), 0);
     for (int i = 0; i < 1500; ++i) { // more id 0 records than the queue can hold
@@ -80,7 +80,7 @@ TEST_F(QueueTest, AClientThatNeverReadsItsNotificationsDoesNotStopTheService) {
     EXPECT_EQ(document.paint(), 0);
 }
 
-TEST_F(QueueTest, APaintOvertakesQueuedInput) {
+TEST_F(ServiceQueueClientsTest, APaintOvertakesQueuedInput) {
     TestDocument document(*client, *queue, longDocument(20), 480, 800);
     ASSERT_EQ(document.paint(), 0);
     for (int i = 0; i < 400; ++i) {
@@ -90,7 +90,7 @@ TEST_F(QueueTest, APaintOvertakesQueuedInput) {
     EXPECT_EQ(queue->read(document.docid() + 101).value, 0);
 }
 
-TEST_F(QueueTest, ARemovedQueueEndsTheWorkerButNotTheBus) {
+TEST_F(ServiceQueueClientsTest, ARemovedQueueEndsTheWorkerButNotTheBus) {
     TestDocument document(*client, *queue, sample("tour.txt"), 320, 480);
     ASSERT_EQ(document.paint(), 0);
     ASSERT_EQ(msgctl(queue->id(), IPC_RMID, nullptr), 0);
@@ -101,7 +101,7 @@ TEST_F(QueueTest, ARemovedQueueEndsTheWorkerButNotTheBus) {
 }
 
 #ifdef CLIENT_32_PROGRAM
-TEST_F(QueueTest, A32BitClientDrivesThe64BitService) {
+TEST_F(ServiceQueueClientsTest, A32BitClientDrivesThe64BitService) {
     TestDocument document(*client, *queue, longDocument(20), 480, 800);
     ASSERT_EQ(document.openResult(), 0);
     Subprocess other({CLIENT_32_PROGRAM, std::to_string(document.docid()), std::to_string(document.store())},

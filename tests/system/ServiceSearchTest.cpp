@@ -9,7 +9,7 @@
 
 namespace {
 
-class SearchTest : public ServiceTest {
+class ServiceSearchTest : public ServiceTest {
 protected:
     int search(TestDocument& document, const std::string& text) {
         const std::string reply = document.call("/common", "Search", ",\"search\":\"" + text + "\"");
@@ -65,32 +65,32 @@ protected:
     }
 };
 
-TEST_F(SearchTest, TwoHitsAreSteppedThrough) {
+TEST_F(ServiceSearchTest, TwoHitsAreSteppedThrough) {
     stepThroughAndBack(200, 2, 320, 480);
 }
-TEST_F(SearchTest, TwoHitsAreSteppedThroughOnALargeScreen) {
+TEST_F(ServiceSearchTest, TwoHitsAreSteppedThroughOnALargeScreen) {
     stepThroughAndBack(200, 2, 480, 800);
 }
-TEST_F(SearchTest, ThreeHitsAreSteppedThrough) {
+TEST_F(ServiceSearchTest, ThreeHitsAreSteppedThrough) {
     stepThroughAndBack(200, 3, 320, 480);
 }
-TEST_F(SearchTest, ThreeHitsAreSteppedThroughOnALargeScreen) {
+TEST_F(ServiceSearchTest, ThreeHitsAreSteppedThroughOnALargeScreen) {
     stepThroughAndBack(200, 3, 480, 800);
 }
-TEST_F(SearchTest, TwentyHitsAreSteppedThrough) {
+TEST_F(ServiceSearchTest, TwentyHitsAreSteppedThrough) {
     stepThroughAndBack(200, 20, 320, 480);
 }
-TEST_F(SearchTest, TwentyHitsAreSteppedThroughOnALargeScreen) {
+TEST_F(ServiceSearchTest, TwentyHitsAreSteppedThroughOnALargeScreen) {
     stepThroughAndBack(200, 20, 480, 800);
 }
-TEST_F(SearchTest, LongWayThroughAThousandHits) {
+TEST_F(ServiceSearchTest, LongWayThroughAThousandHits) {
     stepThroughAndBack(200, 1000, 320, 480);
 }
-TEST_F(SearchTest, LongWayThroughAThousandHitsOnALargeScreen) {
+TEST_F(ServiceSearchTest, LongWayThroughAThousandHitsOnALargeScreen) {
     stepThroughAndBack(200, 1000, 480, 800);
 }
 
-TEST_F(SearchTest, FindsAgainAfterScrollingZoomingAndWideMode) {
+TEST_F(ServiceSearchTest, FindsAgainAfterScrollingZoomingAndWideMode) {
     TestDocument document(*client, *queue, longDocument(20, "zebra", 100), 480, 800);
     for (int i = 0; i < 5; ++i) {
         document.drag(700);
@@ -111,7 +111,7 @@ TEST_F(SearchTest, FindsAgainAfterScrollingZoomingAndWideMode) {
     EXPECT_FALSE(currentHit(document).empty());
 }
 
-TEST_F(SearchTest, CloseSearchLeavesNoMark) {
+TEST_F(ServiceSearchTest, CloseSearchLeavesNoMark) {
     TestDocument document(*client, *queue, longDocument(3, "zebra", 30), 320, 480);
     ASSERT_EQ(document.paint(), 0);
     const std::vector<uint32_t> clean(document.frame(), document.frame() + 320 * 479);
@@ -125,7 +125,7 @@ TEST_F(SearchTest, CloseSearchLeavesNoMark) {
     EXPECT_TRUE(currentHit(document).empty());
 }
 
-TEST_F(SearchTest, OddTextsAndStepsWithoutASearchMoveNothing) {
+TEST_F(ServiceSearchTest, OddTextsAndStepsWithoutASearchMoveNothing) {
     TestDocument document(*client, *queue, longDocument(3, "zebra", 30), 320, 480);
     ASSERT_EQ(document.paint(), 0);
     const std::vector<uint32_t> clean(document.frame(), document.frame() + 320 * 479);

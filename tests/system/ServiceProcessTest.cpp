@@ -16,7 +16,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-class LifecycleTest : public ServiceTest {
+class ServiceProcessTest : public ServiceTest {
 protected:
     int statusAfter(int number) {
         service->signal(number);
@@ -27,11 +27,11 @@ protected:
     static bool queueExists() { return msgget(ftok("/tmp", 79), 0) >= 0; }
 };
 
-TEST_F(LifecycleTest, LogsItsStart) {
+TEST_F(ServiceProcessTest, LogsItsStart) {
     EXPECT_EQ(syslogText(), "<6> Starting LecternServer\n");
 }
 
-TEST_F(LifecycleTest, SigtermStopsInOrderAndKeepsTheQueue) {
+TEST_F(ServiceProcessTest, SigtermStopsInOrderAndKeepsTheQueue) {
     EXPECT_EQ(statusAfter(SIGTERM), W_EXITCODE(0, 0));
     EXPECT_EQ(syslogText(), "<6> Starting LecternServer\n"
                             "<6> Stopping LecternServer: terminated by signal\n"
@@ -39,37 +39,37 @@ TEST_F(LifecycleTest, SigtermStopsInOrderAndKeepsTheQueue) {
     EXPECT_TRUE(queueExists());
 }
 
-TEST_F(LifecycleTest, SigintRemovesTheQueueAndEndsWithItsNumber) {
+TEST_F(ServiceProcessTest, SigintRemovesTheQueueAndEndsWithItsNumber) {
     EXPECT_EQ(statusAfter(SIGINT), W_EXITCODE(2, 0));
     EXPECT_EQ(syslogText(), "<6> Starting LecternServer\n<7> LecternServer got signal: 2\n");
     EXPECT_FALSE(queueExists());
 }
 
-TEST_F(LifecycleTest, SighupRemovesTheQueueAndEndsWithZero) {
+TEST_F(ServiceProcessTest, SighupRemovesTheQueueAndEndsWithZero) {
     EXPECT_EQ(statusAfter(SIGHUP), W_EXITCODE(0, 0));
     EXPECT_EQ(syslogText(), "<6> Starting LecternServer\n<7> LecternServer got signal: 1\n");
     EXPECT_FALSE(queueExists());
 }
 
-TEST_F(LifecycleTest, SigquitRemovesTheQueueAndEndsWithZero) {
+TEST_F(ServiceProcessTest, SigquitRemovesTheQueueAndEndsWithZero) {
     EXPECT_EQ(statusAfter(SIGQUIT), W_EXITCODE(0, 0));
     EXPECT_FALSE(queueExists());
 }
 
-TEST_F(LifecycleTest, AFaultRemovesTheQueueAndEndsWithItsNumber) {
+TEST_F(ServiceProcessTest, AFaultRemovesTheQueueAndEndsWithItsNumber) {
     EXPECT_EQ(statusAfter(SIGABRT), W_EXITCODE(6, 0));
     EXPECT_EQ(syslogText(), "<6> Starting LecternServer\n<7> LecternServer got signal: 6\n");
     EXPECT_FALSE(queueExists());
 }
 
-TEST_F(LifecycleTest, SigtermWithDocumentsOpenLeavesNothingBehind) {
+TEST_F(ServiceProcessTest, SigtermWithDocumentsOpenLeavesNothingBehind) {
     TestDocument document(*client, *queue, sample("tour.txt"), 320, 480);
     ASSERT_EQ(document.openResult(), 0);
     ASSERT_EQ(document.paint(), 0);
     EXPECT_EQ(statusAfter(SIGTERM), W_EXITCODE(0, 0));
 }
 
-TEST_F(LifecycleTest, StopsByItselfThirtyOneToThirtyFourSecondsAfterTheLastCall) {
+TEST_F(ServiceProcessTest, StopsByItselfThirtyOneToThirtyFourSecondsAfterTheLastCall) {
     const auto start = std::chrono::steady_clock::now();
     std::this_thread::sleep_for(3s); // so that the call, not the start, is seen to count
     client->call("/events", "ping", "{}");
@@ -82,7 +82,7 @@ TEST_F(LifecycleTest, StopsByItselfThirtyOneToThirtyFourSecondsAfterTheLastCall)
                             "<6> Stopping LecternServer: normal\n");
 }
 
-TEST_F(LifecycleTest, AModuleThatCannotBeLoadedEndsTheServiceAtItsFirstDocument) {
+TEST_F(ServiceProcessTest, AModuleThatCannotBeLoadedEndsTheServiceAtItsFirstDocument) {
     ASSERT_EQ(stopService(), W_EXITCODE(0, 0));
     const std::string module = folder.path() + "/WordToGoModule.so";
     std::ofstream(module) << "no shared object, but longer than the header of one, so that it is looked at\n";
@@ -93,7 +93,7 @@ TEST_F(LifecycleTest, AModuleThatCannotBeLoadedEndsTheServiceAtItsFirstDocument)
     EXPECT_EQ(service->errors(), module + ": invalid ELF header\n");
 }
 
-TEST_F(LifecycleTest, ASecondServiceOnTheSameQueueIsRefused) {
+TEST_F(ServiceProcessTest, ASecondServiceOnTheSameQueueIsRefused) {
     TemporaryFolder otherFolder;
     const PrivateBus otherBus(otherFolder.path());
     auto environment = serviceEnvironment();
@@ -105,13 +105,13 @@ TEST_F(LifecycleTest, ASecondServiceOnTheSameQueueIsRefused) {
     EXPECT_EQ(document.paint(), 0) << "the first service must go on";
 }
 
-TEST_F(LifecycleTest, ATakenNameIsReported) {
+TEST_F(ServiceProcessTest, ATakenNameIsReported) {
     Subprocess second({SERVICE_PROGRAM}, serviceEnvironment(), folder.path() + "/second");
     ASSERT_EQ(second.wait(20s), std::optional<int>(W_EXITCODE(255, 0)));
     EXPECT_NE(second.errors().find("error from Hub call: "), std::string::npos);
 }
 
-TEST_F(LifecycleTest, ArgumentsAreAnsweredAndNothingIsStarted) {
+TEST_F(ServiceProcessTest, ArgumentsAreAnsweredAndNothingIsStarted) {
     const auto run = [this](const std::vector<std::string>& arguments) {
         std::vector<std::string> command{SERVICE_PROGRAM};
         command.insert(command.end(), arguments.begin(), arguments.end());
@@ -134,7 +134,7 @@ TEST_F(LifecycleTest, ArgumentsAreAnsweredAndNothingIsStarted) {
     }
 }
 
-TEST_F(LifecycleTest, PingGetsNoReply) {
+TEST_F(ServiceProcessTest, PingGetsNoReply) {
     const BusReply reply = client->call("/events", "ping", "{}");
     EXPECT_FALSE(reply.replied);
     EXPECT_EQ(reply.error, "org.freedesktop.DBus.Error.NoReply");

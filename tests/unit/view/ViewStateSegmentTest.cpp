@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "view/StateSegment.h"
-
 #include "IpcTest.h"
+#include "view/StateSegment.h"
 
 #include <cerrno>
 #include <vector>
