@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Searches of presentations with the real engine, whose hits are known.
+#include "tests/process/engine/EngineHost.h"
 #include "tests/system/module/SlideView.h"
-#include "tests/unit/engine/EngineHost.h"
 
 #include <algorithm>
 #include <cctype>

@@ -3,7 +3,7 @@
 // out at 320 pixels, prints what came of it and how long it took, and closes
 // it. With -w the last one stays open until standard input ends.
 
-#include "tests/unit/engine/EngineHost.h"
+#include "tests/process/engine/EngineHost.h"
 
 #include <chrono>
 #include <cstdio>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "tests/unit/engine/EngineHost.h"
+#include "tests/process/engine/EngineHost.h"
 
 #include <dlfcn.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Engines that die, hang or stop cost their own document, and soon.
 
-#include "tests/unit/engine/EngineTest.h"
+#include "tests/process/engine/EngineTest.h"
 
 #include <signal.h>
 #include <sys/eventfd.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The module's calling rules: nulls, sizes and indices that cannot be.
 
-#include "tests/unit/engine/EngineTest.h"
+#include "tests/process/engine/EngineTest.h"
 
 #include <tuple>
 

@@ -2,7 +2,7 @@
 // What a document's engine may not do. Each document tries one thing and tells
 // the outcome as its name.
 
-#include "tests/unit/engine/EngineTest.h"
+#include "tests/process/engine/EngineTest.h"
 
 #include <sys/socket.h>
 #include <sys/wait.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Nothing is left behind: processes, folders, file descriptors.
 
-#include "tests/unit/engine/EngineTest.h"
+#include "tests/process/engine/EngineTest.h"
 
 #include <fcntl.h>
 #include <signal.h>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Services that start and end: by activation, with the loop, with the bus.
-#include "tests/unit/hub/HubFixture.h"
+#include "tests/process/hub/HubFixture.h"
 
 #include <sys/prctl.h>
 #include <sys/wait.h>

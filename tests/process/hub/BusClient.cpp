@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "tests/unit/hub/BusClient.h"
+#include "tests/process/hub/BusClient.h"
 
 #include <ostream>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Once the service is about to stop, no engine holds it up for long.
 
-#include "tests/unit/engine/EngineTest.h"
+#include "tests/process/engine/EngineTest.h"
 
 #include <chrono>
 #include <filesystem>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Click records, and the buffer that is lent to a secondary document.
 
-#include "tests/unit/engine/EngineTest.h"
+#include "tests/process/engine/EngineTest.h"
 
 #include <algorithm>
 

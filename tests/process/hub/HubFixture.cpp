@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "tests/unit/hub/HubFixture.h"
+#include "tests/process/hub/HubFixture.h"
 
 Record gRecord;
 

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "hub/hubservice.h"
-#include "tests/unit/hub/BusClient.h"
-#include "tests/unit/hub/PrivateBus.h"
+#include "tests/process/hub/BusClient.h"
+#include "tests/process/hub/PrivateBus.h"
 
 #include <gtest/gtest.h>
 

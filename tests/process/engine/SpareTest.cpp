@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // One engine is kept ready.
 
-#include "tests/unit/engine/EngineTest.h"
+#include "tests/process/engine/EngineTest.h"
 
 #include <signal.h>
 #include <unistd.h>

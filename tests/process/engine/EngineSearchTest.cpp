@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // What a search hands out, and how long that holds.
 
-#include "tests/unit/engine/EngineTest.h"
+#include "tests/process/engine/EngineTest.h"
 
 namespace lectern::test {
 namespace {

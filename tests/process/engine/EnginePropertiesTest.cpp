@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Texts, dates and counts, and how texts are cut.
 
-#include "tests/unit/engine/EngineTest.h"
+#include "tests/process/engine/EngineTest.h"
 
 namespace lectern::test {
 namespace {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Selections as the module passes them on.
 
-#include "tests/unit/engine/EngineTest.h"
+#include "tests/process/engine/EngineTest.h"
 
 namespace lectern::test {
 namespace {

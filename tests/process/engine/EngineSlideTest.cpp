@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // Presentations as the module passes them on.
 
-#include "tests/unit/engine/EngineTest.h"
-#include "tests/unit/engine/SlideHost.h"
+#include "tests/process/engine/EngineTest.h"
+#include "tests/process/engine/SlideHost.h"
 
 #include <algorithm>
 

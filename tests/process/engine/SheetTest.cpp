@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // The spreadsheet module's calling rules, and engines that misbehave.
 
-#include "tests/unit/engine/EngineTest.h"
-#include "tests/unit/engine/SheetHost.h"
+#include "tests/process/engine/EngineTest.h"
+#include "tests/process/engine/SheetHost.h"
 
 #include <cstring>
 

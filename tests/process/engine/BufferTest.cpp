@@ -2,7 +2,7 @@
 // The caller's buffer shows the stretch after every call, and only calls
 // write to it.
 
-#include "tests/unit/engine/EngineTest.h"
+#include "tests/process/engine/EngineTest.h"
 
 #include <algorithm>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "tests/unit/hub/PrivateBus.h"
+#include "tests/process/hub/PrivateBus.h"
 
 #include <fcntl.h>
 #include <signal.h>
