@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <ctime>
 #include <deque>
 #include <map>
 #include <string>
@@ -24,7 +25,27 @@ struct FakeCalls {
     std::map<std::string, std::deque<int32_t>> nextResults;
     std::map<std::string, int32_t> results;
 
+    // The document's properties, whichever file it is.
+    std::u16string name, author, description;
+    time_t created = 0;
+    time_t lastSaved = 0;
+
+    // What the module knows.
+    int openDocuments = 0;
+    std::vector<uint8_t> highlightColor;
+
     std::vector<std::string> takeCalls() { return std::exchange(calls, {}); }
+};
+
+// The control of one kind's fake, which adds what scripts its documents.
+template<typename Control>
+struct FakeControl : FakeCalls {
+    // Everything as at the start, but for the documents that are open.
+    void reset() {
+        const int open = openDocuments;
+        static_cast<Control&>(*this) = Control();
+        openDocuments = open;
+    }
 };
 
 // The control of the module that the loader finds. The module stays loaded.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The module's side of a fake: recording calls, and the behaviour that all
-// modules share.
+// modules share. It
+// is compiled into each fake module, whose source says which control it serves.
 #pragma once
 
 #include "modules/ModuleResults.h"
@@ -15,6 +16,9 @@
 #include <vector>
 
 namespace fake {
+
+// Of the module that this is compiled into.
+FakeCalls& calls();
 
 inline void write(std::ostream& out, const uint16_t* text) {
     if (text == nullptr) {
@@ -33,7 +37,8 @@ inline void write(std::ostream& out, int64_t number) {
 
 // Records a call and returns its scripted result.
 template<typename... Arguments>
-int32_t called(FakeCalls& control, const char* name, Arguments... arguments) {
+int32_t called(const char* name, Arguments... arguments) {
+    FakeCalls& control = calls();
     if (control.recording) {
         std::ostringstream line;
         [[maybe_unused]] const char* separator = "";
@@ -77,21 +82,58 @@ inline int32_t giveText(const std::u16string& text, uint16_t* out, int32_t capac
 // Records a call; returns its scripted failure, or MODULE_BAD_ARGUMENT for a
 // null document.
 template<typename... Arguments>
-int32_t entered(FakeCalls& control, const void* doc, const char* name, Arguments... arguments) {
-    const int32_t code = called(control, name, arguments...);
+int32_t entered(const void* doc, const char* name, Arguments... arguments) {
+    const int32_t code = called(name, arguments...);
     return code == MODULE_OK && doc == nullptr ? static_cast<int32_t>(MODULE_BAD_ARGUMENT) : code;
 }
 
+// The whole of a call that opens a file but for the document: its scripted
+// failure, or that of a file named "code-N...".
+template<typename... Arguments>
+int32_t opening(const char* name, void** doc, const uint16_t* path, Arguments... arguments) {
+    *doc = nullptr;
+    const int32_t code = called(name, path, arguments...);
+    return code != MODULE_OK ? code : static_cast<int32_t>(numberInName(path, "code-").value_or(MODULE_OK));
+}
+inline int32_t opened(void** doc, void* document) {
+    *doc = document;
+    ++calls().openDocuments;
+    return MODULE_OK;
+}
+template<typename Document>
+int32_t close(const char* name, void** doc) {
+    called(name);
+    if (*doc == nullptr) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    delete static_cast<Document*>(*doc);
+    *doc = nullptr;
+    --calls().openDocuments;
+    return MODULE_OK;
+}
+
+// A function that exists for the loader: a call shows in the list and fails.
+inline int32_t unsupported(const char* name) {
+    called(name);
+    return MODULE_NOT_SUPPORTED;
+}
+
+inline int32_t setHighlightColor(const void* doc, const char* name, const uint8_t rgb[3]) {
+    const int32_t code = entered(doc, name, rgb[0], rgb[1], rgb[2]);
+    if (code == MODULE_OK) {
+        calls().highlightColor.assign(rgb, rgb + 3);
+    }
+    return code;
+}
+
 // Complete calls for a document's text and time properties.
-inline int32_t giveProperty(FakeCalls& control, const void* doc, const char* function,
-                            const std::u16string& value, uint16_t* text, int32_t capacityBytes,
-                            int32_t* length) {
-    const int32_t code = entered(control, doc, function, capacityBytes);
+inline int32_t giveProperty(const void* doc, const char* function, const std::u16string& value,
+                            uint16_t* text, int32_t capacityBytes, int32_t* length) {
+    const int32_t code = entered(doc, function, capacityBytes);
     return code != MODULE_OK ? code : giveText(value, text, capacityBytes / 2, length);
 }
-inline int32_t giveTime(FakeCalls& control, const void* doc, const char* function, time_t value,
-                        time_t* time) {
-    const int32_t code = entered(control, doc, function);
+inline int32_t giveTime(const void* doc, const char* function, time_t value, time_t* time) {
+    const int32_t code = entered(doc, function);
     if (code == MODULE_OK) {
         *time = value;
     }

@@ -23,7 +23,7 @@ struct FakeSheet {
     int32_t rows = 200;
 };
 
-struct FakeSheetControl : FakeCalls {
+struct FakeSheetControl : FakeControl<FakeSheetControl> {
     // The open of a file named "code-N..." returns N.
     std::vector<FakeSheet> sheets = {FakeSheet()};
 
@@ -43,21 +43,10 @@ struct FakeSheetControl : FakeCalls {
     bool nullArrays = false;
 
     std::u16string selection; // text of any selection
-    std::u16string name, author, description;
-    time_t created = 0;
-    time_t lastSaved = 0;
 
     // The module's state.
-    int openDocuments = 0;
     int32_t dpi = 72; // of the document used last
     int64_t renders = 0;
-    std::vector<uint8_t> highlightColor;
-
-    void reset() {
-        const int open = openDocuments;
-        *this = FakeSheetControl();
-        openDocuments = open;
-    }
 };
 
 // Pixel values: the surface in the highest four bits and the sheet in the next

@@ -13,24 +13,21 @@ FakeSheetControl* fake_sheet_control() {
     return &control;
 }
 
+FakeCalls& fake::calls() {
+    return *fake_sheet_control();
+}
+
 namespace {
+
+using fake::entered;
+using fake::unsupported;
 
 FakeSheetControl& control() {
     return *fake_sheet_control();
 }
 
-template<typename... Arguments>
-int32_t called(const char* name, Arguments... arguments) {
-    return fake::called(control(), name, arguments...);
-}
-
 FakeSheetDocument* document(void* doc) {
     return static_cast<FakeSheetDocument*>(doc);
-}
-
-template<typename... Arguments>
-int32_t entered(const void* doc, const char* name, Arguments... arguments) {
-    return fake::entered(control(), doc, name, arguments...);
 }
 
 // As fake::entered(), for a call with a sheet, which must exist.
@@ -53,27 +50,14 @@ int32_t setBuffer(FakeSheetDocument::Buffer& buffer, uint32_t* pixels, int32_t w
 
 int32_t stg_open_file(const uint16_t* path, const uint16_t* password, const uint16_t* font_dir,
                       const uint16_t* temp_dir, void** doc) {
-    *doc = nullptr;
-    if (const int32_t code = called(__func__, path, password, font_dir, temp_dir); code != MODULE_OK) {
+    if (const int32_t code = fake::opening(__func__, doc, path, password, font_dir, temp_dir)) {
         return code;
     }
-    if (const auto code = fake::numberInName(path, "code-")) {
-        return static_cast<int32_t>(*code);
-    }
-    *doc = new FakeSheetDocument;
-    ++control().openDocuments;
-    return MODULE_OK;
+    return fake::opened(doc, new FakeSheetDocument);
 }
 
 int32_t stg_close_file(void** doc) {
-    called(__func__);
-    if (*doc == nullptr) {
-        return MODULE_BAD_ARGUMENT;
-    }
-    delete document(*doc);
-    *doc = nullptr;
-    --control().openDocuments;
-    return MODULE_OK;
+    return fake::close<FakeSheetDocument>(__func__, doc);
 }
 
 int32_t stg_get_sheet_count(void* doc, int32_t* count) {
@@ -202,11 +186,7 @@ int32_t stg_get_comment(void* doc, int32_t sheet, int32_t x, int32_t y, uint16_t
 }
 
 int32_t stg_set_highlight_color(void* doc, const uint8_t rgb[3]) {
-    if (const int32_t code = entered(doc, __func__, rgb[0], rgb[1], rgb[2])) {
-        return code;
-    }
-    control().highlightColor.assign(rgb, rgb + 3);
-    return MODULE_OK;
+    return fake::setHighlightColor(doc, __func__, rgb);
 }
 
 int32_t stg_find(void* doc, const uint16_t* text, int32_t first_sheet, int32_t first_y, int32_t last_sheet,
@@ -317,38 +297,35 @@ int32_t stg_sort_descending(void* doc, int32_t sheet, int32_t column) {
 }
 
 int32_t stg_get_document_name(void* doc, uint16_t* text, int32_t capacity_bytes, int32_t* length) {
-    return fake::giveProperty(control(), doc, __func__, control().name, text, capacity_bytes, length);
+    return fake::giveProperty(doc, __func__, control().name, text, capacity_bytes, length);
 }
 
 int32_t stg_get_document_author(void* doc, uint16_t* text, int32_t capacity_bytes, int32_t* length) {
-    return fake::giveProperty(control(), doc, __func__, control().author, text, capacity_bytes, length);
+    return fake::giveProperty(doc, __func__, control().author, text, capacity_bytes, length);
 }
 
 int32_t stg_get_document_description(void* doc, uint16_t* text, int32_t capacity_bytes, int32_t* length) {
-    return fake::giveProperty(control(), doc, __func__, control().description, text, capacity_bytes, length);
+    return fake::giveProperty(doc, __func__, control().description, text, capacity_bytes, length);
 }
 
 int32_t stg_get_document_creation_date(void* doc, time_t* time) {
-    return fake::giveTime(control(), doc, __func__, control().created, time);
+    return fake::giveTime(doc, __func__, control().created, time);
 }
 
 int32_t stg_get_document_last_saved_date(void* doc, time_t* time) {
-    return fake::giveTime(control(), doc, __func__, control().lastSaved, time);
+    return fake::giveTime(doc, __func__, control().lastSaved, time);
 }
 
 // Only the loader needs the remaining functions; a call is recorded and fails.
 
 int32_t stg_autofit_column(void* /*doc*/, int32_t /*sheet*/, int32_t /*x*/) {
-    called(__func__);
-    return MODULE_NOT_SUPPORTED;
+    return unsupported(__func__);
 }
 
 int32_t stg_get_version(uint16_t* /*text*/, int32_t /*capacity*/, int32_t* /*length*/) {
-    called(__func__);
-    return MODULE_NOT_SUPPORTED;
+    return unsupported(__func__);
 }
 
 int32_t stg_select_cell(void* /*doc*/, int32_t /*sheet*/, int32_t /*x*/, int32_t /*y*/) {
-    called(__func__);
-    return MODULE_NOT_SUPPORTED;
+    return unsupported(__func__);
 }

@@ -25,7 +25,7 @@ struct FakeSlide {
     int32_t noteHits = 0;
 };
 
-struct FakeSlideControl : FakeCalls {
+struct FakeSlideControl : FakeControl<FakeSlideControl> {
     // The open of a file named "code-N..." returns N.
     std::vector<FakeSlide> slides = {FakeSlide()};
     int32_t width = 640; // of every slide
@@ -37,19 +37,7 @@ struct FakeSlideControl : FakeCalls {
     // Replaces the infos of `slides`.
     std::optional<std::vector<sstg_find_info>> infos;
 
-    std::u16string name, author, description;
-    time_t created = 0;
-    time_t lastSaved = 0;
-
     // The module's state.
-    int openDocuments = 0;
-    std::vector<uint8_t> highlightColor;
-
-    void reset() {
-        const int open = openDocuments;
-        *this = FakeSlideControl();
-        openDocuments = open;
-    }
 };
 
 // Pixel values: the slide in the highest byte, which tints leave unchanged,

@@ -13,7 +13,14 @@ FakeSlideControl* fake_slide_control() {
     return &control;
 }
 
+FakeCalls& fake::calls() {
+    return *fake_slide_control();
+}
+
 namespace {
+
+using fake::entered;
+using fake::unsupported;
 
 FakeSlideControl& control() {
     return *fake_slide_control();
@@ -32,16 +39,6 @@ struct Document {
 
 Document& document(void* doc) {
     return *static_cast<Document*>(doc);
-}
-
-template<typename... Arguments>
-int32_t called(const char* name, Arguments... arguments) {
-    return fake::called(control(), name, arguments...);
-}
-
-template<typename... Arguments>
-int32_t entered(const void* doc, const char* name, Arguments... arguments) {
-    return fake::entered(control(), doc, name, arguments...);
 }
 
 bool has(int32_t slide) {
@@ -70,27 +67,14 @@ module_rect onSurface(const module_rect& r, const Document& d) {
 } // namespace
 
 int32_t sstg_open_file(const uint16_t* path, const uint16_t* font_dir, const uint16_t* temp_dir, void** doc) {
-    *doc = nullptr;
-    if (const int32_t code = called(__func__, path, font_dir, temp_dir); code != MODULE_OK) {
+    if (const int32_t code = fake::opening(__func__, doc, path, font_dir, temp_dir)) {
         return code;
     }
-    if (const auto code = fake::numberInName(path, "code-")) {
-        return static_cast<int32_t>(*code);
-    }
-    *doc = new Document;
-    ++control().openDocuments;
-    return MODULE_OK;
+    return fake::opened(doc, new Document);
 }
 
 int32_t sstg_close_file(void** doc) {
-    called(__func__);
-    if (*doc == nullptr) {
-        return MODULE_BAD_ARGUMENT;
-    }
-    delete &document(*doc);
-    *doc = nullptr;
-    --control().openDocuments;
-    return MODULE_OK;
+    return fake::close<Document>(__func__, doc);
 }
 
 int32_t sstg_get_slide_count(void* doc, int32_t* count) {
@@ -154,11 +138,7 @@ int32_t sstg_render_slide(void* doc, int32_t slide, int32_t flags, uint32_t* pix
 }
 
 int32_t sstg_set_highlight_color(void* doc, const uint8_t rgb[3]) {
-    if (const int32_t code = entered(doc, __func__, rgb[0], rgb[1], rgb[2])) {
-        return code;
-    }
-    control().highlightColor.assign(rgb, rgb + 3);
-    return MODULE_OK;
+    return fake::setHighlightColor(doc, __func__, rgb);
 }
 
 int32_t sstg_find(void* doc, const uint16_t* text, int32_t first_slide, int32_t last_slide,
@@ -217,50 +197,45 @@ int32_t sstg_stop_find(void* doc) {
 }
 
 int32_t sstg_get_document_name(void* doc, uint16_t* text, int32_t capacity_bytes, int32_t* length) {
-    return fake::giveProperty(control(), doc, __func__, control().name, text, capacity_bytes, length);
+    return fake::giveProperty(doc, __func__, control().name, text, capacity_bytes, length);
 }
 
 int32_t sstg_get_document_author(void* doc, uint16_t* text, int32_t capacity_bytes, int32_t* length) {
-    return fake::giveProperty(control(), doc, __func__, control().author, text, capacity_bytes, length);
+    return fake::giveProperty(doc, __func__, control().author, text, capacity_bytes, length);
 }
 
 int32_t sstg_get_document_description(void* doc, uint16_t* text, int32_t capacity_bytes, int32_t* length) {
-    return fake::giveProperty(control(), doc, __func__, control().description, text, capacity_bytes, length);
+    return fake::giveProperty(doc, __func__, control().description, text, capacity_bytes, length);
 }
 
 int32_t sstg_get_document_creation_date(void* doc, time_t* time) {
-    return fake::giveTime(control(), doc, __func__, control().created, time);
+    return fake::giveTime(doc, __func__, control().created, time);
 }
 
 int32_t sstg_get_document_last_saved_date(void* doc, time_t* time) {
-    return fake::giveTime(control(), doc, __func__, control().lastSaved, time);
+    return fake::giveTime(doc, __func__, control().lastSaved, time);
 }
 
 // Only the loader needs the remaining functions; a call is recorded and fails.
 
 int32_t sstg_get_found_note_offsets(void* /*doc*/, int32_t /*slide*/, int32_t* /*count*/,
                                     const int32_t** /*offsets*/) {
-    called(__func__);
-    return MODULE_NOT_SUPPORTED;
+    return unsupported(__func__);
 }
 
 int32_t sstg_get_slide_outline(void* /*doc*/, int32_t /*slide*/, int32_t* /*count*/,
                                sstg_outline_item** /*items*/) {
-    called(__func__);
-    return MODULE_NOT_SUPPORTED;
+    return unsupported(__func__);
 }
 
 int32_t sstg_free_slide_outline(void* /*doc*/, sstg_outline_item* /*items*/) {
-    called(__func__);
-    return MODULE_NOT_SUPPORTED;
+    return unsupported(__func__);
 }
 
 int32_t sstg_get_version(uint16_t* /*text*/, int32_t /*capacity*/, int32_t* /*length*/) {
-    called(__func__);
-    return MODULE_NOT_SUPPORTED;
+    return unsupported(__func__);
 }
 
 int32_t sstg_release_memory(void* /*doc*/) {
-    called(__func__);
-    return MODULE_NOT_SUPPORTED;
+    return unsupported(__func__);
 }

@@ -41,7 +41,7 @@ struct FakeWordLayout {
     int32_t dpi = 72;
 };
 
-struct FakeWordControl : FakeCalls {
+struct FakeWordControl : FakeControl<FakeWordControl> {
     // The document that the next open creates. The open of a file named
     // "code-N..." returns N; a file named "rows-N..." has N rows. Tests of a
     // whole process use these names.
@@ -55,23 +55,12 @@ struct FakeWordControl : FakeCalls {
     wtg_click_info click{0, 0, 0, 0};
     std::u16string link = u"http://example.com/";
 
-    std::u16string name, author, description;
-    time_t created = 0;
-    time_t lastSaved = 0;
     int32_t words = 0;
 
     // The module's state.
     FakeWordLayout layout;
-    int openDocuments = 0;
     int64_t repaints = 0;
     int64_t layouts = 0; // number of layouts made
-    std::vector<uint8_t> highlightColor;
-
-    void reset() {
-        const int open = openDocuments;
-        *this = FakeWordControl();
-        openDocuments = open;
-    }
 };
 
 // Pixel values: the text row in the low 24 bits and the column modulo 255 in

@@ -13,52 +13,36 @@ FakeWordControl* fake_word_control() {
     return &control;
 }
 
-namespace {
-
-FakeWordControl& control() {
+FakeCalls& fake::calls() {
     return *fake_word_control();
 }
 
-template<typename... Arguments>
-int32_t called(const char* name, Arguments... arguments) {
-    return fake::called(control(), name, arguments...);
+namespace {
+
+using fake::entered;
+using fake::unsupported;
+
+FakeWordControl& control() {
+    return *fake_word_control();
 }
 
 FakeWordDocument* document(void* doc) {
     return static_cast<FakeWordDocument*>(doc);
 }
 
-template<typename... Arguments>
-int32_t entered(const void* doc, const char* name, Arguments... arguments) {
-    return fake::entered(control(), doc, name, arguments...);
-}
-
 } // namespace
 
 int32_t wtg_open_file(const uint16_t* path, const uint16_t* password, const uint16_t* font_dir,
                       const uint16_t* temp_dir, void** doc) {
-    *doc = nullptr;
-    if (const int32_t code = called(__func__, path, password, font_dir, temp_dir); code != MODULE_OK) {
+    if (const int32_t code = fake::opening(__func__, doc, path, password, font_dir, temp_dir)) {
         return code;
     }
-    if (const auto code = fake::numberInName(path, "code-")) {
-        return static_cast<int32_t>(*code);
-    }
     const int64_t rows = fake::numberInName(path, "rows-").value_or(control().rows);
-    *doc = new FakeWordDocument(rows, control().characters, control().lineHeight);
-    ++control().openDocuments;
-    return MODULE_OK;
+    return fake::opened(doc, new FakeWordDocument(rows, control().characters, control().lineHeight));
 }
 
 int32_t wtg_close_file(void** doc) {
-    called(__func__);
-    if (*doc == nullptr) {
-        return MODULE_BAD_ARGUMENT;
-    }
-    delete document(*doc);
-    *doc = nullptr;
-    --control().openDocuments;
-    return MODULE_OK;
+    return fake::close<FakeWordDocument>(__func__, doc);
 }
 
 int32_t wtg_get_character_count(void* doc, int32_t view, uint32_t* scratch, uint32_t* count) {
@@ -212,11 +196,7 @@ int32_t wtg_stop_find(void* doc) {
 }
 
 int32_t wtg_set_highlight_color(void* doc, const uint8_t rgb[3]) {
-    if (const int32_t code = entered(doc, __func__, rgb[0], rgb[1], rgb[2])) {
-        return code;
-    }
-    control().highlightColor.assign(rgb, rgb + 3);
-    return MODULE_OK;
+    return fake::setHighlightColor(doc, __func__, rgb);
 }
 
 int32_t wtg_get_click_info(void* doc, int32_t x, int32_t y, const wtg_click_info** info) {
@@ -241,30 +221,27 @@ int32_t wtg_open_secondary_document(void* doc, intptr_t a, intptr_t b, intptr_t 
 }
 
 int32_t wtg_close_secondary_document(void* doc) {
-    if (const int32_t code = entered(doc, __func__)) {
-        return code;
-    }
-    return MODULE_OK;
+    return entered(doc, __func__);
 }
 
 int32_t wtg_get_document_name(void* doc, uint16_t* text, int32_t capacity_bytes, int32_t* length) {
-    return fake::giveProperty(control(), doc, __func__, control().name, text, capacity_bytes, length);
+    return fake::giveProperty(doc, __func__, control().name, text, capacity_bytes, length);
 }
 
 int32_t wtg_get_document_author(void* doc, uint16_t* text, int32_t capacity_bytes, int32_t* length) {
-    return fake::giveProperty(control(), doc, __func__, control().author, text, capacity_bytes, length);
+    return fake::giveProperty(doc, __func__, control().author, text, capacity_bytes, length);
 }
 
 int32_t wtg_get_document_description(void* doc, uint16_t* text, int32_t capacity_bytes, int32_t* length) {
-    return fake::giveProperty(control(), doc, __func__, control().description, text, capacity_bytes, length);
+    return fake::giveProperty(doc, __func__, control().description, text, capacity_bytes, length);
 }
 
 int32_t wtg_get_document_creation_date(void* doc, time_t* time) {
-    return fake::giveTime(control(), doc, __func__, control().created, time);
+    return fake::giveTime(doc, __func__, control().created, time);
 }
 
 int32_t wtg_get_document_last_saved_date(void* doc, time_t* time) {
-    return fake::giveTime(control(), doc, __func__, control().lastSaved, time);
+    return fake::giveTime(doc, __func__, control().lastSaved, time);
 }
 
 int32_t wtg_word_count(void* doc, int32_t* count) {
@@ -276,68 +253,54 @@ int32_t wtg_word_count(void* doc, int32_t* count) {
 }
 
 int32_t wtg_clear_selection(void* doc) {
-    if (const int32_t code = entered(doc, __func__)) {
-        return code;
-    }
-    return MODULE_OK;
+    return entered(doc, __func__);
 }
 
 // Only the loader needs the remaining functions; a call is recorded and fails.
 
 int32_t wtg_copy_selection(void* /*doc*/, uint16_t* /*text*/, int32_t /*capacity*/, int32_t /*first*/,
                            int32_t* /*length*/) {
-    called(__func__);
-    return MODULE_NOT_SUPPORTED;
+    return unsupported(__func__);
 }
 
 int32_t wtg_get_click_regions(void* /*doc*/, int32_t /*view*/, int32_t* /*count*/,
                               const module_rect** /*regions*/) {
-    called(__func__);
-    return MODULE_NOT_SUPPORTED;
+    return unsupported(__func__);
 }
 
 int32_t wtg_get_version(uint16_t* /*text*/, int32_t /*capacity*/, int32_t* /*length*/) {
-    called(__func__);
-    return MODULE_NOT_SUPPORTED;
+    return unsupported(__func__);
 }
 
 int32_t wtg_page_layout_size(void* /*doc*/, int32_t /*view*/, int32_t* /*width*/, int32_t* /*height*/) {
-    called(__func__);
-    return MODULE_NOT_SUPPORTED;
+    return unsupported(__func__);
 }
 
 int32_t wtg_release_memory(void* /*doc*/) {
-    called(__func__);
-    return MODULE_NOT_SUPPORTED;
+    return unsupported(__func__);
 }
 
 int32_t wtg_scroll_to_character_range(void* /*doc*/, int32_t /*view*/, uint32_t /*start*/, uint32_t /*end*/) {
-    called(__func__);
-    return MODULE_NOT_SUPPORTED;
+    return unsupported(__func__);
 }
 
 int32_t wtg_select_all(void* /*doc*/) {
-    called(__func__);
-    return MODULE_NOT_SUPPORTED;
+    return unsupported(__func__);
 }
 
 int32_t wtg_select_area(void* /*doc*/, int32_t /*view*/, int32_t /*left*/, int32_t /*top*/, int32_t /*right*/,
                         int32_t /*bottom*/) {
-    called(__func__);
-    return MODULE_NOT_SUPPORTED;
+    return unsupported(__func__);
 }
 
 int32_t wtg_select_line(void* /*doc*/, int32_t /*view*/, int32_t /*x*/, int32_t /*y*/) {
-    called(__func__);
-    return MODULE_NOT_SUPPORTED;
+    return unsupported(__func__);
 }
 
 int32_t wtg_select_word(void* /*doc*/, int32_t /*view*/, int32_t /*x*/, int32_t /*y*/) {
-    called(__func__);
-    return MODULE_NOT_SUPPORTED;
+    return unsupported(__func__);
 }
 
 int32_t wtg_smart_zoom(void* /*doc*/, int32_t /*view*/, int32_t /*x*/, int32_t /*y*/, module_rect* /*area*/) {
-    called(__func__);
-    return MODULE_NOT_SUPPORTED;
+    return unsupported(__func__);
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // The command's information about documents, compared with their files.
-#include "tests/system/command/CommandFixture.h"
+#include "tests/system/command/ServedCommandFixture.h"
 
 namespace {
 

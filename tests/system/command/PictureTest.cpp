@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Pictures of sheets and slides, compared with what another client sees after a jump.
-#include "tests/system/command/CommandFixture.h"
+#include "tests/system/command/ServedCommandFixture.h"
 
 #include <functional>
 #include <set>

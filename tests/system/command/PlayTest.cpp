@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "tests/system/command/CommandFixture.h"
+#include "tests/system/command/ServedCommandFixture.h"
 #include "tests/system/support/Marks.h"
 
 #include <algorithm>

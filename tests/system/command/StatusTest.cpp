@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Exit statuses and messages on standard error; the sub-command "call".
-#include "tests/system/command/CommandFixture.h"
+#include "tests/system/command/ServedCommandFixture.h"
 
 #include <filesystem>
 

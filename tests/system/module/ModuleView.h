@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "tests/unit/engine/EngineHost.h"
+#include "tests/process/engine/EngineHost.h"
 
 #include <gtest/gtest.h>
 

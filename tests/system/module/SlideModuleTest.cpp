@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // Presentations with the real engine: slides, titles, notes, bad input, memory.
+#include "tests/process/engine/EngineHost.h"
 #include "tests/system/module/SlideView.h"
 #include "tests/system/support/Subprocess.h"
-#include "tests/unit/engine/EngineHost.h"
 
 #include <unistd.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/system/module/SlideView.h"
 
-#include "tests/unit/engine/EngineHost.h"
+#include "tests/process/engine/EngineHost.h"
 
 #include <glib.h>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "tests/process/engine/SlideHost.h"
 #include "tests/system/support/Decks.h"
-#include "tests/unit/engine/SlideHost.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "tests/unit/engine/EngineHost.h"
-#include "tests/unit/engine/SheetHost.h"
+#include "tests/process/engine/EngineHost.h"
+#include "tests/process/engine/SheetHost.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The client's read: it counts its time-out in sleeps of 10 ms.
+#include "QueueSystemCalls.h"
 #include "RawQueue.h"
-#include "SystemCalls.h"
 
 #include <sys/msg.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The service's end of a full queue: it continues whatever clients do.
+#include "QueueSystemCalls.h"
 #include "RawQueue.h"
-#include "SystemCalls.h"
 #include "channel/ServiceQueue.h"
 
 #include <sys/msg.h>

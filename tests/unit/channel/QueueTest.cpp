@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The plain wrapper that both ends use.
+#include "QueueSystemCalls.h"
 #include "RawQueue.h"
-#include "SystemCalls.h"
 
 #include <sys/ipc.h>
 #include <sys/msg.h>

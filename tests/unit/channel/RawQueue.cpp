@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "RawQueue.h"
 
-#include "SystemCalls.h"
+#include "QueueSystemCalls.h"
 
 #include <sys/ipc.h>
 #include <sys/msg.h>

@@ -2,8 +2,8 @@
 // The service's end of a queue with room: reading, refusing, discarding.
 #include "channel/ServiceQueue.h"
 
+#include "QueueSystemCalls.h"
 #include "RawQueue.h"
-#include "SystemCalls.h"
 
 #include <pthread.h>
 

@@ -36,6 +36,12 @@ TEST_F(ExcelOutputTest, TellsOfANewStateRecordAtOnce) {
     EXPECT_EQ(writtenBy([] { makeView(); }), "Creating shmid!");
 }
 
+TEST_F(ExcelOutputTest, TellsOfARecordInPlaceOfAnUnusableOne) {
+    for (const unsigned int id : {1U, 99U, 4000000U, makeClientSegment(27)}) {
+        EXPECT_EQ(writtenBy([id] { makeView(320, 480, id); }), "Creating shmid!");
+    }
+}
+
 TEST_F(ExcelOutputTest, TellsOfACopyThatFailedAtOnce) {
     const auto view = openView();
     EXPECT_EQ(writtenBy([&] { view->copySelection("/nonexistent/copy"); }),

@@ -1,36 +1,35 @@
 // SPDX-License-Identifier: Apache-2.0
 // The state record: the place that a view restores when its document is reopened.
 #include "tests/unit/excel/ExcelTest.h"
-
-#include <sys/shm.h>
+#include "tests/unit/view/RecordTest.h"
 
 #include <cstring>
+#include <tuple>
 
 namespace {
 
 class ExcelRecordTest : public ExcelTest {
 protected:
-    static std::unique_ptr<TestExcel> reopen(const TestExcel& old) {
-        auto view = makeView(320, 480, old.dataStoreShmId());
-        view->openFile("/d/book.xls", nullptr);
-        return view;
+    static constexpr const char* KEY_PATH = "/var";
+    static constexpr double FIRST_SCALE = 2.0;
+    static constexpr int FIRST_LEVEL = 1;
+
+    static std::unique_ptr<TestExcel> openLong() {
+        fakeSheet().sheets.resize(4);
+        return openView();
+    }
+    static void goElsewhere(TestExcel& view) {
+        view.jumpToSheet(3);
+        view.mScale = 3.0;
+        view.mScaleLevel = 2;
+        view.mScroll.set(1000, 2000);
+    }
+    static auto place(const TestExcel& view) {
+        return std::tuple(view.mCurrentSheet, view.mScale, view.mScaleLevel, view.mScroll.x, view.mScroll.y);
     }
 };
 
-TEST_F(ExcelRecordTest, NewViewMakesASegmentAndSavesItsState) {
-    const auto view = makeView();
-    EXPECT_GE(view->dataStoreShmId(), 4096U);
-    const shmid_ds status = segmentStatus(view->dataStoreShmId());
-    EXPECT_EQ(status.shm_segsz, 28U);
-    EXPECT_EQ(status.shm_perm.mode & 0777, 0666);
-    // The key is computed from "/var" and the view's address.
-    const int project = static_cast<int>(reinterpret_cast<uintptr_t>(view.get()) & 0xFF);
-    EXPECT_EQ(status.shm_perm.__key, ftok("/var", project));
-    ASSERT_NE(view->mDataStore, nullptr);
-    EXPECT_EQ(view->mDataStore->scale, 2.0);
-    EXPECT_EQ(view->mDataStore->scaleLevel, 1);
-    EXPECT_EQ(view->mDataStore->extra[1], 0);
-}
+INSTANTIATE_TYPED_TEST_SUITE_P(Excel, StateRecordTest, ExcelRecordTest);
 
 TEST_F(ExcelRecordTest, SheetIsTheSeventhWord) {
     fakeSheet().sheets.resize(4);
@@ -70,15 +69,6 @@ TEST_F(ExcelRecordTest, SheetZoomAndPlaceSurviveANewView) {
     EXPECT_EQ(fakeSheet().dpi, 216);
 }
 
-TEST_F(ExcelRecordTest, PaintsKeepTheRecordCurrent) {
-    fakeSheet().sheets.resize(4);
-    const auto view = openView();
-    view->jumpToSheet(2);
-    EXPECT_EQ(view->mDataStore->extra[1], 0);
-    paint(*view);
-    EXPECT_EQ(view->mDataStore->extra[1], 2);
-}
-
 TEST_F(ExcelRecordTest, ValuesWithoutSenseAreNotTakenOver) {
     const auto old = openView();
     old->mDataStore->scale = 4.5;
@@ -94,18 +84,6 @@ TEST_F(ExcelRecordTest, ValuesWithoutSenseAreNotTakenOver) {
     paint(*view);
     old->mDataStore->scale = std::numeric_limits<double>::quiet_NaN();
     EXPECT_EQ(reopen(*old)->mScale, 2.0);
-}
-
-TEST_F(ExcelRecordTest, SegmentsThatCannotBeUsedAreReplaced) {
-    const unsigned int small = makeClientSegment(27);
-    for (const unsigned int id : {1U, 99U, 4000000U, small}) {
-        testing::internal::CaptureStdout();
-        const auto view = makeView(320, 480, id);
-        EXPECT_EQ(testing::internal::GetCapturedStdout(), "Creating shmid!");
-        EXPECT_NE(view->dataStoreShmId(), id);
-        EXPECT_EQ(view->mScale, 2.0);
-    }
-    shmctl(static_cast<int>(small), IPC_RMID, nullptr);
 }
 
 } // namespace

@@ -1,35 +1,31 @@
 // SPDX-License-Identifier: Apache-2.0
 // The state record: the place that a view restores when its document is reopened.
 #include "tests/unit/ppt/PptTest.h"
-
-#include <sys/shm.h>
+#include "tests/unit/view/RecordTest.h"
 
 #include <cstring>
+#include <tuple>
 
 namespace {
 
 class PptRecordTest : public PptTest {
 protected:
-    static std::unique_ptr<TestPpt> reopen(const TestPpt& old, const char* path = "/d/deck.ppt") {
-        auto view = makeView(320, 480, old.dataStoreShmId());
-        view->openFile(path, nullptr);
-        return view;
+    static constexpr const char* KEY_PATH = "/tmp";
+    static constexpr double FIRST_SCALE = 1.0;
+    static constexpr int FIRST_LEVEL = 0;
+
+    static std::unique_ptr<TestPpt> openLong() { return openDeck(5); }
+    static void goElsewhere(TestPpt& view) {
+        view.jumpToSlide(2);
+        view.zoomTo(1.5);
+        view.mScroll.set(100, 40);
+    }
+    static auto place(const TestPpt& view) {
+        return std::tuple(view.mCurrentSlide, view.mScale, view.mScroll.x, view.mScroll.y);
     }
 };
 
-TEST_F(PptRecordTest, NewViewMakesASegmentAndSavesItsState) {
-    const auto view = makeView();
-    EXPECT_GE(view->dataStoreShmId(), 4096U);
-    const shmid_ds status = segmentStatus(view->dataStoreShmId());
-    EXPECT_EQ(status.shm_segsz, 28U);
-    EXPECT_EQ(status.shm_perm.mode & 0777, 0666);
-    // The key is computed from "/tmp" and the view's address.
-    const int project = static_cast<int>(reinterpret_cast<uintptr_t>(view.get()) & 0xFF);
-    EXPECT_EQ(status.shm_perm.__key, ftok("/tmp", project));
-    ASSERT_NE(view->mDataStore, nullptr);
-    EXPECT_EQ(view->mDataStore->scale, 1.0);
-    EXPECT_EQ(view->mDataStore->extra[1], 0);
-}
+INSTANTIATE_TYPED_TEST_SUITE_P(Ppt, StateRecordTest, PptRecordTest);
 
 TEST_F(PptRecordTest, SlideIsTheSeventhWord) {
     const auto view = openDeck(5);
@@ -66,14 +62,6 @@ TEST_F(PptRecordTest, SlideZoomAndPlaceSurviveANewView) {
     calls();
     paint(*view);
     EXPECT_THAT(calls(), ElementsAre("sstg_render_slide(3, 0, 448, 336)"));
-}
-
-TEST_F(PptRecordTest, PaintsKeepTheRecordCurrent) {
-    const auto view = openDeck(5);
-    view->jumpToSlide(4);
-    EXPECT_EQ(view->mDataStore->extra[1], 0);
-    paint(*view);
-    EXPECT_EQ(view->mDataStore->extra[1], 4);
 }
 
 TEST_F(PptRecordTest, PaintsInFitWideModeKeepTheRecordCurrentToo) {
@@ -132,42 +120,6 @@ TEST_F(PptRecordTest, SlideNumberIsPassedOnWhateverItIs) {
         view->doSearch("x");
         EXPECT_EQ(view->jumpToSlide(1), 1) << "and the view is well again";
     }
-}
-
-TEST_F(PptRecordTest, FailedOpenKeepsThePlaceForTheNextAttempt) {
-    const auto old = openDeck(5);
-    old->jumpToSlide(2);
-    old->zoomTo(0.6);
-    old->SaveStateToDataStore();
-    const auto failed = reopen(*old, "/d/code-7.ppt");
-    failed->SaveStateToDataStore();
-    const auto view = reopen(*failed);
-    EXPECT_EQ(view->mCurrentSlide, 2);
-    EXPECT_EQ(view->mScale, 0.6);
-}
-
-TEST_F(PptRecordTest, UnusableSegmentCountsAsNone) {
-    const unsigned int small = makeSegment(27);
-    for (const unsigned int id : {99U, small, 123456789U}) {
-        auto view = makeView(320, 480, id);
-        EXPECT_NE(view->dataStoreShmId(), id);
-        ASSERT_NE(view->mDataStore, nullptr);
-        view->mDataStore->scale = 2.0;
-        view->openFile("/d/deck.ppt", nullptr);
-        EXPECT_EQ(view->mScale, 0.5) << "nothing was restored";
-    }
-}
-
-TEST_F(PptRecordTest, WithoutARecordStateOperationsDoNothing) {
-    const auto view = openDeck(3);
-    view->jumpToSlide(1);
-    view->mDirty = false;
-    view->mDataStore = nullptr;
-    view->SaveStateToDataStore();
-    view->RestoreStateFromDataStore();
-    EXPECT_EQ(view->mCurrentSlide, 1);
-    EXPECT_EQ(view->mScale, 0.5);
-    EXPECT_FALSE(view->mDirty);
 }
 
 TEST_F(PptRecordTest, RestoringAnOpenDocumentHoldsToItsLimits) {

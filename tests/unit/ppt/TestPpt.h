@@ -4,40 +4,20 @@
 
 #include "ppt/PPT.h"
 #include "tests/fakes/slides/FakeSlideModule.h"
+#include "tests/unit/view/TestView.h"
 
-class TestPpt : public PPT {
+class TestPpt : public TestView<PPT> {
 public:
     using PPT::currentRegion;
-    using PPT::mBaseScale;
-    using PPT::mClicked;
-    using PPT::mCurrentResult;
     using PPT::mCurrentSlide;
-    using PPT::mDataStore;
-    using PPT::mDirty;
-    using PPT::mDocPixmap;
-    using PPT::mDrawMode;
-    using PPT::mFlicking;
-    using PPT::mGestureActive;
-    using PPT::mGestureAppliedScale;
-    using PPT::mGestureRequestScale;
-    using PPT::mGestureScroll;
-    using PPT::mLastFrame;
-    using PPT::mMaxScale;
-    using PPT::mMinScale;
-    using PPT::mOffscreenDirty;
-    using PPT::mPenDown;
-    using PPT::mScale;
-    using PPT::mScaleLevel;
-    using PPT::mScroll;
-    using PPT::mScroller;
     using PPT::mSlideHeight;
     using PPT::mSlideWidth;
     using PPT::mSurface;
-    using PPT::mTapStoppedScroll;
-    using PPT::PPT;
+    using TestView::TestView;
 
-    int width() const { return mWidth; }
-    int height() const { return mHeight; }
+    static constexpr const char* DOCUMENT = "/d/deck.ppt";
+    static constexpr const char* UNREADABLE = "/d/code-8.ppt";
+    static FakeSlideControl& fake() { return fakeSlides(); }
 
     // Sets the slide's zoom, as after a pinch.
     void zoomTo(double scale) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "service/IdleClock.h"
 
-#include "SystemCalls.h"
+#include "ServiceSystemCalls.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "RecordingView.h"
-#include "SystemCalls.h"
+#include "ServiceSystemCalls.h"
 #include "channel/ServiceQueue.h"
 #include "service/Registry.h"
 #include "tests/fakes/hub/FakeHub.h"

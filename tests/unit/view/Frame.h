@@ -18,6 +18,7 @@ public:
 
     unsigned int* pixels() { return mMemory.data() + mSlack; }
     unsigned int& operator[](long index) { return pixels()[index]; }
+    unsigned int operator[](long index) const { return mMemory[mSlack + static_cast<size_t>(index)]; }
     unsigned int at(int column, int row) const {
         return mMemory.at(mSlack + static_cast<size_t>(row) * static_cast<size_t>(mWidth) +
                           static_cast<size_t>(column));

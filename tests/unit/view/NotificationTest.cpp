@@ -1,24 +1,21 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "IpcTest.h"
+#include "Notifications.h"
 #include "ProbeView.h"
 #include "TestClock.h"
-#include "channel/ServiceQueue.h"
 
 #include <unistd.h>
 
 namespace {
 
 // A view whose notifications are read by a client from a real queue.
-class Notifications : public IpcTest {
+class Notifications : public NotifiedTest {
 protected:
     void SetUp() override {
-        IpcTest::SetUp();
-        ASSERT_EQ(g_msgQueue.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID), 0);
+        NotifiedTest::SetUp();
         ASSERT_EQ(client.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID), 0);
         view.attachStateRecord("/usr");
         view.mDirty = false;
     }
-    void TearDown() override { EXPECT_EQ(g_msgQueue.Remove(), 0); }
 
     // Reads the next notification for the view; returns false when there is none.
     bool next(ServerClientMessage& message) {

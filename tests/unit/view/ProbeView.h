@@ -2,51 +2,26 @@
 // A view without a document that records the calls made to it.
 #pragma once
 
-#include "view/OfficeBase.h"
+#include "tests/unit/view/TestView.h"
 
 #include <cerrno>
 #include <functional>
 #include <string>
 #include <vector>
 
-class ProbeView : public OfficeBase {
+class ProbeView : public TestView<OfficeBase> {
 public:
     explicit ProbeView(int width = 40, int height = 60, unsigned int dataStoreShmId = 0)
-        : OfficeBase(width, height, 0, dataStoreShmId, _WORD) {}
+        : TestView(width, height, 0, dataStoreShmId, _WORD) {}
 
     using OfficeBase::attachGivenStateRecord;
     using OfficeBase::attachStateRecord;
     using OfficeBase::makeStateRecord;
-    using OfficeBase::mBaseScale;
-    using OfficeBase::mClicked;
-    using OfficeBase::mCurrentResult;
-    using OfficeBase::mDataStore;
     using OfficeBase::mDataStoreShmId;
-    using OfficeBase::mDirty;
     using OfficeBase::mDocId;
-    using OfficeBase::mDocPixmap;
-    using OfficeBase::mDrawMode;
-    using OfficeBase::mFlicking;
-    using OfficeBase::mFlickUp;
-    using OfficeBase::mGestureActive;
-    using OfficeBase::mGestureAppliedScale;
-    using OfficeBase::mGestureRequestScale;
-    using OfficeBase::mGestureScroll;
     using OfficeBase::mHeight;
-    using OfficeBase::mLastFrame;
-    using OfficeBase::mMaxScale;
     using OfficeBase::mMimeInfo;
-    using OfficeBase::mMinScale;
     using OfficeBase::mModuleHandle;
-    using OfficeBase::mOffscreenDirty;
-    using OfficeBase::mPenDown;
-    using OfficeBase::mPenDownPoint;
-    using OfficeBase::mPenDownScroll;
-    using OfficeBase::mScale;
-    using OfficeBase::mScaleLevel;
-    using OfficeBase::mScroll;
-    using OfficeBase::mScroller;
-    using OfficeBase::mTapStoppedScroll;
     using OfficeBase::mWidth;
 
     bool popupShown = false;

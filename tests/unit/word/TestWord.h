@@ -4,39 +4,25 @@
 #pragma once
 
 #include "tests/fakes/word/FakeWordModule.h"
+#include "tests/unit/view/TestView.h"
 #include "word/Word.h"
 
 #include <algorithm>
 #include <cstdint>
 
-class TestWord : public Word {
+class TestWord : public TestView<Word> {
 public:
+    using TestView::TestView;
     using Word::currentRegion;
-    using Word::mClicked;
-    using Word::mCurrentResult;
-    using Word::mDataStore;
-    using Word::mDirty;
-    using Word::mDocPixmap;
-    using Word::mDrawMode;
-    using Word::mFlicking;
-    using Word::mGestureActive;
-    using Word::mGestureAppliedScale;
-    using Word::mGestureScroll;
     using Word::mHitPosition;
-    using Word::mPenDown;
-    using Word::mPenDownScroll;
     using Word::mPopupShown;
-    using Word::mScale;
-    using Word::mScaleLevel;
-    using Word::mScroll;
-    using Word::mScroller;
     using Word::mStretch;
-    using Word::mTapStoppedScroll;
     using Word::mWideMode;
-    using Word::Word;
 
-    int width() const { return mWidth; }
-    int height() const { return mHeight; }
+    static constexpr const char* DOCUMENT = "/d/text.doc";
+    static constexpr const char* UNREADABLE = "/d/code-8.doc";
+    static FakeWordControl& fake() { return fakeWord(); }
+
     int top() const { return mStretch.top(); }
     int bottom() const { return mStretch.bottom(); }
 

@@ -26,7 +26,7 @@ TEST_F(WordPaintTest, EveryPaintSaysSoOnce) {
 TEST_F(WordPaintTest, EveryRowOfTheFrameIsTheTextsRow) {
     const auto view = openView(320, 480, 20000);
     scrollBy(*view, 2345);
-    const std::vector<uint32_t> frame = paint(*view);
+    const Frame frame = paint(*view);
     for (size_t y = 0; y < 480; ++y) {
         ASSERT_EQ(frame[y * 320 + 17], fakeWordPixel(2345 + static_cast<int64_t>(y), 17));
     }
@@ -34,7 +34,7 @@ TEST_F(WordPaintTest, EveryRowOfTheFrameIsTheTextsRow) {
 
 TEST_F(WordPaintTest, WhatIsBelowAShortTextIsWhite) {
     const auto view = openView(320, 480, 100);
-    const std::vector<uint32_t> frame = paint(*view);
+    const Frame frame = paint(*view);
     EXPECT_EQ(frame[99 * 320], fakeWordPixel(99, 0));
     EXPECT_EQ(frame[100 * 320], FAKE_WORD_WHITE);
 }
@@ -46,7 +46,7 @@ TEST_F(WordPaintTest, ZoomingInPreviewsTheMiddleOfTheLastFrame) {
     view->handleGestureStart(1.0, 0.0);
     view->handleGestureChange(2.0, 0.0);
     calls();
-    const std::vector<uint32_t> frame = paint(*view);
+    const Frame frame = paint(*view);
     EXPECT_EQ(frame[0], fakeWordPixel(100 + 120, 80));
     EXPECT_EQ(frame[479 * 320 + 319], fakeWordPixel(100 + 359, 239));
     EXPECT_EQ(view->mGestureScroll.x, 160);
@@ -60,7 +60,7 @@ TEST_F(WordPaintTest, ZoomingOutPreviewsTheLastFrameInTheMiddle) {
     scrollBy(*view, 100);
     paint(*view);
     view->handleGestureStart(0.5, 0.0);
-    const std::vector<uint32_t> frame = paint(*view);
+    const Frame frame = paint(*view);
     EXPECT_EQ(frame[0], FAKE_WORD_WHITE);
     EXPECT_EQ(frame[120 * 320 + 79], FAKE_WORD_WHITE);
     EXPECT_EQ(frame[120 * 320 + 80], fakeWordPixel(100, 0));
@@ -72,7 +72,7 @@ TEST_F(WordPaintTest, ZoomingOutPreviewsTheLastFrameInTheMiddle) {
 
 TEST_F(WordPaintTest, PreviewAtTheScaleItHasIsTheLastFrameOverAnErasedOne) {
     const auto view = openView(320, 480, 20000);
-    const std::vector<uint32_t> last = paint(*view);
+    const Frame last = paint(*view);
     view->handleGestureStart(1.0, 0.0);
     testing::internal::CaptureStdout();
     EXPECT_EQ(paint(*view), last);
@@ -105,7 +105,7 @@ TEST_F(WordPaintTest, PreviewHalvesOddViewsTowardZero) {
     EXPECT_EQ(view->mGestureScroll.x, 79 * 2);
     EXPECT_EQ(view->mGestureScroll.y, 119 * 2);
     view->handleGestureStart(0.5, 0.0);
-    const std::vector<uint32_t> frame = paint(*view);
+    const Frame frame = paint(*view);
     EXPECT_EQ(view->mGestureScroll.x, -79);
     EXPECT_EQ(view->mGestureScroll.y, -119);
     EXPECT_EQ(frame[119 * 321 + 79], fakeWordPixel(0, 0));

@@ -17,7 +17,7 @@ protected:
         return view;
     }
     // Text row of the pop-up's pixmap at a point of the frame.
-    static int64_t popupRow(const std::vector<uint32_t>& frame, int width, int x, int y) {
+    static int64_t popupRow(const Frame& frame, int width, int x, int y) {
         return frame[static_cast<size_t>(y * width + x)] & 0x7FFFFF;
     }
 };
@@ -47,7 +47,7 @@ TEST_F(WordPopupTest, BufferIsGivenBackInFullAlsoWhenTheTextIsShort) {
 
 TEST_F(WordPopupTest, PageIsDarkenedAndThePopupOnTop) {
     const auto view = openPopup(320, 480, 2000);
-    const std::vector<uint32_t> frame = paint(*view);
+    const Frame frame = paint(*view);
     const auto shaded = [](uint32_t page, int times) {
         for (; times > 0; --times) {
             uint32_t result = page & 0xFF000000;
@@ -112,7 +112,7 @@ TEST_F(WordPopupTest, InViewsTallerThanItsPixmapItStaysAtItsTop) {
     const auto view = openPopup(400, 1100, 2000);
     view->handlePenDown(10, 470);
     view->handlePenMove(10, 170);
-    const std::vector<uint32_t> frame = paint(*view);
+    const Frame frame = paint(*view);
     EXPECT_EQ(view->mScroll.y, 2000);
     EXPECT_EQ(popupRow(frame, 400, 20, 40), 50);
     EXPECT_EQ(popupRow(frame, 400, 20, 989), 999);

@@ -1,22 +1,29 @@
 // SPDX-License-Identifier: Apache-2.0
 // The state record: returning to an earlier place.
+#include "tests/unit/view/RecordTest.h"
 #include "tests/unit/word/WordTest.h"
+
+#include <tuple>
 
 namespace {
 
 class WordRecordTest : public WordTest {
 protected:
-    // A view that uses the segment of another, which stays open to keep the segment.
-    static std::unique_ptr<TestWord> reopen(const TestWord& old, const char* path = "/d/text.doc") {
-        auto view = makeView(320, 480, old.dataStoreShmId());
-        fakeWord().calls.clear();
-        view->openFile(path, nullptr);
-        return view;
+    static constexpr const char* KEY_PATH = "/usr";
+    static constexpr double FIRST_SCALE = 1.0;
+    static constexpr int FIRST_LEVEL = 1;
+
+    static std::unique_ptr<TestWord> openLong() { return openView(320, 480, 20000); }
+    static void goElsewhere(TestWord& view) { scrollBy(view, 1700); }
+    static auto place(const TestWord& view) {
+        return std::tuple(view.firstTextRow(), view.mScroll.x, view.mScale, view.mScaleLevel);
     }
 };
 
+INSTANTIATE_TYPED_TEST_SUITE_P(Word, StateRecordTest, WordRecordTest);
+
 TEST_F(WordRecordTest, PaintSavesThePlace) {
-    const auto view = openView(320, 480, 20000);
+    const auto view = openLong();
     scrollBy(*view, 1700);
     calls();
     paint(*view);
@@ -29,7 +36,7 @@ TEST_F(WordRecordTest, PaintSavesThePlace) {
 }
 
 TEST_F(WordRecordTest, PlaceAtTheStartIsZerosWithoutAsking) {
-    const auto view = openView(320, 480, 20000);
+    const auto view = openLong();
     scrollBy(*view, 300);
     calls();
     paint(*view);
@@ -39,7 +46,7 @@ TEST_F(WordRecordTest, PlaceAtTheStartIsZerosWithoutAsking) {
 }
 
 TEST_F(WordRecordTest, RestoreJumpsAfterTheFirstSizing) {
-    const auto old = openView(320, 480, 20000);
+    const auto old = openLong();
     scrollBy(*old, 1700);
     paint(*old);
     const auto view = reopen(*old);
@@ -54,7 +61,7 @@ TEST_F(WordRecordTest, RestoreJumpsAfterTheFirstSizing) {
 }
 
 TEST_F(WordRecordTest, ZoomAndItsPlaceAreRestored) {
-    const auto old = openView(320, 480, 20000);
+    const auto old = openLong();
     scrollBy(*old, 900);
     old->handleDoubleClick(100, 400);
     paint(*old);
@@ -71,7 +78,7 @@ TEST_F(WordRecordTest, ZoomAndItsPlaceAreRestored) {
 TEST_F(WordRecordTest, AfterAJumpTheCharacterIsTheOneAtTheTop) {
     fakeWord().lineHeight = 20; // of 100 characters
     fakeWord().hits = {{50042, 50047}};
-    const auto view = openView(320, 480, 20000);
+    const auto view = openLong();
     view->doSearch("x");
     calls();
     paint(*view);
@@ -85,7 +92,7 @@ TEST_F(WordRecordTest, PlaceAfterASearchAndZoomsIsRestored) {
     fakeWord().lineHeight = 20;
     for (const uint32_t hit : {33333U, 50042U, 77777U}) {
         fakeWord().hits = {{hit, hit + 5}};
-        const auto old = openView(320, 480, 20000);
+        const auto old = openLong();
         old->doSearch("x");
         old->stopFind();
         for (int i = 0; i < 4; ++i) {
@@ -99,7 +106,7 @@ TEST_F(WordRecordTest, PlaceAfterASearchAndZoomsIsRestored) {
 }
 
 TEST_F(WordRecordTest, PositionFarFromTheStartIsCovered) {
-    const auto old = openView(320, 480, 20000);
+    const auto old = openLong();
     old->mDataStore->scrollY = 5000;
     const auto view = reopen(*old);
     EXPECT_EQ(view->firstTextRow(), 5000);
@@ -107,7 +114,7 @@ TEST_F(WordRecordTest, PositionFarFromTheStartIsCovered) {
 }
 
 TEST_F(WordRecordTest, PlacesWithoutSenseMeanTheStart) {
-    const auto old = openView(320, 480, 20000);
+    const auto old = openLong();
     const struct {
         int32_t character, row;
     } places[] = {{-1, 50}, {100000, 50}, {500, -1}, {500, INT32_MAX}, {0, 700}};
@@ -122,7 +129,7 @@ TEST_F(WordRecordTest, PlacesWithoutSenseMeanTheStart) {
 }
 
 TEST_F(WordRecordTest, RowsThatDoNotFitTheirCharacterAreSurvived) {
-    const auto old = openView(320, 480, 20000);
+    const auto old = openLong();
     old->mDataStore->scrollY = 0;
     old->mDataStore->extra[0] = 5000;
     old->mDataStore->extra[1] = 1 << 30;
@@ -132,18 +139,8 @@ TEST_F(WordRecordTest, RowsThatDoNotFitTheirCharacterAreSurvived) {
     EXPECT_EQ(view->whiteRows(), 0);
 }
 
-TEST_F(WordRecordTest, FailedOpenKeepsThePlaceForTheNextAttempt) {
-    const auto old = openView(320, 480, 20000);
-    scrollBy(*old, 1700);
-    paint(*old);
-    auto failed = reopen(*old, "/d/code-7.doc");
-    failed->SaveStateToDataStore();
-    const auto view = reopen(*failed);
-    EXPECT_EQ(view->firstTextRow(), 1700);
-}
-
 TEST_F(WordRecordTest, PlaceSavedInWideModeIsFoundByItsCharacter) {
-    const auto old = openView(320, 480, 20000);
+    const auto old = openLong();
     old->setWideMode(true);
     scrollBy(*old, 5000);
     paint(*old);

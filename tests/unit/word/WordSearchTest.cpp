@@ -212,7 +212,7 @@ TEST_F(WordSearchTest, HitOutsideTheStretchIsNotMarkedAndStepsGoOnFromIt) {
     view->nextResult();
     scrollBy(*view, 6000);
     EXPECT_EQ(markedRow(*view), -1);
-    const std::vector<uint32_t> frame = paint(*view);
+    const Frame frame = paint(*view);
     for (size_t y = 0; y < 480; ++y) {
         ASSERT_EQ(frame[y * 320 + 110], fakeWordPixel(view->firstTextRow() + static_cast<int64_t>(y), 110));
     }
@@ -229,7 +229,7 @@ TEST_F(WordSearchTest, MarkLiesOnTheHitWithEveryRectangle) {
     scrollBy(*view, 1300);
     view->doSearch("x");
     view->nextResult();
-    const std::vector<uint32_t> frame = paint(*view);
+    const Frame frame = paint(*view);
     for (int y = 0; y < 480; ++y) {
         for (const int x : {49, 50, 69, 70}) {
             const int64_t row = view->firstTextRow() + y;
@@ -248,7 +248,7 @@ TEST_F(WordSearchTest, MarkMovesWithTheColumnsInWideMode) {
     view->doSearch("x");
     ASSERT_EQ(view->mScroll.x, 250);
     const int64_t row = markedRow(*view);
-    const std::vector<uint32_t> frame = paint(*view);
+    const Frame frame = paint(*view);
     for (const int x : {49, 50, 69, 70}) {
         const uint32_t seen = frame[static_cast<size_t>(row) * 320 + static_cast<size_t>(x)];
         EXPECT_EQ(seen != fakeWordPixel(row, 250 + x), x >= 50 && x < 70) << x;

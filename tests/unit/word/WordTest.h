@@ -2,43 +2,20 @@
 // Tests of views on the fake module; each test has its own queue and segments.
 #pragma once
 
-#include "channel/ServiceQueue.h"
-#include "tests/unit/view/IpcTest.h"
-#include "tests/unit/view/Notifications.h"
-#include "tests/unit/view/TestClock.h"
+#include "tests/unit/view/ViewTest.h"
 #include "tests/unit/word/TestWord.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
+#include <algorithm>
 #include <memory>
-#include <string>
-#include <vector>
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-
-class WordTest : public IpcTest {
+class WordTest : public ViewTest<TestWord> {
 protected:
-    void SetUp() override {
-        IpcTest::SetUp();
-        fakeWord().reset();
-        ASSERT_EQ(g_msgQueue.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID), 0);
-    }
-    void TearDown() override { g_msgQueue.Remove(); }
-
-    static std::unique_ptr<TestWord> makeView(int width = 320, int height = 480, unsigned int store = 0) {
-        return std::make_unique<TestWord>(width, height, 0, store);
-    }
+    using ViewTest::openView;
     // A view of a text of `rows` rows; the calls of the opening are cleared.
     static std::unique_ptr<TestWord> openView(int width, int height, int64_t rows) {
         fakeWord().rows = rows;
-        auto view = makeView(width, height);
-        EXPECT_EQ(view->openFile("/d/text.doc", nullptr), 0);
-        fakeWord().calls.clear();
-        return view;
+        return ViewTest::openView(width, height);
     }
-    static std::vector<std::string> calls() { return fakeWord().takeCalls(); }
 
     // Moves the pen from one row to another in steps of at most `step` rows.
     static void dragTo(TestWord& view, int& y, int targetY, int step = 50) {
@@ -58,15 +35,5 @@ protected:
             view.handlePenUp(100, y);
             rows -= part;
         }
-    }
-
-    static std::vector<int> notifications(const TestWord& view) { return takeNotifications(view); }
-
-    static std::vector<uint32_t> paint(TestWord& view) {
-        std::vector<uint32_t> frame(static_cast<size_t>(view.width()) * static_cast<size_t>(view.height()),
-                                    1);
-        view.setDirty();
-        view.handlePaintRouter(frame.data());
-        return frame;
     }
 };
