@@ -2,15 +2,17 @@
 // The road to the bus, and names on it.
 #pragma once
 
-#include "hub/GLibHolders.h"
+#include "base/GLibHolder.h"
 #include "hub/hubservice.h"
+
+#include <gio/gio.h>
 
 namespace hub {
 
 // A connection of its own to the bus that started the process, else to the
 // session's; never the one that other code of the process shares. Its loss does
 // not end the process. Null on failure.
-ObjectPtr<GDBusConnection> connectToBus(HubError* error);
+lectern::GLibHolder<GDBusConnection> connectToBus(HubError* error);
 
 // Fails with HUB_ERROR_NAME_TAKEN when the name has an owner.
 bool checkNameIsFree(GDBusConnection* connection, const char* name, HubError* error);

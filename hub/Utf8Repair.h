@@ -2,7 +2,7 @@
 // Making texts fit for the bus, which carries valid UTF-8 only.
 #pragma once
 
-#include "hub/GLibHolders.h"
+#include "base/GLibHolder.h"
 
 #include <string_view>
 
@@ -14,6 +14,6 @@ std::string_view withoutCutCharacter(std::string_view text);
 
 // A valid copy of the text: without a character that its end cuts off, and
 // with U+FFFD for each other byte that belongs to no character.
-TextPtr validUtf8(std::string_view text);
+lectern::GLibHolder<char> validUtf8(std::string_view text);
 
 } // namespace hub

@@ -2,8 +2,10 @@
 // What crosses the bus, and what it means when it does not.
 #pragma once
 
-#include "client/lib/GLibHolder.h"
+#include "base/GLibHolder.h"
 #include <lectern/Bus.h>
+
+#include <gio/gio.h>
 
 #include <string>
 

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/lib/GLibHolder.h"
+#include "base/GLibHolder.h"
 #include "client/lib/IpcNamespace.h"
 #include "client/lib/PrivateBus.h"
 #include "client/lib/Programs.h"
 #include "client/lib/Spawn.h"
 #include <lectern/Service.h>
 
+#include <gio/gio.h>
 #include <sys/stat.h>
 
 #include <cstdlib>

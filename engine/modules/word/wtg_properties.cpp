@@ -7,6 +7,7 @@
 #include "modules/WordToGoModule.h"
 
 using namespace lectern::engine;
+using lectern::GLibHolder;
 
 namespace {
 
@@ -17,10 +18,10 @@ std::int32_t getText(void* doc, std::uint16_t* text, std::int32_t capacityBytes,
         return MODULE_BAD_ARGUMENT;
     }
     return onDocument(doc, [&](WordHandle& handle) {
-        g_autoptr(GVariant) whole = nullptr;
-        const std::int32_t result = callEngine(handle, method, std::tuple<>(), &whole);
+        GLibHolder<GVariant> whole;
+        const std::int32_t result = callEngine(handle, method, std::tuple<>(), out(whole));
         if (result == MODULE_OK) {
-            deliverText(elementsOf<std::uint16_t>(whole), text,
+            deliverText(elementsOf<std::uint16_t>(whole.get()), text,
                         capacityBytes / static_cast<std::int32_t>(sizeof(std::uint16_t)), length);
         }
         return result;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "base/GLibHolder.h"
 #include "engine/office/Office.h"
 #include "engine/process/endpoints/MappedSurface.h"
 #include "engine/protocol/Guarded.h"
@@ -39,7 +40,7 @@ public:
     }
     // False when it cannot be exported.
     bool exportOn(GDBusConnection* connection) {
-        return g_dbus_interface_skeleton_export(G_DBUS_INTERFACE_SKELETON(mSkeleton), connection, mPath,
+        return g_dbus_interface_skeleton_export(G_DBUS_INTERFACE_SKELETON(mSkeleton.get()), connection, mPath,
                                                 nullptr) != FALSE;
     }
 
@@ -62,9 +63,9 @@ public:
 protected:
     // Takes the skeleton over; `path` is the interface's object path.
     DocumentEndpoint(Skeleton* skeleton, const char* path) : mSkeleton(skeleton), mPath(path) {}
-    ~DocumentEndpoint() { g_object_unref(mSkeleton); }
+    ~DocumentEndpoint() = default;
 
-    Skeleton* skeleton() { return mSkeleton; }
+    Skeleton* skeleton() { return mSkeleton.get(); }
     // Null before a document is open.
     Document* document() { return mDocument.get(); }
     // Has a mapped surface set; it stays when `set`, which takes the document and
@@ -92,7 +93,7 @@ protected:
 private:
     Office* mOffice = nullptr;
     std::string mFolder;
-    Skeleton* mSkeleton;
+    const GLibHolder<Skeleton> mSkeleton;
     const char* mPath;
     // Before the document, which paints on them to its end.
     std::array<std::optional<MappedSurface>, SurfaceCount> mSurfaces;

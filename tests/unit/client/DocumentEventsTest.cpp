@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // What a document tells its program, and where; and the paints that it makes by
 // itself.
-#include "client/lib/GLibHolder.h"
+#include "base/GLibHolder.h"
 #include "tests/unit/client/FakeService.h"
 #include "tests/unit/client/Told.h"
 #include <lectern/Document.h>
