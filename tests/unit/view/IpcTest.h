@@ -3,6 +3,8 @@
 // fresh as after boot.
 #pragma once
 
+#include "base/SharedSegment.h"
+
 #include <gtest/gtest.h>
 #include <sched.h>
 #include <sys/ipc.h>
@@ -27,11 +29,6 @@ protected:
     }
     // A segment as a client keeps it from an earlier view: above all reserved identifiers.
     static unsigned int makeClientSegment(size_t size) {
-        unsigned int id = makeSegment(size);
-        while (id < 4096) {
-            shmctl(static_cast<int>(id), IPC_RMID, nullptr);
-            id = makeSegment(size);
-        }
-        return id;
+        return static_cast<unsigned int>(lectern::makeSegment(4096, IPC_PRIVATE, size, 0666));
     }
 };
