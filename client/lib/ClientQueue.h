@@ -5,6 +5,7 @@
 #include <lectern/Result.h>
 
 #include <chrono>
+#include <functional>
 
 namespace lectern {
 
@@ -17,6 +18,9 @@ public:
     Failure connect();
 
     Failure post(const ClientServerMessage& message, std::chrono::milliseconds patience) const;
+    // Takes the next record of this address, if one waits. A queue that is gone is no
+    // longer open after this.
+    bool tryTake(long address, ServerClientMessage& message);
     // Sends a record to a client of this queue; false when there is no room now.
     bool tryPost(const ServerClientMessage& message) const;
 
@@ -24,7 +28,9 @@ public:
     // takes one record at a time, paints first: a paint that must show an
     // earlier input is asked for only after this. False when something still
     // waits after the patience; on a queue with many users that means little.
-    bool settle(std::chrono::milliseconds patience) const;
+    // whileWaiting: called before each look at the queue, to take what is the
+    // caller's own.
+    bool settle(std::chrono::milliseconds patience, const std::function<void()>& whileWaiting = {}) const;
 };
 
 } // namespace lectern
