@@ -22,23 +22,23 @@ GBusType busType() {
                                                                        : G_BUS_TYPE_SESSION;
 }
 
-TextPtr busAddress(GError** cause) {
+lectern::GLibHolder<char> busAddress(GError** cause) {
     if (const char* starter = g_getenv("DBUS_STARTER_ADDRESS"))
-        return TextPtr(g_strdup(starter));
-    return TextPtr(g_dbus_address_get_for_bus_sync(busType(), nullptr, cause));
+        return lectern::GLibHolder<char>(g_strdup(starter));
+    return lectern::GLibHolder<char>(g_dbus_address_get_for_bus_sync(busType(), nullptr, cause));
 }
 
 // Calls a method of the bus itself. Takes ownership of `parameters`, a floating
 // reference. Returns null, with the error filled, on failure.
-VariantPtr callBus(GDBusConnection* connection, const char* method, GVariant* parameters,
-                   const GVariantType* replyType, const std::string& action, HubError* error) {
-    GError* cause = nullptr;
-    VariantPtr reply(g_dbus_connection_call_sync(connection, "org.freedesktop.DBus", "/org/freedesktop/DBus",
-                                                 "org.freedesktop.DBus", method, parameters, replyType,
-                                                 G_DBUS_CALL_FLAGS_NONE, -1, nullptr, &cause));
+lectern::GLibHolder<GVariant> callBus(GDBusConnection* connection, const char* method, GVariant* parameters,
+                                      const GVariantType* replyType, const std::string& action,
+                                      HubError* error) {
+    lectern::GLibHolder<GError> cause;
+    lectern::GLibHolder<GVariant> reply(g_dbus_connection_call_sync(
+        connection, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", method,
+        parameters, replyType, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, out(cause)));
     if (!reply) {
-        const ErrorPtr owned(cause);
-        failFromBus(error, action, cause);
+        failFromBus(error, action, cause.get());
     }
     return reply;
 }
@@ -49,18 +49,17 @@ bool failTaken(HubError* error, const char* name) {
 
 } // namespace
 
-ObjectPtr<GDBusConnection> connectToBus(HubError* error) {
+lectern::GLibHolder<GDBusConnection> connectToBus(HubError* error) {
     constexpr auto FLAGS = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                                              G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-    GError* cause = nullptr;
-    ObjectPtr<GDBusConnection> connection;
-    if (const TextPtr address = busAddress(&cause)) {
+    lectern::GLibHolder<GError> cause;
+    lectern::GLibHolder<GDBusConnection> connection;
+    if (const lectern::GLibHolder<char> address = busAddress(out(cause))) {
         connection.reset(
-            g_dbus_connection_new_for_address_sync(address.get(), FLAGS, nullptr, nullptr, &cause));
+            g_dbus_connection_new_for_address_sync(address.get(), FLAGS, nullptr, nullptr, out(cause)));
     }
     if (!connection) {
-        const ErrorPtr owned(cause);
-        failFromBus(error, "can't connect to the bus", cause);
+        failFromBus(error, "can't connect to the bus", cause.get());
         return nullptr;
     }
     g_dbus_connection_set_exit_on_close(connection.get(), FALSE);
@@ -68,7 +67,7 @@ ObjectPtr<GDBusConnection> connectToBus(HubError* error) {
 }
 
 bool checkNameIsFree(GDBusConnection* connection, const char* name, HubError* error) {
-    const VariantPtr reply =
+    const lectern::GLibHolder<GVariant> reply =
         callBus(connection, "NameHasOwner", g_variant_new("(s)", name), G_VARIANT_TYPE("(b)"),
                 std::string("can't look up the name ") + name, error);
     if (!reply)
@@ -79,7 +78,7 @@ bool checkNameIsFree(GDBusConnection* connection, const char* name, HubError* er
 }
 
 bool takeName(GDBusConnection* connection, const char* name, HubError* error) {
-    const VariantPtr reply =
+    const lectern::GLibHolder<GVariant> reply =
         callBus(connection, "RequestName", g_variant_new("(su)", name, DO_NOT_QUEUE), G_VARIANT_TYPE("(u)"),
                 std::string("can't take the name ") + name, error);
     if (!reply)

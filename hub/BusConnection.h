@@ -2,15 +2,17 @@
 // Connecting to the bus and owning a name on it.
 #pragma once
 
-#include "hub/GLibHolders.h"
+#include "base/GLibHolder.h"
 #include "hub/hubservice.h"
+
+#include <gio/gio.h>
 
 namespace hub {
 
 // Opens a private connection to the bus that started the process, or else to the
 // session bus. Losing the connection does not end the process. Returns null, with
 // the error filled, on failure.
-ObjectPtr<GDBusConnection> connectToBus(HubError* error);
+lectern::GLibHolder<GDBusConnection> connectToBus(HubError* error);
 
 // True if the name has no owner. Otherwise fails with HUB_ERROR_NAME_TAKEN, or with
 // HUB_ERROR_BUS if the bus does not answer.

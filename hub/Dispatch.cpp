@@ -25,11 +25,11 @@ bool wantsReply(GDBusMessage* call) {
 }
 
 bool send(GDBusConnection* connection, GDBusMessage* reply, HubError* error) {
-    GError* cause = nullptr;
-    if (g_dbus_connection_send_message(connection, reply, G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr, &cause))
+    lectern::GLibHolder<GError> cause;
+    if (g_dbus_connection_send_message(connection, reply, G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr,
+                                       out(cause)))
         return true;
-    const ErrorPtr owned(cause);
-    return failFromBus(error, "can't send the reply", cause);
+    return failFromBus(error, "can't send the reply", cause.get());
 }
 
 // Replies to a call that its handler did not answer. Errors of sending are ignored,
@@ -39,7 +39,7 @@ void closeCall(GDBusConnection* connection, GDBusMessage* call, bool handled) {
         return;
     const std::string method = g_dbus_message_get_member(call);
     const std::string text = handled ? method + " sends no reply" : method + " did not handle the call";
-    const ObjectPtr<GDBusMessage> reply(
+    const lectern::GLibHolder<GDBusMessage> reply(
         g_dbus_message_new_method_error_literal(call, handled ? NO_REPLY : FAILED, text.c_str()));
     send(connection, reply.get(), nullptr);
 }
@@ -53,7 +53,7 @@ const HubMethod& findMethod(const HubMethod* table, std::string_view name) {
 
 void dispatch(GDBusConnection* connection, const char*, const char*, const char*, const char* methodName,
               GVariant* parameters, GDBusMethodInvocation* invocation, gpointer data) {
-    const ObjectPtr<GDBusMethodInvocation> owned(invocation);
+    const lectern::GLibHolder<GDBusMethodInvocation> owned(invocation);
     const auto& category = *static_cast<Category*>(data);
     const HubMethod& method = findMethod(category.methods, methodName);
 
@@ -68,11 +68,10 @@ void dispatch(GDBusConnection* connection, const char*, const char*, const char*
 
 bool exportCategory(Category& category, const char* path, HubError* error) {
     static const GDBusInterfaceVTable calls{dispatch, nullptr, nullptr, {}};
-    GError* cause = nullptr;
+    lectern::GLibHolder<GError> cause;
     if (g_dbus_connection_register_object(category.handle->connection.get(), path, category.interface.info(),
-                                          &calls, &category, nullptr, &cause) != 0)
+                                          &calls, &category, nullptr, out(cause)) != 0)
         return true;
-    const ErrorPtr owned(cause);
     return fail(error, HUB_ERROR_INVALID, cause->message);
 }
 
@@ -91,8 +90,8 @@ bool HubMessageReply(HubHandle* handle, HubMessage* message, const char* payload
     if (!hub::wantsReply(message->call))
         return true;
 
-    hub::TextPtr text = hub::validUtf8(payload);
-    const hub::ObjectPtr<GDBusMessage> reply(g_dbus_message_new_method_reply(message->call));
+    lectern::GLibHolder<char> text = hub::validUtf8(payload);
+    const lectern::GLibHolder<GDBusMessage> reply(g_dbus_message_new_method_reply(message->call));
     g_dbus_message_set_body(reply.get(), g_variant_new("(@s)", g_variant_new_take_string(text.release())));
     return hub::send(handle->connection.get(), reply.get(), error);
 }

@@ -2,9 +2,11 @@
 // A registered service and its categories.
 #pragma once
 
-#include "hub/GLibHolders.h"
+#include "base/GLibHolder.h"
 #include "hub/Introspection.h"
 #include "hub/hubservice.h"
+
+#include <gio/gio.h>
 
 #include <memory>
 #include <string>
@@ -27,12 +29,12 @@ struct Category {
 // Created by HubRegister and never destroyed: the connection lives as long as the
 // process, and GDBus may call into the categories all that time.
 struct HubHandle {
-    HubHandle(const char* serviceName, hub::ObjectPtr<GDBusConnection> bus)
+    HubHandle(const char* serviceName, lectern::GLibHolder<GDBusConnection> bus)
         : name(serviceName), connection(std::move(bus)), context(g_main_context_ref_thread_default()) {}
 
     std::string name;
-    hub::ObjectPtr<GDBusConnection> connection;
-    hub::ContextPtr context; // the context in which GDBus delivers the calls
+    lectern::GLibHolder<GDBusConnection> connection;
+    lectern::GLibHolder<GMainContext> context; // where GDBus delivers the calls
     std::vector<std::unique_ptr<hub::Category>> categories;
     bool attached = false;
 };

@@ -66,7 +66,7 @@ bool HubRegister(const char* name, HubHandle** handle, HubError* error) {
         return hub::fail(error, HUB_ERROR_INVALID,
                          std::string("not a service name: ") + (name != nullptr ? name : "null"));
 
-    hub::ObjectPtr<GDBusConnection> connection = hub::connectToBus(error);
+    lectern::GLibHolder<GDBusConnection> connection = hub::connectToBus(error);
     if (!connection || !hub::checkNameIsFree(connection.get(), name, error))
         return false;
     *handle = hub::keep(std::make_unique<HubHandle>(name, std::move(connection)));

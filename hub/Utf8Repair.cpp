@@ -37,9 +37,9 @@ std::string_view withoutCutCharacter(std::string_view text) {
     return text;
 }
 
-TextPtr validUtf8(std::string_view text) {
+lectern::GLibHolder<char> validUtf8(std::string_view text) {
     const std::string_view whole = withoutCutCharacter(text);
-    return TextPtr(g_utf8_make_valid(whole.data(), static_cast<gssize>(whole.size())));
+    return lectern::GLibHolder<char>(g_utf8_make_valid(whole.data(), static_cast<gssize>(whole.size())));
 }
 
 } // namespace hub

@@ -2,7 +2,7 @@
 // Repairs texts for the bus, which transmits only valid UTF-8.
 #pragma once
 
-#include "hub/GLibHolders.h"
+#include "base/GLibHolder.h"
 
 #include <string_view>
 
@@ -13,6 +13,6 @@ std::string_view withoutCutCharacter(std::string_view text);
 
 // Returns a valid copy of the text: without an incomplete character at its end, and
 // with U+FFFD in place of every other byte that is not part of a character.
-TextPtr validUtf8(std::string_view text);
+lectern::GLibHolder<char> validUtf8(std::string_view text);
 
 } // namespace hub

@@ -92,9 +92,8 @@ std::optional<CommandLine::Refusal> CommandLine::parse(const Words& words,
     g_option_context_add_main_entries(mContext.get(), entries.data(), nullptr);
     g_set_prgname(mName.c_str());
     StringArray arguments{copyOf(words)};
-    GError* failure = nullptr;
-    if (g_option_context_parse_strv(mContext.get(), &arguments.words, &failure) == FALSE) {
-        const GLibHolder<GError> owner(failure);
+    GLibHolder<GError> failure;
+    if (g_option_context_parse_strv(mContext.get(), &arguments.words, out(failure)) == FALSE) {
         return Misuse{failure->message};
     }
     if (mHelp != FALSE) {

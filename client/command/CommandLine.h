@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "base/GLibHolder.h"
 #include "client/command/Arguments.h"
-#include "client/lib/GLibHolder.h"
 
 #include <glib.h>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/command/Listing.h"
 
+#include "base/GLibHolder.h"
 #include "client/lib/Errors.h"
-#include "client/lib/GLibHolder.h"
 #include "client/lib/Json.h"
 
 #include <glib.h>

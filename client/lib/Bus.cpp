@@ -87,19 +87,18 @@ bool isGivenUp(const Error& error) {
 
 } // namespace
 
-Bus::Bus(_GDBusConnection* owned) : mConnection(owned, [](GDBusConnection* held) { g_object_unref(held); }) {}
+Bus::Bus(_GDBusConnection* owned) : mConnection(owned, GLibRelease()) {}
 
 Result<Bus> Bus::connect(const std::string& address, const std::stop_token& stop) {
     const Cancellation cancellation(stop);
-    GError* failure = nullptr;
+    GLibHolder<GError> failure;
     GDBusConnection* connection = g_dbus_connection_new_for_address_sync(
         address.c_str(),
         static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                           G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
-        nullptr, cancellation.get(), &failure);
+        nullptr, cancellation.get(), out(failure));
     if (connection == nullptr) {
-        const GLibHolder<GError> owner(failure);
-        return busError(failure, "connect");
+        return busError(failure.get(), "connect");
     }
     LateReply::prepare(connection);
     return Bus(connection);
@@ -129,13 +128,12 @@ Result<Reply> Bus::request(const char* category, const char* method, const std::
     } else {
         send();
     }
-    GError* failure = nullptr;
-    const auto reply = pending.wait(connection(), &failure);
+    GLibHolder<GError> failure;
+    const auto reply = pending.wait(connection(), out(failure));
     if (reply) {
         return readReply(reply.get(), method);
     }
-    const GLibHolder<GError> owner(failure);
-    Error error = busError(failure, method);
+    Error error = busError(failure.get(), method);
     if (lateReply && isGivenUp(error)) {
         lateReply->giveUp();
     }
@@ -151,20 +149,18 @@ Failure Bus::post(const char* category, const char* method, const std::string& p
     g_dbus_message_set_flags(message.get(),
                              static_cast<GDBusMessageFlags>(G_DBUS_MESSAGE_FLAGS_NO_REPLY_EXPECTED |
                                                             G_DBUS_MESSAGE_FLAGS_NO_AUTO_START));
-    GError* failure = nullptr;
+    GLibHolder<GError> failure;
     if (g_dbus_connection_send_message(connection(), message.get(), G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr,
-                                       &failure) == FALSE) {
-        const GLibHolder<GError> owner(failure);
-        return busError(failure, method);
+                                       out(failure)) == FALSE) {
+        return busError(failure.get(), method);
     }
     return std::nullopt;
 }
 
 Failure Bus::flush() const {
-    GError* failure = nullptr;
-    if (g_dbus_connection_flush_sync(connection(), nullptr, &failure) == FALSE) {
-        const GLibHolder<GError> owner(failure);
-        return busError(failure, "flush");
+    GLibHolder<GError> failure;
+    if (g_dbus_connection_flush_sync(connection(), nullptr, out(failure)) == FALSE) {
+        return busError(failure.get(), "flush");
     }
     return std::nullopt;
 }

@@ -57,10 +57,9 @@ Error notBusText() {
 }
 
 Result<Reply> readReply(GDBusMessage* reply, const char* method) {
-    GError* failure = nullptr;
-    if (g_dbus_message_to_gerror(reply, &failure) != FALSE) {
-        const GLibHolder<GError> owner(failure);
-        return busError(failure, method);
+    GLibHolder<GError> failure;
+    if (g_dbus_message_to_gerror(reply, out(failure)) != FALSE) {
+        return busError(failure.get(), method);
     }
     GVariant* body = g_dbus_message_get_body(reply);
     if (body == nullptr || g_variant_is_of_type(body, G_VARIANT_TYPE("(s)")) == FALSE) {

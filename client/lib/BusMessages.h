@@ -2,8 +2,10 @@
 // The messages of the bus, and the errors of calls that fail.
 #pragma once
 
-#include "client/lib/GLibHolder.h"
+#include "base/GLibHolder.h"
 #include <lectern/Bus.h>
+
+#include <gio/gio.h>
 
 #include <string>
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/ClientQueue.h"
 
+#include "channel/QueueRecord.h"
 #include "client/lib/Errors.h"
 
 #include <sys/ipc.h>
@@ -40,14 +41,32 @@ Failure ClientQueue::post(const ClientServerMessage& message, std::chrono::milli
     return std::nullopt;
 }
 
+bool ClientQueue::tryTake(long address, ServerClientMessage& message) {
+    int id = mQueueId;
+    if (TakeRecord(id, address, IPC_NOWAIT, message) >= 0) {
+        return true;
+    }
+    if (errno == EIDRM || errno == EINVAL) {
+        mQueueId.compare_exchange_strong(id, NOT_OPEN);
+    }
+    return false;
+}
+
 bool ClientQueue::tryPost(const ServerClientMessage& message) const {
     return msgsnd(mQueueId, &message, ServerClientMessage::TEXT_SIZE, IPC_NOWAIT) == 0;
 }
 
-bool ClientQueue::settle(std::chrono::milliseconds patience) const {
+bool ClientQueue::settle(std::chrono::milliseconds patience,
+                         const std::function<void()>& whileWaiting) const {
     const Clock::time_point deadline = Clock::now() + patience;
     msqid_ds status{};
-    while (msgctl(mQueueId, IPC_STAT, &status) == 0 && status.msg_qnum != 0) {
+    const auto isEmpty = [&] {
+        if (whileWaiting) {
+            whileWaiting();
+        }
+        return msgctl(mQueueId, IPC_STAT, &status) != 0 || status.msg_qnum == 0;
+    };
+    while (!isEmpty()) {
         if (Clock::now() >= deadline) {
             return false;
         }

@@ -5,6 +5,7 @@
 #include <lectern/Result.h>
 
 #include <chrono>
+#include <functional>
 
 namespace lectern {
 
@@ -17,6 +18,9 @@ public:
     Failure connect();
 
     Failure post(const ClientServerMessage& message, std::chrono::milliseconds patience) const;
+    // Takes the next record of this address, if one waits. A queue that is gone is no
+    // longer open after this.
+    bool tryTake(long address, ServerClientMessage& message);
     // Sends a record to a client of this queue; returns false when the queue is full.
     bool tryPost(const ServerClientMessage& message) const;
 
@@ -24,7 +28,9 @@ public:
     // takes one record at a time, and paints first, so request a paint that
     // must show earlier input only after this. Returns false when records
     // remain after `patience`; on a queue with many users that tells little.
-    bool settle(std::chrono::milliseconds patience) const;
+    // whileWaiting: called before each look at the queue, to take what is the
+    // caller's own.
+    bool settle(std::chrono::milliseconds patience, const std::function<void()>& whileWaiting = {}) const;
 };
 
 } // namespace lectern

@@ -40,6 +40,7 @@ Dispatcher::Dispatcher(GMainContext* context)
         mThread = std::jthread([own = g_main_context_ref(mContext.get())](const std::stop_token& stop) {
             runContext(stop, own);
         });
+        pthread_setname_np(mThread.native_handle(), "lectern-events");
     }
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "client/lib/GLibHolder.h"
+#include "base/GLibHolder.h"
 
 #include <functional>
 #include <memory>

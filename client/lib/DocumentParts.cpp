@@ -133,9 +133,25 @@ Failure Document::Parts::sendFactor(ClientMessageType type, double factor) {
     return send(message);
 }
 
-// Moves the pen and, at the end of a drag in a spreadsheet, stops the view with
-// a slow flick before the pen up. The move is needed because a contact that has
-// become a flick ignores the position of its pen up.
+// How a drag on a sheet ends
+//
+// The service measures a sheet and renders the cells around the view only when a
+// glide ends. A drag that ends without a flick would leave the view at cells that are
+// not measured. So the library ends it with the slowest flick there is, in four steps:
+//
+//  1. Queue: a pen move to the place of the pen up. The flick makes a glide of the
+//     contact, and the view ignores the place of a pen up that follows a flick.
+//  2. Settle: ask() waits until the service has taken the queue's records, moves
+//     included. The flick goes over the bus and would overtake them.
+//  3. Bus: handleFlick with a velocity of -1. The glide lasts SLOWEST_GLIDE and ends at
+//     the pixel where it began. mRestFrom is the time when it has ended.
+//  4. Queue: the pen up. It comes after the flick, because a view takes a flick for
+//     part of the contact that is under way.
+//
+// A service that is busy for longer than REST_PATIENCE gets its pen up all the same:
+// the sheet comes to rest with the next drag. Document::settle waits for mRestFrom
+// too, so that a paint after it shows the sheet at rest. A program that flicks by
+// itself, before its pen up, has done all of this: `flicked` leaves steps 1 to 3 out.
 Failure Document::Parts::sendPen(ClientMessageType type, int x, int y) {
     bool dragEnds = false;
     {

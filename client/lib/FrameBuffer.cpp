@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "base/SharedSegment.h"
 #include "client/lib/Errors.h"
 #include <lectern/FrameBuffer.h>
 
@@ -14,20 +15,8 @@ static_assert(FrameBuffer::sizeFor(FrameBuffer::MAX_SIDE, FrameBuffer::MAX_SIDE)
 
 namespace {
 
-// Creates a segment; returns its identifier, or -1 with errno set. A new
-// namespace numbers segments from 0, which means no segment in the protocol:
-// segment 0 is removed once the next one is created.
-int makeSegment(size_t size) {
-    const int identifier = shmget(IPC_PRIVATE, size, IPC_CREAT | 0600);
-    if (identifier != 0) {
-        return identifier;
-    }
-    const int next = shmget(IPC_PRIVATE, size, IPC_CREAT | 0600);
-    const int failure = errno;
-    shmctl(identifier, IPC_RMID, nullptr);
-    errno = failure;
-    return next;
-}
+// The service takes no frame buffer with the identifier 0.
+constexpr int LOWEST_IDENTIFIER = 1;
 
 } // namespace
 
@@ -39,7 +28,7 @@ Result<FrameBuffer> FrameBuffer::create(int width, int height) {
                      0,
                      {}};
     }
-    const int identifier = makeSegment(sizeFor(width, height));
+    const int identifier = makeSegment(LOWEST_IDENTIFIER, IPC_PRIVATE, sizeFor(width, height), 0600);
     if (identifier < 0) {
         return systemError("cannot create a frame buffer", errno);
     }

@@ -4,34 +4,31 @@
 #include <lectern/Bus.h>
 
 #include <chrono>
-#include <condition_variable>
 #include <functional>
-#include <mutex>
-#include <thread>
+#include <memory>
 
 namespace lectern {
 
 // Sends a "ping" every ten seconds, so that the service does not stop as idle:
-// reading and scrolling use the queue, but only bus calls count as use.
+// reading and scrolling use the queue, but only bus calls count as use. All objects of
+// one connection share one thread, which lives as long as any of them.
 class KeepAlive {
 public:
     static constexpr std::chrono::milliseconds DEFAULT_PERIOD{10'000};
 
-    // onBusLost: called at most once, on this object's thread, when the
-    // connection is found to be lost; nothing else reports that.
+    // onBusLost: called once, on the shared thread, when the connection turns out to
+    // be lost; nothing else would tell. It must not end an object of this class.
+    // period: counts for the first object of a connection.
     explicit KeepAlive(const Bus& bus, std::chrono::milliseconds period = DEFAULT_PERIOD,
                        std::function<void()> onBusLost = {});
+    // Waits for a call of onBusLost that is going on.
+    ~KeepAlive();
     KeepAlive(const KeepAlive&) = delete;
     KeepAlive& operator=(const KeepAlive&) = delete;
 
 private:
-    void run(const std::stop_token& stop, std::chrono::milliseconds period);
-
-    const Bus mBus;
-    const std::function<void()> mOnBusLost;
-    std::mutex mMutex;
-    std::condition_variable_any mStopped;
-    std::jthread mThread; // last, because it uses the other members
+    class Pinger;
+    std::shared_ptr<Pinger> mPinger;
 };
 
 } // namespace lectern

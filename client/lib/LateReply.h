@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "client/lib/GLibHolder.h"
+#include "base/GLibHolder.h"
 #include <lectern/Bus.h>
+
+#include <gio/gio.h>
 
 #include <cstdint>
 #include <functional>

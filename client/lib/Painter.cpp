@@ -8,7 +8,9 @@ namespace lectern {
 Painter::Painter(std::shared_ptr<const ViewEvents> events, const FrameBuffer& frame, Dispatcher& dispatcher,
                  Paint paint)
     : mEvents(std::move(events)), mFrame(frame), mDispatcher(dispatcher), mPaint(std::move(paint)),
-      mThread([this](const std::stop_token& stop) { run(stop); }) {}
+      mThread([this](const std::stop_token& stop) { run(stop); }) {
+    pthread_setname_np(mThread.native_handle(), "lectern-paints");
+}
 
 void Painter::request(bool afterInput) {
     const std::lock_guard lock(mState->mutex);

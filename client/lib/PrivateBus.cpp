@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/PrivateBus.h"
 
+#include "base/Spawn.h"
 #include "client/lib/Errors.h"
 #include "client/lib/Programs.h"
-#include "client/lib/Spawn.h"
 
 #include <fcntl.h>
 #include <poll.h>
@@ -75,12 +75,16 @@ Result<PrivateBus> PrivateBus::start(Complaints complaints) {
         return life ? answer.error() : life.error();
     }
     const bool hidden = complaints == Complaints::Hidden && std::getenv("LECTERN_VERBOSE") == nullptr;
-    const Result<pid_t> child =
-        spawn(keeper, {service}, {life->read.get(), answer->write.get(), hidden ? -1 : STDERR_FILENO});
-    if (!child) {
-        return child.error();
+    pid_t child = -1;
+    const int failure = spawn({.path = keeper,
+                               .arguments = {service},
+                               .environment = {},
+                               .files = {life->read.get(), answer->write.get(), hidden ? -1 : STDERR_FILENO}},
+                              child);
+    if (failure != 0) {
+        return systemError("cannot start " + keeper, failure);
     }
-    PrivateBus bus(*child, std::move(life->write));
+    PrivateBus bus(child, std::move(life->write));
     answer->write.reset();
     const std::string line = readLine(answer->read.get());
     if (line.rfind(ADDRESS_MARK, 0) != 0) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/Programs.h"
 
-#include "client/lib/GLibHolder.h"
+#include "base/GLibHolder.h"
 
 #include <dlfcn.h>
 #include <unistd.h>

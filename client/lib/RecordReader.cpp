@@ -25,6 +25,7 @@ Result<std::unique_ptr<RecordReader>> RecordReader::start(long address, Handler 
         return *failure;
     }
     reader->mThread = std::thread([self = reader.get()] { self->run(); });
+    pthread_setname_np(reader->mThread.native_handle(), "lectern-records");
     return reader;
 }
 

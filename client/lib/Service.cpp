@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/lib/GLibHolder.h"
+#include "base/GLibHolder.h"
+#include "base/Spawn.h"
 #include "client/lib/IpcNamespace.h"
 #include "client/lib/PrivateBus.h"
 #include "client/lib/Programs.h"
-#include "client/lib/Spawn.h"
 #include <lectern/Service.h>
 
+#include <gio/gio.h>
 #include <sys/stat.h>
 
 #include <cstdlib>
@@ -22,9 +23,12 @@ bool offersService(const std::string& address) {
 // Lets the keeper's program ask the same. A connection would start threads in
 // this process, and a process with threads cannot change its namespaces.
 bool offersServiceAskedByOther(const std::string& address) {
-    const Result<pid_t> child =
-        spawn(findProgram("lectern-keeper", "LECTERN_KEEPER"), {"--offers", address}, {});
-    return child && waitForExit(*child) == 0;
+    pid_t child = -1;
+    return spawn({.path = findProgram("lectern-keeper", "LECTERN_KEEPER"),
+                  .arguments = {"--offers", address},
+                  .environment = {}},
+                 child) == 0 &&
+           waitForExit(child) == 0;
 }
 
 } // namespace

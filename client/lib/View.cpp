@@ -18,6 +18,11 @@ constexpr std::chrono::milliseconds QUEUE_PATIENCE{10'000};
 constexpr std::chrono::milliseconds OPENED_PATIENCE{10'000};
 // How often a wait checks that the bus is still connected.
 constexpr std::chrono::milliseconds BETWEEN_CHECKS{1'000};
+// The longest sleep while the opened record is awaited, which wakes its waiter.
+constexpr std::chrono::milliseconds OPENED_STEP{100};
+// How often a paint looks for its answer. A paint takes some milliseconds, so that
+// this is little of it.
+constexpr std::chrono::microseconds BETWEEN_LOOKS{500};
 // How long the start of a contact waits for the end of the previous one to be taken.
 constexpr std::chrono::milliseconds ORDER_PATIENCE{1'000};
 
@@ -56,21 +61,15 @@ Failure View::listen() {
     if (Failure failure = mQueue.connect()) {
         return failure;
     }
+    discardOldAnswers();
     const auto onGone = [this] { endWith(Life::Gone); };
-    auto view = RecordReader::start(
+    auto reader = RecordReader::start(
         static_cast<long>(mState.identifier()),
         [this](const ServerClientMessage& message) { takeRecord(message); }, onGone);
-    if (!view) {
-        return view.error();
+    if (!reader) {
+        return reader.error();
     }
-    auto paint = RecordReader::start(
-        docid() + DocAdapterMessageQueue::PAINT_DONE_BASE,
-        [this](const ServerClientMessage& message) { takePaintDone(message); }, onGone);
-    if (!paint) {
-        return paint.error();
-    }
-    Attendants attendants{std::move(*view), std::move(*paint),
-                          std::make_unique<ServiceWatch>(mBus, owner(), onGone),
+    Attendants attendants{std::move(*reader), std::make_unique<ServiceWatch>(mBus, owner(), onGone),
                           std::make_unique<KeepAlive>(mBus, KeepAlive::DEFAULT_PERIOD, onGone)};
     const std::lock_guard lock(mAttendantsMutex);
     mAttendants.emplace(std::move(attendants));
@@ -91,14 +90,18 @@ void View::close() {
     }
     leaving.reset(); // may wait for a thread that takes the mutex
     if (before == Life::Open) {
+        {
+            const std::lock_guard lock(mMutex);
+            takePaintsDone();
+        }
         // They fail only when the bus is lost, which ends the service, too.
         (void)events::destroy(mBus, docid(), owner());
         (void)mBus.flush();
     }
 }
 
-// Stops the readers at once, because another client's new document may soon use
-// the same addresses.
+// The reader is stopped at once: another client's new document may soon have the
+// number that it listens to.
 void View::endWith(Life life) {
     {
         const std::lock_guard lock(mMutex);
@@ -111,8 +114,7 @@ void View::endWith(Life life) {
     {
         const std::lock_guard lock(mAttendantsMutex);
         if (mAttendants) {
-            mAttendants->viewReader->stop();
-            mAttendants->paintReader->stop();
+            mAttendants->reader->stop();
         }
     }
     mListener.onGone();
@@ -132,29 +134,45 @@ void View::takeRecord(const ServerClientMessage& message) {
     mListener.onRecord(message);
 }
 
-void View::takePaintDone(const ServerClientMessage& message) {
-    const std::lock_guard lock(mMutex);
-    ++mPaintsDone;
-    mPaintResult = message.value;
-    mArrived.notify_all();
+// Answers to paints that an earlier view of this number had given up, or they would
+// be taken for those of this view.
+void View::discardOldAnswers() {
+    ServerClientMessage message;
+    while (mQueue.tryTake(paintDoneAddress(), message)) {
+    }
+}
+
+void View::takePaintsDone() {
+    ServerClientMessage message;
+    while (mLife != Life::Gone && mQueue.tryTake(paintDoneAddress(), message)) {
+        ++mPaintsDone;
+        mPaintResult = message.value;
+    }
 }
 
 template<typename Condition>
-Failure View::await(const char* what, const CallLimits& limits, Condition condition) {
+Failure View::await(const char* what, const CallLimits& limits, std::chrono::microseconds step,
+                    Condition condition) {
     const Clock::time_point start = Clock::now();
+    Clock::time_point nextCheck = start + BETWEEN_CHECKS;
     std::unique_lock lock(mMutex);
     const auto over = [&] { return condition() || mLife != Life::Open; };
-    while (!mArrived.wait_for(lock, limits.stop, BETWEEN_CHECKS, over)) {
-        const auto elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
+    while (!mArrived.wait_for(lock, limits.stop, step, over)) {
+        const Clock::time_point now = Clock::now();
+        const auto elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(now - start);
         if (limits.stop.stop_requested()) {
             return Error{Error::Kind::Cancelled, "interrupted", 0, {}};
-        }
-        if (mBus.isClosed()) {
-            return goneError();
         }
         if (elapsed >= limits.timeout) {
             return Error{
                 Error::Kind::TimedOut, std::string("the service did not ") + what + " in time", 0, {}};
+        }
+        if (now < nextCheck) {
+            continue;
+        }
+        nextCheck = now + BETWEEN_CHECKS;
+        if (mBus.isClosed()) {
+            return goneError();
         }
         if (limits.onProgress) {
             lock.unlock();
@@ -166,8 +184,8 @@ Failure View::await(const char* what, const CallLimits& limits, Condition condit
 }
 
 Result<int> View::openResult(const CallLimits& limits) {
-    if (Failure failure =
-            await("report the result of the open", limits, [this] { return mOpenResult.has_value(); })) {
+    if (Failure failure = await("report the result of the open", limits, OPENED_STEP,
+                                [this] { return mOpenResult.has_value(); })) {
         return *failure;
     }
     return *mOpenResult;
@@ -180,7 +198,11 @@ Failure View::paint(const CallLimits& limits) {
         return failure;
     }
     const unsigned int wanted = ++mPaintsAsked;
-    if (Failure failure = await("paint", limits, [this, wanted] { return mPaintsDone >= wanted; })) {
+    const auto isDone = [this, wanted] {
+        takePaintsDone();
+        return mPaintsDone >= wanted;
+    };
+    if (Failure failure = await("paint", limits, BETWEEN_LOOKS, isDone)) {
         return failure;
     }
     const std::lock_guard lock(mMutex);
@@ -212,7 +234,10 @@ Failure View::send(ClientServerMessage message) {
 
 bool View::settle(std::chrono::milliseconds patience) {
     const long before = mHighestSent;
-    const bool settled = mQueue.settle(patience);
+    const bool settled = mQueue.settle(patience, [this] {
+        const std::lock_guard lock(mMutex);
+        takePaintsDone();
+    });
     if (settled) {
         long expected = before;
         mHighestSent.compare_exchange_strong(expected, 0);

@@ -25,6 +25,38 @@ struct ViewListener {
     std::function<void()> onGone;                             // at most once
 };
 
+// The threads of a document
+//
+//   lectern-records  one for each view (RecordReader). Takes the service's records of
+//                    the view from the queue, so that they never fill it. Stores the
+//                    result of the open in the view and posts callbacks.
+//   lectern-paints   one for each document that paints by itself (Painter). Sends a
+//                    paint and looks for its answer in the queue until that is there.
+//                    It alone has the service write to the frame buffer.
+//   lectern-events   one for each document without a main context (Dispatcher). Calls
+//                    the program's functions, one after the other. With a context, the
+//                    program's loop does this.
+//   lectern-pings    one for each connection (KeepAlive), for all of its documents.
+//                    Pings the service and notices when the connection is lost.
+//   GDBus            the connection's own thread. ServiceWatch notices on it when the
+//                    service leaves the bus.
+//   the program's    any number of threads, in any call.
+//
+// They meet in three places. View::mMutex guards what is known of the view; it is held
+// for short reads and writes and never during a callback, a bus call or a wait. The
+// Dispatcher's outbox takes callbacks from every thread and never blocks one. The
+// Painter's state holds the next request, and keeps the next paint waiting until the
+// program has looked at the last picture. Records, pings and GDBus's thread never wait
+// for the program, so a slow callback delays only paints and later callbacks.
+//
+// The answer to a paint has no reader of its own: whoever waits for it takes it, and
+// View::settle takes what came too late. A System V queue can be waited on for only one
+// address at a time, and a second reader would only hand the answer over.
+//
+// The end: close() stops lectern-records with a record to itself, then leaves the
+// watch and the pings, each of which waits for a call that is going on. mMutex and
+// mAttendantsMutex are free during this, because such a call may want them.
+
 // One view in one process of the service, from "create" to "destroy". When that
 // process ends, the view is gone: calls fail at once with Error::Kind::Gone,
 // and only the state segment remains.
@@ -53,16 +85,15 @@ public:
     // Returns true when all sent records have been taken from the queue.
     bool settle(std::chrono::milliseconds patience);
 
-    // Destroys the view in the service, if it still exists there, and stops the
-    // readers; after that others may use their addresses.
+    // Ends it in the service, where that still has it, and the reader: from here on
+    // others may use the numbers of the view.
     void close();
 
 private:
     enum class Life { Open, Gone, Closed };
-    // The objects that work for an open view in their own threads.
+    // What listens for an open view, on threads of its own and of the connection.
     struct Attendants {
-        std::unique_ptr<RecordReader> viewReader;
-        std::unique_ptr<RecordReader> paintReader;
+        std::unique_ptr<RecordReader> reader;
         std::unique_ptr<ServiceWatch> watch;
         std::unique_ptr<KeepAlive> keepAlive;
     };
@@ -72,12 +103,17 @@ private:
 
     Failure listen();
     void takeRecord(const ServerClientMessage& message);
-    void takePaintDone(const ServerClientMessage& message);
+    long paintDoneAddress() const { return docid() + DocAdapterMessageQueue::PAINT_DONE_BASE; }
+    void discardOldAnswers();
+    // Counts the answers to paints that have come. REQUIRES: mMutex is held.
+    void takePaintsDone();
     Result<int> openResult(const CallLimits& limits);
     void endWith(Life life);
-    // Waits until the condition, which is evaluated with mMutex held, is true.
+    // Waits until the condition, which is tested with mMutex held, is true; tests it
+    // when something has arrived, and after each step.
     template<typename Condition>
-    Failure await(const char* what, const CallLimits& limits, Condition condition);
+    Failure await(const char* what, const CallLimits& limits, std::chrono::microseconds step,
+                  Condition condition);
 
     const Bus mBus;
     const events::CreateReply mCreated;
@@ -85,7 +121,7 @@ private:
     const ViewListener mListener;
     ClientQueue mQueue;
 
-    mutable std::mutex mMutex; // guards what the readers and the watch write
+    mutable std::mutex mMutex; // guards what several threads read and write
     std::condition_variable_any mArrived;
     Life mLife = Life::Open;
     std::optional<int> mOpenResult;

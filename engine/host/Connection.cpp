@@ -16,53 +16,49 @@ void noteClosed(GDBusConnection*, gboolean, GError*, gpointer closed) {
 
 std::unique_ptr<Connection> Connection::make(FileDescriptor socket) {
     std::unique_ptr<Connection> connection(new Connection());
-    g_main_context_push_thread_default(connection->mContext);
+    g_main_context_push_thread_default(connection->mContext.get());
     const bool opened = connection->open(std::move(socket));
-    g_main_context_pop_thread_default(connection->mContext);
+    g_main_context_pop_thread_default(connection->mContext.get());
     return opened ? std::move(connection) : nullptr;
 }
 
 Connection::Connection() : mContext(g_main_context_new()) {}
 
 bool Connection::open(FileDescriptor socket) {
-    g_autoptr(GSocket) end = g_socket_new_from_fd(socket.get(), nullptr);
-    if (end == nullptr) {
+    const GLibHolder<GSocket> end(g_socket_new_from_fd(socket.get(), nullptr));
+    if (!end) {
         return false;
     }
     socket.release();
-    g_autoptr(GSocketConnection) stream = g_socket_connection_factory_create_connection(end);
-    g_autofree gchar* guid = g_dbus_generate_guid();
+    const GLibHolder<GSocketConnection> stream(g_socket_connection_factory_create_connection(end.get()));
+    const GLibHolder<char> guid(g_dbus_generate_guid());
     constexpr auto FLAGS =
         static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_SERVER |
                                           G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_REQUIRE_SAME_USER);
-    mBus = g_dbus_connection_new_sync(G_IO_STREAM(stream), guid, FLAGS, nullptr, nullptr, nullptr);
-    if (mBus == nullptr) {
+    mBus.reset(
+        g_dbus_connection_new_sync(G_IO_STREAM(stream.get()), guid.get(), FLAGS, nullptr, nullptr, nullptr));
+    if (!mBus) {
         return false;
     }
-    g_signal_connect(mBus, "closed", G_CALLBACK(noteClosed), &mClosed);
+    g_signal_connect(mBus.get(), "closed", G_CALLBACK(noteClosed), &mClosed);
 
     constexpr auto PLAIN = static_cast<GDBusProxyFlags>(G_DBUS_PROXY_FLAGS_DO_NOT_LOAD_PROPERTIES |
                                                         G_DBUS_PROXY_FLAGS_DO_NOT_CONNECT_SIGNALS);
-    mProcess = lectern_ipc_process_proxy_new_sync(mBus, PLAIN, nullptr, PROCESS_PATH, nullptr, nullptr);
-    mWord = lectern_ipc_word_proxy_new_sync(mBus, PLAIN, nullptr, WORD_PATH, nullptr, nullptr);
-    mSheet = lectern_ipc_sheet_proxy_new_sync(mBus, PLAIN, nullptr, SHEET_PATH, nullptr, nullptr);
-    mSlide = lectern_ipc_slide_proxy_new_sync(mBus, PLAIN, nullptr, SLIDE_PATH, nullptr, nullptr);
-    return mProcess != nullptr && mWord != nullptr && mSheet != nullptr && mSlide != nullptr;
+    mProcess.reset(
+        lectern_ipc_process_proxy_new_sync(mBus.get(), PLAIN, nullptr, PROCESS_PATH, nullptr, nullptr));
+    mWord.reset(lectern_ipc_word_proxy_new_sync(mBus.get(), PLAIN, nullptr, WORD_PATH, nullptr, nullptr));
+    mSheet.reset(lectern_ipc_sheet_proxy_new_sync(mBus.get(), PLAIN, nullptr, SHEET_PATH, nullptr, nullptr));
+    mSlide.reset(lectern_ipc_slide_proxy_new_sync(mBus.get(), PLAIN, nullptr, SLIDE_PATH, nullptr, nullptr));
+    return mProcess && mWord && mSheet && mSlide;
 }
 
 // GLib's report that the connection has ended holds a reference to the
 // connection until the main context dispatches it. Dispatch it here, or the
 // socket would never be closed.
 Connection::~Connection() {
-    while (mBus != nullptr && !mClosed) {
-        g_main_context_iteration(mContext, TRUE);
+    while (mBus && !mClosed) {
+        g_main_context_iteration(mContext.get(), TRUE);
     }
-    g_clear_object(&mSlide);
-    g_clear_object(&mSheet);
-    g_clear_object(&mWord);
-    g_clear_object(&mProcess);
-    g_clear_object(&mBus);
-    g_main_context_unref(mContext);
 }
 
 } // namespace lectern::engine

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/FileDescriptor.h"
+#include "base/GLibHolder.h"
 #include "engine/host/Export.h"
 
 #include <EngineProtocol.h>
@@ -22,21 +23,21 @@ public:
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
-    LecternIpcProcess* process() const { return mProcess; }
-    LecternIpcWord* word() const { return mWord; }
-    LecternIpcSheet* sheet() const { return mSheet; }
-    LecternIpcSlide* slide() const { return mSlide; }
+    LecternIpcProcess* process() const { return mProcess.get(); }
+    LecternIpcWord* word() const { return mWord.get(); }
+    LecternIpcSheet* sheet() const { return mSheet.get(); }
+    LecternIpcSlide* slide() const { return mSlide.get(); }
 
 private:
     Connection();
     bool open(FileDescriptor socket);
 
-    GMainContext* mContext; // own context, so that no other loop gets its reports
-    GDBusConnection* mBus = nullptr;
-    LecternIpcProcess* mProcess = nullptr;
-    LecternIpcWord* mWord = nullptr;
-    LecternIpcSheet* mSheet = nullptr;
-    LecternIpcSlide* mSlide = nullptr;
+    const GLibHolder<GMainContext> mContext; // where it reports its end, to nobody else's loop
+    GLibHolder<GDBusConnection> mBus;
+    GLibHolder<LecternIpcProcess> mProcess;
+    GLibHolder<LecternIpcWord> mWord;
+    GLibHolder<LecternIpcSheet> mSheet;
+    GLibHolder<LecternIpcSlide> mSlide;
     bool mClosed = false;
 };
 

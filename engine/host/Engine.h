@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "base/GLibHolder.h"
 #include "engine/host/Connection.h"
 #include "engine/host/Export.h"
 #include "engine/host/Watchdog.h"
@@ -39,9 +40,9 @@ public:
         if (const std::int32_t refused = beginCall(deadline); refused != MODULE_OK) {
             return refused;
         }
-        g_autoptr(GError) error = nullptr;
-        const bool answered = send(&error) != FALSE;
-        return endCall(answered, error);
+        GLibHolder<GError> error;
+        const bool answered = send(out(error)) != FALSE;
+        return endCall(answered, error.get());
     }
 
     LecternIpcProcess* process() const { return mConnection->process(); }

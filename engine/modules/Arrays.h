@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "base/GLibHolder.h"
 #include "modules/ModuleTypes.h"
 
 #include <glib.h>
@@ -32,12 +33,13 @@ inline std::vector<module_rect> rectanglesOf(GVariant* array) {
 }
 
 // Packs a zero-terminated UTF-16 text, as the modules' callers pass it.
-inline GVariant* unitsOf(const std::uint16_t* text) {
+inline GLibHolder<GVariant> unitsOf(const std::uint16_t* text) {
     std::size_t length = 0;
     while (text[length] != 0) {
         length++;
     }
-    return g_variant_new_fixed_array(G_VARIANT_TYPE_UINT16, text, length, sizeof(std::uint16_t));
+    return GLibHolder<GVariant>(g_variant_ref_sink(
+        g_variant_new_fixed_array(G_VARIANT_TYPE_UINT16, text, length, sizeof(std::uint16_t))));
 }
 
 } // namespace lectern::engine

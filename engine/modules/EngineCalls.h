@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "base/GLibHolder.h"
 #include "engine/host/SharedSurface.h"
 #include "engine/modules/DocumentHandle.h"
 
@@ -13,11 +14,12 @@
 
 namespace lectern::engine {
 
-// Makes one typed call to an interface of the handle's engine; `method` is the
-// generated function. The outputs are written whenever the engine answered.
+// One typed call of an interface of the handle's engine, `method` the generated
+// function for it, and `outputs` addresses or out(holder). They are written
+// whenever it was answered.
 template<class Interface, class Method, class... Inputs, class... Outputs>
 std::int32_t callInterface(DocumentHandle& handle, Interface* interface, Method method,
-                           const std::tuple<Inputs...>& inputs, Outputs*... outputs) {
+                           const std::tuple<Inputs...>& inputs, Outputs&&... outputs) {
     gint result = MODULE_FAILED;
     const std::int32_t sent = handle.engine->call(handle.deadline(), [&](GError** error) {
         return std::apply(
@@ -39,15 +41,15 @@ std::int32_t offerSurface(DocumentHandle& handle, std::int32_t width, std::int32
     if (!surface) {
         return MODULE_TOO_LARGE;
     }
-    g_autoptr(GUnixFDList) files = g_unix_fd_list_new();
-    const int index = g_unix_fd_list_append(files, surface->memory(), nullptr);
+    const GLibHolder<GUnixFDList> files(g_unix_fd_list_new());
+    const int index = g_unix_fd_list_append(files.get(), surface->memory(), nullptr);
     if (index < 0) {
         return MODULE_FAILED;
     }
     surface->letGoMemory();
     gint result = MODULE_FAILED;
     const std::int32_t sent = handle.engine->call(handle.deadline(), [&](GError** error) {
-        return send(g_variant_new_handle(index), files, &result, error);
+        return send(g_variant_new_handle(index), files.get(), &result, error);
     });
     return sent != MODULE_OK ? sent : result;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "base/GLibHolder.h"
 #include "engine/modules/Arrays.h"
 #include "engine/modules/DocumentHandle.h"
 #include "engine/modules/Utf16.h"
@@ -13,20 +14,9 @@ namespace lectern::engine {
 
 // The document's information, which the engine sends in one answer.
 struct Information {
-    Information() = default;
-    ~Information() {
-        for (GVariant* text : {name, author, description}) {
-            if (text != nullptr) {
-                g_variant_unref(text);
-            }
-        }
-    }
-    Information(const Information&) = delete;
-    Information& operator=(const Information&) = delete;
-
-    GVariant* name = nullptr;
-    GVariant* author = nullptr;
-    GVariant* description = nullptr;
+    GLibHolder<GVariant> name;
+    GLibHolder<GVariant> author;
+    GLibHolder<GVariant> description;
     gint64 created = 0;
     gint64 lastSaved = 0;
 };
@@ -36,12 +26,12 @@ struct Information {
 template<class Handle, auto Method>
 struct InformationOf {
     static std::int32_t text(void* doc, std::uint16_t* text, std::int32_t capacityBytes, std::int32_t* length,
-                             GVariant* Information::*which) {
+                             GLibHolder<GVariant> Information::*which) {
         if (!isTextBuffer(text, capacityBytes, length)) {
             return MODULE_BAD_ARGUMENT;
         }
         return get(doc, [&](const Information& information) {
-            deliverText(elementsOf<std::uint16_t>(information.*which), text,
+            deliverText(elementsOf<std::uint16_t>((information.*which).get()), text,
                         capacityBytes / static_cast<std::int32_t>(sizeof(std::uint16_t)), length);
         });
     }
@@ -59,8 +49,8 @@ private:
         return onHandle<Handle>(doc, [&](Handle& handle) {
             Information information;
             const std::int32_t result =
-                callEngine(handle, Method, std::tuple<>(), &information.name, &information.author,
-                           &information.description, &information.created, &information.lastSaved);
+                callEngine(handle, Method, std::tuple<>(), out(information.name), out(information.author),
+                           out(information.description), &information.created, &information.lastSaved);
             if (result == MODULE_OK) {
                 use(information);
             }

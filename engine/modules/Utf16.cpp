@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/modules/Utf16.h"
 
-#include <glib.h>
+#include "base/GLibHolder.h"
 
 #include <algorithm>
 #include <limits>
@@ -22,11 +22,8 @@ std::optional<std::string> toUtf8(const std::uint16_t* text) {
     if (text == nullptr) {
         return std::nullopt;
     }
-    g_autofree gchar* converted = g_utf16_to_utf8(text, -1, nullptr, nullptr, nullptr);
-    if (converted == nullptr) {
-        return std::nullopt;
-    }
-    return std::string(converted);
+    const GLibHolder<char> converted(g_utf16_to_utf8(text, -1, nullptr, nullptr, nullptr));
+    return converted ? std::optional<std::string>(converted.get()) : std::nullopt;
 }
 
 void deliverText(std::span<const std::uint16_t> whole, std::uint16_t* text, std::int32_t capacity,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/process/EngineLoop.h"
 
+#include "base/GLibHolder.h"
 #include "engine/office/Office.h"
 #include "engine/process/endpoints/SheetEndpoint.h"
 #include "engine/process/endpoints/SlideEndpoint.h"
@@ -19,19 +20,19 @@
 namespace lectern::engine {
 namespace {
 
-GDBusConnection* connectTo(int socket) {
-    g_autoptr(GError) error = nullptr;
-    g_autoptr(GSocket) end = g_socket_new_from_fd(socket, &error);
-    if (end == nullptr) {
+GLibHolder<GDBusConnection> connectTo(int socket) {
+    GLibHolder<GError> error;
+    const GLibHolder<GSocket> end(g_socket_new_from_fd(socket, out(error)));
+    if (!end) {
         std::fprintf(stderr, "engine: %s\n", error->message);
         return nullptr;
     }
-    g_autoptr(GSocketConnection) stream = g_socket_connection_factory_create_connection(end);
+    const GLibHolder<GSocketConnection> stream(g_socket_connection_factory_create_connection(end.get()));
     constexpr auto FLAGS = static_cast<GDBusConnectionFlags>(
         G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT | G_DBUS_CONNECTION_FLAGS_DELAY_MESSAGE_PROCESSING);
-    GDBusConnection* connection =
-        g_dbus_connection_new_sync(G_IO_STREAM(stream), nullptr, FLAGS, nullptr, nullptr, &error);
-    if (connection == nullptr) {
+    GLibHolder<GDBusConnection> connection(
+        g_dbus_connection_new_sync(G_IO_STREAM(stream.get()), nullptr, FLAGS, nullptr, nullptr, out(error)));
+    if (!connection) {
         std::fprintf(stderr, "engine: %s\n", error->message);
     }
     return connection;
@@ -71,24 +72,24 @@ gboolean handleReleaseMemory(LecternIpcProcess* process, GDBusMethodInvocation* 
 } // namespace
 
 void runEngine(int socket, const std::string& folder, bool confined) {
-    g_autoptr(GDBusConnection) connection = connectTo(socket);
-    if (connection == nullptr) {
+    const GLibHolder<GDBusConnection> connection = connectTo(socket);
+    if (!connection) {
         return;
     }
     EngineState state{folder, confined, {}, {}, {}, nullptr};
-    g_autoptr(LecternIpcProcess) process = lectern_ipc_process_skeleton_new();
-    g_signal_connect(process, "handle-start", G_CALLBACK(handleStart), &state);
-    g_signal_connect(process, "handle-release-memory", G_CALLBACK(handleReleaseMemory), &state);
+    const GLibHolder<LecternIpcProcess> process(lectern_ipc_process_skeleton_new());
+    g_signal_connect(process.get(), "handle-start", G_CALLBACK(handleStart), &state);
+    g_signal_connect(process.get(), "handle-release-memory", G_CALLBACK(handleReleaseMemory), &state);
 
-    if (g_dbus_interface_skeleton_export(G_DBUS_INTERFACE_SKELETON(process), connection, PROCESS_PATH,
-                                         nullptr) == FALSE ||
-        !state.word.exportOn(connection) || !state.sheet.exportOn(connection) ||
-        !state.slide.exportOn(connection)) {
+    if (g_dbus_interface_skeleton_export(G_DBUS_INTERFACE_SKELETON(process.get()), connection.get(),
+                                         PROCESS_PATH, nullptr) == FALSE ||
+        !state.word.exportOn(connection.get()) || !state.sheet.exportOn(connection.get()) ||
+        !state.slide.exportOn(connection.get())) {
         return;
     }
-    g_autoptr(GMainLoop) loop = g_main_loop_new(nullptr, FALSE);
-    g_dbus_connection_start_message_processing(connection);
-    g_main_loop_run(loop);
+    const GLibHolder<GMainLoop> loop(g_main_loop_new(nullptr, FALSE));
+    g_dbus_connection_start_message_processing(connection.get());
+    g_main_loop_run(loop.get());
 }
 
 } // namespace lectern::engine

@@ -40,7 +40,7 @@ std::int32_t onWorkbook(void* doc, Operation operation) {
 // function. The outputs are written whenever the engine answered.
 template<class Method, class... Inputs, class... Outputs>
 std::int32_t callEngine(SheetHandle& handle, Method method, std::tuple<Inputs...> inputs,
-                        Outputs*... outputs) {
+                        Outputs&&... outputs) {
     return callInterface(handle, handle.engine->sheet(), method, inputs, outputs...);
 }
 
@@ -80,12 +80,13 @@ std::int32_t getRegions(void* doc, const stg_region** regions, std::int32_t* cou
     return onWorkbook(doc, [&](SheetHandle& handle) {
         std::vector<stg_region>& list = handle.*kept;
         list.clear();
-        g_autoptr(GVariant) numbers = nullptr;
-        const std::int32_t result = callEngine(handle, method, std::tuple<Inputs...>(inputs...), &numbers);
+        GLibHolder<GVariant> numbers;
+        const std::int32_t result =
+            callEngine(handle, method, std::tuple<Inputs...>(inputs...), out(numbers));
         if (result != MODULE_OK) {
             return result;
         }
-        for (const module_rect& rectangle : rectanglesOf(numbers)) {
+        for (const module_rect& rectangle : rectanglesOf(numbers.get())) {
             list.push_back({0, rectangle.x, rectangle.y, rectangle.width, rectangle.height});
         }
         *regions = list.empty() ? nullptr : list.data();

@@ -4,6 +4,7 @@
 #include "engine/modules/sheet/SheetHandle.h"
 
 using namespace lectern::engine;
+using lectern::GLibHolder;
 
 int32_t stg_get_comment_marks_rects(void* doc, int32_t sheet, const stg_region** marks, int32_t* count) {
     return getRegions(doc, marks, count, &SheetHandle::commentMarks,
@@ -17,11 +18,11 @@ int32_t stg_get_comment(void* doc, int32_t sheet, int32_t x, int32_t y, uint16_t
     }
     deliverText({}, text, capacity, length);
     return onWorkbook(doc, [&](SheetHandle& handle) {
-        g_autoptr(GVariant) comment = nullptr;
+        GLibHolder<GVariant> comment;
         const std::int32_t result = callEngine(handle, &lectern_ipc_sheet_call_comment_sync,
-                                               std::tuple(gint{sheet}, gint{x}, gint{y}), &comment);
+                                               std::tuple(gint{sheet}, gint{x}, gint{y}), out(comment));
         if (result == MODULE_OK) {
-            deliverTextFrom(elementsOf<std::uint16_t>(comment), first, text, capacity, length);
+            deliverTextFrom(elementsOf<std::uint16_t>(comment.get()), first, text, capacity, length);
         }
         return result;
     });
@@ -41,8 +42,9 @@ int32_t stg_find(void* doc, const uint16_t* text, int32_t first_sheet, int32_t /
         return MODULE_BAD_ARGUMENT;
     }
     return onWorkbook(doc, [&](SheetHandle& handle) {
-        g_autoptr(GVariant) wanted = g_variant_ref_sink(unitsOf(text));
-        return callEngine(handle, &lectern_ipc_sheet_call_find_sync, std::tuple(gint{first_sheet}, wanted));
+        const GLibHolder<GVariant> wanted = unitsOf(text);
+        return callEngine(handle, &lectern_ipc_sheet_call_find_sync,
+                          std::tuple(gint{first_sheet}, wanted.get()));
     });
 }
 

@@ -4,6 +4,7 @@
 #include "engine/modules/sheet/SheetHandle.h"
 
 using namespace lectern::engine;
+using lectern::GLibHolder;
 
 namespace {
 
@@ -41,11 +42,11 @@ int32_t stg_copy_selection(void* doc, uint16_t* text, int32_t capacity, int32_t 
         return MODULE_BAD_ARGUMENT;
     }
     return onWorkbook(doc, [&](SheetHandle& handle) {
-        g_autoptr(GVariant) selected = nullptr;
+        GLibHolder<GVariant> selected;
         const std::int32_t result =
-            callEngine(handle, &lectern_ipc_sheet_call_copy_selection_sync, std::tuple<>(), &selected);
+            callEngine(handle, &lectern_ipc_sheet_call_copy_selection_sync, std::tuple<>(), out(selected));
         if (result == MODULE_OK) {
-            deliverTextFrom(elementsOf<std::uint16_t>(selected), first, text, capacity, length);
+            deliverTextFrom(elementsOf<std::uint16_t>(selected.get()), first, text, capacity, length);
         }
         return result;
     });

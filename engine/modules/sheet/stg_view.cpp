@@ -6,6 +6,7 @@
 #include <utility>
 
 using namespace lectern::engine;
+using lectern::GLibHolder;
 
 namespace {
 
@@ -121,11 +122,11 @@ int32_t stg_get_sheet_title(void* doc, int32_t sheet, uint16_t* text, int32_t ca
         return MODULE_BAD_ARGUMENT;
     }
     return onWorkbook(doc, [&](SheetHandle& handle) {
-        g_autoptr(GVariant) title = nullptr;
+        GLibHolder<GVariant> title;
         const std::int32_t result =
-            callEngine(handle, &lectern_ipc_sheet_call_title_sync, std::tuple(gint{sheet}), &title);
+            callEngine(handle, &lectern_ipc_sheet_call_title_sync, std::tuple(gint{sheet}), out(title));
         if (result == MODULE_OK) {
-            deliverText(elementsOf<std::uint16_t>(title), text, capacity, length);
+            deliverText(elementsOf<std::uint16_t>(title.get()), text, capacity, length);
         }
         return result;
     });

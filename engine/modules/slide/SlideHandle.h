@@ -47,7 +47,7 @@ std::int32_t onSlideshow(void* doc, Operation operation) {
 // function. The outputs are written whenever the engine answered.
 template<class Method, class... Inputs, class... Outputs>
 std::int32_t callEngine(SlideHandle& handle, Method method, std::tuple<Inputs...> inputs,
-                        Outputs*... outputs) {
+                        Outputs&&... outputs) {
     return callInterface(handle, handle.engine->slide(), method, inputs, outputs...);
 }
 

@@ -4,6 +4,7 @@
 #include "engine/modules/slide/SlideHandle.h"
 
 using namespace lectern::engine;
+using lectern::GLibHolder;
 
 namespace {
 
@@ -47,13 +48,13 @@ int32_t sstg_find(void* doc, const uint16_t* text, int32_t first_slide, int32_t 
     }
     return onSlideshow(doc, [&](SlideHandle& handle) {
         handle.infos.clear();
-        g_autoptr(GVariant) wanted = g_variant_ref_sink(unitsOf(text));
-        g_autoptr(GVariant) found = nullptr;
+        const GLibHolder<GVariant> wanted = unitsOf(text);
+        GLibHolder<GVariant> found;
         const std::int32_t result =
             callEngine(handle, &lectern_ipc_slide_call_find_sync,
-                       std::tuple(wanted, gint{first_slide}, gint{last_slide}), &found);
+                       std::tuple(wanted.get(), gint{first_slide}, gint{last_slide}), out(found));
         if (result == MODULE_OK) {
-            const std::span<const std::int32_t> numbers = elementsOf<std::int32_t>(found);
+            const std::span<const std::int32_t> numbers = elementsOf<std::int32_t>(found.get());
             for (std::size_t i = 0; i + 3 <= numbers.size(); i += 3) {
                 handle.infos.push_back({numbers[i], numbers[i + 1], numbers[i + 2]});
             }
@@ -71,14 +72,14 @@ int32_t sstg_get_found_regions(void* doc, int32_t* count, const sstg_find_region
     *regions = nullptr;
     return onSlideshow(doc, [&](SlideHandle& handle) -> std::int32_t {
         handle.regions.clear();
-        g_autoptr(GVariant) counts = nullptr;
-        g_autoptr(GVariant) rectangles = nullptr;
+        GLibHolder<GVariant> counts;
+        GLibHolder<GVariant> rectangles;
         const std::int32_t result = callEngine(handle, &lectern_ipc_slide_call_found_regions_sync,
-                                               std::tuple<>(), &counts, &rectangles);
+                                               std::tuple<>(), out(counts), out(rectangles));
         if (result != MODULE_OK) {
             return result;
         }
-        if (!keepRegions(handle, elementsOf<std::uint32_t>(counts), rectangles)) {
+        if (!keepRegions(handle, elementsOf<std::uint32_t>(counts.get()), rectangles.get())) {
             return MODULE_FAILED;
         }
         handOut(handle.regions, regions, count);
@@ -94,11 +95,11 @@ int32_t sstg_get_found_note_offsets(void* doc, int32_t slide, int32_t* count, co
     *offsets = nullptr;
     return onSlideshow(doc, [&](SlideHandle& handle) {
         handle.noteOffsets.clear();
-        g_autoptr(GVariant) found = nullptr;
+        GLibHolder<GVariant> found;
         const std::int32_t result = callEngine(handle, &lectern_ipc_slide_call_found_note_offsets_sync,
-                                               std::tuple(gint{slide}), &found);
+                                               std::tuple(gint{slide}), out(found));
         if (result == MODULE_OK) {
-            const std::span<const std::int32_t> units = elementsOf<std::int32_t>(found);
+            const std::span<const std::int32_t> units = elementsOf<std::int32_t>(found.get());
             handle.noteOffsets.assign(units.begin(), units.end());
             handOut(handle.noteOffsets, offsets, count);
         }

@@ -6,16 +6,17 @@
 #include <utility>
 
 using namespace lectern::engine;
+using lectern::GLibHolder;
 
 namespace {
 
 template<class Method, class Use>
 std::int32_t withText(void* doc, std::int32_t slide, Method method, Use use) {
     return onSlideshow(doc, [&](SlideHandle& handle) {
-        g_autoptr(GVariant) text = nullptr;
-        const std::int32_t result = callEngine(handle, method, std::tuple(gint{slide}), &text);
+        GLibHolder<GVariant> text;
+        const std::int32_t result = callEngine(handle, method, std::tuple(gint{slide}), out(text));
         if (result == MODULE_OK) {
-            use(elementsOf<std::uint16_t>(text));
+            use(elementsOf<std::uint16_t>(text.get()));
         }
         return result;
     });
@@ -75,17 +76,17 @@ int32_t sstg_get_slide_outline(void* doc, int32_t slide, int32_t* count, sstg_ou
         return MODULE_BAD_ARGUMENT;
     }
     return onSlideshow(doc, [&](SlideHandle& handle) -> std::int32_t {
-        g_autoptr(GVariant) text = nullptr;
-        g_autoptr(GVariant) lengths = nullptr;
-        g_autoptr(GVariant) levels = nullptr;
+        GLibHolder<GVariant> text;
+        GLibHolder<GVariant> lengths;
+        GLibHolder<GVariant> levels;
         const std::int32_t result = callEngine(handle, &lectern_ipc_slide_call_outline_sync,
-                                               std::tuple(gint{slide}), &text, &lengths, &levels);
+                                               std::tuple(gint{slide}), out(text), out(lengths), out(levels));
         if (result != MODULE_OK) {
             return result;
         }
         OutlineTexts outline;
-        if (!keepOutline(outline, elementsOf<std::uint16_t>(text), elementsOf<std::uint32_t>(lengths),
-                         elementsOf<std::int32_t>(levels))) {
+        if (!keepOutline(outline, elementsOf<std::uint16_t>(text.get()),
+                         elementsOf<std::uint32_t>(lengths.get()), elementsOf<std::int32_t>(levels.get()))) {
             return MODULE_FAILED;
         }
         *count = static_cast<std::int32_t>(outline.items.size());

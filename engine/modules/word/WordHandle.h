@@ -50,7 +50,7 @@ std::int32_t onDocument(void* doc, Operation operation) {
 // caller's buffer.
 template<class Method, class... Inputs, class... Outputs>
 std::int32_t callEngine(WordHandle& handle, Method method, std::tuple<Inputs...> inputs,
-                        Outputs*... outputs) {
+                        Outputs&&... outputs) {
     gboolean painted = FALSE;
     const std::int32_t result =
         callInterface(handle, handle.engine->word(), method, inputs, &painted, outputs...);

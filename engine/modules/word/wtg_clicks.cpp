@@ -9,6 +9,7 @@
 #include <limits>
 
 using namespace lectern::engine;
+using lectern::GLibHolder;
 
 namespace {
 
@@ -39,11 +40,11 @@ int32_t wtg_get_click_info(void* doc, int32_t x, int32_t y, const wtg_click_info
     return onDocument(doc, [&](WordHandle& handle) {
         gint type = 0;
         guint value = 0;
-        g_autoptr(GVariant) address = nullptr;
+        GLibHolder<GVariant> address;
         const std::int32_t result = callEngine(handle, &lectern_ipc_word_call_click_info_sync,
-                                               std::tuple(gint{x}, gint{y}), &type, &address, &value);
+                                               std::tuple(gint{x}, gint{y}), &type, out(address), &value);
         if (result == MODULE_OK) {
-            const std::span<const std::uint16_t> units = elementsOf<std::uint16_t>(address);
+            const std::span<const std::uint16_t> units = elementsOf<std::uint16_t>(address.get());
             handle.clickAddress.assign(units.begin(), units.end());
             handle.clickAddress.push_back(0);
             handle.click = clickRecord(type, handle.clickAddress, value);
@@ -61,11 +62,11 @@ int32_t wtg_get_click_regions(void* doc, int32_t view, int32_t* count, const mod
     *regions = nullptr;
     return onDocument(doc, [&](WordHandle& handle) {
         handle.clickRegions.clear();
-        g_autoptr(GVariant) rectangles = nullptr;
+        GLibHolder<GVariant> rectangles;
         const std::int32_t result =
-            callEngine(handle, &lectern_ipc_word_call_click_regions_sync, std::tuple<>(), &rectangles);
+            callEngine(handle, &lectern_ipc_word_call_click_regions_sync, std::tuple<>(), out(rectangles));
         if (result == MODULE_OK) {
-            handle.clickRegions = rectanglesOf(rectangles);
+            handle.clickRegions = rectanglesOf(rectangles.get());
             *count = static_cast<std::int32_t>(handle.clickRegions.size());
             *regions = handle.clickRegions.empty() ? nullptr : handle.clickRegions.data();
         }
@@ -100,13 +101,13 @@ int32_t wtg_smart_zoom(void* doc, int32_t view, int32_t x, int32_t y, module_rec
         return MODULE_BAD_ARGUMENT;
     }
     return onDocument(doc, [&](WordHandle& handle) -> std::int32_t {
-        g_autoptr(GVariant) rectangle = nullptr;
+        GLibHolder<GVariant> rectangle;
         const std::int32_t result = callEngine(handle, &lectern_ipc_word_call_smart_zoom_sync,
-                                               std::tuple(gint{x}, gint{y}), &rectangle);
+                                               std::tuple(gint{x}, gint{y}), out(rectangle));
         if (result != MODULE_OK) {
             return result;
         }
-        const std::vector<module_rect> areas = rectanglesOf(rectangle);
+        const std::vector<module_rect> areas = rectanglesOf(rectangle.get());
         if (areas.size() != 1) {
             return MODULE_FAILED;
         }

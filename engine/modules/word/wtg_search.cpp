@@ -6,6 +6,7 @@
 #include "modules/WordToGoModule.h"
 
 using namespace lectern::engine;
+using lectern::GLibHolder;
 
 namespace {
 
@@ -43,14 +44,14 @@ int32_t wtg_find(void* doc, const uint16_t* text, int32_t /*flags*/, uint32_t* f
     *count = 0;
     return onDocument(doc, [&](WordHandle& handle) {
         handle.results.clear();
-        g_autoptr(GVariant) hits = nullptr;
-        g_autoptr(GVariant) wanted = g_variant_ref_sink(unitsOf(text));
+        GLibHolder<GVariant> hits;
+        const GLibHolder<GVariant> wanted = unitsOf(text);
         const std::int32_t result = callEngine(handle, &lectern_ipc_word_call_find_sync,
-                                               std::tuple(wanted, guint{*from}, guint{*to}), &hits);
+                                               std::tuple(wanted.get(), guint{*from}, guint{*to}), out(hits));
         if (result != MODULE_OK) {
             return result;
         }
-        const std::span<const std::uint32_t> ends = elementsOf<std::uint32_t>(hits);
+        const std::span<const std::uint32_t> ends = elementsOf<std::uint32_t>(hits.get());
         for (std::size_t i = 0; i + 2 <= ends.size(); i += 2) {
             handle.results.push_back({0, ends[i], ends[i + 1]});
         }
@@ -68,15 +69,15 @@ int32_t wtg_get_found_regions(void* doc, int32_t view, int32_t* count, const wtg
     *regions = nullptr;
     return onDocument(doc, [&](WordHandle& handle) -> std::int32_t {
         handle.regions.clear();
-        g_autoptr(GVariant) positions = nullptr;
-        g_autoptr(GVariant) counts = nullptr;
-        g_autoptr(GVariant) rectangles = nullptr;
+        GLibHolder<GVariant> positions;
+        GLibHolder<GVariant> counts;
+        GLibHolder<GVariant> rectangles;
         const std::int32_t result = callEngine(handle, &lectern_ipc_word_call_found_regions_sync,
-                                               std::tuple<>(), &positions, &counts, &rectangles);
+                                               std::tuple<>(), out(positions), out(counts), out(rectangles));
         if (result != MODULE_OK) {
             return result;
         }
-        if (!keepRegions(handle, positions, counts, rectangles)) {
+        if (!keepRegions(handle, positions.get(), counts.get(), rectangles.get())) {
             return MODULE_FAILED;
         }
         *count = static_cast<std::int32_t>(handle.regions.size());

@@ -7,6 +7,7 @@
 #include "modules/WordToGoModule.h"
 
 using namespace lectern::engine;
+using lectern::GLibHolder;
 
 int32_t wtg_clear_selection(void* doc) {
     return tell(doc, &lectern_ipc_word_call_clear_selection_sync);
@@ -17,11 +18,11 @@ int32_t wtg_copy_selection(void* doc, uint16_t* text, int32_t capacity, int32_t 
         return MODULE_BAD_ARGUMENT;
     }
     return onDocument(doc, [&](WordHandle& handle) {
-        g_autoptr(GVariant) whole = nullptr;
+        GLibHolder<GVariant> whole;
         const std::int32_t result =
-            callEngine(handle, &lectern_ipc_word_call_copy_selection_sync, std::tuple<>(), &whole);
+            callEngine(handle, &lectern_ipc_word_call_copy_selection_sync, std::tuple<>(), out(whole));
         if (result == MODULE_OK) {
-            deliverTextFrom(elementsOf<std::uint16_t>(whole), first, text, capacity, length);
+            deliverTextFrom(elementsOf<std::uint16_t>(whole.get()), first, text, capacity, length);
         }
         return result;
     });

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "base/GLibHolder.h"
 #include "engine/office/Office.h"
 #include "engine/process/endpoints/MappedSurface.h"
 #include "engine/protocol/BorderGuard.h"
@@ -39,7 +40,7 @@ public:
     }
     // Returns false when the interface cannot be exported.
     bool exportOn(GDBusConnection* connection) {
-        return g_dbus_interface_skeleton_export(G_DBUS_INTERFACE_SKELETON(mSkeleton), connection, mPath,
+        return g_dbus_interface_skeleton_export(G_DBUS_INTERFACE_SKELETON(mSkeleton.get()), connection, mPath,
                                                 nullptr) != FALSE;
     }
 
@@ -63,9 +64,9 @@ public:
 protected:
     // Takes ownership of the skeleton; `path` is the interface's object path.
     DocumentEndpoint(Skeleton* skeleton, const char* path) : mSkeleton(skeleton), mPath(path) {}
-    ~DocumentEndpoint() { g_object_unref(mSkeleton); }
+    ~DocumentEndpoint() = default;
 
-    Skeleton* skeleton() { return mSkeleton; }
+    Skeleton* skeleton() { return mSkeleton.get(); }
     // Null until a document is open.
     Document* document() { return mDocument.get(); }
     // Calls set(document, pixels) for a mapped surface, and keeps the surface
@@ -93,7 +94,7 @@ protected:
 private:
     Office* mOffice = nullptr;
     std::string mFolder;
-    Skeleton* mSkeleton;
+    const GLibHolder<Skeleton> mSkeleton;
     const char* mPath;
     // Declared before the document, which uses the surfaces until its destruction.
     std::array<std::optional<MappedSurface>, SurfaceCount> mSurfaces;

@@ -12,16 +12,16 @@ gboolean raiseFlag(gpointer flag) {
 
 Answer answerFrom(GVariant* reply, GError* error) {
     if (reply == nullptr) {
-        const hub::TextPtr name(g_dbus_error_get_remote_error(error));
+        const lectern::GLibHolder<char> name(g_dbus_error_get_remote_error(error));
         g_dbus_error_strip_remote_error(error);
         return {name ? name.get() : "local", error->message};
     }
     if (g_variant_n_children(reply) == 0)
         return {};
-    const hub::VariantPtr first(g_variant_get_child_value(reply, 0));
+    const lectern::GLibHolder<GVariant> first(g_variant_get_child_value(reply, 0));
     const bool isText = g_variant_is_of_type(first.get(), G_VARIANT_TYPE_STRING);
-    const hub::TextPtr printed(isText ? g_variant_dup_string(first.get(), nullptr)
-                                      : g_variant_print(first.get(), FALSE));
+    const lectern::GLibHolder<char> printed(isText ? g_variant_dup_string(first.get(), nullptr)
+                                                   : g_variant_print(first.get(), FALSE));
     return {"", printed.get()};
 }
 
@@ -56,10 +56,10 @@ Answer PendingCall::wait() {
 }
 
 void PendingCall::finish(GObject* connection, GAsyncResult* result, gpointer self) {
-    GError* error = nullptr;
-    const hub::VariantPtr reply(g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, &error));
-    const hub::ErrorPtr owned(error);
-    static_cast<PendingCall*>(self)->mAnswer = answerFrom(reply.get(), error);
+    lectern::GLibHolder<GError> error;
+    const lectern::GLibHolder<GVariant> reply(
+        g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, out(error)));
+    static_cast<PendingCall*>(self)->mAnswer = answerFrom(reply.get(), error.get());
 }
 
 BusClient::BusClient(const std::string& address) {

@@ -2,7 +2,9 @@
 // A caller of services with its own connection.
 #pragma once
 
-#include "hub/GLibHolders.h"
+#include "base/GLibHolder.h"
+
+#include <gio/gio.h>
 
 #include <functional>
 #include <iosfwd>
@@ -39,7 +41,7 @@ public:
 private:
     static void finish(GObject* connection, GAsyncResult* result, gpointer self);
 
-    hub::ObjectPtr<GCancellable> mCancellable{g_cancellable_new()};
+    lectern::GLibHolder<GCancellable> mCancellable{g_cancellable_new()};
     std::optional<Answer> mAnswer;
 };
 
@@ -61,5 +63,5 @@ public:
     std::optional<pid_t> processOf(const char* name) const;
 
 private:
-    hub::ObjectPtr<GDBusConnection> mConnection;
+    lectern::GLibHolder<GDBusConnection> mConnection;
 };

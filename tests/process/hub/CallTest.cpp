@@ -29,7 +29,7 @@ protected:
 
     // Makes a call that requests no reply.
     void post(const char* method) const {
-        const hub::ObjectPtr<GDBusMessage> message(
+        const lectern::GLibHolder<GDBusMessage> message(
             g_dbus_message_new_method_call(SERVICE, "/events", INTERFACE, method));
         g_dbus_message_set_body(message.get(), g_variant_new("(s)", "posted"));
         g_dbus_message_set_flags(message.get(), G_DBUS_MESSAGE_FLAGS_NO_REPLY_EXPECTED);

@@ -71,7 +71,7 @@ TEST_F(Waiting, CallsBeforeTheLoopRunsAreServedWhenItRuns) {
     PendingCall second(mClient.connection(), SERVICE, "/events", INTERFACE, "echo",
                        g_variant_new("(s)", "2"));
     // The bus answers a later call after the calls before it were delivered.
-    const hub::VariantPtr ordered(g_dbus_connection_call_sync(
+    const lectern::GLibHolder<GVariant> ordered(g_dbus_connection_call_sync(
         mClient.connection(), "org.freedesktop.DBus", "/", "org.freedesktop.DBus", "GetId",
         g_variant_new("()"), nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr));
     ASSERT_TRUE(ordered);

@@ -233,7 +233,7 @@ TEST_F(Registration, AttachingTwiceIsRefused) {
 
 TEST_F(Registration, LoopOfAnotherContextIsRefused) {
     registerService();
-    const hub::ContextPtr context(g_main_context_new());
+    const lectern::GLibHolder<GMainContext> context(g_main_context_new());
     GMainLoop* loop = g_main_loop_new(context.get(), FALSE);
     EXPECT_FALSE(HubGmainAttach(mHandle, loop, mError.get()));
     EXPECT_EQ(mError.code(), HUB_ERROR_INVALID);

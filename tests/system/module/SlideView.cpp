@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/system/module/SlideView.h"
 
+#include "base/GLibHolder.h"
 #include "tests/process/engine/EngineHost.h"
-
-#include <glib.h>
 
 namespace lectern::test {
 namespace {
@@ -11,8 +10,8 @@ namespace {
 constexpr std::int32_t CAPACITY = 4096;
 
 std::string utf8(const std::vector<std::uint16_t>& units) {
-    g_autofree gchar* text = g_utf16_to_utf8(units.data(), -1, nullptr, nullptr, nullptr);
-    return text == nullptr ? "not UTF-16" : text;
+    const lectern::GLibHolder<char> text(g_utf16_to_utf8(units.data(), -1, nullptr, nullptr, nullptr));
+    return text ? text.get() : "not UTF-16";
 }
 
 } // namespace

@@ -9,6 +9,8 @@
 #include <fstream>
 #include <stdexcept>
 
+using lectern::GLibHolder;
+
 namespace {
 
 constexpr const char* SERVICE_NAME = "com.kestrel.office";
@@ -46,9 +48,8 @@ void waitForLine(const std::string& path) {
 
 PrivateBus::PrivateBus(const std::string& folder) : mAddress("unix:path=" + folder + "/bus") {
     const std::string file = folder + "/bus.conf";
-    char* text = g_strdup_printf(CONFIGURATION, folder.c_str());
-    std::ofstream(file) << text;
-    g_free(text);
+    const GLibHolder<char> text(g_strdup_printf(CONFIGURATION, folder.c_str()));
+    std::ofstream(file) << text.get();
     mDaemon = std::make_unique<Subprocess>(std::vector<std::string>{"dbus-daemon", "--config-file=" + file,
                                                                     "--nofork", "--nosyslog", "--nopidfile",
                                                                     "--print-address"},
@@ -61,37 +62,34 @@ PrivateBus::PrivateBus(const std::string& folder) : mAddress("unix:path=" + fold
 BusConnection::BusConnection(const std::string& address) {
     const auto flags = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                                          G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-    mConnection = g_dbus_connection_new_for_address_sync(address.c_str(), flags, nullptr, nullptr, nullptr);
-    if (mConnection == nullptr) {
+    mConnection.reset(
+        g_dbus_connection_new_for_address_sync(address.c_str(), flags, nullptr, nullptr, nullptr));
+    if (!mConnection) {
         throw std::runtime_error("no connection to the private bus");
     }
-    g_dbus_connection_set_exit_on_close(mConnection, FALSE);
+    g_dbus_connection_set_exit_on_close(mConnection.get(), FALSE);
 }
 
 BusConnection::~BusConnection() {
-    g_dbus_connection_close_sync(mConnection, nullptr, nullptr);
-    g_object_unref(mConnection);
+    g_dbus_connection_close_sync(mConnection.get(), nullptr, nullptr);
 }
 
 BusReply BusConnection::call(const std::string& category, const std::string& method,
                              const std::string& payload, int timeoutMs) {
     const std::string interface = std::string(SERVICE_NAME) + "." + category.substr(1);
-    GError* error = nullptr;
-    GVariant* result = g_dbus_connection_call_sync(
-        mConnection, SERVICE_NAME, category.c_str(), interface.c_str(), method.c_str(),
+    GLibHolder<GError> error;
+    const GLibHolder<GVariant> result(g_dbus_connection_call_sync(
+        mConnection.get(), SERVICE_NAME, category.c_str(), interface.c_str(), method.c_str(),
         g_variant_new("(s)", payload.c_str()), G_VARIANT_TYPE("(s)"), G_DBUS_CALL_FLAGS_NO_AUTO_START,
-        timeoutMs, nullptr, &error);
+        timeoutMs, nullptr, out(error)));
     BusReply reply;
-    if (result != nullptr) {
+    if (result) {
         const char* text = nullptr;
-        g_variant_get(result, "(&s)", &text);
+        g_variant_get(result.get(), "(&s)", &text);
         reply = {true, text, ""};
-        g_variant_unref(result);
     } else {
-        char* name = g_dbus_error_get_remote_error(error);
-        reply.error = name != nullptr ? name : error->message;
-        g_free(name);
-        g_error_free(error);
+        const GLibHolder<char> name(g_dbus_error_get_remote_error(error.get()));
+        reply.error = name ? name.get() : error->message;
     }
     return reply;
 }
@@ -101,34 +99,32 @@ bool BusConnection::waitForService(int timeoutMs) {
         GMainLoop* loop;
         bool owned;
     };
-    GMainContext* context = g_main_context_new();
-    g_main_context_push_thread_default(context);
-    Wait wait{g_main_loop_new(context, FALSE), false};
+    const GLibHolder<GMainContext> context(g_main_context_new());
+    g_main_context_push_thread_default(context.get());
+    const GLibHolder<GMainLoop> loop(g_main_loop_new(context.get(), FALSE));
+    Wait wait{loop.get(), false};
     const guint watch = g_bus_watch_name_on_connection(
-        mConnection, SERVICE_NAME, G_BUS_NAME_WATCHER_FLAGS_NONE,
+        mConnection.get(), SERVICE_NAME, G_BUS_NAME_WATCHER_FLAGS_NONE,
         [](GDBusConnection*, const char*, const char*, void* data) {
             auto* state = static_cast<Wait*>(data);
             state->owned = true;
             g_main_loop_quit(state->loop);
         },
         nullptr, &wait, nullptr);
-    GSource* limit = g_timeout_source_new(static_cast<guint>(timeoutMs));
+    const GLibHolder<GSource> limit(g_timeout_source_new(static_cast<guint>(timeoutMs)));
     g_source_set_callback(
-        limit,
-        [](void* loop) -> gboolean {
-            g_main_loop_quit(static_cast<GMainLoop*>(loop));
+        limit.get(),
+        [](void* running) -> gboolean {
+            g_main_loop_quit(static_cast<GMainLoop*>(running));
             return G_SOURCE_REMOVE;
         },
         wait.loop, nullptr);
-    g_source_attach(limit, context);
+    g_source_attach(limit.get(), context.get());
     g_main_loop_run(wait.loop);
-    g_source_destroy(limit);
-    g_source_unref(limit);
+    g_source_destroy(limit.get());
     g_bus_unwatch_name(watch);
-    while (g_main_context_iteration(context, FALSE)) {
+    while (g_main_context_iteration(context.get(), FALSE)) {
     }
-    g_main_loop_unref(wait.loop);
-    g_main_context_pop_thread_default(context);
-    g_main_context_unref(context);
+    g_main_context_pop_thread_default(context.get());
     return wait.owned;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "base/GLibHolder.h"
 #include "tests/system/support/Subprocess.h"
 
 #include <gio/gio.h>
@@ -41,5 +42,5 @@ public:
     bool waitForService(int timeoutMs);
 
 private:
-    GDBusConnection* mConnection = nullptr;
+    lectern::GLibHolder<GDBusConnection> mConnection;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/KeepAlive.h"
 #include "tests/unit/client/CallsFixture.h"
+#include "tests/unit/client/LibraryThreads.h"
 #include <lectern/CommonCalls.h>
 #include <lectern/EventCalls.h>
 #include <lectern/WordCalls.h>
@@ -130,6 +131,16 @@ TEST_F(CallsTest, KeepAlivePingsAgainAndAgainUntilItGoes) {
         mService.waitForCall("/events ping", 3);
     }
     const KeepAlive quiet(mBus, 1h); // its destruction does not wait for the period
+}
+
+TEST_F(CallsTest, OneThreadPingsForAllThatShareAConnection) {
+    const KeepAlive first(mBus, 1h);
+    const Bus copy = mBus;
+    {
+        const KeepAlive second(copy, 1h);
+        EXPECT_EQ(libraryThreads(), std::vector<std::string>{"lectern-pings"});
+    }
+    EXPECT_EQ(libraryThreads(), std::vector<std::string>{"lectern-pings"}) << "for the first";
 }
 
 } // namespace

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // The shell's completions, --help and the manual page must list the same
 // commands and options.
+#include "base/GLibHolder.h"
 #include "client/command/Subcommands.h"
 #include "client/command/play/Instructions.h"
-#include "client/lib/GLibHolder.h"
 
 #include <glib.h>
 #include <gmock/gmock.h>
@@ -34,16 +34,15 @@ std::string contents(const std::string& path) {
 
 // The first group of each match of a Perl-style regular expression.
 Names matches(const std::string& text, const char* expression) {
-    const std::unique_ptr<GRegex, decltype(&g_regex_unref)> pattern(
-        g_regex_new(expression, G_REGEX_MULTILINE, G_REGEX_MATCH_DEFAULT, nullptr), g_regex_unref);
-    GMatchInfo* match = nullptr;
-    g_regex_match(pattern.get(), text.c_str(), G_REGEX_MATCH_DEFAULT, &match);
+    const GLibHolder<GRegex> pattern(
+        g_regex_new(expression, G_REGEX_MULTILINE, G_REGEX_MATCH_DEFAULT, nullptr));
+    GLibHolder<GMatchInfo> match;
+    g_regex_match(pattern.get(), text.c_str(), G_REGEX_MATCH_DEFAULT, out(match));
     Names found;
-    for (; g_match_info_matches(match) != FALSE; g_match_info_next(match, nullptr)) {
-        const GLibHolder<char> group(g_match_info_fetch(match, 1));
+    for (; g_match_info_matches(match.get()) != FALSE; g_match_info_next(match.get(), nullptr)) {
+        const GLibHolder<char> group(g_match_info_fetch(match.get(), 1));
         found.insert(group.get());
     }
-    g_match_info_unref(match);
     return found;
 }
 

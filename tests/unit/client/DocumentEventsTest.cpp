@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // A document's callbacks, the threads they run on, and the paints that it makes
 // by itself.
-#include "client/lib/GLibHolder.h"
+#include "base/GLibHolder.h"
 #include "tests/unit/client/FakeService.h"
+#include "tests/unit/client/LibraryThreads.h"
 #include "tests/unit/client/Told.h"
 #include <lectern/Document.h>
 
@@ -119,6 +120,20 @@ TEST_F(DocumentEvents, ThePictureIsToldAfterTheOpenAndWhenTheViewHasChanged) {
     EXPECT_THAT(mTold.waitFor(1), Each("frame"));
     mService.view().notify(_INVALIDATED, 0, 0);
     EXPECT_THAT(mTold.waitFor(2), Each("frame"));
+}
+
+TEST_F(DocumentEvents, ADocumentThatPaintsByItselfRunsThreeThreadsAndItsConnectionOne) {
+    paintByItself();
+    const auto document = open();
+    EXPECT_THAT(libraryThreads(),
+                ElementsAre("lectern-events", "lectern-paints", "lectern-pings", "lectern-records"));
+}
+
+TEST_F(DocumentEvents, ADocumentThatIsPaintedOnTheProgramsLoopRunsOneThread) {
+    const GLibHolder<GMainContext> context(g_main_context_new());
+    mOptions.context = context.get();
+    const auto document = open();
+    EXPECT_THAT(libraryThreads(), ElementsAre("lectern-pings", "lectern-records"));
 }
 
 TEST_F(DocumentEvents, ThePictureAfterInputShowsIt) {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "client/lib/ClientQueue.h"
 #include "client/lib/Json.h"
 #include "tests/unit/client/FakeService.h"
 #include <lectern/Document.h>
@@ -109,6 +110,19 @@ TEST_F(DocumentTest, PaintFailsWhenTheServiceNoLongerKnowsTheDocument) {
     const auto failure = (*document)->paint();
     ASSERT_TRUE(failure);
     EXPECT_EQ(failure->name, "errDoesNotExist");
+}
+
+TEST_F(DocumentTest, TheAnswerToAnEarlierViewsPaintIsNotTakenForItsOwn) {
+    ClientQueue queue;
+    ASSERT_FALSE(queue.connect());
+    ServerClientMessage old(3 + DocAdapterMessageQueue::PAINT_DONE_BASE, _PAINT_DONE);
+    old.value = -4;
+    ASSERT_TRUE(queue.tryPost(old));
+    const auto document = open({.width = 20, .height = 10});
+    ASSERT_TRUE(document);
+    ASSERT_EQ((*document)->docid(), 3);
+    EXPECT_FALSE((*document)->paint());
+    EXPECT_EQ((*document)->frame().pixels()[199], FakeView::COLOUR);
 }
 
 TEST_F(DocumentTest, PaintIsWaitedForNoLongerThanTold) {

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "client/lib/GLibHolder.h"
+#include "base/GLibHolder.h"
 #include "client/lib/PrivateBus.h"
 #include "tests/unit/client/FakeView.h"
+
+#include <gio/gio.h>
 
 #include <condition_variable>
 #include <map>

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/unit/client/FakeView.h"
 
+#include "base/SharedSegment.h"
+
 #include <sys/ipc.h>
 #include <sys/shm.h>
 
@@ -11,17 +13,8 @@ namespace {
 
 // Type of the record that ends the worker. No client sends it.
 constexpr long END_OF_WORK = 98;
-
-// Creates a segment whose identifier is valid as a record's type.
-int makeStateSegment() {
-    for (;;) {
-        const int identifier = shmget(IPC_PRIVATE, sizeof(lectern::ViewState), IPC_CREAT | 0600);
-        if (identifier < 0 || identifier >= 4096) {
-            return identifier;
-        }
-        shmctl(identifier, IPC_RMID, nullptr);
-    }
-}
+// State segments of services begin here: below are other types of records.
+constexpr int FIRST_STATE = 4096;
 
 } // namespace
 
@@ -34,7 +27,8 @@ FakeView::FakeView(int docid, int frameBuffer, int width, int height, unsigned i
         mStateIdentifier = state;
         std::memcpy(&mState, mStateMemory.address(), sizeof mState);
     } else {
-        const int identifier = makeStateSegment();
+        const int identifier =
+            lectern::makeSegment(FIRST_STATE, IPC_PRIVATE, sizeof(lectern::ViewState), 0600);
         mStateIdentifier = static_cast<unsigned int>(identifier);
         mStateMemory = lectern::Attachment(identifier);
         shmctl(identifier, IPC_RMID, nullptr);

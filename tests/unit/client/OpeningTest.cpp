@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Slow opens: progress, cancellation, opens in the background.
-#include "client/lib/GLibHolder.h"
+#include "base/GLibHolder.h"
 #include "client/lib/Json.h"
 #include "tests/unit/client/FakeService.h"
 #include "tests/unit/client/Told.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/PrivateBus.h"
 
-#include "client/lib/Spawn.h"
+#include "base/Spawn.h"
 #include <lectern/Bus.h>
 
 #include <gmock/gmock.h>
@@ -70,15 +70,18 @@ TEST(PrivateBus, EndsWithAClientThatIsKilled) {
     int ends[2];
     ASSERT_EQ(pipe(ends), 0);
     setenv("LECTERN_SERVICE", service.c_str(), 1);
-    const auto client = spawn(LECTERN_DOOMED_CLIENT, {}, {.output = ends[1]});
+    pid_t client = -1;
+    const int failure = lectern::spawn(
+        {.path = LECTERN_DOOMED_CLIENT, .arguments = {}, .environment = {}, .files = {-1, ends[1], -1}},
+        client);
     setenv("LECTERN_SERVICE", "/bin/false", 1);
-    ASSERT_TRUE(client) << client.error().text;
+    ASSERT_EQ(failure, 0);
     close(ends[1]);
     char address[512] = {};
     ASSERT_GT(read(ends[0], address, sizeof address - 1), 0);
     close(ends[0]);
     ASSERT_TRUE(std::filesystem::exists(folderOf(address)));
-    kill(*client, SIGKILL);
+    kill(client, SIGKILL);
     // This process becomes the keeper's parent and reaps it; the keeper ends
     // after all its descendants.
     while (waitpid(-1, nullptr, 0) > 0) {

@@ -2,6 +2,8 @@
 // Tests that create segments and queues, each in a new IPC namespace as after boot.
 #pragma once
 
+#include "base/SharedSegment.h"
+
 #include <gtest/gtest.h>
 #include <sched.h>
 #include <sys/ipc.h>
@@ -27,11 +29,6 @@ protected:
     // A segment that a client has kept from an earlier view; its identifier is
     // above the reserved ones.
     static unsigned int makeClientSegment(size_t size) {
-        unsigned int id = makeSegment(size);
-        while (id < 4096) {
-            shmctl(static_cast<int>(id), IPC_RMID, nullptr);
-            id = makeSegment(size);
-        }
-        return id;
+        return static_cast<unsigned int>(lectern::makeSegment(4096, IPC_PRIVATE, size, 0666));
     }
 };
