@@ -23,8 +23,9 @@ GBusType busType() {
 }
 
 lectern::GLibHolder<char> busAddress(GError** cause) {
-    if (const char* starter = g_getenv("DBUS_STARTER_ADDRESS"))
+    if (const char* starter = g_getenv("DBUS_STARTER_ADDRESS")) {
         return lectern::GLibHolder<char>(g_strdup(starter));
+    }
     return lectern::GLibHolder<char>(g_dbus_address_get_for_bus_sync(busType(), nullptr, cause));
 }
 
@@ -70,8 +71,9 @@ bool checkNameIsFree(GDBusConnection* connection, const char* name, HubError* er
     const lectern::GLibHolder<GVariant> reply =
         callBus(connection, "NameHasOwner", g_variant_new("(s)", name), G_VARIANT_TYPE("(b)"),
                 std::string("can't look up the name ") + name, error);
-    if (!reply)
+    if (!reply) {
         return false;
+    }
     gboolean owned = FALSE;
     g_variant_get(reply.get(), "(b)", &owned);
     return owned == FALSE || failTaken(error, name);
@@ -81,8 +83,9 @@ bool takeName(GDBusConnection* connection, const char* name, HubError* error) {
     const lectern::GLibHolder<GVariant> reply =
         callBus(connection, "RequestName", g_variant_new("(su)", name, DO_NOT_QUEUE), G_VARIANT_TYPE("(u)"),
                 std::string("can't take the name ") + name, error);
-    if (!reply)
+    if (!reply) {
         return false;
+    }
     guint32 answer = 0;
     g_variant_get(reply.get(), "(u)", &answer);
     return answer == PRIMARY_OWNER || failTaken(error, name);

@@ -27,16 +27,18 @@ bool wantsReply(GDBusMessage* call) {
 bool send(GDBusConnection* connection, GDBusMessage* reply, HubError* error) {
     lectern::GLibHolder<GError> cause;
     if (g_dbus_connection_send_message(connection, reply, G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr,
-                                       out(cause)))
+                                       out(cause))) {
         return true;
+    }
     return failFromBus(error, "can't send the reply", cause.get());
 }
 
 // Replies to a call that its handler did not answer. Errors of sending are ignored,
 // because the connection is lost then.
 void closeCall(GDBusConnection* connection, GDBusMessage* call, bool handled) {
-    if (!wantsReply(call))
+    if (!wantsReply(call)) {
         return;
+    }
     const std::string method = g_dbus_message_get_member(call);
     const std::string text = handled ? method + " sends no reply" : method + " did not handle the call";
     const lectern::GLibHolder<GDBusMessage> reply(
@@ -46,8 +48,9 @@ void closeCall(GDBusConnection* connection, GDBusMessage* call, bool handled) {
 
 // GDBus delivers only methods of the table, so the search always ends.
 const HubMethod& findMethod(const HubMethod* table, std::string_view name) {
-    while (table->name != name)
+    while (table->name != name) {
         ++table;
+    }
     return *table;
 }
 
@@ -60,8 +63,9 @@ void dispatch(GDBusConnection* connection, const char*, const char*, const char*
     HubMessage message{g_dbus_method_invocation_get_message(invocation), nullptr};
     g_variant_get(parameters, "(&s)", &message.payload);
     const bool handled = method.handler(category.handle, &message, nullptr);
-    if (!message.replied)
+    if (!message.replied) {
         closeCall(connection, message.call, handled);
+    }
 }
 
 } // namespace
@@ -70,8 +74,9 @@ bool exportCategory(Category& category, const char* path, HubError* error) {
     static const GDBusInterfaceVTable calls{dispatch, nullptr, nullptr, {}};
     lectern::GLibHolder<GError> cause;
     if (g_dbus_connection_register_object(category.handle->connection.get(), path, category.interface.info(),
-                                          &calls, &category, nullptr, out(cause)) != 0)
+                                          &calls, &category, nullptr, out(cause)) != 0) {
         return true;
+    }
     return fail(error, HUB_ERROR_INVALID, cause->message);
 }
 
@@ -82,13 +87,16 @@ const char* HubMessageGetPayload(HubMessage* message) {
 }
 
 bool HubMessageReply(HubHandle* handle, HubMessage* message, const char* payload, HubError* error) {
-    if (handle == nullptr || message == nullptr || payload == nullptr)
+    if (handle == nullptr || message == nullptr || payload == nullptr) {
         return hub::fail(error, HUB_ERROR_INVALID, "a reply needs a handle, a message and a text");
-    if (message->replied)
+    }
+    if (message->replied) {
         return hub::fail(error, HUB_ERROR_REPLIED, "the call was answered already");
+    }
     message->replied = true;
-    if (!hub::wantsReply(message->call))
+    if (!hub::wantsReply(message->call)) {
         return true;
+    }
 
     lectern::GLibHolder<char> text = hub::validUtf8(payload);
     const lectern::GLibHolder<GDBusMessage> reply(g_dbus_message_new_method_reply(message->call));

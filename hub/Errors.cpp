@@ -2,22 +2,25 @@
 #include "hub/Errors.h"
 
 bool HubErrorInit(HubError* error) {
-    if (error == nullptr)
+    if (error == nullptr) {
         return false;
+    }
     *error = HubError{HUB_ERROR_NONE, nullptr};
     return true;
 }
 
 void HubErrorFree(HubError* error) {
-    if (error == nullptr)
+    if (error == nullptr) {
         return;
+    }
     g_free(error->message);
     HubErrorInit(error);
 }
 
 void HubErrorPrint(const HubError* error, FILE* stream) {
-    if (error != nullptr && error->code != HUB_ERROR_NONE)
+    if (error != nullptr && error->code != HUB_ERROR_NONE) {
         std::fprintf(stream, "%s (error %d)\n", error->message, error->code);
+    }
 }
 
 namespace hub {

@@ -28,8 +28,9 @@ InterfaceDescription::InterfaceDescription(std::string name, const HubMethod* me
     for (const HubMethod* method = methods; method->name != nullptr; ++method) {
         mMethods.push_back({NOT_COUNTED, readOnly(method->name), gArgumentsIn, gArgumentsOut, nullptr});
     }
-    for (GDBusMethodInfo& method : mMethods)
+    for (GDBusMethodInfo& method : mMethods) {
         mMethodList.push_back(&method);
+    }
     mMethodList.push_back(nullptr);
 
     mInfo.ref_count = NOT_COUNTED;
@@ -41,14 +42,18 @@ std::string findTableFault(const HubMethod* methods) {
     std::set<std::string_view> names;
     for (const HubMethod* method = methods; method->name != nullptr; ++method) {
         const std::string name = method->name;
-        if (!g_dbus_is_member_name(method->name))
+        if (!g_dbus_is_member_name(method->name)) {
             return "\"" + name + "\" is not a method name";
-        if (method->handler == nullptr)
+        }
+        if (method->handler == nullptr) {
             return "method \"" + name + "\" has no handler";
-        if (method->flags != 0)
+        }
+        if (method->flags != 0) {
             return "method \"" + name + "\" has unknown flags";
-        if (!names.insert(method->name).second)
+        }
+        if (!names.insert(method->name).second) {
             return "method \"" + name + "\" is listed twice";
+        }
     }
     return {};
 }

@@ -6,12 +6,12 @@
 namespace {
 
 enum ClickType : int32_t {
-    footnote = 2,
-    endnote = 3,
-    comment = 4,
-    otherSecondary = 5,
-    hyperlink = 6,
-    internalLink = 7,
+    FOOTNOTE = 2,
+    ENDNOTE = 3,
+    COMMENT = 4,
+    OTHER_SECONDARY = 5,
+    HYPERLINK = 6,
+    INTERNAL_LINK = 7,
 };
 
 } // namespace
@@ -33,18 +33,18 @@ bool Word::handleClick(int x, int y) {
         mModule.wtg_get_click_info(mDocument, column, row, &info);
     }
     switch (info != nullptr ? info->type : 0) {
-    case hyperlink:
+    case HYPERLINK:
         SendDocMessage(_HYPERLINK);
         return true;
-    case internalLink:
+    case INTERNAL_LINK:
         if (jumpToCharacter(static_cast<int32_t>(info->a), static_cast<uint32_t>(info->b))) {
             mScroll.x = 0;
         }
         return true;
-    case footnote:
-    case endnote:
-    case comment:
-    case otherSecondary:
+    case FOOTNOTE:
+    case ENDNOTE:
+    case COMMENT:
+    case OTHER_SECONDARY:
         return showPopup(*info);
     default:
         return OfficeBase::handleClick(x, y);

@@ -55,16 +55,19 @@ std::unique_ptr<Document> Document::load(const std::string& file, const std::str
     const std::string copy = profile + "/document" + std::filesystem::path(file).extension().string();
     std::filesystem::copy_file(file, copy);
     // The engine's profile, so that both run with the same settings.
-    if (!lectern::engine::writeProfile(profile))
+    if (!lectern::engine::writeProfile(profile)) {
         return nullptr;
+    }
     const double start = milliseconds();
     document->mOffice.reset(lok::lok_cpp_init(LECTERN_OFFICE_PROGRAM, ("file://" + profile).c_str()));
-    if (!document->mOffice)
+    if (!document->mOffice) {
         return nullptr;
+    }
     const double started = milliseconds();
     document->mPainter.reset(document->mOffice->documentLoad(("file://" + copy).c_str(), "Batch=true"));
-    if (!document->mPainter)
+    if (!document->mPainter) {
         return nullptr;
+    }
     document->mPainter->initializeForRendering("{}");
     const auto desktop = css::frame::Desktop::create(componentContext());
     // The desktop does not know its current document yet, but there is only one.
@@ -81,16 +84,20 @@ void Document::reflow(int width, int dpi) {
     mModel->lockControllers();
     for (const rtl::OUString& name : styles->getElementNames()) {
         const Reference<css::style::XStyle> style(styles->getByName(name), UNO_QUERY_THROW);
-        if (!style->isInUse())
+        if (!style->isInUse()) {
             continue;
+        }
         const Reference<css::beans::XPropertySet> page(style, UNO_QUERY_THROW);
-        for (const char* off : {"HeaderIsOn", "FooterIsOn", "IsLandscape"})
+        for (const char* off : {"HeaderIsOn", "FooterIsOn", "IsLandscape"}) {
             set(page, off, Any(false));
+        }
         set(page, "GridMode", Any(sal_Int16(0)));
-        for (const char* side : {"LeftMargin", "RightMargin"})
+        for (const char* side : {"LeftMargin", "RightMargin"}) {
             set(page, side, Any(MARGIN));
-        for (const char* side : {"TopMargin", "BottomMargin"})
+        }
+        for (const char* side : {"TopMargin", "BottomMargin"}) {
             set(page, side, Any(sal_Int32(0)));
+        }
         set(page, "Width", Any(static_cast<sal_Int32>(int64_t{width} * 2540 / dpi)));
         set(page, "Height", Any(GIANT_PAGE));
     }
@@ -111,8 +118,9 @@ void Document::paintTwips(int width, int height, int twipsWide, int twipsHigh) {
 
 void run(int (*measure)(char** argv, const std::string& profile), char** argv) {
     std::string profile = (std::filesystem::temp_directory_path() / "bare-word-XXXXXX").string();
-    if (mkdtemp(profile.data()) == nullptr)
+    if (mkdtemp(profile.data()) == nullptr) {
         _exit(1);
+    }
     setenv("TMPDIR", profile.c_str(), 1); // the suite leaves files in it
     int result = 1;
     try {

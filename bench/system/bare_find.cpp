@@ -20,11 +20,13 @@ int measure(char** argv, const std::string& profile) {
     const int width = std::atoi(argv[2]);  // NOLINT(cert-err34-c)
     const int height = std::atoi(argv[3]); // NOLINT(cert-err34-c)
     const int dpi = std::atoi(argv[4]);    // NOLINT(cert-err34-c)
-    if (width < 1 || height < 1 || dpi < 1)
+    if (width < 1 || height < 1 || dpi < 1) {
         return 2;
+    }
     auto* const document = bare::Document::load(argv[1], profile).release();
-    if (document == nullptr)
+    if (document == nullptr) {
         return 1;
+    }
     document->reflow(width, dpi);
     const css::uno::Reference<css::util::XSearchable> searchable(document->model(),
                                                                  css::uno::UNO_QUERY_THROW);

@@ -14,12 +14,14 @@ int measure(char** argv, const std::string& profile) {
     const int width = std::atoi(argv[2]);  // NOLINT(cert-err34-c)
     const int height = std::atoi(argv[3]); // NOLINT(cert-err34-c)
     const int dpi = std::atoi(argv[4]);    // NOLINT(cert-err34-c)
-    if (width < 1 || height < 1 || dpi < 1)
+    if (width < 1 || height < 1 || dpi < 1) {
         return 2;
+    }
     // Never destroyed: the suite is not shut down.
     auto* const document = bare::Document::load(argv[1], profile).release();
-    if (document == nullptr)
+    if (document == nullptr) {
         return 1;
+    }
     const double loaded = bare::milliseconds();
     document->reflow(width, dpi);
     const double reflowed = bare::milliseconds();

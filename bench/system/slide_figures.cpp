@@ -69,8 +69,9 @@ public:
             lok::lok_cpp_init(LECTERN_OFFICE_PROGRAM, ("file://" + job.folder + "/profile").c_str());
         mDocument =
             suite == nullptr ? nullptr : suite->documentLoad(("file://" + copy).c_str(), "Batch=true");
-        if (mDocument == nullptr)
+        if (mDocument == nullptr) {
             return;
+        }
         mDocument->initializeForRendering("{}");
         mDocument->getDocumentSize(&mAcross, &mDown);
     }
@@ -108,8 +109,9 @@ public:
                                   units(job.folder).data(), &mDocument);
     }
     ~Module() {
-        if (mDocument != nullptr)
+        if (mDocument != nullptr) {
             mFunctions.sstg_close_file(&mDocument);
+        }
     }
     Module(const Module&) = delete;
     Module& operator=(const Module&) = delete;
@@ -140,13 +142,15 @@ int measure(const Job& job) {
     Module module(job);
     setenv("TMPDIR", job.folder.c_str(), 1); // the suite leaves files in it
     BareSuite suite(job);
-    if (!module.isOpen() || !suite.isOpen())
+    if (!module.isOpen() || !suite.isOpen()) {
         return 1;
+    }
     std::vector<std::int32_t> slides(static_cast<size_t>(module.count()));
     std::iota(slides.begin(), slides.end(), 0);
-    if (job.jumps)
+    if (job.jumps) {
         std::shuffle(slides.begin(), slides.end(),
                      std::mt19937(1)); // NOLINT(cert-msc51-cpp): always the same order
+    }
     std::vector<double> bare;
     std::vector<double> painted;
     std::vector<double> kept;
@@ -171,8 +175,9 @@ int main(int argc, char** argv) {
         return 2;
     }
     std::string folder = (std::filesystem::temp_directory_path() / "slide-figures-XXXXXX").string();
-    if (mkdtemp(folder.data()) == nullptr)
+    if (mkdtemp(folder.data()) == nullptr) {
         return 1;
+    }
     const Job job{argv[1], std::atoi(argv[2]), std::atoi(argv[3]), jumps, folder}; // NOLINT(cert-err34-c)
     const int result = measure(job);
     std::error_code error;

@@ -38,7 +38,7 @@ GOptionEntry passwordEntry(TextOption& password);
 GOptionEntry sizeEntry(TextOption& size);
 GOptionEntry jsonEntry(gboolean& json);
 
-// The error for a text that is not a valid value: "'9x' is no size; ...".
+// The error for a text that is not a valid value: "'9x' is not a valid size; ...".
 Misuse wrongValue(const TextOption& text, const char* why);
 // Functions that convert an option's text to a value; the value is unchanged
 // when the option is not given. Return the error for an invalid text.

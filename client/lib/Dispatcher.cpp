@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/Dispatcher.h"
 
+#include "base/Mutex.h"
+
 #include <deque>
 #include <mutex>
 #include <utility>
@@ -11,10 +13,11 @@ struct Dispatcher::Outbox {
     // Held while a task runs; close() takes it to wait for the task. Recursive,
     // because a task may destroy the dispatcher.
     std::recursive_mutex running;
-    std::mutex mutex; // guards the members below
-    std::deque<std::function<void()>> tasks;
-    bool scheduled = false; // a source in the context is going to run the tasks
-    bool closed = false;
+    Mutex mutex;
+    std::deque<std::function<void()>> tasks GUARDED_BY(mutex);
+    // A source in the context is going to run the tasks.
+    bool scheduled GUARDED_BY(mutex) = false;
+    bool closed GUARDED_BY(mutex) = false;
 };
 
 namespace {
@@ -46,7 +49,7 @@ Dispatcher::Dispatcher(GMainContext* context)
 
 void Dispatcher::close() {
     {
-        const std::lock_guard lock(mOutbox->mutex);
+        const Lock lock(mOutbox->mutex);
         mOutbox->closed = true;
         mOutbox->tasks.clear();
     }
@@ -63,7 +66,7 @@ Dispatcher::~Dispatcher() {
 
 void Dispatcher::post(std::function<void()> task) {
     {
-        const std::lock_guard lock(mOutbox->mutex);
+        const Lock lock(mOutbox->mutex);
         if (mOutbox->closed) {
             return;
         }
@@ -91,7 +94,7 @@ bool Dispatcher::deliverNext(Outbox& outbox) {
     const std::lock_guard running(outbox.running);
     std::function<void()> task;
     {
-        const std::lock_guard lock(outbox.mutex);
+        const Lock lock(outbox.mutex);
         if (!outbox.tasks.empty()) {
             task = std::move(outbox.tasks.front());
             outbox.tasks.pop_front();
@@ -100,7 +103,7 @@ bool Dispatcher::deliverNext(Outbox& outbox) {
     if (task) {
         task();
     }
-    const std::lock_guard lock(outbox.mutex);
+    const Lock lock(outbox.mutex);
     outbox.scheduled = !outbox.tasks.empty();
     return outbox.scheduled;
 }

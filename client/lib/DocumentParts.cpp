@@ -39,7 +39,7 @@ Document::Parts::Parts(const Bus& onBus, std::string absolutePath, OpenOptions o
 // Closes the old view first, because the new one listens to the same notifications.
 // Releases the old view's state segment only when the new view has it.
 Failure Document::Parts::open(unsigned int restoreFrom, const CallLimits& limits) {
-    const std::lock_guard opening(mOpening);
+    const Lock opening(mOpening);
     if (const auto before = view()) {
         before->close();
     }
@@ -59,7 +59,7 @@ Failure Document::Parts::open(unsigned int restoreFrom, const CallLimits& limits
         return opened.error();
     }
     {
-        const std::lock_guard lock(mViewMutex);
+        const Lock lock(mViewMutex);
         mView.swap(*opened);
     }
     requestPaint(false);
@@ -67,7 +67,7 @@ Failure Document::Parts::open(unsigned int restoreFrom, const CallLimits& limits
 }
 
 std::shared_ptr<View> Document::Parts::view() const {
-    const std::lock_guard lock(mViewMutex);
+    const Lock lock(mViewMutex);
     return mView;
 }
 
@@ -88,7 +88,7 @@ void Document::Parts::take(const ServerClientMessage& message) {
 }
 
 Failure Document::Parts::paint(const CallLimits& limits) {
-    const std::lock_guard painting(mPainting);
+    const Lock painting(mPainting);
     return view()->paint(limits);
 }
 
@@ -155,7 +155,7 @@ Failure Document::Parts::sendFactor(ClientMessageType type, double factor) {
 Failure Document::Parts::sendPen(ClientMessageType type, int x, int y) {
     bool dragEnds = false;
     {
-        const std::lock_guard lock(mPenMutex);
+        const Lock lock(mPenMutex);
         if (type == _PEN_DOWN) {
             mContact = {true, x, y};
         }
@@ -196,7 +196,7 @@ Failure Document::Parts::flick(int velocityX, int velocityY, const CallLimits& l
     });
     bool alone = false;
     {
-        const std::lock_guard lock(mPenMutex);
+        const Lock lock(mPenMutex);
         mContact.flicked = true;
         alone = !mContact.active;
     }
@@ -206,7 +206,7 @@ Failure Document::Parts::flick(int velocityX, int velocityY, const CallLimits& l
 Failure Document::Parts::slowFlick(const CallLimits& limits) {
     Failure failure =
         ask([&](const Bus& onBus, int id) { return events::handleFlick(onBus, id, 0, SLOWEST, limits); });
-    const std::lock_guard lock(mPenMutex);
+    const Lock lock(mPenMutex);
     mRestFrom = Clock::now() + SLOWEST_GLIDE;
     return failure;
 }
@@ -220,7 +220,7 @@ void Document::Parts::settle() {
     view()->settle(SETTLE_PATIENCE);
     Clock::time_point rest;
     {
-        const std::lock_guard lock(mPenMutex);
+        const Lock lock(mPenMutex);
         rest = mRestFrom;
     }
     std::this_thread::sleep_until(rest);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "base/Mutex.h"
 #include "client/lib/Dispatcher.h"
 #include "client/lib/Painter.h"
 #include "client/lib/View.h"
@@ -9,7 +10,6 @@
 #include <atomic>
 #include <chrono>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <string>
 
@@ -62,19 +62,19 @@ private:
     Failure paintItself(bool afterInput, const std::stop_token& stop);
 
     const std::shared_ptr<const ViewEvents> mEvents;
-    std::mutex mOpening;            // held during an open
-    mutable std::mutex mViewMutex;  // guards mView
-    std::mutex mPainting;           // held during a paint
+    Mutex mOpening; // held during an open
+    mutable Mutex mViewMutex;
+    Mutex mPainting;                // held during a paint
     std::atomic<bool> mInvalidated; // a call of onInvalidated is pending
-    std::mutex mPenMutex;           // guards the two members below
-    PenContact mContact;
-    Clock::time_point mRestFrom{};
+    Mutex mPenMutex;
+    PenContact mContact GUARDED_BY(mPenMutex);
+    Clock::time_point mRestFrom GUARDED_BY(mPenMutex){};
 
     bool mOthersWait = false; // used by the painter only
 
     // Declared so that each is destroyed before those that it uses.
     Dispatcher mDispatcher;
-    std::shared_ptr<View> mView;
+    std::shared_ptr<View> mView GUARDED_BY(mViewMutex);
     std::optional<Painter> mPainter;
 };
 

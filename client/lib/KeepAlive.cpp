@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/KeepAlive.h"
 
+#include "base/Mutex.h"
 #include <lectern/EventCalls.h>
 
 #include <condition_variable>
 #include <map>
-#include <mutex>
 #include <thread>
 #include <utility>
 
@@ -21,9 +21,9 @@ public:
 
     // The one of this connection, made when there is none.
     static std::shared_ptr<Pinger> of(const Bus& bus, std::chrono::milliseconds period) {
-        static std::mutex mutex;
+        static Mutex mutex;
         static std::map<_GDBusConnection*, std::weak_ptr<Pinger>> pingers;
-        const std::lock_guard lock(mutex);
+        const Lock lock(mutex);
         std::erase_if(pingers, [](const auto& entry) { return entry.second.expired(); });
         std::weak_ptr<Pinger>& known = pingers[bus.connection()];
         std::shared_ptr<Pinger> pinger = known.lock();
@@ -35,17 +35,17 @@ public:
     }
 
     void add(const KeepAlive* listener, std::function<void()> onBusLost) {
-        const std::lock_guard lock(mMutex);
+        const Lock lock(mMutex);
         mListeners.emplace(listener, std::move(onBusLost));
     }
     void remove(const KeepAlive* listener) {
-        const std::lock_guard lock(mMutex);
+        const Lock lock(mMutex);
         mListeners.erase(listener);
     }
 
 private:
     void run(const std::stop_token& stop, std::chrono::milliseconds period) {
-        std::unique_lock lock(mMutex);
+        Lock lock(mMutex);
         while (!mStopped.wait_for(lock, stop, period, [&stop] { return stop.stop_requested(); })) {
             if (!mBus.isClosed()) {
                 (void)events::ping(mBus); // fails when the bus is closed, which the next round sees
@@ -60,8 +60,8 @@ private:
     }
 
     const Bus mBus;
-    std::mutex mMutex; // guards the listeners; held while they are called
-    std::map<const KeepAlive*, std::function<void()>> mListeners;
+    Mutex mMutex; // held while the listeners are called
+    std::map<const KeepAlive*, std::function<void()>> mListeners GUARDED_BY(mMutex);
     std::condition_variable_any mStopped;
     std::jthread mThread; // last: it uses the others
 };

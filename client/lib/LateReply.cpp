@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/LateReply.h"
 
+#include "base/Mutex.h"
 #include "client/lib/BusMessages.h"
 
 #include <algorithm>
@@ -21,10 +22,10 @@ struct LateReply::Watch {
 
 // All watches of one connection; owned by the connection.
 struct LateReply::Watches {
-    std::mutex mutex; // guards the list and its elements
-    std::vector<std::shared_ptr<Watch>> list;
+    Mutex mutex; // guards the elements too
+    std::vector<std::shared_ptr<Watch>> list GUARDED_BY(mutex);
 
-    void remove(const std::shared_ptr<Watch>& watch) { std::erase(list, watch); }
+    void remove(const std::shared_ptr<Watch>& watch) REQUIRES(mutex) { std::erase(list, watch); }
 };
 
 namespace {
@@ -46,24 +47,24 @@ LateReply::LateReply(const Bus& bus, Bus::LateHandler handler)
     : mConnection(bus.connection()),
       mWatches(*static_cast<Watches*>(g_object_get_data(G_OBJECT(bus.connection()), WATCHES_KEY))),
       mWatch(std::make_shared<Watch>(std::move(handler))) {
-    const std::lock_guard lock(mWatches.mutex);
+    const Lock lock(mWatches.mutex);
     mWatches.list.push_back(mWatch);
 }
 
 LateReply::~LateReply() {
-    const std::lock_guard lock(mWatches.mutex);
+    const Lock lock(mWatches.mutex);
     if (!mWatch->givenUp) {
         mWatches.remove(mWatch);
     }
 }
 
 void LateReply::send(const std::function<uint32_t()>& sendCall) {
-    const std::lock_guard lock(mWatches.mutex);
+    const Lock lock(mWatches.mutex);
     mWatch->serial = sendCall();
 }
 
 void LateReply::giveUp() {
-    const std::lock_guard lock(mWatches.mutex);
+    const Lock lock(mWatches.mutex);
     mWatch->givenUp = true;
     if (mWatch->reply) {
         finish(mConnection, *mWatch);
@@ -85,7 +86,7 @@ GDBusMessage* LateReply::look(GDBusConnection* connection, GDBusMessage* message
     if (serial == 0) {
         return message;
     }
-    const std::lock_guard lock(watches.mutex);
+    const Lock lock(watches.mutex);
     const auto found = std::find_if(watches.list.begin(), watches.list.end(),
                                     [serial](const auto& watch) { return watch->serial == serial; });
     if (found != watches.list.end()) {

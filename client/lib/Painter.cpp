@@ -13,15 +13,15 @@ Painter::Painter(std::shared_ptr<const ViewEvents> events, const FrameBuffer& fr
 }
 
 void Painter::request(bool afterInput) {
-    const std::lock_guard lock(mState->mutex);
+    const Lock lock(mState->mutex);
     mState->wanted = true;
     mState->afterInput = mState->afterInput || afterInput;
     mState->changed.notify_all();
 }
 
 bool Painter::awaitRequest(const std::stop_token& stop, bool& afterInput) {
-    std::unique_lock lock(mState->mutex);
-    if (!mState->changed.wait(lock, stop, [this] { return mState->wanted; })) {
+    Lock lock(mState->mutex);
+    if (!mState->changed.wait(lock, stop, [this]() REQUIRES(mState->mutex) { return mState->wanted; })) {
         return false;
     }
     mState->wanted = false;
@@ -42,22 +42,22 @@ void Painter::run(const std::stop_token& stop) {
                 }
             });
         }
-        std::unique_lock lock(mState->mutex);
+        Lock lock(mState->mutex);
         mState->changed.wait_until(lock, stop, next, [] { return false; });
     }
 }
 
 // Returns when the frame may be painted again.
 void Painter::show(const std::stop_token& stop) {
-    std::unique_lock lock(mState->mutex);
+    Lock lock(mState->mutex);
     mState->lookedAt = true;
     mDispatcher.post([events = mEvents, state = mState, &frame = mFrame] {
         events->onFrame(frame);
-        const std::lock_guard looked(state->mutex);
+        const Lock looked(state->mutex);
         state->lookedAt = false;
         state->changed.notify_all();
     });
-    mState->changed.wait(lock, stop, [this] { return !mState->lookedAt; });
+    mState->changed.wait(lock, stop, [this]() REQUIRES(mState->mutex) { return !mState->lookedAt; });
 }
 
 } // namespace lectern

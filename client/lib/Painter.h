@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "base/Mutex.h"
 #include "client/lib/Dispatcher.h"
 #include <lectern/FrameBuffer.h>
 #include <lectern/ViewEvents.h>
@@ -9,7 +10,6 @@
 #include <condition_variable>
 #include <functional>
 #include <memory>
-#include <mutex>
 #include <thread>
 
 namespace lectern {
@@ -37,11 +37,11 @@ public:
 private:
     // Shared with pending callbacks.
     struct State {
-        std::mutex mutex; // guards the members below
+        Mutex mutex;
         std::condition_variable_any changed;
-        bool wanted = false;
-        bool afterInput = false;
-        bool lookedAt = false;
+        bool wanted GUARDED_BY(mutex) = false;
+        bool afterInput GUARDED_BY(mutex) = false;
+        bool lookedAt GUARDED_BY(mutex) = false;
     };
 
     void run(const std::stop_token& stop);

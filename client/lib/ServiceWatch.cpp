@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/ServiceWatch.h"
 
+#include "base/Mutex.h"
 #include "client/lib/BusMessages.h"
 
 #include <cstring>
-#include <mutex>
 #include <utility>
 
 namespace lectern {
@@ -15,11 +15,11 @@ struct ServiceWatch::Watch {
 
     const std::string name;
     const std::function<void()> onGone;
-    std::mutex mutex; // held while onGone runs
-    bool told = false;
+    Mutex mutex; // held while onGone runs
+    bool told GUARDED_BY(mutex) = false;
 
     void tell() {
-        const std::lock_guard lock(mutex);
+        const Lock lock(mutex);
         if (!std::exchange(told, true)) {
             onGone();
         }
@@ -68,7 +68,7 @@ ServiceWatch::ServiceWatch(const Bus& bus, const std::string& uniqueName, std::f
 
 ServiceWatch::~ServiceWatch() {
     {
-        const std::lock_guard lock(mWatch->mutex);
+        const Lock lock(mWatch->mutex);
         mWatch->told = true;
     }
     g_dbus_connection_remove_filter(mBus.connection(), mFilter);

@@ -3,6 +3,7 @@
 
 #include "client/lib/Errors.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace lectern {
@@ -20,9 +21,16 @@ constexpr std::chrono::milliseconds OPENED_PATIENCE{10'000};
 constexpr std::chrono::milliseconds BETWEEN_CHECKS{1'000};
 // The longest sleep while the opened record is awaited, which wakes its waiter.
 constexpr std::chrono::milliseconds OPENED_STEP{100};
-// How often a paint looks for its answer. A paint takes some milliseconds, so that
-// this is little of it.
-constexpr std::chrono::microseconds BETWEEN_LOOKS{500};
+// How often a paint looks for its answer: at first as fast as the quickest paint
+// comes, then after an eighth of the time waited, so that looking late costs at most
+// that share, and a slow paint few wake-ups.
+constexpr std::chrono::microseconds FIRST_LOOK{50};
+constexpr std::chrono::microseconds LAST_LOOK{4'000};
+constexpr int LOOKS_SHARE = 8;
+
+std::chrono::microseconds betweenLooks(std::chrono::microseconds waited) {
+    return std::clamp(waited / LOOKS_SHARE, FIRST_LOOK, LAST_LOOK);
+}
 // How long the start of a contact waits for the end of the previous one to be taken.
 constexpr std::chrono::milliseconds ORDER_PATIENCE{1'000};
 
@@ -71,7 +79,7 @@ Failure View::listen() {
     }
     Attendants attendants{std::move(*reader), std::make_unique<ServiceWatch>(mBus, owner(), onGone),
                           std::make_unique<KeepAlive>(mBus, KeepAlive::DEFAULT_PERIOD, onGone)};
-    const std::lock_guard lock(mAttendantsMutex);
+    const Lock lock(mAttendantsMutex);
     mAttendants.emplace(std::move(attendants));
     return std::nullopt;
 }
@@ -79,19 +87,19 @@ Failure View::listen() {
 void View::close() {
     Life before = Life::Closed;
     {
-        const std::lock_guard lock(mMutex);
+        const Lock lock(mMutex);
         before = std::exchange(mLife, Life::Closed);
         mArrived.notify_all();
     }
     std::optional<Attendants> leaving;
     {
-        const std::lock_guard lock(mAttendantsMutex);
+        const Lock lock(mAttendantsMutex);
         leaving.swap(mAttendants);
     }
     leaving.reset(); // may wait for a thread that takes the mutex
     if (before == Life::Open) {
         {
-            const std::lock_guard lock(mMutex);
+            const Lock lock(mMutex);
             takePaintsDone();
         }
         // They fail only when the bus is lost, which ends the service, too.
@@ -104,7 +112,7 @@ void View::close() {
 // number that it listens to.
 void View::endWith(Life life) {
     {
-        const std::lock_guard lock(mMutex);
+        const Lock lock(mMutex);
         if (mLife != Life::Open) {
             return;
         }
@@ -112,7 +120,7 @@ void View::endWith(Life life) {
         mArrived.notify_all();
     }
     {
-        const std::lock_guard lock(mAttendantsMutex);
+        const Lock lock(mAttendantsMutex);
         if (mAttendants) {
             mAttendants->reader->stop();
         }
@@ -121,13 +129,13 @@ void View::endWith(Life life) {
 }
 
 Failure View::ended() const {
-    const std::lock_guard lock(mMutex);
+    const Lock lock(mMutex);
     return mLife == Life::Open ? Failure() : goneError();
 }
 
 void View::takeRecord(const ServerClientMessage& message) {
     if (message.id == _OPENED) {
-        const std::lock_guard lock(mMutex);
+        const Lock lock(mMutex);
         mOpenResult = message.extra;
         mArrived.notify_all();
     }
@@ -151,14 +159,17 @@ void View::takePaintsDone() {
 }
 
 template<typename Condition>
-Failure View::await(const char* what, const CallLimits& limits, std::chrono::microseconds step,
-                    Condition condition) {
+Failure View::await(const char* what, const CallLimits& limits, Step step, Condition condition) {
     const Clock::time_point start = Clock::now();
     Clock::time_point nextCheck = start + BETWEEN_CHECKS;
-    std::unique_lock lock(mMutex);
-    const auto over = [&] { return condition() || mLife != Life::Open; };
-    while (!mArrived.wait_for(lock, limits.stop, step, over)) {
-        const Clock::time_point now = Clock::now();
+    Lock lock(mMutex);
+    const auto over = [&]() NO_THREAD_SAFETY_ANALYSIS { return condition() || mLife != Life::Open; };
+    Clock::time_point now = start;
+    const auto sleep = [&] {
+        return step(std::chrono::duration_cast<std::chrono::microseconds>(now - start));
+    };
+    while (!mArrived.wait_for(lock, limits.stop, sleep(), over)) {
+        now = Clock::now();
         const auto elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(now - start);
         if (limits.stop.stop_requested()) {
             return Error{Error::Kind::Cancelled, "interrupted", 0, {}};
@@ -184,10 +195,13 @@ Failure View::await(const char* what, const CallLimits& limits, std::chrono::mic
 }
 
 Result<int> View::openResult(const CallLimits& limits) {
-    if (Failure failure = await("report the result of the open", limits, OPENED_STEP,
-                                [this] { return mOpenResult.has_value(); })) {
+    if (Failure failure = await(
+            "report the result of the open", limits,
+            [](std::chrono::microseconds) -> std::chrono::microseconds { return OPENED_STEP; },
+            [this]() REQUIRES(mMutex) { return mOpenResult.has_value(); })) {
         return *failure;
     }
+    const Lock lock(mMutex);
     return *mOpenResult;
 }
 
@@ -198,14 +212,14 @@ Failure View::paint(const CallLimits& limits) {
         return failure;
     }
     const unsigned int wanted = ++mPaintsAsked;
-    const auto isDone = [this, wanted] {
+    const auto isDone = [this, wanted]() REQUIRES(mMutex) {
         takePaintsDone();
         return mPaintsDone >= wanted;
     };
-    if (Failure failure = await("paint", limits, BETWEEN_LOOKS, isDone)) {
+    if (Failure failure = await("paint", limits, &betweenLooks, isDone)) {
         return failure;
     }
-    const std::lock_guard lock(mMutex);
+    const Lock lock(mMutex);
     return mPaintResult == 0 ? Failure() : refusalError("errDoesNotExist", {});
 }
 
@@ -235,7 +249,7 @@ Failure View::send(ClientServerMessage message) {
 bool View::settle(std::chrono::milliseconds patience) {
     const long before = mHighestSent;
     const bool settled = mQueue.settle(patience, [this] {
-        const std::lock_guard lock(mMutex);
+        const Lock lock(mMutex);
         takePaintsDone();
     });
     if (settled) {

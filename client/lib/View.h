@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "base/Mutex.h"
 #include "client/lib/ClientQueue.h"
 #include "client/lib/KeepAlive.h"
 #include "client/lib/RecordReader.h"
@@ -13,7 +14,6 @@
 #include <condition_variable>
 #include <functional>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <string>
 
@@ -91,6 +91,7 @@ public:
 
 private:
     enum class Life { Open, Gone, Closed };
+    using Step = std::chrono::microseconds (*)(std::chrono::microseconds waited);
     // What listens for an open view, on threads of its own and of the connection.
     struct Attendants {
         std::unique_ptr<RecordReader> reader;
@@ -105,15 +106,16 @@ private:
     void takeRecord(const ServerClientMessage& message);
     long paintDoneAddress() const { return docid() + DocAdapterMessageQueue::PAINT_DONE_BASE; }
     void discardOldAnswers();
-    // Counts the answers to paints that have come. REQUIRES: mMutex is held.
-    void takePaintsDone();
+    // Counts the answers to paints that have come.
+    void takePaintsDone() REQUIRES(mMutex);
     Result<int> openResult(const CallLimits& limits);
     void endWith(Life life);
     // Waits until the condition, which is tested with mMutex held, is true; tests it
-    // when something has arrived, and after each step.
+    // when something has arrived, and after each step, which the time waited so far
+    // tells. The analysis cannot tell that a lambda's mutex is this view's.
     template<typename Condition>
-    Failure await(const char* what, const CallLimits& limits, std::chrono::microseconds step,
-                  Condition condition);
+    Failure await(const char* what, const CallLimits& limits, Step step,
+                  Condition condition) NO_THREAD_SAFETY_ANALYSIS;
 
     const Bus mBus;
     const events::CreateReply mCreated;
@@ -121,17 +123,17 @@ private:
     const ViewListener mListener;
     ClientQueue mQueue;
 
-    mutable std::mutex mMutex; // guards what several threads read and write
+    mutable Mutex mMutex;
     std::condition_variable_any mArrived;
-    Life mLife = Life::Open;
-    std::optional<int> mOpenResult;
-    unsigned int mPaintsAsked = 0;
-    unsigned int mPaintsDone = 0;
-    int mPaintResult = 0;
+    Life mLife GUARDED_BY(mMutex) = Life::Open;
+    std::optional<int> mOpenResult GUARDED_BY(mMutex);
+    unsigned int mPaintsAsked = 0; // used by the thread that paints only
+    unsigned int mPaintsDone GUARDED_BY(mMutex) = 0;
+    int mPaintResult GUARDED_BY(mMutex) = 0;
 
     std::atomic<long> mHighestSent{0}; // highest type of the records that may be queued
-    std::mutex mAttendantsMutex;       // taken after all other mutexes
-    std::optional<Attendants> mAttendants;
+    Mutex mAttendantsMutex;            // taken after all other mutexes
+    std::optional<Attendants> mAttendants GUARDED_BY(mAttendantsMutex);
 };
 
 } // namespace lectern

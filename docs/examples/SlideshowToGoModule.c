@@ -14,37 +14,43 @@ typedef struct {
 int32_t sstg_open_file(const uint16_t* path, const uint16_t* font_dir, const uint16_t* temp_dir, void** doc) {
     (void)font_dir;
     (void)temp_dir;
-    if (doc == NULL)
+    if (doc == NULL) {
         return MODULE_BAD_ARGUMENT;
+    }
     *doc = NULL;
-    if (path == NULL || path[0] == 0)
+    if (path == NULL || path[0] == 0) {
         return MODULE_NOT_FOUND;
+    }
     document* opened = malloc(sizeof *opened);
-    if (opened == NULL)
+    if (opened == NULL) {
         return MODULE_TOO_LARGE;
+    }
     opened->paper = 0xFFFFFFF0;
     *doc = opened;
     return MODULE_OK;
 }
 
 int32_t sstg_close_file(void** doc) {
-    if (doc == NULL || *doc == NULL)
+    if (doc == NULL || *doc == NULL) {
         return MODULE_BAD_ARGUMENT;
+    }
     free(*doc);
     *doc = NULL;
     return MODULE_OK;
 }
 
 int32_t sstg_get_slide_count(void* doc, int32_t* count) {
-    if (doc == NULL || count == NULL)
+    if (doc == NULL || count == NULL) {
         return MODULE_BAD_ARGUMENT;
+    }
     *count = 1;
     return MODULE_OK;
 }
 
 int32_t sstg_get_slide_dimensions(void* doc, int32_t slide, int32_t* width, int32_t* height) {
-    if (doc == NULL || slide != 0 || width == NULL || height == NULL)
+    if (doc == NULL || slide != 0 || width == NULL || height == NULL) {
         return MODULE_BAD_ARGUMENT;
+    }
     *width = 720; /* ten inches */
     *height = 540;
     return MODULE_OK;
@@ -53,11 +59,13 @@ int32_t sstg_get_slide_dimensions(void* doc, int32_t slide, int32_t* width, int3
 int32_t sstg_render_slide(void* doc, int32_t slide, int32_t flags, uint32_t* pixels, int32_t width,
                           int32_t height) {
     (void)flags;
-    if (doc == NULL || slide != 0 || pixels == NULL || width < 1 || height < 1)
+    if (doc == NULL || slide != 0 || pixels == NULL || width < 1 || height < 1) {
         return MODULE_BAD_ARGUMENT;
+    }
     const document* shown = doc;
-    for (int64_t i = 0; i < (int64_t)width * height; ++i)
+    for (int64_t i = 0; i < (int64_t)width * height; ++i) {
         pixels[i] = shown->paper;
+    }
     return MODULE_OK;
 }
 
@@ -65,16 +73,18 @@ int32_t sstg_render_slide(void* doc, int32_t slide, int32_t flags, uint32_t* pix
 int32_t sstg_find(void* doc, const uint16_t* text, int32_t first_slide, int32_t last_slide,
                   const sstg_find_info** infos, int32_t* count) {
     (void)text;
-    if (infos == NULL || count == NULL)
+    if (infos == NULL || count == NULL) {
         return MODULE_BAD_ARGUMENT;
+    }
     *infos = NULL;
     *count = 0;
     return doc == NULL || first_slide != 0 || last_slide != 0 ? MODULE_BAD_ARGUMENT : MODULE_OK;
 }
 
 int32_t sstg_get_found_regions(void* doc, int32_t* count, const sstg_find_region** regions) {
-    if (count == NULL || regions == NULL)
+    if (count == NULL || regions == NULL) {
         return MODULE_BAD_ARGUMENT;
+    }
     *regions = NULL;
     *count = 0;
     return doc == NULL ? MODULE_BAD_ARGUMENT : MODULE_OK;

@@ -27,8 +27,9 @@ void extend(DrawnBox& box, double x, double y) {
 std::pair<double, double> extent(const TextRun& run, uint32_t first, uint32_t last) {
     const double from = first == 0 ? 0 : run.ends[first - 1];
     const double to = run.ends[last - 1];
-    if (!run.rightToLeft)
+    if (!run.rightToLeft) {
         return {from, to};
+    }
     const double whole = run.ends.back();
     return {whole - to, whole - from};
 }
@@ -40,17 +41,20 @@ DrawnBox boxOf(const TextRun& run, CharacterRange range) {
     const double cosine = std::cos(run.angle);
     const double sine = std::sin(run.angle);
     DrawnBox box{run.x + from * cosine, run.y - from * sine, run.x + from * cosine, run.y - from * sine};
-    for (const double along : {from, to})
-        for (const double up : {ASCENT * run.height, -DESCENT * run.height})
+    for (const double along : {from, to}) {
+        for (const double up : {ASCENT * run.height, -DESCENT * run.height}) {
             extend(box, run.x + along * cosine - up * sine, run.y - along * sine - up * cosine);
+        }
+    }
     return box;
 }
 
 } // namespace
 
 void DrawnText::append(const DrawnText& other) {
-    if (other.runs.empty())
+    if (other.runs.empty()) {
         return;
+    }
     uint32_t line = 0;
     if (!runs.empty()) {
         text += PARAGRAPH_SEPARATOR;

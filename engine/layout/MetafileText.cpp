@@ -58,8 +58,9 @@ public:
     Number number() {
         std::make_unsigned_t<Number> value = 0;
         const Bytes bytes = take(sizeof(Number));
-        for (size_t i = 0; i < bytes.size(); ++i)
+        for (size_t i = 0; i < bytes.size(); ++i) {
             value = static_cast<decltype(value)>(value | static_cast<decltype(value)>(bytes[i]) << (8 * i));
+        }
         return static_cast<Number>(value);
     }
     // Reads a part that begins with a version and its length.
@@ -70,8 +71,9 @@ public:
     std::u16string text(uint64_t units) {
         const Bytes bytes = take(2 * units);
         std::u16string text(bytes.size() / 2, u'\0');
-        for (size_t i = 0; i < text.size(); ++i)
+        for (size_t i = 0; i < text.size(); ++i) {
             text[i] = static_cast<char16_t>(bytes[2 * i] | bytes[2 * i + 1] << 8);
+        }
         return text;
     }
 
@@ -90,11 +92,13 @@ struct State {
 class Composer {
 public:
     void add(TextRun run, const std::u16string& source, uint32_t first, uint32_t count) {
-        if (!mInShape && !mParagraph.runs.empty() && source != mSource)
+        if (!mInShape && !mParagraph.runs.empty() && source != mSource) {
             endParagraph();
+        }
         const bool continues = !mParagraph.runs.empty() && source == mSource && first >= mSourceEnd;
-        if (continues) // characters that are not drawn, such as a line break
+        if (continues) { // characters that are not drawn, such as a line break
             mParagraph.text.append(source, mSourceEnd, first - mSourceEnd);
+        }
         run.start = static_cast<uint32_t>(mParagraph.text.size());
         run.line = mLine;
         mParagraph.text.append(source, first, count);
@@ -125,16 +129,18 @@ private:
         mSource.clear();
         mSourceEnd = 0;
         mLine = 0;
-        if (paragraph.runs.empty() || isShadow(paragraph))
+        if (paragraph.runs.empty() || isShadow(paragraph)) {
             return;
+        }
         mWhole.append(paragraph);
     }
 
     bool isShadow(const DrawnText& paragraph) {
         const TextRun& first = paragraph.runs.front();
         const auto [seen, isNew] = mSeen.try_emplace(paragraph.text, first.x, first.y);
-        if (isNew)
+        if (isNew) {
             return false;
+        }
         const auto [x, y] = std::exchange(seen->second, {first.x, first.y});
         return std::hypot(x - first.x, y - first.y) < first.height / 2;
     }
@@ -150,14 +156,16 @@ private:
 
 void readFont(Reader action, State& state) {
     Reader font = action.part();
-    for (int name = 0; name < 2; ++name) // family and style
+    for (int name = 0; name < 2; ++name) { // family and style
         font.take(font.number<uint16_t>());
+    }
     font.number<int32_t>(); // width
     const auto height = font.number<int32_t>();
     font.take(9 * sizeof(uint16_t)); // other attributes
     const auto orientation = font.number<int16_t>();
-    if (!font.ok())
+    if (!font.ok()) {
         return;
+    }
     state.height = std::abs(static_cast<double>(height));
     state.angle = orientation * std::numbers::pi / 1800;
 }
@@ -170,13 +178,16 @@ void readText(Reader action, const State& state, Composer& composer) {
     const uint32_t first = action.number<uint16_t>();
     const uint32_t count = action.number<uint16_t>();
     const auto ends = action.number<uint32_t>();
-    if (!action.ok() || count == 0 || ends < count || first + count > source.size())
+    if (!action.ok() || count == 0 || ends < count || first + count > source.size()) {
         return;
+    }
     run.ends.reserve(count);
-    for (uint32_t i = 0; i < count; ++i)
+    for (uint32_t i = 0; i < count; ++i) {
         run.ends.push_back(action.number<int32_t>());
-    if (action.ok())
+    }
+    if (action.ok()) {
         composer.add(std::move(run), source, first, count);
+    }
 }
 
 class Player {
@@ -193,8 +204,9 @@ public:
             mState.rightToLeft = (action.number<uint32_t>() & RIGHT_TO_LEFT_MODE) != 0;
             break;
         case Push:
-            if (mKept.size() < DEEPEST_STATE)
+            if (mKept.size() < DEEPEST_STATE) {
                 mKept.emplace_back(action.number<uint16_t>(), mState);
+            }
             break;
         case Pop:
             pop();
@@ -212,15 +224,17 @@ public:
 
 private:
     void pop() {
-        if (mKept.empty())
+        if (mKept.empty()) {
             return;
+        }
         const auto& [keeps, state] = mKept.back();
         if ((keeps & KEEPS_FONT) != 0) {
             mState.height = state.height;
             mState.angle = state.angle;
         }
-        if ((keeps & KEEPS_LAYOUT_MODE) != 0)
+        if ((keeps & KEEPS_LAYOUT_MODE) != 0) {
             mState.rightToLeft = state.rightToLeft;
+        }
         mKept.pop_back();
     }
 
@@ -241,8 +255,9 @@ DrawnText readMetafileText(Bytes metafile) {
         while (!reader.atEnd()) {
             const auto type = reader.number<uint16_t>();
             const Reader action = reader.part();
-            if (reader.ok())
+            if (reader.ok()) {
                 player.play(type, action);
+            }
         }
     }
     return player.take();

@@ -7,8 +7,9 @@
 namespace lectern::engine {
 
 PicturePlaces::PicturePlaces(int32_t count) {
-    for (int32_t index = 0; index < std::max<int32_t>(count, 1); ++index)
+    for (int32_t index = 0; index < std::max<int32_t>(count, 1); ++index) {
         mPlaces.push_back({index, std::nullopt});
+    }
 }
 
 PicturePlaces::Place& PicturePlaces::use(Iterator place) {
@@ -19,8 +20,9 @@ PicturePlaces::Place& PicturePlaces::use(Iterator place) {
 std::optional<int32_t> PicturePlaces::find(int32_t slide) {
     const auto found = std::find_if(mPlaces.begin(), mPlaces.end(),
                                     [&](const Place& place) { return place.slide == slide; });
-    if (found == mPlaces.end())
+    if (found == mPlaces.end()) {
         return std::nullopt;
+    }
     return use(found).index;
 }
 
@@ -48,13 +50,15 @@ int32_t PicturePlaces::take() {
 void PicturePlaces::keep(int32_t place, int32_t slide) {
     const auto found = std::find_if(mPlaces.begin(), mPlaces.end(),
                                     [&](const Place& candidate) { return candidate.index == place; });
-    if (found != mPlaces.end())
+    if (found != mPlaces.end()) {
         use(found).slide = slide;
+    }
 }
 
 void PicturePlaces::clear() {
-    for (Place& place : mPlaces)
+    for (Place& place : mPlaces) {
         place.slide.reset();
+    }
 }
 
 } // namespace lectern::engine

@@ -21,8 +21,9 @@ std::u16string foldCase(std::u16string_view text) {
                                              length, U_FOLD_CASE_DEFAULT, &status);
         const bool tooShort = static_cast<size_t>(needed) > folded.size();
         folded.resize(static_cast<size_t>(std::max(needed, 0)));
-        if (!tooShort)
+        if (!tooShort) {
             return folded;
+        }
     }
 }
 
@@ -30,8 +31,9 @@ bool isWellFormed(std::u16string_view text) {
     for (size_t i = 0; i < text.size();) {
         UChar32 character = 0;
         U16_NEXT(text.data(), i, text.size(), character);
-        if (U_IS_SURROGATE(character))
+        if (U_IS_SURROGATE(character)) {
             return false;
+        }
     }
     return true;
 }
@@ -55,15 +57,17 @@ public:
         size_t matched = 0;
         for (size_t i = 0; i < text.size(); ++i) {
             matched = advance(matched, text[i]);
-            if (matched == mPattern.size())
+            if (matched == mPattern.size()) {
                 matched = use(i + 1) ? 0 : mShorter[matched];
+            }
         }
     }
 
 private:
     size_t advance(size_t matched, char16_t unit) const {
-        while (matched > 0 && mPattern[matched] != unit)
+        while (matched > 0 && mPattern[matched] != unit) {
             matched = mShorter[matched];
+        }
         return mPattern[matched] == unit ? matched + 1 : 0;
     }
 
@@ -84,8 +88,9 @@ SearchText::SearchText(std::u16string_view text) {
 SearchText::Paragraph SearchText::fold(std::u16string_view text, uint32_t start) {
     Paragraph paragraph{start, static_cast<uint32_t>(text.size()), foldCase(text), {}};
     // Folding never shortens a character, so equal lengths mean equal offsets.
-    if (paragraph.folded.size() == text.size())
+    if (paragraph.folded.size() == text.size()) {
         return paragraph;
+    }
     paragraph.origins.reserve(paragraph.folded.size());
     for (size_t i = 0; i < text.size();) {
         const size_t first = i;
@@ -95,8 +100,9 @@ SearchText::Paragraph SearchText::fold(std::u16string_view text, uint32_t start)
     }
     // Folding characters one by one should have the same result as folding the
     // paragraph; otherwise offsets are unknown and nothing is found in it.
-    if (paragraph.origins.size() != paragraph.folded.size())
+    if (paragraph.origins.size() != paragraph.folded.size()) {
         paragraph.folded.clear();
+    }
     return paragraph;
 }
 
@@ -105,27 +111,32 @@ bool SearchText::Paragraph::isBoundary(size_t unit) const {
 }
 
 uint32_t SearchText::Paragraph::origin(size_t unit) const {
-    if (origins.empty())
+    if (origins.empty()) {
         return start + static_cast<uint32_t>(unit);
+    }
     return start + (unit == origins.size() ? length : origins[unit]);
 }
 
 std::vector<CharacterRange> SearchText::find(std::u16string_view wanted, CharacterRange bounds) const {
     std::vector<CharacterRange> hits;
-    if (wanted.empty() || wanted.size() > std::numeric_limits<int32_t>::max() / 4 || !isWellFormed(wanted))
+    if (wanted.empty() || wanted.size() > std::numeric_limits<int32_t>::max() / 4 || !isWellFormed(wanted)) {
         return hits;
+    }
     const std::u16string folded = foldCase(wanted);
     const Matcher matcher(folded);
     for (const Paragraph& paragraph : mParagraphs) {
-        if (paragraph.start + paragraph.length < bounds.start || paragraph.start >= bounds.end)
+        if (paragraph.start + paragraph.length < bounds.start || paragraph.start >= bounds.end) {
             continue;
+        }
         matcher.scan(paragraph.folded, [&](size_t end) {
             const size_t start = end - folded.size();
-            if (!paragraph.isBoundary(start) || !paragraph.isBoundary(end))
+            if (!paragraph.isBoundary(start) || !paragraph.isBoundary(end)) {
                 return false;
+            }
             const CharacterRange hit{paragraph.origin(start), paragraph.origin(end)};
-            if (hit.start < bounds.start || hit.end > bounds.end)
+            if (hit.start < bounds.start || hit.end > bounds.end) {
                 return false;
+            }
             hits.push_back(hit);
             return true;
         });

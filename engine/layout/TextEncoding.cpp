@@ -18,17 +18,20 @@ unsigned byteAt(std::string_view bytes, size_t i) {
 // Length of the valid UTF-8 sequence at i; 0 when there is none.
 size_t utf8Length(std::string_view bytes, size_t i) {
     const unsigned first = byteAt(bytes, i);
-    if (first < 0x80)
+    if (first < 0x80) {
         return 1;
+    }
     const size_t length = first >= 0xC2 && first < 0xE0   ? 2
                           : first >= 0xE0 && first < 0xF0 ? 3
                           : first >= 0xF0 && first < 0xF5 ? 4
                                                           : 0;
-    if (length == 0 || bytes.size() - i < length)
+    if (length == 0 || bytes.size() - i < length) {
         return 0;
+    }
     for (size_t k = 1; k < length; ++k) {
-        if ((byteAt(bytes, i + k) & 0xC0) != 0x80)
+        if ((byteAt(bytes, i + k) & 0xC0) != 0x80) {
             return 0;
+        }
     }
     const unsigned second = byteAt(bytes, i + 1);
     const bool overlong = (first == 0xE0 && second < 0xA0) || (first == 0xF0 && second < 0x90);
@@ -40,8 +43,9 @@ size_t utf8Length(std::string_view bytes, size_t i) {
 bool isUtf8(std::string_view bytes) {
     for (size_t i = 0; i < bytes.size();) {
         const size_t length = utf8Length(bytes, i);
-        if (length == 0)
+        if (length == 0) {
             return false;
+        }
         i += length;
     }
     return true;
@@ -50,8 +54,9 @@ bool isUtf8(std::string_view bytes) {
 // Whether at least a tenth of the units are below 256 in the given byte order
 // and none is in the other, where the zero bytes would be the low ones.
 bool looksLikeUtf16(std::string_view bytes, size_t highByte) {
-    if (bytes.size() < 2 || bytes.size() % 2 != 0)
+    if (bytes.size() < 2 || bytes.size() % 2 != 0) {
         return false;
+    }
     size_t zeroHigh = 0;
     size_t zeroLow = 0;
     for (size_t i = 0; i < bytes.size(); i += 2) {
@@ -88,8 +93,9 @@ std::string fromUtf16(std::string_view bytes, size_t highByte) {
     };
     for (size_t i = 0; i + 1 < bytes.size(); i += 2) {
         char32_t c = unit(i);
-        if (i == 0 && c == 0xFEFF)
+        if (i == 0 && c == 0xFEFF) {
             continue;
+        }
         if (c >= 0xD800 && c < 0xE000) {
             const bool pair =
                 c < 0xDC00 && i + 3 < bytes.size() && unit(i + 2) >= 0xDC00 && unit(i + 2) < 0xE000;
@@ -120,16 +126,20 @@ std::string fromWindows1252(std::string_view bytes) {
 } // namespace
 
 TextEncoding detectTextEncoding(std::string_view bytes) {
-    if (bytes.starts_with("\xFF\xFE"))
+    if (bytes.starts_with("\xFF\xFE")) {
         return TextEncoding::Utf16LittleEndian;
-    if (bytes.starts_with("\xFE\xFF"))
+    }
+    if (bytes.starts_with("\xFE\xFF")) {
         return TextEncoding::Utf16BigEndian;
+    }
     // UTF-16 of Western text is also valid UTF-8, with every second byte zero,
     // so it is tested first.
-    if (looksLikeUtf16(bytes, 1))
+    if (looksLikeUtf16(bytes, 1)) {
         return TextEncoding::Utf16LittleEndian;
-    if (looksLikeUtf16(bytes, 0))
+    }
+    if (looksLikeUtf16(bytes, 0)) {
         return TextEncoding::Utf16BigEndian;
+    }
     return isUtf8(bytes) ? TextEncoding::Utf8 : TextEncoding::Windows1252;
 }
 

@@ -17,9 +17,10 @@ void tint(const Surface& surface, int64_t left, int64_t top, int64_t right, int6
     const int64_t first = std::clamp<int64_t>(left, 0, surface.width);
     const int64_t last = std::clamp<int64_t>(right, first, surface.width);
     const int64_t end = std::min<int64_t>(bottom, surface.height);
-    for (int64_t row = std::max<int64_t>(top, 0); row < end; ++row)
+    for (int64_t row = std::max<int64_t>(top, 0); row < end; ++row) {
         std::transform(surface.row(row) + first, surface.row(row) + last, surface.row(row) + first,
                        [&](uint32_t pixel) { return tinted(pixel, colour); });
+    }
 }
 
 } // namespace lectern::engine

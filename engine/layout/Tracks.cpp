@@ -21,8 +21,9 @@ std::vector<TrackRange> readSizes(const std::string& text) {
     std::vector<TrackRange> ranges;
     std::istringstream in(text);
     char colon = 0;
-    for (TrackRange next{}; in >> next.value >> colon >> next.last;)
+    for (TrackRange next{}; in >> next.value >> colon >> next.last;) {
         ranges.push_back(next);
+    }
     return ranges;
 }
 
@@ -32,8 +33,9 @@ std::vector<TrackRange> readStates(const std::string& text) {
     std::istringstream in(text);
     TrackRange next{};
     char colon = 0;
-    for (in >> next.value >> colon; in >> next.last; next.value = 1 - next.value)
+    for (in >> next.value >> colon; in >> next.last; next.value = 1 - next.value) {
         ranges.push_back(next);
+    }
     return ranges;
 }
 
@@ -56,8 +58,9 @@ Tracks::Tracks(const std::string& sizes, const std::string& hidden) {
     int64_t twips = 0;
     for (const TrackRange& size : readSizes(sizes)) {
         while (first <= size.last) {
-            while (state != states.end() && state->last < first)
+            while (state != states.end() && state->last < first) {
                 ++state;
+            }
             const int32_t last = state == states.end() ? size.last : std::min(size.last, state->last);
             const bool isHidden = state != states.end() && state->value != 0;
             mRuns.push_back({first, last, size.value, isHidden, twips});
@@ -65,8 +68,9 @@ Tracks::Tracks(const std::string& sizes, const std::string& hidden) {
             first = last + 1;
         }
     }
-    if (mRuns.empty())
+    if (mRuns.empty()) {
         mRuns.push_back({0, 0, 0, true, 0});
+    }
 }
 
 void Tracks::setDpi(int32_t dpi) {
@@ -134,29 +138,33 @@ bool Tracks::isHidden(int32_t track) const {
 int32_t Tracks::visibleIn(int32_t first, int32_t last) const {
     int32_t visible = 0;
     for (const Run& run : mRuns) {
-        if (!run.hidden)
+        if (!run.hidden) {
             visible += std::max(0, std::min(run.last, last) - std::max(run.first, first) + 1);
+        }
     }
     return visible;
 }
 
 bool Tracks::widenOverHiddenBefore(int32_t& first) const {
     const int32_t before = first;
-    while (first > 0 && isHidden(first - 1))
+    while (first > 0 && isHidden(first - 1)) {
         first = runOf(first - 1).first;
+    }
     return first < before;
 }
 
 void Tracks::widenOverHiddenBehind(int32_t& last) const {
-    while (last + 1 < mCount && isHidden(last + 1))
+    while (last + 1 < mCount && isHidden(last + 1)) {
         last = std::min(runOf(last + 1).last, mCount - 1);
+    }
 }
 
 int32_t Tracks::twipsFor(int64_t pixels, int32_t dpi) {
     const double perTwip = pixelsPerTwip(dpi);
     auto twips = static_cast<int32_t>(pixels * TWIPS_PER_INCH / dpi);
-    while (pixelsOf(twips, perTwip) < pixels)
+    while (pixelsOf(twips, perTwip) < pixels) {
         ++twips;
+    }
     return twips;
 }
 

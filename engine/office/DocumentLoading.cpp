@@ -73,19 +73,22 @@ private:
 class Utf8Copy {
 public:
     Utf8Copy(const std::string& path, const std::string& directory) {
-        if (path.size() < 4 || strcasecmp(path.c_str() + path.size() - 4, ".txt") != 0)
+        if (path.size() < 4 || strcasecmp(path.c_str() + path.size() - 4, ".txt") != 0) {
             return;
+        }
         std::ifstream in(path, std::ios::binary);
         std::ostringstream contents;
         contents << in.rdbuf();
         const std::string bytes = std::move(contents).str();
         const TextEncoding encoding = detectTextEncoding(bytes);
-        if (encoding != TextEncoding::Utf8)
+        if (encoding != TextEncoding::Utf8) {
             write(directory + "/lectern-XXXXXX.txt", toUtf8(bytes, encoding));
+        }
     }
     ~Utf8Copy() {
-        if (!mPath.empty())
+        if (!mPath.empty()) {
             unlink(mPath.c_str());
+        }
     }
     Utf8Copy(const Utf8Copy&) = delete;
     Utf8Copy& operator=(const Utf8Copy&) = delete;
@@ -97,8 +100,9 @@ public:
 private:
     void write(std::string name, const std::string& text) {
         const int fd = mkstemps(name.data(), 4);
-        if (fd < 0)
+        if (fd < 0) {
             return;
+        }
         close(fd);
         mPath = std::move(name);
         std::ofstream out(mPath, std::ios::binary | std::ios::trunc);
@@ -113,8 +117,9 @@ std::vector<Reference<css::frame::XModel>> openModels(const Office::Private& off
     const auto components = css::frame::Desktop::create(office.context)->getComponents();
     const auto all = components->createEnumeration();
     while (all->hasMoreElements()) {
-        if (Reference<css::frame::XModel> model(all->nextElement(), UNO_QUERY); model.is())
+        if (Reference<css::frame::XModel> model(all->nextElement(), UNO_QUERY); model.is()) {
             models.push_back(model);
+        }
     }
     return models;
 }
@@ -123,8 +128,9 @@ std::vector<Reference<css::frame::XModel>> openModels(const Office::Private& off
 Reference<css::frame::XModel> newModel(const Office::Private& office,
                                        const std::vector<Reference<css::frame::XModel>>& before) {
     for (const auto& model : openModels(office)) {
-        if (std::find(before.begin(), before.end(), model) == before.end())
+        if (std::find(before.begin(), before.end(), model) == before.end()) {
             return model;
+        }
     }
     return {};
 }
@@ -146,8 +152,9 @@ bool isBrokenContainer(const Reference<css::frame::XModel>& model, const std::st
 int32_t load(const Office::Private& office, const std::string& url, LoadedModel& loaded) {
     const auto before = openModels(office);
     std::unique_ptr<lok::Document> painter(office.suite->documentLoad(url.c_str(), LOAD_OPTIONS));
-    if (!painter)
+    if (!painter) {
         return MODULE_DAMAGED;
+    }
     loaded = {std::move(painter), newModel(office, before)};
     return loaded.model.is() ? MODULE_OK : MODULE_FAILED;
 }
@@ -156,8 +163,9 @@ int32_t load(const Office::Private& office, const std::string& url, LoadedModel&
 // MODULE_WRONG_KIND.
 int32_t openAsText(LoadedModel loaded, OpenedDocument& opened) {
     const Reference<css::text::XTextDocument> text(loaded.model, UNO_QUERY);
-    if (!text.is())
+    if (!text.is()) {
         return MODULE_WRONG_KIND;
+    }
     loaded.model->lockControllers();
     loaded.painter->initializeForRendering("{}");
     opened = {std::move(loaded.painter), text};
@@ -173,12 +181,15 @@ int32_t loadModel(Office::Private& office, const std::string& path, const std::s
     const PasswordPrompt prompt(*office.suite, url, password);
     LoadedModel loaded;
     const int32_t result = load(office, url, loaded);
-    if (result == MODULE_DAMAGED && prompt.asked())
+    if (result == MODULE_DAMAGED && prompt.asked()) {
         return password.empty() ? MODULE_NEEDS_PASSWORD : MODULE_WRONG_PASSWORD;
-    if (result != MODULE_OK)
+    }
+    if (result != MODULE_OK) {
         return result;
-    if (isBrokenContainer(loaded.model, path))
+    }
+    if (isBrokenContainer(loaded.model, path)) {
         return MODULE_DAMAGED;
+    }
     model = std::move(loaded);
     return MODULE_OK;
 }

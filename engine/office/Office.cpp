@@ -21,8 +21,9 @@ void removeMediaPlayer(const css::uno::Reference<css::uno::XComponentContext>& c
     const css::uno::Reference<css::container::XSet> services(context->getServiceManager(),
                                                              css::uno::UNO_QUERY);
     try {
-        if (services.is())
+        if (services.is()) {
             services->remove(css::uno::Any(OUString("com.sun.star.comp.media.Manager_GStreamer")));
+        }
     } catch (const css::uno::Exception&) {
         // This suite was built without a media player.
     }
@@ -31,8 +32,9 @@ void removeMediaPlayer(const css::uno::Reference<css::uno::XComponentContext>& c
 } // namespace
 
 std::unique_ptr<Office> Office::start(const std::string& profileDirectory) {
-    if (!writeProfile(profileDirectory))
+    if (!writeProfile(profileDirectory)) {
         return nullptr;
+    }
     // The suite decodes file names in the locale's encoding; paths here are UTF-8.
     setenv("LC_ALL", "C.UTF-8", 1);
     lok::Office* const suite = lok::lok_cpp_init(LECTERN_OFFICE_PROGRAM, fileUrl(profileDirectory).c_str());

@@ -63,8 +63,9 @@ bool writeProfile(const std::string& directory) {
            "<oor:items xmlns:oor=\"http://openoffice.org/2001/registry\""
            " xmlns:xs=\"http://www.w3.org/2001/XMLSchema\""
            " xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\">\n";
-    for (const Setting& setting : SETTINGS)
+    for (const Setting& setting : SETTINGS) {
         writeSetting(out, setting);
+    }
     out << "</oor:items>\n";
     out.close();
     if (!out) {

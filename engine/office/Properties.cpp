@@ -14,8 +14,9 @@ namespace {
 
 // Seconds since 1970 in UTC, 0 when unset.
 int64_t toUnixTime(const css::util::DateTime& time) {
-    if (time.Year == 0 || time.Month == 0 || time.Day == 0)
+    if (time.Year == 0 || time.Month == 0 || time.Day == 0) {
         return 0;
+    }
     std::tm calendar{};
     calendar.tm_year = time.Year - 1900;
     calendar.tm_mon = time.Month - 1;

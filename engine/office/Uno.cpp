@@ -14,8 +14,9 @@ Reference<css::uno::XComponentContext> processContext() {
     // only way to reach the components of a suite that was started as a library.
     using ContextGetter = Reference<css::uno::XComponentContext> (*)();
     void* library = dlopen(LECTERN_OFFICE_PROGRAM "/libmergedlo.so", RTLD_NOW | RTLD_NOLOAD);
-    if (library == nullptr)
+    if (library == nullptr) {
         return {};
+    }
     const auto getter =
         reinterpret_cast<ContextGetter>(dlsym(library, "_ZN10comphelper26getProcessComponentContextEv"));
     dlclose(library);
@@ -29,8 +30,9 @@ Reference<css::beans::XPropertySet> propertiesOf(const Reference<css::uno::XInte
 bool setAnyProperty(const Reference<css::beans::XPropertySet>& properties, const char* name,
                     const css::uno::Any& value) noexcept {
     try {
-        if (!properties.is())
+        if (!properties.is()) {
             return false;
+        }
         properties->setPropertyValue(OUString::createFromAscii(name), value);
         return true;
     } catch (const css::uno::Exception&) {
@@ -40,8 +42,9 @@ bool setAnyProperty(const Reference<css::beans::XPropertySet>& properties, const
 
 css::uno::Any anyProperty(const Reference<css::beans::XPropertySet>& properties, const char* name) noexcept {
     try {
-        if (properties.is())
+        if (properties.is()) {
             return properties->getPropertyValue(OUString::createFromAscii(name));
+        }
     } catch (const css::uno::Exception&) {
         return {};
     }

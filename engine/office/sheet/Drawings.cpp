@@ -39,8 +39,9 @@ void Drawings::read() {
     for (sal_Int32 i = 0; i < page->getCount(); ++i) {
         const Reference<css::drawing::XShape> shape(page->getByIndex(i), UNO_QUERY);
         // Comments have shapes of this type too; they are not shown.
-        if (!shape.is() || shape->getShapeType() == "com.sun.star.drawing.CaptionShape")
+        if (!shape.is() || shape->getShapeType() == "com.sun.star.drawing.CaptionShape") {
             continue;
+        }
         const auto turned = property<sal_Int32>(propertiesOf(shape), "RotateAngle");
         mDrawings.push_back({shape, shape->getPosition(), shape->getSize(), turned == 0});
     }
@@ -48,8 +49,9 @@ void Drawings::read() {
 
 void Drawings::place(const Drawing& drawing, const css::awt::Point& position, const css::awt::Size& size) {
     try {
-        if (drawing.scalesWithCells)
+        if (drawing.scalesWithCells) {
             drawing.shape->setSize(size);
+        }
         drawing.shape->setPosition(position);
     } catch (const css::uno::Exception&) {
         // A shape that refuses to move keeps its position.
@@ -57,8 +59,9 @@ void Drawings::place(const Drawing& drawing, const css::awt::Point& position, co
 }
 
 void Drawings::align(const Tracks& columns, const Tracks& rows, int32_t dpi) {
-    if (mAlignedTo == dpi)
+    if (mAlignedTo == dpi) {
         return;
+    }
     mAlignedTo = dpi;
     for (const Drawing& drawing : mDrawings) {
         const auto& [x, y] = drawing.position;
@@ -70,11 +73,13 @@ void Drawings::align(const Tracks& columns, const Tracks& rows, int32_t dpi) {
 }
 
 void Drawings::restore() {
-    if (mAlignedTo == 0)
+    if (mAlignedTo == 0) {
         return;
+    }
     mAlignedTo = 0;
-    for (const Drawing& drawing : mDrawings)
+    for (const Drawing& drawing : mDrawings) {
         place(drawing, drawing.position, drawing.size);
+    }
 }
 
 } // namespace lectern::engine

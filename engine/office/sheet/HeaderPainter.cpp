@@ -31,10 +31,11 @@ struct Strip {
     int32_t length() const { return isRows() ? surface.height : surface.width; }
     int32_t thickness() const { return isRows() ? surface.width : surface.height; }
     void fill(int64_t first, int64_t last, int64_t from, int64_t to, uint32_t colour) const {
-        if (isRows())
+        if (isRows()) {
             lectern::engine::fill(surface, from, first, to, last, colour);
-        else
+        } else {
             lectern::engine::fill(surface, first, from, last, to, colour);
+        }
     }
 };
 
@@ -86,10 +87,12 @@ void HeaderPainter::paint(Axis axis, const Tracks& tracks, int64_t from,
     const Strip strip{axis, surface};
     strip.fill(0, strip.length(), 0, strip.thickness(), BACKGROUND);
     forTracks(tracks, from, strip.length(), [&](int32_t track, int64_t first, int64_t last) {
-        if (marked && track >= marked->first && track <= marked->last)
+        if (marked && track >= marked->first && track <= marked->last) {
             strip.fill(first, last, 0, strip.thickness(), tinted(BACKGROUND, marked->colour));
-        if (from + first > 0)
+        }
+        if (from + first > 0) {
             strip.fill(first, first + 1, 0, strip.thickness(), LINE);
+        }
     });
     const int32_t inner = strip.thickness() - 1;
     strip.fill(0, strip.length(), inner, strip.thickness(), LINE);
@@ -123,8 +126,9 @@ void HeaderPainter::paint(Axis axis, const Tracks& tracks, int64_t from,
 std::string columnLabel(int32_t column) {
     constexpr int32_t LETTERS = 26;
     std::string label;
-    for (int32_t rest = column + 1; rest > 0; rest = (rest - 1) / LETTERS)
+    for (int32_t rest = column + 1; rest > 0; rest = (rest - 1) / LETTERS) {
         label.insert(label.begin(), static_cast<char>('A' + (rest - 1) % LETTERS));
+    }
     return label;
 }
 

@@ -26,10 +26,12 @@ int32_t SheetDocument::open(Office& office, const std::string& path, const std::
     return guardedInOffice([&]() -> int32_t {
         LoadedModel loaded;
         const int32_t result = loadModel(office.d(), path, password, temporaryDirectory, loaded);
-        if (result != MODULE_OK)
+        if (result != MODULE_OK) {
             return result;
-        if (!css::uno::Reference<css::sheet::XSpreadsheetDocument>(loaded.model, css::uno::UNO_QUERY).is())
+        }
+        if (!css::uno::Reference<css::sheet::XSpreadsheetDocument>(loaded.model, css::uno::UNO_QUERY).is()) {
             return MODULE_WRONG_KIND;
+        }
         document.reset(new SheetDocument(std::make_unique<Private>(std::move(loaded))));
         return MODULE_OK;
     });
@@ -52,8 +54,9 @@ PixelRect SheetDocument::Private::place(const SheetGeometry& geometry, const Cel
 }
 
 std::optional<MarkedTracks> SheetDocument::Private::marked(int32_t sheet, Axis axis) const {
-    if (!selection || selection->sheet != sheet || selection->tracks.value_or(axis) != axis)
+    if (!selection || selection->sheet != sheet || selection->tracks.value_or(axis) != axis) {
         return std::nullopt;
+    }
     const CellBlock& block = selection->block;
     return axis == Axis::Columns ? MarkedTracks{block.left, block.right, selection->colour}
                                  : MarkedTracks{block.top, block.bottom, selection->colour};
@@ -68,23 +71,27 @@ void SheetDocument::Private::markCells(int32_t sheet, int32_t x, int32_t y) {
         const int64_t top = int64_t{rect.y} - y;
         tint(target, left, top, left + rect.width, top + rect.height, colour);
     };
-    if (selection && selection->sheet == sheet)
+    if (selection && selection->sheet == sheet) {
         mark(selection->block, selection->colour);
-    if (hits.sheet() == sheet)
+    }
+    if (hits.sheet() == sheet) {
         hits.forRows(geometry.rows.trackAt(y), geometry.rows.trackAt(int64_t{y} + target.height),
                      [&](const CellBlock& cell) { mark(cell, hitColour); });
+    }
 }
 
 int32_t SheetDocument::setSurface(SheetArea area, uint32_t* pixels, int32_t width, int32_t height) {
-    if (pixels == nullptr || width < 1 || height < 1 || width > MOST_PIXELS || height > MOST_PIXELS)
+    if (pixels == nullptr || width < 1 || height < 1 || width > MOST_PIXELS || height > MOST_PIXELS) {
         return MODULE_BAD_ARGUMENT;
+    }
     mPrivate->surfaces[static_cast<size_t>(area)] = {pixels, width, height};
     return MODULE_OK;
 }
 
 int32_t SheetDocument::setDpi(int32_t dpi) {
-    if (dpi < 1 || dpi > MOST_DPI)
+    if (dpi < 1 || dpi > MOST_DPI) {
         return MODULE_BAD_ARGUMENT;
+    }
     return guardedInOffice([&]() -> int32_t {
         if (dpi != mPrivate->dpi) {
             mPrivate->dpi = dpi;
@@ -102,10 +109,12 @@ int32_t SheetDocument::render(int32_t sheet, int32_t x, int32_t y) {
             d.cells.paint(d.book, sheet, x, y, d.dpi, cells);
             d.markCells(sheet, x, y);
         }
-        if (const Surface& strip = d.surface(SheetArea::RowHeaders); strip.pixels != nullptr)
+        if (const Surface& strip = d.surface(SheetArea::RowHeaders); strip.pixels != nullptr) {
             d.headers.paint(Axis::Rows, geometry.rows, y, d.marked(sheet, Axis::Rows), strip);
-        if (const Surface& strip = d.surface(SheetArea::ColumnHeaders); strip.pixels != nullptr)
+        }
+        if (const Surface& strip = d.surface(SheetArea::ColumnHeaders); strip.pixels != nullptr) {
             d.headers.paint(Axis::Columns, geometry.columns, x, d.marked(sheet, Axis::Columns), strip);
+        }
         return MODULE_OK;
     });
 }
@@ -118,8 +127,9 @@ int32_t SheetDocument::sheetCount(int32_t& count) {
 int32_t SheetDocument::title(int32_t sheet, std::u16string& text) {
     Private& d = *mPrivate;
     return guardedInOffice([&]() -> int32_t {
-        if (!d.book.has(sheet))
+        if (!d.book.has(sheet)) {
             return MODULE_BAD_ARGUMENT;
+        }
         const css::uno::Reference<css::container::XNamed> named(d.book.sheet(sheet),
                                                                 css::uno::UNO_QUERY_THROW);
         text = toText(named->getName());

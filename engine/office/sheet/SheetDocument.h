@@ -44,7 +44,7 @@ public:
     int32_t commentMarks(int32_t sheet, std::vector<PixelRect>& marks);
     int32_t comment(int32_t sheet, int32_t x, int32_t y, std::u16string& text);
 
-    int32_t setHighlightColour(const Colour& colour);
+    int32_t setHighlightColor(const Colour& colour);
     // Returns MODULE_NOTHING_THERE when nothing is found.
     int32_t find(int32_t sheet, const std::u16string& text);
     int32_t foundRegions(std::vector<PixelRect>& regions);

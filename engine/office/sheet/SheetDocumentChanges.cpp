@@ -35,14 +35,16 @@ int32_t resultOf(bool done) {
 int32_t SheetDocument::sort(int32_t sheet, int32_t column, bool ascending) {
     Private& d = *mPrivate;
     return d.onSheet(sheet, [&](const SheetGeometry& geometry) -> int32_t {
-        if (column < 0 || column >= geometry.columns.count())
+        if (column < 0 || column >= geometry.columns.count()) {
             return MODULE_BAD_ARGUMENT;
+        }
         d.book.aboutToChange(sheet);
         const int32_t result = sortSheet(d.book, sheet, column, ascending);
         d.book.changed(sheet);
         // Sorting has moved the cells of the hits.
-        if (result == MODULE_OK && d.hits.sheet() == sheet)
+        if (result == MODULE_OK && d.hits.sheet() == sheet) {
             d.hits = CellHits();
+        }
         return result;
     });
 }
@@ -62,8 +64,9 @@ int32_t SheetDocument::unhide(int32_t sheet, Axis axis, int32_t first, int32_t l
         int32_t to = tracks.trackAt(std::max(first, last));
         // Hidden tracks at a position lie right before the track that is shown
         // there. Behind the sheet's end no track is shown.
-        if (std::min(first, last) >= tracks.total() || !tracks.widenOverHiddenBefore(from))
+        if (std::min(first, last) >= tracks.total() || !tracks.widenOverHiddenBefore(from)) {
             tracks.widenOverHiddenBehind(to);
+        }
         return resultOf(
             setProperty(tracksOf(mPrivate->book.sheet(sheet), axis, from, to), "IsVisible", true));
     });
@@ -82,20 +85,23 @@ int32_t SheetDocument::resize(int32_t sheet, Axis axis, int32_t at, int32_t chan
     return d.onTracks(sheet, axis, [&](const Tracks& tracks) -> int32_t {
         const int32_t track = tracks.trackAt(at);
         const int64_t wanted = tracks.size(track) + change;
-        if (wanted < 1 || wanted * TWIPS_PER_INCH / d.dpi > MOST_TWIPS)
+        if (wanted < 1 || wanted * TWIPS_PER_INCH / d.dpi > MOST_TWIPS) {
             return MODULE_BAD_ARGUMENT;
+        }
         const auto object = tracksOf(d.book.sheet(sheet), axis, track, track);
         const char* const size = axis == Axis::Columns ? "Width" : "Height";
         const int32_t before = tracks.twips(track);
         const auto set = [&](int32_t twips) {
             return setProperty(object, size, static_cast<sal_Int32>(hundredthMmFromTwips(twips)));
         };
-        if (!set(Tracks::twipsFor(wanted, d.dpi)))
+        if (!set(Tracks::twipsFor(wanted, d.dpi))) {
             return MODULE_FAILED;
+        }
         d.book.changed(sheet);
         // The suite has limits of its own and does not report them.
-        if (d.book.geometry(sheet).along(axis).size(track) == wanted)
+        if (d.book.geometry(sheet).along(axis).size(track) == wanted) {
             return MODULE_OK;
+        }
         set(before);
         return MODULE_BAD_ARGUMENT;
     });

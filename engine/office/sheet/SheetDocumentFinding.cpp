@@ -16,8 +16,9 @@ template<class Blocks, class Place>
 std::vector<PixelRect> visiblePlaces(const Blocks& blocks, Place place) {
     std::vector<PixelRect> places;
     for (const CellBlock& block : blocks) {
-        if (const PixelRect rect = place(block); rect.width > 0 && rect.height > 0)
+        if (const PixelRect rect = place(block); rect.width > 0 && rect.height > 0) {
             places.push_back(rect);
+        }
     }
     return places;
 }
@@ -43,7 +44,7 @@ int32_t SheetDocument::comment(int32_t sheet, int32_t x, int32_t y, std::u16stri
     });
 }
 
-int32_t SheetDocument::setHighlightColour(const Colour& colour) {
+int32_t SheetDocument::setHighlightColor(const Colour& colour) {
     mPrivate->highlight = colour;
     return MODULE_OK;
 }
@@ -59,8 +60,9 @@ int32_t SheetDocument::find(int32_t sheet, const std::u16string& text) {
 
 int32_t SheetDocument::foundRegions(std::vector<PixelRect>& regions) {
     Private& d = *mPrivate;
-    if (d.hits.cells().empty())
+    if (d.hits.cells().empty()) {
         return MODULE_OK;
+    }
     return d.onSheet(d.hits.sheet(), [&](const SheetGeometry& geometry) {
         regions =
             visiblePlaces(d.hits.cells(), [&](const CellBlock& cell) { return d.place(geometry, cell); });
@@ -75,8 +77,9 @@ int32_t SheetDocument::stopFind() {
 
 int32_t SheetDocument::selectArea(int32_t sheet, int32_t left, int32_t top, int32_t width, int32_t height) {
     Private& d = *mPrivate;
-    if (width < 1 || height < 1)
+    if (width < 1 || height < 1) {
         return MODULE_BAD_ARGUMENT;
+    }
     return d.onSheet(sheet, [&](const SheetGeometry& geometry) {
         const CellBlock block{geometry.columns.trackAt(left), geometry.rows.trackAt(top),
                               geometry.columns.trackAt(int64_t{left} + width - 1),
@@ -117,8 +120,9 @@ int32_t SheetDocument::clearSelection() {
 
 int32_t SheetDocument::copySelection(std::u16string& text) {
     Private& d = *mPrivate;
-    if (!d.selection)
+    if (!d.selection) {
         return MODULE_NOTHING_THERE;
+    }
     return d.onSheet(d.selection->sheet, [&](const SheetGeometry&) -> int32_t {
         d.book.show(d.selection->sheet);
         const CellBlock& block = d.selection->block;
@@ -129,12 +133,14 @@ int32_t SheetDocument::copySelection(std::u16string& text) {
                               ->getCellRangeByPosition(block.left, block.top, block.right, block.bottom)));
         const std::unique_ptr<char, decltype(&std::free)> copied(
             d.book.painter().getTextSelection("text/plain;charset=utf-8"), &std::free);
-        if (!copied)
+        if (!copied) {
             return MODULE_FAILED;
+        }
         text = toText(OStringToOUString(rtl::OString(copied.get()), RTL_TEXTENCODING_UTF8));
         // Line feeds separate rows; none follows the last row.
-        if (!text.empty() && text.back() == u'\n')
+        if (!text.empty() && text.back() == u'\n') {
             text.pop_back();
+        }
         return MODULE_OK;
     });
 }

@@ -43,8 +43,9 @@ CellHits::CellHits(int32_t sheet, std::vector<CellBlock> cells) : mSheet(sheet),
     std::sort(mCells.begin(), mCells.end(), [](const CellBlock& a, const CellBlock& b) {
         return std::tie(a.top, a.left) < std::tie(b.top, b.left);
     });
-    for (const CellBlock& cell : mCells)
+    for (const CellBlock& cell : mCells) {
         mTallest = std::max(mTallest, cell.bottom - cell.top + 1);
+    }
 }
 
 size_t CellHits::firstFrom(int32_t row) const {
@@ -60,9 +61,10 @@ CellHits findInSheet(const Workbook& book, int32_t sheet, const std::u16string& 
         const CellBlock block = blockOf(range);
         const bool merged = holdsMergedCells(book.sheet(sheet), block);
         for (int32_t row = block.top; row <= block.bottom && cells.size() < MOST_HITS; ++row) {
-            for (int32_t column = block.left; column <= block.right; ++column)
+            for (int32_t column = block.left; column <= block.right; ++column) {
                 cells.push_back(merged ? book.mergedBlock(sheet, column, row)
                                        : CellBlock{column, row, column, row});
+            }
         }
     }
     return {sheet, std::move(cells)};

@@ -20,8 +20,9 @@ public:
     // Calls use(block) for the hits that overlap rows `first` to `last`.
     template<class Use>
     void forRows(int32_t first, int32_t last, Use use) const {
-        for (size_t i = firstFrom(first); i < mCells.size() && mCells[i].top <= last; ++i)
+        for (size_t i = firstFrom(first); i < mCells.size() && mCells[i].top <= last; ++i) {
             use(mCells[i]);
+        }
     }
 
 private:

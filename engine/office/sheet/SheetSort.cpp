@@ -53,12 +53,14 @@ bool holdsAnything(const Cells& cells) {
 
 bool startsWithHeader(const Reference<css::sheet::XSpreadsheet>& sheet, const CellBlock& block) {
     if (block.top == block.bottom ||
-        holdsOther(sheet->getCellRangeByPosition(block.left, block.top, block.right, block.top)))
+        holdsOther(sheet->getCellRangeByPosition(block.left, block.top, block.right, block.top))) {
         return false;
+    }
     for (int32_t column = block.left; column <= block.right; ++column) {
         if (holdsText(sheet->getCellRangeByPosition(column, block.top, column, block.top)) &&
-            holdsOther(sheet->getCellRangeByPosition(column, block.top + 1, column, block.bottom)))
+            holdsOther(sheet->getCellRangeByPosition(column, block.top + 1, column, block.bottom))) {
             return true;
+        }
     }
     return false;
 }
@@ -116,11 +118,13 @@ int32_t sortSheet(Workbook& book, int32_t index, int32_t column, bool ascending)
     const auto& sheet = book.sheet(index);
     const std::optional<CellBlock> block = book.usedBlock(index);
     if (!block || column < block->left || column > block->right ||
-        !holdsAnything(sheet->getCellRangeByPosition(column, block->top, column, block->bottom)))
+        !holdsAnything(sheet->getCellRangeByPosition(column, block->top, column, block->bottom))) {
         return MODULE_NOTHING_THERE;
+    }
     const Reference<css::util::XProtectable> protection(sheet, UNO_QUERY);
-    if (protection.is() && protection->isProtected())
+    if (protection.is() && protection->isProtected()) {
         return MODULE_REFUSED;
+    }
     const bool header = startsWithHeader(sheet, *block);
     const Reference<css::util::XSortable> sortable(
         sheet->getCellRangeByPosition(block->left, block->top, block->right, block->bottom), UNO_QUERY_THROW);

@@ -39,8 +39,9 @@ void hideComments(const Reference<css::sheet::XSpreadsheet>& sheet) {
     const Reference<css::container::XIndexAccess> comments(supplier->getAnnotations(), UNO_QUERY_THROW);
     for (sal_Int32 i = 0; i < comments->getCount(); ++i) {
         const Reference<css::sheet::XSheetAnnotation> comment(comments->getByIndex(i), UNO_QUERY_THROW);
-        if (comment->getIsVisible())
+        if (comment->getIsVisible()) {
             comment->setIsVisible(false);
+        }
     }
 }
 
@@ -68,10 +69,11 @@ int32_t lastWith(int32_t last, IsAnyFrom isAnyFrom) {
     int32_t first = 0;
     while (first < last) {
         const int32_t middle = last - (last - first) / 2;
-        if (isAnyFrom(middle))
+        if (isAnyFrom(middle)) {
             first = middle;
-        else
+        } else {
             last = middle - 1;
+        }
     }
     return first;
 }
@@ -103,12 +105,14 @@ Workbook::Workbook(LoadedModel loaded) : mLoaded(std::move(loaded)) {
     for (sal_Int32 part = 0; part < sheets->getCount(); ++part) {
         const Reference<css::sheet::XSpreadsheet> cells(sheets->getByIndex(part), UNO_QUERY_THROW);
         const auto properties = propertiesOf(cells);
-        if (!property<bool>(properties, "IsVisible", true))
+        if (!property<bool>(properties, "IsVisible", true)) {
             continue;
+        }
         // For a sheet that runs from right to left the painter would mirror the
         // letters as well.
-        if (property<sal_Int16>(properties, "TableLayout") != css::text::WritingMode2::LR_TB)
+        if (property<sal_Int16>(properties, "TableLayout") != css::text::WritingMode2::LR_TB) {
             setProperty(properties, "TableLayout", css::text::WritingMode2::LR_TB);
+        }
         hideComments(cells);
         mSheets.push_back({part, cells, Drawings(cells), std::nullopt});
     }
@@ -116,8 +120,9 @@ Workbook::Workbook(LoadedModel loaded) : mLoaded(std::move(loaded)) {
 
 void Workbook::show(int32_t sheet) {
     const int part = mSheets[static_cast<size_t>(sheet)].part;
-    if (painter().getPart() != part)
+    if (painter().getPart() != part) {
         painter().setPart(part);
+    }
 }
 
 void Workbook::setDpi(int32_t dpi) {
@@ -182,8 +187,9 @@ std::optional<CellBlock> Workbook::mergedExtent(int32_t index) const {
     const auto& cells = sheet(index);
     const Reference<css::sheet::XCellRangeAddressable> all(cells, UNO_QUERY_THROW);
     const CellBlock whole = blockOf(all->getRangeAddress());
-    if (!holdsMerged(cells, whole))
+    if (!holdsMerged(cells, whole)) {
         return std::nullopt;
+    }
     const int32_t column = lastWith(whole.right, [&](int32_t first) {
         return holdsMerged(cells, {first, 0, whole.right, whole.bottom});
     });

@@ -16,8 +16,9 @@ bool isEncryptedPresentation(const std::string& path) {
     constexpr std::string_view ENCRYPTED_USER("\x14\x00\x00\x00\xDF\xC4\xD1\xF3", 8);
     std::ifstream file(path, std::ios::binary);
     std::string head(COMPOUND.size(), '\0');
-    if (!file.read(head.data(), static_cast<std::streamsize>(head.size())) || head != COMPOUND)
+    if (!file.read(head.data(), static_cast<std::streamsize>(head.size())) || head != COMPOUND) {
         return false;
+    }
     const std::istreambuf_iterator<char> first(file);
     const std::string rest(first, {});
     return std::search(rest.begin(), rest.end(),

@@ -54,8 +54,9 @@ css::beans::PropertyValue named(const char* name, const Value& value) {
 // Removes the grey frame that the suite draws around a slide: its pixels are
 // replaced by their neighbours inside. `thickness` is in pixels.
 void coverFrame(const Surface& surface, int32_t thickness) {
-    if (std::min(surface.width, surface.height) <= 2 * thickness)
+    if (std::min(surface.width, surface.height) <= 2 * thickness) {
         return;
+    }
     for (int64_t y = thickness; y < surface.height - thickness; ++y) {
         uint32_t* const row = surface.row(y);
         uint32_t* const right = row + surface.width - thickness;
@@ -101,8 +102,9 @@ SlideDeck::SlideDeck(const Office::Private& office, const std::string& path, Loa
         mSlides.emplace_back(pages->getByIndex(i), UNO_QUERY_THROW);
         prepareSlide(mLoaded.model, mSlides.back());
     }
-    if (count() == 1 && slide(0)->getCount() == 0 && isWithoutSlides(office.context, path))
+    if (count() == 1 && slide(0)->getCount() == 0 && isWithoutSlides(office.context, path)) {
         mSlides.clear();
+    }
     mLoaded.painter->initializeForRendering("{}");
 }
 
@@ -124,12 +126,14 @@ void SlideDeck::paint(int32_t index, const Surface& surface) {
 
 // An exported slide lacks its master page; its preview shape includes it.
 DrawnText SlideDeck::drawnText(int32_t index) {
-    if (!mPreview.is())
+    if (!mPreview.is()) {
         mPreview = makePreview(mLoaded.model, slide(0));
+    }
     const css::awt::Size whole = size(index);
     if (const css::awt::Size now = mPreview->getSize();
-        now.Width != whole.Width || now.Height != whole.Height)
+        now.Width != whole.Width || now.Height != whole.Height) {
         mPreview->setSize(whole);
+    }
     setProperty(propertiesOf(mPreview), "PageNumber", sal_Int32{index + 1});
     mExport->setSourceDocument(Reference<css::lang::XComponent>(mPreview, UNO_QUERY_THROW));
     const rtl::Reference<Collected> metafile(new Collected);

@@ -35,16 +35,20 @@ int32_t SlideDocument::open(Office& office, const std::string& path, const std::
                             std::unique_ptr<SlideDocument>& document) {
     return guardedInOffice([&]() -> int32_t {
         // The suite would open an empty file as a new presentation.
-        if (std::filesystem::file_size(path) == 0)
+        if (std::filesystem::file_size(path) == 0) {
             return MODULE_DAMAGED;
+        }
         LoadedModel loaded;
         const int32_t result = loadModel(office.d(), path, "", temporaryDirectory, loaded);
-        if (result == MODULE_DAMAGED && isEncryptedPresentation(path))
+        if (result == MODULE_DAMAGED && isEncryptedPresentation(path)) {
             return MODULE_NEEDS_PASSWORD;
-        if (result != MODULE_OK)
+        }
+        if (result != MODULE_OK) {
             return result;
-        if (!isPresentation(loaded.model))
+        }
+        if (!isPresentation(loaded.model)) {
             return MODULE_WRONG_KIND;
+        }
         document.reset(new SlideDocument(std::make_unique<Private>(office.d(), path, std::move(loaded))));
         return MODULE_OK;
     });
@@ -60,8 +64,9 @@ SlideDocument::~SlideDocument() {
 }
 
 int32_t SlideDocument::setSurface(uint32_t* pixels, int32_t width, int32_t height) {
-    if (pixels == nullptr || width < 1 || height < 1 || width > MOST_PIXELS || height > MOST_PIXELS)
+    if (pixels == nullptr || width < 1 || height < 1 || width > MOST_PIXELS || height > MOST_PIXELS) {
         return MODULE_BAD_ARGUMENT;
+    }
     mPrivate->surface = {pixels, width, height};
     mPrivate->places = PicturePlaces(mRoom);
     mPrivate->rendered.reset();
@@ -69,14 +74,16 @@ int32_t SlideDocument::setSurface(uint32_t* pixels, int32_t width, int32_t heigh
 }
 
 int32_t SlideDocument::render(int32_t slide) {
-    if (mPrivate->surface.pixels == nullptr)
+    if (mPrivate->surface.pixels == nullptr) {
         return MODULE_BAD_ARGUMENT;
+    }
     return mPrivate->onSlide(slide, [&] {
         const std::optional<int32_t> before = std::exchange(mPrivate->rendered, std::nullopt);
         int32_t place = mPrivate->paint(slide);
         const auto hits = mPrivate->found.find(slide);
-        if (hits != mPrivate->found.end() && !hits->second.boxes.empty())
+        if (hits != mPrivate->found.end() && !hits->second.boxes.empty()) {
             place = mPrivate->markHits(slide, hits->second, place);
+        }
         mPicture = place;
         mPrivate->warmed = 0;
         mPrivate->likelyNext = mPrivate->after(before, slide);
@@ -85,11 +92,13 @@ int32_t SlideDocument::render(int32_t slide) {
 }
 
 bool SlideDocument::prepareNext() {
-    if (mPrivate->warmMemory(mPicture))
+    if (mPrivate->warmMemory(mPicture)) {
         return true;
+    }
     const std::optional<int32_t> next = std::exchange(mPrivate->likelyNext, std::nullopt);
-    if (next && mPrivate->deck.has(*next) && !mPrivate->places.has(*next))
+    if (next && mPrivate->deck.has(*next) && !mPrivate->places.has(*next)) {
         mPrivate->onSlide(*next, [&] { mPrivate->deck.preparePaint(*next); });
+    }
     return false;
 }
 
@@ -97,8 +106,9 @@ std::optional<int32_t> SlideDocument::Private::after(std::optional<int32_t> befo
     // A slide that is slow to paint is slow to leave as well, and it may be
     // painted again in another size.
     constexpr auto QUICK = std::chrono::milliseconds(50);
-    if (paintTime > QUICK)
+    if (paintTime > QUICK) {
         return std::nullopt;
+    }
     // The user probably keeps turning pages in the same direction.
     return before && slide < *before ? slide - 1 : slide + 1;
 }
@@ -108,13 +118,15 @@ bool SlideDocument::Private::warmMemory(int32_t shown) {
     constexpr int64_t CACHE_LINE = 16; // pixels
     const int64_t count = int64_t{surface.width} * surface.height;
     const int32_t next = places.next();
-    if (surface.pixels == nullptr || next == shown || warmed >= count)
+    if (surface.pixels == nullptr || next == shown || warmed >= count) {
         return false;
+    }
     // Write back the values read, because a picture kept there may still be needed.
     volatile uint32_t* const pixels = pictureAt(next).pixels;
     const int64_t end = std::min(warmed + PORTION, count);
-    for (; warmed < end; warmed += CACHE_LINE)
+    for (; warmed < end; warmed += CACHE_LINE) {
         pixels[warmed] = pixels[warmed];
+    }
     return true;
 }
 
@@ -123,8 +135,9 @@ Surface SlideDocument::Private::pictureAt(int32_t place) const {
 }
 
 int32_t SlideDocument::Private::paint(int32_t slide) {
-    if (const auto kept = places.find(slide))
+    if (const auto kept = places.find(slide)) {
         return *kept;
+    }
     const int32_t place = places.take();
     const auto start = std::chrono::steady_clock::now();
     deck.paint(slide, pictureAt(place));

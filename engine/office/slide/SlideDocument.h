@@ -55,7 +55,7 @@ public:
     int32_t note(int32_t slide, std::u16string& text);
     int32_t outline(int32_t slide, std::vector<OutlineItem>& items);
 
-    int32_t setHighlightColour(const Colour& colour);
+    int32_t setHighlightColor(const Colour& colour);
     // Searches the slides `first` to `last`, both included. When the search
     // takes too long it returns the hits so far; repeating the same search gets
     // further, because the texts of searched slides are kept.

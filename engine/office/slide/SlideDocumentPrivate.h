@@ -27,8 +27,9 @@ struct SlideDocument::Private {
     template<class Work>
     int32_t onSlide(int32_t slide, Work work) noexcept {
         return guardedInOffice([&]() -> int32_t {
-            if (!deck.has(slide))
+            if (!deck.has(slide)) {
                 return MODULE_BAD_ARGUMENT;
+            }
             work();
             return MODULE_OK;
         });

@@ -39,8 +39,9 @@ bool lies(const DrawnBox& box, const css::awt::Size& slide) {
 
 const DrawnText& SlideDocument::Private::drawnText(int32_t slide) {
     std::optional<DrawnText>& text = texts[static_cast<size_t>(slide)];
-    if (!text)
+    if (!text) {
         text = deck.drawnText(slide);
+    }
     return *text;
 }
 
@@ -51,14 +52,16 @@ FoundOnSlide SlideDocument::Private::search(int32_t slide, const std::u16string&
     for (const CharacterRange& hit : hitsIn(text.text, wanted)) {
         std::vector<DrawnBox> boxes = text.boxes(hit);
         std::erase_if(boxes, [&](const DrawnBox& box) { return !lies(box, size); });
-        if (!boxes.empty())
+        if (!boxes.empty()) {
             hits.boxes.push_back(std::move(boxes));
+        }
     }
     std::stable_sort(hits.boxes.begin(), hits.boxes.end(), [](const auto& a, const auto& b) {
         return std::tie(a.front().top, a.front().left) < std::tie(b.front().top, b.front().left);
     });
-    for (const CharacterRange& hit : hitsIn(searchable(slideNote(deck.slide(slide))), wanted))
+    for (const CharacterRange& hit : hitsIn(searchable(slideNote(deck.slide(slide))), wanted)) {
         hits.noteOffsets.push_back(static_cast<int32_t>(hit.start));
+    }
     return hits;
 }
 
@@ -85,17 +88,19 @@ std::vector<PixelRect> SlideDocument::Private::onSurface(int32_t slide,
 int32_t SlideDocument::Private::markHits(int32_t slide, const FoundOnSlide& hits, int32_t place) {
     const int32_t marked = places.take(); // equals `place` when there is only one
     const Surface picture = pictureAt(marked);
-    if (marked != place)
+    if (marked != place) {
         std::copy(pictureAt(place).row(0), pictureAt(place).row(surface.height), picture.pixels);
+    }
     for (const auto& boxes : hits.boxes) {
-        for (const PixelRect& rect : onSurface(slide, boxes))
+        for (const PixelRect& rect : onSurface(slide, boxes)) {
             tint(picture, rect.x, rect.y, int64_t{rect.x} + rect.width, int64_t{rect.y} + rect.height,
                  hitColour);
+        }
     }
     return marked;
 }
 
-int32_t SlideDocument::setHighlightColour(const Colour& colour) {
+int32_t SlideDocument::setHighlightColor(const Colour& colour) {
     mPrivate->highlight = colour;
     return MODULE_OK;
 }
@@ -103,16 +108,18 @@ int32_t SlideDocument::setHighlightColour(const Colour& colour) {
 int32_t SlideDocument::find(const std::u16string& text, int32_t first, int32_t last,
                             std::vector<SlideHits>& slides) {
     slides.clear();
-    if (first > last || !mPrivate->deck.has(first) || !mPrivate->deck.has(last))
+    if (first > last || !mPrivate->deck.has(first) || !mPrivate->deck.has(last)) {
         return MODULE_BAD_ARGUMENT;
+    }
     return guardedInOffice([&]() -> int32_t {
         mPrivate->found.clear();
         mPrivate->hitColour = mPrivate->highlight;
         const Clock::time_point end = Clock::now() + PATIENCE;
         for (int32_t slide = first; slide <= last && !text.empty() && Clock::now() < end; ++slide) {
             FoundOnSlide hits = mPrivate->search(slide, text);
-            if (hits.boxes.empty() && hits.noteOffsets.empty())
+            if (hits.boxes.empty() && hits.noteOffsets.empty()) {
                 continue;
+            }
             slides.push_back({slide, static_cast<int32_t>(hits.boxes.size()),
                               static_cast<int32_t>(hits.noteOffsets.size())});
             mPrivate->found.emplace(slide, std::move(hits));
@@ -126,10 +133,12 @@ int32_t SlideDocument::foundRegions(std::vector<std::vector<PixelRect>>& regions
     return guardedInOffice([&]() -> int32_t {
         const auto hits =
             mPrivate->rendered ? mPrivate->found.find(*mPrivate->rendered) : mPrivate->found.end();
-        if (hits == mPrivate->found.end())
+        if (hits == mPrivate->found.end()) {
             return MODULE_OK;
-        for (const auto& boxes : hits->second.boxes)
+        }
+        for (const auto& boxes : hits->second.boxes) {
             regions.push_back(mPrivate->onSurface(*mPrivate->rendered, boxes));
+        }
         return MODULE_OK;
     });
 }

@@ -52,17 +52,20 @@ struct Record {
 // Removes the first record from `rest`; returns nothing when it is not complete.
 std::optional<Record> takeRecord(Bytes& rest) {
     constexpr size_t HEADER = 8;
-    if (rest.size() < HEADER)
+    if (rest.size() < HEADER) {
         return std::nullopt;
+    }
     const auto number = [&](size_t at, size_t length) {
         uint32_t value = 0;
-        for (size_t i = 0; i < length; ++i)
+        for (size_t i = 0; i < length; ++i) {
             value |= uint32_t{static_cast<uint8_t>(rest[at + i])} << (8 * i);
+        }
         return value;
     };
     const size_t length = number(4, 4);
-    if (length > rest.size() - HEADER)
+    if (length > rest.size() - HEADER) {
         return std::nullopt;
+    }
     const Record record{static_cast<uint16_t>(number(2, 2)), static_cast<uint16_t>(number(0, 2) >> 4),
                         rest.subspan(HEADER, length)};
     rest = rest.subspan(HEADER + length);
@@ -74,8 +77,9 @@ std::optional<Record> takeRecord(Bytes& rest) {
 bool holds(Bytes records, std::span<const uint16_t> types) {
     while (const std::optional<Record> record = takeRecord(records)) {
         if (record->type == types.front() && record->instance == 0 &&
-            (types.size() == 1 || holds(record->content, types.subspan(1))))
+            (types.size() == 1 || holds(record->content, types.subspan(1)))) {
             return true;
+        }
     }
     return false;
 }
@@ -93,8 +97,9 @@ bool hasSlidesInStorage(const Reference<css::container::XNameAccess>& storage) {
 bool hasSlides(const Reference<css::uno::XComponentContext>& context, const OUString& url) {
     const auto stream = css::ucb::SimpleFileAccess::create(context)->openFileRead(url);
     Sequence<sal_Int8> signature;
-    if (stream->readBytes(signature, 2) == 2 && signature[0] == 'P' && signature[1] == 'K')
+    if (stream->readBytes(signature, 2) == 2 && signature[0] == 'P' && signature[1] == 'K') {
         return hasSlidesInPackage(css::packages::zip::ZipFileAccess::createWithURL(context, url));
+    }
     const Reference<css::io::XSeekable> start(stream, UNO_QUERY_THROW);
     start->seek(0);
     return hasSlidesInStorage(

@@ -40,8 +40,9 @@ void replaceByStill(const Reference<css::frame::XModel>& model, const Reference<
     const css::awt::Size size = media->getSize();
     slide->remove(media);
     const Reference<css::lang::XMultiServiceFactory> factory(model, UNO_QUERY);
-    if (!still.hasValue() || !factory.is())
+    if (!still.hasValue() || !factory.is()) {
         return;
+    }
     const Reference<XShape> picture(factory->createInstance("com.sun.star.drawing.GraphicObjectShape"),
                                     UNO_QUERY);
     slide->add(picture);
@@ -55,8 +56,9 @@ void replaceByStill(const Reference<css::frame::XModel>& model, const Reference<
 sal_Int16 userNumber(const Reference<XAnimationNode>& node, const char* name) {
     sal_Int16 number = 0;
     for (const css::beans::NamedValue& entry : node->getUserData()) {
-        if (entry.Name.equalsAscii(name))
+        if (entry.Name.equalsAscii(name)) {
             entry.Value >>= number;
+        }
     }
     return number;
 }
@@ -67,8 +69,9 @@ class Outcome {
 public:
     void follow(const Reference<XAnimationNode>& node, bool takesAway, bool decides, int depth) {
         constexpr int DEEPEST = 32;
-        if (depth > DEEPEST || userNumber(node, "node-type") == EffectNodeType::INTERACTIVE_SEQUENCE)
+        if (depth > DEEPEST || userNumber(node, "node-type") == EffectNodeType::INTERACTIVE_SEQUENCE) {
             return;
+        }
         const sal_Int16 kind = userNumber(node, "preset-class");
         if (kind != 0) {
             takesAway = kind == EffectPresetClass::EXIT;
@@ -76,21 +79,25 @@ public:
         }
         const Reference<css::animations::XAnimate> animation(node, UNO_QUERY);
         Reference<XShape> target;
-        if (animation.is() && decides && (animation->getTarget() >>= target) && target.is())
+        if (animation.is() && decides && (animation->getTarget() >>= target) && target.is()) {
             note(target, takesAway);
+        }
         const Reference<css::container::XEnumerationAccess> parts(node, UNO_QUERY);
-        if (!parts.is())
+        if (!parts.is()) {
             return;
+        }
         const auto all = parts->createEnumeration();
         while (all->hasMoreElements()) {
-            if (const Reference<XAnimationNode> part(all->nextElement(), UNO_QUERY); part.is())
+            if (const Reference<XAnimationNode> part(all->nextElement(), UNO_QUERY); part.is()) {
                 follow(part, takesAway, decides, depth + 1);
+            }
         }
     }
     void hideTakenAway() const {
         for (const auto& [shape, takenAway] : mLast) {
-            if (takenAway)
+            if (takenAway) {
                 setProperty(propertiesOf(shape), "Visible", false);
+            }
         }
     }
 
@@ -98,10 +105,11 @@ private:
     void note(const Reference<XShape>& shape, bool takenAway) {
         const auto known =
             std::find_if(mLast.begin(), mLast.end(), [&](const auto& last) { return last.first == shape; });
-        if (known == mLast.end())
+        if (known == mLast.end()) {
             mLast.emplace_back(shape, takenAway);
-        else
+        } else {
             known->second = takenAway;
+        }
     }
 
     std::vector<std::pair<Reference<XShape>, bool>> mLast;
@@ -109,8 +117,9 @@ private:
 
 void hideWhatAnimationsTakeAway(const Reference<XDrawPage>& slide) {
     const Reference<css::animations::XAnimationNodeSupplier> supplier(slide, UNO_QUERY);
-    if (!supplier.is())
+    if (!supplier.is()) {
         return;
+    }
     if (const Reference<XAnimationNode> root = supplier->getAnimationNode(); root.is()) {
         Outcome outcome;
         outcome.follow(root, false, false, 0);
@@ -125,12 +134,14 @@ void prepareSlide(const Reference<css::frame::XModel>& model, const Reference<XD
     hideWhatAnimationsTakeAway(slide);
     for (sal_Int32 i = slide->getCount() - 1; i >= 0; --i) {
         const Reference<XShape> shape(slide->getByIndex(i), UNO_QUERY);
-        if (!shape.is())
+        if (!shape.is()) {
             continue;
-        if (isMedia(shape))
+        }
+        if (isMedia(shape)) {
             replaceByStill(model, slide, shape);
-        else if (isEmptyPlaceholder(shape))
+        } else if (isEmptyPlaceholder(shape)) {
             slide->remove(shape);
+        }
     }
 }
 

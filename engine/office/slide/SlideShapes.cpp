@@ -17,12 +17,14 @@ constexpr int DEEPEST_GROUP = 64;
 bool visit(const Reference<XShapes>& shapes, const ShapeVisit& use, int depth) {
     for (sal_Int32 i = 0; i < shapes->getCount(); ++i) {
         const Reference<XShape> shape(shapes->getByIndex(i), UNO_QUERY);
-        if (!shape.is())
+        if (!shape.is()) {
             continue;
+        }
         const Reference<XShapes> group(shape, UNO_QUERY);
         const bool goOn = group.is() ? depth >= DEEPEST_GROUP || visit(group, use, depth + 1) : use(shape);
-        if (!goOn)
+        if (!goOn) {
             return false;
+        }
     }
     return true;
 }

@@ -33,13 +33,15 @@ std::u16string onOneLine(const OUString& text) {
 
 void addParagraphs(const Reference<XShape>& shape, std::vector<OutlineItem>& items) {
     const Reference<css::container::XEnumerationAccess> text(shape, UNO_QUERY);
-    if (!text.is())
+    if (!text.is()) {
         return;
+    }
     const auto paragraphs = text->createEnumeration();
     while (paragraphs->hasMoreElements()) {
         const Reference<css::text::XTextRange> paragraph(paragraphs->nextElement(), UNO_QUERY);
-        if (!paragraph.is() || paragraph->getString().trim().isEmpty())
+        if (!paragraph.is() || paragraph->getString().trim().isEmpty()) {
             continue;
+        }
         const auto level = property<sal_Int16>(propertiesOf(paragraph), "NumberingLevel");
         items.push_back({onOneLine(paragraph->getString()), 1 + std::max<int32_t>(level, 0)});
     }
@@ -52,10 +54,11 @@ std::u16string slideTitle(const Reference<XDrawPage>& slide) {
     OUString firstText;
     visitShapes(slide, [&](const Reference<XShape>& shape) {
         const OUString placeholder = placeholderOf(shape);
-        if (placeholder == "TitleTextShape")
+        if (placeholder == "TitleTextShape") {
             title = textOf(shape).trim();
-        else if (firstText.isEmpty() && !isFooter(placeholder))
+        } else if (firstText.isEmpty() && !isFooter(placeholder)) {
             firstText = textOf(shape).trim();
+        }
         return title.isEmpty();
     });
     return onOneLine(title.isEmpty() ? firstText : title);
@@ -64,12 +67,14 @@ std::u16string slideTitle(const Reference<XDrawPage>& slide) {
 std::u16string slideNote(const Reference<XDrawPage>& slide) {
     const Reference<css::presentation::XPresentationPage> page(slide, UNO_QUERY);
     OUString note;
-    if (page.is())
+    if (page.is()) {
         visitShapes(page->getNotesPage(), [&](const Reference<XShape>& shape) {
-            if (placeholderOf(shape) == "NotesShape")
+            if (placeholderOf(shape) == "NotesShape") {
                 note = textOf(shape);
+            }
             return note.isEmpty();
         });
+    }
     return note.trim().isEmpty() ? std::u16string() : toText(note);
 }
 
@@ -77,12 +82,14 @@ std::vector<OutlineItem> slideOutline(const Reference<XDrawPage>& slide) {
     std::vector<OutlineItem> items;
     visitShapes(slide, [&](const Reference<XShape>& shape) {
         const OUString placeholder = placeholderOf(shape);
-        if (isEmptyPlaceholder(shape))
+        if (isEmptyPlaceholder(shape)) {
             return true;
-        if (placeholder == "TitleTextShape" && !textOf(shape).trim().isEmpty())
+        }
+        if (placeholder == "TitleTextShape" && !textOf(shape).trim().isEmpty()) {
             items.insert(items.begin(), {onOneLine(textOf(shape)), 0});
-        else if (placeholder == "OutlinerShape" || placeholder == "SubtitleShape")
+        } else if (placeholder == "OutlinerShape" || placeholder == "SubtitleShape") {
             addParagraphs(shape, items);
+        }
         return true;
     });
     return items;

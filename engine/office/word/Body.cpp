@@ -27,11 +27,13 @@ bool isDigit(sal_Unicode unit) {
 // cells continue after a dot.
 OUString rowOf(const OUString& cell) {
     sal_Int32 first = 0;
-    while (first < cell.getLength() && !isDigit(cell[first]))
+    while (first < cell.getLength() && !isDigit(cell[first])) {
         ++first;
+    }
     sal_Int32 last = first;
-    while (last < cell.getLength() && isDigit(cell[last]))
+    while (last < cell.getLength() && isDigit(cell[last])) {
         ++last;
+    }
     return cell.copy(first, last - first);
 }
 
@@ -67,12 +69,14 @@ public:
         const auto blocks = access->createEnumeration();
         while (blocks->hasMoreElements()) {
             const Reference<css::uno::XInterface> block(blocks->nextElement(), UNO_QUERY);
-            if (index == 0)
+            if (index == 0) {
                 mOnBlock(propertiesOf(block));
-            if (const Reference<css::text::XTextTable> inner(block, UNO_QUERY); inner.is())
+            }
+            if (const Reference<css::text::XTextTable> inner(block, UNO_QUERY); inner.is()) {
                 cellsOf(inner, unit);
-            else if (const Reference<css::text::XTextRange> range(block, UNO_QUERY); range.is())
+            } else if (const Reference<css::text::XTextRange> range(block, UNO_QUERY); range.is()) {
                 addParagraph(range, index, unit);
+            }
         }
     }
 
@@ -89,8 +93,9 @@ private:
         const OUString tableName = named->getName();
         const auto names = table->getCellNames();
         std::map<OUString, size_t> cellsInRow;
-        for (const OUString& name : names)
+        for (const OUString& name : names) {
             cellsInRow[rowOf(name)]++;
+        }
         OUString row;
         size_t rowUnit = 0;
         for (const OUString& name : names) {
@@ -117,19 +122,23 @@ Body::Body(const Reference<css::text::XTextDocument>& model, const std::vector<F
     for (const FloatingShape& shape : shapes) {
         const auto frame = frameOf(shape);
         const Reference<css::text::XTextContent> content(shape.shape, UNO_QUERY);
-        if (!frame.is() || !content.is())
+        if (!frame.is() || !content.is()) {
             continue;
+        }
         const Reference<css::container::XNamed> named(frame, UNO_QUERY_THROW);
         const size_t first = mParagraphs.size();
         walk.walk({OUString(), OUString(), named->getName()}, frame->getText(), std::nullopt);
         frames.push_back({first, mParagraphs.size(), content->getAnchor()});
     }
-    for (size_t i = 0; i < mTexts.size(); ++i)
+    for (size_t i = 0; i < mTexts.size(); ++i) {
         mTextOf.emplace(mTexts[i].key, i);
-    for (size_t i = 0; i < mParagraphs.size(); ++i)
+    }
+    for (size_t i = 0; i < mParagraphs.size(); ++i) {
         mTexts[mParagraphs[i].text].paragraphs.push_back(i);
-    if (!frames.empty())
+    }
+    if (!frames.empty()) {
         placeFrames(frames);
+    }
     joinText();
 }
 
@@ -142,34 +151,40 @@ void Body::placeFrames(const std::vector<FrameBlock>& frames) {
         const auto cursor = frame.anchor->getText()->createTextCursorByRange(frame.anchor->getStart());
         const BodyParagraph* const host =
             paragraphAt(propertiesOf(cursor), Reference<css::text::XTextRange>(cursor, UNO_QUERY));
-        if (host != nullptr)
+        if (host != nullptr) {
             framesAt.emplace(static_cast<size_t>(host - mParagraphs.data()), &frame);
+        }
     }
     std::vector<BodyParagraph> ordered;
     const std::function<void(size_t, size_t, std::optional<size_t>)> take = [&](size_t first, size_t last,
                                                                                 std::optional<size_t> unit) {
         for (size_t i = first; i < last; ++i) {
             ordered.push_back(mParagraphs[i]);
-            if (unit)
+            if (unit) {
                 ordered.back().unit = *unit;
+            }
             const size_t ownUnit = ordered.back().unit;
             const auto [begin, end] = framesAt.equal_range(i);
-            for (auto frame = begin; frame != end; ++frame)
+            for (auto frame = begin; frame != end; ++frame) {
                 take(frame->second->first, frame->second->last, ownUnit);
+            }
         }
     };
     take(0, frames.front().first, std::nullopt);
     mParagraphs = std::move(ordered);
-    for (BodyText& text : mTexts)
+    for (BodyText& text : mTexts) {
         text.paragraphs.clear();
-    for (size_t i = 0; i < mParagraphs.size(); ++i)
+    }
+    for (size_t i = 0; i < mParagraphs.size(); ++i) {
         mTexts[mParagraphs[i].text].paragraphs.push_back(i);
+    }
 }
 
 void Body::joinText() {
     for (BodyParagraph& paragraph : mParagraphs) {
-        if (&paragraph != &mParagraphs.front())
+        if (&paragraph != &mParagraphs.front()) {
             mString += PARAGRAPH_SEPARATOR;
+        }
         paragraph.start = length();
         paragraph.length = static_cast<uint32_t>(paragraph.string.size());
         mString += std::exchange(paragraph.string, {});
@@ -178,8 +193,9 @@ void Body::joinText() {
 
 void Body::moveLastParagraph(const Reference<css::text::XTextRange>& range) {
     const std::vector<size_t>& own = mTexts.front().paragraphs;
-    if (!own.empty())
+    if (!own.empty()) {
         mParagraphs[own.back()].range = range;
+    }
 }
 
 const BodyParagraph& Body::paragraphAt(uint32_t position) const {
@@ -191,11 +207,13 @@ const BodyParagraph& Body::paragraphAt(uint32_t position) const {
 
 CharacterRange Body::unitOf(const BodyParagraph& paragraph) const {
     const BodyParagraph* first = &paragraph;
-    while (first != &mParagraphs.front() && std::prev(first)->unit == paragraph.unit)
+    while (first != &mParagraphs.front() && std::prev(first)->unit == paragraph.unit) {
         --first;
+    }
     const BodyParagraph* last = &paragraph;
-    while (last != &mParagraphs.back() && std::next(last)->unit == paragraph.unit)
+    while (last != &mParagraphs.back() && std::next(last)->unit == paragraph.unit) {
         ++last;
+    }
     return {first->start, last->start + last->length};
 }
 
@@ -206,8 +224,9 @@ bool Body::isAlone(const BodyParagraph& paragraph) const {
 const BodyParagraph* Body::paragraphAt(const Reference<css::beans::XPropertySet>& cursor,
                                        const Reference<css::text::XTextRange>& range) const {
     const auto found = mTextOf.find(keyAt(cursor));
-    if (found == mTextOf.end() || mTexts[found->second].paragraphs.empty())
+    if (found == mTextOf.end() || mTexts[found->second].paragraphs.empty()) {
         return nullptr;
+    }
     const BodyText& text = mTexts[found->second];
     const Reference<css::text::XTextRangeCompare> order(text.text, UNO_QUERY_THROW);
     const auto next = std::partition_point(text.paragraphs.begin(), text.paragraphs.end(), [&](size_t index) {

@@ -42,8 +42,9 @@ bool hasTextBox(const Reference<css::drawing::XShape>& shape) {
 }
 
 FloatingShape::Kind kindOf(const Reference<css::drawing::XShape>& shape) {
-    if (shape->getShapeType() != "FrameShape")
+    if (shape->getShapeType() != "FrameShape") {
         return hasTextBox(shape) ? FloatingShape::Kind::TextFrame : FloatingShape::Kind::Drawing;
+    }
     const Reference<css::text::XTextFrame> frame(shape, UNO_QUERY);
     return frame.is() ? FloatingShape::Kind::TextFrame : FloatingShape::Kind::Picture;
 }
@@ -82,8 +83,9 @@ void anchorAsCharacter(const FloatingShape& shape) {
     setProperty(shape.properties, "RelativeWidth", static_cast<sal_Int16>(0));
     setProperty(shape.properties, "RelativeHeight", static_cast<sal_Int16>(0));
     if (property(shape.properties, "AnchorType", TextContentAnchorType_AS_CHARACTER) !=
-        TextContentAnchorType_AS_CHARACTER)
+        TextContentAnchorType_AS_CHARACTER) {
         setProperty(shape.properties, "AnchorType", TextContentAnchorType_AS_CHARACTER);
+    }
     // A frame that becomes narrower must grow in height for its text.
     if (shape.kind == FloatingShape::Kind::TextFrame) {
         setProperty(shape.properties, "SizeType", css::text::SizeType::MIN);
@@ -93,8 +95,9 @@ void anchorAsCharacter(const FloatingShape& shape) {
 
 void setShapeSize(const FloatingShape& shape, const css::awt::Size& size) {
     const css::awt::Size now = shape.shape->getSize();
-    if (now.Width != size.Width || now.Height != size.Height)
+    if (now.Width != size.Width || now.Height != size.Height) {
         shape.shape->setSize(size);
+    }
 }
 
 void fitInLine(const FloatingShape& shape, int32_t width) {
@@ -135,31 +138,37 @@ std::vector<FloatingShape> anchorInLines(const Reference<css::text::XTextDocumen
     for (sal_Int32 i = 0; i < page->getCount(); ++i) {
         const Reference<css::drawing::XShape> shape(page->getByIndex(i), UNO_QUERY);
         const auto anchor = shape.is() ? anchorOf(shape) : Reference<css::text::XTextRange>();
-        if (!isInText(anchor))
+        if (!isInText(anchor)) {
             continue;
+        }
         const FloatingShape described = describe(shape, anchor);
-        if (isPageDecoration(described, paper))
+        if (isPageDecoration(described, paper)) {
             decorations.push_back(shape);
-        else
+        } else {
             shapes.push_back(described);
+        }
     }
-    for (const auto& decoration : decorations)
+    for (const auto& decoration : decorations) {
         page->remove(decoration);
-    for (const FloatingShape& shape : shapes)
+    }
+    for (const FloatingShape& shape : shapes) {
         anchorAsCharacter(shape);
+    }
     return shapes;
 }
 
 void fitShapes(const std::vector<FloatingShape>& shapes, int32_t width) {
-    for (const FloatingShape& shape : shapes)
+    for (const FloatingShape& shape : shapes) {
         fit(shape, width);
+    }
 }
 
 bool undoEnlargement(const std::vector<FloatingShape>& shapes) {
     bool any = false;
     for (const FloatingShape& shape : shapes) {
-        if (property<sal_Int16>(shape.properties, "RelativeWidth") == 0)
+        if (property<sal_Int16>(shape.properties, "RelativeWidth") == 0) {
             continue;
+        }
         const auto laidOut = property<css::awt::Size>(shape.properties, "LayoutSize");
         if (laidOut.Width > shape.natural.Width) {
             setRelativeWidth(shape, false);

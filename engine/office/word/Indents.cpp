@@ -24,8 +24,9 @@ std::vector<IndentedParagraph> indentedParagraphs(const Body& body) {
         const IndentedParagraph indented{properties, property<sal_Int32>(properties, "ParaLeftMargin"),
                                          property<sal_Int32>(properties, "ParaRightMargin"),
                                          property<sal_Int32>(properties, "ParaFirstLineIndent")};
-        if (taken(indented) > HARMLESS)
+        if (taken(indented) > HARMLESS) {
             paragraphs.push_back(indented);
+        }
     }
     return paragraphs;
 }
@@ -35,8 +36,9 @@ void fitIndents(std::vector<IndentedParagraph>& paragraphs, int32_t width) {
         const int64_t all = taken(paragraph);
         const int64_t most = std::min<int64_t>(all, width / 2);
         const bool reduce = most < all;
-        if (!reduce && !paragraph.reduced)
+        if (!reduce && !paragraph.reduced) {
             continue;
+        }
         const auto share = [&](int32_t indent) { return static_cast<sal_Int32>(indent * most / all); };
         setProperty(paragraph.properties, "ParaLeftMargin", share(paragraph.left));
         setProperty(paragraph.properties, "ParaRightMargin", share(paragraph.right));

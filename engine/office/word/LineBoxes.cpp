@@ -36,8 +36,9 @@ LineBoxes::~LineBoxes() {
 }
 
 void LineBoxes::onEvent(int type, const char* payload, void* self) {
-    if (type != LOK_CALLBACK_TEXT_SELECTION || payload == nullptr || *payload == '\0')
+    if (type != LOK_CALLBACK_TEXT_SELECTION || payload == nullptr || *payload == '\0') {
         return;
+    }
     auto& boxes = *static_cast<LineBoxes*>(self);
     const Lock lock(boxes.mMutex);
     boxes.mPayload = payload;
@@ -45,8 +46,9 @@ void LineBoxes::onEvent(int type, const char* payload, void* self) {
 }
 
 std::vector<ViewBox> LineBoxes::of(CharacterRange range) {
-    if (range.isEmpty())
+    if (range.isEmpty()) {
         return {};
+    }
     const Reference<css::text::XTextRange> selection(mPositions.select(range), css::uno::UNO_QUERY);
     {
         const Lock lock(mMutex);

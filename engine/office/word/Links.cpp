@@ -35,25 +35,29 @@ void collect(const Reference<css::container::XEnumerationAccess>& portions, cons
         const Reference<css::text::XTextRange> range(element, UNO_QUERY);
         const auto properties = propertiesOf(range);
         const auto type = property<OUString>(properties, "TextPortionType");
-        if (type.isEmpty())
+        if (type.isEmpty()) {
             collect(Reference<css::container::XEnumerationAccess>(element, UNO_QUERY), positions, links);
+        }
         for (const char* const outer : {"ContentControl", "InContentMetadata"}) {
-            if (type.equalsAscii(outer))
+            if (type.equalsAscii(outer)) {
                 collect(property<Reference<css::container::XEnumerationAccess>>(properties, outer), positions,
                         links);
+            }
         }
         const auto address = type == "TextField" ? addressOfField(properties) : OUString();
         const auto url = address.isEmpty() ? property<OUString>(properties, "HyperLinkURL") : address;
-        if (!url.isEmpty() && range.is() && !range->getString().isEmpty())
+        if (!url.isEmpty() && range.is() && !range->getString().isEmpty()) {
             links.push_back(
                 {{positions.positionOf(range->getStart()), positions.positionOf(range->getEnd())}, url});
+        }
     }
 }
 
 // Whether `name` is `text` with a number before it, such as "2.1 Tides" for "Tides".
 bool isNumberedLike(std::u16string_view name, std::u16string_view text) {
-    if (text.empty() || name.size() < text.size() || name.substr(name.size() - text.size()) != text)
+    if (text.empty() || name.size() < text.size() || name.substr(name.size() - text.size()) != text) {
         return false;
+    }
     const auto number = name.substr(0, name.size() - text.size());
     return std::all_of(number.begin(), number.end(), [](char16_t unit) {
         return unit == u'.' || unit == u' ' || (unit >= u'0' && unit <= u'9');
@@ -70,22 +74,26 @@ std::vector<Link> linksIn(const BodyParagraph& paragraph, const TextPositions& p
 
 std::optional<uint32_t> LinkTargets::find(const OUString& name) const {
     const OUString plain = rtl::Uri::decode(name, rtl_UriDecodeWithCharset, RTL_TEXTENCODING_UTF8);
-    if (const auto found = bookmark(plain))
+    if (const auto found = bookmark(plain)) {
         return found;
+    }
     const sal_Int32 bar = plain.lastIndexOf('|');
-    if (bar < 0)
+    if (bar < 0) {
         return std::nullopt;
+    }
     const OUString kind = plain.copy(bar + 1);
     const OUString place = plain.copy(0, bar);
-    if (kind == "outline")
+    if (kind == "outline") {
         return heading(toText(place));
+    }
     return kind == "table" ? table(place) : std::nullopt;
 }
 
 std::optional<uint32_t> LinkTargets::bookmark(const OUString& name) const {
     const Reference<css::text::XBookmarksSupplier> supplier(mModel, UNO_QUERY);
-    if (!supplier.is() || !supplier->getBookmarks()->hasByName(name))
+    if (!supplier.is() || !supplier->getBookmarks()->hasByName(name)) {
         return std::nullopt;
+    }
     const Reference<css::text::XTextContent> mark(supplier->getBookmarks()->getByName(name), UNO_QUERY);
     return mPositions.positionOf(mark->getAnchor()->getStart());
 }
@@ -95,8 +103,9 @@ std::optional<uint32_t> LinkTargets::table(const OUString& name) const {
     const auto cell = std::find_if(texts.begin(), texts.end(), [&](const BodyText& text) {
         return std::get<0>(text.key) == name && !text.paragraphs.empty();
     });
-    if (cell == texts.end())
+    if (cell == texts.end()) {
         return std::nullopt;
+    }
     return mPositions.body().paragraphs()[cell->paragraphs.front()].start;
 }
 
@@ -105,8 +114,9 @@ std::optional<uint32_t> LinkTargets::heading(std::u16string_view text) const {
     for (const BodyParagraph& paragraph : body.paragraphs()) {
         const auto own = std::u16string_view(body.string()).substr(paragraph.start, paragraph.length);
         if (isNumberedLike(text, own) &&
-            property<sal_Int16>(propertiesOf(paragraph.range), "OutlineLevel") > 0)
+            property<sal_Int16>(propertiesOf(paragraph.range), "OutlineLevel") > 0) {
             return paragraph.start;
+        }
     }
     return std::nullopt;
 }
@@ -114,8 +124,9 @@ std::optional<uint32_t> LinkTargets::heading(std::u16string_view text) const {
 std::optional<uint32_t> LinkTargets::ofContentsEntry(const BodyParagraph& paragraph) const {
     const auto cursor =
         propertiesOf(paragraph.range->getText()->createTextCursorByRange(paragraph.range->getStart()));
-    if (!property<Reference<css::uno::XInterface>>(cursor, "DocumentIndex").is())
+    if (!property<Reference<css::uno::XInterface>>(cursor, "DocumentIndex").is()) {
         return std::nullopt;
+    }
     const auto entry =
         std::u16string_view(mPositions.body().string()).substr(paragraph.start, paragraph.length);
     return heading(entry.substr(0, entry.rfind(u'\t')));

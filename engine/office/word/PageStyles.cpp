@@ -31,8 +31,9 @@ void forUsedStyles(const Reference<css::text::XTextDocument>& model, const char*
         supplier->getStyleFamilies()->getByName(OUString::createFromAscii(family)), UNO_QUERY);
     for (const OUString& name : styles->getElementNames()) {
         const Reference<css::style::XStyle> style(styles->getByName(name), UNO_QUERY);
-        if (style.is() && (style->isInUse() || isOfNotes(name)))
+        if (style.is() && (style->isInUse() || isOfNotes(name))) {
             use(propertiesOf(style));
+        }
     }
 }
 
@@ -44,19 +45,24 @@ void stripPage(const Reference<css::beans::XPropertySet>& page) {
     // A text grid would break a page after a number of lines, whatever the
     // page's height.
     setProperty(page, "GridMode", static_cast<sal_Int16>(0));
-    for (const char* margin : {"LeftMargin", "RightMargin"})
+    for (const char* margin : {"LeftMargin", "RightMargin"}) {
         setProperty(page, margin, PAGE_MARGIN);
-    for (const char* margin : {"TopMargin", "BottomMargin"})
+    }
+    for (const char* margin : {"TopMargin", "BottomMargin"}) {
         setProperty(page, margin, static_cast<sal_Int32>(0));
-    for (const char* border : {"LeftBorder", "RightBorder", "TopBorder", "BottomBorder"})
+    }
+    for (const char* border : {"LeftBorder", "RightBorder", "TopBorder", "BottomBorder"}) {
         setProperty(page, border, css::table::BorderLine2());
+    }
     for (const char* distance :
-         {"LeftBorderDistance", "RightBorderDistance", "TopBorderDistance", "BottomBorderDistance"})
+         {"LeftBorderDistance", "RightBorderDistance", "TopBorderDistance", "BottomBorderDistance"}) {
         setProperty(page, distance, static_cast<sal_Int32>(0));
+    }
     setProperty(page, "ShadowFormat", css::table::ShadowFormat());
     // Vertical lines would depend on the height of the page instead of its width.
-    if (property<sal_Int16>(page, "WritingMode") >= css::text::WritingMode2::TB_RL)
+    if (property<sal_Int16>(page, "WritingMode") >= css::text::WritingMode2::TB_RL) {
         setProperty(page, "WritingMode", css::text::WritingMode2::LR_TB);
+    }
     removeColumns(page);
 }
 
@@ -77,10 +83,12 @@ void stripPages(const Reference<css::text::XTextDocument>& model) {
 
 void setPageSize(const Reference<css::text::XTextDocument>& model, int32_t width, int32_t height) {
     forUsedStyles(model, "PageStyles", [=](const Reference<css::beans::XPropertySet>& page) {
-        if (property<sal_Int32>(page, "Width") != width)
+        if (property<sal_Int32>(page, "Width") != width) {
             setProperty(page, "Width", width);
-        if (property<sal_Int32>(page, "Height") != height)
+        }
+        if (property<sal_Int32>(page, "Height") != height) {
             setProperty(page, "Height", height);
+        }
     });
 }
 
@@ -89,16 +97,19 @@ void removeStyleBreaks(const Reference<css::text::XTextDocument>& model) {
 }
 
 void removeBreaks(const Reference<css::beans::XPropertySet>& block) {
-    if (!property<OUString>(block, "PageDescName").isEmpty())
+    if (!property<OUString>(block, "PageDescName").isEmpty()) {
         setProperty(block, "PageDescName", OUString());
-    if (property(block, "BreakType", css::style::BreakType_NONE) != css::style::BreakType_NONE)
+    }
+    if (property(block, "BreakType", css::style::BreakType_NONE) != css::style::BreakType_NONE) {
         setProperty(block, "BreakType", css::style::BreakType_NONE);
+    }
 }
 
 void removeColumns(const Reference<css::beans::XPropertySet>& properties) {
     const auto columns = property<Reference<css::text::XTextColumns>>(properties, "TextColumns");
-    if (!columns.is() || columns->getColumnCount() < 2)
+    if (!columns.is() || columns->getColumnCount() < 2) {
         return;
+    }
     columns->setColumnCount(1);
     setProperty(properties, "TextColumns", columns);
 }

@@ -36,14 +36,16 @@ void PlacedRanges::forgetPlaces() {
 
 std::vector<size_t> PlacedRanges::inRows(const LaidOutText& text, int64_t first, int64_t last) {
     std::vector<size_t> found;
-    if (mRanges.empty() || first >= last || first >= text.map.rows())
+    if (mRanges.empty() || first >= last || first >= text.map.rows()) {
         return found;
+    }
     place(text, text.positions.around(text.map, first, last));
     for (size_t index = 0; index < mRanges.size(); ++index) {
         if (mPlaces[index] &&
             std::any_of(mPlaces[index]->begin(), mPlaces[index]->end(),
-                        [&](const TextBox& box) { return box.top < last && box.bottom > first; }))
+                        [&](const TextBox& box) { return box.top < last && box.bottom > first; })) {
             found.push_back(index);
+        }
     }
     return found;
 }
@@ -51,8 +53,9 @@ std::vector<size_t> PlacedRanges::inRows(const LaidOutText& text, int64_t first,
 void PlacedRanges::placeAll(const LaidOutText& text) {
     place(text, {0, text.positions.count()});
     for (auto& boxes : mPlaces) {
-        if (!boxes)
+        if (!boxes) {
             boxes.emplace();
+        }
     }
 }
 
@@ -61,12 +64,15 @@ void PlacedRanges::place(const LaidOutText& text, CharacterRange near) {
     const auto start = std::chrono::steady_clock::now();
     for (size_t index = 0; index < mRanges.size(); ++index) {
         const CharacterRange& range = mRanges[index];
-        if (mPlaces[index] || range.end <= near.start || range.start >= near.end)
+        if (mPlaces[index] || range.end <= near.start || range.start >= near.end) {
             continue;
-        if (std::chrono::steady_clock::now() - start > MOST_TIME)
+        }
+        if (std::chrono::steady_clock::now() - start > MOST_TIME) {
             break;
-        if (!lines)
+        }
+        if (!lines) {
             lines.emplace(text.painter, text.flow, text.positions);
+        }
         mPlaces[index] = textBoxes(text.map, lines->of(range));
     }
 }

@@ -25,22 +25,25 @@ namespace {
 
 void lockUndo(const Reference<css::text::XTextDocument>& model) {
     const Reference<css::document::XUndoManagerSupplier> supplier(model, UNO_QUERY);
-    if (supplier.is())
+    if (supplier.is()) {
         supplier->getUndoManager()->lock();
+    }
 }
 
 // With footnotes at the bottom of one giant page, the layout time would grow
 // with the square of their number.
 void moveFootnotesBehindText(const Reference<css::text::XTextDocument>& model) {
     const Reference<css::text::XFootnotesSupplier> supplier(model, UNO_QUERY);
-    if (supplier.is())
+    if (supplier.is()) {
         setProperty(supplier->getFootnoteSettings(), "PositionEndOfDoc", true);
+    }
 }
 
 template<class Use>
 void forAll(const Reference<css::container::XNameAccess>& collection, Use use) {
-    for (const OUString& name : collection->getElementNames())
+    for (const OUString& name : collection->getElementNames()) {
         use(propertiesOf(Reference<css::uno::XInterface>(collection->getByName(name), UNO_QUERY)));
+    }
 }
 
 // Makes a table as wide as the text, whatever that width becomes; the columns
@@ -78,10 +81,11 @@ void appendParagraphTo(Body& body, const Reference<css::text::XText>& text) {
 Reference<css::text::XTextRange> appendEnd(const Reference<css::text::XTextDocument>& model, Body& body,
                                            const Reference<css::beans::XPropertySet>& lastBlock) {
     const auto text = model->getText();
-    if (const Reference<css::text::XTextTable> table(lastBlock, UNO_QUERY); table.is())
+    if (const Reference<css::text::XTextTable> table(lastBlock, UNO_QUERY); table.is()) {
         appendParagraphBelow(table, model);
-    else
+    } else {
         appendParagraphTo(body, text);
+    }
     const auto end = text->createTextCursorByRange(text->getEnd());
     const auto properties = propertiesOf(end);
     removeBreaks(properties);
@@ -92,8 +96,9 @@ Reference<css::text::XTextRange> appendEnd(const Reference<css::text::XTextDocum
 
 void hideMarks(const Reference<css::text::XTextDocument>& model) {
     const Reference<css::view::XViewSettingsSupplier> view(model->getCurrentController(), UNO_QUERY);
-    if (view.is())
+    if (view.is()) {
         setProperty(view->getViewSettings(), "ShowTextBoundaries", false);
+    }
 }
 
 } // namespace
@@ -111,10 +116,12 @@ PreparedDocument prepareForReflow(const Reference<css::text::XTextDocument>& mod
         removeBreaks(block);
         lastBlock = block;
     });
-    if (const Reference<css::text::XTextSectionsSupplier> sections(model, UNO_QUERY); sections.is())
+    if (const Reference<css::text::XTextSectionsSupplier> sections(model, UNO_QUERY); sections.is()) {
         forAll(sections->getTextSections(), removeColumns);
-    if (const Reference<css::text::XTextTablesSupplier> tables(model, UNO_QUERY); tables.is())
+    }
+    if (const Reference<css::text::XTextTablesSupplier> tables(model, UNO_QUERY); tables.is()) {
         forAll(tables->getTextTables(), widenTable);
+    }
     const auto end = appendEnd(model, body, lastBlock);
     hideMarks(model);
     std::vector<IndentedParagraph> indents = indentedParagraphs(body);

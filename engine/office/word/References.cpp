@@ -30,11 +30,13 @@ public:
     void add(const css::uno::Any& element, ClickType type) {
         const Reference<css::text::XTextContent> content(element, UNO_QUERY);
         const auto anchor = content.is() ? content->getAnchor() : Reference<css::text::XTextRange>();
-        if (!anchor.is() || !anchor->getText().is())
+        if (!anchor.is() || !anchor->getText().is()) {
             return;
+        }
         const uint32_t start = mPositions.positionOf(anchor->getStart());
-        if (start >= mPositions.count())
+        if (start >= mPositions.count()) {
             return; // in a header or in another note
+        }
         const auto length = static_cast<uint32_t>(anchor->getString().getLength());
         // A comment on no characters belongs to the character before it.
         const uint32_t from = length == 0 && start > 0 ? start - 1 : start;
@@ -48,8 +50,9 @@ private:
 };
 
 void addNotes(Collector& collector, const Reference<css::container::XIndexAccess>& notes, ClickType type) {
-    for (sal_Int32 i = 0; i < notes->getCount(); ++i)
+    for (sal_Int32 i = 0; i < notes->getCount(); ++i) {
         collector.add(notes->getByIndex(i), type);
+    }
 }
 
 void addComments(Collector& collector, const Reference<css::text::XTextFieldsSupplier>& supplier) {
@@ -57,8 +60,9 @@ void addComments(Collector& collector, const Reference<css::text::XTextFieldsSup
     while (fields->hasMoreElements()) {
         const css::uno::Any field = fields->nextElement();
         const Reference<css::lang::XServiceInfo> info(field, UNO_QUERY);
-        if (info.is() && info->supportsService("com.sun.star.text.textfield.Annotation"))
+        if (info.is() && info->supportsService("com.sun.star.text.textfield.Annotation")) {
             collector.add(field, ClickType::Comment);
+        }
     }
 }
 
@@ -66,12 +70,15 @@ void addComments(Collector& collector, const Reference<css::text::XTextFieldsSup
 
 References::References(const Reference<css::text::XTextDocument>& model, const TextPositions& positions) {
     Collector collector(positions);
-    if (const Reference<css::text::XFootnotesSupplier> notes(model, UNO_QUERY); notes.is())
+    if (const Reference<css::text::XFootnotesSupplier> notes(model, UNO_QUERY); notes.is()) {
         addNotes(collector, notes->getFootnotes(), ClickType::Footnote);
-    if (const Reference<css::text::XEndnotesSupplier> notes(model, UNO_QUERY); notes.is())
+    }
+    if (const Reference<css::text::XEndnotesSupplier> notes(model, UNO_QUERY); notes.is()) {
         addNotes(collector, notes->getEndnotes(), ClickType::Endnote);
-    if (const Reference<css::text::XTextFieldsSupplier> fields(model, UNO_QUERY); fields.is())
+    }
+    if (const Reference<css::text::XTextFieldsSupplier> fields(model, UNO_QUERY); fields.is()) {
         addComments(collector, fields);
+    }
     auto& marks = collector.marks;
     std::stable_sort(marks.begin(), marks.end(),
                      [](const Mark& a, const Mark& b) { return a.range.start < b.range.start; });

@@ -60,11 +60,13 @@ private:
 void writeNote(const SideText& note, const OpenedDocument& from, const OpenedDocument& into) {
     const Reference<css::text::XFootnote> footnote(note.object, UNO_QUERY_THROW);
     const Reference<css::text::XText> text(note.object, UNO_QUERY_THROW);
-    if (!text->getString().isEmpty())
+    if (!text->getString().isEmpty()) {
         copyText(text, from, into);
+    }
     const auto body = into.model->getText();
-    if (body->getString().isEmpty() && !text->getString().isEmpty())
+    if (body->getString().isEmpty() && !text->getString().isEmpty()) {
         body->setString(text->getString());
+    }
     const OUString mark = footnote->getAnchor()->getString();
     body->insertString(body->getStart(), mark + " ", false);
 }
@@ -87,14 +89,16 @@ int32_t paintSideText(Office::Private& office, const OpenedDocument& from, const
                       const Surface& surface, int32_t dpi) {
     const Reactivation reactivation(from);
     OpenedDocument side; // destroyed before the other one is reactivated
-    if (const int32_t result = newDocument(office, side); result != MODULE_OK)
+    if (const int32_t result = newDocument(office, side); result != MODULE_OK) {
         return result;
+    }
     // Pasting needs a current layout.
     side.model->unlockControllers();
-    if (text.type == ClickType::Comment)
+    if (text.type == ClickType::Comment) {
         writeComment(text, side);
-    else
+    } else {
         writeNote(text, from, side);
+    }
     side.model->lockControllers();
     PreparedDocument prepared = prepareForReflow(side.model);
     TextFlow flow(side, prepared);

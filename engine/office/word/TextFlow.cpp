@@ -40,8 +40,9 @@ constexpr int32_t GROWING_PAGES[] = {300'000, 3'000'000};
 class LayoutPause {
 public:
     explicit LayoutPause(const Reference<css::text::XTextDocument>& model) : mModel(model) {
-        if (!mModel->hasControllersLocked())
+        if (!mModel->hasControllersLocked()) {
             mModel->lockControllers();
+        }
     }
     ~LayoutPause() {
         try {
@@ -90,12 +91,14 @@ TextFlow::TextFlow(const OpenedDocument& document, PreparedDocument& prepared)
 }
 
 void TextFlow::layOut(int32_t width) {
-    if (width == mWidth)
+    if (width == mWidth) {
         return;
+    }
     const auto pageWidth = static_cast<int32_t>(hundredthMmFromTwips(width));
     if (isLongPlainText()) {
-        if (mWidth == 0)
+        if (mWidth == 0) {
             layOutOn(pageWidth, GROWING_PAGES[0]);
+        }
         layOutOn(pageWidth, GROWING_PAGES[1]);
     } else {
         layOutOnOnePage(pageWidth);
@@ -107,15 +110,19 @@ void TextFlow::layOut(int32_t width) {
 void TextFlow::layOutOnOnePage(int32_t pageWidth) {
     layOutOn(pageWidth, GIANT_PAGE);
     // Text that was on several pages may stay there; a change of the height joins it.
-    if (end().page > 0)
+    if (end().page > 0) {
         layOutOn(pageWidth, GIANT_PAGE + 1000);
-    if (undoEnlargement(mPrepared.shapes))
+    }
+    if (undoEnlargement(mPrepared.shapes)) {
         layOutOn(pageWidth, GIANT_PAGE);
+    }
     // Painting a tile is slower on a higher page, so the page is cut to the text.
-    if (const FlowPlace last = end(); last.page == 0)
+    if (const FlowPlace last = end(); last.page == 0) {
         layOutOn(pageWidth, static_cast<int32_t>(hundredthMmFromTwips(last.y)) + PAGE_SLACK);
-    if (end().page > 0)
+    }
+    if (end().page > 0) {
         layOutOn(pageWidth, GIANT_PAGE);
+    }
 }
 
 void TextFlow::layOutOn(int32_t pageWidth, int32_t pageHeight) {

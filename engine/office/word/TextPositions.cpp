@@ -30,8 +30,9 @@ constexpr int MOST_LINES = 256;
 uint32_t extendTo(const Reference<css::text::XTextCursor>& cursor, uint32_t characters) {
     constexpr uint32_t MOST = std::numeric_limits<sal_Int16>::max();
     cursor->gotoRange(cursor->getStart(), false);
-    for (; characters > MOST; characters -= MOST)
+    for (; characters > MOST; characters -= MOST) {
         cursor->goRight(static_cast<sal_Int16>(MOST), true);
+    }
     cursor->goRight(static_cast<sal_Int16>(characters), true);
     return static_cast<uint32_t>(cursor->getString().getLength());
 }
@@ -54,8 +55,9 @@ int64_t TextPositions::lineRow(const RowMap& map, uint32_t position) const {
 }
 
 uint32_t TextPositions::lineAtOrBelow(const RowMap& map, int64_t row) const {
-    if (row >= map.rows())
+    if (row >= map.rows()) {
         return mCount;
+    }
     setCursor(map, 0, row);
     leaveObject();
     leaveFrames();
@@ -64,8 +66,9 @@ uint32_t TextPositions::lineAtOrBelow(const RowMap& map, int64_t row) const {
     line->gotoStartOfLine(false);
     for (int i = 0; i < MOST_LINES && map.rowOf(mFlow.cursorPlace()) < row; ++i) {
         line->gotoEndOfLine(false);
-        if (!cursor->goRight(1, false))
+        if (!cursor->goRight(1, false)) {
             return mCount;
+        }
         line->gotoStartOfLine(false);
     }
     return cursorPosition();
@@ -79,8 +82,9 @@ CharacterRange TextPositions::around(const RowMap& map, int64_t first, int64_t l
         const BodyParagraph& paragraph = mBody.paragraphAt(below - 1);
         range.start = mBody.isAlone(paragraph) ? lineOf(below - 1).start : mBody.unitOf(paragraph).start;
     }
-    if (const BodyParagraph& paragraph = mBody.paragraphAt(range.end); !mBody.isAlone(paragraph))
+    if (const BodyParagraph& paragraph = mBody.paragraphAt(range.end); !mBody.isAlone(paragraph)) {
         range.end = mBody.unitOf(paragraph).end;
+    }
     return range;
 }
 
@@ -107,15 +111,17 @@ Reference<css::uno::XInterface> TextPositions::selectedObject() const {
     const auto selection = mSelection->getSelection();
     Reference<css::text::XTextContent> object(selection, UNO_QUERY);
     if (const Reference<css::drawing::XShapes> shapes(selection, UNO_QUERY);
-        shapes.is() && shapes->hasElements())
+        shapes.is() && shapes->hasElements()) {
         object.set(shapes->getByIndex(0), UNO_QUERY);
+    }
     return object;
 }
 
 // Moves from a selected object to the position in the text where it is anchored.
 void TextPositions::leaveObject() const {
-    if (const Reference<css::text::XTextContent> object(selectedObject(), UNO_QUERY); object.is())
+    if (const Reference<css::text::XTextContent> object(selectedObject(), UNO_QUERY); object.is()) {
         mSelection->select(css::uno::Any(object->getAnchor()));
+    }
 }
 
 void TextPositions::leaveFrames() const {
@@ -123,8 +129,9 @@ void TextPositions::leaveFrames() const {
     const auto frameAtCursor = [&] {
         return property<Reference<css::text::XTextContent>>(propertiesOf(cursor), "TextFrame");
     };
-    for (auto frame = frameAtCursor(); frame.is(); frame = frameAtCursor())
+    for (auto frame = frameAtCursor(); frame.is(); frame = frameAtCursor()) {
         cursor->gotoRange(frame->getAnchor(), false);
+    }
 }
 
 // Returns a cursor that selects its paragraph's text up to the position.
@@ -136,8 +143,9 @@ Reference<css::text::XTextCursor> TextPositions::cursorTo(uint32_t position, Ins
     const BodyParagraph& paragraph = mBody.paragraphAt(position);
     const uint32_t wanted = std::min(position - paragraph.start, paragraph.length);
     const auto cursor = paragraph.range->getText()->createTextCursorByRange(paragraph.range->getStart());
-    if (extendTo(cursor, wanted) == wanted)
+    if (extendTo(cursor, wanted) == wanted) {
         return cursor;
+    }
     const Reference<css::text::XParagraphCursor> ends(cursor, UNO_QUERY_THROW);
     const auto reaches = [&](uint32_t characters) {
         const uint32_t shown = extendTo(cursor, characters);
@@ -146,14 +154,16 @@ Reference<css::text::XTextCursor> TextPositions::cursorTo(uint32_t position, Ins
     // Search the least number of characters that reaches the position.
     uint32_t least = 0;
     uint32_t most = 1;
-    while (!reaches(most) && most <= paragraph.length + MOST_LINES)
+    while (!reaches(most) && most <= paragraph.length + MOST_LINES) {
         most *= 2;
+    }
     while (least < most) {
         const uint32_t middle = least + (most - least) / 2;
-        if (reaches(middle))
+        if (reaches(middle)) {
             most = middle;
-        else
+        } else {
             least = middle + 1;
+        }
     }
     extendTo(cursor, whole || least == 0 ? least : least - 1);
     return cursor;
@@ -163,10 +173,12 @@ Reference<css::text::XTextCursor> TextPositions::select(CharacterRange range) co
     const auto cursor = cursorTo(range.start);
     const auto length = static_cast<sal_Int32>(range.end - range.start);
     cursor->collapseToEnd();
-    if (length <= std::numeric_limits<sal_Int16>::max())
+    if (length <= std::numeric_limits<sal_Int16>::max()) {
         cursor->goRight(static_cast<sal_Int16>(length), true);
-    if (cursor->getString().getLength() == length)
+    }
+    if (cursor->getString().getLength() == length) {
         return cursor;
+    }
     const auto end = cursorTo(range.end, Inside::Behind);
     cursor->collapseToStart();
     cursor->gotoRange(end->getEnd(), true);
@@ -192,8 +204,9 @@ uint32_t TextPositions::positionOf(const Reference<css::text::XTextRange>& range
     const auto cursor = text->createTextCursorByRange(range->getStart());
     const Reference<css::text::XTextRange> place(cursor, UNO_QUERY);
     const BodyParagraph* const paragraph = mBody.paragraphAt(propertiesOf(cursor), place);
-    if (paragraph == nullptr)
+    if (paragraph == nullptr) {
         return mCount;
+    }
     const Reference<css::text::XParagraphCursor> start(cursor, UNO_QUERY_THROW);
     start->gotoStartOfParagraph(true);
     const auto offset = static_cast<uint32_t>(cursor->getString().getLength());

@@ -18,8 +18,9 @@ void TilePainter::paint(const RowMap& map, int64_t top, const Surface& surface, 
     for (const RowMap::Page& page : map.pages()) {
         const int64_t from = std::max(top + next, page.firstRow);
         const int64_t to = std::min(top + last, page.firstRow + page.rows);
-        if (from >= to)
+        if (from >= to) {
             continue;
+        }
         paintPage(map, page, from - page.firstRow, to - page.firstRow, surface.width,
                   surface.row(from - top));
         next = static_cast<int32_t>(to - top);
@@ -38,20 +39,23 @@ void TilePainter::paintPage(const RowMap& map, const RowMap::Page& page, int64_t
         const Band& band = bandAt(map, page, firstRow, tileWidth, tileHeight);
         const int64_t first = std::max(from, firstRow);
         const int64_t last = std::min(to, firstRow + tileHeight);
-        for (int64_t row = first; row < last; ++row)
+        for (int64_t row = first; row < last; ++row) {
             std::copy_n(band.pixels.data() + (row - firstRow) * tileWidth, width,
                         target + (row - from) * width);
+        }
     }
 }
 
 const TilePainter::Band& TilePainter::bandAt(const RowMap& map, const RowMap::Page& page, int64_t firstRow,
                                              int64_t width, int64_t height) {
     Band& latest = mBands.front();
-    if (latest.isFor(page.top, firstRow, width, map.dpi()))
+    if (latest.isFor(page.top, firstRow, width, map.dpi())) {
         return latest;
+    }
     std::swap(latest, mBands.back());
-    if (latest.isFor(page.top, firstRow, width, map.dpi()))
+    if (latest.isFor(page.top, firstRow, width, map.dpi())) {
         return latest;
+    }
     const auto twips = [&](int64_t pixels) { return static_cast<int>(tileTwips(pixels, map.dpi())); };
     latest.pixels.resize(static_cast<size_t>(width * height));
     mPainter.paintTile(reinterpret_cast<unsigned char*>(latest.pixels.data()), static_cast<int>(width),

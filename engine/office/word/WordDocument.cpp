@@ -21,10 +21,12 @@ void WordDocument::Private::layOut() {
     flow.layOut(layoutWidth(surface.width, dpi));
     map = RowMap(flow.pages(), dpi);
     painter.forget();
-    for (PlacedRanges* ranges : {&hits, &selectedLines})
+    for (PlacedRanges* ranges : {&hits, &selectedLines}) {
         ranges->forgetPlaces();
-    if (sideTexts)
+    }
+    if (sideTexts) {
         sideTexts->places().forgetPlaces();
+    }
     laidOut = {surface.width, surface.height, dpi};
     top = kept > 0 ? positions.lineRow(map, kept) : 0;
 }
@@ -37,14 +39,16 @@ void WordDocument::Private::paint(int32_t first, int32_t last) {
 }
 
 void WordDocument::Private::repaint() {
-    if (surface.pixels != nullptr && isCurrent())
+    if (surface.pixels != nullptr && isCurrent()) {
         paint(0, surface.height);
+    }
 }
 
 void WordDocument::Private::mark(PlacedRanges& ranges, int32_t first, int32_t last, const Colour& colour) {
     for (const size_t index : ranges.inRows(text(), top + first, top + last)) {
-        for (const TextBox& box : ranges.boxes(index))
+        for (const TextBox& box : ranges.boxes(index)) {
             tint(surface, top, box, first, last, colour);
+        }
         painted = true;
     }
 }
@@ -69,8 +73,9 @@ void WordDocument::Private::moveTo(int64_t row) {
 }
 
 uint32_t WordDocument::Private::topLeft() const {
-    if (top == 0)
+    if (top == 0) {
         return 0;
+    }
     const uint32_t last = positions.count();
     return std::clamp(positions.lineAtOrBelow(map, top), std::min(1U, last), last);
 }
@@ -89,8 +94,9 @@ int32_t WordDocument::open(Office& office, const std::string& path, const std::s
     return guardedInOffice([&]() -> int32_t {
         OpenedDocument opened;
         const int32_t result = loadDocument(office.d(), path, password, temporaryDirectory, opened);
-        if (result == MODULE_OK)
+        if (result == MODULE_OK) {
             document.reset(new WordDocument(std::make_unique<Private>(office.d(), std::move(opened))));
+        }
         return result;
     });
 }
@@ -105,8 +111,9 @@ WordDocument::~WordDocument() {
 }
 
 int32_t WordDocument::setSurface(uint32_t* pixels, int32_t width, int32_t height) {
-    if (pixels == nullptr || width < 1 || height < 1 || width > MOST_PIXELS || height > MOST_PIXELS)
+    if (pixels == nullptr || width < 1 || height < 1 || width > MOST_PIXELS || height > MOST_PIXELS) {
         return MODULE_BAD_ARGUMENT;
+    }
     mPrivate->surface = {pixels, width, height};
     return guardedInOffice([this]() -> int32_t {
         mPrivate->repaint();
@@ -115,8 +122,9 @@ int32_t WordDocument::setSurface(uint32_t* pixels, int32_t width, int32_t height
 }
 
 int32_t WordDocument::setDpi(int32_t dpi) {
-    if (dpi < 1 || dpi > MOST_DPI)
+    if (dpi < 1 || dpi > MOST_DPI) {
         return MODULE_BAD_ARGUMENT;
+    }
     mPrivate->dpi = dpi;
     return MODULE_OK;
 }
@@ -147,12 +155,14 @@ int32_t WordDocument::scrollUp(int32_t rows, int32_t& scrolled) {
 template<class Moved>
 int32_t WordDocument::scroll(int32_t rows, int32_t& scrolled, Moved moved) {
     scrolled = 0;
-    if (rows < 0)
+    if (rows < 0) {
         return MODULE_BAD_ARGUMENT;
+    }
     return mPrivate->onLayout([&]() -> int32_t {
         const std::optional<int64_t> by = moved();
-        if (!by)
+        if (!by) {
             return MODULE_NOTHING_THERE;
+        }
         mPrivate->moveTo(mPrivate->top + *by);
         scrolled = static_cast<int32_t>(std::abs(*by));
         return MODULE_OK;
@@ -160,8 +170,9 @@ int32_t WordDocument::scroll(int32_t rows, int32_t& scrolled, Moved moved) {
 }
 
 int32_t WordDocument::jumpToCharacter(int32_t story, uint32_t position) {
-    if (story != 0 || position > mPrivate->positions.count())
+    if (story != 0 || position > mPrivate->positions.count()) {
         return MODULE_BAD_ARGUMENT;
+    }
     return mPrivate->onLayout([&]() -> int32_t {
         mPrivate->moveTo(mPrivate->positions.lineRow(mPrivate->map, position));
         return MODULE_OK;

@@ -30,8 +30,9 @@ struct WordDocument::Private {
     template<class Work>
     int32_t onLayout(Work work) noexcept {
         return guardedInOffice([&]() -> int32_t {
-            if (surface.pixels == nullptr)
+            if (surface.pixels == nullptr) {
                 return MODULE_BAD_ARGUMENT;
+            }
             if (!isCurrent()) {
                 layOut();
                 paint(0, surface.height);

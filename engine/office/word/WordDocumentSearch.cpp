@@ -16,16 +16,18 @@ int32_t WordDocument::find(const std::u16string& text, CharacterRange bounds,
                            std::vector<CharacterRange>& hits) {
     Private& d = *mPrivate;
     return guardedInOffice([&]() -> int32_t {
-        if (!d.searchText)
+        if (!d.searchText) {
             d.searchText.emplace(d.prepared.body.string());
+        }
         const bool wasMarked = !d.hits.ranges().empty();
         hits = d.searchText->find(text, bounds);
         d.hits = PlacedRanges(hits);
         d.hitColour = d.highlight;
-        if (wasMarked)
+        if (wasMarked) {
             d.repaint();
-        else if (d.surface.pixels != nullptr && d.isCurrent())
+        } else if (d.surface.pixels != nullptr && d.isCurrent()) {
             d.mark(d.hits, 0, d.surface.height, d.hitColour);
+        }
         return MODULE_OK;
     });
 }
@@ -35,8 +37,9 @@ int32_t WordDocument::foundRegions(std::vector<FoundRegion>& regions) {
     return d.onLayout([&]() -> int32_t {
         for (const size_t index : d.hits.inRows(d.text(), d.top, d.bottom())) {
             FoundRegion region{d.hits.ranges()[index].start, {}};
-            for (const TextBox& box : d.hits.boxes(index))
+            for (const TextBox& box : d.hits.boxes(index)) {
                 region.rectangles.push_back(d.onSurface(box));
+            }
             regions.push_back(std::move(region));
         }
         const auto place = [](const FoundRegion& region) {
@@ -53,8 +56,9 @@ int32_t WordDocument::stopFind() {
     return guardedInOffice([&]() -> int32_t {
         const bool wasMarked = !d.hits.ranges().empty();
         d.hits = PlacedRanges();
-        if (wasMarked)
+        if (wasMarked) {
             d.repaint();
+        }
         return MODULE_OK;
     });
 }

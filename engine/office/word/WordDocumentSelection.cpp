@@ -17,16 +17,18 @@ void WordDocument::Private::select(CharacterRange range) {
     for (const BodyParagraph& paragraph : prepared.body.paragraphs()) {
         const CharacterRange part{std::max(range.start, paragraph.start),
                                   std::min(range.end, paragraph.start + paragraph.length)};
-        if (!part.isEmpty())
+        if (!part.isEmpty()) {
             parts.push_back(part);
+        }
     }
     selection = range;
     selectedLines = PlacedRanges(std::move(parts));
     selectionColour = highlight;
-    if (wasMarked)
+    if (wasMarked) {
         repaint();
-    else if (surface.pixels != nullptr && isCurrent())
+    } else if (surface.pixels != nullptr && isCurrent()) {
         mark(selectedLines, 0, surface.height, selectionColour);
+    }
 }
 
 int32_t WordDocument::selectAll() {
@@ -40,8 +42,10 @@ int32_t WordDocument::selectArea(int32_t left, int32_t top, int32_t right, int32
     Private& d = *mPrivate;
     return d.onLayout([&]() -> int32_t {
         const int64_t used = d.usedRows();
-        if (left > right || top > bottom || right < 0 || bottom < 0 || left >= d.surface.width || top >= used)
+        if (left > right || top > bottom || right < 0 || bottom < 0 || left >= d.surface.width ||
+            top >= used) {
             return MODULE_NOTHING_THERE;
+        }
         const auto at = [&](int32_t x, int64_t y) {
             return d.positions.nearest(d.map, std::clamp(x, 0, d.surface.width - 1),
                                        d.top + std::clamp<int64_t>(y, 0, used - 1));
@@ -55,8 +59,9 @@ int32_t WordDocument::selectArea(int32_t left, int32_t top, int32_t right, int32
 int32_t WordDocument::selectLine(int32_t x, int32_t y) {
     Private& d = *mPrivate;
     return d.onLayout([&]() -> int32_t {
-        if (!d.isOnText(x, y))
+        if (!d.isOnText(x, y)) {
             return MODULE_NOTHING_THERE;
+        }
         d.select(d.positions.lineOf(d.positions.nearest(d.map, x, d.top + y)));
         return MODULE_OK;
     });
@@ -65,13 +70,15 @@ int32_t WordDocument::selectLine(int32_t x, int32_t y) {
 int32_t WordDocument::selectWord(int32_t x, int32_t y) {
     Private& d = *mPrivate;
     return d.onLayout([&]() -> int32_t {
-        if (!d.isOnText(x, y))
+        if (!d.isOnText(x, y)) {
             return MODULE_NOTHING_THERE;
+        }
         const uint32_t position = d.positions.nearest(d.map, x, d.top + y);
         const auto cursor = d.positions.select({position, position});
         const Reference<css::text::XWordCursor> word(cursor, UNO_QUERY_THROW);
-        if (!word->gotoStartOfWord(false) || !word->gotoEndOfWord(true))
+        if (!word->gotoStartOfWord(false) || !word->gotoEndOfWord(true)) {
             return MODULE_NOTHING_THERE;
+        }
         d.select({d.positions.positionOf(cursor->getStart()), d.positions.positionOf(cursor->getEnd())});
         return MODULE_OK;
     });
@@ -95,13 +102,15 @@ int32_t WordDocument::copySelection(std::u16string& text) {
 
 int32_t WordDocument::scrollToRange(CharacterRange range) {
     Private& d = *mPrivate;
-    if (range.start > range.end || range.end > d.positions.count())
+    if (range.start > range.end || range.end > d.positions.count()) {
         return MODULE_BAD_ARGUMENT;
+    }
     return d.onLayout([&]() -> int32_t {
         const int64_t first = d.positions.lineRow(d.map, range.start);
         const int64_t last = d.positions.lineRow(d.map, range.end);
-        if (first < d.top || last >= d.bottom())
+        if (first < d.top || last >= d.bottom()) {
             d.moveTo(first);
+        }
         return MODULE_OK;
     });
 }

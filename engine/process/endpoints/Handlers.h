@@ -88,11 +88,11 @@ gboolean handleInformation(typename Service::Skeleton* skeleton, GDBusMethodInvo
 
 // Sets the colour of later hits from three bytes.
 template<class Service, auto Complete>
-gboolean handleHighlightColour(typename Service::Skeleton* skeleton, GDBusMethodInvocation* invocation,
-                               guchar red, guchar green, guchar blue, gpointer user) {
+gboolean handleHighlightColor(typename Service::Skeleton* skeleton, GDBusMethodInvocation* invocation,
+                              guchar red, guchar green, guchar blue, gpointer user) {
     Service& service = *static_cast<Service*>(user);
     const std::int32_t result = service.run([&](typename Service::Document& document) {
-        return document.setHighlightColour({red, green, blue});
+        return document.setHighlightColor({red, green, blue});
     });
     return answer(service, Complete, skeleton, invocation, result);
 }

@@ -59,7 +59,7 @@ void connectFinding(const Connector<SheetEndpoint>& on) {
     on.operation<&Document::commentMarks, &lectern_ipc_sheet_complete_comment_marks>("handle-comment-marks");
     on.operation<&Document::comment, &lectern_ipc_sheet_complete_comment>("handle-comment");
     on.handler("handle-set-highlight-color",
-               &handleHighlightColour<SheetEndpoint, &lectern_ipc_sheet_complete_set_highlight_color>);
+               &handleHighlightColor<SheetEndpoint, &lectern_ipc_sheet_complete_set_highlight_color>);
     on.operation<&Document::find, &lectern_ipc_sheet_complete_find>("handle-find");
     on.operation<&Document::foundRegions, &lectern_ipc_sheet_complete_found_regions>("handle-found-regions");
     on.operation<&Document::stopFind, &lectern_ipc_sheet_complete_stop_find>("handle-stop-find");

@@ -101,7 +101,7 @@ void connectHandlers(const Connector<SlideEndpoint>& on) {
     on.operation<&Document::note, &lectern_ipc_slide_complete_note>("handle-note");
     on.handler("handle-outline", &handleOutline);
     on.handler("handle-set-highlight-color",
-               &handleHighlightColour<SlideEndpoint, &lectern_ipc_slide_complete_set_highlight_color>);
+               &handleHighlightColor<SlideEndpoint, &lectern_ipc_slide_complete_set_highlight_color>);
     on.handler("handle-find", &handleFind);
     on.handler("handle-found-regions", &handleFoundRegions);
     on.operation<&Document::foundNoteOffsets, &lectern_ipc_slide_complete_found_note_offsets>(

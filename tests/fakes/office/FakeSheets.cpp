@@ -149,7 +149,7 @@ int32_t SheetDocument::comment(int32_t sheet, int32_t x, int32_t y, std::u16stri
     return whenSheet(sheet) == MODULE_OK && !commented ? MODULE_NOTHING_THERE : whenSheet(sheet);
 }
 
-int32_t SheetDocument::setHighlightColour(const Colour& /*colour*/) {
+int32_t SheetDocument::setHighlightColor(const Colour& /*colour*/) {
     return MODULE_OK;
 }
 

@@ -111,7 +111,7 @@ int32_t SlideDocument::outline(int32_t slide, std::vector<OutlineItem>& items) {
     return whenSlide(slide);
 }
 
-int32_t SlideDocument::setHighlightColour(const Colour&) {
+int32_t SlideDocument::setHighlightColor(const Colour&) {
     return MODULE_OK;
 }
 

@@ -16,8 +16,9 @@ Answer answerFrom(GVariant* reply, GError* error) {
         g_dbus_error_strip_remote_error(error);
         return {name ? name.get() : "local", error->message};
     }
-    if (g_variant_n_children(reply) == 0)
+    if (g_variant_n_children(reply) == 0) {
         return {};
+    }
     const lectern::GLibHolder<GVariant> first(g_variant_get_child_value(reply, 0));
     const bool isText = g_variant_is_of_type(first.get(), G_VARIANT_TYPE_STRING);
     const lectern::GLibHolder<char> printed(isText ? g_variant_dup_string(first.get(), nullptr)
@@ -34,8 +35,9 @@ std::ostream& operator<<(std::ostream& stream, const Answer& answer) {
 bool runUntil(const std::function<bool()>& condition) {
     bool expired = false;
     const guint guard = g_timeout_add_seconds(10, raiseFlag, &expired);
-    while (!expired && !condition())
+    while (!expired && !condition()) {
         g_main_context_iteration(nullptr, TRUE);
+    }
     g_source_remove(guard);
     return !expired;
 }

@@ -14,8 +14,9 @@ class Call : public HubFixture {
 protected:
     void SetUp() override {
         HubFixture::SetUp();
-        if (!HasFatalFailure())
+        if (!HasFatalFailure()) {
             attachService();
+        }
     }
 
     Answer callAt(const char* path, const char* interface, const char* method, GVariant* parameters) const {
@@ -51,8 +52,9 @@ TEST_F(Call, EmptyPayloadIsAnEmptyText) {
 
 TEST_F(Call, MegabytePayloadCrossesUnchanged) {
     std::string payload(1U << 20U, '\0');
-    for (size_t i = 0; i < payload.size(); ++i)
+    for (size_t i = 0; i < payload.size(); ++i) {
         payload[i] = static_cast<char>('!' + i % 90);
+    }
     const Answer answer = call("echo", payload);
     EXPECT_EQ(answer.error, "");
     EXPECT_TRUE(answer.text == payload);
@@ -83,13 +85,15 @@ TEST_F(Call, CallersThatAskedForNoReplyGetNothing) {
         mClient.connection(),
         [](GDBusConnection*, GDBusMessage* message, gboolean incoming, gpointer count) {
             const GDBusMessageType type = g_dbus_message_get_message_type(message);
-            if (incoming && type != G_DBUS_MESSAGE_TYPE_SIGNAL)
+            if (incoming && type != G_DBUS_MESSAGE_TYPE_SIGNAL) {
                 ++*static_cast<std::atomic<int>*>(count);
+            }
             return message;
         },
         &received, nullptr);
-    for (const char* method : {"silent", "refuse", "echo", "twice"})
+    for (const char* method : {"silent", "refuse", "echo", "twice"}) {
         post(method);
+    }
     EXPECT_EQ(call("echo", "last").text, "last");
     EXPECT_EQ(received, 1);
     EXPECT_EQ(gRecord.payloads, (std::vector<std::string>{"posted", "posted", "posted", "last"}));
@@ -118,8 +122,9 @@ TEST_F(Call, BurstIsServedAndAnsweredInOrder) {
         calls.emplace_back(mClient.connection(), SERVICE, "/events", INTERFACE, "echo",
                            g_variant_new("(s)", sent.back().c_str()));
     }
-    for (size_t i = 0; i < sent.size(); ++i)
+    for (size_t i = 0; i < sent.size(); ++i) {
         ASSERT_EQ(calls[i].wait(), (Answer{"", sent[i]}));
+    }
     EXPECT_EQ(gRecord.payloads, sent);
 }
 
@@ -132,8 +137,9 @@ TEST_F(Call, BurstAcrossCategoriesKeepsItsOrder) {
                            i % 2 == 0 ? INTERFACE : "com.kestrel.hubtest.common", "echo",
                            g_variant_new("(s)", sent.back().c_str()));
     }
-    for (PendingCall& pending : calls)
+    for (PendingCall& pending : calls) {
         pending.wait();
+    }
     EXPECT_EQ(gRecord.payloads, sent);
 }
 

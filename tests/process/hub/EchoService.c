@@ -34,8 +34,9 @@ int main(void) {
                        HubRegisterCategory(handle, "/events", METHODS, NULL, NULL, &error) &&
                        HubGmainAttach(handle, gLoop, &error);
     g_timeout_add_seconds(20, giveUp, NULL);
-    if (ready)
+    if (ready) {
         g_main_loop_run(gLoop);
+    }
     g_main_loop_unref(gLoop);
     HubErrorPrint(&error, stderr);
     HubErrorFree(&error);

@@ -15,8 +15,9 @@ class Activation : public HubFixture {
 protected:
     void SetUp() override {
         HubFixture::SetUp();
-        if (HasFatalFailure())
+        if (HasFatalFailure()) {
             return;
+        }
         mBus.addService(SERVICE, HUB_ECHO_SERVICE);
         ASSERT_EQ(mClient
                       .call("org.freedesktop.DBus", "/", "org.freedesktop.DBus", "ReloadConfig",
@@ -93,8 +94,9 @@ protected:
             mLoop);
         g_main_loop_run(mLoop);
         const bool quitInTime = g_main_context_find_source_by_id(nullptr, guard) != nullptr;
-        if (quitInTime)
+        if (quitInTime) {
             g_source_remove(guard);
+        }
         return quitInTime;
     }
 };

@@ -18,8 +18,9 @@ namespace {
 bool waitForLine(int fd) {
     char byte = 0;
     while (read(fd, &byte, 1) == 1) {
-        if (byte == '\n')
+        if (byte == '\n') {
             return true;
+        }
     }
     return false;
 }
@@ -28,8 +29,9 @@ bool waitForLine(int fd) {
 
 PrivateBus::PrivateBus() {
     std::string pattern = (std::filesystem::temp_directory_path() / "hubtest-XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr)
+    if (mkdtemp(pattern.data()) == nullptr) {
         return;
+    }
     mFolder = pattern;
     writeConfiguration();
     start();
@@ -38,8 +40,9 @@ PrivateBus::PrivateBus() {
 PrivateBus::~PrivateBus() {
     stop();
     std::error_code ignored;
-    if (!mFolder.empty())
+    if (!mFolder.empty()) {
         std::filesystem::remove_all(mFolder, ignored);
+    }
 }
 
 void PrivateBus::writeConfiguration() const {
@@ -58,8 +61,9 @@ void PrivateBus::writeConfiguration() const {
 void PrivateBus::start() {
     const std::string configuration = "--config-file=" + mFolder + "/bus.conf";
     int ends[2];
-    if (pipe2(ends, O_CLOEXEC) != 0)
+    if (pipe2(ends, O_CLOEXEC) != 0) {
         return;
+    }
     mDaemon = fork();
     if (mDaemon == 0) {
         prctl(PR_SET_PDEATHSIG, SIGKILL);
@@ -70,8 +74,9 @@ void PrivateBus::start() {
     close(ends[1]);
     const bool ready = waitForLine(ends[0]);
     close(ends[0]);
-    if (!ready)
+    if (!ready) {
         stop();
+    }
 }
 
 void PrivateBus::addService(const std::string& name, const std::string& program) const {
@@ -86,8 +91,9 @@ void PrivateBus::becomeSessionBus() const {
 }
 
 void PrivateBus::stop() {
-    if (mDaemon <= 0)
+    if (mDaemon <= 0) {
         return;
+    }
     kill(mDaemon, SIGKILL);
     waitpid(mDaemon, nullptr, 0);
     mDaemon = -1;

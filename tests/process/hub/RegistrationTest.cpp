@@ -185,8 +185,9 @@ TEST_F(Registration, CategoryWithoutMethodsIsAnEmptyInterface) {
 TEST_F(Registration, MalformedCategoriesAreRefused) {
     registerService();
     for (const char* category :
-         {"", "/", "events", "/events/", "//events", "/e-vents", "/1st", "/b\xC3\xA4r"})
+         {"", "/", "events", "/events/", "//events", "/e-vents", "/1st", "/b\xC3\xA4r"}) {
         expectInvalid(category, EVENT_METHODS, "not a category");
+    }
     expectInvalid(nullptr, EVENT_METHODS, "needs");
     expectInvalid("/other", nullptr, "needs");
     EXPECT_FALSE(HubRegisterCategory(nullptr, "/x", EVENT_METHODS, nullptr, nullptr, mError.get()));

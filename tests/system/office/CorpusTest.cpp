@@ -32,8 +32,9 @@ void scrollThrough(View& view) {
     const int32_t rows = view.rows();
     int32_t top = 0;
     for (const int32_t step : {37, 211, 500, 1201, 77}) {
-        if (top + view.height() >= rows)
+        if (top + view.height() >= rows) {
             break;
+        }
         ASSERT_EQ(view.scrollDown(step), step);
         top += step;
         checkStretch(view, top);
@@ -73,8 +74,9 @@ TEST_F(Corpus, ScrolledRowsEqualRowsPaintedAtOnce) {
     for (const auto& path : collectedDocuments()) {
         SCOPED_TRACE(path);
         std::unique_ptr<WordDocument> document;
-        if (WordDocument::open(office(), path, "", testFolder(), document) == MODULE_OK)
+        if (WordDocument::open(office(), path, "", testFolder(), document) == MODULE_OK) {
             scrollThrough(std::move(document));
+        }
     }
 }
 

@@ -63,8 +63,9 @@ std::vector<std::filesystem::path> collectedDocuments() {
     std::vector<std::filesystem::path> paths;
     if (folder != nullptr) {
         for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
-            if (kinds.count(entry.path().extension()) > 0)
+            if (kinds.count(entry.path().extension()) > 0) {
                 paths.push_back(entry.path());
+            }
         }
     }
     EXPECT_FALSE(paths.empty()) << "LECTERN_CORPUS names no folder of documents";

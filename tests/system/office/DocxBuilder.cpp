@@ -55,11 +55,13 @@ void writeBlackPng(const std::filesystem::path& path) {
 // A ZIP archive with a folder's contents.
 void archive(const std::filesystem::path& file, const std::filesystem::path& parts) {
     std::vector<std::string> words = {"python3", "-m", "zipfile", "-c", file};
-    for (const auto& entry : std::filesystem::directory_iterator(parts))
+    for (const auto& entry : std::filesystem::directory_iterator(parts)) {
         words.push_back(entry.path());
+    }
     std::vector<char*> argv;
-    for (std::string& text : words)
+    for (std::string& text : words) {
         argv.push_back(text.data());
+    }
     argv.push_back(nullptr);
     pid_t child = 0;
     ASSERT_EQ(posix_spawnp(&child, "python3", nullptr, nullptr, argv.data(), environ), 0);
@@ -183,10 +185,12 @@ std::filesystem::path DocxBuilder::write(const std::string& name) const {
                                   "xmlns:dcterms=\"http://purl.org/dc/terms/\" "
                                   "xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\">" +
                                   mProperties + "</cp:coreProperties>");
-    if (!mFootnotes.empty())
+    if (!mFootnotes.empty()) {
         part("word/footnotes.xml", std::string("<w:footnotes ") + WORD + ">" + mFootnotes + "</w:footnotes>");
-    if (!mHeader.empty())
+    }
+    if (!mHeader.empty()) {
         part("word/header1.xml", std::string("<w:hdr ") + WORD + ">" + mHeader + "</w:hdr>");
+    }
     part("word/document.xml",
          std::string("<w:document ") + WORD + " xmlns:r=\"" + OFFICE +
              "\" "

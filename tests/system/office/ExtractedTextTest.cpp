@@ -24,8 +24,9 @@ public:
         const std::unique_ptr<lok::Document> document(
             office().d().suite->documentLoad(fileUrl(path).c_str(), "Batch=true"));
         const std::filesystem::path target = testFolder() / "extracted.txt";
-        if (!document || !document->saveAs(fileUrl(target).c_str(), "txt", "UTF8"))
+        if (!document || !document->saveAs(fileUrl(target).c_str(), "txt", "UTF8")) {
             return {};
+        }
         std::ostringstream text;
         text << std::ifstream(target, std::ios::binary).rdbuf();
         std::string letters = text.str();
@@ -37,8 +38,9 @@ public:
 
     static size_t occurrences(const std::string& text, const std::string& word) {
         size_t count = 0;
-        for (size_t at = text.find(word); at != std::string::npos; at = text.find(word, at + word.size()))
+        for (size_t at = text.find(word); at != std::string::npos; at = text.find(word, at + word.size())) {
             ++count;
+        }
         return count;
     }
 
@@ -51,13 +53,15 @@ public:
                 word += byte;
                 continue;
             }
-            if (word.size() >= 3)
+            if (word.size() >= 3) {
                 ++counts[word];
+            }
             word.clear();
         }
         std::vector<std::string> words;
-        for (const auto& [each, count] : counts)
+        for (const auto& [each, count] : counts) {
             words.push_back(each);
+        }
         std::stable_sort(words.begin(), words.end(),
                          [&](const std::string& a, const std::string& b) { return counts[a] > counts[b]; });
         words.resize(std::min<size_t>(words.size(), 5));
@@ -96,14 +100,16 @@ TEST_F(CorpusText, HoldsWhatASearchFindsAndNoMore) {
     int compared = 0;
     for (const auto& path : collectedDocuments()) {
         // Its list labels are words, and the export contains labels as text.
-        if (path.filename() == "Numbering.docx")
+        if (path.filename() == "Numbering.docx") {
             continue;
+        }
         SCOPED_TRACE(path);
         const std::string text = extract(path);
         const std::vector<std::string> words = frequentWords(text);
         std::unique_ptr<WordDocument> document;
-        if (words.empty() || WordDocument::open(office(), path, "", testFolder(), document) != MODULE_OK)
+        if (words.empty() || WordDocument::open(office(), path, "", testFolder(), document) != MODULE_OK) {
             continue;
+        }
         expectSameHits(*document, text, words);
         ++compared;
     }

@@ -27,8 +27,9 @@ Extent darkExtent(const View& view) {
     for (int32_t y = 0; y < view.height(); ++y) {
         bool any = false;
         for (int32_t x = 0; x < view.width(); ++x) {
-            if (!isDark(view.at(x, y)))
+            if (!isDark(view.at(x, y))) {
                 continue;
+            }
             extent.first = extent.first < 0 ? x : std::min(extent.first, x);
             extent.last = std::max(extent.last, x);
             any = true;

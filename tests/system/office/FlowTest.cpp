@@ -20,8 +20,9 @@ public:
 
 int32_t inkOfRow(const View& view, int32_t y) {
     int32_t ink = 0;
-    for (int32_t x = 0; x < view.width(); ++x)
+    for (int32_t x = 0; x < view.width(); ++x) {
         ink += view.isWhite(x, y) ? 0 : 1;
+    }
     return ink;
 }
 
@@ -30,8 +31,9 @@ int32_t widestGap(const View& view) {
     int32_t widest = 0;
     int32_t last = -1;
     for (int32_t y = 0; y < view.height(); ++y) {
-        if (inkOfRow(view, y) == 0)
+        if (inkOfRow(view, y) == 0) {
             continue;
+        }
         widest = last < 0 ? 0 : std::max(widest, y - last - 1);
         last = y;
     }
@@ -60,10 +62,12 @@ TEST_F(Flow, AShortTextIsShownWhole) {
 TEST_F(Flow, EveryPixelIsOpaqueAndRowsBelowTheTextAreWhite) {
     const auto shown = view(write("opaque.txt", "one line"), 320, 200);
     const int32_t used = shown->usedRows();
-    for (const uint32_t pixel : shown->pixels())
+    for (const uint32_t pixel : shown->pixels()) {
         ASSERT_EQ(pixel >> 24, 0xFFU);
-    for (int32_t y = used; y < shown->height(); ++y)
+    }
+    for (int32_t y = used; y < shown->height(); ++y) {
         ASSERT_EQ(inkOfRow(*shown, y), 0) << y;
+    }
 }
 
 TEST_F(Flow, OverlappingStretchesShowTheSameRows) {
@@ -109,8 +113,9 @@ TEST_F(Flow, AMoveMayGoPastTheEndIntoWhite) {
     EXPECT_EQ(shown->scrollDown(rows - 20), rows - 20);
     EXPECT_EQ(shown->usedRows(), 20);
     EXPECT_EQ(shown->bottomRight(), shown->count());
-    for (int32_t y = 20; y < shown->height(); ++y)
+    for (int32_t y = 20; y < shown->height(); ++y) {
         ASSERT_EQ(inkOfRow(*shown, y), 0) << y;
+    }
     EXPECT_EQ(shown->scrollUp(rows), rows - 20);
 }
 
@@ -221,10 +226,12 @@ TEST_F(Flow, HeadersDoNotShow) {
 TEST_F(Flow, FootnoteTextDoesNotShow) {
     DocxBuilder with;
     DocxBuilder without;
-    for (int i = 0; i < 5; ++i)
+    for (int i = 0; i < 5; ++i) {
         without.paragraph("noted1");
-    for (int i = 0; i < 5; ++i)
+    }
+    for (int i = 0; i < 5; ++i) {
         with.footnote("a footnote of some length, which would take a line or two");
+    }
     const auto plain = view(without.write("unnoted.docx"), 320, 400);
     const auto noted = view(with.write("noted.docx"), 320, 400);
     EXPECT_EQ(noted->rows(), plain->rows());
@@ -233,8 +240,9 @@ TEST_F(Flow, FootnoteTextDoesNotShow) {
 
 TEST_F(Flow, ALongPlainTextIsReachedToItsEnd) {
     std::string text;
-    for (int i = 1; i <= 10'000; ++i)
+    for (int i = 1; i <= 10'000; ++i) {
         text += "Paragraph number " + std::to_string(i) + " of a text of ten thousand.\n";
+    }
     const auto shown = view(write("long.txt", text), 320, 1562);
     const int32_t rows = shown->rows();
     EXPECT_GT(rows, 10'000 * 11);

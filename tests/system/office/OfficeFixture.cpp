@@ -66,8 +66,9 @@ int32_t View::scrollUp(int32_t rows) {
 int32_t View::ink(int32_t left, int32_t right) const {
     int32_t count = 0;
     for (int32_t y = 0; y < mHeight; ++y) {
-        for (int32_t x = left; x < right; ++x)
+        for (int32_t x = left; x < right; ++x) {
             count += isWhite(x, y) ? 0 : 1;
+        }
     }
     return count;
 }
@@ -75,8 +76,9 @@ int32_t View::ink(int32_t left, int32_t right) const {
 const std::filesystem::path& testFolder() {
     static const std::filesystem::path path = [] {
         std::string name = (std::filesystem::temp_directory_path() / "office-tests-XXXXXX").string();
-        if (mkdtemp(name.data()) == nullptr)
+        if (mkdtemp(name.data()) == nullptr) {
             std::abort();
+        }
         setenv("TMPDIR", name.c_str(), 1);
         return std::filesystem::path(name);
     }();
@@ -85,8 +87,9 @@ const std::filesystem::path& testFolder() {
 
 Office& OfficeTest::office() {
     static const std::unique_ptr<Office> office = Office::start(testFolder() / "profile");
-    if (!office)
+    if (!office) {
         std::abort();
+    }
     return *office;
 }
 
@@ -114,8 +117,9 @@ int32_t OfficeTest::openResult(const std::filesystem::path& path, const std::str
 std::string OfficeTest::numberedLines(int lines, int wordsOnALine) {
     std::string text;
     for (int line = 1; line <= lines; ++line) {
-        for (int word = 1; word <= wordsOnALine; ++word)
+        for (int word = 1; word <= wordsOnALine; ++word) {
             text += "word " + std::to_string(word) + " of line " + std::to_string(line) + " ";
+        }
         text.back() = '\n';
     }
     return text;

@@ -79,9 +79,11 @@ double differing(const Pixels& a, const Pixels& b) {
     for (int32_t y = 1; y < HEIGHT - 1; ++y) {
         for (int32_t x = 1; x < WIDTH - 1; ++x) {
             int least = 255;
-            for (int32_t dy = -1; dy <= 1; ++dy)
-                for (int32_t dx = -1; dx <= 1; ++dx)
+            for (int32_t dy = -1; dy <= 1; ++dy) {
+                for (int32_t dx = -1; dx <= 1; ++dx) {
                     least = std::min(least, std::abs(green(a, x, y) - green(b, x + dx, y + dy)));
+                }
+            }
             count += least > NOTICEABLE ? 1 : 0;
         }
     }
@@ -121,8 +123,9 @@ TEST_F(SlidePictures, AreTheSameAfterPreparations) {
             EXPECT_EQ(document->render(slide), MODULE_OK);
             const Pixels before = memory;
             int32_t steps = 0;
-            while (prepares && document->prepareNext())
+            while (prepares && document->prepareNext()) {
                 ++steps;
+            }
             EXPECT_EQ(steps > 1, prepares) << "it takes more than one";
             EXPECT_TRUE(memory == before) << "kept pictures stay";
             const auto first = memory.begin() + document->picture() * static_cast<int64_t>(PICTURE);

@@ -27,8 +27,9 @@ struct Image {
         : width(w), height(h), pixels(static_cast<size_t>(w) * static_cast<size_t>(h), 0xFFFFFFFF) {}
     uint32_t* row(int32_t y) { return pixels.data() + static_cast<size_t>(y) * static_cast<size_t>(width); }
     void draw(Image& from, int32_t x, int32_t y) {
-        for (int32_t row0 = 0; row0 < from.height; ++row0)
+        for (int32_t row0 = 0; row0 < from.height; ++row0) {
             std::copy_n(from.row(row0), from.width, row(y + row0) + x);
+        }
     }
     bool write(const char* path) const { return rendering::writePng(path, pixels.data(), width, height); }
 
@@ -46,19 +47,21 @@ bool paint(SheetDocument& document, int argc, char** argv) {
     const int32_t sheet = number(2);
     document.setDpi(number(7));
     PixelRect corner;
-    if (document.cellBounds(sheet, -1, -1, corner) != 0)
+    if (document.cellBounds(sheet, -1, -1, corner) != 0) {
         return false;
+    }
     Image cells(number(5), number(6));
     Image rows(corner.width, cells.height);
     Image columns(cells.width, corner.height);
     document.setSurface(SheetArea::Cells, cells.pixels.data(), cells.width, cells.height);
     document.setSurface(SheetArea::RowHeaders, rows.pixels.data(), rows.width, rows.height);
     document.setSurface(SheetArea::ColumnHeaders, columns.pixels.data(), columns.width, columns.height);
-    if (argc > 9)
+    if (argc > 9) {
         document.find(sheet, widened(argv[9]));
+    }
     if (argc > 10) {
         int32_t count = 0;
-        document.setHighlightColour({0xFF, 0xF5, 0x68});
+        document.setHighlightColor({0xFF, 0xF5, 0x68});
         document.selectTracks(sheet, lectern::engine::Axis::Columns, number(10), number(10), count);
     }
     const double start = now();
@@ -75,8 +78,9 @@ bool paint(SheetDocument& document, int argc, char** argv) {
 
 bool render(int argc, char** argv) {
     char directory[] = "/tmp/sheet-render-XXXXXX";
-    if (mkdtemp(directory) == nullptr)
+    if (mkdtemp(directory) == nullptr) {
         return false;
+    }
     setenv("TMPDIR", directory, 1); // the suite leaves files in it
     const auto office = Office::start(std::string(directory) + "/profile");
     const char* password = std::getenv("SHEET_PASSWORD");

@@ -40,27 +40,30 @@ void search(SlideDocument& document, int32_t slide, const char* text) {
     std::vector<std::vector<PixelRect>> regions;
     const std::string wanted = text;
     document.slideCount(count);
-    document.setHighlightColour({128, 192, 255});
+    document.setHighlightColor({128, 192, 255});
     const double start = now();
     document.find({wanted.begin(), wanted.end()}, 0, count - 1, hits);
     const double found = now();
     document.render(slide);
     document.foundRegions(regions);
     std::fprintf(stderr, "found in %.1f:", found - start);
-    for (const SlideHits& on : hits)
+    for (const SlideHits& on : hits) {
         std::fprintf(stderr, " %d:%d+%d", on.slide, on.onSlide, on.inNotes);
+    }
     for (const auto& region : regions) {
         std::fprintf(stderr, "\n ");
-        for (const PixelRect& rect : region)
+        for (const PixelRect& rect : region) {
             std::fprintf(stderr, " (%d, %d, %d x %d)", rect.x, rect.y, rect.width, rect.height);
+        }
     }
     std::fprintf(stderr, "\n");
 }
 
 int render(int argc, char** argv) {
     char directory[] = "/tmp/slide-render-XXXXXX";
-    if (mkdtemp(directory) == nullptr)
+    if (mkdtemp(directory) == nullptr) {
         return 1;
+    }
     setenv("TMPDIR", directory, 1);            // the suite leaves files in it
     const int32_t slide = std::atoi(argv[2]);  // NOLINT(cert-err34-c)
     const int32_t width = std::atoi(argv[3]);  // NOLINT(cert-err34-c)
@@ -80,8 +83,9 @@ int render(int argc, char** argv) {
         std::fprintf(stderr, "open %.0f, paint %.2f, again %.2f\n", opened - started, painted - opened,
                      again - painted);
         tell(*document, slide);
-        if (argc > 6)
+        if (argc > 6) {
             search(*document, slide, argv[6]);
+        }
     }
     std::fprintf(stderr, "result %d\n", result);
     const bool written = result == 0 && writePng(argv[5], pixels.data(), width, height);

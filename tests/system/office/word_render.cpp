@@ -20,8 +20,9 @@ using rendering::writePng;
 
 int render(char** argv) {
     char directory[] = "/tmp/word-render-XXXXXX";
-    if (mkdtemp(directory) == nullptr)
+    if (mkdtemp(directory) == nullptr) {
         return 1;
+    }
     setenv("TMPDIR", directory, 1);            // the suite leaves files in it
     const int32_t width = std::atoi(argv[2]);  // NOLINT(cert-err34-c)
     const int32_t height = std::atoi(argv[3]); // NOLINT(cert-err34-c)
@@ -49,8 +50,9 @@ int render(char** argv) {
         int32_t ignored = 0;
         document->layoutSize(ignored, rows);
         laidOut = now();
-        if (scroll > 0)
+        if (scroll > 0) {
             document->scrollDown(scroll, scrolled);
+        }
         document->stretchPlace(place);
         document->characterCount(count);
         positions = now();

@@ -14,8 +14,9 @@ std::string repaired(const std::string& text) {
 }
 
 TEST(Utf8Repair, ValidTextStaysAsItIs) {
-    for (const auto* text : {"", "plain", "Grüße", "日本", "𝄞", "\xEF\xBF\xBF", "\xF4\x8F\xBF\xBF"})
+    for (const auto* text : {"", "plain", "Grüße", "日本", "𝄞", "\xEF\xBF\xBF", "\xF4\x8F\xBF\xBF"}) {
         EXPECT_EQ(repaired(text), text);
+    }
 }
 
 TEST(Utf8Repair, CharacterCutOffAtTheEndIsLeftOut) {
@@ -37,8 +38,9 @@ TEST(Utf8Repair, OnlyTheLastOfSeveralCutCharactersIsLeftOut) {
 }
 
 TEST(Utf8Repair, BytesThatBeginNoCharacterAreReplacedAtTheEndToo) {
-    for (const std::string byte : {"\xFF", "\xFE", "\xC0", "\xC1", "\xF5", "\xF8", "\xFD", "\x80", "\xBF"})
+    for (const std::string byte : {"\xFF", "\xFE", "\xC0", "\xC1", "\xF5", "\xF8", "\xFD", "\x80", "\xBF"}) {
         EXPECT_EQ(repaired("a" + byte), "a" REPLACEMENT);
+    }
 }
 
 TEST(Utf8Repair, LooseContinuationBytesAreReplaced) {
