@@ -143,10 +143,10 @@ bool isBrokenContainer(const Reference<css::frame::XModel>& model, const std::st
         OUString filter;
         return argument.Name == "FilterName" && (argument.Value >>= filter) && filter.startsWith("Text");
     });
-    constexpr std::string_view COMPOUND = "\xD0\xCF\x11\xE0", zip = "PK\x03\x04";
+    constexpr std::string_view COMPOUND = "\xD0\xCF\x11\xE0", ZIP = "PK\x03\x04";
     std::string head(4, '\0');
     std::ifstream(path, std::ios::binary).read(head.data(), static_cast<std::streamsize>(head.size()));
-    return readAsText && (head == COMPOUND || head == zip);
+    return readAsText && (head == COMPOUND || head == ZIP);
 }
 
 int32_t load(const Office::Private& office, const std::string& url, LoadedModel& loaded) {
