@@ -71,10 +71,10 @@ void dispatch(GDBusConnection* connection, const char*, const char*, const char*
 } // namespace
 
 bool exportCategory(Category& category, const char* path, HubError* error) {
-    static const GDBusInterfaceVTable calls{dispatch, nullptr, nullptr, {}};
+    static const GDBusInterfaceVTable CALLS{dispatch, nullptr, nullptr, {}};
     lectern::GLibHolder<GError> cause;
     if (g_dbus_connection_register_object(category.handle->connection.get(), path, category.interface.info(),
-                                          &calls, &category, nullptr, out(cause)) != 0) {
+                                          &CALLS, &category, nullptr, out(cause)) != 0) {
         return true;
     }
     return fail(error, HUB_ERROR_INVALID, cause->message);

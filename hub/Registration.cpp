@@ -28,7 +28,7 @@ void sendWhatIsLeft() {
 }
 
 HubHandle* keep(std::unique_ptr<HubHandle> handle) {
-    [[maybe_unused]] static const int once = std::atexit(sendWhatIsLeft);
+    [[maybe_unused]] static const int ONCE = std::atexit(sendWhatIsLeft);
     return allHandles().emplace_back(std::move(handle)).get();
 }
 

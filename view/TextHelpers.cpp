@@ -14,9 +14,9 @@ constexpr size_t DATE_SIZE = 32;
 constexpr uint16_t FIRST_OF_PAIR = 0xD800;
 
 const char* prvMonthName(int month) {
-    static const char* const names[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+    static const char* const NAMES[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                         "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-    return month >= 0 && month < 12 ? names[month] : "Ukn";
+    return month >= 0 && month < 12 ? NAMES[month] : "Ukn";
 }
 
 } // namespace
@@ -81,6 +81,6 @@ Utf16Text::~Utf16Text() {
 }
 
 const unsigned short* Utf16Text::get() const {
-    static const unsigned short empty = 0;
-    return mText != nullptr ? mText : &empty;
+    static const unsigned short EMPTY = 0;
+    return mText != nullptr ? mText : &EMPTY;
 }
