@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/office/DocumentLoading.h"
 
+#include "engine/layout/CompoundFile.h"
 #include "engine/layout/TextEncoding.h"
 #include "engine/office/FileUrl.h"
 #include "modules/ModuleResults.h"
@@ -14,7 +15,9 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
+#include <memory>
 #include <sstream>
 #include <string_view>
 #include <vector>
@@ -68,49 +71,68 @@ private:
     int mQuestions = 0;
 };
 
-// A temporary UTF-8 copy of a plain-text file in another encoding; not made for
-// other files. The destructor removes the copy.
-class Utf8Copy {
+std::string contentsOf(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    std::ostringstream contents;
+    contents << in.rdbuf();
+    return std::move(contents).str();
+}
+
+// A temporary copy of a file with other contents. The destructor removes it.
+class TemporaryCopy {
 public:
-    Utf8Copy(const std::string& path, const std::string& directory) {
-        if (path.size() < 4 || strcasecmp(path.c_str() + path.size() - 4, ".txt") != 0) {
+    // The extension, of three letters, tells the suite the kind of document.
+    TemporaryCopy(const std::string& directory, const std::string& extension, const std::string& contents)
+        : mPath(directory + "/lectern-XXXXXX" + extension) {
+        const int fd = mkstemps(mPath.data(), static_cast<int>(extension.size()));
+        if (fd < 0) {
+            mPath.clear();
             return;
         }
-        std::ifstream in(path, std::ios::binary);
-        std::ostringstream contents;
-        contents << in.rdbuf();
-        const std::string bytes = std::move(contents).str();
-        const TextEncoding encoding = detectTextEncoding(bytes);
-        if (encoding != TextEncoding::Utf8) {
-            write(directory + "/lectern-XXXXXX.txt", toUtf8(bytes, encoding));
-        }
+        close(fd);
+        std::ofstream out(mPath, std::ios::binary | std::ios::trunc);
+        out << contents;
     }
-    ~Utf8Copy() {
+    ~TemporaryCopy() {
         if (!mPath.empty()) {
             unlink(mPath.c_str());
         }
     }
-    Utf8Copy(const Utf8Copy&) = delete;
-    Utf8Copy& operator=(const Utf8Copy&) = delete;
+    TemporaryCopy(const TemporaryCopy&) = delete;
+    TemporaryCopy& operator=(const TemporaryCopy&) = delete;
 
-    // Empty when no copy is needed or none could be written. In the second case
-    // the suite reads the original as it is.
+    // Empty when no copy could be written.
     const std::string& path() const { return mPath; }
 
 private:
-    void write(std::string name, const std::string& text) {
-        const int fd = mkstemps(name.data(), 4);
-        if (fd < 0) {
-            return;
-        }
-        close(fd);
-        mPath = std::move(name);
-        std::ofstream out(mPath, std::ios::binary | std::ios::trunc);
-        out << text;
-    }
-
     std::string mPath;
 };
+
+// The extension of a path with its dot; empty when the path has none.
+std::string extensionOf(const std::string& path) {
+    return std::filesystem::path(path).extension().string();
+}
+
+// A UTF-8 copy of a plain-text file in another encoding; null for other files.
+std::unique_ptr<TemporaryCopy> utf8Copy(const std::string& path, const std::string& directory) {
+    if (strcasecmp(extensionOf(path).c_str(), ".txt") != 0) {
+        return nullptr;
+    }
+    const std::string bytes = contentsOf(path);
+    const TextEncoding encoding = detectTextEncoding(bytes);
+    return encoding == TextEncoding::Utf8
+               ? nullptr
+               : std::make_unique<TemporaryCopy>(directory, ".txt", toUtf8(bytes, encoding));
+}
+
+// A copy of a compound file without the streams for which the suite refuses it;
+// null when there is no such stream.
+std::unique_ptr<TemporaryCopy> repairedCopy(const std::string& path, const std::string& directory) {
+    std::string bytes = contentsOf(path);
+    return emptyImpossibleStreams(bytes)
+               ? std::make_unique<TemporaryCopy>(directory, extensionOf(path), bytes)
+               : nullptr;
+}
 
 std::vector<Reference<css::frame::XModel>> openModels(const Office::Private& office) {
     std::vector<Reference<css::frame::XModel>> models;
@@ -149,14 +171,28 @@ bool isBrokenContainer(const Reference<css::frame::XModel>& model, const std::st
     return readAsText && (head == COMPOUND || head == ZIP);
 }
 
-int32_t load(const Office::Private& office, const std::string& url, LoadedModel& loaded) {
+int32_t load(const Office::Private& office, const std::string& url, const std::string& language,
+             LoadedModel& loaded) {
     const auto before = openModels(office);
-    std::unique_ptr<lok::Document> painter(office.suite->documentLoad(url.c_str(), LOAD_OPTIONS));
+    const std::string options = language.empty() ? LOAD_OPTIONS : LOAD_OPTIONS + (",Language=" + language);
+    std::unique_ptr<lok::Document> painter(office.suite->documentLoad(url.c_str(), options.c_str()));
     if (!painter) {
         return MODULE_DAMAGED;
     }
     loaded = {std::move(painter), newModel(office, before)};
     return loaded.model.is() ? MODULE_OK : MODULE_FAILED;
+}
+
+// Loads a document from its file, or from a copy of it.
+int32_t loadFrom(const std::string& source, Office::Private& office, const std::string& path,
+                 const std::string& password, const std::string& language, LoadedModel& loaded) {
+    const std::string url = fileUrl(source);
+    const PasswordPrompt prompt(*office.suite, url, password);
+    const int32_t result = load(office, url, language, loaded);
+    if (result == MODULE_DAMAGED && prompt.asked()) {
+        return password.empty() ? MODULE_NEEDS_PASSWORD : MODULE_WRONG_PASSWORD;
+    }
+    return result == MODULE_OK && isBrokenContainer(loaded.model, path) ? int32_t{MODULE_DAMAGED} : result;
 }
 
 // Fills `opened` if the loaded model is a text document; otherwise returns
@@ -175,23 +211,22 @@ int32_t openAsText(LoadedModel loaded, OpenedDocument& opened) {
 } // namespace
 
 int32_t loadModel(Office::Private& office, const std::string& path, const std::string& password,
-                  const std::string& temporaryDirectory, LoadedModel& model) {
-    const Utf8Copy copy(path, temporaryDirectory);
-    const std::string url = fileUrl(copy.path().empty() ? path : copy.path());
-    const PasswordPrompt prompt(*office.suite, url, password);
+                  const std::string& temporaryDirectory, LoadedModel& model, const std::string& language) {
+    const auto text = utf8Copy(path, temporaryDirectory);
     LoadedModel loaded;
-    const int32_t result = load(office, url, loaded);
-    if (result == MODULE_DAMAGED && prompt.asked()) {
-        return password.empty() ? MODULE_NEEDS_PASSWORD : MODULE_WRONG_PASSWORD;
+    // Without a copy the suite reads the original as it is.
+    const std::string& source = text && !text->path().empty() ? text->path() : path;
+    int32_t result = loadFrom(source, office, path, password, language, loaded);
+    if (result == MODULE_DAMAGED) {
+        const auto repaired = repairedCopy(path, temporaryDirectory);
+        if (repaired && !repaired->path().empty()) {
+            result = loadFrom(repaired->path(), office, path, password, language, loaded);
+        }
     }
-    if (result != MODULE_OK) {
-        return result;
+    if (result == MODULE_OK) {
+        model = std::move(loaded);
     }
-    if (isBrokenContainer(loaded.model, path)) {
-        return MODULE_DAMAGED;
-    }
-    model = std::move(loaded);
-    return MODULE_OK;
+    return result;
 }
 
 int32_t loadDocument(Office::Private& office, const std::string& path, const std::string& password,
@@ -203,7 +238,7 @@ int32_t loadDocument(Office::Private& office, const std::string& path, const std
 
 int32_t newDocument(Office::Private& office, OpenedDocument& opened) {
     LoadedModel loaded;
-    const int32_t result = load(office, "private:factory/swriter", loaded);
+    const int32_t result = load(office, "private:factory/swriter", "", loaded);
     return result == MODULE_OK ? openAsText(std::move(loaded), opened) : result;
 }
 

@@ -18,10 +18,14 @@ struct LoadedModel {
 };
 
 // Loads a document. An empty password means no password. `temporaryDirectory`
-// receives the copy of a text in another encoding. Returns a module_result
-// code; on failure `model` is not changed.
+// receives the copy of a text in another encoding, and that of a compound file
+// which the suite accepts only without its impossible streams. `language`, such
+// as "en-US", decides formats that depend on the reader's language; empty leaves
+// them to the suite. Returns a module_result code; on failure `model` is not
+// changed.
 int32_t loadModel(Office::Private& office, const std::string& path, const std::string& password,
-                  const std::string& temporaryDirectory, LoadedModel& model);
+                  const std::string& temporaryDirectory, LoadedModel& model,
+                  const std::string& language = {});
 
 // One text document through two interfaces: one paints it and takes points, the
 // other changes and reads the model.

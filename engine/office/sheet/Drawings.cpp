@@ -36,6 +36,10 @@ void Drawings::read() {
     mAlignedTo = 0;
     const Reference<css::drawing::XDrawPageSupplier> supplier(mSheet, UNO_QUERY_THROW);
     const auto page = supplier->getDrawPage();
+    // A sheet that a file only counts, without having it, has no page.
+    if (!page.is()) {
+        return;
+    }
     for (sal_Int32 i = 0; i < page->getCount(); ++i) {
         const Reference<css::drawing::XShape> shape(page->getByIndex(i), UNO_QUERY);
         // Comments have shapes of this type too; they are not shown.

@@ -15,6 +15,10 @@ namespace lectern::engine {
 
 namespace {
 
+// Without a language the suite reads the dates of .xls files in the built-in
+// formats 14 to 17 as a day and a month: 07/01 for Jul-01.
+constexpr char LANGUAGE[] = "en-US";
+
 int32_t saturated(int64_t value) {
     return static_cast<int32_t>(std::min<int64_t>(value, std::numeric_limits<int32_t>::max()));
 }
@@ -25,7 +29,7 @@ int32_t SheetDocument::open(Office& office, const std::string& path, const std::
                             const std::string& temporaryDirectory, std::unique_ptr<SheetDocument>& document) {
     return guardedInOffice([&]() -> int32_t {
         LoadedModel loaded;
-        const int32_t result = loadModel(office.d(), path, password, temporaryDirectory, loaded);
+        const int32_t result = loadModel(office.d(), path, password, temporaryDirectory, loaded, LANGUAGE);
         if (result != MODULE_OK) {
             return result;
         }

@@ -54,6 +54,51 @@ TEST(SheetOpeningTest, DamagedFilesAreRefused) {
     EXPECT_NE(openResult(written("head.xlsx", "PK\x03\x04 and nothing more")), MODULE_OK);
 }
 
+// An old workbook whose bytes at `place` behind the first `mark` are others.
+std::string changedXls(const std::string& name, const std::string& mark, std::size_t place,
+                       const std::string& bytes) {
+    std::string file = readFile(sample("tour.xls"));
+    const std::size_t at = file.find(mark);
+    EXPECT_NE(at, std::string::npos);
+    file.replace(at + place, bytes.size(), bytes);
+    return written(name, file);
+}
+
+TEST(SheetOpeningTest, AStreamLongerThanTheFileIsLeftOut) {
+    constexpr std::size_t LENGTH = 120; // in an entry of the directory, which begins with the name
+    const std::string name("\x05\0S\0u\0m\0m\0a\0r\0y", 15);
+    EXPECT_EQ(openResult(changedXls("stream.xls", name, LENGTH, "\xC8\xE5\x00\xF3")), MODULE_OK);
+}
+
+TEST(SheetOpeningTest, SheetsThatAFileOnlyCountsAreEmpty) {
+    constexpr std::size_t ACTIVE_SHEET = 14; // in the record of the window
+    WorkbookView view(changedXls("counted.xls", std::string("\x3D\0\x12\0", 4), ACTIVE_SHEET, "\x12"));
+    ASSERT_EQ(view.titles().size(), 6U);
+    view.show(5, 100, 100, 72);
+    view.render(0, 0);
+    EXPECT_TRUE(view.find("a").empty());
+}
+
+TEST(SheetOpeningTest, BuiltInFormatsOfDatesAreThoseOfALanguage) {
+    // The formats' numbers and what they show of a day.
+    constexpr std::pair<char, const char*> FORMATS[] = {
+        {14, "1/15/2019"}, {15, "15-Jan-19"}, {16, "15-Jan"}, {17, "Jan-19"}};
+    constexpr std::size_t FORMAT_NUMBER = 6; // in the record that a cell refers to
+    std::string file = readFile(sample("tour.xls"));
+    // The record of the cells in the format of the number 166: yyyy-mm-dd.
+    std::size_t record = file.find(std::string("\xE0\0\x14\0", 4));
+    while (file.substr(record + FORMAT_NUMBER, 2) != std::string("\xA6\0", 2)) {
+        record = file.find(std::string("\xE0\0\x14\0", 4), record + 1);
+        ASSERT_NE(record, std::string::npos);
+    }
+    for (const auto& [number, shown] : FORMATS) {
+        file[record + FORMAT_NUMBER] = number;
+        WorkbookView view(written("dated.xls", file));
+        view.show(1, 100, 100, 72);
+        EXPECT_EQ(view.column(1).at(1), shown) << int{number};
+    }
+}
+
 TEST(SheetOpeningTest, TextDocumentsAreOfTheWrongKind) {
     EXPECT_EQ(openResult(written("text.xlsx", readFile(sample("tour.docx")))), MODULE_WRONG_KIND);
 }
