@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/office/sheet/CellPainter.h"
 
+#include "engine/layout/GridLines.h"
 #include "engine/layout/TileStep.h"
 
 #include <algorithm>
@@ -82,6 +83,41 @@ void paintTile(lok::Document& painter, const Span& across, const Span& down, int
 
 void CellPainter::paint(Workbook& book, int32_t sheet, int64_t x, int64_t y, int32_t dpi,
                         const Surface& surface) {
+    paintCells(book, sheet, x, y, dpi, surface);
+    leaveOutCrossedLines(book, sheet, x, y, dpi, surface);
+}
+
+void CellPainter::leaveOutCrossedLines(Workbook& book, int32_t sheet, int64_t x, int64_t y, int32_t dpi,
+                                       const Surface& surface) {
+    book.show(sheet);
+    if (!book.showsGrid()) {
+        return;
+    }
+    const SheetGeometry& geometry = book.geometry(sheet);
+    const CellBlock shown{geometry.columns.trackAt(x), geometry.rows.trackAt(y),
+                          geometry.columns.trackAt(x + surface.width - 1),
+                          geometry.rows.trackAt(y + surface.height - 1)};
+    const CellSet empty = book.emptyCells(sheet, shown);
+    const std::vector<LinePart> parts =
+        crossedLines({surface, x, y, geometry.columns, geometry.rows}, dpi,
+                     [&](int32_t column, int32_t row) { return empty.has(column, row); });
+    if (parts.empty()) {
+        return;
+    }
+    mWithoutLines.resize(static_cast<size_t>(surface.width) * static_cast<size_t>(surface.height));
+    const Surface without{mWithoutLines.data(), surface.width, surface.height};
+    book.showGrid(false);
+    paintCells(book, sheet, x, y, dpi, without);
+    book.showGrid(true);
+    for (const LinePart& part : parts) {
+        for (int64_t row = part.top; row < part.bottom; ++row) {
+            surface.row(row)[part.x] = without.row(row)[part.x];
+        }
+    }
+}
+
+void CellPainter::paintCells(Workbook& book, int32_t sheet, int64_t x, int64_t y, int32_t dpi,
+                             const Surface& surface) {
     const SheetGeometry& geometry = book.geometry(sheet);
     const bool withDrawings = book.hasDrawings(sheet);
     book.alignDrawings(sheet);

@@ -17,7 +17,15 @@ public:
     void paint(Workbook& book, int32_t sheet, int64_t x, int64_t y, int32_t dpi, const Surface& surface);
 
 private:
-    std::vector<uint32_t> mTile; // reused, because a view paints tiles of one size
+    void paintCells(Workbook& book, int32_t sheet, int64_t x, int64_t y, int32_t dpi, const Surface& surface);
+    // Takes the grid lines away where text runs over them into empty cells. The
+    // suite does so only when it prints.
+    void leaveOutCrossedLines(Workbook& book, int32_t sheet, int64_t x, int64_t y, int32_t dpi,
+                              const Surface& surface);
+
+    // Reused, because a view paints tiles of one size.
+    std::vector<uint32_t> mTile;
+    std::vector<uint32_t> mWithoutLines;
 };
 
 } // namespace lectern::engine

@@ -5,11 +5,13 @@
 
 #include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/sheet/XCellRangeAddressable.hpp>
+#include <com/sun/star/sheet/XCellRangesQuery.hpp>
 #include <com/sun/star/sheet/XSheetAnnotation.hpp>
 #include <com/sun/star/sheet/XSheetAnnotations.hpp>
 #include <com/sun/star/sheet/XSheetAnnotationsSupplier.hpp>
 #include <com/sun/star/sheet/XSheetCellCursor.hpp>
 #include <com/sun/star/sheet/XSheetCellRange.hpp>
+#include <com/sun/star/sheet/XSheetCellRanges.hpp>
 #include <com/sun/star/sheet/XSpreadsheetDocument.hpp>
 #include <com/sun/star/sheet/XUsedAreaCursor.hpp>
 #include <com/sun/star/text/WritingMode2.hpp>
@@ -96,6 +98,17 @@ int32_t laidOut(const Tracks& tracks, long twips, int32_t dpi) {
 
 } // namespace
 
+CellSet::CellSet(const CellBlock& within) : mWithin(within) {
+    mBits.resize(index(within.right, within.bottom) + 1);
+}
+
+void CellSet::insert(const CellBlock& cells) {
+    for (int32_t row = cells.top; row <= cells.bottom; ++row) {
+        const auto first = mBits.begin() + static_cast<std::ptrdiff_t>(index(cells.left, row));
+        std::fill(first, first + (cells.right - cells.left + 1), true);
+    }
+}
+
 Workbook::Workbook(LoadedModel loaded) : mLoaded(std::move(loaded)) {
     painter().initializeForRendering("{}");
     setProperty(propertiesOf(model()), "IsUndoEnabled", false);
@@ -169,6 +182,26 @@ void Workbook::changed(int32_t index) {
 void Workbook::alignDrawings(int32_t index) {
     const SheetGeometry& measures = geometry(index);
     mSheets[static_cast<size_t>(index)].drawings.align(measures.columns, measures.rows, mDpi);
+}
+
+bool Workbook::showsGrid() const {
+    return property<bool>(propertiesOf(model()->getCurrentController()), "ShowGrid");
+}
+
+void Workbook::showGrid(bool shown) {
+    setProperty(propertiesOf(model()->getCurrentController()), "ShowGrid", shown);
+}
+
+CellSet Workbook::emptyCells(int32_t index, const CellBlock& block) const {
+    const Reference<css::sheet::XCellRangesQuery> cells(
+        sheet(index)->getCellRangeByPosition(block.left, block.top, block.right, block.bottom),
+        UNO_QUERY_THROW);
+    CellSet empty(block);
+    const Reference<css::sheet::XSheetCellRanges> ranges(cells->queryEmptyCells(), UNO_QUERY_THROW);
+    for (const css::table::CellRangeAddress& range : ranges->getRangeAddresses()) {
+        empty.insert(blockOf(range));
+    }
+    return empty;
 }
 
 std::optional<CellBlock> Workbook::usedBlock(int32_t index) const {

@@ -28,6 +28,25 @@ inline CellBlock blockOf(const css::table::CellRangeAddress& range) {
     return {range.StartColumn, range.StartRow, range.EndColumn, range.EndRow};
 }
 
+// Cells of a block, one bit for each.
+class CellSet {
+public:
+    explicit CellSet(const CellBlock& within);
+
+    // REQUIRES, as for has: the cells lie in the block.
+    void insert(const CellBlock& cells);
+    bool has(int32_t column, int32_t row) const { return mBits[index(column, row)]; }
+
+private:
+    size_t index(int32_t column, int32_t row) const {
+        const auto width = static_cast<size_t>(mWithin.right - mWithin.left + 1);
+        return static_cast<size_t>(row - mWithin.top) * width + static_cast<size_t>(column - mWithin.left);
+    }
+
+    CellBlock mWithin;
+    std::vector<bool> mBits;
+};
+
 // The columns and rows of a sheet, up to its extent.
 struct SheetGeometry {
     Tracks columns;
@@ -63,6 +82,11 @@ public:
     bool hasDrawings(int32_t sheet) const { return !mSheets[static_cast<size_t>(sheet)].drawings.empty(); }
     // Moves drawings to where their cells are painted; call before painting.
     void alignDrawings(int32_t sheet);
+    // Whether the sheet that is shown has grid lines, and the switch for them.
+    bool showsGrid() const;
+    void showGrid(bool shown);
+    // The cells of a block without any contents.
+    CellSet emptyCells(int32_t sheet, const CellBlock& block) const;
     // The block of used cells; nothing on an empty sheet.
     std::optional<CellBlock> usedBlock(int32_t sheet) const;
     // The block from the first cell to the end of the last merged area; nothing

@@ -136,6 +136,23 @@ TEST_F(GridTest, HeadersHaveTheirLinesWhereTheCellsHaveTheirs) {
     }
 }
 
+TEST_F(GridTest, LinesEndWhereATextRunsOverIntoEmptyCells) {
+    WorkbookView view(generated("over.xlsx", {"plain", "OUT", "a text that runs over into the next cells",
+                                              "short", "a text that ends at,x"}));
+    for (const std::int32_t dpi : ZOOMS) {
+        view.show(0, SIZE, SIZE, dpi);
+        const module_rect cell = view.place({1, 1});
+        // Twice, because the second picture must be like the first one.
+        for (int i = 0; i < 2; i++) {
+            view.render(0, 0);
+            EXPECT_NE(view.cells().at(cell.x, 2), GRID_LINE) << dpi;
+            EXPECT_EQ(view.cells().at(cell.x, cell.y + 2), GRID_LINE) << dpi;
+            EXPECT_EQ(view.cells().at(cell.x, cell.y + cell.height + 2), GRID_LINE) << dpi;
+            EXPECT_EQ(view.cells().at(cell.x + cell.width - 3, cell.y), GRID_LINE) << dpi;
+        }
+    }
+}
+
 TEST_F(GridTest, StripsAreAsThickAsTheLargestRowNumberAndTheFontNeed) {
     WorkbookView large(colouredFile());
     WorkbookView small(sample("tour.xlsx"));
