@@ -22,6 +22,9 @@ make_xlsx.py charted OUT.xlsx
     are not whole pixels.
 make_xlsx.py noted OUT.xlsx
     A column with 3, 1 and 2; the cell with 3 has the comment "three".
+make_xlsx.py gaps OUT.xlsx
+    Texts from C3 on: first, a merged area G3:I3 whose column G is hidden, a filtered
+    list with two of four rows hidden, and an array formula in C10:C12.
 make_xlsx.py plain OUT.xlsx ROW...
     A sheet with the given rows. A row is a list of values, separated by commas. A
     value that is a number becomes one; a value that begins with = is a formula.
@@ -141,6 +144,22 @@ def noted(path):
     book.save(path)
 
 
+def gaps(path):
+    book = Workbook()
+    sheet = book.active
+    sheet['C3'], sheet['G3'] = 'first', 'merged'
+    sheet.merge_cells('G3:I3')
+    sheet.column_dimensions['G'].hidden = True
+    for row, name in enumerate(['Boat', 'Tern', 'Egret', 'Tern\nagain', 'Egret'], 5):
+        sheet.cell(row, 3, name)
+    sheet.auto_filter.ref = 'C5:C9'
+    sheet.auto_filter.add_filter_column(0, ['Tern', 'Tern\nagain'])
+    sheet.row_dimensions[7].hidden = sheet.row_dimensions[9].hidden = True
+    sheet['C10'] = '=LEN(C5:C7)'
+    sheet.formula_attributes['C10'] = {'t': 'array', 'ref': 'C10:C12'}
+    book.save(path)
+
+
 def value_of(text):
     try:
         return float(text)
@@ -155,7 +174,8 @@ def plain(path, rows):
     book.save(path)
 
 
-MAKERS = {'charted': charted, 'coloured': coloured, 'labelled': labelled, 'spread': spread, 'noted': noted}
+MAKERS = {'charted': charted, 'coloured': coloured, 'gaps': gaps, 'labelled': labelled, 'spread': spread,
+          'noted': noted}
 
 
 def main(arguments):

@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // The contents of cells: comments, hits, the selection and its text.
 #include "engine/office/sheet/Comments.h"
+#include "engine/office/sheet/SheetCopy.h"
 #include "engine/office/sheet/SheetDocumentPrivate.h"
-
-#include <com/sun/star/view/XSelectionSupplier.hpp>
-
-#include <cstdlib>
 
 namespace lectern::engine {
 
@@ -124,23 +121,7 @@ int32_t SheetDocument::copySelection(std::u16string& text) {
         return MODULE_NOTHING_THERE;
     }
     return d.onSheet(d.selection->sheet, [&](const SheetGeometry&) -> int32_t {
-        d.book.show(d.selection->sheet);
-        const CellBlock& block = d.selection->block;
-        const css::uno::Reference<css::view::XSelectionSupplier> view(d.book.model()->getCurrentController(),
-                                                                      css::uno::UNO_QUERY_THROW);
-        view->select(
-            css::uno::Any(d.book.sheet(d.selection->sheet)
-                              ->getCellRangeByPosition(block.left, block.top, block.right, block.bottom)));
-        const std::unique_ptr<char, decltype(&std::free)> copied(
-            d.book.painter().getTextSelection("text/plain;charset=utf-8"), &std::free);
-        if (!copied) {
-            return MODULE_FAILED;
-        }
-        text = toText(OStringToOUString(rtl::OString(copied.get()), RTL_TEXTENCODING_UTF8));
-        // Line feeds separate rows; none follows the last row.
-        if (!text.empty() && text.back() == u'\n') {
-            text.pop_back();
-        }
+        text = textOfBlock(d.book, d.selection->sheet, d.selection->block);
         return MODULE_OK;
     });
 }

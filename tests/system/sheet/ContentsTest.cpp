@@ -138,6 +138,43 @@ TEST_P(ContentsTest, CopiesTheSelectionAsText) {
     EXPECT_EQ(mView.column(0), readWorkbook({"column", readable(), "Moorings", "A"}));
 }
 
+class CopyTest : public testing::Test {
+protected:
+    CopyTest() : mView(generated("gaps.xlsx", {"gaps", "OUT"})) { mView.show(0, 100, 100, 72); }
+    std::string copied(CellReference first, CellReference last) {
+        const module_rect from = mView.place(first);
+        const module_rect to = mView.place(last);
+        EXPECT_EQ(sheetModule().stg_select_area(mView.get(), 0, from.x, from.y, to.x + 1 - from.x,
+                                                to.y + 1 - from.y),
+                  MODULE_OK);
+        return mView.copy();
+    }
+
+    WorkbookView mView;
+};
+
+TEST_F(CopyTest, KeepsEmptyRowsAndColumnsBeforeTheFirstText) {
+    EXPECT_EQ(copied({1, 1}, {2, 2}), "\t\n\tfirst");
+    EXPECT_EQ(copied({0, 0}, {1, 3}), "\t\n\t\n\t\n\t");
+}
+
+TEST_F(CopyTest, EndsWithTheLastText) {
+    EXPECT_EQ(copied({2, 10}, {20, 50}), "4\t\t\t\t\t\t\n5\t\t\t\t\t\t");
+}
+
+TEST_F(CopyTest, LeavesOutTheRowsThatAFilterHides) {
+    EXPECT_EQ(copied({2, 4}, {2, 9}), "Boat\nTern\nTern again\n4");
+}
+
+TEST_F(CopyTest, HasTheResultsOfAnArrayFormulaThatItCuts) {
+    EXPECT_EQ(copied({2, 9}, {2, 10}), "4\n4");
+}
+
+TEST_F(CopyTest, HasTheTextOfAMergedAreaThatBeginsInAHiddenColumn) {
+    EXPECT_EQ(copied({5, 2}, {8, 2}), "\tmerged\t\t");
+    EXPECT_EQ(copied({7, 2}, {8, 2}), "merged\t");
+}
+
 TEST_P(ContentsTest, CutsACopyAtTheCapacity) {
     mView.show(1, 100, 100, 72);
     EXPECT_EQ(sheetModule().stg_select_cell(mView.get(), 1, 1, 1), MODULE_OK);

@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/office/sheet/SheetCopy.h"
+
+#include <com/sun/star/container/XIndexAccess.hpp>
+#include <com/sun/star/table/XColumnRowRange.hpp>
+#include <com/sun/star/text/XSimpleText.hpp>
+
+#include <algorithm>
+#include <optional>
+
+namespace lectern::engine {
+
+using css::uno::Reference;
+using css::uno::UNO_QUERY;
+using css::uno::UNO_QUERY_THROW;
+
+namespace {
+
+// Reads the texts of a block. Hidden rows and columns belong to it, rows that a
+// filter hides do not.
+class BlockReader {
+public:
+    BlockReader(Workbook& book, int32_t sheet, const CellBlock& block)
+        : mBook(book), mSheet(sheet), mBlock(block), mGeometry(book.geometry(sheet)),
+          mMerged(book.mergedExtent(sheet)), mRows(allRowsOf(book.sheet(sheet))) {
+        const std::optional<CellBlock> used = book.usedBlock(sheet);
+        mBlock.right =
+            std::min(block.right, std::max(used ? used->right : -1, mMerged ? mMerged->right : -1));
+        mBlock.bottom =
+            std::min(block.bottom, std::max(used ? used->bottom : -1, mMerged ? mMerged->bottom : -1));
+    }
+
+    std::u16string text() const {
+        std::u16string text;
+        for (int32_t row = mBlock.top; row <= mBlock.bottom; ++row) {
+            if (mBlock.left <= mBlock.right && !isFiltered(row)) {
+                appendRow(row, text);
+            }
+        }
+        if (!text.empty()) {
+            text.pop_back();
+        }
+        return text;
+    }
+
+private:
+    using Rows = Reference<css::container::XIndexAccess>;
+
+    static Rows allRowsOf(const Reference<css::sheet::XSpreadsheet>& sheet) {
+        const Reference<css::table::XColumnRowRange> range(sheet, UNO_QUERY_THROW);
+        return {range->getRows(), UNO_QUERY_THROW};
+    }
+    bool isFiltered(int32_t row) const {
+        return mGeometry.rows.isHidden(row) && property<bool>(propertiesOf(Reference<css::uno::XInterface>(
+                                                                  mRows->getByIndex(row), UNO_QUERY)),
+                                                              "IsFiltered");
+    }
+    void appendRow(int32_t row, std::u16string& text) const {
+        for (int32_t column = mBlock.left; column <= mBlock.right; ++column) {
+            text += textAt(column, row);
+            text += u'\t';
+        }
+        text.back() = u'\n';
+    }
+    // A merged area whose first cell is hidden and not copied shows its text in
+    // the first cell that is.
+    std::u16string textAt(int32_t column, int32_t row) const {
+        if (mMerged && (isBehindHidden(mGeometry.columns, column) || isBehindHidden(mGeometry.rows, row))) {
+            const CellBlock area = mBook.mergedBlock(mSheet, column, row);
+            const bool copied = area.left >= mBlock.left && area.top >= mBlock.top && !isFiltered(area.top);
+            if (!copied && isFirstVisible(mGeometry.columns, area.left, column) &&
+                isFirstVisible(mGeometry.rows, area.top, row)) {
+                return textOf(area.left, area.top);
+            }
+        }
+        return textOf(column, row);
+    }
+    static bool isBehindHidden(const Tracks& tracks, int32_t track) {
+        return track > 0 && tracks.isHidden(track - 1);
+    }
+    static bool isFirstVisible(const Tracks& tracks, int32_t first, int32_t track) {
+        return first == track || tracks.visibleIn(first, track - 1) == 0;
+    }
+    std::u16string textOf(int32_t column, int32_t row) const {
+        const Reference<css::text::XSimpleText> cell(mBook.sheet(mSheet)->getCellByPosition(column, row),
+                                                     UNO_QUERY_THROW);
+        std::u16string text = toText(cell->getString());
+        std::replace_if(
+            text.begin(), text.end(), [](char16_t c) { return c == u'\n' || c == u'\t'; }, u' ');
+        return text;
+    }
+
+    Workbook& mBook;
+    int32_t mSheet;
+    CellBlock mBlock;
+    const SheetGeometry& mGeometry;
+    std::optional<CellBlock> mMerged;
+    Rows mRows;
+};
+
+} // namespace
+
+std::u16string textOfBlock(Workbook& book, int32_t sheet, const CellBlock& block) {
+    return BlockReader(book, sheet, block).text();
+}
+
+} // namespace lectern::engine
