@@ -24,7 +24,8 @@ make_xlsx.py noted OUT.xlsx
     A column with 3, 1 and 2; the cell with 3 has the comment "three".
 make_xlsx.py gaps OUT.xlsx
     Texts from C3 on: first, a merged area G3:I3 whose column G is hidden, a filtered
-    list with two of four rows hidden, and an array formula in C10:C12.
+    list with two of four rows hidden, and an array formula in C10:C12. A second sheet
+    with 3, 1 and 2 from A1 on, where A2:B2 is merged.
 make_xlsx.py plain OUT.xlsx ROW...
     A sheet with the given rows. A row is a list of values, separated by commas. A
     value that is a number becomes one; a value that begins with = is a formula.
@@ -157,6 +158,10 @@ def gaps(path):
     sheet.row_dimensions[7].hidden = sheet.row_dimensions[9].hidden = True
     sheet['C10'] = '=LEN(C5:C7)'
     sheet.formula_attributes['C10'] = {'t': 'array', 'ref': 'C10:C12'}
+    merged = book.create_sheet('Merged')
+    for row in ((3, 'c'), (1, None), (2, 'b')):
+        merged.append(row)
+    merged.merge_cells('A2:B2')
     book.save(path)
 
 

@@ -80,15 +80,6 @@ int32_t lastWith(int32_t last, IsAnyFrom isAnyFrom) {
     return first;
 }
 
-CellBlock mergedAround(const Reference<css::sheet::XSpreadsheet>& sheet, const CellBlock& block) {
-    const Reference<css::sheet::XSheetCellRange> range(
-        sheet->getCellRangeByPosition(block.left, block.top, block.right, block.bottom), UNO_QUERY_THROW);
-    const auto cursor = sheet->createCursorByRange(range);
-    cursor->collapseToMergedArea();
-    const Reference<css::sheet::XCellRangeAddressable> address(cursor, UNO_QUERY_THROW);
-    return blockOf(address->getRangeAddress());
-}
-
 // Number of tracks within the `twips` that the suite lays out for cells and drawings.
 int32_t laidOut(const Tracks& tracks, long twips, int32_t dpi) {
     const int64_t pixels = (int64_t{twips} * dpi + TWIPS_PER_INCH / 2) / TWIPS_PER_INCH;
@@ -127,7 +118,7 @@ Workbook::Workbook(LoadedModel loaded) : mLoaded(std::move(loaded)) {
             setProperty(properties, "TableLayout", css::text::WritingMode2::LR_TB);
         }
         hideComments(cells);
-        mSheets.push_back({part, cells, Drawings(cells), std::nullopt});
+        mSheets.push_back({part, cells, Drawings(cells)});
     }
 }
 
@@ -229,11 +220,21 @@ std::optional<CellBlock> Workbook::mergedExtent(int32_t index) const {
     const int32_t row = lastWith(whole.bottom, [&](int32_t first) {
         return holdsMerged(cells, {0, first, whole.right, whole.bottom});
     });
-    return mergedAround(cells, {0, 0, column, row});
+    return mergedAround(index, {0, 0, column, row});
 }
 
 CellBlock Workbook::mergedBlock(int32_t index, int32_t column, int32_t row) const {
-    return mergedAround(sheet(index), {column, row, column, row});
+    return mergedAround(index, {column, row, column, row});
+}
+
+CellBlock Workbook::mergedAround(int32_t index, const CellBlock& block) const {
+    const auto& cells = sheet(index);
+    const Reference<css::sheet::XSheetCellRange> range(
+        cells->getCellRangeByPosition(block.left, block.top, block.right, block.bottom), UNO_QUERY_THROW);
+    const auto cursor = cells->createCursorByRange(range);
+    cursor->collapseToMergedArea();
+    const Reference<css::sheet::XCellRangeAddressable> address(cursor, UNO_QUERY_THROW);
+    return blockOf(address->getRangeAddress());
 }
 
 } // namespace lectern::engine

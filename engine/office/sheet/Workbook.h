@@ -92,15 +92,22 @@ public:
     // The block from the first cell to the end of the last merged area; nothing
     // without merged areas.
     std::optional<CellBlock> mergedExtent(int32_t sheet) const;
+    // The first row that a sort moves; nothing until a sort has decided it.
+    std::optional<int32_t>& firstSortedRow(int32_t sheet) {
+        return mSheets[static_cast<size_t>(sheet)].firstSortedRow;
+    }
     // The merged area that contains a cell, or the cell itself.
     CellBlock mergedBlock(int32_t sheet, int32_t column, int32_t row) const;
+    // A block with all of the merged areas that it overlaps.
+    CellBlock mergedAround(int32_t sheet, const CellBlock& block) const;
 
 private:
     struct Sheet {
         int part; // its number among all sheets, hidden ones included
         css::uno::Reference<css::sheet::XSpreadsheet> cells;
         Drawings drawings;
-        std::optional<SheetGeometry> geometry;
+        std::optional<SheetGeometry> geometry = std::nullopt;
+        std::optional<int32_t> firstSortedRow = std::nullopt;
     };
 
     LoadedModel mLoaded;

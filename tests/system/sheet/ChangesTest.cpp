@@ -2,6 +2,7 @@
 // Sorting, hiding and resizing, and refused changes.
 
 #include "tests/system/sheet/WorkbookView.h"
+#include "tests/system/support/Python.h"
 #include "tests/system/support/Subprocess.h"
 
 #include <algorithm>
@@ -50,6 +51,32 @@ TEST(SortTest, SortsAFirstRowThatIsNoHeader) {
     EXPECT_EQ(words->column(1), (Rows{"y", "z", "x"}));
 }
 
+TEST(SortTest, KeepsAHeaderBelowATitle) {
+    Plain sheet("titled.xlsx", {"Fares", ",", "Boat,Fare", "Tern,30", "Dunlin,10", "Egret,20"});
+    EXPECT_EQ(STG.stg_sort_descending(sheet.get(), 0, 1), MODULE_OK);
+    EXPECT_EQ(sheet->column(0), (Rows{"Fares", "", "Boat", "Tern", "Egret", "Dunlin"}));
+}
+
+TEST(SortTest, DescendingIsAscendingTurnedRound) {
+    // Sorted by the second column, a row that looks like a header comes first.
+    Plain sheet("turned.xlsx", {"3,c", "t,a", "1,b"});
+    EXPECT_EQ(STG.stg_sort_ascending(sheet.get(), 0, 1), MODULE_OK);
+    EXPECT_EQ(sheet->column(1), (Rows{"a", "b", "c"}));
+    EXPECT_EQ(STG.stg_sort_descending(sheet.get(), 0, 1), MODULE_OK);
+    EXPECT_EQ(sheet->column(1), (Rows{"c", "b", "a"}));
+}
+
+TEST(SortTest, SortsAFilteredListBelowItsButtons) {
+    WorkbookView view(generated("gaps.xlsx", {"gaps", "OUT"}));
+    view.show(0, 100, 100, 144);
+    EXPECT_EQ(STG.stg_sort_ascending(view.get(), 0, 2), MODULE_OK);
+    const module_rect from = view.place({2, 0});
+    const module_rect to = view.place({2, 11});
+    EXPECT_EQ(STG.stg_select_area(view.get(), 0, from.x, from.y, 1, to.y + 1), MODULE_OK);
+    EXPECT_EQ(linesOf(view.copy()).at(2), "first");
+    EXPECT_EQ(linesOf(view.copy()).at(4), "Boat");
+}
+
 TEST(SortTest, FormulasStayWithTheirRows) {
     Plain sheet("formulas.xlsx", {"3,=A1*2", "1,=A2*2", "2,=A3*2"});
     EXPECT_EQ(STG.stg_sort_ascending(sheet.get(), 0, 0), MODULE_OK);
@@ -68,10 +95,10 @@ TEST(SortTest, RefusesWhatTheDocumentDoesNotAllowAndChangesNothing) {
     view.show(4, 100, 100, 144); // protected
     EXPECT_EQ(STG.stg_sort_ascending(view.get(), 4, 0), MODULE_REFUSED);
     EXPECT_EQ(view.column(0), (Rows{"30", "10", "20"}));
-    view.show(0, 100, 100, 144); // merged cells
-    const Rows before = view.column(0);
-    EXPECT_EQ(STG.stg_sort_descending(view.get(), 0, 1), MODULE_REFUSED);
-    EXPECT_EQ(view.column(0), before);
+    WorkbookView merged(generated("gaps.xlsx", {"gaps", "OUT"}));
+    merged.show(1, 100, 100, 144);
+    EXPECT_EQ(STG.stg_sort_ascending(merged.get(), 1, 0), MODULE_REFUSED);
+    EXPECT_EQ(merged.column(0), (Rows{"3", "1", "2"}));
 }
 
 TEST(SortTest, RefusesColumnsThatAreNotThere) {
