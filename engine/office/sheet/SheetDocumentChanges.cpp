@@ -6,6 +6,8 @@
 
 #include <com/sun/star/table/XColumnRowRange.hpp>
 
+#include <algorithm>
+#include <iterator>
 #include <limits>
 
 namespace lectern::engine {
@@ -24,6 +26,21 @@ Reference<css::beans::XPropertySet> tracksOf(const Reference<css::sheet::XSpread
                                                            : sheet->getCellRangeByPosition(0, first, 0, last),
                                                        UNO_QUERY_THROW);
     return columns ? propertiesOf(block->getColumns()) : propertiesOf(block->getRows());
+}
+
+std::vector<HiddenTracks::Run> visibleRuns(const Tracks& tracks, int32_t first, int32_t last) {
+    std::vector<HiddenTracks::Run> runs;
+    for (int32_t track = first; track <= last; ++track) {
+        if (tracks.isHidden(track)) {
+            continue;
+        }
+        if (!runs.empty() && runs.back().last == track - 1) {
+            runs.back().last = track;
+        } else {
+            runs.push_back({track, track});
+        }
+    }
+    return runs;
 }
 
 int32_t resultOf(bool done) {
@@ -50,16 +67,22 @@ int32_t SheetDocument::sort(int32_t sheet, int32_t column, bool ascending) {
 }
 
 int32_t SheetDocument::hide(int32_t sheet, Axis axis, int32_t first, int32_t last) {
-    return mPrivate->onTracks(sheet, axis, [&](const Tracks& tracks) {
-        return resultOf(
-            setProperty(tracksOf(mPrivate->book.sheet(sheet), axis, tracks.trackAt(std::min(first, last)),
-                                 tracks.trackAt(std::max(first, last))),
-                        "IsVisible", false));
+    Private& d = *mPrivate;
+    return d.onTracks(sheet, axis, [&](const Tracks& tracks) -> int32_t {
+        const int32_t from = tracks.trackAt(std::min(first, last));
+        const int32_t to = tracks.trackAt(std::max(first, last));
+        const std::vector<HiddenTracks::Run> runs = visibleRuns(tracks, from, to);
+        if (!setProperty(tracksOf(d.book.sheet(sheet), axis, from, to), "IsVisible", false)) {
+            return MODULE_FAILED;
+        }
+        d.hidden.push_back({sheet, axis, runs});
+        return MODULE_OK;
     });
 }
 
 int32_t SheetDocument::unhide(int32_t sheet, Axis axis, int32_t first, int32_t last) {
-    return mPrivate->onTracks(sheet, axis, [&](const Tracks& tracks) {
+    Private& d = *mPrivate;
+    return d.onTracks(sheet, axis, [&](const Tracks& tracks) -> int32_t {
         int32_t from = tracks.trackAt(std::min(first, last));
         int32_t to = tracks.trackAt(std::max(first, last));
         // Hidden tracks at a position lie right before the track that is shown
@@ -67,15 +90,31 @@ int32_t SheetDocument::unhide(int32_t sheet, Axis axis, int32_t first, int32_t l
         if (std::min(first, last) >= tracks.total() || !tracks.widenOverHiddenBefore(from)) {
             tracks.widenOverHiddenBehind(to);
         }
-        return resultOf(
-            setProperty(tracksOf(mPrivate->book.sheet(sheet), axis, from, to), "IsVisible", true));
+        const auto show = [&](int32_t one, int32_t other) {
+            return setProperty(tracksOf(d.book.sheet(sheet), axis, one, other), "IsVisible", true);
+        };
+        // Those that were hidden last come back without their hidden neighbours.
+        const auto latest = std::find_if(d.hidden.rbegin(), d.hidden.rend(), [&](const HiddenTracks& hidden) {
+            return hidden.hasAnyOf(sheet, axis, from, to);
+        });
+        if (latest == d.hidden.rend()) {
+            return resultOf(show(from, to));
+        }
+        const std::vector<HiddenTracks::Run> runs = latest->runs;
+        d.hidden.erase(std::next(latest).base());
+        return resultOf(std::all_of(runs.begin(), runs.end(),
+                                    [&](const HiddenTracks::Run& run) { return show(run.first, run.last); }));
     });
 }
 
 int32_t SheetDocument::unhideAll(int32_t sheet, Axis axis) {
-    return mPrivate->onTracks(sheet, axis, [&](const Tracks& tracks) {
-        return resultOf(setProperty(tracksOf(mPrivate->book.sheet(sheet), axis, 0, tracks.count() - 1),
-                                    "IsVisible", true));
+    Private& d = *mPrivate;
+    return d.onTracks(sheet, axis, [&](const Tracks& tracks) {
+        std::erase_if(d.hidden, [&](const HiddenTracks& hidden) {
+            return hidden.sheet == sheet && hidden.axis == axis;
+        });
+        return resultOf(
+            setProperty(tracksOf(d.book.sheet(sheet), axis, 0, tracks.count() - 1), "IsVisible", true));
     });
 }
 

@@ -8,8 +8,10 @@
 #include "engine/office/sheet/SheetSearch.h"
 #include "engine/office/sheet/Workbook.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
+#include <vector>
 
 namespace lectern::engine {
 
@@ -18,6 +20,23 @@ struct SheetSelection {
     CellBlock block;
     std::optional<Axis> tracks; // set when whole columns or rows are selected
     Colour colour;
+};
+
+// The tracks that one call of hide() has hidden.
+struct HiddenTracks {
+    struct Run {
+        int32_t first;
+        int32_t last;
+    };
+    int32_t sheet;
+    Axis axis;
+    std::vector<Run> runs;
+
+    bool hasAnyOf(int32_t ofSheet, Axis along, int32_t first, int32_t last) const {
+        return sheet == ofSheet && axis == along &&
+               std::any_of(runs.begin(), runs.end(),
+                           [&](const Run& run) { return run.last >= first && run.first <= last; });
+    }
 };
 
 struct SheetDocument::Private {
@@ -60,6 +79,7 @@ struct SheetDocument::Private {
     CellHits hits;
     Colour hitColour{};
     std::optional<SheetSelection> selection;
+    std::vector<HiddenTracks> hidden; // without those that are shown again; the latest last
 };
 
 } // namespace lectern::engine

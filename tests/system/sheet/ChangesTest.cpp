@@ -169,6 +169,34 @@ TEST_F(TracksTest, WhatWasHiddenAtAPlaceComesBackAndNotWhatIsHiddenBesideIt) {
     EXPECT_EQ(mSheet->visibleColumns(30).back(), 20);
 }
 
+TEST_F(TracksTest, WhatWasHiddenLastComesBackWithoutItsHiddenNeighbours) {
+    const std::int32_t second = x(1);
+    const std::int32_t third = x(2);
+    EXPECT_EQ(STG.stg_hide_columns(mSheet.get(), 0, second, third), MODULE_OK);
+    EXPECT_EQ(STG.stg_hide_columns(mSheet.get(), 0, second, second), MODULE_OK);
+    EXPECT_EQ(STG.stg_hide_columns(mSheet.get(), 0, x(0), second), MODULE_OK);
+    EXPECT_EQ(mSheet->visibleColumns(2), (std::vector<std::int32_t>{5, 6}));
+    EXPECT_EQ(STG.stg_unhide_columns(mSheet.get(), 0, 0, second), MODULE_OK);
+    EXPECT_EQ(mSheet->visibleColumns(3), (std::vector<std::int32_t>{0, 4, 5}));
+    EXPECT_EQ(STG.stg_hide_columns(mSheet.get(), 0, x(4), x(4)), MODULE_OK);
+    EXPECT_EQ(STG.stg_unhide_columns(mSheet.get(), 0, second, second), MODULE_OK);
+    EXPECT_EQ(mSheet->visibleColumns(3), (std::vector<std::int32_t>{0, 4, 5}));
+    EXPECT_EQ(STG.stg_unhide_columns(mSheet.get(), 0, second, second), MODULE_OK);
+    EXPECT_EQ(STG.stg_unhide_columns(mSheet.get(), 0, second, second), MODULE_OK);
+    EXPECT_EQ(mSheet->dimensions(), mBefore);
+}
+
+TEST(UnhideTest, LeavesAColumnHiddenThatTheFileHides) {
+    WorkbookView view(generated("gaps.xlsx", {"gaps", "OUT"}));
+    view.show(0, 100, 100, 144);
+    const std::int32_t x = view.place({7, 0}).x; // behind column 6, which is hidden
+    EXPECT_EQ(STG.stg_hide_columns(view.get(), 0, x, x), MODULE_OK);
+    EXPECT_EQ(STG.stg_unhide_columns(view.get(), 0, x, x), MODULE_OK);
+    EXPECT_EQ(view.visibleColumns(8), (std::vector<std::int32_t>{0, 1, 2, 3, 4, 5, 7, 8}));
+    EXPECT_EQ(STG.stg_unhide_columns(view.get(), 0, x, x), MODULE_OK);
+    EXPECT_EQ(view.visibleColumns(8), (std::vector<std::int32_t>{0, 1, 2, 3, 4, 5, 6, 7}));
+}
+
 TEST_F(TracksTest, AllHiddenOnesComeBackAtOnce) {
     EXPECT_EQ(STG.stg_hide_columns(mSheet.get(), 0, x(0), x(0)), MODULE_OK);
     EXPECT_EQ(STG.stg_hide_columns(mSheet.get(), 0, x(4), x(20)), MODULE_OK);
