@@ -27,10 +27,6 @@ int32_t paintedPlace(const Tracks& tracks, int32_t place, int32_t dpi) {
 
 } // namespace
 
-Drawings::Drawings(const Reference<css::sheet::XSpreadsheet>& sheet) : mSheet(sheet) {
-    read();
-}
-
 void Drawings::read() {
     mDrawings.clear();
     mAlignedTo = 0;

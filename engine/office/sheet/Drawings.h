@@ -17,10 +17,10 @@ namespace lectern::engine {
 // cells where their whole pixels do: by the hundredth row the two are rows
 // apart. So before a painting drawings are moved and scaled to where their
 // cells are painted, and back before anything else is done with the sheet: the
-// suite itself moves them with their cells.
+// suite itself moves them with their cells. There are none before read().
 class Drawings {
 public:
-    explicit Drawings(const css::uno::Reference<css::sheet::XSpreadsheet>& sheet);
+    explicit Drawings(const css::uno::Reference<css::sheet::XSpreadsheet>& sheet) : mSheet(sheet) {}
 
     bool empty() const { return mDrawings.empty(); }
     // Moves the drawings to their cells' pixels at `dpi`.

@@ -112,14 +112,20 @@ Workbook::Workbook(LoadedModel loaded) : mLoaded(std::move(loaded)) {
         if (!property<bool>(properties, "IsVisible", true)) {
             continue;
         }
-        // For a sheet that runs from right to left the painter would mirror the
-        // letters as well.
-        if (property<sal_Int16>(properties, "TableLayout") != css::text::WritingMode2::LR_TB) {
-            setProperty(properties, "TableLayout", css::text::WritingMode2::LR_TB);
-        }
-        hideComments(cells);
         mSheets.push_back({part, cells, Drawings(cells)});
     }
+}
+
+void Workbook::prepare(Sheet& sheet) {
+    // For a sheet that runs from right to left the painter would mirror the
+    // letters as well.
+    const auto properties = propertiesOf(sheet.cells);
+    if (property<sal_Int16>(properties, "TableLayout") != css::text::WritingMode2::LR_TB) {
+        setProperty(properties, "TableLayout", css::text::WritingMode2::LR_TB);
+    }
+    hideComments(sheet.cells);
+    sheet.drawings.read();
+    sheet.prepared = true;
 }
 
 void Workbook::show(int32_t sheet) {
@@ -142,6 +148,9 @@ void Workbook::setDpi(int32_t dpi) {
 
 const SheetGeometry& Workbook::geometry(int32_t index) {
     Sheet& sheet = mSheets[static_cast<size_t>(index)];
+    if (!sheet.prepared) {
+        prepare(sheet);
+    }
     if (!sheet.geometry) {
         show(index);
         const std::unique_ptr<char, decltype(&std::free)> text(painter().getCommandValues(GEOMETRY_COMMAND),

@@ -55,8 +55,9 @@ struct SheetGeometry {
     const Tracks& along(Axis axis) const { return axis == Axis::Columns ? columns : rows; }
 };
 
-// An opened workbook and its visible sheets, prepared for viewing: every sheet
-// runs from left to right, and no comment is drawn.
+// An opened workbook and its visible sheets. A sheet is prepared for viewing at
+// the first use of its geometry, because that takes longer with every comment
+// and drawing: the sheet then runs from left to right, and no comment is drawn.
 class Workbook {
 public:
     explicit Workbook(LoadedModel loaded);
@@ -106,9 +107,12 @@ private:
         int part; // its number among all sheets, hidden ones included
         css::uno::Reference<css::sheet::XSpreadsheet> cells;
         Drawings drawings;
+        bool prepared = false;
         std::optional<SheetGeometry> geometry = std::nullopt;
         std::optional<int32_t> firstSortedRow = std::nullopt;
     };
+
+    static void prepare(Sheet& sheet);
 
     LoadedModel mLoaded;
     std::vector<Sheet> mSheets;
