@@ -104,6 +104,19 @@ TEST(SlideModule, ASlideIsWholeAtAnySizeWithoutAFrame) {
     }
 }
 
+TEST(SlideModule, SlidesAreShownThoughTheMasterWasWhenTheyWereSaved) {
+    constexpr char SLIDES = 1;
+    constexpr char MASTER = 2;
+    constexpr char NOTES = 3;
+    const SlideView asSlides(oldSlidesSavedInView(SLIDES));
+    for (const char other : {MASTER, NOTES}) {
+        const SlideView view(oldSlidesSavedInView(other));
+        for (std::int32_t i = 0; i < view.count(); i++) {
+            EXPECT_EQ(view.render(i, 480, 270), asSlides.render(i, 480, 270)) << int{other} << ": " << i;
+        }
+    }
+}
+
 TEST(SlideModule, HiddenSlidesAreShown) {
     const SlideView view(slideSample("tour.pptx"));
     EXPECT_EQ(view.title(4), "Only for the harbour master");
@@ -191,15 +204,39 @@ TEST(SlideModule, DamagedFilesOpenOrNotButNothingHangs) {
     EXPECT_EQ(SlideView(slideSample("tour.pptx")).count(), 7) << "others go on";
 }
 
-TEST(SlideModule, ADeckWithoutSlidesHasNone) {
+TEST(SlideModule, ADeckWithoutSlidesIsAnEmptyPage) {
     const SlideView none(madeSlides("none.pptx", "Pptx().save(OUT)"));
     EXPECT_EQ(none.count(), 0);
     std::int32_t width = -1;
     std::int32_t height = -1;
-    EXPECT_NE(slideModule().sstg_get_slide_dimensions(none.get(), 0, &width, &height), MODULE_OK);
-    EXPECT_EQ(width, -1);
+    EXPECT_EQ(slideModule().sstg_get_slide_dimensions(none.get(), 0, &width, &height), MODULE_OK);
+    EXPECT_GT(width, height) << "a size of the suite's";
+    EXPECT_GT(height, 400);
+    EXPECT_EQ(inkOf(none.render(0, 96, 54)), 0U);
+    EXPECT_EQ(none.title(0), "");
+    EXPECT_EQ(none.note(0), "");
+    const sstg_find_info* infos = nullptr;
+    std::int32_t found = -1;
+    EXPECT_NE(slideModule().sstg_find(none.get(), wide("e").data(), 0, 0, &infos, &found), MODULE_OK);
     Pixels pixels(4);
-    EXPECT_NE(slideModule().sstg_render_slide(none.get(), 0, 0, pixels.data(), 2, 2), MODULE_OK);
+    EXPECT_NE(slideModule().sstg_render_slide(none.get(), 1, 0, pixels.data(), 2, 2), MODULE_OK);
+}
+
+TEST(SlideModule, SlidesMissingFromThePackagesListAreNone) {
+    const std::string made = "deck = Pptx()\n"
+                             "for i in range(2):\n"
+                             "    deck.slide().title('Lost')\n"
+                             "whole = deck._presentation()\n"
+                             "start, end = whole.index('<p:sldId '), whole.index('</p:sldIdLst>')\n";
+    const SlideView none(madeSlides(
+        "unlisted.pptx", made + "deck._presentation = lambda: whole[:start] + whole[end:]\ndeck.save(OUT)"));
+    EXPECT_EQ(none.count(), 0);
+    const SlideView one(
+        madeSlides("half-listed.pptx", made + "second = whole.index('<p:sldId ', start + 1)\n"
+                                              "deck._presentation = lambda: whole[:start] + whole[second:]\n"
+                                              "deck.save(OUT)"));
+    EXPECT_EQ(one.count(), 1);
+    EXPECT_EQ(one.title(0), "Lost");
 }
 
 TEST(SlideModule, OddDecksAreShown) {
