@@ -2,11 +2,13 @@
 #include "engine/office/slide/SlideDeck.h"
 
 #include "engine/layout/MetafileText.h"
+#include "engine/office/slide/AxialGradients.h"
 #include "engine/office/slide/SlideFile.h"
 #include "engine/office/slide/SlidePreparation.h"
 
 #include <com/sun/star/drawing/GraphicExportFilter.hpp>
 #include <com/sun/star/drawing/XDrawPagesSupplier.hpp>
+#include <com/sun/star/drawing/XMasterPagesSupplier.hpp>
 #include <com/sun/star/io/XOutputStream.hpp>
 #include <com/sun/star/lang/XMultiServiceFactory.hpp>
 #include <com/sun/star/presentation/XPresentationPage.hpp>
@@ -114,6 +116,11 @@ SlideDeck::SlideDeck(const Office::Private& office, const std::string& path, Loa
     mPages = pagesOf(slides->getDrawPages());
     for (const auto& page : mPages) {
         prepareSlide(mLoaded.model, page);
+        smoothAxialGradients(office.context, page);
+    }
+    const Reference<css::drawing::XMasterPagesSupplier> masters(mLoaded.model, UNO_QUERY_THROW);
+    for (const auto& master : pagesOf(masters->getMasterPages())) {
+        smoothAxialGradients(office.context, master);
     }
     const bool isPlaceholder =
         mPages.size() == 1 && slide(0)->getCount() == 0 && isWithoutSlides(office.context, path);

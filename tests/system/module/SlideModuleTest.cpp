@@ -104,6 +104,19 @@ TEST(SlideModule, ASlideIsWholeAtAnySizeWithoutAFrame) {
     }
 }
 
+// Greatest difference of a colour's parts between neighbours in a row.
+int steepest(const Pixels& pixels, int width) {
+    int most = 0;
+    for (std::size_t i = 1; i < pixels.size(); i++) {
+        for (const int shift : {0, 8, 16}) {
+            const auto part = [&](std::size_t at) { return static_cast<int>(pixels[at] >> shift & 0xFF); };
+            most = i % static_cast<std::size_t>(width) == 0 ? most
+                                                            : std::max(most, std::abs(part(i) - part(i - 1)));
+        }
+    }
+    return most;
+}
+
 TEST(SlideModule, SlidesAreShownThoughTheMasterWasWhenTheyWereSaved) {
     constexpr char SLIDES = 1;
     constexpr char MASTER = 2;
@@ -115,6 +128,32 @@ TEST(SlideModule, SlidesAreShownThoughTheMasterWasWhenTheyWereSaved) {
             EXPECT_EQ(view.render(i, 480, 270), asSlides.render(i, 480, 270)) << int{other} << ": " << i;
         }
     }
+}
+
+TEST(SlideModule, MirroredGradientsAreSmooth) {
+    const SlideView view(madeSlides("gradients.pptx",
+                                    "deck = Pptx()\n"
+                                    "for angle in (0, 30, 90):\n"
+                                    "    fill = gradient(angle, ('0000FF', 'FF0000', '0000FF'))\n"
+                                    "    deck.slide().box('', (-10, -10, 740, 560), fill=fill)\n"
+                                    "    deck.slide().background = fill\n"
+                                    "deck.save(OUT)"));
+    ASSERT_EQ(view.count(), 6);
+    for (std::int32_t i = 0; i < view.count(); i++) {
+        const Pixels pixels = view.render(i, 480, 360);
+        EXPECT_LE(steepest(pixels, 480), 4) << i;
+        const auto red = [&](int x, int y) {
+            return pixels[static_cast<std::size_t>(y * 480 + x)] >> 16 & 0xFF;
+        };
+        EXPECT_GT(red(240, 180), 245U) << i;
+        EXPECT_LT(red(5, 5), 25U) << i;
+        EXPECT_LT(red(474, 354), 25U) << i;
+    }
+    // The slanted axis goes through these two points and not through their mirror images.
+    const Pixels slanted = view.render(2, 480, 360);
+    EXPECT_GT(slanted[300 * 480 + 171] >> 16 & 0xFF, 230U);
+    EXPECT_GT(slanted[60 * 480 + 309] >> 16 & 0xFF, 230U);
+    EXPECT_LT(slanted[60 * 480 + 171] >> 16 & 0xFF, 180U);
 }
 
 TEST(SlideModule, HiddenSlidesAreShown) {
