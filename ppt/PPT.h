@@ -20,7 +20,8 @@
 // upright.
 //
 // If the document failed to open, there is no surface: all calls are allowed and do
-// not call the module. The view of a document without slides is black.
+// not call the module. A document without slides shows what the module paints as
+// slide 0; it is black if the module tells no size.
 //
 // None of the operations below locks mMutex.
 class PPT : public OfficeBase {

@@ -2,7 +2,7 @@
 """Writes .pptx files, using the standard library only.
 
 Supports as much of the format as samples and tests need: titles, text with levels,
-boxes at any angle, tables, pictures, videos, sounds, bar charts, footers, notes,
+boxes at any angle, gradients, tables, pictures, videos, sounds, bar charts, footers, notes,
 hidden slides, animations that hide a shape, both writing directions, and slides of any
 size. The same calls always write the same bytes.
 """
@@ -36,6 +36,17 @@ def paragraph(words, level=0, size=None, rtl=False, bullet=False):
     return f'<a:p><a:pPr{marks}>{point}</a:pPr>{lines}</a:p>'
 
 
+def solid(colour):
+    return f'<a:solidFill><a:srgbClr val="{colour}"/></a:solidFill>'
+
+
+def gradient(angle, colours):
+    """The fill with these colours at equal distances, in a direction in degrees, clockwise from the right."""
+    stops = ''.join(f'<a:gs pos="{100000 * i // (len(colours) - 1)}"><a:srgbClr val="{colour}"/></a:gs>'
+                    for i, colour in enumerate(colours))
+    return f'<a:gradFill><a:gsLst>{stops}</a:gsLst><a:lin ang="{angle * 60000}" scaled="0"/></a:gradFill>'
+
+
 class Slide:
     def __init__(self, number, hidden=False):
         self.number = number
@@ -48,19 +59,19 @@ class Slide:
         self.has_footer = False
         self.note = None
         self.taken_away = []
+        self.background = ''  # a fill; without it the master's is shown
 
     def _next(self):
         return len(self.shapes) + 2
 
-    def _shape(self, body, frame, placeholder='', fill=None, angle=0, name='Shape'):
+    def _shape(self, body, frame, placeholder='', fill='', angle=0, name='Shape'):
         ident = self._next()
         left, top, width, height = frame
         turn = f' rot="{round(angle * 60000)}"' if angle else ''
-        colour = f'<a:solidFill><a:srgbClr val="{fill}"/></a:solidFill>' if fill else ''
         self.shapes.append(
             f'<p:sp><p:nvSpPr><p:cNvPr id="{ident}" name="{name} {ident}"/><p:cNvSpPr/><p:nvPr>{placeholder}</p:nvPr>'
             f'</p:nvSpPr><p:spPr><a:xfrm{turn}><a:off x="{emu(left)}" y="{emu(top)}"/><a:ext cx="{emu(width)}" '
-            f'cy="{emu(height)}"/></a:xfrm><a:prstGeom prst="rect"><a:avLst/></a:prstGeom>{colour}</p:spPr>'
+            f'cy="{emu(height)}"/></a:xfrm><a:prstGeom prst="rect"><a:avLst/></a:prstGeom>{fill}</p:spPr>'
             f'<p:txBody><a:bodyPr wrap="square"/><a:lstStyle/>{body}</p:txBody></p:sp>')
         return ident
 
@@ -74,7 +85,10 @@ class Slide:
                            '<p:ph type="body" idx="1"/>', name='Text')
 
     def box(self, words, frame, size=18, angle=0, rtl=False, fill=None):
-        return self._shape(paragraph(words, size=size, rtl=rtl), frame, fill=fill, angle=angle, name='Box')
+        """A box of words. fill: a colour, or a gradient."""
+        if fill and not fill.startswith('<'):
+            fill = solid(fill)
+        return self._shape(paragraph(words, size=size, rtl=rtl), frame, fill=fill or '', angle=angle, name='Box')
 
     def goes_away(self, shape):
         """Makes a shape fade out at a click."""
@@ -160,7 +174,8 @@ class Slide:
                 f'{effects}</p:childTnLst></p:cTn></p:seq></p:childTnLst></p:cTn></p:par></p:tnLst></p:timing>')
 
     def xml(self):
-        return (f'{HEAD}<p:sld {NS}{" show=" + chr(34) + "0" + chr(34) if self.hidden else ""}><p:cSld>{tree("".join(self.shapes))}'
+        back = f'<p:bg><p:bgPr>{self.background}<a:effectLst/></p:bgPr></p:bg>' if self.background else ''
+        return (f'{HEAD}<p:sld {NS}{" show=" + chr(34) + "0" + chr(34) if self.hidden else ""}><p:cSld>{back}{tree("".join(self.shapes))}'
                 f'</p:cSld>{self.transition}{self._timing() if self.taken_away else ""}</p:sld>')
 
 

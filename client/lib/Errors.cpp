@@ -49,9 +49,14 @@ std::string moduleResultText(int code) {
     }
 }
 
-Error documentError(const std::string& path, int code) {
+Error documentError(const std::string& path, DocumentKind kind, int code) {
+    const bool locked = code == MODULE_NEEDS_PASSWORD || code == MODULE_WRONG_PASSWORD;
+    const std::string reason = locked && kind == DocumentKind::Presentation
+                                   ? "it is a presentation protected by a password, and those cannot be "
+                                     "opened; save a copy without one"
+                                   : moduleResultText(code);
     return {Error::Kind::Document,
-            "cannot open '" + path + "': " + moduleResultText(code) + " (code " + std::to_string(code) + ")",
+            "cannot open '" + path + "': " + reason + " (code " + std::to_string(code) + ")",
             code,
             {}};
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <lectern/Document.h>
 #include <lectern/Result.h>
 
 #include <string>
@@ -11,8 +12,9 @@ namespace lectern {
 // half a sentence: "it is protected by a password; ...".
 std::string moduleResultText(int code);
 
-// The error of an open that failed with this code (not 0).
-Error documentError(const std::string& path, int code);
+// The error of an open that failed with this code (not 0). The kind is the one
+// that the file's name tells.
+Error documentError(const std::string& path, DocumentKind kind, int code);
 
 // The error for a reply's "errorCode" and "errorText".
 Error refusalError(const std::string& errorCode, const std::string& errorText);

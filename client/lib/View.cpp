@@ -60,7 +60,7 @@ Result<std::shared_ptr<View>> View::open(const Bus& bus, const events::CreateReq
         return result.error();
     }
     if (*result != 0) {
-        return documentError(request.path, *result);
+        return documentError(request.path, static_cast<DocumentKind>(view->kind()), *result);
     }
     return view;
 }

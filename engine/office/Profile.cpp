@@ -27,6 +27,12 @@ constexpr Setting SETTINGS[] = {
     {"Office.Common/Security/Scripting", "BlockUntrustedRefererLinks", "true"},
     {"Office.Writer/Content/Update", "Link", "0"},
     {"Office.Calc/Content/Update", "Link", "2"},
+    // Documents inside of documents stay pictures. Converting them, so that they
+    // could be edited, takes long and can crash.
+    {"Office.Common/Filter/Microsoft/Import", "ExcelToCalc", "false"},
+    {"Office.Common/Filter/Microsoft/Import", "WinWordToWriter", "false"},
+    {"Office.Common/Filter/Microsoft/Import", "PowerPointToImpress", "false"},
+    {"Office.Common/Filter/Microsoft/Import", "MathTypeToMath", "false"},
     // Tables of contents are not shaded; the shading is a help for editing.
     {"Office.UI/ColorScheme/ColorSchemes/org.openoffice.Office.UI:ColorScheme['LibreOffice']/"
      "WriterIdxShadings",

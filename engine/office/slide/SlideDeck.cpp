@@ -2,11 +2,13 @@
 #include "engine/office/slide/SlideDeck.h"
 
 #include "engine/layout/MetafileText.h"
+#include "engine/office/slide/AxialGradients.h"
 #include "engine/office/slide/SlideFile.h"
 #include "engine/office/slide/SlidePreparation.h"
 
 #include <com/sun/star/drawing/GraphicExportFilter.hpp>
 #include <com/sun/star/drawing/XDrawPagesSupplier.hpp>
+#include <com/sun/star/drawing/XMasterPagesSupplier.hpp>
 #include <com/sun/star/io/XOutputStream.hpp>
 #include <com/sun/star/lang/XMultiServiceFactory.hpp>
 #include <com/sun/star/presentation/XPresentationPage.hpp>
@@ -70,6 +72,20 @@ void coverFrame(const Surface& surface, int32_t thickness) {
     }
 }
 
+std::vector<Reference<XDrawPage>> pagesOf(const Reference<css::drawing::XDrawPages>& list) {
+    std::vector<Reference<XDrawPage>> pages;
+    for (sal_Int32 i = 0; i < list->getCount(); ++i) {
+        pages.emplace_back(list->getByIndex(i), UNO_QUERY_THROW);
+    }
+    return pages;
+}
+
+// Leaves the view of the master pages, which a file keeps when it was saved
+// there: the painter would show a master page instead of every slide.
+void leaveMasterPages(const Reference<css::frame::XModel>& model) {
+    setProperty(propertiesOf(model->getCurrentController()), "IsMasterPageMode", false);
+}
+
 // Thickness of the frame in pixels: 1, but 2 where the slide is painted out of
 // proportion.
 int32_t frameThickness(const Surface& surface, const css::awt::Size& slide) {
@@ -96,16 +112,21 @@ Reference<css::drawing::XShape> makePreview(const Reference<css::frame::XModel>&
 
 SlideDeck::SlideDeck(const Office::Private& office, const std::string& path, LoadedModel loaded)
     : mLoaded(std::move(loaded)), mExport(css::drawing::GraphicExportFilter::create(office.context)) {
-    const Reference<css::drawing::XDrawPagesSupplier> supplier(mLoaded.model, UNO_QUERY_THROW);
-    const auto pages = supplier->getDrawPages();
-    for (sal_Int32 i = 0; i < pages->getCount(); ++i) {
-        mSlides.emplace_back(pages->getByIndex(i), UNO_QUERY_THROW);
-        prepareSlide(mLoaded.model, mSlides.back());
+    const Reference<css::drawing::XDrawPagesSupplier> slides(mLoaded.model, UNO_QUERY_THROW);
+    mPages = pagesOf(slides->getDrawPages());
+    for (const auto& page : mPages) {
+        prepareSlide(mLoaded.model, page);
+        smoothAxialGradients(office.context, page);
     }
-    if (count() == 1 && slide(0)->getCount() == 0 && isWithoutSlides(office.context, path)) {
-        mSlides.clear();
+    const Reference<css::drawing::XMasterPagesSupplier> masters(mLoaded.model, UNO_QUERY_THROW);
+    for (const auto& master : pagesOf(masters->getMasterPages())) {
+        smoothAxialGradients(office.context, master);
     }
+    const bool isPlaceholder =
+        mPages.size() == 1 && slide(0)->getCount() == 0 && isWithoutSlides(office.context, path);
+    mCount = isPlaceholder ? 0 : static_cast<int32_t>(mPages.size());
     mLoaded.painter->initializeForRendering("{}");
+    leaveMasterPages(mLoaded.model);
 }
 
 css::awt::Size SlideDeck::size(int32_t index) const {

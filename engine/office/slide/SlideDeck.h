@@ -16,16 +16,19 @@
 namespace lectern::engine {
 
 // An opened presentation and all slides of its file, hidden ones included,
-// prepared for viewing.
+// prepared for viewing. A file without slides has an empty page in place of
+// slide 0.
 class SlideDeck {
 public:
     SlideDeck(const Office::Private& office, const std::string& path, LoadedModel loaded);
 
     const css::uno::Reference<css::frame::XModel>& model() const { return mLoaded.model; }
-    int32_t count() const { return static_cast<int32_t>(mSlides.size()); }
-    bool has(int32_t slide) const { return slide >= 0 && slide < count(); }
+    // Number of slides in the file.
+    int32_t count() const { return mCount; }
+    // Whether the slide can be shown.
+    bool has(int32_t slide) const { return slide >= 0 && slide < static_cast<int32_t>(mPages.size()); }
     const css::uno::Reference<css::drawing::XDrawPage>& slide(int32_t slide) const {
-        return mSlides[static_cast<size_t>(slide)];
+        return mPages[static_cast<size_t>(slide)];
     }
     // Width and height in 1/100 mm, each at least 1.
     css::awt::Size size(int32_t slide) const;
@@ -41,7 +44,8 @@ public:
 
 private:
     LoadedModel mLoaded;
-    std::vector<css::uno::Reference<css::drawing::XDrawPage>> mSlides;
+    std::vector<css::uno::Reference<css::drawing::XDrawPage>> mPages;
+    int32_t mCount = 0;
     css::uno::Reference<css::drawing::XShape> mPreview; // created by the first search
     css::uno::Reference<css::drawing::XGraphicExportFilter> mExport;
 };

@@ -108,7 +108,7 @@ int32_t SlideDocument::setHighlightColor(const Colour& colour) {
 int32_t SlideDocument::find(const std::u16string& text, int32_t first, int32_t last,
                             std::vector<SlideHits>& slides) {
     slides.clear();
-    if (first > last || !mPrivate->deck.has(first) || !mPrivate->deck.has(last)) {
+    if (first < 0 || first > last || last >= mPrivate->deck.count()) {
         return MODULE_BAD_ARGUMENT;
     }
     return guardedInOffice([&]() -> int32_t {

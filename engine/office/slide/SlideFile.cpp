@@ -11,6 +11,7 @@
 
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace lectern::engine {
@@ -31,14 +32,48 @@ Sequence<sal_Int8> wholeOf(const Reference<XInputStream>& stream) {
     return bytes;
 }
 
-// A package lists the types of its parts.
+std::string partOf(const Reference<css::packages::zip::XZipFileAccess2>& package, const std::string& name) {
+    const OUString part(name.data(), static_cast<sal_Int32>(name.size()), RTL_TEXTENCODING_UTF8);
+    const Sequence<sal_Int8> bytes =
+        wholeOf(Reference<XInputStream>(package->getByName(part), UNO_QUERY_THROW));
+    return {reinterpret_cast<const char*>(bytes.getConstArray()), static_cast<size_t>(bytes.getLength())};
+}
+
+// The first tag of an XML text, without its brackets, that meets the condition;
+// empty when there is none.
+template<class Condition>
+std::string_view firstTag(std::string_view xml, Condition meets) {
+    for (size_t at = xml.find('<'); at != std::string_view::npos; at = xml.find('<', at + 1)) {
+        const std::string_view tag = xml.substr(at + 1, xml.find('>', at) - at - 1);
+        if (meets(tag)) {
+            return tag;
+        }
+    }
+    return {};
+}
+
+// The name of the part that lists the slides; it is known by its type.
+std::string presentationPart(const std::string& types) {
+    constexpr std::string_view NAME = "PartName=\"/";
+    const std::string_view tag = firstTag(
+        types, [](std::string_view each) { return each.find(".main+xml") != std::string_view::npos; });
+    const size_t name = tag.find(NAME);
+    if (name == std::string_view::npos) {
+        return "ppt/presentation.xml"; // the usual name
+    }
+    const std::string_view rest = tag.substr(name + NAME.size());
+    return std::string(rest.substr(0, rest.find('"')));
+}
+
+// A package may have parts of slides that its list leaves out. An entry of the
+// list names a part by the id of a relationship.
 bool hasSlidesInPackage(const Reference<css::packages::zip::XZipFileAccess2>& package) {
-    constexpr std::string_view SLIDE_TYPE = "presentationml.slide+xml";
-    const Reference<XInputStream> types(package->getByName("[Content_Types].xml"), UNO_QUERY_THROW);
-    const Sequence<sal_Int8> bytes = wholeOf(types);
-    const std::string_view text(reinterpret_cast<const char*>(bytes.getConstArray()),
-                                static_cast<size_t>(bytes.getLength()));
-    return text.find(SLIDE_TYPE) != std::string_view::npos;
+    const std::string main = presentationPart(partOf(package, "[Content_Types].xml"));
+    const std::string list = partOf(package, main);
+    return !firstTag(list, [](std::string_view tag) {
+                return tag.substr(0, tag.find_first_of(" \t\r\n")).ends_with("sldId") &&
+                       tag.find(":id=") != std::string_view::npos;
+            }).empty();
 }
 
 // A record of the binary format: its header and its content, which may consist

@@ -104,6 +104,58 @@ TEST(SlideModule, ASlideIsWholeAtAnySizeWithoutAFrame) {
     }
 }
 
+// Greatest difference of a colour's parts between neighbours in a row.
+int steepest(const Pixels& pixels, int width) {
+    int most = 0;
+    for (std::size_t i = 1; i < pixels.size(); i++) {
+        for (const int shift : {0, 8, 16}) {
+            const auto part = [&](std::size_t at) { return static_cast<int>(pixels[at] >> shift & 0xFF); };
+            most = i % static_cast<std::size_t>(width) == 0 ? most
+                                                            : std::max(most, std::abs(part(i) - part(i - 1)));
+        }
+    }
+    return most;
+}
+
+TEST(SlideModule, SlidesAreShownThoughTheMasterWasWhenTheyWereSaved) {
+    constexpr char SLIDES = 1;
+    constexpr char MASTER = 2;
+    constexpr char NOTES = 3;
+    const SlideView asSlides(oldSlidesSavedInView(SLIDES));
+    for (const char other : {MASTER, NOTES}) {
+        const SlideView view(oldSlidesSavedInView(other));
+        for (std::int32_t i = 0; i < view.count(); i++) {
+            EXPECT_EQ(view.render(i, 480, 270), asSlides.render(i, 480, 270)) << int{other} << ": " << i;
+        }
+    }
+}
+
+TEST(SlideModule, MirroredGradientsAreSmooth) {
+    const SlideView view(madeSlides("gradients.pptx",
+                                    "deck = Pptx()\n"
+                                    "for angle in (0, 30, 90):\n"
+                                    "    fill = gradient(angle, ('0000FF', 'FF0000', '0000FF'))\n"
+                                    "    deck.slide().box('', (-10, -10, 740, 560), fill=fill)\n"
+                                    "    deck.slide().background = fill\n"
+                                    "deck.save(OUT)"));
+    ASSERT_EQ(view.count(), 6);
+    for (std::int32_t i = 0; i < view.count(); i++) {
+        const Pixels pixels = view.render(i, 480, 360);
+        EXPECT_LE(steepest(pixels, 480), 4) << i;
+        const auto red = [&](int x, int y) {
+            return pixels[static_cast<std::size_t>(y * 480 + x)] >> 16 & 0xFF;
+        };
+        EXPECT_GT(red(240, 180), 245U) << i;
+        EXPECT_LT(red(5, 5), 25U) << i;
+        EXPECT_LT(red(474, 354), 25U) << i;
+    }
+    // The slanted axis goes through these two points and not through their mirror images.
+    const Pixels slanted = view.render(2, 480, 360);
+    EXPECT_GT(slanted[300 * 480 + 171] >> 16 & 0xFF, 230U);
+    EXPECT_GT(slanted[60 * 480 + 309] >> 16 & 0xFF, 230U);
+    EXPECT_LT(slanted[60 * 480 + 171] >> 16 & 0xFF, 180U);
+}
+
 TEST(SlideModule, HiddenSlidesAreShown) {
     const SlideView view(slideSample("tour.pptx"));
     EXPECT_EQ(view.title(4), "Only for the harbour master");
@@ -191,15 +243,39 @@ TEST(SlideModule, DamagedFilesOpenOrNotButNothingHangs) {
     EXPECT_EQ(SlideView(slideSample("tour.pptx")).count(), 7) << "others go on";
 }
 
-TEST(SlideModule, ADeckWithoutSlidesHasNone) {
+TEST(SlideModule, ADeckWithoutSlidesIsAnEmptyPage) {
     const SlideView none(madeSlides("none.pptx", "Pptx().save(OUT)"));
     EXPECT_EQ(none.count(), 0);
     std::int32_t width = -1;
     std::int32_t height = -1;
-    EXPECT_NE(slideModule().sstg_get_slide_dimensions(none.get(), 0, &width, &height), MODULE_OK);
-    EXPECT_EQ(width, -1);
+    EXPECT_EQ(slideModule().sstg_get_slide_dimensions(none.get(), 0, &width, &height), MODULE_OK);
+    EXPECT_GT(width, height) << "a size of the suite's";
+    EXPECT_GT(height, 400);
+    EXPECT_EQ(inkOf(none.render(0, 96, 54)), 0U);
+    EXPECT_EQ(none.title(0), "");
+    EXPECT_EQ(none.note(0), "");
+    const sstg_find_info* infos = nullptr;
+    std::int32_t found = -1;
+    EXPECT_NE(slideModule().sstg_find(none.get(), wide("e").data(), 0, 0, &infos, &found), MODULE_OK);
     Pixels pixels(4);
-    EXPECT_NE(slideModule().sstg_render_slide(none.get(), 0, 0, pixels.data(), 2, 2), MODULE_OK);
+    EXPECT_NE(slideModule().sstg_render_slide(none.get(), 1, 0, pixels.data(), 2, 2), MODULE_OK);
+}
+
+TEST(SlideModule, SlidesMissingFromThePackagesListAreNone) {
+    const std::string made = "deck = Pptx()\n"
+                             "for i in range(2):\n"
+                             "    deck.slide().title('Lost')\n"
+                             "whole = deck._presentation()\n"
+                             "start, end = whole.index('<p:sldId '), whole.index('</p:sldIdLst>')\n";
+    const SlideView none(madeSlides(
+        "unlisted.pptx", made + "deck._presentation = lambda: whole[:start] + whole[end:]\ndeck.save(OUT)"));
+    EXPECT_EQ(none.count(), 0);
+    const SlideView one(
+        madeSlides("half-listed.pptx", made + "second = whole.index('<p:sldId ', start + 1)\n"
+                                              "deck._presentation = lambda: whole[:start] + whole[second:]\n"
+                                              "deck.save(OUT)"));
+    EXPECT_EQ(one.count(), 1);
+    EXPECT_EQ(one.title(0), "Lost");
 }
 
 TEST(SlideModule, OddDecksAreShown) {

@@ -91,6 +91,15 @@ std::string oldSlidesEncrypted() {
     return slideFile("encrypted.ppt", bytes);
 }
 
+std::string oldSlidesSavedInView(char view) {
+    std::string bytes = readFile(slideSample("tour.ppt"));
+    // The record about the last save; its header comes first.
+    const size_t save = bytes.find("\0\0\xF5\x0F\x1C\0\0\0"s);
+    constexpr size_t VIEW = 32;
+    bytes.at(save + VIEW) = view;
+    return slideFile("saved-in-view.ppt", bytes);
+}
+
 std::string oldSlidesWithSound() {
     const std::string source = folder() + "/sound.fodp";
     run({"python3", slideSample("make_sound_slides.py"), source});

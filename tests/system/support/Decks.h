@@ -23,6 +23,9 @@ std::string slideFile(const std::string& name, const std::string& bytes);
 // slides is empty, and one marked as encrypted, which the suite cannot save.
 std::string oldSlidesWithNone();
 std::string oldSlidesEncrypted();
+// The stored file in the old format, saved while the view of this number was
+// shown: 2 is that of the master.
+std::string oldSlidesSavedInView(char view);
 // One slide with a sound, saved by the office suite in the old format.
 std::string oldSlidesWithSound();
 // Runs a line of Python with the samples' folder on its path; OUT in it stands

@@ -12,6 +12,7 @@ namespace {
 
 using namespace lectern;
 using testing::HasSubstr;
+using testing::Not;
 
 TEST(ModuleResultText, IsAnotherOneForEachCode) {
     std::set<std::string> texts;
@@ -30,10 +31,21 @@ TEST(ModuleResultText, SaysWhatToDo) {
 }
 
 TEST(DocumentError, NamesTheFileAndTheCode) {
-    const Error error = documentError("x.docx", MODULE_NEEDS_PASSWORD);
+    const Error error = documentError("x.docx", DocumentKind::WordProcessing, MODULE_NEEDS_PASSWORD);
     EXPECT_EQ(error.kind, Error::Kind::Document);
     EXPECT_EQ(error.code, 7);
     EXPECT_EQ(error.text, "cannot open 'x.docx': it needs a password; give one with --password (code 7)");
+}
+
+TEST(DocumentError, DoesNotAskForThePasswordOfAPresentation) {
+    for (const int code : {MODULE_NEEDS_PASSWORD, MODULE_WRONG_PASSWORD}) {
+        const Error error = documentError("x.pptx", DocumentKind::Presentation, code);
+        EXPECT_EQ(error.code, code);
+        EXPECT_THAT(error.text, HasSubstr("protected by a password, and those cannot be opened"));
+        EXPECT_THAT(error.text, Not(HasSubstr("--password")));
+    }
+    EXPECT_THAT(documentError("x.pptx", DocumentKind::Presentation, MODULE_DAMAGED).text,
+                HasSubstr("damaged"));
 }
 
 TEST(RefusalError, IsAPlainSentenceForEachOfTheServicesCodes) {

@@ -57,7 +57,7 @@ protected:
     }
 };
 
-TEST_F(PptBadInputTest, DeckWithoutSlidesIsBlack) {
+TEST_F(PptBadInputTest, DeckWithoutSlidesOrASizeIsBlack) {
     const auto view = openDeck(0);
     EXPECT_EQ(view->slideCount(), 0);
     EXPECT_EQ(view->mScale, 1.0);
