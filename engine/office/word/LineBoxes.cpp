@@ -75,12 +75,13 @@ std::vector<ViewBox> LineBoxes::of(CharacterRange range) {
     if (paragraph.kind == BodyParagraph::Kind::Plain) {
         return selected(range);
     }
-    // The suite does not report the same selection twice in a row.
-    mFlow.cursor()->collapseToStart();
-    const CharacterRange whole = mPositions.withWholeUnits(range);
-    const std::vector<ViewBox> boxes = selected(whole);
-    const bool isPart = paragraph.kind == BodyParagraph::Kind::Mixed && !(whole == range);
-    return isPart ? shareOf(boxes, whole, range) : boxes;
+    const bool isAttached = paragraph.kind == BodyParagraph::Kind::Attached;
+    const CharacterRange whole = isAttached ? range : mPositions.withWholeUnits(range);
+    if (!(isAttached ? paragraph.range == mLast.attachedTo : whole == mLast.whole)) {
+        mFlow.cursor()->collapseToStart();
+        mLast = {whole, isAttached ? paragraph.range : Reference<css::text::XTextRange>(), selected(whole)};
+    }
+    return isAttached || whole == range ? mLast.boxes : shareOf(mLast.boxes, whole, range);
 }
 
 std::vector<ViewBox> LineBoxes::selected(CharacterRange range) {

@@ -32,9 +32,18 @@ private:
     std::vector<ViewBox> selected(CharacterRange range);
     std::string takeSelection();
 
+    // The last selection of other than plain letters. Several ranges may share
+    // it, and the suite does not report the same selection twice in a row.
+    struct Selection {
+        CharacterRange whole;
+        css::uno::Reference<css::text::XTextRange> attachedTo;
+        std::vector<ViewBox> boxes;
+    };
+
     lok::Document& mPainter;
     const TextFlow& mFlow;
     const TextPositions& mPositions;
+    Selection mLast;
     Mutex mMutex;
     std::condition_variable_any mArrived;
     std::string mPayload GUARDED_BY(mMutex); // delivered by a thread of the suite
