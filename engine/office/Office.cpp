@@ -37,6 +37,9 @@ std::unique_ptr<Office> Office::start(const std::string& profileDirectory) {
     }
     // The suite decodes file names in the locale's encoding; paths here are UTF-8.
     setenv("LC_ALL", "C.UTF-8", 1);
+    // Without this, the suite computes the place of every tracked change that is
+    // accepted, to report it; in some documents this never ends.
+    setenv("DISABLE_REDLINE", "1", 1);
     lok::Office* const suite = lok::lok_cpp_init(LECTERN_OFFICE_PROGRAM, fileUrl(profileDirectory).c_str());
     if (suite == nullptr) {
         std::fprintf(stderr, "the office suite in %s does not start\n", LECTERN_OFFICE_PROGRAM);

@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/office/word/Body.h"
 
+#include "engine/office/word/ShownPieces.h"
+
 #include <com/sun/star/container/XEnumerationAccess.hpp>
 #include <com/sun/star/container/XNamed.hpp>
+#include <com/sun/star/drawing/XShapes.hpp>
 #include <com/sun/star/text/XTextFrame.hpp>
 #include <com/sun/star/text/XTextRangeCompare.hpp>
 #include <com/sun/star/text/XTextTable.hpp>
 
 #include <algorithm>
+#include <cstdio>
 #include <iterator>
 #include <optional>
 
@@ -38,10 +42,10 @@ OUString rowOf(const OUString& cell) {
 }
 
 // The frame that a shape is, or that a drawing contains as its text box; may be null.
-Reference<css::text::XTextFrame> frameOf(const FloatingShape& shape) {
-    const Reference<css::text::XTextFrame> frame(shape.shape, UNO_QUERY);
+Reference<css::text::XTextFrame> frameOf(const Reference<css::drawing::XShape>& shape) {
+    const Reference<css::text::XTextFrame> frame(shape, UNO_QUERY);
     return frame.is() ? frame
-                      : property<Reference<css::text::XTextFrame>>(shape.properties, "TextBoxContent");
+                      : property<Reference<css::text::XTextFrame>>(propertiesOf(shape), "TextBoxContent");
 }
 
 BodyText::Key keyAt(const Reference<css::beans::XPropertySet>& cursor) {
@@ -72,20 +76,65 @@ public:
             if (index == 0) {
                 mOnBlock(propertiesOf(block));
             }
-            if (const Reference<css::text::XTextTable> inner(block, UNO_QUERY); inner.is()) {
-                cellsOf(inner, unit);
-            } else if (const Reference<css::text::XTextRange> range(block, UNO_QUERY); range.is()) {
-                addParagraph(range, index, unit);
+            try {
+                walkBlock(block, index, unit);
+            } catch (const css::uno::Exception&) {
+                std::fprintf(stderr, "office: a part of the text cannot be read\n");
             }
         }
     }
 
+    // Reads the texts in a shape and in the shapes of a group.
+    void walkShape(const Reference<css::drawing::XShape>& shape,
+                   const Reference<css::text::XTextRange>& anchor) {
+        const Reference<css::drawing::XShapes> group(shape, UNO_QUERY);
+        for (sal_Int32 i = 0; group.is() && i < group->getCount(); ++i) {
+            walkShape({group->getByIndex(i), UNO_QUERY}, anchor);
+        }
+        if (const auto frame = frameOf(shape); frame.is()) {
+            const Reference<css::container::XNamed> named(frame, UNO_QUERY_THROW);
+            walk({OUString(), OUString(), named->getName()}, frame->getText(), std::nullopt);
+        } else if (const Reference<css::text::XTextRange> text(shape, UNO_QUERY); !group.is() && text.is()) {
+            attachLines(text->getString(), anchor);
+        }
+    }
+
 private:
+    using Kind = BodyParagraph::Kind;
+
+    void walkBlock(const Reference<css::uno::XInterface>& block, size_t text, std::optional<size_t> unit) {
+        if (const Reference<css::text::XTextTable> table(block, UNO_QUERY); table.is()) {
+            cellsOf(table, unit);
+        } else if (const Reference<css::text::XTextRange> range(block, UNO_QUERY); range.is()) {
+            addParagraph(range, text, unit);
+        }
+    }
+
     void addParagraph(const Reference<css::text::XTextRange>& range, size_t text,
                       std::optional<size_t> unit) {
-        BodyParagraph paragraph{range, toText(range->getString()), 0, 0, text, unit ? *unit : mUnits++};
-        mBody.mParagraphs.push_back(std::move(paragraph));
+        const ShownParagraph shown = shownParagraph(range);
+        std::u16string string;
+        for (const ShownPiece& piece : shown.pieces) {
+            string += piece.string;
+        }
+        const size_t own = unit ? *unit : mUnits++;
+        add({range, std::move(string), shown.isPlain ? Kind::Plain : Kind::Mixed, 0, 0, text, own});
+        for (const ShownPiece& piece : shown.pieces) {
+            if (!piece.reading.empty()) {
+                add({piece.range, piece.reading, Kind::Attached, 0, 0, text, own});
+            }
+        }
     }
+
+    void attachLines(const OUString& text, const Reference<css::text::XTextRange>& anchor) {
+        for (sal_Int32 at = 0; at >= 0;) {
+            if (const OUString line = text.getToken(0, '\n', at); !line.isEmpty()) {
+                add({anchor, toText(line), Kind::Attached, 0, 0, 0, mUnits++});
+            }
+        }
+    }
+
+    void add(BodyParagraph paragraph) { mBody.mParagraphs.push_back(std::move(paragraph)); }
 
     void cellsOf(const Reference<css::text::XTextTable>& table, std::optional<size_t> unit) {
         mBody.mHasTables = true;
@@ -120,26 +169,44 @@ Body::Body(const Reference<css::text::XTextDocument>& model, const std::vector<F
     walk.walk({}, model->getText(), std::nullopt);
     std::vector<FrameBlock> frames;
     for (const FloatingShape& shape : shapes) {
-        const auto frame = frameOf(shape);
         const Reference<css::text::XTextContent> content(shape.shape, UNO_QUERY);
-        if (!frame.is() || !content.is()) {
-            continue;
-        }
-        const Reference<css::container::XNamed> named(frame, UNO_QUERY_THROW);
+        const auto anchor = content.is() ? content->getAnchor() : Reference<css::text::XTextRange>();
         const size_t first = mParagraphs.size();
-        walk.walk({OUString(), OUString(), named->getName()}, frame->getText(), std::nullopt);
-        frames.push_back({first, mParagraphs.size(), content->getAnchor()});
+        if (anchor.is()) {
+            walk.walkShape(shape.shape, anchor);
+        }
+        if (mParagraphs.size() > first) {
+            frames.push_back({first, mParagraphs.size(), anchor});
+        }
     }
     for (size_t i = 0; i < mTexts.size(); ++i) {
         mTextOf.emplace(mTexts[i].key, i);
     }
-    for (size_t i = 0; i < mParagraphs.size(); ++i) {
-        mTexts[mParagraphs[i].text].paragraphs.push_back(i);
-    }
+    listParagraphs();
     if (!frames.empty()) {
         placeFrames(frames);
     }
     joinText();
+}
+
+void Body::listParagraphs() {
+    for (BodyText& text : mTexts) {
+        text.paragraphs.clear();
+    }
+    for (size_t i = 0; i < mParagraphs.size(); ++i) {
+        if (mParagraphs[i].kind != BodyParagraph::Kind::Attached) {
+            mTexts[mParagraphs[i].text].paragraphs.push_back(i);
+        }
+    }
+}
+
+const BodyParagraph* Body::hostOf(const FrameBlock& frame) const {
+    const auto text = frame.anchor->getText();
+    if (!text.is()) {
+        return nullptr;
+    }
+    const auto cursor = text->createTextCursorByRange(frame.anchor->getStart());
+    return paragraphAt(propertiesOf(cursor), Reference<css::text::XTextRange>(cursor, UNO_QUERY));
 }
 
 // Moves frames, which were read after the body, to their places: each follows
@@ -148,10 +215,7 @@ Body::Body(const Reference<css::text::XTextDocument>& model, const std::vector<F
 void Body::placeFrames(const std::vector<FrameBlock>& frames) {
     std::multimap<size_t, const FrameBlock*> framesAt;
     for (const FrameBlock& frame : frames) {
-        const auto cursor = frame.anchor->getText()->createTextCursorByRange(frame.anchor->getStart());
-        const BodyParagraph* const host =
-            paragraphAt(propertiesOf(cursor), Reference<css::text::XTextRange>(cursor, UNO_QUERY));
-        if (host != nullptr) {
+        if (const BodyParagraph* const host = hostOf(frame); host != nullptr) {
             framesAt.emplace(static_cast<size_t>(host - mParagraphs.data()), &frame);
         }
     }
@@ -172,12 +236,7 @@ void Body::placeFrames(const std::vector<FrameBlock>& frames) {
     };
     take(0, frames.front().first, std::nullopt);
     mParagraphs = std::move(ordered);
-    for (BodyText& text : mTexts) {
-        text.paragraphs.clear();
-    }
-    for (size_t i = 0; i < mParagraphs.size(); ++i) {
-        mTexts[mParagraphs[i].text].paragraphs.push_back(i);
-    }
+    listParagraphs();
 }
 
 void Body::joinText() {
@@ -229,10 +288,32 @@ const BodyParagraph* Body::paragraphAt(const Reference<css::beans::XPropertySet>
     }
     const BodyText& text = mTexts[found->second];
     const Reference<css::text::XTextRangeCompare> order(text.text, UNO_QUERY_THROW);
-    const auto next = std::partition_point(text.paragraphs.begin(), text.paragraphs.end(), [&](size_t index) {
+    const auto startsUpTo = [&](size_t index) {
         return order->compareRegionStarts(mParagraphs[index].range, range) >= 0;
-    });
-    return &mParagraphs[next == text.paragraphs.begin() ? *next : *std::prev(next)];
+    };
+    try {
+        const auto next = std::partition_point(text.paragraphs.begin(), text.paragraphs.end(), startsUpTo);
+        return &mParagraphs[next == text.paragraphs.begin() ? *next : *std::prev(next)];
+    } catch (const css::uno::Exception&) {
+        // The suite does not compare this range with some, or any, of the paragraphs.
+        return lastComparable(text, startsUpTo);
+    }
+}
+
+const BodyParagraph* Body::lastComparable(const BodyText& text,
+                                          const std::function<bool(size_t)>& startsUpTo) const {
+    const BodyParagraph* last = nullptr;
+    for (const size_t index : text.paragraphs) {
+        try {
+            if (!startsUpTo(index)) {
+                break;
+            }
+            last = &mParagraphs[index];
+        } catch (const css::uno::Exception&) {
+            continue;
+        }
+    }
+    return last;
 }
 
 } // namespace lectern::engine

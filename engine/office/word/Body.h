@@ -18,8 +18,15 @@ namespace lectern::engine {
 
 // A paragraph: characters [start, start + length) of the whole text.
 struct BodyParagraph {
+    enum class Kind {
+        Plain,    // each character is a UTF-16 unit of the range
+        Mixed,    // has characters of other kinds too; shownParagraph tells where each is
+        Attached, // text of a drawing, or small letters above others: the range stands for it all
+    };
+
     css::uno::Reference<css::text::XTextRange> range;
     std::u16string string; // moved into the whole text when all are read
+    Kind kind = Kind::Plain;
     uint32_t start = 0;
     uint32_t length = 0;
     size_t text = 0; // index of the BodyText that contains it
@@ -37,11 +44,12 @@ struct BodyText {
 
     Key key;
     css::uno::Reference<css::text::XText> text;
-    std::vector<size_t> paragraphs; // in this text, without those of texts inside of it
+    // In this text, without attached ones and those of texts inside of it.
+    std::vector<size_t> paragraphs;
 };
 
 // All text that flows: the body with its tables, and after each paragraph the
-// frames anchored in it. Notes are not included.
+// frames and the texts of drawings anchored in it. Notes are not included.
 class Body {
 public:
     // Reads the body in document order. Calls onBlock for every paragraph and
@@ -64,7 +72,8 @@ public:
     bool isAlone(const BodyParagraph& paragraph) const;
 
     // The paragraph that contains the start of `range`. `cursor` has the
-    // properties of a cursor there. Null outside of the body.
+    // properties of a cursor there. Null outside of the body, and where the suite
+    // cannot tell.
     const BodyParagraph* paragraphAt(const css::uno::Reference<css::beans::XPropertySet>& cursor,
                                      const css::uno::Reference<css::text::XTextRange>& range) const;
 
@@ -73,13 +82,17 @@ public:
 
 private:
     class Walk;
-    // Paragraphs [first, last) of a frame, in the order in which they were read.
+    // Paragraphs [first, last) of a frame or drawing, in the order in which they were read.
     struct FrameBlock {
         size_t first;
         size_t last;
         css::uno::Reference<css::text::XTextRange> anchor;
     };
+    const BodyParagraph* hostOf(const FrameBlock& frame) const;
+    const BodyParagraph* lastComparable(const BodyText& text,
+                                        const std::function<bool(size_t)>& startsUpTo) const;
     void placeFrames(const std::vector<FrameBlock>& frames);
+    void listParagraphs();
     void joinText();
 
     std::vector<BodyParagraph> mParagraphs;

@@ -21,18 +21,29 @@ public:
     LineBoxes(const LineBoxes&) = delete;
     LineBoxes& operator=(const LineBoxes&) = delete;
 
-    // The boxes of a range, from top to bottom, then from left to right. Empty
-    // for an empty range, for text that is not shown, and when the suite does
-    // not answer in time.
+    // The boxes of a range, from top to bottom, then from left to right. Those of
+    // a part of a field are estimated from its share of the field's characters;
+    // the text of a drawing has the box of the drawing. Empty for an empty range, for text that is not shown,
+    // and when the suite does not answer in time.
     std::vector<ViewBox> of(CharacterRange range);
 
 private:
     static void onEvent(int type, const char* payload, void* self);
+    std::vector<ViewBox> selected(CharacterRange range);
     std::string takeSelection();
+
+    // The last selection of other than plain letters. Several ranges may share
+    // it, and the suite does not report the same selection twice in a row.
+    struct Selection {
+        CharacterRange whole;
+        css::uno::Reference<css::text::XTextRange> attachedTo;
+        std::vector<ViewBox> boxes;
+    };
 
     lok::Document& mPainter;
     const TextFlow& mFlow;
     const TextPositions& mPositions;
+    Selection mLast;
     Mutex mMutex;
     std::condition_variable_any mArrived;
     std::string mPayload GUARDED_BY(mMutex); // delivered by a thread of the suite

@@ -53,15 +53,17 @@ void collect(const Reference<css::container::XEnumerationAccess>& portions, cons
     }
 }
 
-// Whether `name` is `text` with a number before it, such as "2.1 Tides" for "Tides".
+// Whether `name` is `text` with a number before it, such as "2.1 Tides" for
+// "Tides". A tab separates numbers of any kind, such as "A.1" or "IV".
 bool isNumberedLike(std::u16string_view name, std::u16string_view text) {
     if (text.empty() || name.size() < text.size() || name.substr(name.size() - text.size()) != text) {
         return false;
     }
     const auto number = name.substr(0, name.size() - text.size());
-    return std::all_of(number.begin(), number.end(), [](char16_t unit) {
-        return unit == u'.' || unit == u' ' || (unit >= u'0' && unit <= u'9');
-    });
+    return (!number.empty() && number.back() == u'\t') ||
+           std::all_of(number.begin(), number.end(), [](char16_t unit) {
+               return unit == u'.' || unit == u' ' || (unit >= u'0' && unit <= u'9');
+           });
 }
 
 } // namespace
@@ -113,7 +115,7 @@ std::optional<uint32_t> LinkTargets::heading(std::u16string_view text) const {
     const Body& body = mPositions.body();
     for (const BodyParagraph& paragraph : body.paragraphs()) {
         const auto own = std::u16string_view(body.string()).substr(paragraph.start, paragraph.length);
-        if (isNumberedLike(text, own) &&
+        if (paragraph.kind != BodyParagraph::Kind::Attached && isNumberedLike(text, own) &&
             property<sal_Int16>(propertiesOf(paragraph.range), "OutlineLevel") > 0) {
             return paragraph.start;
         }

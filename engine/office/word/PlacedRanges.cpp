@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdio>
 #include <utility>
 
 namespace lectern::engine {
@@ -25,6 +26,26 @@ std::vector<TextBox> textBoxes(const RowMap& map, const std::vector<ViewBox>& li
     return boxes;
 }
 
+// The rows' characters; all when the suite cannot tell.
+CharacterRange around(const LaidOutText& text, int64_t first, int64_t last) {
+    try {
+        return text.positions.around(text.map, first, last);
+    } catch (const css::uno::Exception&) {
+        return {0, text.positions.count()};
+    }
+}
+
+// No boxes where the suite fails: that part of the text stays unmarked.
+std::vector<ViewBox> linesOf(LineBoxes& lines, CharacterRange range) {
+    try {
+        return lines.of(range);
+    } catch (const css::uno::Exception& error) {
+        std::fprintf(stderr, "office: characters %u to %u cannot be marked: %s\n", range.start, range.end,
+                     OUStringToOString(error.Message, RTL_TEXTENCODING_UTF8).getStr());
+        return {};
+    }
+}
+
 } // namespace
 
 PlacedRanges::PlacedRanges(std::vector<CharacterRange> ranges)
@@ -39,7 +60,7 @@ std::vector<size_t> PlacedRanges::inRows(const LaidOutText& text, int64_t first,
     if (mRanges.empty() || first >= last || first >= text.map.rows()) {
         return found;
     }
-    place(text, text.positions.around(text.map, first, last));
+    place(text, around(text, first, last));
     for (size_t index = 0; index < mRanges.size(); ++index) {
         if (mPlaces[index] &&
             std::any_of(mPlaces[index]->begin(), mPlaces[index]->end(),
@@ -73,7 +94,7 @@ void PlacedRanges::place(const LaidOutText& text, CharacterRange near) {
         if (!lines) {
             lines.emplace(text.painter, text.flow, text.positions);
         }
-        mPlaces[index] = textBoxes(text.map, lines->of(range));
+        mPlaces[index] = textBoxes(text.map, linesOf(*lines, range));
     }
 }
 

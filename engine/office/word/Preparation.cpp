@@ -2,6 +2,7 @@
 #include "engine/office/word/Preparation.h"
 
 #include "engine/office/word/PageStyles.h"
+#include "engine/office/word/TrackedChanges.h"
 
 #include <com/sun/star/document/XUndoManagerSupplier.hpp>
 #include <com/sun/star/lang/XMultiServiceFactory.hpp>
@@ -105,8 +106,8 @@ void hideMarks(const Reference<css::text::XTextDocument>& model) {
 
 PreparedDocument prepareForReflow(const Reference<css::text::XTextDocument>& model) {
     lockUndo(model);
+    acceptTrackedChanges(model);
     moveFootnotesBehindText(model);
-    setProperty(propertiesOf(model), "RecordChanges", false);
     stripPages(model);
     removeStyleBreaks(model);
 

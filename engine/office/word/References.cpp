@@ -18,6 +18,8 @@ using css::uno::UNO_QUERY;
 
 namespace {
 
+constexpr char16_t SEPARATORS[] = {u' ', u'\t', u'\n', u'\u00A0', PARAGRAPH_SEPARATOR, u'\0'};
+
 struct Mark {
     CharacterRange range;
     SideText text;
@@ -38,14 +40,27 @@ public:
             return; // in a header or in another note
         }
         const auto length = static_cast<uint32_t>(anchor->getString().getLength());
-        // A comment on no characters belongs to the character before it.
-        const uint32_t from = length == 0 && start > 0 ? start - 1 : start;
+        const uint32_t from = length == 0 ? wordBefore(start) : start;
         marks.push_back({{from, std::max(start + length, from + 1)}, {type, content}});
     }
 
     std::vector<Mark> marks;
 
 private:
+    // The start of the word that ends at a position, or of the character before
+    // it: a comment on no characters belongs to that.
+    uint32_t wordBefore(uint32_t end) const {
+        const std::u16string& text = mPositions.body().string();
+        const auto isLetter = [&](uint32_t at) {
+            return std::u16string_view(SEPARATORS).find(text[at]) == std::u16string_view::npos;
+        };
+        uint32_t start = end > 0 ? end - 1 : 0;
+        while (start > 0 && isLetter(start) && isLetter(start - 1)) {
+            --start;
+        }
+        return start;
+    }
+
     const TextPositions& mPositions;
 };
 

@@ -83,6 +83,24 @@ void writeComment(const SideText& comment, const OpenedDocument& into) {
     into.model->getText()->setString(head.isEmpty() ? content : head + "\n" + content);
 }
 
+// Resolutions for a text that is too long for its surface, in percent: smaller
+// letters show more of it, but below the last they cannot be read.
+constexpr int32_t RESOLUTIONS[] = {100, 85, 70, 60};
+
+// Lays a text out in the largest letters that show all of it, or in the smallest.
+RowMap layOutToFit(TextFlow& flow, const Surface& surface, int32_t dpi) {
+    RowMap map;
+    for (const int32_t percent : RESOLUTIONS) {
+        const int32_t reduced = std::max(dpi * percent / 100, 1);
+        flow.layOut(layoutWidth(surface.width, reduced));
+        map = RowMap(flow.pages(), reduced);
+        if (map.rows() <= surface.height) {
+            break;
+        }
+    }
+    return map;
+}
+
 } // namespace
 
 int32_t paintSideText(Office::Private& office, const OpenedDocument& from, const SideText& text,
@@ -102,8 +120,7 @@ int32_t paintSideText(Office::Private& office, const OpenedDocument& from, const
     side.model->lockControllers();
     PreparedDocument prepared = prepareForReflow(side.model);
     TextFlow flow(side, prepared);
-    flow.layOut(layoutWidth(surface.width, dpi));
-    const RowMap map(flow.pages(), dpi);
+    const RowMap map = layOutToFit(flow, surface, dpi);
     TilePainter(*side.painter).paint(map, 0, surface, 0, surface.height);
     return MODULE_OK;
 }

@@ -8,6 +8,7 @@
 #include <com/sun/star/drawing/XShapes.hpp>
 #include <com/sun/star/text/XParagraphCursor.hpp>
 #include <com/sun/star/text/XTextContent.hpp>
+#include <com/sun/star/text/XTextRangeCompare.hpp>
 #include <com/sun/star/view/XLineCursor.hpp>
 
 #include <algorithm>
@@ -25,16 +26,27 @@ namespace {
 // the row's other cells come first.
 constexpr int MOST_LINES = 256;
 
-// Makes the cursor select `characters` from the start of its paragraph; returns
-// the number of UTF-16 units that the selected text shows.
-uint32_t extendTo(const Reference<css::text::XTextCursor>& cursor, uint32_t characters) {
+// The number of characters that UTF-16 units are.
+uint32_t characterCount(std::u16string_view units) {
+    return static_cast<uint32_t>(std::count_if(units.begin(), units.end(),
+                                               [](char16_t unit) { return unit < 0xDC00 || unit > 0xDFFF; }));
+}
+
+void goRight(const Reference<css::text::XTextCursor>& cursor, uint32_t characters) {
     constexpr uint32_t MOST = std::numeric_limits<sal_Int16>::max();
-    cursor->gotoRange(cursor->getStart(), false);
     for (; characters > MOST; characters -= MOST) {
-        cursor->goRight(static_cast<sal_Int16>(MOST), true);
+        cursor->goRight(static_cast<sal_Int16>(MOST), false);
     }
-    cursor->goRight(static_cast<sal_Int16>(characters), true);
-    return static_cast<uint32_t>(cursor->getString().getLength());
+    cursor->goRight(static_cast<sal_Int16>(characters), false);
+}
+
+// Moves a cursor to a boundary inside a piece.
+void moveInto(const Reference<css::text::XTextCursor>& cursor, const ShownPiece& piece, uint32_t offset) {
+    if (piece.kind == ShownPiece::Kind::Unit) {
+        return;
+    }
+    const uint32_t start = piece.kind == ShownPiece::Kind::Control ? 1 : 0;
+    goRight(cursor, start + characterCount(std::u16string_view(piece.string).substr(0, offset)));
 }
 
 } // namespace
@@ -134,54 +146,58 @@ void TextPositions::leaveFrames() const {
     }
 }
 
-// Returns a cursor that selects its paragraph's text up to the position.
-//
-// Shown text has more units than characters where there are fields, and fewer
-// where shapes are anchored; the selected text tells the number of units.
+std::vector<ShownPiece> TextPositions::piecesOf(const BodyParagraph& paragraph) const {
+    if (paragraph.kind == BodyParagraph::Kind::Mixed) {
+        return shownParagraph(paragraph.range).pieces;
+    }
+    const auto kind =
+        paragraph.kind == BodyParagraph::Kind::Plain ? ShownPiece::Kind::Letters : ShownPiece::Kind::Unit;
+    return {{kind, paragraph.range, mBody.string().substr(paragraph.start, paragraph.length), {}}};
+}
+
 Reference<css::text::XTextCursor> TextPositions::cursorTo(uint32_t position, Inside inside) const {
-    const bool whole = inside == Inside::Behind;
     const BodyParagraph& paragraph = mBody.paragraphAt(position);
-    const uint32_t wanted = std::min(position - paragraph.start, paragraph.length);
-    const auto cursor = paragraph.range->getText()->createTextCursorByRange(paragraph.range->getStart());
-    if (extendTo(cursor, wanted) == wanted) {
-        return cursor;
-    }
-    const Reference<css::text::XParagraphCursor> ends(cursor, UNO_QUERY_THROW);
-    const auto reaches = [&](uint32_t characters) {
-        const uint32_t shown = extendTo(cursor, characters);
-        return whole ? shown >= wanted : shown > wanted;
-    };
-    // Search the least number of characters that reaches the position.
-    uint32_t least = 0;
-    uint32_t most = 1;
-    while (!reaches(most) && most <= paragraph.length + MOST_LINES) {
-        most *= 2;
-    }
-    while (least < most) {
-        const uint32_t middle = least + (most - least) / 2;
-        if (reaches(middle)) {
-            most = middle;
-        } else {
-            least = middle + 1;
+    const auto text = paragraph.range->getText();
+    uint32_t offset = std::min(position - paragraph.start, paragraph.length);
+    for (const ShownPiece& piece : piecesOf(paragraph)) {
+        const auto length = static_cast<uint32_t>(piece.string.size());
+        if (inside == Inside::Before ? offset < length : offset > 0 && offset <= length) {
+            const bool behind = inside == Inside::Behind && piece.kind == ShownPiece::Kind::Unit;
+            auto cursor =
+                text->createTextCursorByRange(behind ? piece.range->getEnd() : piece.range->getStart());
+            moveInto(cursor, piece, offset);
+            return cursor;
         }
+        offset -= length;
     }
-    extendTo(cursor, whole || least == 0 ? least : least - 1);
-    return cursor;
+    return text->createTextCursorByRange(inside == Inside::Before ? paragraph.range->getEnd()
+                                                                  : paragraph.range->getStart());
+}
+
+CharacterRange TextPositions::withWholeUnits(CharacterRange range) const {
+    CharacterRange whole = range;
+    const BodyParagraph& paragraph = mBody.paragraphAt(range.start);
+    uint32_t start = paragraph.start;
+    for (const ShownPiece& piece : piecesOf(paragraph)) {
+        const auto end = start + static_cast<uint32_t>(piece.string.size());
+        if (piece.kind == ShownPiece::Kind::Unit && start < range.end && end > range.start) {
+            whole = {std::min(whole.start, start), std::max(whole.end, end)};
+        }
+        start = end;
+    }
+    return whole;
 }
 
 Reference<css::text::XTextCursor> TextPositions::select(CharacterRange range) const {
-    const auto cursor = cursorTo(range.start);
-    const auto length = static_cast<sal_Int32>(range.end - range.start);
-    cursor->collapseToEnd();
-    if (length <= std::numeric_limits<sal_Int16>::max()) {
-        cursor->goRight(static_cast<sal_Int16>(length), true);
+    const BodyParagraph& paragraph = mBody.paragraphAt(range.start);
+    auto cursor = cursorTo(range.start, Inside::Before);
+    if (!range.isEmpty()) {
+        cursor->gotoRange(cursorTo(range.end, Inside::Behind)->getEnd(), true);
     }
-    if (cursor->getString().getLength() == length) {
-        return cursor;
+    // A drawing's anchor is a place without an extent; the drawing lies behind it.
+    if (paragraph.kind == BodyParagraph::Kind::Attached && cursor->isCollapsed()) {
+        cursor->goRight(1, true);
     }
-    const auto end = cursorTo(range.end, Inside::Behind);
-    cursor->collapseToStart();
-    cursor->gotoRange(end->getEnd(), true);
     return cursor;
 }
 
@@ -207,10 +223,37 @@ uint32_t TextPositions::positionOf(const Reference<css::text::XTextRange>& range
     if (paragraph == nullptr) {
         return mCount;
     }
-    const Reference<css::text::XParagraphCursor> start(cursor, UNO_QUERY_THROW);
-    start->gotoStartOfParagraph(true);
-    const auto offset = static_cast<uint32_t>(cursor->getString().getLength());
-    return paragraph->start + std::min(offset, paragraph->length);
+    return paragraph->start + std::min(offsetIn(*paragraph, cursor), paragraph->length);
+}
+
+// The number of shown units between a paragraph's start and a place in it.
+uint32_t TextPositions::offsetIn(const BodyParagraph& paragraph,
+                                 const Reference<css::text::XTextCursor>& place) const {
+    if (paragraph.kind == BodyParagraph::Kind::Plain) {
+        const Reference<css::text::XParagraphCursor> start(place, UNO_QUERY_THROW);
+        start->gotoStartOfParagraph(true);
+        return static_cast<uint32_t>(place->getString().getLength());
+    }
+    const auto text = place->getText();
+    const Reference<css::text::XTextRangeCompare> order(text, UNO_QUERY_THROW);
+    const Reference<css::text::XTextRange> at(place, UNO_QUERY_THROW);
+    uint32_t before = 0;
+    for (const ShownPiece& piece : piecesOf(paragraph)) {
+        const auto length = static_cast<uint32_t>(piece.string.size());
+        if (order->compareRegionStarts(piece.range->getEnd(), at) < 0) {
+            const auto part = text->createTextCursorByRange(piece.range->getStart());
+            moveInto(part, piece, 0);
+            const Reference<css::text::XTextRange> first(part, UNO_QUERY_THROW);
+            const bool isInside = order->compareRegionStarts(first, at) > 0;
+            if (!isInside || piece.kind == ShownPiece::Kind::Unit) {
+                return before;
+            }
+            part->gotoRange(at, true);
+            return before + std::min(static_cast<uint32_t>(part->getString().getLength()), length);
+        }
+        before += length;
+    }
+    return before;
 }
 
 } // namespace lectern::engine

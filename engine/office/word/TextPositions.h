@@ -2,6 +2,7 @@
 #pragma once
 
 #include "engine/layout/RowMap.h"
+#include "engine/office/word/ShownPieces.h"
 #include "engine/office/word/TextFlow.h"
 
 #include <com/sun/star/view/XSelectionSupplier.hpp>
@@ -44,8 +45,11 @@ public:
     };
     PointedAt pointedAt(const RowMap& map, int32_t x, int64_t row) const;
 
-    // Returns a cursor that selects these characters, which lie in one text. A
-    // field or similar unit is selected whole.
+    // The range with the whole of each field or similar unit that it lies in.
+    CharacterRange withWholeUnits(CharacterRange range) const;
+
+    // Returns a cursor that selects these characters, which lie in one text, with
+    // whole units.
     css::uno::Reference<css::text::XTextCursor> select(CharacterRange range) const;
 
     // The position of a range's start in the text; count() outside of the body.
@@ -59,6 +63,9 @@ private:
     enum class Inside { Before, Behind };
     css::uno::Reference<css::text::XTextCursor> cursorTo(uint32_t position,
                                                          Inside inside = Inside::Before) const;
+    std::vector<ShownPiece> piecesOf(const BodyParagraph& paragraph) const;
+    uint32_t offsetIn(const BodyParagraph& paragraph,
+                      const css::uno::Reference<css::text::XTextCursor>& place) const;
     void setCursor(const RowMap& map, int64_t x, int64_t row) const;
     css::uno::Reference<css::uno::XInterface> selectedObject() const;
     void leaveObject() const;

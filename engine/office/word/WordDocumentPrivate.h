@@ -49,6 +49,8 @@ struct WordDocument::Private {
     void repaint();
     // Tints the parts of the ranges that lie in rows [first, last) of the stretch.
     void mark(PlacedRanges& ranges, int32_t first, int32_t last, const Colour& colour);
+    // Marks the hits on the surface, which is painted anew if it has marks.
+    void markHits(bool wasMarked);
     // Moves the stretch and reuses the rows that stay visible.
     void moveTo(int64_t row);
 

@@ -3,7 +3,37 @@
 #include "engine/office/Properties.h"
 #include "engine/office/word/WordDocumentPrivate.h"
 
+#include <algorithm>
+#include <string_view>
+
 namespace lectern::engine {
+
+namespace {
+
+int32_t wordsIn(std::u16string_view text) {
+    int32_t words = 0;
+    bool isInside = false;
+    for (const char16_t unit : text) {
+        const bool isBlank = unit == u' ' || unit == u'\t';
+        words += !isBlank && !isInside ? 1 : 0;
+        isInside = !isBlank;
+    }
+    return words;
+}
+
+// The words in the numbers and signs before list paragraphs. The suite counts
+// them as words of the text.
+int32_t wordsInLabels(const Body& body) {
+    int32_t words = 0;
+    for (const BodyParagraph& paragraph : body.paragraphs()) {
+        if (paragraph.kind != BodyParagraph::Kind::Attached) {
+            words += wordsIn(toText(property<OUString>(propertiesOf(paragraph.range), "ListLabelString")));
+        }
+    }
+    return words;
+}
+
+} // namespace
 
 int32_t WordDocument::information(DocumentInformation& information) {
     return guardedInOffice([&]() -> int32_t {
@@ -14,7 +44,8 @@ int32_t WordDocument::information(DocumentInformation& information) {
 
 int32_t WordDocument::wordCount(int32_t& count) {
     return guardedInOffice([&]() -> int32_t {
-        count = property<sal_Int32>(propertiesOf(mPrivate->document.model), "WordCount");
+        const auto all = property<sal_Int32>(propertiesOf(mPrivate->document.model), "WordCount");
+        count = std::max(all - wordsInLabels(mPrivate->prepared.body), 0);
         return MODULE_OK;
     });
 }

@@ -23,13 +23,21 @@ int32_t WordDocument::find(const std::u16string& text, CharacterRange bounds,
         hits = d.searchText->find(text, bounds);
         d.hits = PlacedRanges(hits);
         d.hitColour = d.highlight;
-        if (wasMarked) {
-            d.repaint();
-        } else if (d.surface.pixels != nullptr && d.isCurrent()) {
-            d.mark(d.hits, 0, d.surface.height, d.hitColour);
-        }
+        // The hits are found whether or not they can be marked; a failure leaves a line in the log.
+        std::ignore = guardedInOffice([&]() -> int32_t {
+            d.markHits(wasMarked);
+            return MODULE_OK;
+        });
         return MODULE_OK;
     });
+}
+
+void WordDocument::Private::markHits(bool wasMarked) {
+    if (wasMarked) {
+        repaint();
+    } else if (surface.pixels != nullptr && isCurrent()) {
+        mark(hits, 0, surface.height, hitColour);
+    }
 }
 
 int32_t WordDocument::foundRegions(std::vector<FoundRegion>& regions) {

@@ -78,6 +78,16 @@ DocxBuilder& DocxBuilder::paragraph(const std::string& text, const std::string& 
     return *this;
 }
 
+DocxBuilder& DocxBuilder::listItem(const std::string& text, const std::string& label) {
+    mLabel = label;
+    return paragraph(text, "<w:numPr><w:ilvl w:val=\"0\"/><w:numId w:val=\"1\"/></w:numPr>");
+}
+
+DocxBuilder& DocxBuilder::block(const std::string& xml) {
+    mBody += xml;
+    return *this;
+}
+
 DocxBuilder& DocxBuilder::pageBreak() {
     mBody += "<w:p>" + run("<w:br w:type=\"page\"/>") + "</w:p>";
     return *this;
@@ -159,6 +169,7 @@ std::filesystem::path DocxBuilder::write(const std::string& name) const {
         OfficeTest::write(parts + path, DECLARATION + xml);
     };
     const std::string footnotesPart = mFootnotes.empty() ? "" : override("footnotes", "footnotes");
+    const std::string labelPart = mLabel.empty() ? "" : override("numbering", "numbering");
     const std::string headerPart = mHeader.empty() ? "" : override("header1", "header");
     part("[Content_Types].xml",
          std::string("<Types xmlns=\"") + PACKAGE +
@@ -167,7 +178,7 @@ std::filesystem::path DocxBuilder::write(const std::string& name) const {
              "relationships+xml\"/><Default Extension=\"png\" ContentType=\"image/png\"/><Override "
              "PartName=\"/docProps/core.xml\" ContentType=\"application/vnd.openxmlformats-package."
              "core-properties+xml\"/>" +
-             override("document", "document.main") + footnotesPart + headerPart + "</Types>");
+             override("document", "document.main") + footnotesPart + headerPart + labelPart + "</Types>");
     OfficeTest::write(
         parts + "_rels/.rels",
         relationships(relationship("d", std::string(OFFICE) + "/officeDocument", "word/document.xml") +
@@ -179,7 +190,8 @@ std::filesystem::path DocxBuilder::write(const std::string& name) const {
             relationship("black", std::string(OFFICE) + "/image", "media/black.png") +
             (mFootnotes.empty() ? ""
                                 : relationship("n", std::string(OFFICE) + "/footnotes", "footnotes.xml")) +
-            (mHeader.empty() ? "" : relationship("h", std::string(OFFICE) + "/header", "header1.xml"))));
+            (mHeader.empty() ? "" : relationship("h", std::string(OFFICE) + "/header", "header1.xml")) +
+            (mLabel.empty() ? "" : relationship("l", std::string(OFFICE) + "/numbering", "numbering.xml"))));
     part("docProps/core.xml", std::string("<cp:coreProperties xmlns:cp=\"") + PACKAGE +
                                   "/metadata/core-properties\" xmlns:dc=\"http://purl.org/dc/elements/1.1/\" "
                                   "xmlns:dcterms=\"http://purl.org/dc/terms/\" "
@@ -190,6 +202,15 @@ std::filesystem::path DocxBuilder::write(const std::string& name) const {
     }
     if (!mHeader.empty()) {
         part("word/header1.xml", std::string("<w:hdr ") + WORD + ">" + mHeader + "</w:hdr>");
+    }
+    if (!mLabel.empty()) {
+        part("word/numbering.xml",
+             std::string("<w:numbering ") + WORD +
+                 "><w:abstractNum w:abstractNumId=\"0\"><w:lvl w:ilvl=\"0\"><w:start w:val=\"1\"/><w:numFmt "
+                 "w:val=\"decimal\"/><w:lvlText w:val=\"" +
+                 mLabel +
+                 "\"/></w:lvl></w:abstractNum><w:num w:numId=\"1\"><w:abstractNumId w:val=\"0\"/></w:num>"
+                 "</w:numbering>");
     }
     part("word/document.xml",
          std::string("<w:document ") + WORD + " xmlns:r=\"" + OFFICE +

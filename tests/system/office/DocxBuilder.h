@@ -11,6 +11,10 @@ namespace lectern::engine::test {
 class DocxBuilder {
 public:
     DocxBuilder& paragraph(const std::string& text, const std::string& properties = "");
+    // A paragraph with a label, such as "%1." or "Step %1:", where %1 is its number.
+    DocxBuilder& listItem(const std::string& text, const std::string& label);
+    // Adds a block of WordprocessingML, which declares further namespaces itself.
+    DocxBuilder& block(const std::string& xml);
     // Starts a new page.
     DocxBuilder& pageBreak();
     // Adds a table with one row; widths in twips.
@@ -33,6 +37,7 @@ private:
     std::string mBody;
     std::string mFootnotes;
     std::string mHeader;
+    std::string mLabel;
     std::string mProperties;
     int mNotes = 0;
     int mPictures = 0;
