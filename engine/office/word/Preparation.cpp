@@ -97,7 +97,7 @@ Reference<css::text::XTextRange> appendEnd(const Reference<css::text::XTextDocum
 void hideMarks(const Reference<css::text::XTextDocument>& model) {
     const Reference<css::view::XViewSettingsSupplier> view(model->getCurrentController(), UNO_QUERY);
     if (view.is()) {
-        setProperty(view->getViewSettings(), "ShowTextBoundaries", false);
+        setProperty(view->getViewSettings(), "ShowAnnotations", false);
     }
 }
 
