@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/office/word/Preparation.h"
 
+#include "engine/office/word/LineSpacing.h"
 #include "engine/office/word/PageStyles.h"
 
 #include <com/sun/star/document/XUndoManagerSupplier.hpp>
@@ -124,6 +125,7 @@ PreparedDocument prepareForReflow(const Reference<css::text::XTextDocument>& mod
     }
     const auto end = appendEnd(model, body, lastBlock);
     hideMarks(model);
+    loosenLines(body);
     std::vector<IndentedParagraph> indents = indentedParagraphs(body);
     return {std::move(body), std::move(shapes), std::move(indents), end};
 }
