@@ -15,6 +15,9 @@ struct Setting {
     const char* value;
 };
 
+#define COLOUR_SCHEME                                                                                        \
+    "Office.UI/ColorScheme/ColorSchemes/org.openoffice.Office.UI:ColorScheme['LibreOffice']/"
+
 constexpr Setting SETTINGS[] = {
     // No lock files beside documents. With another program's lock file the suite
     // would open the document read-only and silently ignore changes of its layout.
@@ -33,10 +36,16 @@ constexpr Setting SETTINGS[] = {
     {"Office.Common/Filter/Microsoft/Import", "WinWordToWriter", "false"},
     {"Office.Common/Filter/Microsoft/Import", "PowerPointToImpress", "false"},
     {"Office.Common/Filter/Microsoft/Import", "MathTypeToMath", "false"},
-    // Tables of contents are not shaded; the shading is a help for editing.
-    {"Office.UI/ColorScheme/ColorSchemes/org.openoffice.Office.UI:ColorScheme['LibreOffice']/"
-     "WriterIdxShadings",
-     "IsVisible", "false"},
+    // Helps for editing: shaded tables of contents and fields, lines around the
+    // cells of tables without borders, around sections, frames and the text.
+    {COLOUR_SCHEME "WriterIdxShadings", "IsVisible", "false"},
+    {COLOUR_SCHEME "WriterFieldShadings", "IsVisible", "false"},
+    {COLOUR_SCHEME "WriterSectionBoundaries", "IsVisible", "false"},
+    {COLOUR_SCHEME "TableBoundaries", "IsVisible", "false"},
+    {COLOUR_SCHEME "ObjectBoundaries", "IsVisible", "false"},
+    {COLOUR_SCHEME "DocBoundaries", "IsVisible", "false"},
+    // The shadow that a page casts on a desk shows in the page's corners.
+    {COLOUR_SCHEME "Shadow", "IsVisible", "false"},
     // Words that a dictionary lacks are not underlined.
     {"Office.Linguistic/SpellChecking", "IsSpellAuto", "false"},
     // Nothing is saved for a next session, because there is none.

@@ -12,7 +12,7 @@ namespace lectern::engine {
 
 // A picture, text frame, embedded object or drawing that is anchored as a character.
 struct FloatingShape {
-    enum class Kind { Drawing, Picture, TextFrame };
+    enum class Kind { Drawing, Picture };
 
     css::uno::Reference<css::drawing::XShape> shape;
     css::uno::Reference<css::beans::XPropertySet> properties;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/office/word/Preparation.h"
 
+#include "engine/office/word/LineSpacing.h"
 #include "engine/office/word/PageStyles.h"
 #include "engine/office/word/TrackedChanges.h"
 
@@ -98,7 +99,7 @@ Reference<css::text::XTextRange> appendEnd(const Reference<css::text::XTextDocum
 void hideMarks(const Reference<css::text::XTextDocument>& model) {
     const Reference<css::view::XViewSettingsSupplier> view(model->getCurrentController(), UNO_QUERY);
     if (view.is()) {
-        setProperty(view->getViewSettings(), "ShowTextBoundaries", false);
+        setProperty(view->getViewSettings(), "ShowAnnotations", false);
     }
 }
 
@@ -125,6 +126,7 @@ PreparedDocument prepareForReflow(const Reference<css::text::XTextDocument>& mod
     }
     const auto end = appendEnd(model, body, lastBlock);
     hideMarks(model);
+    loosenLines(body);
     std::vector<IndentedParagraph> indents = indentedParagraphs(body);
     return {std::move(body), std::move(shapes), std::move(indents), end};
 }

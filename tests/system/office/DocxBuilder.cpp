@@ -146,6 +146,19 @@ DocxBuilder& DocxBuilder::footnote(const std::string& text) {
     return *this;
 }
 
+DocxBuilder& DocxBuilder::comment(const std::string& text, const std::string& comment) {
+    mBody += "<w:p><w:commentRangeStart w:id=\"0\"/>" + run("<w:t>" + text + "</w:t>") +
+             "<w:commentRangeEnd w:id=\"0\"/>" + run("<w:commentReference w:id=\"0\"/>") + "</w:p>";
+    mComments += "<w:comment w:id=\"0\" w:author=\"A\"><w:p>" + run("<w:t>" + comment + "</w:t>") +
+                 "</w:p></w:comment>";
+    return *this;
+}
+
+DocxBuilder& DocxBuilder::body(const std::string& xml) {
+    mBody += xml;
+    return *this;
+}
+
 DocxBuilder& DocxBuilder::header(const std::string& text) {
     mHeader = "<w:p>" + run("<w:t>" + text + "</w:t>") + "</w:p>";
     return *this;
@@ -170,6 +183,7 @@ std::filesystem::path DocxBuilder::write(const std::string& name) const {
     };
     const std::string footnotesPart = mFootnotes.empty() ? "" : override("footnotes", "footnotes");
     const std::string labelPart = mLabel.empty() ? "" : override("numbering", "numbering");
+    const std::string commentsPart = mComments.empty() ? "" : override("comments", "comments");
     const std::string headerPart = mHeader.empty() ? "" : override("header1", "header");
     part("[Content_Types].xml",
          std::string("<Types xmlns=\"") + PACKAGE +
@@ -178,7 +192,8 @@ std::filesystem::path DocxBuilder::write(const std::string& name) const {
              "relationships+xml\"/><Default Extension=\"png\" ContentType=\"image/png\"/><Override "
              "PartName=\"/docProps/core.xml\" ContentType=\"application/vnd.openxmlformats-package."
              "core-properties+xml\"/>" +
-             override("document", "document.main") + footnotesPart + headerPart + labelPart + "</Types>");
+             override("document", "document.main") + commentsPart + footnotesPart + headerPart + labelPart +
+             "</Types>");
     OfficeTest::write(
         parts + "_rels/.rels",
         relationships(relationship("d", std::string(OFFICE) + "/officeDocument", "word/document.xml") +
@@ -188,6 +203,9 @@ std::filesystem::path DocxBuilder::write(const std::string& name) const {
         parts + "word/_rels/document.xml.rels",
         relationships(
             relationship("black", std::string(OFFICE) + "/image", "media/black.png") +
+            "<Relationship Id=\"missing\" Type=\"" + OFFICE +
+            "/image\" Target=\"file:///nowhere/missing.png\" TargetMode=\"External\"/>" +
+            (mComments.empty() ? "" : relationship("c", std::string(OFFICE) + "/comments", "comments.xml")) +
             (mFootnotes.empty() ? ""
                                 : relationship("n", std::string(OFFICE) + "/footnotes", "footnotes.xml")) +
             (mHeader.empty() ? "" : relationship("h", std::string(OFFICE) + "/header", "header1.xml")) +
@@ -197,6 +215,9 @@ std::filesystem::path DocxBuilder::write(const std::string& name) const {
                                   "xmlns:dcterms=\"http://purl.org/dc/terms/\" "
                                   "xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\">" +
                                   mProperties + "</cp:coreProperties>");
+    if (!mComments.empty()) {
+        part("word/comments.xml", std::string("<w:comments ") + WORD + ">" + mComments + "</w:comments>");
+    }
     if (!mFootnotes.empty()) {
         part("word/footnotes.xml", std::string("<w:footnotes ") + WORD + ">" + mFootnotes + "</w:footnotes>");
     }

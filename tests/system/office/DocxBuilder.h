@@ -24,6 +24,10 @@ public:
     DocxBuilder& picture(double width, double height, bool isInline = true);
     // Adds a reference to a footnote with this text.
     DocxBuilder& footnote(const std::string& text);
+    // Adds a paragraph with a comment on its text.
+    DocxBuilder& comment(const std::string& text, const std::string& comment);
+    // Adds blocks as they are, such as those of Floats.h.
+    DocxBuilder& body(const std::string& xml);
     DocxBuilder& header(const std::string& text);
     // Sets docProps/core.xml; times have the form "2012-03-04T05:06:07Z".
     DocxBuilder& properties(const std::string& title, const std::string& author,
@@ -35,6 +39,7 @@ public:
 
 private:
     std::string mBody;
+    std::string mComments;
     std::string mFootnotes;
     std::string mHeader;
     std::string mLabel;

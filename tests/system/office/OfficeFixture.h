@@ -38,8 +38,7 @@ public:
     int32_t scrollDown(int32_t rows);
     int32_t scrollUp(int32_t rows);
 
-    // White except for the faint shadow in the page's upper corners.
-    bool isWhite(int32_t x, int32_t y) const { return (at(x, y) & 0xFFF8F8F8) == 0xFFF8F8F8; }
+    bool isWhite(int32_t x, int32_t y) const { return at(x, y) == 0xFFFFFFFF; }
     uint32_t at(int32_t x, int32_t y) const { return mPixels[static_cast<size_t>(y * mWidth + x)]; }
     // Number of pixels in columns [left, right) of the stretch that are not white.
     int32_t ink(int32_t left, int32_t right) const;
