@@ -1,0 +1,77 @@
+# SPDX-License-Identifier: Apache-2.0
+"""The layout of a text: nothing on top of each other, nothing outside, all words there and in order."""
+import collections
+
+from fidelity.case import Case
+from fidelity.layout import LaidOutText, PlacedWord, contains, folded, once_each
+from fidelity.sampling import sample, words_of
+from fidelity.word_text import Paragraph
+
+WORDS = 200          # looked for in the layout
+OUTSIDE = 2.0        # pixels beyond the layout's width that are overhanging letters
+OVERLAP = 0.3        # part of the smaller word's area that neighbouring lines may share
+BAND = 64            # rows in which words are compared with each other
+SAME_LINE = 6.0      # rows by which a later word may stand higher in the same line
+SHOWN = 3            # examples in a fault's text
+
+
+def check_flow(case: Case, layout: LaidOutText) -> None:
+    paragraphs = case.evidence.paragraphs or []
+    for faults, what in ((outside(layout), 'outside of the text'), (overlaps(layout), 'on top of each other'),
+                         (missing(layout, paragraphs), 'not in the layout'),
+                         (disordered(layout, paragraphs), 'not in reading order')):
+        case.outcome.judge('flow', not faults, f'{len(faults)} words {what}: {", ".join(faults[:SHOWN])}')
+
+
+def outside(layout: LaidOutText) -> list[str]:
+    return [word.text for word in layout.words if word.left < -OUTSIDE or word.right > layout.width + OUTSIDE]
+
+
+def overlaps(layout: LaidOutText) -> list[str]:
+    """Pairs of words that cover each other. A text drawn twice, as with a shadow, is one text."""
+    bands: dict[tuple[int, int], list[PlacedWord]] = collections.defaultdict(list)
+    for word in layout.words:
+        bands[word.page, int(word.top) // BAND].append(word)
+    found = []
+    for (page, band), words in bands.items():
+        below = bands.get((page, band + 1), [])
+        for number, word in enumerate(words):
+            found += [f'"{word.text}" and "{other.text}"' for other in [*words[number + 1:], *below]
+                      if _cover(word, other)]
+    return found
+
+
+def _cover(one: PlacedWord, other: PlacedWord) -> bool:
+    across = min(one.right, other.right) - max(one.left, other.left)
+    down = min(one.bottom, other.bottom) - max(one.top, other.top)
+    smaller = min(_area(one), _area(other))
+    return across > 0 and down > 0 and smaller > 0 and across * down > OVERLAP * smaller and one.text != other.text
+
+
+def _area(word: PlacedWord) -> float:
+    return (word.right - word.left) * (word.bottom - word.top)
+
+
+def missing(layout: LaidOutText, paragraphs: list[Paragraph]) -> list[str]:
+    """Words of the file that the layout does not show. A word may be broken over two lines, so the text is joined."""
+    joined = folded(''.join(word.text for word in layout.words))
+    return [word for word in sample([paragraph.text for paragraph in paragraphs], WORDS)
+            if folded(word) not in joined and not any(contains(placed.text, folded(word)) for placed in layout.words)]
+
+
+def disordered(layout: LaidOutText, paragraphs: list[Paragraph]) -> list[str]:
+    """Words of body paragraphs that stand above a word that comes before them. Cells of a row stand beside each
+    other, and boxes where their paragraph is, so only words that stand once in the file and in the layout count."""
+    places = once_each(layout.words)
+    counts = collections.Counter(word for paragraph in paragraphs for word in map(folded, words_of(paragraph.text)))
+    found = []
+    before: PlacedWord | None = None
+    for paragraph in paragraphs:
+        for word in map(folded, words_of(paragraph.text) if paragraph.place == 'body' else []):
+            place = places.get(word)
+            if place is None or counts[word] != 1:
+                continue
+            if before is not None and (place.page, place.bottom) < (before.page, before.top + SAME_LINE):
+                found.append(f'"{place.text}" above "{before.text}"')
+            before = place
+    return found

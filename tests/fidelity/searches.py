@@ -1,0 +1,121 @@
+# SPDX-License-Identifier: Apache-2.0
+"""Searches: are the words found, as often as an independent reader counts them, and are they marked?"""
+import calendar
+import re
+
+import numpy
+
+from fidelity.case import Case
+from fidelity.layout import LaidOutText
+from fidelity.pictures import Box, boxes_of, changed_pixels, has_ink
+from fidelity.sampling import occurrences, sample, texts_with
+
+WORDS = 20
+IN_A_ROW = 10          # searches without closing the one before
+LEAST_MARK = 3         # sides of a mark in pixels; smaller changes are the edges of letters
+NARROWEST_LETTER = 0.1  # widths of letters as parts of the mark's height
+WIDEST_LETTER = 1.7
+SHOWN_BY_FORMATS = {name.casefold() for names in (calendar.month_name, calendar.day_name) for name in names}
+
+
+def check_text_searches(case: Case, layout: LaidOutText | None) -> None:
+    """Texts: ten searches one after another, then ten that are closed and looked at."""
+    texts = [paragraph.text for paragraph in case.evidence.paragraphs or []]
+    words = sample(texts, WORDS)
+    for number, word in enumerate(words):
+        case.seconds_left()
+        hits = case.viewer.search(word)
+        expected = occurrences(word, texts)
+        case.outcome.judge('counts', hits == expected, f'"{word}": {hits} hits, the file has {expected}')
+        if number >= IN_A_ROW and hits > 0:
+            _check_text_mark(case, word, layout)
+    if words:
+        case.viewer.end_search()
+
+
+def check_sheet_searches(case: Case) -> None:
+    """The first sheet of a workbook: hits are cells."""
+    assert case.evidence.sheet is not None
+    cells = case.evidence.sheet.cells
+    texts = [cell.text for cell in cells]
+    hidden = [cell.text for cell in cells if cell.hidden]
+    for number, word in enumerate(_sheet_words(case, texts, hidden)):
+        case.seconds_left()
+        hits = case.viewer.search(word)
+        expected = texts_with(word, texts)
+        case.outcome.judge('counts', hits == expected, f'"{word}": {hits} cells, the file has {expected}')
+        if number >= IN_A_ROW and hits > 0:
+            _check_cell_mark(case, word)
+    if texts:
+        case.viewer.end_search()
+
+
+def check_slide_searches(case: Case) -> None:
+    """Decks, whose hits are not counted: each word is marked on the slide that has it."""
+    slides = case.evidence.slides or []
+    for word in sample([text for slide in slides for text in slide], WORDS):
+        case.seconds_left()
+        number = next(i for i, slide in enumerate(slides) if occurrences(word, slide))
+        if number >= case.viewer.slide_count():
+            continue  # another check tells that slides are missing
+        case.viewer.show_slide(number)
+        before = case.viewer.paint().pixels
+        case.viewer.search(word)
+        marked = case.viewer.paint().pixels
+        case.viewer.end_search()
+        boxes = _marks(marked, before)
+        elsewhere = sum(box.width * box.height for box in boxes) > before.shape[0] * before.shape[1] / 2
+        right = bool(boxes) and not elsewhere and all(has_ink(before, box) for box in boxes)
+        picture = None if right else case.keep(f'mark-{word}', [before, marked])
+        case.outcome.judge('marks', right, f'"{word}" is not marked on slide {number + 1}', picture)
+
+
+def fault_of_mark(box: Box, word: str, without: numpy.ndarray) -> str:
+    """Why a mark cannot be that of the word; empty when it can."""
+    if not has_ink(without, box):
+        return 'a mark where nothing is written'
+    if box.width > WIDEST_LETTER * len(word) * box.height:
+        return 'a mark that is too wide for the word'
+    if box.width < NARROWEST_LETTER * len(word) * box.height:
+        return 'a mark that is too narrow for the word'
+    return ''
+
+
+def _sheet_words(case: Case, texts: list[str], hidden: list[str]) -> list[str]:
+    """Words that no number or date shows, and that do not stand in hidden cells."""
+    assert case.evidence.sheet is not None
+    formats = re.sub(r'[^\w]', ' ', case.evidence.sheet.formats).casefold()
+    usable = [word for word in sample(texts, 4 * WORDS)
+              if word.casefold() not in formats and not any(word.casefold() in name for name in SHOWN_BY_FORMATS)
+              and not texts_with(word, hidden)]
+    return usable[:WORDS]
+
+
+def _marks(marked: numpy.ndarray, without: numpy.ndarray) -> list[Box]:
+    return [box for box in boxes_of(changed_pixels(marked, without))
+            if box.width >= LEAST_MARK and box.height >= LEAST_MARK]
+
+
+def _check_text_mark(case: Case, word: str, layout: LaidOutText | None) -> None:
+    marked = case.viewer.paint()
+    case.viewer.end_search()
+    without = case.viewer.paint()
+    boxes = _marks(marked.pixels, without.pixels) if (marked.x, marked.y) == (without.x, without.y) else []
+    whole = [box for box in boxes if 0 < box.top and box.bottom < without.pixels.shape[0]]
+    faults = [fault for box in whole if (fault := fault_of_mark(box, word, without.pixels))]
+    if not boxes:
+        faults.append('no mark on the screen')
+    elif layout is not None and not faults:
+        faults += [fault for box in whole if (fault := layout.fault_of_mark(box, word))]
+    picture = case.keep(f'mark-{word}', [without.pixels, marked.pixels]) if faults else None
+    case.outcome.judge('marks', not faults, f'"{word}": {faults[0] if faults else ""}', picture)
+
+
+def _check_cell_mark(case: Case, word: str) -> None:
+    marked = case.viewer.paint().pixels
+    case.viewer.end_search()
+    without = case.viewer.paint().pixels
+    boxes = _marks(marked, without)
+    right = bool(boxes) and any(has_ink(without, box) for box in boxes)
+    picture = None if right else case.keep(f'mark-{word}', [without, marked])
+    case.outcome.judge('marks', right, f'"{word}": no mark on the screen', picture)
