@@ -21,6 +21,9 @@ class Programs:
     """The built programs that the checks start."""
     folder: pathlib.Path
 
+    def are_built(self) -> bool:
+        return all(program.is_file() for program in (self.viewer, self.word_layout, self.bare_parts))
+
     @property
     def viewer(self) -> pathlib.Path:
         return self.folder / 'fidelity_viewer'

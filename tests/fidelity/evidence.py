@@ -4,28 +4,33 @@ import dataclasses
 import pathlib
 
 from fidelity.package import Unreadable
-from fidelity.sheet_text import SheetText, read_first_sheet
+from fidelity.pictures import Box
+from fidelity.sheet_text import Cell, read_first_sheet
 from fidelity.slide_text import read_slides
-from fidelity.suite import Suite, SuiteDocument, SuiteFailed
+from fidelity.suite import FirstCells, Suite, SuiteDocument, SuiteFailed
 from fidelity.word_text import Paragraph, read_plain, read_word
 
-CELL_COLUMNS = 12  # more than a first screen shows
+SCREEN_PIXELS = 480  # across; cells of further columns are not looked at
 CELL_ROWS = 40
+SHEET_PIXELS_PER_INCH = 144  # of a sheet as it opens
 OWN_XML = ('.docx', '.xlsx', '.pptx')
+TEXTS = {'word': 'paragraphs', 'sheet': 'cells', 'slide': 'slides'}
 READERS = {'word': read_word, 'sheet': read_first_sheet, 'slide': read_slides}
 
 
 @dataclasses.dataclass
 class Evidence:
     suite_opens: bool = False
-    reason: str = ''                              # why the suite does not
-    paragraphs: list[Paragraph] | None = None     # of a text
-    slides: list[list[str]] | None = None         # of a deck: the paragraphs of each slide
-    sheet: SheetText | None = None                # of a workbook: its first sheet
-    cells: list[list[str]] | None = None          # the same, as the suite shows its first cells
+    reason: str = ''                 # why the suite does not
+    paragraphs: list[Paragraph] = dataclasses.field(default_factory=list)  # of a text
+    slides: list[list[str]] = dataclasses.field(default_factory=list)      # of a deck: the paragraphs of each slide
+    cells: list[Cell] = dataclasses.field(default_factory=list)            # of a workbook's first sheet: its texts
+    shown_cells: list[str] = dataclasses.field(default_factory=list)       # all its cells as the suite shows them
+    first_cells: FirstCells = dataclasses.field(default_factory=FirstCells)
+    drawings: list[Box] = dataclasses.field(default_factory=list)          # their places in pixels
     first_sheet_hidden: bool = False
     first_sheet_commented: bool = False
-    pdf: pathlib.Path | None = None               # of a deck, with its hidden slides
+    pdf: pathlib.Path | None = None  # of a deck, with its hidden slides
 
 
 def gather(path: pathlib.Path, kind: str, suite: Suite, scratch: pathlib.Path, seconds: float) -> Evidence:
@@ -34,22 +39,17 @@ def gather(path: pathlib.Path, kind: str, suite: Suite, scratch: pathlib.Path, s
     texts = _own_text(path, kind)
     try:
         with suite.document(path, kind, seconds) as document:
-            evidence.suite_opens = True
             _ask(document, kind, scratch, evidence)
+            evidence.suite_opens = True
             if texts is None:
                 texts = READERS[kind](document.write_modern(scratch))
     except (SuiteFailed, Unreadable) as failure:
         evidence.reason = str(failure)
-    if kind == 'word':
-        evidence.paragraphs = texts
-    elif kind == 'slide':
-        evidence.slides = texts
-    else:
-        evidence.sheet = texts
+    setattr(evidence, TEXTS[kind], texts or [])
     return evidence
 
 
-def _own_text(path: pathlib.Path, kind: str) -> object | None:
+def _own_text(path: pathlib.Path, kind: str) -> list | None:
     if path.suffix.lower() == '.txt':
         return read_plain(path)
     if path.suffix.lower() not in OWN_XML:
@@ -66,6 +66,8 @@ def _ask(document: SuiteDocument, kind: str, scratch: pathlib.Path, evidence: Ev
         document.remove_hidden_shapes()
         document.write_pdf(evidence.pdf)
     elif kind == 'sheet':
-        evidence.cells = document.cell_rows(0, CELL_COLUMNS, CELL_ROWS)
+        evidence.first_cells = document.first_cells(0, SCREEN_PIXELS, CELL_ROWS, SHEET_PIXELS_PER_INCH)
+        evidence.shown_cells = document.shown_cells(scratch)
+        evidence.drawings = document.drawings(0, SHEET_PIXELS_PER_INCH)
         evidence.first_sheet_hidden = document.is_hidden(0)
         evidence.first_sheet_commented = document.has_comments(0)

@@ -102,10 +102,10 @@ class Examiner:
     def _check_sheet(self, case: Case) -> None:
         if 'pictures' in self._checks:
             check_sheet_picture(case)
-        if self._checks & {'counts', 'marks'} and case.evidence.sheet is not None:
-            check_sheet_searches(case)
         if 'cells' in self._checks:
             check_cell_texts(case)
+        if self._checks & {'counts', 'marks'}:
+            check_sheet_searches(case)
 
     def _check_deck(self, case: Case, pages: int, height: int) -> None:
         if 'slides' in self._checks and pages:

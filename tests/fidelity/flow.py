@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: Apache-2.0
 """The layout of a text: nothing on top of each other, nothing outside, all words there and in order."""
 import collections
+import unicodedata
 
 from fidelity.case import Case
 from fidelity.layout import LaidOutText, PlacedWord, contains, folded, once_each
@@ -16,7 +17,7 @@ SHOWN = 3            # examples in a fault's text
 
 
 def check_flow(case: Case, layout: LaidOutText) -> None:
-    paragraphs = case.evidence.paragraphs or []
+    paragraphs = case.evidence.paragraphs
     for faults, what in ((outside(layout), 'outside of the text'), (overlaps(layout), 'on top of each other'),
                          (missing(layout, paragraphs), 'not in the layout'),
                          (disordered(layout, paragraphs), 'not in reading order')):
@@ -24,7 +25,15 @@ def check_flow(case: Case, layout: LaidOutText) -> None:
 
 
 def outside(layout: LaidOutText) -> list[str]:
-    return [word.text for word in layout.words if word.left < -OUTSIDE or word.right > layout.width + OUTSIDE]
+    return [word.text for word in layout.words
+            if word.left < -OUTSIDE or word.right > layout.width + OUTSIDE + _hanging(word)]
+
+
+def _hanging(word: PlacedWord) -> float:
+    """East Asian punctuation at the end of a line may hang into the margin."""
+    last = word.text[-1:] or ' '
+    wide = unicodedata.east_asian_width(last) in ('W', 'F') and unicodedata.category(last).startswith('P')
+    return word.bottom - word.top if wide else 0.0
 
 
 def overlaps(layout: LaidOutText) -> list[str]:

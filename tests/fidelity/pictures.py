@@ -7,6 +7,7 @@ import numpy
 from PIL import Image
 
 CHANGED = 8  # difference of a channel that is more than rounding
+UNEVEN = 3   # columns by which the rows of a rectangle may differ, and the widest gap in them
 GAP = 4      # columns between two pictures that are kept side by side
 
 
@@ -37,35 +38,38 @@ def changed_pixels(one: numpy.ndarray, other: numpy.ndarray, least: int = CHANGE
     return (numpy.abs(one.astype(numpy.int16) - other.astype(numpy.int16)) >= least).any(axis=2)
 
 
-def boxes_of(mask: numpy.ndarray) -> list[Box]:
-    """The boxes around the connected parts of a mask."""
+def rectangles_of(mask: numpy.ndarray) -> list[Box]:
+    """The rectangles that a mask consists of. Where the sides move, as from one line to the next, another begins."""
     done: list[Box] = []
     growing: list[Box] = []
     for row in range(mask.shape[0]):
-        growing, finished = _grown(growing, _runs(mask[row]), row)
-        done += finished
+        reached = []
+        for left, right in _runs(mask[row]):
+            above = next((box for box in growing if _continues(box, left, right)), None)
+            if above is not None:
+                growing.remove(above)
+            top = above.top if above is not None else row
+            reached.append(Box(min(left, above.left) if above else left, top,
+                               max(right, above.right) if above else right, row + 1))
+        done += growing
+        growing = reached
     return done + growing
 
 
+def _continues(box: Box, left: int, right: int) -> bool:
+    return abs(box.left - left) <= UNEVEN and abs(box.right - right) <= UNEVEN
+
+
 def _runs(row: numpy.ndarray) -> list[tuple[int, int]]:
+    """The changed parts of a row; a small gap, such as a black letter, does not end a part."""
     edges = numpy.flatnonzero(numpy.diff(numpy.concatenate(([False], row, [False])).astype(numpy.int8)))
-    return [(int(first), int(last)) for first, last in edges.reshape(-1, 2)]
-
-
-def _grown(boxes: list[Box], runs: list[tuple[int, int]], row: int) -> tuple[list[Box], list[Box]]:
-    """The boxes that reach this row, with its runs added, and those that ended above it."""
-    reached = [Box(first, row, last, row + 1) for first, last in runs]
-    finished = []
-    for box in boxes:
-        touching = [other for other in reached if other.left < box.right and box.left < other.right]
-        if not touching:
-            finished.append(box)
-            continue
-        reached = [other for other in reached if other not in touching]
-        together = [box, *touching]
-        reached.append(Box(min(b.left for b in together), min(b.top for b in together),
-                           max(b.right for b in together), max(b.bottom for b in together)))
-    return reached, finished
+    runs: list[tuple[int, int]] = []
+    for first, last in edges.reshape(-1, 2).tolist():
+        if runs and first - runs[-1][1] <= UNEVEN:
+            runs[-1] = (runs[-1][0], last)
+        else:
+            runs.append((first, last))
+    return runs
 
 
 def has_ink(picture: numpy.ndarray, box: Box) -> bool:

@@ -18,6 +18,7 @@ from fidelity.report import is_right, line_of, table_of
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 INTERRUPTED = 130
 STATUS_FAULTS = 1
+STATUS_MISUSE = 2
 POLL_SECONDS = 1.0  # between looks at whether the workers live
 
 DESCRIPTION = """Shows whether Lectern shows documents right. Compares the built service with what the
@@ -137,7 +138,10 @@ def main(words: list[str]) -> int:
     paths = documents_in(options.documents)
     if not paths:
         print(f'fidelity: no documents in {", ".join(map(str, options.documents))}', file=sys.stderr)
-        return 2
+        return STATUS_MISUSE
+    if not Programs(options.programs).are_built():
+        print(f'fidelity: {options.programs} has not all programs; run: scripts/build release', file=sys.stderr)
+        return STATUS_MISUSE
     outcomes: list[Outcome] = []
     status = 0
     try:

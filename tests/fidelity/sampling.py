@@ -21,7 +21,11 @@ def words_of(text: str) -> list[str]:
 
 def sample(texts: list[str], most: int) -> list[str]:
     """At most so many different words, spread evenly over the texts. The same texts have the same sample."""
-    distinct = list({word.casefold(): word for text in texts for word in words_of(text)}.values())
+    by_case: dict[str, str] = {}
+    for text in texts:
+        for word in words_of(text):
+            by_case.setdefault(word.casefold(), word)
+    distinct = list(by_case.values())
     if len(distinct) <= most:
         return distinct
     return [distinct[i * len(distinct) // most] for i in range(most)]

@@ -16,13 +16,6 @@ class Cell:
     hidden: bool
 
 
-@dataclasses.dataclass
-class SheetText:
-    title: str
-    cells: list[Cell]
-    formats: str  # of all numbers of the workbook; they may contain words
-
-
 def column_number(name: str) -> int:
     """The number of column "A" is 0."""
     number = 0
@@ -48,7 +41,7 @@ def cells_of(sheet: ET.Element, shared: list[str]) -> list[Cell]:
     return cells
 
 
-def read_first_sheet(path: pathlib.Path) -> SheetText:
+def read_first_sheet(path: pathlib.Path) -> list[Cell]:
     package = Package(path)
     try:
         main = package.main_part()
@@ -57,10 +50,7 @@ def read_first_sheet(path: pathlib.Path) -> SheetText:
         if entry is None:
             raise Unreadable('no sheet')
         shared = [_joined(item) for part in package.related(main, 'sharedStrings') for item in package.part(part)]
-        formats = ' '.join(form.get('formatCode', '') for part in package.related(main, 'styles')
-                           for form in _named(package.part(part), 'numFmt'))
-        sheet = package.part(links[reference(entry)][1])
-        return SheetText(entry.get('name', ''), cells_of(sheet, shared), formats)
+        return cells_of(package.part(links[reference(entry)][1]), shared)
     finally:
         package.close()
 

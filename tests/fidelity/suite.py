@@ -1,6 +1,9 @@
 # SPDX-License-Identifier: Apache-2.0
 """The office suite in a process of its own, as `soffice --headless` runs it."""
 import contextlib
+import csv
+import dataclasses
+import itertools
 import os
 import pathlib
 import shutil
@@ -15,15 +18,41 @@ import uno
 from com.sun.star.beans import PropertyValue
 from com.sun.star.uno import Exception as UnoException
 
+from fidelity.pictures import Box
+
 START_SECONDS = 60
+EDGE = 4  # pixels
+HUNDREDTHS_OF_MM_PER_INCH = 2540
 SERVICES = {'word': 'com.sun.star.text.TextDocument', 'sheet': 'com.sun.star.sheet.SpreadsheetDocument',
             'slide': 'com.sun.star.presentation.PresentationDocument'}
 MODERN_FILTERS = {'word': ('docx', 'MS Word 2007 XML'), 'sheet': ('xlsx', 'Calc MS Excel 2007 XML'),
                   'slide': ('pptx', 'Impress MS PowerPoint 2007 XML')}
+# Commas, quotes, UTF-8, from row 1 on, all columns as text, quoted, as shown, and the first sheet.
+CSV_OPTIONS = '44,34,76,1,,0,true,true,true,false,false,1'
+csv.field_size_limit(1 << 24)
 
 
 class SuiteFailed(Exception):
     """The suite did not open or write a document, or ended on it."""
+
+
+@dataclasses.dataclass
+class FirstCells:
+    rows: list[list[str]] = dataclasses.field(default_factory=list)  # their texts
+    visible: list[bool] = dataclasses.field(default_factory=list)    # for each row
+    widths: list[float] = dataclasses.field(default_factory=list)    # of the columns in pixels
+
+    def touch_points(self, pixels: float) -> list[float]:
+        """For each column that is clearly within so many pixels a point in it: away from its edges, which may be
+        rounded in another way elsewhere."""
+        begins = itertools.accumulate(self.widths, initial=0.0)
+        points = [begin + min(width / 2, EDGE) for begin, width in zip(begins, self.widths)]
+        return [point for point in points if point < pixels - EDGE]
+
+    def texts(self, columns: int, with_hidden: bool) -> list[str]:
+        """The texts of the first columns, row by row."""
+        return [text for row, visible in zip(self.rows, self.visible) if visible or with_hidden
+                for text in row[:columns]]
 
 
 class Suite:
@@ -69,7 +98,7 @@ class Suite:
             return
         self._kill()
         pipe = f'fidelity-{os.getpid()}-{time.monotonic_ns()}'
-        environment = {**os.environ, 'TMPDIR': str(self._folder), 'LC_ALL': 'en_US.UTF-8'}
+        environment = {**os.environ, 'TMPDIR': str(self._folder), 'LC_ALL': 'C.UTF-8'}
         self._process = subprocess.Popen(
             ['soffice', '--headless', '--norestore', '--nologo', '--nodefault', f'--accept=pipe,name={pipe};urp;',
              f'-env:UserInstallation={(self._folder / "profile").as_uri()}'],
@@ -128,18 +157,48 @@ class SuiteDocument:
         self._component.storeToURL(path.as_uri(), (_property('FilterName', name),))
         return path
 
-    def cell_rows(self, number: int, columns: int, rows: int) -> list[list[str]]:
-        """The texts of the cells of a sheet's first columns and rows, without the hidden ones."""
+    def first_cells(self, number: int, pixels: int, rows: int, pixels_per_inch: int) -> FirstCells:
+        """The first rows of the columns that begin within so many pixels, without the hidden columns."""
         sheet = self._component.Sheets.getByIndex(number)
-        across = [i for i in range(columns) if sheet.Columns.getByIndex(i).IsVisible]
-        down = [i for i in range(rows) if sheet.Rows.getByIndex(i).IsVisible]
-        return [[sheet.getCellByPosition(column, row).String for column in across] for row in down]
+        cells = FirstCells(visible=[sheet.Rows.getByIndex(row).IsVisible for row in range(rows)])
+        across = []
+        for column in range(sheet.Columns.Count):
+            if sum(cells.widths) >= pixels:
+                break
+            properties = sheet.Columns.getByIndex(column)
+            if properties.IsVisible:
+                cells.widths.append(properties.Width * pixels_per_inch / HUNDREDTHS_OF_MM_PER_INCH)
+                across.append(column)
+        cells.rows = [[sheet.getCellByPosition(column, row).String for column in across] for row in range(rows)]
+        return cells
+
+    def shown_cells(self, folder: pathlib.Path) -> list[str]:
+        """The texts of all cells of the first sheet that are not empty, as they are shown."""
+        self._component.storeToURL((folder / 'cells.csv').as_uri(), (
+            _property('FilterName', 'Text - txt - csv (StarCalc)'), _property('FilterOptions', CSV_OPTIONS)))
+        # The suite adds the sheet's name, which may not be a name of a file.
+        return [cell for path in folder.glob('cells*.csv') for cell in _cells_of_csv(path)]
 
     def is_hidden(self, number: int) -> bool:
         return not self._component.Sheets.getByIndex(number).IsVisible
 
+    def drawings(self, number: int, pixels_per_inch: int) -> list[Box]:
+        """The places of a sheet's drawings in pixels."""
+        page = self._component.Sheets.getByIndex(number).DrawPage
+        boxes = []
+        for shape in [page.getByIndex(i) for i in range(page.Count)]:
+            left, top, across, down = (round(length * pixels_per_inch / HUNDREDTHS_OF_MM_PER_INCH) for length in (
+                shape.Position.X, shape.Position.Y, shape.Size.Width, shape.Size.Height))
+            boxes.append(Box(left, top, left + across, top + down))
+        return boxes
+
     def has_comments(self, number: int) -> bool:
         return self._component.Sheets.getByIndex(number).Annotations.Count > 0
+
+
+def _cells_of_csv(path: pathlib.Path) -> list[str]:
+    with path.open(encoding='utf-8', errors='replace', newline='') as file:
+        return [cell for row in csv.reader(line.replace('\0', '') for line in file) for cell in row if cell]
 
 
 def _property(name: str, value: object) -> PropertyValue:

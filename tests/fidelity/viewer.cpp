@@ -159,7 +159,11 @@ private:
         if (failure) {
             return failed(*failure);
         }
+        // The glide that ends a drag ends with a paint, and would undo later moves.
         mDocument->settle();
+        if (failure = mDocument->paint(mLimits); failure) {
+            return failed(*failure);
+        }
         return outcome(
             excel::copySelection(mBus, mDocument->docid(), request.string("file").value_or(""), mLimits));
     }
