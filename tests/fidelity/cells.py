@@ -44,8 +44,8 @@ def fault_of_copy(copied: str, expected: list[str]) -> str:
 
 def check_sheet_picture(case: Case) -> None:
     """Compares the cells' pixels with those that the suite alone paints."""
-    if not case.evidence.suite_opens or case.evidence.first_sheet_hidden or case.evidence.first_sheet_commented:
-        return  # Lectern marks comments in its own way
+    if not case.evidence.suite_opens or case.evidence.first_sheet_hidden:
+        return
     frame = case.viewer.paint().pixels
     across, down = header_size(frame)
     cells = frame[down + 1:, across + 1:]
@@ -65,7 +65,8 @@ def header_size(frame: numpy.ndarray) -> tuple[int, int]:
 
 
 def changed_part(cells: numpy.ndarray, bare: numpy.ndarray, drawings: list[Box]) -> float:
-    """The part of the used cells' pixels that differ. The suite alone displaces drawings, so these do not count."""
+    """The part of the used cells' pixels that differ. The suite alone displaces drawings, and Lectern
+    marks comments in its own way, so these do not count."""
     changed = changed_pixels(cells, bare, CLEARLY)
     for box in drawings:
         changed[max(box.top - DISPLACED, 0):max(box.bottom + DISPLACED, 0),

@@ -27,9 +27,8 @@ class Evidence:
     cells: list[Cell] = dataclasses.field(default_factory=list)            # of a workbook's first sheet: its texts
     shown_cells: list[str] = dataclasses.field(default_factory=list)       # all its cells as the suite shows them
     first_cells: FirstCells = dataclasses.field(default_factory=FirstCells)
-    drawings: list[Box] = dataclasses.field(default_factory=list)          # their places in pixels
+    drawings: list[Box] = dataclasses.field(default_factory=list)          # and its comments: places in pixels
     first_sheet_hidden: bool = False
-    first_sheet_commented: bool = False
     pdf: pathlib.Path | None = None  # of a deck, with its hidden slides
 
 
@@ -70,4 +69,3 @@ def _ask(document: SuiteDocument, kind: str, scratch: pathlib.Path, evidence: Ev
         evidence.shown_cells = document.shown_cells(scratch)
         evidence.drawings = document.drawings(0, SHEET_PIXELS_PER_INCH)
         evidence.first_sheet_hidden = document.is_hidden(0)
-        evidence.first_sheet_commented = document.has_comments(0)

@@ -4,15 +4,16 @@ import collections
 import unicodedata
 
 from fidelity.case import Case
-from fidelity.layout import LaidOutText, PlacedWord, contains, folded, once_each
+from fidelity.layout import LaidOutText, PlacedWord, contains, folded, is_right_to_left, lines_of, once_each
 from fidelity.sampling import sample, words_of
 from fidelity.word_text import Paragraph
 
 WORDS = 200          # looked for in the layout
 OUTSIDE = 2.0        # pixels beyond the layout's width that are overhanging letters
-OVERLAP = 0.3        # part of the smaller word's area that neighbouring lines may share
+CORE = 0.6           # part of a word's height that contains letters
+OVERLAP = 0.15       # part of the smaller word's core that overhanging letters may cover
 BAND = 64            # rows in which words are compared with each other
-SAME_LINE = 6.0      # rows by which a later word may stand higher in the same line
+SAME_LINE = 6.0      # rows by which the tops of words in a line may differ
 SHOWN = 3            # examples in a fault's text
 
 
@@ -52,20 +53,38 @@ def overlaps(layout: LaidOutText) -> list[str]:
 
 def _cover(one: PlacedWord, other: PlacedWord) -> bool:
     across = min(one.right, other.right) - max(one.left, other.left)
-    down = min(one.bottom, other.bottom) - max(one.top, other.top)
-    smaller = min(_area(one), _area(other))
-    return across > 0 and down > 0 and smaller > 0 and across * down > OVERLAP * smaller and one.text != other.text
+    down = min(_core_bottom(one), _core_bottom(other)) - max(_core_top(one), _core_top(other))
+    smaller = min(_core_area(one), _core_area(other))
+    return (across > 0 and down > 0 and smaller > 0 and across * down > OVERLAP * smaller and one.text != other.text
+            and not _are_pieces(one, other))
 
 
-def _area(word: PlacedWord) -> float:
-    return (word.right - word.left) * (word.bottom - word.top)
+def _are_pieces(one: PlacedWord, other: PlacedWord) -> bool:
+    """Joined letters in a line from right to left come from PDF as words that cover each other."""
+    return abs(one.top - other.top) < SAME_LINE and is_right_to_left(one.text) and is_right_to_left(other.text)
+
+
+def _core_top(word: PlacedWord) -> float:
+    """A word's place is as high as its font, and lines may be closer: only the middle surely contains letters."""
+    return word.top + (word.bottom - word.top) * (1 - CORE) / 2
+
+
+def _core_bottom(word: PlacedWord) -> float:
+    return word.bottom - (word.bottom - word.top) * (1 - CORE) / 2
+
+
+def _core_area(word: PlacedWord) -> float:
+    return (word.right - word.left) * (word.bottom - word.top) * CORE
 
 
 def missing(layout: LaidOutText, paragraphs: list[Paragraph]) -> list[str]:
-    """Words of the file that the layout does not show. A word may be broken over two lines, so the text is joined."""
+    """Words of the file that the layout does not show. A word may be broken over two lines, so the text is joined;
+    in a line from right to left it may come backwards or in pieces, so its letters are looked for in each line."""
     joined = folded(''.join(word.text for word in layout.words))
+    lines = lines_of(layout.words)
     return [word for word in sample([paragraph.text for paragraph in paragraphs], WORDS)
-            if folded(word) not in joined and not any(contains(placed.text, folded(word)) for placed in layout.words)]
+            if folded(word) not in joined and folded(word)[::-1] not in joined
+            and not (is_right_to_left(word) and any(contains(line, folded(word)) for line in lines))]
 
 
 def disordered(layout: LaidOutText, paragraphs: list[Paragraph]) -> list[str]:

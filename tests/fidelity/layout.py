@@ -12,6 +12,8 @@ import xml.etree.ElementTree as ET
 
 from fidelity.pictures import Box
 
+POINTS_PER_INCH = 72
+RESOLUTION = 1440  # of the places; pdftotext leaves out most letters that are smaller than 3 units
 NEAR = 4.0  # pixels between a mark and its word that are rounding or overhanging letters
 CONTROL = re.compile('[\x00-\x08\x0b\x0c\x0e-\x1f]')
 STEMS = ('xMin', 'yMin', 'xMax', 'yMax')
@@ -68,7 +70,7 @@ def lay_out(program: pathlib.Path, path: pathlib.Path, width: int, dpi: int, scr
     try:
         subprocess.run([program, path.resolve(), str(width), str(dpi), pdf], check=True, capture_output=True,
                        timeout=seconds)
-        listed = subprocess.run(['pdftotext', '-bbox', pdf, '-'], check=True, capture_output=True,
+        listed = subprocess.run(['pdftotext', '-r', str(RESOLUTION), '-bbox', pdf, '-'], check=True, capture_output=True,
                                 timeout=seconds).stdout
     except (subprocess.SubprocessError, OSError) as failure:
         raise NoLayout(str(failure)) from failure
@@ -76,15 +78,24 @@ def lay_out(program: pathlib.Path, path: pathlib.Path, width: int, dpi: int, scr
 
 
 def read_words(listed: str, width: int) -> LaidOutText:
-    """Reads pdftotext's list. The pages of a long layout are scaled down, so their width tells the scale."""
+    """Reads pdftotext's list. The pages of a long layout are scaled down, so their width, which is in points, tells the
+    scale."""
     root = ET.fromstring(CONTROL.sub('', listed))
     words = []
     for number, page in enumerate(element for element in root.iter() if element.tag.endswith('page')):
-        scale = width / float(page.get('width', width))
+        scale = width / float(page.get('width', width)) * POINTS_PER_INCH / RESOLUTION
         for word in page:
             left, top, right, bottom = (float(word.get(name, 0)) * scale for name in STEMS)
             words.append(PlacedWord(word.text or '', number, left, top, right, bottom))
     return LaidOutText(float(width), words)
+
+
+def lines_of(words: list[PlacedWord]) -> list[str]:
+    """The texts of the words that have the same top, together."""
+    lines: dict[tuple[int, int], str] = collections.defaultdict(str)
+    for word in words:
+        lines[word.page, round(word.top)] += word.text
+    return list(lines.values())
 
 
 def once_each(words: list[PlacedWord]) -> dict[str, PlacedWord]:

@@ -22,6 +22,7 @@ from fidelity.pictures import Box
 
 START_SECONDS = 60
 EDGE = 4  # pixels
+MOST_COMMENTS = 500  # that are asked for; the first ones are on the first screen
 HUNDREDTHS_OF_MM_PER_INCH = 2540
 SERVICES = {'word': 'com.sun.star.text.TextDocument', 'sheet': 'com.sun.star.sheet.SpreadsheetDocument',
             'slide': 'com.sun.star.presentation.PresentationDocument'}
@@ -183,17 +184,18 @@ class SuiteDocument:
         return not self._component.Sheets.getByIndex(number).IsVisible
 
     def drawings(self, number: int, pixels_per_inch: int) -> list[Box]:
-        """The places of a sheet's drawings in pixels."""
-        page = self._component.Sheets.getByIndex(number).DrawPage
-        boxes = []
-        for shape in [page.getByIndex(i) for i in range(page.Count)]:
-            left, top, across, down = (round(length * pixels_per_inch / HUNDREDTHS_OF_MM_PER_INCH) for length in (
-                shape.Position.X, shape.Position.Y, shape.Size.Width, shape.Size.Height))
-            boxes.append(Box(left, top, left + across, top + down))
-        return boxes
+        """The places of a sheet's drawings in pixels, and of its comments and their cells."""
+        sheet = self._component.Sheets.getByIndex(number)
+        drawn = [sheet.DrawPage.getByIndex(i) for i in range(sheet.DrawPage.Count)]
+        for note in [sheet.Annotations.getByIndex(i) for i in range(min(sheet.Annotations.Count, MOST_COMMENTS))]:
+            drawn += [note.AnnotationShape, sheet.getCellByPosition(note.Position.Column, note.Position.Row)]
+        return [_box_of(shape, pixels_per_inch) for shape in drawn]
 
-    def has_comments(self, number: int) -> bool:
-        return self._component.Sheets.getByIndex(number).Annotations.Count > 0
+
+def _box_of(shape: Any, pixels_per_inch: int) -> Box:
+    left, top, across, down = (round(length * pixels_per_inch / HUNDREDTHS_OF_MM_PER_INCH) for length in (
+        shape.Position.X, shape.Position.Y, shape.Size.Width, shape.Size.Height))
+    return Box(left, top, left + across, top + down)
 
 
 def _cells_of_csv(path: pathlib.Path) -> list[str]:

@@ -9,8 +9,8 @@ from fidelity.word_text import Paragraph
 
 LINE = 14.0
 LISTED = '''<html xmlns="http://www.w3.org/1999/xhtml"><body><doc>
-<page width="240" height="1000"><word xMin="2" yMin="5" xMax="20" yMax="12">Hello</word></page>
-<page width="240" height="1000"><word xMin="3" yMin="5" xMax="21" yMax="12">again</word></page>
+<page width="240" height="1000"><word xMin="40" yMin="100" xMax="400" yMax="240">Hello</word></page>
+<page width="240" height="1000"><word xMin="60" yMin="100" xMax="420" yMax="240">again</word></page>
 </doc></body></html>'''
 
 
