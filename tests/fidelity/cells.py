@@ -15,12 +15,11 @@ CLEARLY = 48           # difference of a channel that an eye sees
 MOST_CHANGED = 0.002   # part of the pixels that may differ
 DISPLACED = 24         # pixels by which the suite alone displaces drawings at most
 SHORTEST_DRAG = 10     # pixels; a shorter one is a tap, which selects nothing
-ONE_PART = '1'
 
 
 def check_cell_texts(case: Case) -> None:
     """Selects the columns of the first screen, and compares the copy with the suite's texts."""
-    if not case.evidence.first_cells.widths or case.evidence.first_sheet_hidden:
+    if not case.evidence.first_cells.widths:
         return
     frame = case.viewer.paint().pixels
     across, down = header_size(frame)
@@ -44,7 +43,7 @@ def fault_of_copy(copied: str, expected: list[str]) -> str:
 
 def check_sheet_picture(case: Case) -> None:
     """Compares the cells' pixels with those that the suite alone paints."""
-    if not case.evidence.suite_opens or case.evidence.first_sheet_hidden:
+    if not case.evidence.suite_opens:
         return
     frame = case.viewer.paint().pixels
     across, down = header_size(frame)
@@ -94,9 +93,10 @@ def _bare_picture(case: Case, width: int, height: int) -> numpy.ndarray | None:
     folder.mkdir(exist_ok=True)
     try:
         subprocess.run([case.programs.bare_parts, case.path.resolve(), str(width), str(height), str(width * twips),
-                        str(height * twips), folder, ONE_PART], check=True, capture_output=True,
+                        str(height * twips), folder, str(case.evidence.first_sheet + 1)], check=True, capture_output=True,
                        timeout=case.seconds_left())
     except (subprocess.SubprocessError, OSError):
         return None
-    pixels = numpy.fromfile(folder / 'pixels', numpy.uint8, width * height * 4)
-    return pixels.reshape(height, width, 4)[:, :, 2::-1] if pixels.size == width * height * 4 else None
+    size = width * height * 4
+    pixels = numpy.fromfile(folder / 'pixels', numpy.uint8, offset=case.evidence.first_sheet * size)
+    return pixels.reshape(height, width, 4)[:, :, 2::-1] if pixels.size == size else None

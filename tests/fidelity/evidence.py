@@ -24,11 +24,11 @@ class Evidence:
     reason: str = ''                 # why the suite does not
     paragraphs: list[Paragraph] = dataclasses.field(default_factory=list)  # of a text
     slides: list[list[str]] = dataclasses.field(default_factory=list)      # of a deck: the paragraphs of each slide
-    cells: list[Cell] = dataclasses.field(default_factory=list)            # of a workbook's first sheet: its texts
+    cells: list[Cell] = dataclasses.field(default_factory=list)            # of a workbook's first visible sheet: its texts
     shown_cells: list[str] = dataclasses.field(default_factory=list)       # all its cells as the suite shows them
     first_cells: FirstCells = dataclasses.field(default_factory=FirstCells)
     drawings: list[Box] = dataclasses.field(default_factory=list)          # and its comments: places in pixels
-    first_sheet_hidden: bool = False
+    first_sheet: int = 0             # the first that is not hidden, which Lectern shows first
     pdf: pathlib.Path | None = None  # of a deck, with its hidden slides
 
 
@@ -65,7 +65,7 @@ def _ask(document: SuiteDocument, kind: str, scratch: pathlib.Path, evidence: Ev
         document.remove_hidden_shapes()
         document.write_pdf(evidence.pdf)
     elif kind == 'sheet':
-        evidence.first_cells = document.first_cells(0, SCREEN_PIXELS, CELL_ROWS, SHEET_PIXELS_PER_INCH)
-        evidence.shown_cells = document.shown_cells(scratch)
-        evidence.drawings = document.drawings(0, SHEET_PIXELS_PER_INCH)
-        evidence.first_sheet_hidden = document.is_hidden(0)
+        sheet = evidence.first_sheet = document.first_visible_sheet()
+        evidence.first_cells = document.first_cells(sheet, SCREEN_PIXELS, CELL_ROWS, SHEET_PIXELS_PER_INCH)
+        evidence.shown_cells = document.shown_cells(sheet, scratch)
+        evidence.drawings = document.drawings(sheet, SHEET_PIXELS_PER_INCH)

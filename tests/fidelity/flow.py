@@ -61,7 +61,8 @@ def _cover(one: PlacedWord, other: PlacedWord) -> bool:
 
 def _are_pieces(one: PlacedWord, other: PlacedWord) -> bool:
     """Joined letters in a line from right to left come from PDF as words that cover each other."""
-    return abs(one.top - other.top) < SAME_LINE and is_right_to_left(one.text) and is_right_to_left(other.text)
+    return (abs(one.top - other.top) < (one.bottom - one.top) / 2
+            and is_right_to_left(one.text) and is_right_to_left(other.text))
 
 
 def _core_top(word: PlacedWord) -> float:

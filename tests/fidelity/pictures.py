@@ -7,7 +7,7 @@ import numpy
 from PIL import Image
 
 CHANGED = 8  # difference of a channel that is more than rounding
-UNEVEN = 3   # columns by which the rows of a rectangle may differ, and the widest gap in them
+UNEVEN = 6   # columns by which the sides of a rectangle may differ where a letter stands on them
 GAP = 4      # columns between two pictures that are kept side by side
 
 
@@ -38,38 +38,56 @@ def changed_pixels(one: numpy.ndarray, other: numpy.ndarray, least: int = CHANGE
     return (numpy.abs(one.astype(numpy.int16) - other.astype(numpy.int16)) >= least).any(axis=2)
 
 
+# The leftmost and the rightmost pixel of each row of a connected part; the second is outside of it.
+Extents = dict[int, tuple[int, int]]
+
+
 def rectangles_of(mask: numpy.ndarray) -> list[Box]:
-    """The rectangles that a mask consists of. Where the sides move, as from one line to the next, another begins."""
-    done: list[Box] = []
-    growing: list[Box] = []
+    """The rectangles that the connected parts of a mask consist of. Letters may be missing in them. Where the sides move,
+    as from one line of a text to the next, another rectangle begins."""
+    return [box for part in _connected(mask) for box in _divided(part)]
+
+
+def _connected(mask: numpy.ndarray) -> list[Extents]:
+    done: list[Extents] = []
+    growing: list[Extents] = []
     for row in range(mask.shape[0]):
-        reached = []
         for left, right in _runs(mask[row]):
-            above = next((box for box in growing if _continues(box, left, right)), None)
-            if above is not None:
-                growing.remove(above)
-            top = above.top if above is not None else row
-            reached.append(Box(min(left, above.left) if above else left, top,
-                               max(right, above.right) if above else right, row + 1))
-        done += growing
-        growing = reached
+            touching = [part for part in growing if _touches(part, row, left, right)]
+            growing = [part for part in growing if not any(part is other for other in touching)]
+            growing.append(_joined([*touching, {row: (left, right)}]))
+        done += [part for part in growing if row not in part]
+        growing = [part for part in growing if row in part]
     return done + growing
 
 
-def _continues(box: Box, left: int, right: int) -> bool:
-    return abs(box.left - left) <= UNEVEN and abs(box.right - right) <= UNEVEN
+def _touches(part: Extents, row: int, left: int, right: int) -> bool:
+    return any(near in part and part[near][0] < right and left < part[near][1] for near in (row - 1, row))
+
+
+def _joined(parts: list[Extents]) -> Extents:
+    whole = parts[0]
+    for part in parts[1:]:
+        for row, (left, right) in part.items():
+            known = whole.get(row, (left, right))
+            whole[row] = (min(left, known[0]), max(right, known[1]))
+    return whole
+
+
+def _divided(part: Extents) -> list[Box]:
+    boxes: list[Box] = []
+    for row, (left, right) in sorted(part.items()):
+        last = boxes[-1] if boxes else None
+        if last and abs(last.left - left) <= UNEVEN and abs(last.right - right) <= UNEVEN:
+            boxes[-1] = Box(min(last.left, left), last.top, max(last.right, right), row + 1)
+        else:
+            boxes.append(Box(left, row, right, row + 1))
+    return boxes
 
 
 def _runs(row: numpy.ndarray) -> list[tuple[int, int]]:
-    """The changed parts of a row; a small gap, such as a black letter, does not end a part."""
     edges = numpy.flatnonzero(numpy.diff(numpy.concatenate(([False], row, [False])).astype(numpy.int8)))
-    runs: list[tuple[int, int]] = []
-    for first, last in edges.reshape(-1, 2).tolist():
-        if runs and first - runs[-1][1] <= UNEVEN:
-            runs[-1] = (runs[-1][0], last)
-        else:
-            runs.append((first, last))
-    return runs
+    return [(first, last) for first, last in edges.reshape(-1, 2).tolist()]
 
 
 def has_ink(picture: numpy.ndarray, box: Box) -> bool:

@@ -42,11 +42,13 @@ def cells_of(sheet: ET.Element, shared: list[str]) -> list[Cell]:
 
 
 def read_first_sheet(path: pathlib.Path) -> list[Cell]:
+    """The first sheet that is not hidden, which Lectern shows first."""
     package = Package(path)
     try:
         main = package.main_part()
         links = package.relations(main)
-        entry = next((entry for entry in _named(package.part(main), 'sheet') if reference(entry) in links), None)
+        entry = next((entry for entry in _named(package.part(main), 'sheet')
+                      if reference(entry) in links and entry.get('state', 'visible') == 'visible'), None)
         if entry is None:
             raise Unreadable('no sheet')
         shared = [_joined(item) for part in package.related(main, 'sharedStrings') for item in package.part(part)]

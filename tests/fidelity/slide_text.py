@@ -25,8 +25,9 @@ def _collect(element: ET.Element, found: list[str]) -> None:
 
 
 def _pieces(paragraph: ET.Element) -> list[str]:
-    return ['\n' if local_name(piece) == 'br' else piece.text or ''
-            for piece in paragraph.iter() if local_name(piece) in ('t', 'br')]
+    """The texts of the runs; fields, such as the slide's number, are shown otherwise than the file says."""
+    return [piece for element in paragraph for piece in (['\n'] if local_name(element) == 'br' else
+            [text.text or '' for text in element if local_name(element) == 'r' and local_name(text) == 't'])]
 
 
 def _is_hidden_shape(element: ET.Element) -> bool:

@@ -28,8 +28,8 @@ SERVICES = {'word': 'com.sun.star.text.TextDocument', 'sheet': 'com.sun.star.she
             'slide': 'com.sun.star.presentation.PresentationDocument'}
 MODERN_FILTERS = {'word': ('docx', 'MS Word 2007 XML'), 'sheet': ('xlsx', 'Calc MS Excel 2007 XML'),
                   'slide': ('pptx', 'Impress MS PowerPoint 2007 XML')}
-# Commas, quotes, UTF-8, from row 1 on, all columns as text, quoted, as shown, and the first sheet.
-CSV_OPTIONS = '44,34,76,1,,0,true,true,true,false,false,1'
+# Commas, quotes, UTF-8, from row 1 on, all columns as text, quoted, as shown; then comes the sheet, from 1.
+CSV_OPTIONS = '44,34,76,1,,0,true,true,true,false,false'
 csv.field_size_limit(1 << 24)
 
 
@@ -173,15 +173,16 @@ class SuiteDocument:
         cells.rows = [[sheet.getCellByPosition(column, row).String for column in across] for row in range(rows)]
         return cells
 
-    def shown_cells(self, folder: pathlib.Path) -> list[str]:
-        """The texts of all cells of the first sheet that are not empty, as they are shown."""
+    def shown_cells(self, number: int, folder: pathlib.Path) -> list[str]:
+        """The texts of all cells of a sheet that are not empty, as they are shown."""
         self._component.storeToURL((folder / 'cells.csv').as_uri(), (
-            _property('FilterName', 'Text - txt - csv (StarCalc)'), _property('FilterOptions', CSV_OPTIONS)))
+            _property('FilterName', 'Text - txt - csv (StarCalc)'), _property('FilterOptions', f'{CSV_OPTIONS},{number + 1}')))
         # The suite adds the sheet's name, which may not be a name of a file.
         return [cell for path in folder.glob('cells*.csv') for cell in _cells_of_csv(path)]
 
-    def is_hidden(self, number: int) -> bool:
-        return not self._component.Sheets.getByIndex(number).IsVisible
+    def first_visible_sheet(self) -> int:
+        sheets = self._component.Sheets
+        return next((i for i in range(sheets.Count) if sheets.getByIndex(i).IsVisible), 0)
 
     def drawings(self, number: int, pixels_per_inch: int) -> list[Box]:
         """The places of a sheet's drawings in pixels, and of its comments and their cells."""

@@ -38,10 +38,17 @@ class Pictures(unittest.TestCase):
         mask[15:25, 20:45] = True
         self.assertEqual([Box(10, 5, 30, 15), Box(20, 15, 45, 25)], rectangles_of(mask))
 
-    def test_a_letter_in_a_mark_does_not_divide_it(self) -> None:
+    def test_words_beside_each_other_are_two_rectangles(self) -> None:
+        mask = numpy.zeros((12, 60), bool)
+        mask[2:10, 5:25] = True
+        mask[2:10, 30:55] = True
+        self.assertEqual([Box(5, 2, 25, 10), Box(30, 2, 55, 10)], rectangles_of(mask))
+
+    def test_letters_in_a_mark_do_not_divide_it(self) -> None:
         mask = numpy.zeros((12, 40), bool)
         mask[2:10, 5:35] = True
-        mask[4:8, 15:17] = False
+        mask[4:8, 12:22] = False
+        mask[3:9, 5:8] = False
         self.assertEqual([Box(5, 2, 35, 10)], rectangles_of(mask))
 
     def test_ink_is_something_of_another_colour(self) -> None:

@@ -39,6 +39,9 @@ class FakeViewer:
     def show_slide(self, number: int) -> None:
         pass
 
+    def scroll(self, x: int, y: int) -> None:
+        pass
+
     def slide_count(self) -> int:
         return 1
 

@@ -116,10 +116,6 @@ private:
         return reply;
     }
 
-    JsonMembers nextHit(const JsonMembers& /*request*/) {
-        return outcome(common::nextResult(mBus, mDocument->docid(), mLimits));
-    }
-
     JsonMembers closeSearch(const JsonMembers& /*request*/) {
         return outcome(common::closeSearch(mBus, mDocument->docid(), mLimits));
     }
@@ -128,10 +124,6 @@ private:
         const Point target{request.integer("x").value_or(0), request.integer("y").value_or(0)};
         const Result<bool> moved = scrollTo(*mDocument, target, mLimits);
         return moved ? JsonMembers() : failed(moved.error());
-    }
-
-    JsonMembers sheet(const JsonMembers& request) {
-        return outcome(showSheet(*mDocument, request.integer("number").value_or(0), mLimits));
     }
 
     JsonMembers slide(const JsonMembers& request) {
@@ -174,9 +166,13 @@ private:
 };
 
 const std::map<std::string, Viewer::Work> Viewer::WORKS{
-    {"paint", &Viewer::paint},           {"search", &Viewer::search}, {"next", &Viewer::nextHit},
-    {"endSearch", &Viewer::closeSearch}, {"scroll", &Viewer::scroll}, {"sheet", &Viewer::sheet},
-    {"slide", &Viewer::slide},           {"slides", &Viewer::slides}, {"copyColumns", &Viewer::copyColumns},
+    {"paint", &Viewer::paint},
+    {"search", &Viewer::search},
+    {"endSearch", &Viewer::closeSearch},
+    {"scroll", &Viewer::scroll},
+    {"slide", &Viewer::slide},
+    {"slides", &Viewer::slides},
+    {"copyColumns", &Viewer::copyColumns},
 };
 
 void serve(Viewer& viewer) {

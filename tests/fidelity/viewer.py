@@ -60,8 +60,9 @@ class Viewer:
     def end_search(self) -> None:
         self._ask('endSearch')
 
-    def show_sheet(self, number: int) -> None:
-        self._ask('sheet', number=number)
+    def scroll(self, x: int, y: int) -> None:
+        """Moves the view towards a point of the document, as far as the document reaches."""
+        self._ask('scroll', x=x, y=y)
 
     def show_slide(self, number: int) -> None:
         self._ask('slide', number=number)
