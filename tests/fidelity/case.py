@@ -59,5 +59,6 @@ class Case:
         return left
 
     def keep(self, what: str, pictures: list[numpy.ndarray]) -> pathlib.Path:
-        """Keeps pictures side by side under a name that tells the document."""
-        return keep_side_by_side(self.pictures / f'{self.path.name}-{what}.png', pictures)
+        """Keeps pictures side by side under a name that tells the document and its folder."""
+        name = f'{self.path.resolve().parent.name}-{self.path.name}-{what}.png'
+        return keep_side_by_side(self.pictures / name, pictures)

@@ -44,7 +44,7 @@ class Examiner:
         try:
             evidence = gather(path, outcome.kind, self._suite, scratch, self._seconds)
             case = Case(self._viewer, self._programs, evidence, outcome, scratch, self._pictures,
-                        began + self._seconds)
+                        time.monotonic() + self._seconds)
             self._examine(case)
         except OutOfTime:
             outcome.judge('opening', False, f'not finished within {self._seconds:.0f} s')

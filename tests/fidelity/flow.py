@@ -38,7 +38,7 @@ def _hanging(word: PlacedWord) -> float:
 
 
 def overlaps(layout: LaidOutText) -> list[str]:
-    """Pairs of words that cover each other. A text drawn twice, as with a shadow, is one text."""
+    """Pairs of words that cover each other."""
     bands: dict[tuple[int, int], list[PlacedWord]] = collections.defaultdict(list)
     for word in layout.words:
         bands[word.page, int(word.top) // BAND].append(word)
@@ -55,8 +55,14 @@ def _cover(one: PlacedWord, other: PlacedWord) -> bool:
     across = min(one.right, other.right) - max(one.left, other.left)
     down = min(_core_bottom(one), _core_bottom(other)) - max(_core_top(one), _core_top(other))
     smaller = min(_core_area(one), _core_area(other))
-    return (across > 0 and down > 0 and smaller > 0 and across * down > OVERLAP * smaller and one.text != other.text
-            and not _are_pieces(one, other))
+    return (across > 0 and down > 0 and smaller > 0 and across * down > OVERLAP * smaller
+            and not _are_same(one, other) and not _are_pieces(one, other))
+
+
+def _are_same(one: PlacedWord, other: PlacedWord) -> bool:
+    """A text drawn twice, as with a shadow, perhaps without its punctuation."""
+    texts = [''.join(filter(str.isalnum, word.text)) for word in (one, other)]
+    return one.text == other.text or (texts[0] == texts[1] and bool(texts[0]))
 
 
 def _are_pieces(one: PlacedWord, other: PlacedWord) -> bool:

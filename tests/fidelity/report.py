@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: Apache-2.0
 """The report: a line for each document with faults, and a table of all."""
 import pathlib
-from typing import Iterator
+from collections.abc import Callable, Iterator
 
 from fidelity.outcome import CHECKS, Outcome
 
@@ -15,13 +15,23 @@ def is_right(outcome: Outcome) -> bool:
     return not outcome.faults and outcome.state in ('opened', 'refused')
 
 
-def line_of(outcome: Outcome, folder: pathlib.Path) -> str:
-    """The faults of a document in one line."""
+def line_of(outcome: Outcome, folder: pathlib.Path, with_state: bool = False) -> str:
+    """The faults of a document in one line; with its state, time, memory and notes, if asked for."""
     path = outcome.path.relative_to(folder) if outcome.path.is_relative_to(folder) else outcome.path
     told = [f'{fault.check}: {_shortened(fault.text)}' + (f' [{fault.picture.name}]' if fault.picture else '')
             for fault in outcome.faults[:FAULTS_IN_LINE]]
-    more = len(outcome.faults) - FAULTS_IN_LINE
-    return f'{path}  ' + '; '.join(told) + (f'; and {more} more' if more > 0 else '')
+    if len(outcome.faults) > FAULTS_IN_LINE:
+        told.append(f'and {len(outcome.faults) - FAULTS_IN_LINE} more')
+    if with_state:
+        told = [_state(outcome), *told, *map(_shortened, outcome.notes)]
+    return f'{path}  ' + '; '.join(told)
+
+
+def _state(outcome: Outcome) -> str:
+    suite = 'the suite opens it' if outcome.suite_opens else 'the suite does not open it'
+    if outcome.state != 'opened':
+        return f'{outcome.state}, {suite}'
+    return f'opened in {outcome.seconds:.1f} s, {outcome.megabytes} MB, {suite}'
 
 
 def table_of(outcomes: list[Outcome]) -> list[str]:
@@ -46,7 +56,7 @@ def _tally(group: list[Outcome], check: str) -> str:
     return f'{right}/{tried}' if tried else '-'
 
 
-def _spread(group: list[Outcome], values) -> str:
+def _spread(group: list[Outcome], values: Callable[[Outcome], float]) -> str:
     sorted_values = sorted(values(outcome) for outcome in group if outcome.state == 'opened')
     if not sorted_values:
         return '-'

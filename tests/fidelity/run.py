@@ -8,7 +8,8 @@ import queue
 import signal
 import sys
 import traceback
-from typing import Any, Iterator
+from collections.abc import Iterator
+from typing import Any
 
 from fidelity.case import Programs
 from fidelity.examine import Examiner
@@ -33,10 +34,12 @@ def parse(words: list[str]) -> argparse.Namespace:
     parser.add_argument('documents', nargs='+', type=pathlib.Path, metavar='FOLDER|FILE')
     parser.add_argument('--only', action='append', choices=list(CHECKS), metavar='CHECK',
                         help=f'run this check only; can be repeated. Checks: {", ".join(CHECKS)}')
+    parser.add_argument('--all', action='store_true',
+                        help='print a line for every document, with its state, time and memory')
     parser.add_argument('--pictures', type=pathlib.Path, default=pathlib.Path('fidelity-pictures'), metavar='FOLDER',
                         help='receives a picture of each difference (default: fidelity-pictures)')
     parser.add_argument('--limit', type=float, default=60, metavar='SECONDS',
-                        help='for one document (default: 60)')
+                        help='for one document in the suite, and again in Lectern (default: 60)')
     parser.add_argument('-j', dest='jobs', type=int, default=2, metavar='JOBS',
                         help='number of documents at the same time (default: 2)')
     parser.add_argument('--programs', type=pathlib.Path, default=ROOT / 'build' / 'release' / 'bin', metavar='FOLDER',
@@ -75,31 +78,43 @@ def _examined(examiner: Examiner, path: pathlib.Path) -> Outcome:
         return outcome
 
 
-def _outcomes(options: argparse.Namespace, paths: list[pathlib.Path]) -> Iterator[Outcome]:
-    context = multiprocessing.get_context('fork')
-    tasks, results = context.Queue(), context.Queue()
-    for path in [*paths, *[None] * options.jobs]:
-        tasks.put(path)
-    workers = [context.Process(target=_work, args=(options, tasks, results)) for _ in range(options.jobs)]
-    for worker in workers:
-        worker.start()
-    try:
-        for _ in paths:
-            yield _next_result(results, workers)
-    finally:
-        for worker in workers:
-            if worker.exitcode is None and sys.exc_info()[0] is not None:
-                worker.terminate()
-            worker.join()
+class Workers:
+    """The processes that examine documents. Leaving the context early, by an exception, ends them."""
 
+    def __init__(self, options: argparse.Namespace, paths: list[pathlib.Path]) -> None:
+        context = multiprocessing.get_context('fork')
+        self._count = len(paths)
+        self._results = context.Queue()
+        self._tasks = context.Queue()
+        for path in [*paths, *[None] * options.jobs]:
+            self._tasks.put(path)
+        self._processes = [context.Process(target=_work, args=(options, self._tasks, self._results))
+                           for _ in range(options.jobs)]
 
-def _next_result(results: Any, workers: list[Any]) -> Outcome:
-    while True:
-        try:
-            return results.get(timeout=POLL_SECONDS)
-        except queue.Empty:
-            if not any(worker.is_alive() for worker in workers):
-                raise RuntimeError('the workers have ended') from None
+    def __enter__(self) -> 'Workers':
+        for process in self._processes:
+            process.start()
+        return self
+
+    def __exit__(self, kind: object, *_: object) -> None:
+        for process in self._processes:
+            if kind is not None:
+                process.terminate()
+            process.join()
+        self._tasks.cancel_join_thread()  # nobody takes the documents that are left
+
+    def outcomes(self) -> Iterator[Outcome]:
+        """The documents' outcomes in the order in which they are finished."""
+        for _ in range(self._count):
+            yield self._next()
+
+    def _next(self) -> Outcome:
+        while True:
+            try:
+                return self._results.get(timeout=POLL_SECONDS)
+            except queue.Empty:
+                if not any(process.is_alive() for process in self._processes):
+                    raise RuntimeError('the workers have ended') from None
 
 
 def _show_progress(done: int, whole: int, path: pathlib.Path) -> None:
@@ -114,12 +129,17 @@ def _show_line(line: str) -> None:
 
 
 def _examine_all(options: argparse.Namespace, paths: list[pathlib.Path], outcomes: list[Outcome]) -> None:
-    folder = options.documents[0] if options.documents[0].is_dir() else pathlib.Path('/')
-    for outcome in _outcomes(options, paths):
-        outcomes.append(outcome)
-        if outcome.faults:
-            _show_line(line_of(outcome, folder))
-        _show_progress(len(outcomes), len(paths), outcome.path)
+    folder = options.documents[0] if options.documents[0].is_dir() else pathlib.Path()
+    with Workers(options, paths) as workers:
+        for outcome in workers.outcomes():
+            outcomes.append(outcome)
+            if outcome.faults or options.all:
+                _show_line(line_of(outcome, folder, options.all))
+            _show_progress(len(outcomes), len(paths), outcome.path)
+
+
+def _interrupt(*_: object) -> None:
+    raise KeyboardInterrupt
 
 
 def _show_end(outcomes: list[Outcome], pictures: pathlib.Path) -> None:
@@ -142,6 +162,7 @@ def main(words: list[str]) -> int:
     if not Programs(options.programs).are_built():
         print(f'fidelity: {options.programs} has not all programs; run: scripts/build release', file=sys.stderr)
         return STATUS_MISUSE
+    signal.signal(signal.SIGTERM, _interrupt)
     outcomes: list[Outcome] = []
     status = 0
     try:

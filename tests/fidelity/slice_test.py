@@ -34,8 +34,8 @@ class Slice(unittest.TestCase):
         # The last slide has a shape that an animation takes away; Lectern hides it, the export shows it.
         status, told = self.run_over('tour.pptx')
         self.assertEqual(1, status, told)
-        self.assertRegex(told, r'tour\.pptx  slides: slide 7 differs by 0\.\d+ \[tour\.pptx-slide-7\.png\]\n')
-        self.assertEqual(['tour.pptx-slide-7.png'], [path.name for path in self._pictures.iterdir()])
+        self.assertRegex(told, r'tour\.pptx  slides: slide 7 differs by 0\.\d+ \[samples-tour\.pptx-slide-7\.png\]\n')
+        self.assertEqual(['samples-tour.pptx-slide-7.png'], [path.name for path in self._pictures.iterdir()])
 
     def test_a_folder_without_documents_is_a_misuse(self) -> None:
         self.assertEqual(2, self.run_over('tour.play')[0])

@@ -3,7 +3,7 @@
 import pathlib
 import re
 import subprocess
-from typing import Iterator
+from collections.abc import Iterator
 
 import numpy
 

@@ -12,7 +12,8 @@ import subprocess
 import tempfile
 import threading
 import time
-from typing import Any, Iterator
+from collections.abc import Iterator
+from typing import Any
 
 import uno
 from com.sun.star.beans import PropertyValue

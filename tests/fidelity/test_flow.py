@@ -36,7 +36,7 @@ class Flow(unittest.TestCase):
         self.assertEqual(['"body" and "frame"'], overlaps(layout(placed('body', 4, 60), placed('frame', 20, 66))))
 
     def test_a_word_drawn_twice_is_a_shadow(self) -> None:
-        self.assertEqual([], overlaps(layout(placed('title', 4, 0), placed('title', 5, 1))))
+        self.assertEqual([], overlaps(layout(placed('title', 4, 0), placed('“title”,', 5, 1))))
 
     def test_words_beyond_the_edges_are_found(self) -> None:
         text = layout(placed('left', -9, 0), placed('right', 460, 0), placed('inside', 430, 20))

@@ -27,6 +27,12 @@ class Report(unittest.TestCase):
             wrong.judge('counts', False, f'fault {number}')
         self.assertEqual('a.docx  counts: fault 0; counts: fault 1; counts: fault 2; and 2 more', line_of(wrong, FOLDER))
 
+    def test_a_line_of_every_document_tells_its_state_time_and_memory(self) -> None:
+        right, lost = outcome('a.docx', 'word'), outcome('b.xls', 'sheet', 'lost')
+        right.notes.append('no layout')
+        self.assertEqual('a.docx  opened in 0.5 s, 150 MB, the suite opens it; no layout', line_of(right, FOLDER, True))
+        self.assertEqual('b.xls  lost, the suite opens it', line_of(lost, FOLDER, True))
+
     def test_the_table_counts_what_was_right_of_what_was_tried(self) -> None:
         right, wrong = outcome('a.docx', 'word'), outcome('b.doc', 'word')
         right.judge('counts', True, '')
