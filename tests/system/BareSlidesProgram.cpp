@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
-// bare_slides FILE WIDTH HEIGHT ACROSS DOWN FOLDER: writes every slide as the
-// office suite alone paints it, without our code, to FOLDER/pixels, one after
-// the other. ACROSS and DOWN are the slides' size in twips. The suite leaves
-// files in FOLDER, and crashes at an ordinary exit.
+// bare_slides FILE WIDTH HEIGHT ACROSS DOWN FOLDER [MOST]: writes every slide, or
+// the first screen of every sheet, as the office suite alone paints it, without our
+// code, to FOLDER/pixels, one after the other. ACROSS and DOWN are the painted size in
+// twips; MOST is the number of slides to end after. The suite leaves files in FOLDER,
+// and crashes at an ordinary exit.
 #include <LibreOfficeKit/LibreOfficeKit.hxx>
 #include <LibreOfficeKit/LibreOfficeKitInit.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -25,7 +27,9 @@ int paintAll(char** argv) {
     lok::Office* const suite =
         lok::lok_cpp_init(LECTERN_OFFICE_PROGRAM, ("file://" + folder + "/profile").c_str());
     lok::Document* const document =
-        suite == nullptr ? nullptr : suite->documentLoad(("file://" + copy.string()).c_str(), "Batch=true");
+        suite == nullptr
+            ? nullptr
+            : suite->documentLoad(("file://" + copy.string()).c_str(), "Batch=true,Language=en-US");
     if (document == nullptr) {
         return 1;
     }
@@ -34,7 +38,8 @@ int paintAll(char** argv) {
     const int height = std::atoi(argv[3]); // NOLINT(cert-err34-c)
     std::vector<char> pixels(static_cast<size_t>(width) * static_cast<size_t>(height) * 4);
     std::ofstream out(folder + "/pixels", std::ios::binary);
-    for (int slide = 0; slide < document->getParts(); ++slide) {
+    const int most = argv[7] == nullptr ? document->getParts() : std::atoi(argv[7]); // NOLINT(cert-err34-c)
+    for (int slide = 0; slide < std::min(most, document->getParts()); ++slide) {
         document->setPart(slide);
         document->paintTile(reinterpret_cast<unsigned char*>(pixels.data()), width, height, 0, 0,
                             std::atoi(argv[4]),  // NOLINT(cert-err34-c)
@@ -48,5 +53,5 @@ int paintAll(char** argv) {
 } // namespace
 
 int main(int argc, char** argv) {
-    _exit(argc == 7 ? paintAll(argv) : 2);
+    _exit(argc == 7 || argc == 8 ? paintAll(argv) : 2);
 }
