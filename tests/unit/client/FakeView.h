@@ -62,7 +62,7 @@ private:
     lectern::Attachment mFrame;
     unsigned int mStateIdentifier = 0;
     lectern::Attachment mStateMemory;
-    lectern::ViewState mState{0, 0, 1.0, 0, {0, 0}};
+    lectern::ViewState mState{0, 0, 1.0, 0, 0, 0};
     int mPenY = 0;
     int mScrollAtPen = 0;
     double mFactor = 1.0;
