@@ -14,6 +14,9 @@ std::string moduleResultText(int code);
 // The error of an open that failed with this code (not 0).
 Error documentError(const std::string& path, int code);
 
+// The error of a paint whose rendering ended with this code (not 0).
+Error paintError(int code);
+
 // The error for a reply's "errorCode" and "errorText".
 Error refusalError(const std::string& errorCode, const std::string& errorText);
 

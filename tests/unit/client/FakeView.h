@@ -42,6 +42,7 @@ public:
 
     std::atomic<bool> answersPaints{true};
     std::atomic<int> paintResult{0};
+    std::atomic<int> renderResult{0};
     std::atomic<int> lastRow{5'000};       // largest vertical scroll position
     std::atomic<int> rowsAbove{0};         // rows before row 0, shown by a push against it
     std::atomic<double> largestScale{4.0}; // of a pinch

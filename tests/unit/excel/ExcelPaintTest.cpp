@@ -14,6 +14,18 @@ TEST_F(ExcelPaintTest, HeadersAndCellsAtTheStart) {
     EXPECT_THAT(calls(), ElementsAre("stg_render_sheet(0, 0, 0)"));
 }
 
+TEST_F(ExcelPaintTest, ModulesCodeOfTheLastRenderingIsKept) {
+    const auto view = openView();
+    fakeSheet().nextResults["stg_render_sheet"] = {9};
+    paint(*view);
+    EXPECT_EQ(view->renderResult(), 9);
+    paint(*view);
+    EXPECT_EQ(view->renderResult(), 9) << "the same picture";
+    view->handleDoubleClick(100, 100);
+    paint(*view);
+    EXPECT_EQ(view->renderResult(), 0);
+}
+
 TEST_F(ExcelPaintTest, HeadersStayAtTheEdgesOfAScrolledView) {
     const auto view = openView();
     view->restAt(1011, 2017);
