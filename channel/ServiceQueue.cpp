@@ -109,7 +109,7 @@ int ServiceQueue::SendMessage(const ClientServerMessage& message) {
     return post(message, 0);
 }
 
-int ServiceQueue::SendPaintDone(int32_t docid, int32_t value) {
+int ServiceQueue::SendPaintDone(int32_t docid, int32_t value, int32_t extra) {
     const int64_t addressee = static_cast<int64_t>(docid) + PAINT_DONE_BASE;
     // A client may be a 32-bit program, whose types are 32 bits wide.
     if (addressee <= HIGHEST_CLIENT_TYPE || addressee > std::numeric_limits<int32_t>::max()) {
@@ -117,6 +117,7 @@ int ServiceQueue::SendPaintDone(int32_t docid, int32_t value) {
     }
     ServerClientMessage message(static_cast<long>(addressee), _PAINT_DONE);
     message.value = value;
+    message.extra = extra;
     return SendMessage(message);
 }
 

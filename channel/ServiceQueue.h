@@ -53,9 +53,10 @@ public:
     int SendMessage(const ServerClientMessage& message);
     // Posts a record to the worker without waiting. Returns 0, or -1.
     int SendMessage(const ClientServerMessage& message);
-    // Answers a paint request; value is 0 or -4. Returns 0, or -1. If docid + 101 is
+    // Answers a paint request; value is 0 or -4, extra is 0 or the module's code of a
+    // rendering that failed. Returns 0, or -1. If docid + 101 is
     // no valid type, sends nothing and returns 0: that is the client's mistake.
-    int SendPaintDone(int32_t docid, int32_t value);
+    int SendPaintDone(int32_t docid, int32_t value, int32_t extra = 0);
 
     // Throws away all records for an addressee that no longer exists, so that the
     // next one with the same number does not receive them.

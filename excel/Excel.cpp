@@ -5,11 +5,41 @@
 #include "view/ModuleArguments.h"
 #include "view/TextHelpers.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace {
 
-constexpr int CELLS_SIDE = 1500; // width and height of the cells' surface in pixels
+// Lengths of the cells' surface in pixels.
+constexpr long long USUAL_LENGTH = 1500;
+constexpr long long LARGEST_LENGTH = 16384;                       // modules take no larger surface
+constexpr long long BOUNDED_LENGTH = 4096;                        // a square of this side has MAX_PIXELS
+constexpr long long MAX_PIXELS = BOUNDED_LENGTH * BOUNDED_LENGTH; // 64 MiB
+
+// A quarter longer than a view that the usual length cannot cover, and even.
+long long prvRoomyLength(long long viewLength) {
+    return viewLength <= USUAL_LENGTH ? USUAL_LENGTH : (viewLength * 5 + 7) / 8 * 2;
+}
+
+bool prvFits(long long width, long long height) {
+    return std::max(width, height) <= LARGEST_LENGTH && width * height <= MAX_PIXELS;
+}
+
+// The size of the cells' surface: it has room around the view if that fits into
+// memory, else it covers the view. A view too large for that is covered in part.
+CpPoint prvCellsSize(long long width, long long height) {
+    const auto size = [](long long x, long long y) {
+        return CpPoint(static_cast<int>(x), static_cast<int>(y));
+    };
+    if (prvFits(prvRoomyLength(width), prvRoomyLength(height))) {
+        return size(prvRoomyLength(width), prvRoomyLength(height));
+    }
+    const long long covering[] = {std::max(width, USUAL_LENGTH), std::max(height, USUAL_LENGTH)};
+    if (prvFits(covering[0], covering[1])) {
+        return size(covering[0], covering[1]);
+    }
+    return size(std::min(covering[0], BOUNDED_LENGTH), std::min(covering[1], BOUNDED_LENGTH));
+}
 
 } // namespace
 
@@ -43,7 +73,8 @@ int Excel::openFile(const char* path, const char* password) {
 }
 
 int Excel::initializeExcel() {
-    mCells = std::make_unique<CpPixmap>(CELLS_SIDE, CELLS_SIDE);
+    const CpPoint size = prvCellsSize(mWidth, mHeight);
+    mCells = std::make_unique<CpPixmap>(size.x, size.y);
     mDocPixmap = mCells.get();
     mModule.stg_get_sheet_count(mDocument, &mSheetCount);
     mModule.stg_get_column_count(mDocument, mCurrentSheet, &mColumnCount);

@@ -79,8 +79,9 @@ int Excel::layOut() {
     if (!isOpen()) {
         return 0;
     }
-    const int length = mCells->Width();
-    const int code = mModule.stg_set_offscreen_buffer(mDocument, 0, mCells->Pixels(), length, length);
+    const int width = mCells->Width();
+    const int height = mCells->Height();
+    const int code = mModule.stg_set_offscreen_buffer(mDocument, 0, mCells->Pixels(), width, height);
     mModule.stg_set_dpi(mDocument, saturateToInt(DOTS_PER_INCH * mScale));
     mModule.stg_get_sheet_dimensions(mDocument, mCurrentSheet, &mSheetWidth, &mSheetHeight);
 
@@ -92,10 +93,10 @@ int Excel::layOut() {
                             &columnHeaderHeight);
     refreshCommentMarks();
     // At least one pixel, because modules refuse sizes below 1.
-    prvFit(mDocument, mModule.stg_set_row_offscreen_buffer, mRowHeaders,
-           std::clamp(rowHeaderWidth, 1, length), length);
-    prvFit(mDocument, mModule.stg_set_column_offscreen_buffer, mColumnHeaders, length,
-           std::clamp(columnHeaderHeight, 1, length));
+    prvFit(mDocument, mModule.stg_set_row_offscreen_buffer, mRowHeaders, std::clamp(rowHeaderWidth, 1, width),
+           height);
+    prvFit(mDocument, mModule.stg_set_column_offscreen_buffer, mColumnHeaders, width,
+           std::clamp(columnHeaderHeight, 1, height));
     return code;
 }
 
@@ -110,10 +111,9 @@ void Excel::recenterDocument() {
     if (!isOpen()) {
         return;
     }
-    const int length = mCells->Width();
-    const int left = prvWindowEdge(mScroll.x, mWidth, length);
-    const int top = prvWindowEdge(mScroll.y, mHeight, length);
-    mCells->Set(left, top, left + length, top + length);
+    const int left = prvWindowEdge(mScroll.x, mWidth, mCells->Width());
+    const int top = prvWindowEdge(mScroll.y, mHeight, mCells->Height());
+    mCells->Set(left, top, left + mCells->Width(), top + mCells->Height());
 }
 
 bool Excel::clampPosition(int& x, int& y) const {

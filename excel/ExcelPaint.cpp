@@ -58,7 +58,7 @@ int Excel::drawOffscreenBuffer() {
         std::fputs("drawOffscreenBuffer: no allocated buffer\n", stderr);
         return 0;
     }
-    mModule.stg_render_sheet(mDocument, mCurrentSheet, mCells->Left(), mCells->Top());
+    mRenderResult = mModule.stg_render_sheet(mDocument, mCurrentSheet, mCells->Left(), mCells->Top());
     for (const stg_region& mark : mCommentMarks) {
         const int side = mark.height / 2;
         const int right = saturatedSum(saturatedDifference(mark.x, mCells->Left()), mark.width);

@@ -64,8 +64,9 @@ int PPT::drawOffscreenBuffer() {
     if (mSurface->Pixels() == nullptr) {
         return 0; // no slide, or a side shrunk to 0 pixels
     }
-    return mModule.sstg_render_slide(mDocument, mCurrentSlide, 0, mSurface->Pixels(), mSurface->Width(),
-                                     mSurface->Height());
+    mRenderResult = mModule.sstg_render_slide(mDocument, mCurrentSlide, 0, mSurface->Pixels(),
+                                              mSurface->Width(), mSurface->Height());
+    return mRenderResult;
 }
 
 int PPT::drawCurrentResult(CpPixmap* frame) {

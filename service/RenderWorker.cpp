@@ -27,7 +27,7 @@ std::counting_semaphore<> workerReady(0);
 int paint(const Documents& document, int32_t docid) {
     document.view->handlePaintRouter(document.buffer);
     std::atomic_ref(*document.status).store(PAINTED, std::memory_order_release);
-    return g_msgQueue.SendPaintDone(docid, 0);
+    return g_msgQueue.SendPaintDone(docid, 0, document.view->renderResult());
 }
 
 void setWideMode(OfficeBase& view, bool on) {

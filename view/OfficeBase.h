@@ -98,6 +98,9 @@ public:
     void SendDocMessage(ClientMessageId id, int32_t value = 0);
     std::string getMimeInfo() const { return mMimeInfo; }
 
+    // The module's code of the last layout or rendering of the surface. If it is not 0,
+    // the picture is not what the view should show.
+    int32_t renderResult() const { return mRenderResult; }
     doctype_t docType() const { return mDocType; }
     unsigned int dataStoreShmId() const { return mDataStoreShmId; }
     pthread_mutex_t* mutex() { return &mMutex; }
@@ -191,6 +194,7 @@ protected:
     doctype_t mDocType;
     NewtonianSmoothScroll mScroller;
     bool mDirty = true;          // a paint request will paint
+    int32_t mRenderResult = 0;   // see renderResult()
     bool mOffscreenDirty = true; // mDocPixmap must be rendered before it is copied
 
 private:

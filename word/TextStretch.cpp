@@ -40,9 +40,12 @@ int32_t TextStretch::layOut(const Size& size, int dpi) {
     }
     ++mGeneration;
     mModule.wtg_set_dpi(mDoc, dpi);
-    mAtEnd = bottomRight() == mCharacterCount;
+    // The module lays the text out when it is asked for a place.
+    uint32_t last = 0;
+    const int32_t result = bottomRight(last);
+    mAtEnd = result == 0 && last == mCharacterCount;
     setPlace(0, mAtEnd ? askUsedRows() : mSize.height);
-    return 0;
+    return result;
 }
 
 // Keeps the previous surface until the module has accepted the new one, because the
@@ -51,8 +54,8 @@ int32_t TextStretch::replaceSurface(const Size& size) {
     auto surface = std::make_unique<CpPixmap>(size.width, size.height);
     const int32_t result =
         mModule.wtg_set_offscreen_buffer(mDoc, 0, surface->Pixels(), size.width, size.height);
-    mInUse = result == 0;
-    if (mInUse) {
+    mRefusal = result;
+    if (mRefusal == 0) {
         mSurface = std::move(surface);
         mSize = size;
     }
@@ -60,8 +63,8 @@ int32_t TextStretch::replaceSurface(const Size& size) {
 }
 
 bool TextStretch::useSurface() {
-    mInUse = mModule.wtg_set_offscreen_buffer(mDoc, 0, mSurface->Pixels(), mSize.width, mSize.height) == 0;
-    return mInUse;
+    mRefusal = mModule.wtg_set_offscreen_buffer(mDoc, 0, mSurface->Pixels(), mSize.width, mSize.height);
+    return mRefusal == 0;
 }
 
 bool TextStretch::jump(int32_t story, uint32_t character) {
@@ -137,9 +140,10 @@ bool TextStretch::askTextAbove() {
 }
 
 bool TextStretch::askTextBelow() {
-    const std::optional<uint32_t> end = bottomRight();
-    mAtEnd = end >= mCharacterCount;
-    return end < mCharacterCount && end.has_value();
+    uint32_t end = 0;
+    const bool known = bottomRight(end) == 0;
+    mAtEnd = known && end >= mCharacterCount;
+    return known && !mAtEnd;
 }
 
 uint32_t TextStretch::topCharacter() {
@@ -162,12 +166,8 @@ std::optional<uint32_t> TextStretch::topLeft() {
     return character;
 }
 
-std::optional<uint32_t> TextStretch::bottomRight() {
-    uint32_t character = 0;
-    if (!isInUse() || mModule.wtg_get_bottom_right_character(mDoc, 0, &character) != 0) {
-        return std::nullopt;
-    }
-    return character;
+int32_t TextStretch::bottomRight(uint32_t& character) {
+    return isInUse() ? mModule.wtg_get_bottom_right_character(mDoc, 0, &character) : mRefusal;
 }
 
 // At most the rows of the surface. If the module fails, the number is unchanged,

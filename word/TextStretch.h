@@ -56,8 +56,8 @@ public:
     void open(void* doc, uint32_t characterCount);
     // Creates a new surface and lays the text out for it and dpi. Its first row gets
     // row 0; the module keeps the character at the stretch's top. If the module
-    // refuses the surface, keeps the previous one and lays the text out for that. If
-    // there is none, returns the module's code, else 0.
+    // refuses the surface, keeps the previous one and lays the text out for that.
+    // Returns 0 or the module's code: then there is no surface, or it was not painted.
     int32_t layOut(const Size& size, int dpi);
     // Sets the document row of the stretch's top, after a layout or a jump.
     void place(int top) { setPlace(top, used()); }
@@ -100,9 +100,10 @@ public:
 
 private:
     int32_t replaceSurface(const Size& size);
-    bool isInUse() { return mInUse || useSurface(); }
+    bool isInUse() { return mRefusal == 0 || useSurface(); }
     std::optional<uint32_t> topLeft();
-    std::optional<uint32_t> bottomRight();
+    // Returns 0 or the module's code.
+    int32_t bottomRight(uint32_t& character);
     int askUsedRows();
     bool scrollDown(int rows);
     void moveTop(int rows);
@@ -115,7 +116,7 @@ private:
     void* mDoc = nullptr;
     uint32_t mCharacterCount = 0;
     std::unique_ptr<CpPixmap> mSurface; // null until the module has accepted one
-    bool mInUse = false;                // the module paints into it
+    int32_t mRefusal = -1;              // the module's code for it; 0 while it paints into it
     Size mSize;
     bool mNumbered = true;
     bool mAtEnd = false; // the stretch is known to hold the last character

@@ -55,10 +55,10 @@ int Word::layOut() {
     if (mDocument == nullptr) {
         return 0;
     }
-    const int code = mStretch.layOut(TextStretch::sizeFor(layoutWidth(mScale), mHeight),
-                                     saturateToInt(mScale * DOTS_PER_INCH));
+    mRenderResult = mStretch.layOut(TextStretch::sizeFor(layoutWidth(mScale), mHeight),
+                                    saturateToInt(mScale * DOTS_PER_INCH));
     mDocPixmap = mStretch.surface();
-    return code;
+    return mRenderResult;
 }
 
 void Word::setWideMode(bool on) {

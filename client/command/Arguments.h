@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // The parsed and checked arguments of the lectern command's sub-commands.
-// Sheets and slides are numbered from 1.
+// Sheets and slides are numbered from 1. A file named "-" is standard input.
 #pragma once
 
 #include "client/lib/ScrollPlan.h"
@@ -25,13 +25,15 @@ struct OpenArguments {
     std::optional<int> slide;
     std::optional<std::string> search;
     int hit = 1; // number of the hit to show, from 1; the last hit if there are fewer
+    std::optional<std::string> type = {}; // of the document on standard input
 };
 
 // Arguments of the sub-commands that print information about a document.
 struct PrintArguments {
     std::string file;
     std::optional<std::string> password = {};
-    bool json = false; // print the service's reply unchanged
+    bool json = false;                    // print the service's reply unchanged
+    std::optional<std::string> type = {}; // of the document on standard input
 };
 
 struct NoteArguments {
@@ -42,7 +44,7 @@ struct NoteArguments {
 struct SearchArguments {
     PrintArguments print;
     std::string text;
-    std::optional<int> sheet = {}; // of a spreadsheet; without a value the first
+    std::optional<int> sheet = {}; // of a spreadsheet; without a value all sheets
 };
 
 struct PlayArguments {
@@ -52,6 +54,7 @@ struct PlayArguments {
     int width = 480;
     int height = 800;
     std::optional<std::string> password = {};
+    std::optional<std::string> type = {}; // of the document on standard input
 };
 
 struct CallArguments {

@@ -37,6 +37,7 @@ GOptionEntry flagEntry(const char* name, char letter, gboolean& flag, const char
 GOptionEntry passwordEntry(TextOption& password);
 GOptionEntry sizeEntry(TextOption& size);
 GOptionEntry jsonEntry(gboolean& json);
+GOptionEntry typeEntry(TextOption& type);
 
 // The error for a text that is not a valid value: "'9x' is not a valid size; ...".
 Misuse wrongValue(const TextOption& text, const char* why);
@@ -45,6 +46,10 @@ Misuse wrongValue(const TextOption& text, const char* why);
 std::optional<Misuse> readSize(const TextOption& text, int& width, int& height);
 std::optional<Misuse> readNumber(const TextOption& text, const char* what, int& number);
 std::optional<Misuse> readNumber(const TextOption& text, const char* what, std::optional<int>& number);
+
+// Checks that the type is given for a document on standard input, and only then.
+std::optional<Misuse> readType(const TextOption& text, const std::string& file,
+                               std::optional<std::string>& type);
 
 // The command line of one sub-command: its own options, --help, and the
 // operands, which are all required.

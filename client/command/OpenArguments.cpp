@@ -14,6 +14,7 @@ struct OpenValues {
     TextOption sheet;
     TextOption slide;
     TextOption hit;
+    TextOption type;
 
     std::optional<Misuse> read(OpenArguments& arguments) const {
         if (zoom.given()) {
@@ -35,6 +36,9 @@ struct OpenValues {
             misuse = readNumber(sheet, "sheet", arguments.sheet);
         }
         if (!misuse) {
+            misuse = readType(type, arguments.file, arguments.type);
+        }
+        if (!misuse) {
             misuse = readNumber(slide, "slide", arguments.slide);
         }
         return misuse ? misuse : readNumber(hit, "hit", arguments.hit);
@@ -52,9 +56,9 @@ Parsed<OpenArguments> parseOpen(const Words& words) {
     CommandLine line("open", {"FILE"}, "Saves a document's view as a PNG file, as a screen would show it.",
                      "FILE -o OUT.png");
     if (auto refusal = line.parse(
-            words, {textEntry("output", 'o', output, "The PNG file to write; an existing one is replaced",
-                              "OUT.png"),
-                    sizeEntry(values.size), passwordEntry(password),
+            words, {textEntry("output", 'o', output,
+                              "The PNG file to write, replacing an old one; - is standard output", "OUT.png"),
+                    sizeEntry(values.size), passwordEntry(password), typeEntry(values.type),
                     textEntry("sheet", 0, values.sheet, "Show this sheet, from 1 (spreadsheets only)", "N"),
                     textEntry("slide", 0, values.slide, "Show this slide, from 1 (presentations only)", "N"),
                     textEntry("zoom", 'z', values.zoom, "Zoom by this factor, as a pinch does", "F"),

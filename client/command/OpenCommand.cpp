@@ -120,7 +120,7 @@ int runOpen(const OpenArguments& arguments, Interrupt& interrupt) {
         return failure ? failure : writePicture(arguments.output, document.frame());
     };
     return withDocument(
-        arguments.file,
+        {arguments.file, arguments.type},
         {.width = arguments.width, .height = arguments.height, .password = arguments.password}, interrupt,
         work);
 }

@@ -2,6 +2,7 @@
 #include "client/command/OpenDocument.h"
 
 #include "client/command/Commands.h"
+#include "client/command/InputFile.h"
 #include "client/command/Progress.h"
 #include <lectern/Service.h>
 
@@ -18,15 +19,19 @@ Result<std::unique_ptr<Document>> open(const Bus& bus, const std::string& path, 
 
 } // namespace
 
-int withDocument(const std::string& path, OpenOptions options, Interrupt& interrupt,
+int withDocument(const DocumentName& name, OpenOptions options, Interrupt& interrupt,
                  const DocumentWork& work) {
+    const Result<InputFile> file = InputFile::open(name.file, name.type);
+    if (!file) {
+        return report(file.error());
+    }
     options.stop = interrupt.token();
     const Result<Service> service = Service::open({.isolate = true, .stop = options.stop});
     if (!service) {
         return report(service.error());
     }
     interrupt.watch();
-    const Result<std::unique_ptr<Document>> document = open(service->bus(), path, options);
+    const Result<std::unique_ptr<Document>> document = open(service->bus(), file->path(), options);
     if (!document) {
         return report(document.error());
     }

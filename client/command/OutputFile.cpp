@@ -18,6 +18,13 @@ Error cannotWrite(const std::string& path, int errorNumber) {
     return systemError("cannot write '" + path + "'", errorNumber);
 }
 
+Error terminalRefused() {
+    return {Error::Kind::Argument,
+            "a terminal cannot show the picture; redirect the standard output, or name a file after -o",
+            0,
+            {}};
+}
+
 std::string folderOf(const std::string& path) {
     const std::string folder = std::filesystem::path(path).parent_path();
     return folder.empty() ? "." : folder;
@@ -48,6 +55,9 @@ Failure writeThrough(const std::string& path, std::FILE* stream,
 } // namespace
 
 Failure checkOutput(const std::string& path) {
+    if (path == STANDARD_OUTPUT) {
+        return isatty(STDOUT_FILENO) == 0 ? std::nullopt : Failure(terminalRefused());
+    }
     struct stat status {};
     if (stat(path.c_str(), &status) == 0) {
         if (S_ISDIR(status.st_mode)) {
@@ -70,6 +80,10 @@ Failure checkOutput(const std::string& path) {
 }
 
 Failure writeOutput(const std::string& path, const std::function<bool(std::FILE*)>& write) {
+    if (path == STANDARD_OUTPUT) {
+        return write(stdout) ? std::nullopt
+                             : Failure(systemError("cannot write to the standard output", errno));
+    }
     if (isOtherThanFile(path)) {
         return writeThrough(path, std::fopen(path.c_str(), "wbe"), write);
     }

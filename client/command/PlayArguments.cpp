@@ -7,6 +7,7 @@ Parsed<PlayArguments> parsePlay(const Words& words) {
     TextOption folder;
     TextOption size;
     TextOption password;
+    TextOption type;
     CommandLine line(
         "play", {"SCRIPT", "FILE"},
         "Replays a script of timed touch input and saves what the view shows as numbered PNG files.",
@@ -14,7 +15,7 @@ Parsed<PlayArguments> parsePlay(const Words& words) {
     if (auto refusal = line.parse(
             words,
             {textEntry("output", 'o', folder, "The folder for the pictures; created if missing", "FOLDER"),
-             sizeEntry(size), passwordEntry(password)})) {
+             sizeEntry(size), passwordEntry(password), typeEntry(type)})) {
         return asParsed<PlayArguments>(std::move(*refusal));
     }
     if (!folder.given()) {
@@ -25,7 +26,11 @@ Parsed<PlayArguments> parsePlay(const Words& words) {
     arguments.file = line.operand(1);
     arguments.folder = folder.value;
     arguments.password = password.optional();
-    if (auto misuse = readSize(size, arguments.width, arguments.height)) {
+    std::optional<Misuse> misuse = readSize(size, arguments.width, arguments.height);
+    if (!misuse) {
+        misuse = readType(type, arguments.file, arguments.type);
+    }
+    if (misuse) {
         return *misuse;
     }
     return arguments;

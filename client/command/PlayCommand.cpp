@@ -21,7 +21,7 @@ int runPlay(const PlayArguments& arguments, Interrupt& interrupt) {
         return failure ? failure : play::Player(document, *folder, limits).play(*script);
     };
     return withDocument(
-        arguments.file,
+        {arguments.file, arguments.type},
         {.width = arguments.width, .height = arguments.height, .password = arguments.password}, interrupt,
         work);
 }

@@ -8,13 +8,19 @@ namespace {
 
 // The options that all of them have.
 struct PrintOptions {
-    std::vector<GOptionEntry> entries() { return {passwordEntry(password), jsonEntry(json)}; }
-    PrintArguments arguments(const CommandLine& line) const {
-        return {line.operand(), password.optional(), json != FALSE};
+    std::vector<GOptionEntry> entries() {
+        return {passwordEntry(password), jsonEntry(json), typeEntry(type)};
+    }
+    std::optional<Misuse> read(const CommandLine& line, PrintArguments& arguments) const {
+        arguments.file = line.operand();
+        arguments.password = password.optional();
+        arguments.json = json != FALSE;
+        return readType(type, arguments.file, arguments.type);
     }
 
     TextOption password;
     gboolean json = FALSE;
+    TextOption type;
 };
 
 Parsed<PrintArguments> parsePlain(const char* subcommand, const char* summary, const Words& words) {
@@ -23,7 +29,11 @@ Parsed<PrintArguments> parsePlain(const char* subcommand, const char* summary, c
     if (auto refusal = line.parse(words, options.entries())) {
         return asParsed<PrintArguments>(std::move(*refusal));
     }
-    return options.arguments(line);
+    PrintArguments arguments;
+    if (auto misuse = options.read(line, arguments)) {
+        return *misuse;
+    }
+    return arguments;
 }
 
 } // namespace
@@ -52,8 +62,12 @@ Parsed<NoteArguments> parseNote(const Words& words) {
     if (!slide.given()) {
         return Misuse{"the slide is missing; add --slide N"};
     }
-    NoteArguments arguments{options.arguments(line)};
-    if (auto misuse = readNumber(slide, "slide", arguments.slide)) {
+    NoteArguments arguments;
+    std::optional<Misuse> misuse = options.read(line, arguments.print);
+    if (!misuse) {
+        misuse = readNumber(slide, "slide", arguments.slide);
+    }
+    if (misuse) {
         return *misuse;
     }
     return arguments;
@@ -62,15 +76,21 @@ Parsed<NoteArguments> parseNote(const Words& words) {
 Parsed<SearchArguments> parseSearch(const Words& words) {
     PrintOptions options;
     TextOption sheet;
-    CommandLine line("search", {"FILE", "TEXT"}, "Counts how often a text occurs in a document.");
+    CommandLine line("search", {"FILE", "TEXT"},
+                     "Counts how often a text occurs in a document, and says on which sheets or slides.");
     std::vector<GOptionEntry> entries = options.entries();
     entries.push_back(
-        textEntry("sheet", 0, sheet, "Search this sheet, from 1 (default 1, spreadsheets only)", "N"));
+        textEntry("sheet", 0, sheet, "Search only this sheet, from 1 (spreadsheets only)", "N"));
     if (auto refusal = line.parse(words, std::move(entries))) {
         return asParsed<SearchArguments>(std::move(*refusal));
     }
-    SearchArguments arguments{options.arguments(line), line.operand(1), {}};
-    if (auto misuse = readNumber(sheet, "sheet", arguments.sheet)) {
+    SearchArguments arguments;
+    arguments.text = line.operand(1);
+    std::optional<Misuse> misuse = options.read(line, arguments.print);
+    if (!misuse) {
+        misuse = readNumber(sheet, "sheet", arguments.sheet);
+    }
+    if (misuse) {
         return *misuse;
     }
     return arguments;

@@ -3,54 +3,133 @@
 #include "client/command/Listing.h"
 #include "client/command/Moves.h"
 #include "client/command/OpenDocument.h"
+#include "client/command/PartSearch.h"
 #include "client/lib/Calls.h"
+#include <lectern/ExcelCalls.h>
+#include <lectern/ListReply.h>
+#include <lectern/PptCalls.h>
+
+#include <numeric>
 
 namespace lectern {
 
 namespace {
 
-// Returns, for example, "12 hits for 'boat'".
-std::string hitsText(DocumentKind kind, int hits, const SearchArguments& arguments) {
-    const std::string text = "'" + onOneLine(arguments.text) + "'";
-    if (kind == DocumentKind::Presentation) {
-        return "hits for " + text + " in a presentation are not counted; to see them, run: " +
-               "lectern open FILE -o OUT.png --search TEXT\n";
-    }
-    const std::string count = hits == 0 ? "no hits" : hits == 1 ? "1 hit" : std::to_string(hits) + " hits";
-    const bool ofSheet = kind == DocumentKind::Spreadsheet;
-    return count + " for " + text +
-           (ofSheet ? " in sheet " + std::to_string(arguments.sheet.value_or(1)) : "") + "\n";
+// Returns, for example, "12 hits".
+std::string hitsText(int hits) {
+    return hits == 0 ? "no hits" : hits == 1 ? "1 hit" : std::to_string(hits) + " hits";
 }
 
-Failure goToWhereToLook(Document& document, const SearchArguments& arguments, const CallLimits& limits) {
-    if (!arguments.sheet) {
-        return std::nullopt;
+std::string quoted(const std::string& text) {
+    return "'" + onOneLine(text) + "'";
+}
+
+// Searches the shown part of a document, and prints the number of hits, of which the
+// service's reply tells.
+Failure searchShown(Document& document, const SearchArguments& arguments, const CallLimits& limits,
+                    int& hits) {
+    const Result<std::string> reply = document.bus().call(
+        "/common", "Search", documentPayload(document.docid()).add("search", arguments.text).text(), limits);
+    if (!reply) {
+        return reply.error();
     }
-    const Failure failure = requireKind(document, DocumentKind::Spreadsheet, "--sheet");
-    return failure ? failure : goToSheet(document, *arguments.sheet, limits);
+    const std::optional<JsonMembers> members = JsonMembers::parse(*reply);
+    const Result<int> count = required(members ? members->integer("resultcount") : std::nullopt);
+    if (!count) {
+        return count.error();
+    }
+    hits = *count;
+    if (arguments.print.json) {
+        return print(*reply + "\n");
+    }
+    const std::string where = arguments.sheet ? " in sheet " + std::to_string(*arguments.sheet) : "";
+    return print(hitsText(hits) + " for " + quoted(arguments.text) + where + "\n");
+}
+
+Failure searchSheet(Document& document, const SearchArguments& arguments, const CallLimits& limits,
+                    int& hits) {
+    Failure failure = requireKind(document, DocumentKind::Spreadsheet, "--sheet");
+    if (!failure) {
+        failure = goToSheet(document, *arguments.sheet, limits);
+    }
+    return failure ? failure : searchShown(document, arguments, limits, hits);
+}
+
+// The parts of a kind of document, and how they are searched.
+struct Parts {
+    const char* name; // of one part
+    Result<std::vector<PartHits>> (*search)(Document&, const std::string& text, const CallLimits&);
+    Result<std::string> (*list)(const Bus&, int docid, const CallLimits&);
+};
+constexpr Parts SHEETS = {"sheet", searchSheets, excel::getSheetList};
+constexpr Parts SLIDES = {"slide", searchSlides, ppt::getSlideList};
+
+// Returns, for example, {"resultcount": 3, "sheets": [{"sheet": 0, "resultcount": 3}]}.
+std::string partsJson(const Parts& kind, const std::vector<PartHits>& found, int hits) {
+    const std::string name = kind.name;
+    std::string members;
+    for (const PartHits& part : found) {
+        members += (members.empty() ? "" : ", ") + ("{\"" + name + "\": " + std::to_string(part.part)) +
+                   ", \"resultcount\": " + std::to_string(part.hits) + "}";
+    }
+    return "{\"resultcount\": " + std::to_string(hits) + ", \"" + name + "s\": [" + members + "]}\n";
+}
+
+// Returns one line for each part with hits: "  sheet 2, Berths: 3 hits".
+std::string partsText(const Parts& kind, const std::vector<PartHits>& found, const PartList& list) {
+    std::string lines;
+    for (const PartHits& part : found) {
+        const auto index = static_cast<size_t>(part.part);
+        const std::string title = index < list.parts.size() ? onOneLine(list.parts[index].title) : "";
+        lines += std::string("  ") + kind.name + " " + std::to_string(part.part + 1) +
+                 (title.empty() ? "" : ", " + title) + ": " + hitsText(part.hits) + "\n";
+    }
+    return lines;
+}
+
+Failure searchParts(const Parts& kind, Document& document, const SearchArguments& arguments,
+                    const CallLimits& limits, int& hits) {
+    const Result<std::vector<PartHits>> found = kind.search(document, arguments.text, limits);
+    if (!found) {
+        return found.error();
+    }
+    hits = std::accumulate(found->begin(), found->end(), 0,
+                           [](int sum, const PartHits& part) { return sum + part.hits; });
+    if (arguments.print.json) {
+        return print(partsJson(kind, *found, hits));
+    }
+    const Result<std::string> list = kind.list(document.bus(), document.docid(), limits);
+    if (!list) {
+        return list.error();
+    }
+    return print(hitsText(hits) + " for " + quoted(arguments.text) + "\n" +
+                 partsText(kind, *found, readPartList(*list)));
+}
+
+Failure search(Document& document, const SearchArguments& arguments, const CallLimits& limits, int& hits) {
+    if (arguments.sheet) {
+        return searchSheet(document, arguments, limits, hits);
+    }
+    switch (document.kind()) {
+    case DocumentKind::Spreadsheet:
+        return searchParts(SHEETS, document, arguments, limits, hits);
+    case DocumentKind::Presentation:
+        return searchParts(SLIDES, document, arguments, limits, hits);
+    default:
+        return searchShown(document, arguments, limits, hits);
+    }
 }
 
 } // namespace
 
 int runSearch(const SearchArguments& arguments, Interrupt& interrupt) {
+    int hits = 0;
     const auto work = [&](Document& document, const CallLimits& limits) -> Failure {
-        if (Failure failure = goToWhereToLook(document, arguments, limits)) {
-            return failure;
-        }
-        const Result<std::string> reply = document.bus().call(
-            "/common", "Search", documentPayload(document.docid()).add("search", arguments.text).text(),
-            limits);
-        if (!reply) {
-            return reply.error();
-        }
-        if (arguments.print.json) {
-            return print(*reply + "\n");
-        }
-        const std::optional<JsonMembers> members = JsonMembers::parse(*reply);
-        const Result<int> hits = required(members ? members->integer("resultcount") : std::nullopt);
-        return hits ? print(hitsText(document.kind(), *hits, arguments)) : hits.error();
+        return search(document, arguments, limits, hits);
     };
-    return withDocument(arguments.print.file, {.password = arguments.print.password}, interrupt, work);
+    const int status = withDocument({arguments.print.file, arguments.print.type},
+                                    {.password = arguments.print.password}, interrupt, work);
+    return status == STATUS_DONE && hits == 0 ? STATUS_FAILED : status;
 }
 
 } // namespace lectern

@@ -61,6 +61,13 @@ Error documentError(const std::string& path, DocumentKind kind, int code) {
             {}};
 }
 
+Error paintError(int code) {
+    return {Error::Kind::Document,
+            "cannot paint the document: " + moduleResultText(code) + " (code " + std::to_string(code) + ")",
+            code,
+            {}};
+}
+
 Error refusalError(const std::string& errorCode, const std::string& errorText) {
     std::string text;
     if (errorCode == "errDocType") {

@@ -16,6 +16,9 @@ std::string moduleResultText(int code);
 // that the file's name tells.
 Error documentError(const std::string& path, DocumentKind kind, int code);
 
+// The error of a paint whose rendering ended with this code (not 0).
+Error paintError(int code);
+
 // The error for a reply's "errorCode" and "errorText".
 Error refusalError(const std::string& errorCode, const std::string& errorText);
 

@@ -155,6 +155,7 @@ void View::takePaintsDone() {
     while (mLife != Life::Gone && mQueue.tryTake(paintDoneAddress(), message)) {
         ++mPaintsDone;
         mPaintResult = message.value;
+        mRenderResult = message.extra;
     }
 }
 
@@ -220,7 +221,10 @@ Failure View::paint(const CallLimits& limits) {
         return failure;
     }
     const Lock lock(mMutex);
-    return mPaintResult == 0 ? Failure() : refusalError("errDoesNotExist", {});
+    if (mPaintResult != 0) {
+        return refusalError("errDoesNotExist", {});
+    }
+    return mRenderResult == 0 ? Failure() : paintError(mRenderResult);
 }
 
 // The service takes the record with the lowest type first. A pen up may

@@ -130,6 +130,7 @@ private:
     unsigned int mPaintsAsked = 0; // used by the thread that paints only
     unsigned int mPaintsDone GUARDED_BY(mMutex) = 0;
     int mPaintResult GUARDED_BY(mMutex) = 0;
+    int mRenderResult GUARDED_BY(mMutex) = 0;
 
     std::atomic<long> mHighestSent{0}; // highest type of the records that may be queued
     Mutex mAttendantsMutex;            // taken after all other mutexes

@@ -89,7 +89,8 @@ public:
     // Identifier of the state segment, for OpenOptions::restoreFrom.
     unsigned int stateIdentifier() const;
 
-    // Asks the service to paint, and returns when the picture is in frame().
+    // Asks the service to paint, and returns when the picture is in frame(). Fails with
+    // an error of kind document if the rendering module could not render it.
     Failure paint(const CallLimits& limits = {});
     // With ViewEvents::onFrame: asks the library to paint soon, after all input sent so
     // far. Without it, does nothing. Never blocks.

@@ -17,8 +17,8 @@ struct Error {
         Bus,       // no service, no connection or no valid reply; name holds the D-Bus
                    // error's name, if there is one
         Refused,   // the service replied with an error; name holds its "errorCode"
-        Document,  // the document did not open; code holds the rendering module's code
-                   // (modules/ModuleResults.h)
+        Document,  // the document did not open or was not painted; code holds the
+                   // rendering module's code (modules/ModuleResults.h)
         TimedOut,  // no reply in time
         Gone,      // the service that had the document has stopped; call
                    // Document::reopen

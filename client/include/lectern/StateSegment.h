@@ -16,9 +16,11 @@ namespace lectern {
 struct ViewState {
     int32_t scrollX; // the view's top left corner, in document pixels at this scale
     int32_t scrollY;
-    double scale;        // zoom factor
-    int32_t scaleLevel;  // step of the double tap's zoom, 0 to 2
-    int32_t reserved[2]; // for the service; clients must not change it
+    double scale;       // zoom factor
+    int32_t scaleLevel; // step of the double tap's zoom, 0 to 2
+    // The service's own; clients must not change them.
+    int32_t reserved;
+    int32_t part; // the shown sheet or slide, from 0; has no meaning for texts
 };
 #pragma pack(pop)
 static_assert(sizeof(ViewState) == 28);

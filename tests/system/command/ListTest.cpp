@@ -2,6 +2,8 @@
 // The command's information about documents, compared with their files.
 #include "tests/system/command/ServedCommandFixture.h"
 
+#include <filesystem>
+
 namespace {
 
 using testing::HasSubstr;
@@ -70,11 +72,44 @@ TEST_F(ListTest, ATextFileHasNoDates) {
 }
 
 TEST_F(ListTest, SearchCountsInTheSheetAskedFor) {
-    EXPECT_EQ(done({"search", sample("tour.xlsx"), "January"}), "1 hit for 'January' in sheet 1\n");
-    EXPECT_EQ(done({"search", sample("tour.xlsx"), "January", "--sheet", "2"}),
-              "no hits for 'January' in sheet 2\n");
+    EXPECT_EQ(done({"search", sample("tour.xlsx"), "January", "--sheet", "1"}),
+              "1 hit for 'January' in sheet 1\n");
+    const Outcome none = lectern({"search", sample("tour.xlsx"), "January", "--sheet", "2"});
+    EXPECT_EQ(none.output, "no hits for 'January' in sheet 2\n");
+    EXPECT_EQ(none.status, 1);
     EXPECT_EQ(done({"search", sample("tour.xlsx"), "Berth", "--sheet", "2", "--json"}),
               "{ \"resultcount\": 1 }\n");
+}
+
+TEST_F(ListTest, SearchCountsInAllSheets) {
+    EXPECT_EQ(done({"search", sample("tour.xlsx"), "b0"}), "7 hits for 'b0'\n  sheet 2, Moorings: 7 hits\n");
+}
+
+TEST_F(ListTest, SearchCountsTheHitsOnEachSlide) {
+    EXPECT_EQ(done({"search", sample("tour.ppt"), "boat"}), "7 hits for 'boat'\n"
+                                                            "  slide 1, The Harbour in Slides: 1 hit\n"
+                                                            "  slide 2, What you will see: 4 hits\n"
+                                                            "  slide 3, Who sails when: 2 hits\n");
+    EXPECT_EQ(lectern({"search", sample("tour.ppt"), "submarine"}).status, 1);
+}
+
+TEST_F(ListTest, SearchCountsASlideWhoseNoteAloneHasTheText) {
+    EXPECT_EQ(done({"search", sample("tour.pptx"), "Then begin"}),
+              "1 hit for 'Then begin'\n  slide 1, The Harbour in Slides: 1 hit\n");
+    EXPECT_EQ(done({"search", sample("tour.pptx"), "point at"}),
+              "1 hit for 'point at'\n  slide 2, What you will see: 1 hit\n");
+}
+
+TEST_F(ListTest, DocumentsComeFromStandardInput) {
+    const std::string script = "\"$0\" info - --type docx < \"$1\"";
+    Subprocess shell({"sh", "-c", script, LECTERN_PROGRAM, sample("tour.docx")},
+                     {{"DBUS_SESSION_BUS_ADDRESS", bus->address()}, {"TMPDIR", folder.path()}},
+                     folder.path() + "/shell");
+    EXPECT_EQ(shell.wait(std::chrono::seconds(120)), std::optional<int>(0)) << shell.errors();
+    EXPECT_EQ(shell.output(), done({"info", sample("tour.docx")}));
+    for (const auto& left : std::filesystem::directory_iterator(folder.path())) {
+        EXPECT_THAT(left.path().filename().string(), testing::Not(StartsWith("lectern-input-")));
+    }
 }
 
 } // namespace

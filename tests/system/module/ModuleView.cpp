@@ -3,6 +3,7 @@
 
 #include "tests/system/support/Subprocess.h"
 
+#include <algorithm>
 #include <filesystem>
 
 namespace lectern::test {
@@ -145,6 +146,7 @@ std::string generated(const std::string& script, std::vector<std::string> argume
     for (const std::string& argument : arguments) {
         name += "-" + argument;
     }
+    std::replace(name.begin(), name.end(), '/', '_');
     const std::string path = folder() + "/" + name + ".docx";
     if (!std::filesystem::exists(path)) {
         std::vector<std::string> command{"python3", SAMPLES_FOLDER "/" + script};

@@ -119,6 +119,17 @@ TEST(OpenArguments, SearchForATextAndGoToOneOfItsHits) {
                 HasSubstr("'0' is not a valid hit number"));
 }
 
+TEST(DocumentType, BelongsToStandardInput) {
+    const auto parsed = parseInfo({"-", "--type", "docx"});
+    EXPECT_EQ(std::get<PrintArguments>(parsed).file, "-");
+    EXPECT_EQ(std::get<PrintArguments>(parsed).type, "docx");
+    EXPECT_EQ(std::get<OpenArguments>(parseOpen({"-", "-t", "xls", "-o", "-"})).type, "xls");
+    EXPECT_EQ(std::get<PlayArguments>(parsePlay({"a.play", "-", "-t", "ppt", "-o", "b"})).type, "ppt");
+    EXPECT_EQ(misuse(parseInfo({"a.docx", "--type", "docx"})), "--type works with FILE - only");
+    EXPECT_THAT(misuse(parseInfo({"-"})), HasSubstr("the type of the document"));
+    EXPECT_THAT(misuse(parseInfo({"-", "--type", ".docx"})), HasSubstr("'.docx' is not a known type"));
+}
+
 TEST(SearchArguments, AreAFileATextAndPerhapsASheet) {
     const auto parsed = parseSearch({"a.doc", "--password", "x", "two words", "--sheet", "4"});
     EXPECT_EQ(std::get<SearchArguments>(parsed).print.file, "a.doc");

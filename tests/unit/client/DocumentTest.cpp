@@ -112,6 +112,19 @@ TEST_F(DocumentTest, PaintFailsWhenTheServiceNoLongerKnowsTheDocument) {
     EXPECT_EQ(failure->name, "errDoesNotExist");
 }
 
+TEST_F(DocumentTest, PaintFailsWhileTheModuleCannotRender) {
+    const auto document = open();
+    ASSERT_TRUE(document);
+    mService.view().renderResult = 9;
+    const auto failure = (*document)->paint();
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->kind, Error::Kind::Document);
+    EXPECT_EQ(failure->code, 9);
+    EXPECT_THAT(failure->text, HasSubstr("cannot paint the document: its layout takes too long"));
+    mService.view().renderResult = 0;
+    EXPECT_FALSE((*document)->paint());
+}
+
 TEST_F(DocumentTest, TheAnswerToAnEarlierViewsPaintIsNotTakenForItsOwn) {
     ClientQueue queue;
     ASSERT_FALSE(queue.connect());

@@ -124,6 +124,7 @@ void FakeView::paint() {
     writeState();
     ServerClientMessage done(mDocid + DocAdapterMessageQueue::PAINT_DONE_BASE, _PAINT_DONE);
     done.value = paintResult;
+    done.extra = renderResult;
     mQueue.SendMessage(done);
 }
 

@@ -42,6 +42,7 @@ public:
 
     std::atomic<bool> answersPaints{true};
     std::atomic<int> paintResult{0};
+    std::atomic<int> renderResult{0};
     std::atomic<int> lastRow{5'000};       // largest vertical scroll position
     std::atomic<int> rowsAbove{0};         // rows before row 0, shown by a push against it
     std::atomic<double> largestScale{4.0}; // of a pinch
@@ -62,7 +63,7 @@ private:
     lectern::Attachment mFrame;
     unsigned int mStateIdentifier = 0;
     lectern::Attachment mStateMemory;
-    lectern::ViewState mState{0, 0, 1.0, 0, {0, 0}};
+    lectern::ViewState mState{0, 0, 1.0, 0, 0, 0};
     int mPenY = 0;
     int mScrollAtPen = 0;
     double mFactor = 1.0;

@@ -49,6 +49,18 @@ TEST_F(OutputFile, IsWrittenWholeAndAlone) {
     EXPECT_EQ(files(), 1U);
 }
 
+TEST_F(OutputFile, MayBeStandardOutput) {
+    testing::internal::CaptureStdout();
+    EXPECT_FALSE(checkOutput("-"));
+    EXPECT_FALSE(writeOutput("-", writeWord));
+    std::fflush(stdout);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "word");
+    testing::internal::CaptureStdout();
+    EXPECT_TRUE(writeOutput("-", writeHalf));
+    testing::internal::GetCapturedStdout();
+    EXPECT_EQ(files(), 0U);
+}
+
 TEST_F(OutputFile, ReplacesAnOldOneOnlyWhenWritten) {
     std::ofstream(path("a")) << "old";
     EXPECT_TRUE(writeOutput(path("a"), writeHalf));

@@ -104,9 +104,10 @@ TEST_F(PrintCommands, NoteNamesTheRangeOfSlides) {
 TEST_F(PrintCommands, SearchPrintsTheNumberOfHits) {
     for (const auto& [count, text] : {std::pair("0", "no hits"), {"1", "1 hit"}, {"12", "12 hits"}}) {
         mService.answer("/common Search", std::string("{\"resultcount\":") + count + "}");
-        EXPECT_EQ(run(runSearch, {{"/letter.docx", "secret"}, "boat", {}}), STATUS_DONE);
+        const int status = *count == '0' ? STATUS_FAILED : STATUS_DONE;
+        EXPECT_EQ(run(runSearch, {{"/letter.docx", "secret"}, "boat", {}}), status);
         EXPECT_EQ(printed(), std::string(text) + " for 'boat'\n");
-        EXPECT_EQ(run(runSearch, {{"/letter.docx", {}, true}, "boat", {}}), STATUS_DONE);
+        EXPECT_EQ(run(runSearch, {{"/letter.docx", {}, true}, "boat", {}}), status);
         EXPECT_EQ(printed(), std::string("{\"resultcount\":") + count + "}\n");
     }
     EXPECT_EQ(complaints(), "");
@@ -119,17 +120,37 @@ TEST_F(PrintCommands, SearchLooksInOneSheet) {
     mService.answer("/common Search", R"({ "resultcount": 3 })");
     EXPECT_EQ(run(runSearch, {{"/a.xls"}, "boat", 2}), STATUS_DONE);
     EXPECT_EQ(printed(), "3 hits for 'boat' in sheet 2\n");
-    EXPECT_EQ(run(runSearch, {{"/a.xls"}, "boat", {}}), STATUS_DONE);
-    EXPECT_EQ(printed(), "3 hits for 'boat' in sheet 1\n");
     EXPECT_EQ(run(runSearch, {{"/a.xls"}, "boat", 3}), STATUS_MISUSE);
     EXPECT_THAT(complaints(), HasSubstr("a number from 1 to 2"));
 }
 
-TEST_F(PrintCommands, SearchDoesNotPretendThatPresentationsCount) {
+TEST_F(PrintCommands, SearchLooksInAllSheets) {
+    mService.documentKind(1);
+    mService.answer("/excel getSheetList", mSheets);
+    mService.answer("/excel jumpToSheet", R"({"cursheet": 1})");
+    mService.answer("/common Search", R"({ "resultcount": 3 })");
+    EXPECT_EQ(run(runSearch, {{"/a.xls"}, "boat", {}}), STATUS_DONE);
+    EXPECT_EQ(printed(), "6 hits for 'boat'\n  sheet 1, A \"B\": 3 hits\n  sheet 2, C: 3 hits\n");
+    EXPECT_EQ(run(runSearch, {{"/a.xls", {}, true}, "boat", {}}), STATUS_DONE);
+    EXPECT_EQ(printed(), R"({"resultcount": 6, "sheets": [{"sheet": 0, "resultcount": 3}, )"
+                         R"({"sheet": 1, "resultcount": 3}]})"
+                         "\n");
+}
+
+// The service marks no hits in notes, and the fake's pictures never change.
+TEST_F(PrintCommands, SearchLooksInTheNoteOfTheFirstSlide) {
     mService.documentKind(3);
     mService.answer("/common Search", R"({ "resultcount": 0 })");
+    mService.answer("/common nextResult", R"({ "returnValue": true })");
+    mService.answer("/ppt getSlideNote", R"({ "note": "By Boat" })");
+    mService.answer("/ppt getSlideList", R"({"list": []})");
     EXPECT_EQ(run(runSearch, {{"/a.ppt"}, "boat", {}}), STATUS_DONE);
-    EXPECT_THAT(printed(), HasSubstr("in a presentation are not counted"));
+    EXPECT_EQ(printed(), "1 hit for 'boat'\n  slide 1: 1 hit\n");
+    EXPECT_EQ(run(runSearch, {{"/a.ppt"}, "ship", {}}), STATUS_FAILED);
+    EXPECT_EQ(printed(), "no hits for 'ship'\n");
+    EXPECT_EQ(run(runSearch, {{"/a.ppt", {}, true}, "ship", {}}), STATUS_FAILED);
+    EXPECT_EQ(printed(), "{\"resultcount\": 0, \"slides\": []}\n");
+    EXPECT_EQ(complaints(), "");
 }
 
 TEST_F(PrintCommands, FailWithTheDocument) {

@@ -14,6 +14,18 @@ TEST_F(ExcelPaintTest, HeadersAndCellsAtTheStart) {
     EXPECT_THAT(calls(), ElementsAre("stg_render_sheet(0, 0, 0)"));
 }
 
+TEST_F(ExcelPaintTest, ModulesCodeOfTheLastRenderingIsKept) {
+    const auto view = openView();
+    fakeSheet().nextResults["stg_render_sheet"] = {9};
+    paint(*view);
+    EXPECT_EQ(view->renderResult(), 9);
+    paint(*view);
+    EXPECT_EQ(view->renderResult(), 9) << "the same picture";
+    view->handleDoubleClick(100, 100);
+    paint(*view);
+    EXPECT_EQ(view->renderResult(), 0);
+}
+
 TEST_F(ExcelPaintTest, HeadersStayAtTheEdgesOfAScrolledView) {
     const auto view = openView();
     view->restAt(1011, 2017);
@@ -150,14 +162,14 @@ TEST_F(ExcelPaintTest, BesideASmallSheetTheModulePaints) {
     EXPECT_EQ(picture.at(60 + 160, 5), FAKE_BESIDE_SHEET);
 }
 
-TEST_F(ExcelPaintTest, ScreensLargerThanTheWindowHaveGroundAround) {
-    const auto view = openView(1700, 1600);
+TEST_F(ExcelPaintTest, ScreensLargerThanTheLargestWindowHaveGroundAround) {
+    const auto view = openView(1700, 16384);
     const Frame picture = paint(*view);
-    EXPECT_EQ(window(*view), CpRect(100, 50, 1600, 1550)) << "the middle of the view";
-    EXPECT_EQ(picture.at(160, 80), fakeCellPixel(100, 50));
-    EXPECT_EQ(picture.at(1599, 1549), fakeCellPixel(1539, 1519));
-    EXPECT_EQ(picture.at(1600, 1549), ground(1600, 1549));
-    EXPECT_EQ(picture.at(1599, 1550), ground(1599, 1550));
+    EXPECT_EQ(window(*view), CpRect(0, 6144, 1700, 10240)) << "the middle of the view";
+    EXPECT_EQ(picture.at(160, 6173), ground(160, 6173));
+    EXPECT_EQ(picture.at(160, 6174), fakeCellPixel(100, 6144));
+    EXPECT_EQ(picture.at(1699, 7000), fakeCellPixel(1639, 6970));
+    EXPECT_EQ(picture.at(160, 10240), ground(160, 10240));
 }
 
 // Headers larger than the screen are cut at its end, and nothing after the

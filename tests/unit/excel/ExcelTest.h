@@ -44,9 +44,10 @@ protected:
         }
         return column < ROW_HEADER_WIDTH ? fakeRowHeaderPixel(column, y) : fakeCellPixel(x, y);
     }
-    static void expectSheet(const TestExcel& view, const Frame& picture) {
-        for (int row = 0; row < view.height(); ++row) {
-            for (int column = 0; column < view.width(); ++column) {
+    // Compares every `step`th pixel of both axes.
+    static void expectSheet(const TestExcel& view, const Frame& picture, int step = 1) {
+        for (int row = 0; row < view.height(); row += step) {
+            for (int column = 0; column < view.width(); column += step) {
                 ASSERT_EQ(picture.at(column, row), sheetPixel(view, column, row)) << column << ", " << row;
             }
         }

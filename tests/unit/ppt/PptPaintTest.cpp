@@ -67,7 +67,9 @@ TEST_F(PptPaintTest, ModulesCodeIsPassedOnAndTheSurfaceCountsAsRendered) {
     fakeSlides().nextResults["sstg_render_slide"] = {9};
     EXPECT_EQ(view->drawOffscreenBuffer(), 9);
     EXPECT_FALSE(view->mOffscreenDirty);
+    EXPECT_EQ(view->renderResult(), 9);
     EXPECT_EQ(view->drawOffscreenBuffer(), 0);
+    EXPECT_EQ(view->renderResult(), 0);
 }
 
 TEST_F(PptPaintTest, SmallSlideOfOddSizeIsCentred) {

@@ -19,6 +19,7 @@ public:
     using OfficeBase::mDirty;
     using OfficeBase::mDocPixmap;
     using OfficeBase::mMimeInfo;
+    using OfficeBase::mRenderResult;
 
     bool clickResult = true;
     // Called by every recorded operation; may be empty.

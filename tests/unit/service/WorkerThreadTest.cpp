@@ -48,10 +48,11 @@ protected:
         ASSERT_EQ(client.SendMessage(message), 0);
     }
     // Waits for the answer to a paint; returns its value.
-    int answer(int docid) {
+    int answer(int docid, int extra = 0) {
         ServerClientMessage message;
         EXPECT_EQ(client.ReadMessage(docid + 101, message, DocAdapterMessageQueue::TIMEOUT_INFINITE), 12);
         EXPECT_EQ(message.id, _PAINT_DONE);
+        EXPECT_EQ(message.extra, extra);
         return message.value;
     }
     // The worker survives failed reads and reports them.
@@ -103,6 +104,15 @@ TEST_F(WorkerThreadTest, ServesUntilItIsCancelled) {
     EXPECT_EQ(join(), PTHREAD_CANCELED);
     EXPECT_THAT(trace, ElementsAre("handleKeyDown(97, 0)"));
     EXPECT_TRUE(g_msgQueue.isOpen());
+}
+
+TEST_F(WorkerThreadTest, TellsWithEachPaintWhetherThePictureIsRendered) {
+    view(addView()).mRenderResult = 9;
+    start();
+    post(_PAINT, 0);
+    EXPECT_EQ(answer(0, 9), 0);
+    post(_PAINT, 7);
+    EXPECT_EQ(answer(7), -4);
 }
 
 TEST_F(WorkerThreadTest, ARecordTakenUpIsFinishedBeforeItIsCancelled) {

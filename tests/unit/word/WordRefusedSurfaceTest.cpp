@@ -60,6 +60,19 @@ TEST_F(WordRefusedSurfaceTest, TheFirstOneIsReportedAndTheViewWorksWithoutIt) {
     expectText(*view);
 }
 
+// The module lays the text out when it is asked for the stretch's end.
+TEST_F(WordRefusedSurfaceTest, ALayoutThatFailsIsReportedByTheOpenAndByTheView) {
+    fakeWord().nextResults["wtg_get_bottom_right_character"] = {9};
+    const auto view = makeView();
+    EXPECT_EQ(view->openFile("/d/text.doc", nullptr), 9);
+    EXPECT_EQ(view->renderResult(), 9);
+    view->handleDoubleClick(7, 9);
+    EXPECT_EQ(view->renderResult(), 0) << "another layout";
+    fakeWord().nextResults["wtg_get_bottom_right_character"] = {10};
+    view->handleDoubleClick(7, 9);
+    EXPECT_EQ(view->renderResult(), 10);
+}
+
 TEST_F(WordRefusedSurfaceTest, APopupWithoutOneDoesNotOpen) {
     const auto view = openView(320, 480, 20000);
     fakeWord().click = {4, 11, 12, 13};
