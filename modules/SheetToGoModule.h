@@ -87,8 +87,9 @@ LECTERN_MODULE_EXPORT int32_t stg_stop_find(void* doc);
 
 /* Selection. Each call replaces the one before. x and y are any document pixel inside
  * the first and the last track. *count is the number of visible tracks. The copied text
- * has a tab between columns and a line feed between rows. It leaves out empty cells and
- * rows at the end and includes hidden cells. */
+ * has a tab between columns and a line feed between rows. It leaves out columns and rows
+ * behind the last contents of the sheet, and rows that a filter hides. It includes other
+ * hidden cells, and empty ones before the first text. */
 LECTERN_MODULE_EXPORT int32_t stg_clear_selection(void* doc);
 LECTERN_MODULE_EXPORT int32_t stg_select_area(void* doc, int32_t sheet, int32_t left, int32_t top,
                                               int32_t width, int32_t height);
@@ -101,13 +102,15 @@ LECTERN_MODULE_EXPORT int32_t stg_copy_selection(void* doc, uint16_t* text, int3
 
 /* Changes to the open document. Modules never write to its file.
  *
- * Sorting moves all rows that are not empty. The first of them stays in place if it is
- * a header: all its cells are texts, and below at least one of them is something else
- * than a text. Sorting fails and changes nothing if the sheet is protected or has merged
- * cells.
+ * Sorting moves the rows below the header, as far as the sheet has contents or, in a
+ * list with filter buttons, to the end of the list. The header is that of the list, or
+ * the row with the most texts above the first row that has something else than a text
+ * below a text; the first sort of a sheet decides it. Sorting fails and changes nothing
+ * if the sheet is protected or if merged cells are among the rows to be moved.
  *
- * Unhiding includes the hidden tracks that touch the given ones, so that it undoes
- * hiding at the same place. Resizing changes a track by `change` pixels. It fails if
+ * Unhiding shows those tracks that were hidden last among the given ones and the hidden
+ * ones that touch them, or all of these if none was hidden through the module. So it
+ * undoes hiding at the same place. Resizing changes a track by `change` pixels. It fails if
  * the result would be less than one pixel or more than the document format allows. */
 LECTERN_MODULE_EXPORT int32_t stg_sort_ascending(void* doc, int32_t sheet, int32_t column);
 LECTERN_MODULE_EXPORT int32_t stg_sort_descending(void* doc, int32_t sheet, int32_t column);

@@ -131,6 +131,11 @@ double Tracks::paintedAt(double place, int32_t dpi) const {
     return static_cast<double>(run.start) + into * scale;
 }
 
+double Tracks::displacementAt(int64_t pixel, int32_t dpi) const {
+    constexpr double ASSUMED_DPI = 96;
+    return static_cast<double>(pixel - position(trackAt(pixel))) * (1 - ASSUMED_DPI / dpi);
+}
+
 bool Tracks::isHidden(int32_t track) const {
     return runOf(track).hidden;
 }

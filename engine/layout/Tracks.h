@@ -44,6 +44,10 @@ public:
     // The pixel, with its fraction, at which the suite paints an object at
     // `place`, an unrounded position in twips.
     double paintedAt(double place, int32_t dpi) const;
+    // How far behind paintedAt the suite paints an object in a tile that starts at
+    // `pixel`. The suite takes the pixels from the start of the tile's first track
+    // to the tile for pixels of 96 dpi.
+    double displacementAt(int64_t pixel, int32_t dpi) const;
     bool isHidden(int32_t track) const;
     int32_t visibleIn(int32_t first, int32_t last) const;
     // A range takes in the hidden tracks right before its first one, true

@@ -11,11 +11,9 @@ namespace lectern::engine {
 
 namespace {
 
-// The pixel at which a tile must start so that it shows `pixel` and has its
-// drawings in the right places. The suite displaces drawings by a part of the
-// distance between the tile's start and the start of its first cell (by a third
-// at 144 dpi). A tile therefore starts at the start of a cell, or as close
-// behind one as is possible within MOST_BEFORE pixels.
+// The pixel at which a tile starts so that it shows `pixel` and its drawings
+// need not be moved: the start of a cell, or as close behind one as is possible
+// within MOST_BEFORE pixels. See Tracks::displacementAt.
 int64_t startForDrawings(int64_t pixel, const Tracks& tracks, int32_t dpi) {
     constexpr int64_t MOST_BEFORE = 512; // pixels painted outside of the window at most
     const int64_t step = tileStep(dpi);
@@ -120,13 +118,13 @@ void CellPainter::paintCells(Workbook& book, int32_t sheet, int64_t x, int64_t y
                              const Surface& surface) {
     const SheetGeometry& geometry = book.geometry(sheet);
     const bool withDrawings = book.hasDrawings(sheet);
-    book.alignDrawings(sheet);
     const Span across(x, surface.width, geometry.columns, dpi, withDrawings);
     const Span down(y, surface.height, geometry.rows, dpi, withDrawings);
     if (across.isEmpty() || down.isEmpty() || !across.isWithinReach(dpi) || !down.isWithinReach(dpi)) {
         fill(surface, 0, 0, surface.width, surface.height, WHITE);
         return;
     }
+    book.alignDrawings(sheet, across.tileFirst, down.tileFirst);
     book.show(sheet);
     if (across.fitsTile() && down.fitsTile() && across.tileSize() == surface.width) {
         paintTile(book.painter(), across, down, dpi, surface.row(down.first - y));

@@ -18,18 +18,18 @@ namespace {
 
 constexpr double HUNDREDTH_MM_PER_INCH = 2540;
 
-// Where the suite paints what the document has at `place`, a distance from the
-// sheet's edge. Both in 1/100 mm.
-int32_t paintedPlace(const Tracks& tracks, int32_t place, int32_t dpi) {
-    const double pixel = tracks.paintedAt(place * TWIPS_PER_INCH / HUNDREDTH_MM_PER_INCH, dpi);
-    return static_cast<int32_t>(std::lround(pixel * HUNDREDTH_MM_PER_INCH / dpi));
+// Where a drawing must be so that the suite paints it at the pixel of what the
+// document has at `place`, a distance from the sheet's edge. Both in 1/100 mm.
+int32_t placeFor(const Drawings::Way& way, int32_t place, int32_t dpi) {
+    const double pixel = way.tracks.paintedAt(place * TWIPS_PER_INCH / HUNDREDTH_MM_PER_INCH, dpi);
+    return static_cast<int32_t>(std::lround((pixel - way.displacement) * HUNDREDTH_MM_PER_INCH / dpi));
 }
 
 } // namespace
 
 void Drawings::read() {
     mDrawings.clear();
-    mAlignedTo = 0;
+    mAlignment = {};
     const Reference<css::drawing::XDrawPageSupplier> supplier(mSheet, UNO_QUERY_THROW);
     const auto page = supplier->getDrawPage();
     // A sheet that a file only counts, without having it, has no page.
@@ -58,25 +58,26 @@ void Drawings::place(const Drawing& drawing, const css::awt::Point& position, co
     }
 }
 
-void Drawings::align(const Tracks& columns, const Tracks& rows, int32_t dpi) {
-    if (mAlignedTo == dpi) {
+void Drawings::align(const Way& across, const Way& down, int32_t dpi) {
+    const Alignment alignment{dpi, across.displacement, down.displacement};
+    if (mAlignment == alignment) {
         return;
     }
-    mAlignedTo = dpi;
+    mAlignment = alignment;
     for (const Drawing& drawing : mDrawings) {
         const auto& [x, y] = drawing.position;
-        const css::awt::Point position(paintedPlace(columns, x, dpi), paintedPlace(rows, y, dpi));
-        const int32_t right = paintedPlace(columns, x + drawing.size.Width, dpi);
-        const int32_t bottom = paintedPlace(rows, y + drawing.size.Height, dpi);
+        const css::awt::Point position(placeFor(across, x, dpi), placeFor(down, y, dpi));
+        const int32_t right = placeFor(across, x + drawing.size.Width, dpi);
+        const int32_t bottom = placeFor(down, y + drawing.size.Height, dpi);
         place(drawing, position, {right - position.X, bottom - position.Y});
     }
 }
 
 void Drawings::restore() {
-    if (mAlignedTo == 0) {
+    if (mAlignment == Alignment()) {
         return;
     }
-    mAlignedTo = 0;
+    mAlignment = {};
     for (const Drawing& drawing : mDrawings) {
         place(drawing, drawing.position, drawing.size);
     }

@@ -23,8 +23,13 @@ public:
     explicit Drawings(const css::uno::Reference<css::sheet::XSpreadsheet>& sheet) : mSheet(sheet) {}
 
     bool empty() const { return mDrawings.empty(); }
-    // Moves the drawings to their cells' pixels at `dpi`.
-    void align(const Tracks& columns, const Tracks& rows, int32_t dpi);
+    // Moves the drawings to their cells' pixels at `dpi`, in a tile that displaces
+    // them along both axes.
+    struct Way {
+        const Tracks& tracks;
+        double displacement; // in pixels; see Tracks::displacementAt
+    };
+    void align(const Way& across, const Way& down, int32_t dpi);
     // Moves the drawings back to their positions in the document.
     void restore();
     // Reads the drawings and their positions from the document.
@@ -41,7 +46,15 @@ private:
 
     css::uno::Reference<css::sheet::XSpreadsheet> mSheet;
     std::vector<Drawing> mDrawings;
-    int32_t mAlignedTo = 0; // the resolution; 0 when the drawings are at their positions in the document
+    // What the drawings were aligned to; a resolution of 0 when they are at their
+    // positions in the document.
+    struct Alignment {
+        int32_t dpi = 0;
+        double across = 0;
+        double down = 0;
+        friend bool operator==(const Alignment&, const Alignment&) = default;
+    };
+    Alignment mAlignment;
 };
 
 } // namespace lectern::engine

@@ -179,9 +179,10 @@ void Workbook::changed(int32_t index) {
     sheet.drawings.read();
 }
 
-void Workbook::alignDrawings(int32_t index) {
-    const SheetGeometry& measures = geometry(index);
-    mSheets[static_cast<size_t>(index)].drawings.align(measures.columns, measures.rows, mDpi);
+void Workbook::alignDrawings(int32_t index, int64_t x, int64_t y) {
+    const auto& [columns, rows] = geometry(index);
+    mSheets[static_cast<size_t>(index)].drawings.align({columns, columns.displacementAt(x, mDpi)},
+                                                       {rows, rows.displacementAt(y, mDpi)}, mDpi);
 }
 
 bool Workbook::showsGrid() const {

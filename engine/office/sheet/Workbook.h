@@ -81,8 +81,9 @@ public:
 
     // Whether charts, pictures or shapes lie on the sheet.
     bool hasDrawings(int32_t sheet) const { return !mSheets[static_cast<size_t>(sheet)].drawings.empty(); }
-    // Moves drawings to where their cells are painted; call before painting.
-    void alignDrawings(int32_t sheet);
+    // Moves drawings to where their cells are painted in a tile that starts at the
+    // suite's pixel (x, y); call before painting it.
+    void alignDrawings(int32_t sheet, int64_t x, int64_t y);
     // Whether the sheet that is shown has grid lines, and the switch for them.
     bool showsGrid() const;
     void showGrid(bool shown);

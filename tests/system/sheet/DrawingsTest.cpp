@@ -49,7 +49,7 @@ protected:
 };
 
 TEST_F(DrawingsTest, ADrawingStaysInItsPlaceWhereverTheWindowBegins) {
-    for (const std::int32_t dpi : {72, 108, 126, 144, 180, 216, 234}) {
+    for (const std::int32_t dpi : {72, 97, 108, 126, 144, 180, 216, 234, 251, 287}) {
         mView.show(0, SIZE, SIZE, dpi);
         const module_rect cell = mView.place({7, 19});
         const module_rect first = chartIn(cell.x - 60, cell.y - 60);
@@ -63,7 +63,7 @@ TEST_F(DrawingsTest, ADrawingStaysInItsPlaceWhereverTheWindowBegins) {
 }
 
 TEST_F(DrawingsTest, DrawingsStandOnTheirCellsAtEveryZoom) {
-    for (const std::int32_t dpi : {72, 108, 126, 144, 180, 216, 234, 144}) {
+    for (const std::int32_t dpi : {72, 97, 108, 126, 144, 180, 216, 234, 251, 287, 144}) {
         SCOPED_TRACE(dpi);
         mView.show(0, SIZE, SIZE, dpi);
         expectAt({7, 19});

@@ -102,6 +102,15 @@ TEST(TracksTest, DrawingsArePaintedOnThePixelsOfTheirTracks) {
     EXPECT_NEAR(tracks.paintedAt(8 * 1285 + 2 * 258 + 129, 96), 8 * 85 + 2 * 17 + 8.5, 1e-9);
 }
 
+TEST(TracksTest, TilesThatBeginWithinATrackDisplaceDrawings) {
+    const Tracks tracks = someTracks(144);
+    EXPECT_NEAR(tracks.displacementAt(0, 144), 0, 1e-9);
+    EXPECT_NEAR(tracks.displacementAt(128, 144), 0, 1e-9);
+    EXPECT_NEAR(tracks.displacementAt(128 + 30, 144), 10, 1e-9);
+    EXPECT_NEAR(someTracks(96).displacementAt(30, 96), 0, 1e-9);
+    EXPECT_NEAR(someTracks(72).displacementAt(30, 72), -10, 1e-9);
+}
+
 TEST(TracksTest, TellsTheTwipsOfATrack) {
     EXPECT_EQ(someTracks().twips(9), 1285);
     EXPECT_EQ(someTracks().twips(10), 258);
