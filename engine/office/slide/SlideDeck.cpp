@@ -86,6 +86,12 @@ void leaveMasterPages(const Reference<css::frame::XModel>& model) {
     setProperty(propertiesOf(model->getCurrentController()), "IsMasterPageMode", false);
 }
 
+void hideMaster(const Reference<XDrawPage>& slide) {
+    for (const char* part : {"IsBackgroundVisible", "IsBackgroundObjectsVisible"}) {
+        setProperty(propertiesOf(slide), part, false);
+    }
+}
+
 // Thickness of the frame in pixels: 1, but 2 where the slide is painted out of
 // proportion.
 int32_t frameThickness(const Surface& surface, const css::awt::Size& slide) {
@@ -125,6 +131,9 @@ SlideDeck::SlideDeck(const Office::Private& office, const std::string& path, Loa
     const bool isPlaceholder =
         mPages.size() == 1 && slide(0)->getCount() == 0 && isWithoutSlides(office.context, path);
     mCount = isPlaceholder ? 0 : static_cast<int32_t>(mPages.size());
+    if (isPlaceholder) {
+        hideMaster(slide(0));
+    }
     mLoaded.painter->initializeForRendering("{}");
     leaveMasterPages(mLoaded.model);
 }

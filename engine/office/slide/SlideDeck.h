@@ -16,7 +16,7 @@
 namespace lectern::engine {
 
 // An opened presentation and all slides of its file, hidden ones included,
-// prepared for viewing. A file without slides has an empty page in place of
+// prepared for viewing. A file without slides has a white page in place of
 // slide 0.
 class SlideDeck {
 public:
