@@ -146,6 +146,15 @@ DocxBuilder& DocxBuilder::footnote(const std::string& text) {
     return *this;
 }
 
+DocxBuilder& DocxBuilder::commentedPoint(const std::string& text, const std::string& comment) {
+    const std::string id = std::to_string(++mNotes);
+    mBody += "<w:p>" + run("<w:t xml:space=\"preserve\">" + text + "</w:t>") +
+             run("<w:commentReference w:id=\"" + id + "\"/>") + "</w:p>";
+    mComments += "<w:comment w:id=\"" + id + "\" w:author=\"A\"><w:p>" + run("<w:t>" + comment + "</w:t>") +
+                 "</w:p></w:comment>";
+    return *this;
+}
+
 DocxBuilder& DocxBuilder::header(const std::string& text) {
     mHeader = "<w:p>" + run("<w:t>" + text + "</w:t>") + "</w:p>";
     return *this;
@@ -170,6 +179,7 @@ std::filesystem::path DocxBuilder::write(const std::string& name) const {
     };
     const std::string footnotesPart = mFootnotes.empty() ? "" : override("footnotes", "footnotes");
     const std::string labelPart = mLabel.empty() ? "" : override("numbering", "numbering");
+    const std::string commentsPart = mComments.empty() ? "" : override("comments", "comments");
     const std::string headerPart = mHeader.empty() ? "" : override("header1", "header");
     part("[Content_Types].xml",
          std::string("<Types xmlns=\"") + PACKAGE +
@@ -178,7 +188,8 @@ std::filesystem::path DocxBuilder::write(const std::string& name) const {
              "relationships+xml\"/><Default Extension=\"png\" ContentType=\"image/png\"/><Override "
              "PartName=\"/docProps/core.xml\" ContentType=\"application/vnd.openxmlformats-package."
              "core-properties+xml\"/>" +
-             override("document", "document.main") + footnotesPart + headerPart + labelPart + "</Types>");
+             override("document", "document.main") + footnotesPart + commentsPart + headerPart + labelPart +
+             "</Types>");
     OfficeTest::write(
         parts + "_rels/.rels",
         relationships(relationship("d", std::string(OFFICE) + "/officeDocument", "word/document.xml") +
@@ -190,6 +201,7 @@ std::filesystem::path DocxBuilder::write(const std::string& name) const {
             relationship("black", std::string(OFFICE) + "/image", "media/black.png") +
             (mFootnotes.empty() ? ""
                                 : relationship("n", std::string(OFFICE) + "/footnotes", "footnotes.xml")) +
+            (mComments.empty() ? "" : relationship("c", std::string(OFFICE) + "/comments", "comments.xml")) +
             (mHeader.empty() ? "" : relationship("h", std::string(OFFICE) + "/header", "header1.xml")) +
             (mLabel.empty() ? "" : relationship("l", std::string(OFFICE) + "/numbering", "numbering.xml"))));
     part("docProps/core.xml", std::string("<cp:coreProperties xmlns:cp=\"") + PACKAGE +
@@ -199,6 +211,9 @@ std::filesystem::path DocxBuilder::write(const std::string& name) const {
                                   mProperties + "</cp:coreProperties>");
     if (!mFootnotes.empty()) {
         part("word/footnotes.xml", std::string("<w:footnotes ") + WORD + ">" + mFootnotes + "</w:footnotes>");
+    }
+    if (!mComments.empty()) {
+        part("word/comments.xml", std::string("<w:comments ") + WORD + ">" + mComments + "</w:comments>");
     }
     if (!mHeader.empty()) {
         part("word/header1.xml", std::string("<w:hdr ") + WORD + ">" + mHeader + "</w:hdr>");

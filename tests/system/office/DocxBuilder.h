@@ -24,6 +24,8 @@ public:
     DocxBuilder& picture(double width, double height, bool isInline = true);
     // Adds a reference to a footnote with this text.
     DocxBuilder& footnote(const std::string& text);
+    // Adds a paragraph with a comment on the point behind its text.
+    DocxBuilder& commentedPoint(const std::string& text, const std::string& comment);
     DocxBuilder& header(const std::string& text);
     // Sets docProps/core.xml; times have the form "2012-03-04T05:06:07Z".
     DocxBuilder& properties(const std::string& title, const std::string& author,
@@ -36,6 +38,7 @@ public:
 private:
     std::string mBody;
     std::string mFootnotes;
+    std::string mComments;
     std::string mHeader;
     std::string mLabel;
     std::string mProperties;
