@@ -10,6 +10,7 @@
 #include "word/Word.h"
 
 #include <algorithm>
+#include <cstdio>
 
 namespace {
 
@@ -28,6 +29,9 @@ std::string Word::doSearch(const char* text) {
     mModule.wtg_set_highlight_color(mDocument, FOUND_COLOUR);
     const int32_t failed = mModule.wtg_find(mDocument, text16.get(), 0, &from, &to, &mResults, &mResultCount);
     const int reported = mResultCount;
+    if (failed != 0) {
+        std::fprintf(stderr, "doSearch (Word) returnCode = '%x'\n", static_cast<unsigned int>(failed));
+    }
     if (failed != 0 || mResults == nullptr) {
         mResultCount = 0;
     }

@@ -183,7 +183,8 @@ Body::Body(const Reference<css::text::XTextDocument>& model, const std::vector<F
         mTextOf.emplace(mTexts[i].key, i);
     }
     listParagraphs();
-    if (!frames.empty()) {
+    mHasFrames = !frames.empty();
+    if (mHasFrames) {
         placeFrames(frames);
     }
     joinText();

@@ -64,6 +64,8 @@ public:
     const std::u16string& string() const { return mString; }
     uint32_t length() const { return static_cast<uint32_t>(mString.size()); }
     bool hasTables() const { return mHasTables; }
+    // Whether there are texts beside the body's: of frames, or attached.
+    bool hasFrames() const { return mHasFrames; }
 
     // The paragraph that contains this character or ends before this separator.
     const BodyParagraph& paragraphAt(uint32_t position) const;
@@ -100,6 +102,7 @@ private:
     std::map<BodyText::Key, size_t> mTextOf;
     std::u16string mString;
     bool mHasTables = false;
+    bool mHasFrames = false;
 };
 
 } // namespace lectern::engine

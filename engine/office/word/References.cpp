@@ -10,6 +10,7 @@
 #include <com/sun/star/text/XTextFieldsSupplier.hpp>
 
 #include <algorithm>
+#include <cstdio>
 
 namespace lectern::engine {
 
@@ -29,24 +30,32 @@ class Collector {
 public:
     explicit Collector(const TextPositions& positions) : mPositions(positions) {}
 
+    // Without a place in the text, an element cannot be tapped.
     void add(const css::uno::Any& element, ClickType type) {
-        const Reference<css::text::XTextContent> content(element, UNO_QUERY);
-        const auto anchor = content.is() ? content->getAnchor() : Reference<css::text::XTextRange>();
-        if (!anchor.is() || !anchor->getText().is()) {
-            return;
+        try {
+            addMark({element, UNO_QUERY}, type);
+        } catch (const css::uno::Exception&) {
+            std::fprintf(stderr, "office: a note or comment has no place\n");
         }
-        const uint32_t start = mPositions.positionOf(anchor->getStart());
-        if (start >= mPositions.count()) {
-            return; // in a header or in another note
-        }
-        const auto length = static_cast<uint32_t>(anchor->getString().getLength());
-        const uint32_t from = length == 0 ? wordBefore(start) : start;
-        marks.push_back({{from, std::max(start + length, from + 1)}, {type, content}});
     }
 
     std::vector<Mark> marks;
 
 private:
+    void addMark(const Reference<css::text::XTextContent>& content, ClickType type) {
+        const auto anchor = content.is() ? content->getAnchor() : Reference<css::text::XTextRange>();
+        if (!anchor.is() || !anchor->getText().is()) {
+            return;
+        }
+        const auto start = mPositions.find(anchor->getStart());
+        if (!start) {
+            return; // in a header or in another note
+        }
+        const auto length = static_cast<uint32_t>(anchor->getString().getLength());
+        const uint32_t from = length == 0 ? wordBefore(*start) : *start;
+        marks.push_back({{from, std::max(*start + length, from + 1)}, {type, content}});
+    }
+
     // The start of the word that ends at a position, or of the character before
     // it: a comment on no characters belongs to that.
     uint32_t wordBefore(uint32_t end) const {

@@ -7,6 +7,8 @@
 
 #include <com/sun/star/view/XSelectionSupplier.hpp>
 
+#include <optional>
+
 namespace lectern::engine {
 
 // Character positions in the whole text, and their places in the layout.
@@ -52,7 +54,9 @@ public:
     // whole units.
     css::uno::Reference<css::text::XTextCursor> select(CharacterRange range) const;
 
-    // The position of a range's start in the text; count() outside of the body.
+    // The position of a range's start in the text; nothing outside of the body.
+    std::optional<uint32_t> find(const css::uno::Reference<css::text::XTextRange>& range) const;
+    // The same; count() outside of the body.
     uint32_t positionOf(const css::uno::Reference<css::text::XTextRange>& range) const;
 
     // The line that contains a position.

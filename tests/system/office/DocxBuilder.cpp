@@ -147,9 +147,20 @@ DocxBuilder& DocxBuilder::footnote(const std::string& text) {
 }
 
 DocxBuilder& DocxBuilder::comment(const std::string& text, const std::string& comment) {
-    mBody += "<w:p><w:commentRangeStart w:id=\"0\"/>" + run("<w:t>" + text + "</w:t>") +
-             "<w:commentRangeEnd w:id=\"0\"/>" + run("<w:commentReference w:id=\"0\"/>") + "</w:p>";
-    mComments += "<w:comment w:id=\"0\" w:author=\"A\"><w:p>" + run("<w:t>" + comment + "</w:t>") +
+    const std::string id = std::to_string(++mNotes);
+    mBody += "<w:p><w:commentRangeStart w:id=\"" + id + "\"/>" + run("<w:t>" + text + "</w:t>") +
+             "<w:commentRangeEnd w:id=\"" + id + "\"/>" + run("<w:commentReference w:id=\"" + id + "\"/>") +
+             "</w:p>";
+    mComments += "<w:comment w:id=\"" + id + "\" w:author=\"A\"><w:p>" + run("<w:t>" + comment + "</w:t>") +
+                 "</w:p></w:comment>";
+    return *this;
+}
+
+DocxBuilder& DocxBuilder::commentedPoint(const std::string& text, const std::string& comment) {
+    const std::string id = std::to_string(++mNotes);
+    mBody += "<w:p>" + run("<w:t xml:space=\"preserve\">" + text + "</w:t>") +
+             run("<w:commentReference w:id=\"" + id + "\"/>") + "</w:p>";
+    mComments += "<w:comment w:id=\"" + id + "\" w:author=\"A\"><w:p>" + run("<w:t>" + comment + "</w:t>") +
                  "</w:p></w:comment>";
     return *this;
 }

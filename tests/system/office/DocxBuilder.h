@@ -28,6 +28,8 @@ public:
     DocxBuilder& comment(const std::string& text, const std::string& comment);
     // Adds blocks as they are, such as those of Floats.h.
     DocxBuilder& body(const std::string& xml);
+    // Adds a paragraph with a comment on the point behind its text.
+    DocxBuilder& commentedPoint(const std::string& text, const std::string& comment);
     DocxBuilder& header(const std::string& text);
     // Sets docProps/core.xml; times have the form "2012-03-04T05:06:07Z".
     DocxBuilder& properties(const std::string& title, const std::string& author,

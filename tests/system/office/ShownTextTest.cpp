@@ -246,6 +246,12 @@ TEST_F(ShownText, OfAContentsEntryIsALinkWhateverNumberStandsBeforeATab) {
     }
 }
 
+TEST_F(ShownText, BeforeACommentOnAPointOpensItWithTheWholeWord) {
+    const auto shown = view(DocxBuilder().commentedPoint("before remarkable", "said").write("point.docx"));
+    EXPECT_EQ(tap(*shown, u"rema").type, ClickType::Comment);
+    EXPECT_EQ(tap(*shown, u"befo").type, ClickType::Nothing);
+}
+
 TEST_F(ShownText, OfANoteTooLongForThePopUpIsShownInSmallerLetters) {
     std::string note;
     for (int i = 0; i < 260; ++i) {

@@ -54,6 +54,14 @@ TEST_F(WordSearchTest, HitNearTheStretchsEndMovesTheStretch) {
     EXPECT_EQ(markedRow(*view), 1500);
 }
 
+TEST_F(WordSearchTest, FailureLeavesALineInTheLog) {
+    const auto view = openWithHits({300});
+    fakeWord().nextResults["wtg_find"] = {1};
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(view->doSearch("x"), "{ \"resultcount\": 0 }");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "doSearch (Word) returnCode = '1'\n");
+}
+
 TEST_F(WordSearchTest, NoHitsLeaveEverything) {
     const auto view = openView(320, 480, 20000);
     EXPECT_EQ(view->doSearch("x"), "{ \"resultcount\": 0 }");
