@@ -15,6 +15,7 @@
 #include <com/sun/star/text/XTextTable.hpp>
 
 #include <algorithm>
+#include <cstdio>
 
 namespace lectern::engine {
 
@@ -76,18 +77,21 @@ void decorate(const Reference<css::beans::XPropertySet>& cell, const Decoration&
     }
 }
 
-Reference<css::text::XText> insertBox(const Reference<css::text::XTextDocument>& model,
-                                      const Reference<css::text::XTextRange>& place,
-                                      const Decoration& decoration) {
+Reference<css::text::XTextTable> insertBox(const Reference<css::text::XTextDocument>& model,
+                                           const Reference<css::text::XTextRange>& place,
+                                           const Decoration& decoration) {
     const Reference<css::lang::XMultiServiceFactory> factory(model, UNO_QUERY_THROW);
     const Reference<css::text::XTextTable> table(factory->createInstance("com.sun.star.text.TextTable"),
                                                  UNO_QUERY_THROW);
     table->initialize(1, 1);
     place->getText()->insertTextContent(place, Reference<css::text::XTextContent>(table, UNO_QUERY_THROW),
                                         false);
-    const Reference<css::text::XText> cell(table->getCellByName("A1"), UNO_QUERY_THROW);
-    decorate(propertiesOf(cell), decoration);
-    return cell;
+    decorate(propertiesOf(table->getCellByName("A1")), decoration);
+    return table;
+}
+
+Reference<css::text::XText> textOfBox(const Reference<css::text::XTextTable>& table) {
+    return {table->getCellByName("A1"), UNO_QUERY_THROW};
 }
 
 // The suite copies no text that has only tables, so it gets a paragraph.
@@ -157,18 +161,26 @@ void copyDrawnText(const Reference<css::text::XText>& drawn, const Reference<css
 
 Reference<css::text::XText> insertTable(const Reference<css::text::XTextDocument>& model,
                                         const Reference<css::text::XTextRange>& place) {
-    return insertBox(model, place, {});
+    return textOfBox(insertBox(model, place, {}));
 }
 
-void insertAsTable(const Reference<css::text::XTextDocument>& model,
+bool insertAsTable(const Reference<css::text::XTextDocument>& model,
                    const Reference<css::text::XTextRange>& place, const BoxedText& text) {
-    const auto cell = insertBox(model, place, decorationOf(text.shape));
-    if (text.frame.is()) {
-        appendParagraphToTables(model, text.frame->getText());
-        Reference<css::text::XTextCopy>(cell, UNO_QUERY_THROW)
-            ->copyText(Reference<css::text::XTextCopy>(text.frame->getText(), UNO_QUERY_THROW));
-    } else {
-        copyDrawnText(text.drawn, cell);
+    const auto table = insertBox(model, place, decorationOf(text.shape));
+    const auto cell = textOfBox(table);
+    try {
+        if (text.frame.is()) {
+            appendParagraphToTables(model, text.frame->getText());
+            Reference<css::text::XTextCopy>(cell, UNO_QUERY_THROW)
+                ->copyText(Reference<css::text::XTextCopy>(text.frame->getText(), UNO_QUERY_THROW));
+        } else {
+            copyDrawnText(text.drawn, cell);
+        }
+        return true;
+    } catch (const css::uno::Exception&) {
+        std::fprintf(stderr, "office: the text of a frame stays in it\n");
+        Reference<css::lang::XComponent>(table, UNO_QUERY_THROW)->dispose();
+        return false;
     }
 }
 

@@ -13,8 +13,9 @@ namespace lectern::engine {
 // A table has the width of the text whatever that becomes, is as high as its
 // content, and its cell can hold what a frame can: paragraphs, tables, pictures.
 
-// Inserts a copy of a text before the paragraph that starts at `place`.
-void insertAsTable(const css::uno::Reference<css::text::XTextDocument>& model,
+// Inserts a copy of a text before the paragraph that starts at `place`. Returns
+// false, and inserts nothing, when the suite cannot copy the text.
+bool insertAsTable(const css::uno::Reference<css::text::XTextDocument>& model,
                    const css::uno::Reference<css::text::XTextRange>& place, const BoxedText& text);
 
 // Inserts an empty table without a border; returns the text of its cell.

@@ -219,39 +219,47 @@ void moveToOwnParagraph(const Reference<css::text::XTextDocument>& model, Anchor
 
 void anchorAsCharacter(const Reference<css::text::XTextDocument>& model, AnchoredShape& shape,
                        int32_t lineWidth) {
-    const bool canMove = isGraphic(shape) || !isOfSuite(shape);
-    if (!isCharacter(shape) && !isInNote(shape) && canMove) {
-        moveToOwnParagraph(model, shape, lineWidth);
-    } else {
-        setProperty(shape.properties, "AnchorType", TextContentAnchorType_AS_CHARACTER);
+    if (!isCharacter(shape)) {
+        if (!isInNote(shape) && (isGraphic(shape) || !isOfSuite(shape))) {
+            moveToOwnParagraph(model, shape, lineWidth);
+        } else {
+            setProperty(shape.properties, "AnchorType", TextContentAnchorType_AS_CHARACTER);
+        }
+        shape.anchor = Reference<css::text::XTextContent>(shape.shape, UNO_QUERY_THROW)->getAnchor();
     }
-    shape.anchor = Reference<css::text::XTextContent>(shape.shape, UNO_QUERY_THROW)->getAnchor();
     loosenLines(propertiesOf(shape.anchor->getText()->createTextCursorByRange(shape.anchor)));
     setProperty(shape.properties, "RelativeWidth", static_cast<sal_Int16>(0));
     setProperty(shape.properties, "RelativeHeight", static_cast<sal_Int16>(0));
     setProperty(shape.properties, "VertOrient", css::text::VertOrientation::TOP);
 }
 
-// Moves the texts of all frames and drawings into tables. Returns whether there were any.
-bool moveTextOfBoxes(const Reference<css::text::XTextDocument>& model, int32_t lineWidth) {
-    bool any = false;
-    for (const AnchoredShape& shape : shapesInText(model)) {
-        const std::vector<BoxedText> texts = boxedTexts(shape.shape);
-        if (texts.empty() || isInNote(shape) || isInFrame(shape)) {
-            continue;
-        }
-        const auto place = flowPlace(shape, lineWidth);
-        for (const BoxedText& text : texts) {
-            insertAsTable(model, place, text);
-        }
-        if (hasPictures(shape.shape)) {
-            clear(texts);
-        } else {
-            remove(model, shape);
-        }
-        any = true;
+// Moves the texts of a shape into tables.
+bool moveTexts(const Reference<css::text::XTextDocument>& model, const AnchoredShape& shape,
+               const std::vector<BoxedText>& texts, int32_t lineWidth) {
+    const auto place = flowPlace(shape, lineWidth);
+    const auto insert = [&](const BoxedText& text) { return insertAsTable(model, place, text); };
+    if (!std::all_of(texts.begin(), texts.end(), insert)) {
+        return false;
     }
-    return any;
+    if (hasPictures(shape.shape)) {
+        clear(texts);
+    } else {
+        remove(model, shape);
+    }
+    return true;
+}
+
+// Moves the texts of all frames and drawings that are not inside of frames.
+// Returns whether there were any.
+bool moveTextOfBoxes(const Reference<css::text::XTextDocument>& model, int32_t lineWidth) {
+    std::vector<AnchoredShape> shapes = shapesInText(model);
+    // Removing a frame removes the shapes in it, so they are sorted out first.
+    std::erase_if(shapes, [](const AnchoredShape& shape) {
+        return isInNote(shape) || isInFrame(shape) || boxedTexts(shape.shape).empty();
+    });
+    return std::count_if(shapes.begin(), shapes.end(), [&](const AnchoredShape& shape) {
+               return moveTexts(model, shape, boxedTexts(shape.shape), lineWidth);
+           }) > 0;
 }
 
 void setShapeSize(const FloatingShape& shape, const css::awt::Size& size) {

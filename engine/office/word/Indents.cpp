@@ -15,15 +15,37 @@ int64_t taken(const IndentedParagraph& paragraph) {
            std::max(paragraph.firstLine, 0);
 }
 
+IndentedParagraph read(const BodyParagraph& paragraph) {
+    const auto properties = propertiesOf(paragraph.range);
+    return {properties, property<sal_Int32>(properties, "ParaLeftMargin"),
+            property<sal_Int32>(properties, "ParaRightMargin"),
+            property<sal_Int32>(properties, "ParaFirstLineIndent")};
+}
+
+// On paper there is a margin beside the text; on a screen there is nothing.
+void keepInside(IndentedParagraph& paragraph) {
+    const IndentedParagraph was = paragraph;
+    paragraph.left = std::max(paragraph.left, 0);
+    paragraph.right = std::max(paragraph.right, 0);
+    paragraph.firstLine = std::max(paragraph.firstLine, -paragraph.left);
+    if (paragraph.left != was.left) {
+        setProperty(paragraph.properties, "ParaLeftMargin", paragraph.left);
+    }
+    if (paragraph.right != was.right) {
+        setProperty(paragraph.properties, "ParaRightMargin", paragraph.right);
+    }
+    if (paragraph.firstLine != was.firstLine) {
+        setProperty(paragraph.properties, "ParaFirstLineIndent", paragraph.firstLine);
+    }
+}
+
 } // namespace
 
 std::vector<IndentedParagraph> indentedParagraphs(const Body& body) {
     std::vector<IndentedParagraph> paragraphs;
     for (const size_t index : body.texts().front().paragraphs) {
-        const auto properties = propertiesOf(body.paragraphs()[index].range);
-        const IndentedParagraph indented{properties, property<sal_Int32>(properties, "ParaLeftMargin"),
-                                         property<sal_Int32>(properties, "ParaRightMargin"),
-                                         property<sal_Int32>(properties, "ParaFirstLineIndent")};
+        IndentedParagraph indented = read(body.paragraphs()[index]);
+        keepInside(indented);
         if (taken(indented) > HARMLESS) {
             paragraphs.push_back(indented);
         }

@@ -17,7 +17,8 @@ struct IndentedParagraph {
     bool reduced = false;
 };
 
-// The paragraphs outside of tables whose indents may be too wide for a narrow screen.
+// The paragraphs outside of tables whose indents may be too wide for a narrow
+// screen. Indents that would put words left or right of the page become 0.
 std::vector<IndentedParagraph> indentedParagraphs(const Body& body);
 
 // Limits indents to half of a line of `width` 1/100 mm: wider ones, made for

@@ -26,6 +26,11 @@ std::string offset(const std::string& axis, const std::string& from, double inch
            "</wp:posOffset></wp:position" + axis + ">";
 }
 
+std::string graphic(const std::string& type, const std::string& content) {
+    return std::string("<wp:docPr id=\"1\" name=\"drawing\"/><a:graphic xmlns:a=\"") + DRAWING +
+           "\"><a:graphicData uri=\"" + type + "\">" + content + "</a:graphicData></a:graphic>";
+}
+
 std::string anchored(const Place& place, double width, double height, const Look& look,
                      const std::string& type, const std::string& content) {
     return "<w:r><w:drawing><wp:anchor distT=\"0\" distB=\"0\" distL=\"0\" distR=\"0\" simplePos=\"0\" "
@@ -33,10 +38,8 @@ std::string anchored(const Place& place, double width, double height, const Look
            std::to_string(look.behindText ? 1 : 0) + "\"><wp:simplePos x=\"0\" y=\"0\"/>" +
            offset("H", place.onPage ? "page" : "column", place.left) +
            offset("V", place.onPage ? "page" : "paragraph", place.top) + "<wp:extent cx=\"" + emu(width) +
-           "\" cy=\"" + emu(height) + "\"/>" + look.wrap +
-           "<wp:docPr id=\"1\" name=\"drawing\"/><a:graphic xmlns:a=\"" + DRAWING +
-           "\"><a:graphicData uri=\"" + type + "\">" + content +
-           "</a:graphicData></a:graphic></wp:anchor></w:drawing></w:r>";
+           "\" cy=\"" + emu(height) + "\"/>" + look.wrap + graphic(type, content) +
+           "</wp:anchor></w:drawing></w:r>";
 }
 
 std::string rectangle(double left, double width, double height, const std::string& paragraphs,
@@ -51,6 +54,12 @@ std::string rectangle(double left, double width, double height, const std::strin
     return std::string("<wps:wsp xmlns:wps=\"") + SHAPE + "\"><wps:cNvSpPr/><wps:spPr>" +
            area(left, 0, width, height) + "</a:xfrm><a:prstGeom prst=\"rect\"><a:avLst/></a:prstGeom>" +
            fill + line + "</wps:spPr>" + text + "<wps:bodyPr/></wps:wsp>";
+}
+
+std::string group(double width, double height, const std::string& shapes) {
+    return std::string("<wpg:wgp xmlns:wpg=\"") + GROUP + "\"><wpg:cNvGrpSpPr/><wpg:grpSpPr>" +
+           area(0, 0, width, height) + "<a:chOff x=\"0\" y=\"0\"/><a:chExt cx=\"" + emu(width) + "\" cy=\"" +
+           emu(height) + "\"/></a:xfrm></wpg:grpSpPr>" + shapes + "</wpg:wgp>";
 }
 
 } // namespace
@@ -73,11 +82,15 @@ std::string groupOfBoxes(const Place& place, const std::initializer_list<std::st
         left -= 2;
         boxes += rectangle(left, 1.5, 0.5, paragraphOf(text), {});
     }
-    const std::string group = std::string("<wpg:wgp xmlns:wpg=\"") + GROUP +
-                              "\"><wpg:cNvGrpSpPr/><wpg:grpSpPr>" + area(0, 0, width, 0.5) +
-                              "<a:chOff x=\"0\" y=\"0\"/><a:chExt cx=\"" + emu(width) + "\" cy=\"" +
-                              emu(0.5) + "\"/></a:xfrm></wpg:grpSpPr>" + boxes + "</wpg:wgp>";
-    return anchored(place, width, 0.5, {}, GROUP, group);
+    return anchored(place, width, 0.5, {}, GROUP, group(width, 0.5, boxes));
+}
+
+std::string groupInLine() {
+    const Look filled{.fill = "112233"};
+    const std::string boxes = rectangle(0, 1, 1, "", filled) + rectangle(2, 1, 1, "", filled);
+    return "<w:r><w:drawing><wp:inline distT=\"0\" distB=\"0\" distL=\"0\" distR=\"0\"><wp:extent cx=\"" +
+           emu(3) + "\" cy=\"" + emu(1) + "\"/>" + graphic(GROUP, group(3, 1, boxes)) +
+           "</wp:inline></w:drawing></w:r>";
 }
 
 std::string oldBox(double top, const std::string& paragraphs) {

@@ -29,6 +29,9 @@ std::string box(const Place& place, double width, double height, const std::stri
 // A run with a group of rectangles of 1.5 x 0.5, one for each text, side by side from right to left.
 std::string groupOfBoxes(const Place& place, const std::initializer_list<std::string>& texts);
 
+// A run with a group of two filled rectangles of 1 x 1 that is a character of its line.
+std::string groupInLine();
+
 // A run with a text box in the older drawing language.
 std::string oldBox(double top, const std::string& paragraphs);
 

@@ -174,10 +174,24 @@ TEST_F(Floats, TheTextsOfAGroupAreReadFromLeftToRight) {
                   {"first", "second", "third", "anchor"});
 }
 
+TEST_F(Floats, AGroupInALineStaysThere) {
+    const auto document = shown(after(groupInLine(), "word"), "line-group");
+    document->rows();
+    EXPECT_GT(document->ink(), 2 * 70 * 70);
+    EXPECT_GT(document->ink(222, 300), 20) << "the word stands beside it";
+    EXPECT_LT(document->rows(), 72 + 20);
+}
+
 TEST_F(Floats, LinesOfAFixedHeightMakeRoomForWhatIsHigher) {
     const std::string exact = "<w:spacing w:line=\"120\" w:lineRule=\"exact\"/>";
     expectInOrder(paragraphOf("first", exact) + paragraphOf("second", exact) + paragraphOf("third", exact),
                   {"first", "second", "third"});
+}
+
+TEST_F(Floats, WordsLeftOfTheTextAreSeen) {
+    const std::string outside = "<w:ind w:left=\"-1000\" w:right=\"-1000\"/>";
+    const std::string hanging = "<w:ind w:left=\"200\" w:hanging=\"900\"/>";
+    expectInOrder(paragraphOf("outside", outside) + paragraphOf("hanging", hanging), {"outside", "hanging"});
 }
 
 TEST_F(Floats, APictureBesideTheTextDoesNotBreakItsLines) {
