@@ -31,8 +31,8 @@ std::vector<std::string> environmentIn(const std::string& folder) {
         "GST_PLUGIN_SYSTEM_PATH_1_0=/nonexistent",
         "GST_REGISTRY=" + folder + "/gst-registry",
     };
-    constexpr const char* PASSED_ON[] = {"TZ", "LD_LIBRARY_PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS",
-                                         "TSAN_OPTIONS"};
+    constexpr const char* PASSED_ON[] = {"TZ",           "LECTERN_LANGUAGE", "LD_LIBRARY_PATH",
+                                         "ASAN_OPTIONS", "UBSAN_OPTIONS",    "TSAN_OPTIONS"};
     for (const char* name : PASSED_ON) {
         if (const char* value = std::getenv(name)) {
             environment.push_back(std::string(name) + "=" + value);

@@ -120,6 +120,7 @@ TEST_F(CleanupTest, EnginesInheritNothingButTheirOwn) {
     const int inheritable = ::open(secret.c_str(), O_RDONLY); // no O_CLOEXEC, on purpose
     ASSERT_GE(inheritable, 0);
     setVariable("DISPLAY", ":0");
+    setVariable("LECTERN_LANGUAGE", "de-DE");
     setVariable("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere");
     Document document;
     open(document, "rows=10\n");
@@ -133,6 +134,7 @@ TEST_F(CleanupTest, EnginesInheritNothingButTheirOwn) {
     EXPECT_EQ(environment.find("DISPLAY="), std::string::npos);
     EXPECT_EQ(environment.find("DBUS_SESSION"), std::string::npos);
     EXPECT_NE(environment.find("TMPDIR=" + engine.folder), std::string::npos);
+    EXPECT_NE(environment.find("LECTERN_LANGUAGE=de-DE"), std::string::npos);
     close(inheritable);
 }
 
