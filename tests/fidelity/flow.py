@@ -1,10 +1,14 @@
 # SPDX-License-Identifier: Apache-2.0
 """The layout of a text: nothing on top of each other, nothing outside, all words there and in order."""
 import collections
+import math
 import unicodedata
+
+import numpy
 
 from fidelity.case import Case
 from fidelity.layout import LaidOutText, PlacedWord, contains, folded, is_right_to_left, lines_of, once_each
+from fidelity.pictures import Box, has_ink
 from fidelity.sampling import sample, words_of
 from fidelity.word_text import Paragraph
 
@@ -14,6 +18,7 @@ CORE = 0.6           # part of a word's height that contains letters
 OVERLAP = 0.15       # part of the smaller word's core that overhanging letters may cover
 BAND = 64            # rows in which words are compared with each other
 SAME_LINE = 6.0      # rows by which the tops of words in a line may differ
+FAINT = 16           # contrast of letters that are hardly to be seen
 SHOWN = 3            # examples in a fault's text
 
 
@@ -21,7 +26,8 @@ def check_flow(case: Case, layout: LaidOutText) -> None:
     paragraphs = case.evidence.paragraphs
     for faults, what in ((outside(layout), 'outside of the text'), (overlaps(layout), 'on top of each other'),
                          (missing(layout, paragraphs), 'not in the layout'),
-                         (disordered(layout, paragraphs), 'not in reading order')):
+                         (disordered(layout, paragraphs), 'not in reading order'),
+                         (unpainted(layout, case.first_frame), 'not painted')):
         case.outcome.judge('flow', not faults, f'{len(faults)} words {what}: {", ".join(faults[:SHOWN])}')
 
 
@@ -92,6 +98,18 @@ def missing(layout: LaidOutText, paragraphs: list[Paragraph]) -> list[str]:
     return [word for word in sample([paragraph.text for paragraph in paragraphs], WORDS)
             if folded(word) not in joined and folded(word)[::-1] not in joined
             and not (is_right_to_left(word) and any(contains(line, folded(word)) for line in lines))]
+
+
+def unpainted(layout: LaidOutText, frame: numpy.ndarray | None) -> list[str]:
+    """Words that the layout has on the first screen, and the picture does not."""
+    if frame is None:
+        return []
+    return [word.text for word in layout.words if word.page == 0 and 0 <= word.left and word.right <= frame.shape[1]
+            and 0 <= word.top and word.bottom <= frame.shape[0] and not has_ink(frame, _box(word), FAINT)]
+
+
+def _box(word: PlacedWord) -> Box:
+    return Box(int(word.left), int(word.top), math.ceil(word.right), math.ceil(word.bottom))
 
 
 def disordered(layout: LaidOutText, paragraphs: list[Paragraph]) -> list[str]:

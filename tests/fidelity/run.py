@@ -59,7 +59,7 @@ def _work(options: argparse.Namespace, tasks: Any, results: Any) -> None:
     """A worker: examines documents until there are no more. SIGTERM ends it in an orderly way."""
     signal.signal(signal.SIGINT, signal.SIG_IGN)  # the first process tells when to end
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(INTERRUPTED))
-    examiner = Examiner(Programs(options.programs.resolve()), options.pictures.resolve(), set(options.only or CHECKS),
+    examiner = Examiner(Programs(options.programs.resolve()), options.pictures.resolve(), frozenset(options.only or CHECKS),
                         options.limit)
     try:
         while (path := tasks.get()) is not None:
