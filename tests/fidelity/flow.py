@@ -19,6 +19,9 @@ OVERLAP = 0.15       # part of the smaller word's core that overhanging letters 
 BAND = 64            # rows in which words are compared with each other
 SAME_LINE = 6.0      # rows by which the tops of words in a line may differ
 FAINT = 16           # contrast of letters that are hardly to be seen
+CLEARLY = 48         # contrast of what an eye sees at the edge of the screen
+EDGE_COLUMNS = 2     # of the four pixels that a text leaves free there
+MOST_EDGE_ROWS = 8   # punctuation of a line may hang out
 SHOWN = 3            # examples in a fault's text
 
 
@@ -29,6 +32,20 @@ def check_flow(case: Case, layout: LaidOutText) -> None:
                          (disordered(layout, paragraphs), 'not in reading order'),
                          (unpainted(layout, case.first_frame), 'not painted')):
         case.outcome.judge('flow', not faults, f'{len(faults)} words {what}: {", ".join(faults[:SHOWN])}')
+    if case.first_frame is not None:
+        rows = rows_with_ink_at_the_edges(case.first_frame)
+        right = rows <= MOST_EDGE_ROWS
+        picture = None if right else case.keep('edge', [case.first_frame])
+        case.outcome.judge('flow', right, f'{rows} rows have something at the edge of the screen', picture)
+
+
+def rows_with_ink_at_the_edges(frame: numpy.ndarray) -> int:
+    """How many rows have something in the first or last columns, which lie outside of a text's margins."""
+    count = 0
+    for strip in (frame[:, :EDGE_COLUMNS].astype(numpy.int16), frame[:, -EDGE_COLUMNS:].astype(numpy.int16)):
+        ink = (strip.reshape(-1, 3).max(axis=0) - strip).max(axis=2) > CLEARLY
+        count += int(ink.any(axis=1).sum())
+    return count
 
 
 def outside(layout: LaidOutText) -> list[str]:
