@@ -30,7 +30,7 @@ def check_flow(case: Case, layout: LaidOutText) -> None:
     for faults, what in ((outside(layout), 'outside of the text'), (overlaps(layout), 'on top of each other'),
                          (missing(layout, paragraphs), 'not in the layout'),
                          (disordered(layout, paragraphs), 'not in reading order'),
-                         (unpainted(layout, case.first_frame), 'not painted')):
+                         (unpainted(layout, paragraphs, case.first_frame), 'not painted')):
         case.outcome.judge('flow', not faults, f'{len(faults)} words {what}: {", ".join(faults[:SHOWN])}')
     if case.first_frame is not None:
         rows = rows_with_ink_at_the_edges(case.first_frame)
@@ -117,12 +117,15 @@ def missing(layout: LaidOutText, paragraphs: list[Paragraph]) -> list[str]:
             and not (is_right_to_left(word) and any(contains(line, folded(word)) for line in lines))]
 
 
-def unpainted(layout: LaidOutText, frame: numpy.ndarray | None) -> list[str]:
-    """Words that the layout has on the first screen, and the picture does not."""
+def unpainted(layout: LaidOutText, paragraphs: list[Paragraph], frame: numpy.ndarray | None) -> list[str]:
+    """Words of the file that the layout has on the first screen, and the picture does not. The layout also has notes,
+    after the text, which are not shown there."""
     if frame is None:
         return []
+    known = {folded(word) for paragraph in paragraphs for word in words_of(paragraph.text)}
     return [word.text for word in layout.words if word.page == 0 and 0 <= word.left and word.right <= frame.shape[1]
-            and 0 <= word.top and word.bottom <= frame.shape[0] and not has_ink(frame, _box(word), FAINT)]
+            and 0 <= word.top and word.bottom <= frame.shape[0] and not has_ink(frame, _box(word), FAINT)
+            and known.intersection(map(folded, words_of(word.text)))]
 
 
 def _box(word: PlacedWord) -> Box:
