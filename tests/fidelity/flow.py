@@ -119,13 +119,20 @@ def missing(layout: LaidOutText, paragraphs: list[Paragraph]) -> list[str]:
 
 def unpainted(layout: LaidOutText, paragraphs: list[Paragraph], frame: numpy.ndarray | None) -> list[str]:
     """Words of the file that the layout has on the first screen, and the picture does not. The layout also has notes,
-    after the text, which are not shown there."""
+    after the text, which are not shown: as many of a word need no ink as it has more often than the file."""
     if frame is None:
         return []
-    known = {folded(word) for paragraph in paragraphs for word in words_of(paragraph.text)}
-    return [word.text for word in layout.words if word.page == 0 and 0 <= word.left and word.right <= frame.shape[1]
-            and 0 <= word.top and word.bottom <= frame.shape[0] and not has_ink(frame, _box(word), FAINT)
-            and known.intersection(map(folded, words_of(word.text)))]
+    in_file = collections.Counter(word for paragraph in paragraphs for word in map(folded, words_of(paragraph.text)))
+    placed = [(word, placed) for placed in layout.words for word in map(folded, words_of(placed.text))]
+    in_layout = collections.Counter(word for word, _ in placed)
+    without_ink = collections.Counter(word for word, place in placed if _is_on(frame, place)
+                                      and not has_ink(frame, _box(place), FAINT))
+    return [word for word, count in without_ink.items() if count > max(in_layout[word] - in_file[word], 0)]
+
+
+def _is_on(frame: numpy.ndarray, word: PlacedWord) -> bool:
+    return (word.page == 0 and 0 <= word.left and word.right <= frame.shape[1]
+            and 0 <= word.top and word.bottom <= frame.shape[0])
 
 
 def _box(word: PlacedWord) -> Box:
