@@ -47,6 +47,7 @@ class Case:
     scratch: pathlib.Path   # for files; removed afterwards
     pictures: pathlib.Path  # folder for pictures of what differs
     last_moment: float      # of time.monotonic()
+    first_frame: numpy.ndarray | None = None  # Lectern's first picture
 
     @property
     def path(self) -> pathlib.Path:

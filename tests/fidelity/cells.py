@@ -19,11 +19,11 @@ SHORTEST_DRAG = 10     # pixels; a shorter one is a tap, which selects nothing
 
 def check_cell_texts(case: Case) -> None:
     """Selects the columns of the first screen, and compares the copy with the suite's texts."""
-    if not case.evidence.first_cells.widths:
-        return
     frame = case.viewer.paint().pixels
     across, down = header_size(frame)
     points = case.evidence.first_cells.touch_points(frame.shape[1] - across)
+    if not points:
+        return
     first, last = round(points[0]), round(max(points[-1], points[0] + SHORTEST_DRAG))
     copied = case.viewer.copied_columns(across + first, across + last, max(down // 2, 1), case.scratch / 'copied')
     faults = [fault_of_copy(copied, case.evidence.first_cells.texts(len(points), with_hidden))

@@ -25,7 +25,7 @@ TEXT_DPI = 72  # of a text as it opens
 class Examiner:
     """Examines documents one after the other, with one Lectern service and one suite."""
 
-    def __init__(self, programs: Programs, pictures: pathlib.Path, checks: set[str], seconds: float) -> None:
+    def __init__(self, programs: Programs, pictures: pathlib.Path, checks: frozenset[str], seconds: float) -> None:
         self._programs = programs
         self._pictures = pictures
         self._checks = checks
@@ -38,7 +38,7 @@ class Examiner:
         self._suite.close()
 
     def examine(self, path: pathlib.Path) -> Outcome:
-        outcome = Outcome(path, KINDS[path.suffix.lower()])
+        outcome = Outcome(path, KINDS[path.suffix.lower()], wanted=self._checks)
         began = time.monotonic()
         scratch = pathlib.Path(tempfile.mkdtemp(prefix='fidelity-'))
         try:
@@ -90,6 +90,7 @@ class Examiner:
         case.outcome.seconds = time.monotonic() - began
         black = is_uniform(frame.pixels) and not frame.pixels.any()
         case.outcome.judge('opening', not black, 'opened, and black')
+        case.first_frame = frame.pixels
         return True
 
     def _check_text(self, case: Case) -> None:

@@ -1,10 +1,14 @@
 # SPDX-License-Identifier: Apache-2.0
 """The layout of a text: nothing on top of each other, nothing outside, all words there and in order."""
 import collections
+import math
 import unicodedata
+
+import numpy
 
 from fidelity.case import Case
 from fidelity.layout import LaidOutText, PlacedWord, contains, folded, is_right_to_left, lines_of, once_each
+from fidelity.pictures import Box, has_ink
 from fidelity.sampling import sample, words_of
 from fidelity.word_text import Paragraph
 
@@ -14,6 +18,10 @@ CORE = 0.6           # part of a word's height that contains letters
 OVERLAP = 0.15       # part of the smaller word's core that overhanging letters may cover
 BAND = 64            # rows in which words are compared with each other
 SAME_LINE = 6.0      # rows by which the tops of words in a line may differ
+FAINT = 16           # contrast of letters that are hardly to be seen
+CLEARLY = 48         # contrast of what an eye sees at the edge of the screen
+EDGE_COLUMNS = 2     # of the four pixels that a text leaves free there
+MOST_EDGE_ROWS = 8   # punctuation of a line may hang out
 SHOWN = 3            # examples in a fault's text
 
 
@@ -21,8 +29,23 @@ def check_flow(case: Case, layout: LaidOutText) -> None:
     paragraphs = case.evidence.paragraphs
     for faults, what in ((outside(layout), 'outside of the text'), (overlaps(layout), 'on top of each other'),
                          (missing(layout, paragraphs), 'not in the layout'),
-                         (disordered(layout, paragraphs), 'not in reading order')):
+                         (disordered(layout, paragraphs), 'not in reading order'),
+                         (unpainted(layout, paragraphs, case.first_frame), 'not painted')):
         case.outcome.judge('flow', not faults, f'{len(faults)} words {what}: {", ".join(faults[:SHOWN])}')
+    if case.first_frame is not None:
+        rows = rows_with_ink_at_the_edges(case.first_frame)
+        right = rows <= MOST_EDGE_ROWS
+        picture = None if right else case.keep('edge', [case.first_frame])
+        case.outcome.judge('flow', right, f'{rows} rows have something at the edge of the screen', picture)
+
+
+def rows_with_ink_at_the_edges(frame: numpy.ndarray) -> int:
+    """How many rows have something in the first or last columns, which lie outside of a text's margins."""
+    count = 0
+    for strip in (frame[:, :EDGE_COLUMNS].astype(numpy.int16), frame[:, -EDGE_COLUMNS:].astype(numpy.int16)):
+        ink = (strip.reshape(-1, 3).max(axis=0) - strip).max(axis=2) > CLEARLY
+        count += int(ink.any(axis=1).sum())
+    return count
 
 
 def outside(layout: LaidOutText) -> list[str]:
@@ -92,6 +115,28 @@ def missing(layout: LaidOutText, paragraphs: list[Paragraph]) -> list[str]:
     return [word for word in sample([paragraph.text for paragraph in paragraphs], WORDS)
             if folded(word) not in joined and folded(word)[::-1] not in joined
             and not (is_right_to_left(word) and any(contains(line, folded(word)) for line in lines))]
+
+
+def unpainted(layout: LaidOutText, paragraphs: list[Paragraph], frame: numpy.ndarray | None) -> list[str]:
+    """Words of the file that the layout has on the first screen, and the picture does not. The layout also has notes,
+    after the text, which are not shown: as many of a word need no ink as it has more often than the file."""
+    if frame is None:
+        return []
+    in_file = collections.Counter(word for paragraph in paragraphs for word in map(folded, words_of(paragraph.text)))
+    placed = [(word, placed) for placed in layout.words for word in map(folded, words_of(placed.text))]
+    in_layout = collections.Counter(word for word, _ in placed)
+    without_ink = collections.Counter(word for word, place in placed if _is_on(frame, place)
+                                      and not has_ink(frame, _box(place), FAINT))
+    return [word for word, count in without_ink.items() if count > max(in_layout[word] - in_file[word], 0)]
+
+
+def _is_on(frame: numpy.ndarray, word: PlacedWord) -> bool:
+    return (word.page == 0 and 0 <= word.left and word.right <= frame.shape[1]
+            and 0 <= word.top and word.bottom <= frame.shape[0])
+
+
+def _box(word: PlacedWord) -> Box:
+    return Box(int(word.left), int(word.top), math.ceil(word.right), math.ceil(word.bottom))
 
 
 def disordered(layout: LaidOutText, paragraphs: list[Paragraph]) -> list[str]:

@@ -7,6 +7,7 @@ import numpy
 from PIL import Image
 
 CHANGED = 8  # difference of a channel that is more than rounding
+INK = 60     # contrast of letters in a channel
 UNEVEN = 6   # columns by which the sides of a rectangle may differ where a letter stands on them
 GAP = 4      # columns between two pictures that are kept side by side
 
@@ -90,10 +91,10 @@ def _runs(row: numpy.ndarray) -> list[tuple[int, int]]:
     return [(first, last) for first, last in edges.reshape(-1, 2).tolist()]
 
 
-def has_ink(picture: numpy.ndarray, box: Box) -> bool:
-    """True when a box is not of one colour: something is drawn in it."""
+def has_ink(picture: numpy.ndarray, box: Box, least: int = INK) -> bool:
+    """True when a box is not of one colour: something is drawn in it, of at least this contrast."""
     part = picture[box.top:box.bottom, box.left:box.right].astype(numpy.int16)
-    return part.size > 0 and int((part.max(axis=(0, 1)) - part.min(axis=(0, 1))).max()) > 60
+    return part.size > 0 and int((part.max(axis=(0, 1)) - part.min(axis=(0, 1))).max()) > least
 
 
 def is_uniform(picture: numpy.ndarray) -> bool:

@@ -3,6 +3,7 @@
 import argparse
 import collections
 import multiprocessing
+import os
 import pathlib
 import queue
 import signal
@@ -56,13 +57,14 @@ def documents_in(places: list[pathlib.Path]) -> list[pathlib.Path]:
 
 
 def _work(options: argparse.Namespace, tasks: Any, results: Any) -> None:
-    """A worker: examines documents until there are no more. SIGTERM ends it in an orderly way."""
+    """A worker: examines documents until there are no more, or its parent is gone. SIGTERM ends it in an orderly way."""
+    parent = os.getppid()
     signal.signal(signal.SIGINT, signal.SIG_IGN)  # the first process tells when to end
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(INTERRUPTED))
-    examiner = Examiner(Programs(options.programs.resolve()), options.pictures.resolve(), set(options.only or CHECKS),
+    examiner = Examiner(Programs(options.programs.resolve()), options.pictures.resolve(), frozenset(options.only or CHECKS),
                         options.limit)
     try:
-        while (path := tasks.get()) is not None:
+        while (path := tasks.get()) is not None and os.getppid() == parent:
             results.put(_examined(examiner, path))
     finally:
         examiner.close()

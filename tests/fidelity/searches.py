@@ -5,7 +5,7 @@ import numpy
 from fidelity.case import Case
 from fidelity.cells import header_size
 from fidelity.layout import LaidOutText
-from fidelity.pictures import Box, rectangles_of, changed_pixels, has_ink
+from fidelity.pictures import Box, changed_pixels, has_ink, rectangles_of
 from fidelity.sampling import occurrences, sample, texts_with
 
 WORDS = 20

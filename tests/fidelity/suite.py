@@ -45,11 +45,12 @@ class FirstCells:
     widths: list[float] = dataclasses.field(default_factory=list)    # of the columns in pixels
 
     def touch_points(self, pixels: float) -> list[float]:
-        """For each column that is clearly within so many pixels a point in it: away from its edges, which may be
-        rounded in another way elsewhere."""
+        """For each column a point in it: away from its edges, which may be rounded in another way elsewhere. The last
+        column is wide enough for that, and clearly within so many pixels."""
         begins = itertools.accumulate(self.widths, initial=0.0)
         points = [begin + min(width / 2, EDGE) for begin, width in zip(begins, self.widths)]
-        return [point for point in points if point < pixels - EDGE]
+        usable = [i for i, width in enumerate(self.widths) if width > 3 * EDGE and points[i] < pixels - EDGE]
+        return points[:usable[-1] + 1] if usable else []
 
     def texts(self, columns: int, with_hidden: bool) -> list[str]:
         """The texts of the first columns, row by row."""

@@ -2,7 +2,9 @@
 """The checks of a text's layout, each with a fault that they must find."""
 import unittest
 
-from fidelity.flow import disordered, missing, outside, overlaps
+import numpy
+
+from fidelity.flow import disordered, missing, outside, overlaps, rows_with_ink_at_the_edges, unpainted
 from fidelity.layout import LaidOutText, PlacedWord, read_words
 from fidelity.pictures import Box
 from fidelity.word_text import Paragraph
@@ -51,6 +53,20 @@ class Flow(unittest.TestCase):
 
     def test_a_word_broken_over_two_lines_is_there(self) -> None:
         self.assertEqual([], missing(layout(placed('hyphen', 400, 0), placed('ated', 4, LINE)), body('hyphenated')))
+
+    def test_a_word_without_ink_in_the_picture_is_found(self) -> None:
+        frame = numpy.full((100, 480, 3), 255, numpy.uint8)
+        frame[4:10, 10:30:3] = 0
+        text = layout(placed('painted', 4, 0), placed('faint,', 60, 0), placed('footnote', 4, 40), placed('painted', 60, 40),
+                      placed('below', 4, 200))
+        self.assertEqual(['faint'], unpainted(text, body('painted faint below'), frame))
+
+    def test_a_line_along_the_edge_of_the_screen_is_found(self) -> None:
+        frame = numpy.full((100, 480, 3), 255, numpy.uint8)
+        frame[10:90, 4:470:3] = 0
+        self.assertEqual(0, rows_with_ink_at_the_edges(frame))
+        frame[:, 479] = 150
+        self.assertEqual(100, rows_with_ink_at_the_edges(frame))
 
     def test_letters_from_right_to_left_may_come_in_another_order(self) -> None:
         self.assertEqual([], missing(layout(placed('حابص', 4, 0)), body('صباح')))

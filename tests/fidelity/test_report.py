@@ -10,7 +10,7 @@ FOLDER = pathlib.Path('/documents')
 
 
 def outcome(name: str, kind: str, state: str = 'opened') -> Outcome:
-    return Outcome(FOLDER / name, kind, state, suite_opens=True, seconds=0.5, megabytes=150)
+    return Outcome(FOLDER / name, kind, state=state, suite_opens=True, seconds=0.5, megabytes=150)
 
 
 class Report(unittest.TestCase):
@@ -20,6 +20,11 @@ class Report(unittest.TestCase):
         wrong.judge('marks', False, '"word" is not\nmarked')
         self.assertEqual('deck.ppt  slides: slide 2 differs by 0.100 [deck.ppt-slide-2.png]; marks: "word" is not marked',
                          line_of(wrong, FOLDER))
+
+    def test_a_check_that_is_not_wanted_does_not_count(self) -> None:
+        wanted = Outcome(FOLDER / 'a.docx', 'word', wanted=frozenset({'marks'}))
+        wanted.judge('counts', False, 'not wanted')
+        self.assertEqual([], wanted.faults)
 
     def test_many_faults_are_cut_short(self) -> None:
         wrong = outcome('a.docx', 'word')

@@ -86,9 +86,10 @@ int main(int argc, char** argv) {
     if (mkdtemp(folder) == nullptr) {
         return 1;
     }
-    const bool done = layOut(std::filesystem::absolute(argv[1]), std::atoi(argv[2]),
-                             std::atoi(argv[3]), // NOLINT(cert-err34-c)
-                             std::filesystem::absolute(argv[4]), folder);
+    const int32_t width = std::atoi(argv[2]); // NOLINT(cert-err34-c)
+    const int32_t dpi = std::atoi(argv[3]);   // NOLINT(cert-err34-c)
+    const bool done =
+        layOut(std::filesystem::absolute(argv[1]), width, dpi, std::filesystem::absolute(argv[4]), folder);
     std::filesystem::remove_all(folder);
     std::fflush(nullptr);
     // The suite does not survive an ordinary exit.
