@@ -82,14 +82,15 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: word_layout FILE WIDTH DPI OUT.pdf\n");
         return 2;
     }
-    char folder[] = "/tmp/word-layout-XXXXXX";
-    if (mkdtemp(folder) == nullptr) {
+    const std::filesystem::path pdf = std::filesystem::absolute(argv[4]);
+    // Beside the PDF, where a caller that stops this program finds it.
+    std::string folder = pdf.string() + "-XXXXXX";
+    if (mkdtemp(folder.data()) == nullptr) {
         return 1;
     }
     const int32_t width = std::atoi(argv[2]); // NOLINT(cert-err34-c)
     const int32_t dpi = std::atoi(argv[3]);   // NOLINT(cert-err34-c)
-    const bool done =
-        layOut(std::filesystem::absolute(argv[1]), width, dpi, std::filesystem::absolute(argv[4]), folder);
+    const bool done = layOut(std::filesystem::absolute(argv[1]), width, dpi, pdf, folder);
     std::filesystem::remove_all(folder);
     std::fflush(nullptr);
     // The suite does not survive an ordinary exit.
