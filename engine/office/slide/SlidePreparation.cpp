@@ -7,6 +7,7 @@
 #include <com/sun/star/animations/XAnimationNodeSupplier.hpp>
 #include <com/sun/star/beans/NamedValue.hpp>
 #include <com/sun/star/container/XEnumerationAccess.hpp>
+#include <com/sun/star/graphic/XGraphic.hpp>
 #include <com/sun/star/lang/XMultiServiceFactory.hpp>
 #include <com/sun/star/presentation/EffectNodeType.hpp>
 #include <com/sun/star/presentation/EffectPresetClass.hpp>
@@ -127,6 +128,30 @@ void hideWhatAnimationsTakeAway(const Reference<XDrawPage>& slide) {
     }
 }
 
+// Whether a shape is a picture that is missing, such as a linked one. The suite
+// shows its name in a box, as a help for editors.
+bool isMissingPicture(const Reference<XShape>& shape) {
+    if (!shape->getShapeType().endsWith(".GraphicObjectShape")) {
+        return false;
+    }
+    const Reference<css::beans::XPropertySet> graphic(
+        property<Reference<css::graphic::XGraphic>>(propertiesOf(shape), "Graphic"), UNO_QUERY);
+    // A picture that was read from a file has the file's type, and any other has a size.
+    const auto type = property<OUString>(graphic, "MimeType");
+    return (type.isEmpty() || type == "image/x-vclgraphic") &&
+           property<css::awt::Size>(graphic, "SizePixel").Width < 1 &&
+           property<css::awt::Size>(graphic, "Size100thMM").Width < 1;
+}
+
+void hideMissingPictures(const Reference<XDrawPage>& slide) {
+    visitShapes(slide, [](const Reference<XShape>& shape) {
+        if (isMissingPicture(shape)) {
+            setProperty(propertiesOf(shape), "Visible", false);
+        }
+        return true;
+    });
+}
+
 } // namespace
 
 void prepareSlide(const Reference<css::frame::XModel>& model, const Reference<XDrawPage>& slide) {
@@ -143,6 +168,7 @@ void prepareSlide(const Reference<css::frame::XModel>& model, const Reference<XD
             slide->remove(shape);
         }
     }
+    hideMissingPictures(slide);
 }
 
 } // namespace lectern::engine

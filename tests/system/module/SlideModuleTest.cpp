@@ -156,6 +156,38 @@ TEST(SlideModule, MirroredGradientsAreSmooth) {
     EXPECT_LT(slanted[60 * 480 + 171] >> 16 & 0xFF, 180U);
 }
 
+TEST(SlideModule, MissingPicturesShowNothing) {
+    const SlideView view(madeSlides("missing.pptx",
+                                    "deck = Pptx()\nslide = deck.slide()\n"
+                                    "slide.picture(b'', (100, 100, 300, 200))\ndeck.save(OUT)"));
+    EXPECT_EQ(inkOf(view.render(0, 360, 270)), 0U);
+}
+
+TEST(SlideModule, DrawingsAndPicturesAreNotMissing) {
+    // The drawing is a metafile of a red square of 1000 units.
+    const SlideView view(madeSlides(
+        "drawing.pptx",
+        "from docx_writer import png\n"
+        "from struct import pack\n"
+        "placeable = pack('<IH4hHI', 0x9AC6CDD7, 0, 0, 0, 1000, 1000, 1440, 0)\n"
+        "check = 0\n"
+        "for i in range(0, 20, 2):\n"
+        "    check ^= int.from_bytes(placeable[i:i + 2], 'little')\n"
+        "records = [pack('<IHhh', 5, 0x20B, 0, 0), pack('<IHhh', 5, 0x20C, 1000, 1000),\n"
+        "           pack('<IHHIH', 7, 0x2FC, 0, 0x0000FF, 0), pack('<IHH', 4, 0x12D, 0),\n"
+        "           pack('<IH4h', 7, 0x41B, 1000, 1000, 0, 0), pack('<IH', 3, 0)]\n"
+        "body = b''.join(records)\n"
+        "header = pack('<HHHIHIH', 1, 9, 0x300, 9 + len(body) // 2, 1, 7, 0)\n"
+        "deck = Pptx()\n"
+        "deck.slide().picture(placeable + pack('<H', check) + header + body, (100, 100, 300, 200))\n"
+        "deck.slide().picture(png(9, 9, lambda x, y: (255, 0, 0)), (100, 100, 300, 200))\n"
+        "deck.save(OUT)"));
+    for (const std::int32_t slide : {0, 1}) {
+        const Pixels pixels = view.render(slide, 360, 270);
+        EXPECT_GT(std::count(pixels.begin(), pixels.end(), 0xFFFF0000U), 140 * 90) << slide;
+    }
+}
+
 TEST(SlideModule, HiddenSlidesAreShown) {
     const SlideView view(slideSample("tour.pptx"));
     EXPECT_EQ(view.title(4), "Only for the harbour master");
