@@ -155,6 +155,11 @@ DocxBuilder& DocxBuilder::commentedPoint(const std::string& text, const std::str
     return *this;
 }
 
+DocxBuilder& DocxBuilder::protect() {
+    mProtected = true;
+    return *this;
+}
+
 DocxBuilder& DocxBuilder::header(const std::string& text) {
     mHeader = "<w:p>" + run("<w:t>" + text + "</w:t>") + "</w:p>";
     return *this;
@@ -179,6 +184,7 @@ std::filesystem::path DocxBuilder::write(const std::string& name) const {
     };
     const std::string footnotesPart = mFootnotes.empty() ? "" : override("footnotes", "footnotes");
     const std::string labelPart = mLabel.empty() ? "" : override("numbering", "numbering");
+    const std::string settingsPart = mProtected ? override("settings", "settings") : "";
     const std::string commentsPart = mComments.empty() ? "" : override("comments", "comments");
     const std::string headerPart = mHeader.empty() ? "" : override("header1", "header");
     part("[Content_Types].xml",
@@ -188,8 +194,8 @@ std::filesystem::path DocxBuilder::write(const std::string& name) const {
              "relationships+xml\"/><Default Extension=\"png\" ContentType=\"image/png\"/><Override "
              "PartName=\"/docProps/core.xml\" ContentType=\"application/vnd.openxmlformats-package."
              "core-properties+xml\"/>" +
-             override("document", "document.main") + footnotesPart + commentsPart + headerPart + labelPart +
-             "</Types>");
+             override("document", "document.main") + footnotesPart + commentsPart + settingsPart +
+             headerPart + labelPart + "</Types>");
     OfficeTest::write(
         parts + "_rels/.rels",
         relationships(relationship("d", std::string(OFFICE) + "/officeDocument", "word/document.xml") +
@@ -201,6 +207,7 @@ std::filesystem::path DocxBuilder::write(const std::string& name) const {
             relationship("black", std::string(OFFICE) + "/image", "media/black.png") +
             (mFootnotes.empty() ? ""
                                 : relationship("n", std::string(OFFICE) + "/footnotes", "footnotes.xml")) +
+            (mProtected ? relationship("s", std::string(OFFICE) + "/settings", "settings.xml") : "") +
             (mComments.empty() ? "" : relationship("c", std::string(OFFICE) + "/comments", "comments.xml")) +
             (mHeader.empty() ? "" : relationship("h", std::string(OFFICE) + "/header", "header1.xml")) +
             (mLabel.empty() ? "" : relationship("l", std::string(OFFICE) + "/numbering", "numbering.xml"))));
@@ -211,6 +218,11 @@ std::filesystem::path DocxBuilder::write(const std::string& name) const {
                                   mProperties + "</cp:coreProperties>");
     if (!mFootnotes.empty()) {
         part("word/footnotes.xml", std::string("<w:footnotes ") + WORD + ">" + mFootnotes + "</w:footnotes>");
+    }
+    if (mProtected) {
+        part("word/settings.xml",
+             std::string("<w:settings ") + WORD +
+                 "><w:documentProtection w:edit=\"readOnly\" w:enforcement=\"1\"/></w:settings>");
     }
     if (!mComments.empty()) {
         part("word/comments.xml", std::string("<w:comments ") + WORD + ">" + mComments + "</w:comments>");
