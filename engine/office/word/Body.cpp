@@ -183,8 +183,7 @@ Body::Body(const Reference<css::text::XTextDocument>& model, const std::vector<F
         mTextOf.emplace(mTexts[i].key, i);
     }
     listParagraphs();
-    mHasFrames = !frames.empty();
-    if (mHasFrames) {
+    if (!frames.empty()) {
         placeFrames(frames);
     }
     joinText();
@@ -227,6 +226,7 @@ void Body::placeFrames(const std::vector<FrameBlock>& frames) {
             ordered.push_back(mParagraphs[i]);
             if (unit) {
                 ordered.back().unit = *unit;
+                ordered.back().isInFrame = true;
             }
             const size_t ownUnit = ordered.back().unit;
             const auto [begin, end] = framesAt.equal_range(i);

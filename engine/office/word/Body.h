@@ -34,6 +34,7 @@ struct BodyParagraph {
     // outermost table, and a paragraph with the frames anchored in it. Every
     // other paragraph has a unit of its own.
     size_t unit = 0;
+    bool isInFrame = false; // or of a drawing: its rows may be far from those of the text around it
 };
 
 // One text of the document: the body (with an empty key), a cell or a text frame.
@@ -64,8 +65,6 @@ public:
     const std::u16string& string() const { return mString; }
     uint32_t length() const { return static_cast<uint32_t>(mString.size()); }
     bool hasTables() const { return mHasTables; }
-    // Whether there are texts beside the body's: of frames, or attached.
-    bool hasFrames() const { return mHasFrames; }
 
     // The paragraph that contains this character or ends before this separator.
     const BodyParagraph& paragraphAt(uint32_t position) const;
@@ -102,7 +101,6 @@ private:
     std::map<BodyText::Key, size_t> mTextOf;
     std::u16string mString;
     bool mHasTables = false;
-    bool mHasFrames = false;
 };
 
 } // namespace lectern::engine

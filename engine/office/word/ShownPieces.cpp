@@ -50,8 +50,8 @@ private:
             shown.isPlain = false;
             read({anyProperty(properties, type == "ContentControl" ? "ContentControl" : "InContentMetadata"),
                   UNO_QUERY});
-        } else if (type != "Bookmark" && type != "SoftPageBreak" && type != "Redline") {
-            shown.isPlain = false; // a character that shows no text, such as an anchor
+        } else if (type != "Bookmark" && type != "SoftPageBreak") {
+            shown.isPlain = false; // characters that show no text, such as an anchor or a deletion
         }
     }
 

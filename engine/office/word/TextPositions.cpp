@@ -97,11 +97,6 @@ CharacterRange TextPositions::around(const RowMap& map, int64_t first, int64_t l
     if (const BodyParagraph& paragraph = mBody.paragraphAt(range.end); !mBody.isAlone(paragraph)) {
         range.end = mBody.unitOf(paragraph).end;
     }
-    // The line below a frame's row need not follow the line that holds the frame.
-    if (mBody.hasFrames()) {
-        const CharacterRange unit = mBody.unitOf(mBody.paragraphAt(nearest(map, 0, first)));
-        range = {std::min(range.start, unit.start), std::max(range.end, unit.end)};
-    }
     return range;
 }
 

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/office/word/TrackedChanges.h"
 
+#include <com/sun/star/document/RedlineDisplayType.hpp>
 #include <com/sun/star/document/XRedlinesSupplier.hpp>
 #include <com/sun/star/frame/DispatchHelper.hpp>
 #include <com/sun/star/frame/XDispatchProvider.hpp>
 #include <com/sun/star/frame/XFrame.hpp>
-
-#include <cstdio>
 
 namespace lectern::engine {
 
@@ -36,8 +35,9 @@ void acceptTrackedChanges(const Reference<css::text::XTextDocument>& model) {
                                                          UNO_QUERY_THROW);
     css::frame::DispatchHelper::create(processContext())
         ->executeDispatch(frame, ".uno:AcceptAllTrackedChanges", "", 0, {});
+    // In a document that only allows reading, nothing was accepted.
     if (hasTrackedChanges(model)) {
-        std::fprintf(stderr, "office: tracked changes stay visible\n");
+        setProperty(propertiesOf(model), "RedlineDisplayType", css::document::RedlineDisplayType::INSERTED);
     }
 }
 

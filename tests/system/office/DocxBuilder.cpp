@@ -170,6 +170,11 @@ DocxBuilder& DocxBuilder::body(const std::string& xml) {
     return *this;
 }
 
+DocxBuilder& DocxBuilder::protect() {
+    mProtected = true;
+    return *this;
+}
+
 DocxBuilder& DocxBuilder::header(const std::string& text) {
     mHeader = "<w:p>" + run("<w:t>" + text + "</w:t>") + "</w:p>";
     return *this;
@@ -194,6 +199,7 @@ std::filesystem::path DocxBuilder::write(const std::string& name) const {
     };
     const std::string footnotesPart = mFootnotes.empty() ? "" : override("footnotes", "footnotes");
     const std::string labelPart = mLabel.empty() ? "" : override("numbering", "numbering");
+    const std::string settingsPart = mProtected ? override("settings", "settings") : "";
     const std::string commentsPart = mComments.empty() ? "" : override("comments", "comments");
     const std::string headerPart = mHeader.empty() ? "" : override("header1", "header");
     part("[Content_Types].xml",
@@ -203,8 +209,8 @@ std::filesystem::path DocxBuilder::write(const std::string& name) const {
              "relationships+xml\"/><Default Extension=\"png\" ContentType=\"image/png\"/><Override "
              "PartName=\"/docProps/core.xml\" ContentType=\"application/vnd.openxmlformats-package."
              "core-properties+xml\"/>" +
-             override("document", "document.main") + commentsPart + footnotesPart + headerPart + labelPart +
-             "</Types>");
+             override("document", "document.main") + commentsPart + footnotesPart + settingsPart +
+             headerPart + labelPart + "</Types>");
     OfficeTest::write(
         parts + "_rels/.rels",
         relationships(relationship("d", std::string(OFFICE) + "/officeDocument", "word/document.xml") +
@@ -219,6 +225,7 @@ std::filesystem::path DocxBuilder::write(const std::string& name) const {
             (mComments.empty() ? "" : relationship("c", std::string(OFFICE) + "/comments", "comments.xml")) +
             (mFootnotes.empty() ? ""
                                 : relationship("n", std::string(OFFICE) + "/footnotes", "footnotes.xml")) +
+            (mProtected ? relationship("s", std::string(OFFICE) + "/settings", "settings.xml") : "") +
             (mHeader.empty() ? "" : relationship("h", std::string(OFFICE) + "/header", "header1.xml")) +
             (mLabel.empty() ? "" : relationship("l", std::string(OFFICE) + "/numbering", "numbering.xml"))));
     part("docProps/core.xml", std::string("<cp:coreProperties xmlns:cp=\"") + PACKAGE +
@@ -226,6 +233,11 @@ std::filesystem::path DocxBuilder::write(const std::string& name) const {
                                   "xmlns:dcterms=\"http://purl.org/dc/terms/\" "
                                   "xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\">" +
                                   mProperties + "</cp:coreProperties>");
+    if (mProtected) {
+        part("word/settings.xml",
+             std::string("<w:settings ") + WORD +
+                 "><w:documentProtection w:edit=\"readOnly\" w:enforcement=\"1\"/></w:settings>");
+    }
     if (!mComments.empty()) {
         part("word/comments.xml", std::string("<w:comments ") + WORD + ">" + mComments + "</w:comments>");
     }

@@ -30,6 +30,8 @@ public:
     DocxBuilder& body(const std::string& xml);
     // Adds a paragraph with a comment on the point behind its text.
     DocxBuilder& commentedPoint(const std::string& text, const std::string& comment);
+    // Asks programs that open the document to let it be read only.
+    DocxBuilder& protect();
     DocxBuilder& header(const std::string& text);
     // Sets docProps/core.xml; times have the form "2012-03-04T05:06:07Z".
     DocxBuilder& properties(const std::string& title, const std::string& author,
@@ -45,6 +47,7 @@ private:
     std::string mFootnotes;
     std::string mHeader;
     std::string mLabel;
+    bool mProtected = false;
     std::string mProperties;
     int mNotes = 0;
     int mPictures = 0;

@@ -109,6 +109,18 @@ TEST_F(ShownText, HasTrackedInsertionsAndNoTrackedDeletions) {
     EXPECT_EQ(marks(*shown, u"added words").size(), 1U);
 }
 
+TEST_F(ShownText, OfAProtectedDocumentHasNoTrackedDeletions) {
+    const auto shown = view(DocxBuilder()
+                                .block(paragraph(run("kept ") + deletion("withdrawn ") + insertion("added")))
+                                .protect()
+                                .write("protected.docx"));
+    EXPECT_EQ(all(*shown), u"kept added");
+    const std::vector<PixelRect> found = marks(*shown, u"added");
+    const auto plain = view(DocxBuilder().paragraph("kept added").write("unprotected.docx"));
+    EXPECT_EQ(found, marks(*plain, u"added"));
+    EXPECT_EQ(shown->pixels(), plain->pixels());
+}
+
 TEST_F(ShownText, PaintsTrackedInsertionsAsOrdinaryText) {
     const auto tracked =
         view(DocxBuilder().block(paragraph(insertion("added") + deletion(" gone"))).write("inserted.docx"));
