@@ -136,6 +136,22 @@ TEST_F(Floats, ABoxIsAsWideAsTheText) {
     }
 }
 
+TEST_F(Floats, WhiteLettersWithoutABackgroundAreSeen) {
+    const std::string pale =
+        "<w:p><w:r><w:rPr><w:color w:val=\"FFFFFF\"/></w:rPr><w:t>pale</w:t></w:r></w:p>";
+    const auto document = shown(after(box({0, 0}, 2, 1, pale, {"", false, false}), "dark"), "pale");
+    document->rows();
+    const PixelRect word = placeOf(*document, "pale");
+    int white = 0;
+    for (int32_t y = word.y; y < word.y + word.height; ++y) {
+        for (int32_t x = word.x; x < word.x + word.width; ++x) {
+            white += (document->at(x, y) & 0xFF) > 0x80 ? 1 : 0;
+        }
+    }
+    EXPECT_GT(white, 10);
+    EXPECT_LT(white, word.width * word.height / 2);
+}
+
 TEST_F(Floats, ABoxBelowItsParagraphIsReadAfterIt) {
     const std::string body = after(oldBox(0.4, paragraphOf("boxed")), "anchor") + paragraphOf("") +
                              paragraphOf("") + paragraphOf(std::string(LINES) + "behind");
