@@ -30,6 +30,8 @@ constexpr const char* DISTANCES[] = {"LeftBorderDistance", "RightBorderDistance"
                                      "BottomBorderDistance"};
 constexpr sal_Int32 PADDING = 100;   // between a border and the text, 1/100 mm
 constexpr sal_Int32 MOST_LINE = 100; // width of a border, 1/100 mm
+constexpr sal_Int32 AUTOMATIC_COLOUR = -1;
+constexpr sal_Int32 DARK = 0x404040;
 
 // What is seen around and behind the text of a frame or drawing.
 struct Decoration {
@@ -88,6 +90,16 @@ Reference<css::text::XTextTable> insertBox(const Reference<css::text::XTextDocum
                                         false);
     decorate(propertiesOf(table->getCellByName("A1")), decoration);
     return table;
+}
+
+// Light letters stood on something dark that is not behind them any more.
+void showLightLetters(const Reference<css::text::XText>& cell, const Decoration& decoration) {
+    const auto start = propertiesOf(cell->createTextCursor());
+    const auto colour = property<sal_Int32>(start, "CharColor", AUTOMATIC_COLOUR);
+    const bool isLight = colour != AUTOMATIC_COLOUR && (colour & 0xC0C0C0) == 0xC0C0C0;
+    if (isLight && !decoration.filled) {
+        setProperty(propertiesOf(cell), "BackColor", DARK);
+    }
 }
 
 Reference<css::text::XText> textOfBox(const Reference<css::text::XTextTable>& table) {
@@ -166,7 +178,8 @@ Reference<css::text::XText> insertTable(const Reference<css::text::XTextDocument
 
 bool insertAsTable(const Reference<css::text::XTextDocument>& model,
                    const Reference<css::text::XTextRange>& place, const BoxedText& text) {
-    const auto table = insertBox(model, place, decorationOf(text.shape));
+    const Decoration decoration = decorationOf(text.shape);
+    const auto table = insertBox(model, place, decoration);
     const auto cell = textOfBox(table);
     try {
         if (text.frame.is()) {
@@ -176,6 +189,7 @@ bool insertAsTable(const Reference<css::text::XTextDocument>& model,
         } else {
             copyDrawnText(text.drawn, cell);
         }
+        showLightLetters(cell, decoration);
         return true;
     } catch (const css::uno::Exception&) {
         std::fprintf(stderr, "office: the text of a frame stays in it\n");

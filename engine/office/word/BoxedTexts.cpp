@@ -5,7 +5,6 @@
 #include <com/sun/star/drawing/XShapes.hpp>
 
 #include <algorithm>
-#include <iterator>
 #include <tuple>
 
 namespace lectern::engine {
@@ -17,17 +16,32 @@ namespace {
 
 using PropertyValues = css::uno::Sequence<css::beans::PropertyValue>;
 
-std::vector<Reference<css::drawing::XShape>> partsOf(const Reference<css::drawing::XShapes>& group) {
-    std::vector<Reference<css::drawing::XShape>> parts;
-    for (sal_Int32 i = 0; i < group->getCount(); ++i) {
-        parts.emplace_back(group->getByIndex(i), UNO_QUERY);
+using Shapes = std::vector<Reference<css::drawing::XShape>>;
+
+void collectParts(const Reference<css::drawing::XShape>& shape, Shapes& parts) {
+    const Reference<css::drawing::XShapes> group(shape, UNO_QUERY);
+    if (!group.is()) {
+        parts.push_back(shape);
+        return;
     }
-    const auto place = [](const Reference<css::drawing::XShape>& shape) {
-        const css::awt::Point corner = shape->getPosition();
+    for (sal_Int32 i = 0; i < group->getCount(); ++i) {
+        collectParts(Reference<css::drawing::XShape>(group->getByIndex(i), UNO_QUERY), parts);
+    }
+}
+
+// The shapes of a group and of the groups in it, or the shape itself, from top
+// to bottom and from left to right.
+Shapes partsOf(const Reference<css::drawing::XShape>& shape) {
+    Shapes parts;
+    collectParts(shape, parts);
+    const auto place = [](const Reference<css::drawing::XShape>& part) {
+        const css::awt::Point corner = part->getPosition();
         return std::tuple(corner.Y, corner.X);
     };
-    std::stable_sort(parts.begin(), parts.end(),
-                     [&](const auto& a, const auto& b) { return place(a) < place(b); });
+    if (parts.size() > 1) {
+        std::stable_sort(parts.begin(), parts.end(),
+                         [&](const auto& a, const auto& b) { return place(a) < place(b); });
+    }
     return parts;
 }
 
@@ -68,19 +82,18 @@ Reference<css::text::XText> textOf(const BoxedText& text) {
 
 std::vector<BoxedText> boxedTexts(const Reference<css::drawing::XShape>& shape) {
     std::vector<BoxedText> texts;
-    if (const Reference<css::drawing::XShapes> group(shape, UNO_QUERY); group.is()) {
-        for (const auto& part : partsOf(group)) {
-            std::vector<BoxedText> inner = boxedTexts(part);
-            std::copy_if(inner.begin(), inner.end(), std::back_inserter(texts),
-                         [](const BoxedText& text) { return !textOf(text)->getString().isEmpty(); });
+    const Shapes parts = partsOf(shape);
+    for (const auto& part : parts) {
+        const auto properties = propertiesOf(part);
+        BoxedText text{properties, frameOf(part, properties), {}};
+        if (!text.frame.is()) {
+            text.drawn = drawnText(part, properties);
         }
-        return texts;
-    }
-    const auto properties = propertiesOf(shape);
-    if (const auto frame = frameOf(shape, properties); frame.is()) {
-        texts.push_back({properties, frame, {}});
-    } else if (const auto drawn = drawnText(shape, properties); drawn.is()) {
-        texts.push_back({properties, {}, drawn});
+        // The text of a group's part may have been moved already.
+        const bool isEmpty = parts.size() > 1 && textOf(text).is() && textOf(text)->getString().isEmpty();
+        if (textOf(text).is() && !isEmpty) {
+            texts.push_back(text);
+        }
     }
     return texts;
 }
@@ -92,12 +105,11 @@ void clear(const std::vector<BoxedText>& texts) {
 }
 
 bool hasPictures(const Reference<css::drawing::XShape>& shape) {
-    if (const Reference<css::drawing::XShapes> group(shape, UNO_QUERY); group.is()) {
-        const auto parts = partsOf(group);
-        return std::any_of(parts.begin(), parts.end(), hasPictures);
-    }
-    return shape->getShapeType() == "com.sun.star.drawing.GraphicObjectShape" ||
-           isWordArt(propertiesOf(shape));
+    const Shapes parts = partsOf(shape);
+    return std::any_of(parts.begin(), parts.end(), [](const Reference<css::drawing::XShape>& part) {
+        return part->getShapeType() == "com.sun.star.drawing.GraphicObjectShape" ||
+               isWordArt(propertiesOf(part));
+    });
 }
 
 bool isWordArt(const Reference<css::beans::XPropertySet>& shape) {

@@ -14,8 +14,8 @@ namespace lectern::engine {
 // A text that stands in a frame or drawing beside the text of the document.
 struct BoxedText {
     css::uno::Reference<css::beans::XPropertySet> shape;
-    css::uno::Reference<css::text::XTextFrame> frame; // contains the text; null for:
-    css::uno::Reference<css::text::XText> drawn;      // text that is written into a drawing
+    css::uno::Reference<css::text::XTextFrame> frame; // contains the text; null when it is
+    css::uno::Reference<css::text::XText> drawn;      // written into the drawing itself
 };
 
 // The texts of a frame, a drawing or a group of drawings, from top to bottom and
@@ -25,7 +25,7 @@ std::vector<BoxedText> boxedTexts(const css::uno::Reference<css::drawing::XShape
 // Removes texts from their drawings.
 void clear(const std::vector<BoxedText>& texts);
 
-// Whether a group contains something other than text, lines and plain forms.
+// Whether a drawing or group contains a picture or letters drawn as outlines.
 bool hasPictures(const css::uno::Reference<css::drawing::XShape>& shape);
 
 // Whether the letters of the text are drawn as outlines, which are scaled with the drawing.
