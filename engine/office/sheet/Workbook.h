@@ -39,7 +39,7 @@ public:
 
 private:
     size_t index(int32_t column, int32_t row) const {
-        const auto width = static_cast<size_t>(mWithin.right - mWithin.left + 1);
+        const size_t width = static_cast<size_t>(mWithin.right) - static_cast<size_t>(mWithin.left) + 1;
         return static_cast<size_t>(row - mWithin.top) * width + static_cast<size_t>(column - mWithin.left);
     }
 
