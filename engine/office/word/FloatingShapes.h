@@ -10,7 +10,7 @@
 
 namespace lectern::engine {
 
-// A picture, text frame, embedded object or drawing that is anchored as a character.
+// A picture, embedded object or drawing that is anchored as a character.
 struct FloatingShape {
     enum class Kind { Drawing, Picture };
 
@@ -22,8 +22,10 @@ struct FloatingShape {
     int32_t columns; // of the table that contains it; 1 outside of tables
 };
 
-// Anchors all floating shapes as characters, so that they move with the text and
-// nothing overlaps. Removes drawings that are the page's border or background.
+// Makes everything that stands beside the text part of it, so that nothing
+// overlaps: texts of frames and drawings become tables, all else characters.
+// Removes drawings around and behind the text, and pictures that are not there.
+// Returns the characters. Call once, when headers and footers are off.
 std::vector<FloatingShape> anchorInLines(const css::uno::Reference<css::text::XTextDocument>& model);
 
 // Scales shapes down to a text of `width` 1/100 mm; those that fit get their
