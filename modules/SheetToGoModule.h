@@ -88,8 +88,8 @@ LECTERN_MODULE_EXPORT int32_t stg_stop_find(void* doc);
 /* Selection. Each call replaces the one before. x and y are any document pixel inside
  * the first and the last track. *count is the number of visible tracks. The copied text
  * has a tab between columns and a line feed between rows. It leaves out columns and rows
- * behind the last contents of the sheet, and rows that a filter hides. It includes other
- * hidden cells, and empty ones before the first text. */
+ * behind the last text, and rows that a filter hides. It includes other hidden cells,
+ * and empty ones before the first text. */
 LECTERN_MODULE_EXPORT int32_t stg_clear_selection(void* doc);
 LECTERN_MODULE_EXPORT int32_t stg_select_area(void* doc, int32_t sheet, int32_t left, int32_t top,
                                               int32_t width, int32_t height);

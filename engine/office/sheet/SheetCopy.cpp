@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <vector>
 
 namespace lectern::engine {
 
@@ -31,20 +32,26 @@ public:
     }
 
     std::u16string text() const {
-        std::u16string text;
+        std::vector<Line> lines;
+        size_t width = 0;  // up to the last text
+        size_t height = 0; // likewise
         for (int32_t row = mBlock.top; row <= mBlock.bottom; ++row) {
-            if (mBlock.left <= mBlock.right && !isFiltered(row)) {
-                appendRow(row, text);
+            if (isFiltered(row)) {
+                continue;
+            }
+            lines.push_back(lineAt(row));
+            if (!lines.back().empty()) {
+                width = std::max(width, lines.back().size());
+                height = lines.size();
             }
         }
-        if (!text.empty()) {
-            text.pop_back();
-        }
-        return text;
+        lines.resize(height);
+        return joined(lines, width);
     }
 
 private:
     using Rows = Reference<css::container::XIndexAccess>;
+    using Line = std::vector<std::u16string>;
 
     static Rows allRowsOf(const Reference<css::sheet::XSpreadsheet>& sheet) {
         const Reference<css::table::XColumnRowRange> range(sheet, UNO_QUERY_THROW);
@@ -55,12 +62,27 @@ private:
                                                                   mRows->getByIndex(row), UNO_QUERY)),
                                                               "IsFiltered");
     }
-    void appendRow(int32_t row, std::u16string& text) const {
+    // The texts of a row up to the last one that is not empty.
+    Line lineAt(int32_t row) const {
+        Line line;
         for (int32_t column = mBlock.left; column <= mBlock.right; ++column) {
-            text += textAt(column, row);
-            text += u'\t';
+            line.push_back(textAt(column, row));
         }
-        text.back() = u'\n';
+        while (!line.empty() && line.back().empty()) {
+            line.pop_back();
+        }
+        return line;
+    }
+    static std::u16string joined(const std::vector<Line>& lines, size_t width) {
+        std::u16string text;
+        for (const Line& line : lines) {
+            text += &line == lines.data() ? u"" : u"\n";
+            for (size_t column = 0; column < width; ++column) {
+                text += column == 0 ? u"" : u"\t";
+                text += column < line.size() ? line[column] : u"";
+            }
+        }
+        return text;
     }
     // A merged area whose first cell is hidden and not copied shows its text in
     // the first cell that is.

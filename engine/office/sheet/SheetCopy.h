@@ -8,8 +8,8 @@
 
 namespace lectern::engine {
 
-// The texts that the cells of a block show, as far as the sheet has contents.
-// Tabs separate columns, line feeds rows; none follows the last one. Within a
+// The texts that the cells of a block show, up to the last column and row with a
+// text. Tabs separate columns, line feeds rows; none follows the last one. Within a
 // text both become spaces. Empty cells before the first text and hidden columns
 // and rows count; rows that a filter hides do not.
 std::u16string textOfBlock(Workbook& book, int32_t sheet, const CellBlock& block);
