@@ -117,7 +117,7 @@ TEST_F(SheetCommandTest, CountsTheColumnsUpToTheLastUsedOne) {
 }
 
 TEST_F(SheetCommandTest, HiddenColumnsAndRowsAreLeftOutHiddenAndShown) {
-    open(generated("labelled.xlsx", "make_xlsx.py", {"labelled", "OUT"}), 500, 600);
+    open(generated("labelled.xlsx", "make_xlsx.py", {"labelled", "OUT"}), 420, 600);
     screen->zoom(1.0);
     screen->scrollTo(0, 0);
     expectShown(true);

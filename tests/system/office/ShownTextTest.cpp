@@ -190,7 +190,7 @@ TEST_F(ShownText, HasTheTextsOfShapesInAGroup) {
                             box("rect", 0, "left inside") + box("oval", 1500, "right inside") + "</v:group>"))
                  .paragraph("end")
                  .write("group.docx"));
-    EXPECT_EQ(all(*shown), u"\nleft inside\nright inside\nend");
+    EXPECT_EQ(all(*shown), u"left inside\nright inside\n\nend") << "before the paragraph of the group";
     EXPECT_EQ(marks(*shown, u"inside").size(), 2U);
 }
 
