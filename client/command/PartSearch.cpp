@@ -50,6 +50,7 @@ Result<bool> firstNoteHas(Document& document, const std::string& text, const Cal
 
 std::vector<PartHits> listed(const std::map<int, int>& hitsOnSlides) {
     std::vector<PartHits> slides;
+    slides.reserve(hitsOnSlides.size());
     for (const auto& [slide, hits] : hitsOnSlides) {
         slides.push_back({slide, hits});
     }

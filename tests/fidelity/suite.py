@@ -21,6 +21,7 @@ from com.sun.star.uno import Exception as UnoException
 
 from fidelity.pictures import Box
 
+END_SECONDS = 10
 START_SECONDS = 60
 EDGE = 4  # pixels
 MOST_COMMENTS = 500  # that are asked for; the first ones are on the first screen
@@ -67,7 +68,7 @@ class Suite:
         self._desktop: Any = None
 
     def close(self) -> None:
-        self._kill()
+        self._end()
         shutil.rmtree(self._folder, ignore_errors=True)
 
     @contextlib.contextmanager
@@ -122,6 +123,16 @@ class Suite:
                     self._kill()
                     raise SuiteFailed('the suite does not start') from failure
                 time.sleep(0.1)  # the suite does not tell when its pipe is there
+
+    def _end(self) -> None:
+        """Asks the process to end, because a killed one leaves its pipes in /tmp."""
+        if self._process is not None and self._process.poll() is None:
+            watchdog = threading.Timer(END_SECONDS, self._kill)
+            watchdog.start()
+            with contextlib.suppress(UnoException):
+                self._desktop.terminate()
+            self._process.wait()
+            watchdog.cancel()
 
     def _kill(self) -> None:
         if self._process is not None and self._process.poll() is None:

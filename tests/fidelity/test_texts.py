@@ -26,6 +26,21 @@ class WordText(unittest.TestCase):
             '<w:p><w:r><w:rPr><w:vanish/></w:rPr><w:t>hidden</w:t></w:r>'
             '<w:r><w:rPr><w:vanish w:val="0"/></w:rPr><w:t>seen</w:t></w:r></w:p>'))
 
+    def test_runs_in_hidden_styles_are_not_read(self) -> None:
+        styles = ET.fromstring(
+            f'<w:styles {W}><w:style w:styleId="Secret"><w:rPr><w:vanish/></w:rPr></w:style>'
+            '<w:style w:styleId="Heir"><w:basedOn w:val="Secret"/></w:style>'
+            '<w:style w:styleId="Open"><w:basedOn w:val="Secret"/><w:rPr><w:vanish w:val="0"/></w:rPr></w:style>'
+            '<w:style w:styleId="Round"><w:basedOn w:val="Round"/></w:style></w:styles>')
+        hidden = word_text.hidden_styles(styles)
+        self.assertEqual({'Secret', 'Heir'}, hidden)
+        body = ET.fromstring(
+            f'<w:body {W}><w:p><w:pPr><w:pStyle w:val="Heir"/></w:pPr><w:r><w:t>hidden</w:t></w:r>'
+            '<w:r><w:rPr><w:vanish w:val="0"/></w:rPr><w:t>seen</w:t></w:r></w:p>'
+            '<w:p><w:r><w:rPr><w:rStyle w:val="Secret"/></w:rPr><w:t>hidden</w:t></w:r><w:r><w:t>too</w:t></w:r></w:p>'
+            '</w:body>')
+        self.assertEqual(['seen', 'too'], [p.text for p in word_text.paragraphs_of(body, hidden)])
+
     def test_fields_have_their_results_only(self) -> None:
         self.assertEqual(['page 7.'], word_texts(
             '<w:p><w:r><w:t>page </w:t><w:fldChar w:fldCharType="begin"/><w:t>PAGE</w:t>'

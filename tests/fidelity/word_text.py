@@ -21,15 +21,17 @@ class Paragraph:
 class _Walk:
     """Collects paragraphs. A text box stands inside of a paragraph and has paragraphs of its own."""
 
-    def __init__(self) -> None:
+    def __init__(self, hidden_styles: set[str]) -> None:
         self.paragraphs: list[Paragraph] = []
+        self._hidden_styles = hidden_styles
+        self._style_hides = False  # the style of the open paragraph
         self._open: list[Paragraph] = []
         # For each open field whether its instruction, rather than its result, is being read.
         self._instructions: list[bool] = []
 
     def visit(self, element: ET.Element, place: str) -> None:
         name = local_name(element)
-        if name in LEFT_OUT or (name == 'r' and _is_hidden(element)):
+        if name in LEFT_OUT or (name == 'r' and self._is_hidden(element)):
             return
         if name == 'p':
             self._paragraph(element, place)
@@ -50,9 +52,18 @@ class _Walk:
         paragraph = Paragraph('', place)
         self.paragraphs.append(paragraph)
         self._open.append(paragraph)
+        outer, self._style_hides = self._style_hides, _style(element, 'pPr', 'pStyle') in self._hidden_styles
         for child in shown_children(element):
             self.visit(child, place)
+        self._style_hides = outer
         self._open.pop()
+
+    def _is_hidden(self, run: ET.Element) -> bool:
+        """A mark of the run itself counts before its style, and that before the paragraph's."""
+        mark = _vanishes(run)
+        if mark is None and _style(run, 'rPr', 'rStyle') in self._hidden_styles:
+            return True
+        return self._style_hides if mark is None else mark
 
     def _add(self, text: str) -> None:
         if self._open and not any(self._instructions):
@@ -67,15 +78,41 @@ class _Walk:
             self._instructions.pop()
 
 
-def _is_hidden(run: ET.Element) -> bool:
-    for properties in run:
-        if local_name(properties) == 'rPr':
-            return any(local_name(mark) == 'vanish' and attribute(mark, 'val') not in OFF for mark in properties)
-    return False
+def _child(element: ET.Element, name: str) -> ET.Element | None:
+    return next((child for child in element if local_name(child) == name), None)
 
 
-def paragraphs_of(body: ET.Element) -> list[Paragraph]:
-    walk = _Walk()
+def _style(element: ET.Element, properties: str, name: str) -> str | None:
+    """The style that a paragraph or run names in its properties."""
+    found = _child(element, properties)
+    style = None if found is None else _child(found, name)
+    return None if style is None else attribute(style, 'val')
+
+
+def _vanishes(element: ET.Element) -> bool | None:
+    """Whether a run or style hides letters; None if it does not tell."""
+    properties = _child(element, 'rPr')
+    mark = None if properties is None else _child(properties, 'vanish')
+    return None if mark is None else attribute(mark, 'val') not in OFF
+
+
+def hidden_styles(styles: ET.Element) -> set[str]:
+    """The identifiers of the styles that hide letters, also through a style that they are based on."""
+    known = {attribute(style, 'styleId') or '': style for style in styles if local_name(style) == 'style'}
+
+    def hides(name: str | None, depth: int = 0) -> bool:
+        style = known.get(name or '')
+        if style is None or depth > len(known):
+            return False
+        own = _vanishes(style)
+        base = _child(style, 'basedOn')
+        return own if own is not None else base is not None and hides(attribute(base, 'val'), depth + 1)
+
+    return {name for name in known if hides(name)}
+
+
+def paragraphs_of(body: ET.Element, hidden: set[str] | None = None) -> list[Paragraph]:
+    walk = _Walk(hidden or set())
     walk.visit(body, 'body')
     return walk.paragraphs
 
@@ -85,7 +122,10 @@ def read_word(path: pathlib.Path) -> list[Paragraph]:
     text that Lectern lays out and searches."""
     package = Package(path)
     try:
-        return paragraphs_of(package.part(package.main_part()))
+        main = package.main_part()
+        styles = package.related(main, 'styles')
+        hidden = hidden_styles(package.part(styles[0])) if styles else set()
+        return paragraphs_of(package.part(main), hidden)
     finally:
         package.close()
 

@@ -74,6 +74,7 @@ void coverFrame(const Surface& surface, int32_t thickness) {
 
 std::vector<Reference<XDrawPage>> pagesOf(const Reference<css::drawing::XDrawPages>& list) {
     std::vector<Reference<XDrawPage>> pages;
+    pages.reserve(static_cast<size_t>(list->getCount()));
     for (sal_Int32 i = 0; i < list->getCount(); ++i) {
         pages.emplace_back(list->getByIndex(i), UNO_QUERY_THROW);
     }

@@ -26,6 +26,7 @@
 #include <com/sun/star/text/XTextTable.hpp>
 
 #include <algorithm>
+#include <cstdio>
 
 namespace lectern::engine {
 
@@ -217,7 +218,8 @@ void moveToOwnParagraph(const Reference<css::text::XTextDocument>& model, Anchor
     }
 }
 
-void anchorAsCharacter(const Reference<css::text::XTextDocument>& model, AnchoredShape& shape,
+// Returns false if the suite has no place for the shape.
+bool anchorAsCharacter(const Reference<css::text::XTextDocument>& model, AnchoredShape& shape,
                        int32_t lineWidth) {
     if (!isCharacter(shape)) {
         if (!isInNote(shape) && (isGraphic(shape) || !isOfSuite(shape))) {
@@ -227,10 +229,14 @@ void anchorAsCharacter(const Reference<css::text::XTextDocument>& model, Anchore
         }
         shape.anchor = Reference<css::text::XTextContent>(shape.shape, UNO_QUERY_THROW)->getAnchor();
     }
+    if (!shape.anchor.is() || !shape.anchor->getText().is()) {
+        return false;
+    }
     loosenLines(propertiesOf(shape.anchor->getText()->createTextCursorByRange(shape.anchor)));
     setProperty(shape.properties, "RelativeWidth", static_cast<sal_Int16>(0));
     setProperty(shape.properties, "RelativeHeight", static_cast<sal_Int16>(0));
     setProperty(shape.properties, "VertOrient", css::text::VertOrientation::TOP);
+    return true;
 }
 
 // Moves the texts of a shape into tables.
@@ -305,11 +311,14 @@ std::vector<FloatingShape> anchorInLines(const Reference<css::text::XTextDocumen
     }
     std::vector<FloatingShape> shapes;
     for (AnchoredShape& shape : shapesInText(model)) {
-        if (decoratesText(shape, paper) || isMissingPicture(shape)) {
-            remove(model, shape);
-        } else {
-            anchorAsCharacter(model, shape, lineWidth);
-            shapes.push_back(describe(shape));
+        try {
+            if (decoratesText(shape, paper) || isMissingPicture(shape)) {
+                remove(model, shape);
+            } else if (anchorAsCharacter(model, shape, lineWidth)) {
+                shapes.push_back(describe(shape));
+            }
+        } catch (const css::uno::Exception&) {
+            std::fprintf(stderr, "office: a shape cannot be made part of the text\n");
         }
     }
     return shapes;
