@@ -14,8 +14,9 @@ using css::uno::Reference;
 
 namespace {
 
-// The longest wait for an answer, which usually takes well under a millisecond.
-constexpr std::chrono::milliseconds PATIENCE(200);
+// The longest wait for an answer. It usually takes well under a millisecond, but
+// much longer on a busy machine. Only text that is not shown gets none.
+constexpr std::chrono::milliseconds PATIENCE(1000);
 
 std::vector<ViewBox> inReadingOrder(std::vector<ViewBox> boxes) {
     std::sort(boxes.begin(), boxes.end(), [](const ViewBox& a, const ViewBox& b) {
