@@ -76,10 +76,12 @@ protected:
     }
     // The area of a word: the difference between the suite's pictures of a
     // slide with and without it.
-    static Area wordOn(int slide, const std::string& with, const std::string& without, int width) {
+    Area wordOn(int slide, const std::string& with, const std::string& without, int width) const {
         const int height = width * POINTS_DOWN / POINTS_ACROSS;
         const BareSlides a(with, width, height, POINTS_ACROSS, POINTS_DOWN);
+        keepService();
         const BareSlides b(without, width, height, POINTS_ACROSS, POINTS_DOWN);
+        keepService();
         Shown first;
         Shown second;
         for (int y = 0; y < height; ++y) {
@@ -90,6 +92,9 @@ protected:
         }
         return difference(first, second, width);
     }
+    // The service stops after 30 seconds without a call, which the suite alone may take
+    // on a busy machine.
+    void keepService() const { client->call("/events", "ping", "{}"); }
     static void expectCovered(const TestDocument& document, const Area& word, const std::string& when) {
         const Area mark = markOf(document);
         ASSERT_FALSE(mark.isEmpty()) << when;
