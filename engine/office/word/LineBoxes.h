@@ -23,8 +23,8 @@ public:
 
     // The boxes of a range, from top to bottom, then from left to right. Those of
     // a part of a field are estimated from its share of the field's characters;
-    // the text of a drawing has the box of the drawing. Empty for an empty range, for text that is not shown,
-    // and when the suite does not answer in time.
+    // the text of a drawing has the box of the drawing. Empty for an empty range,
+    // for text that is not shown, and when the suite does not answer in time.
     std::vector<ViewBox> of(CharacterRange range);
 
 private:
