@@ -26,6 +26,8 @@ make_xlsx.py gaps OUT.xlsx
     Texts from C3 on: first, a merged area G3:I3 whose column G is hidden, a filtered
     list with two of four rows hidden, and an array formula in C10:C12. A second sheet
     with 3, 1 and 2 from A1 on, where A2:B2 is merged.
+make_xlsx.py wordy OUT.xlsx
+    A column of 70 texts of 20,000 characters.
 make_xlsx.py plain OUT.xlsx ROW...
     A sheet with the given rows. A row is a list of values, separated by commas. A
     value that is a number becomes one; a value that begins with = is a formula.
@@ -165,6 +167,13 @@ def gaps(path):
     book.save(path)
 
 
+def wordy(path):
+    book = Workbook()
+    for _ in range(70):
+        book.active.append(['w' * 20000])
+    book.save(path)
+
+
 def value_of(text):
     try:
         return float(text)
@@ -180,7 +189,7 @@ def plain(path, rows):
 
 
 MAKERS = {'charted': charted, 'coloured': coloured, 'gaps': gaps, 'labelled': labelled, 'spread': spread,
-          'noted': noted}
+          'noted': noted, 'wordy': wordy}
 
 
 def main(arguments):

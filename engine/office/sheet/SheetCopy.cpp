@@ -6,6 +6,7 @@
 #include <com/sun/star/text/XSimpleText.hpp>
 
 #include <algorithm>
+#include <chrono>
 #include <optional>
 #include <vector>
 
@@ -16,6 +17,11 @@ using css::uno::UNO_QUERY;
 using css::uno::UNO_QUERY_THROW;
 
 namespace {
+
+// A copy ends before the row after these: a call that misses its deadline would cost
+// the document, and views take a few thousand units only.
+constexpr std::chrono::seconds MOST_TIME(3);
+constexpr size_t MOST_UNITS = size_t{1} << 20;
 
 // Reads the texts of a block. Hidden rows and columns belong to it, rows that a
 // filter hides do not.
@@ -35,11 +41,17 @@ public:
         std::vector<Line> lines;
         size_t width = 0;  // up to the last text
         size_t height = 0; // likewise
-        for (int32_t row = mBlock.top; row <= mBlock.bottom; ++row) {
+        size_t units = 0;
+        const auto end = std::chrono::steady_clock::now() + MOST_TIME;
+        for (int32_t row = mBlock.top;
+             row <= mBlock.bottom && units < MOST_UNITS && std::chrono::steady_clock::now() < end; ++row) {
             if (isFiltered(row)) {
                 continue;
             }
             lines.push_back(lineAt(row));
+            for (const std::u16string& text : lines.back()) {
+                units += text.size();
+            }
             if (!lines.back().empty()) {
                 width = std::max(width, lines.back().size());
                 height = lines.size();

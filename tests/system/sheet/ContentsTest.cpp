@@ -175,6 +175,13 @@ TEST_F(CopyTest, HasTheTextOfAMergedAreaThatBeginsInAHiddenColumn) {
     EXPECT_EQ(copied({7, 2}, {8, 2}), "merged");
 }
 
+// Reading a million cells would take longer than a call may.
+TEST(LargeCopyTest, EndsWithTheRowThatMakesItLongerThanAMillionCharacters) {
+    WorkbookView view(generated("wordy.xlsx", {"wordy", "OUT"}));
+    view.show(0, 100, 100, 72);
+    EXPECT_EQ(view.column(0), std::vector<std::string>(53, std::string(20000, 'w')));
+}
+
 TEST_P(ContentsTest, CutsACopyAtTheCapacity) {
     mView.show(1, 100, 100, 72);
     EXPECT_EQ(sheetModule().stg_select_cell(mView.get(), 1, 1, 1), MODULE_OK);
