@@ -17,9 +17,9 @@ namespace lectern::engine {
 // When its process has ended or has missed a deadline, it stays lost.
 class LECTERN_ENGINE_EXPORT Engine {
 public:
-    // Starts an engine and waits until it can open a document. Returns null on
-    // failure, with MODULE_NO_ENGINE or MODULE_TIMED_OUT in `result`.
-    static std::unique_ptr<Engine> start(const LaunchSettings& settings, TimePoint deadline,
+    // Takes over a process and connects to it. Returns null on failure, with
+    // MODULE_NO_ENGINE or MODULE_TIMED_OUT in `result`.
+    static std::unique_ptr<Engine> start(std::unique_ptr<EngineProcess> process, TimePoint deadline,
                                          std::int32_t& result);
     // Ends the process; returns when it has ended and its folder is removed.
     ~Engine();
@@ -27,9 +27,6 @@ public:
     Engine& operator=(const Engine&) = delete;
 
     bool isAlive() const;
-    // Returns whether the engine answers and is ready to open a document. When
-    // it does not by the deadline, it is lost.
-    bool isReady(TimePoint deadline) { return startOffice(deadline) == MODULE_OK; }
 
     // Runs one call on the connection, send(GError**), which must have no time limit
     // of its own. Returns MODULE_OK when the engine answered, MODULE_TIMED_OUT (the
@@ -53,7 +50,6 @@ public:
 private:
     explicit Engine(Watchdog::Handle handle) : mHandle(std::move(handle)) {}
 
-    std::int32_t startOffice(TimePoint deadline);
     std::int32_t beginCall(TimePoint deadline);
     std::int32_t endCall(bool answered, const GError* error);
 

@@ -35,7 +35,7 @@ std::unique_ptr<EngineProcess> EngineProcess::spawn(const LaunchSettings& settin
         return refuse("no temporary folder in", settings.temporaryParent, errno);
     }
     int ends[2];
-    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0) {
+    if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends) != 0) {
         return refuse("no connection for", settings.program, errno);
     }
     FileDescriptor ours(ends[0]);
@@ -53,17 +53,21 @@ std::unique_ptr<EngineProcess> EngineProcess::spawn(const LaunchSettings& settin
         waitpid(pid, nullptr, 0);
         return refuse("cannot watch", settings.program, error);
     }
-    return std::unique_ptr<EngineProcess>(
-        new EngineProcess(std::move(pidfd), std::move(ours), std::move(folder)));
+    return std::make_unique<EngineProcess>(std::move(pidfd), std::move(ours), std::move(folder), nullptr);
 }
 
 EngineProcess::EngineProcess(FileDescriptor pidfd, FileDescriptor socket,
-                             std::unique_ptr<TemporaryFolder> folder)
+                             std::unique_ptr<TemporaryFolder> folder,
+                             std::shared_ptr<TemporaryFolder> outerFolder)
     : mPidfd(std::move(pidfd)), mSocket(std::move(socket)), mHangUp(fcntl(mSocket.get(), F_DUPFD_CLOEXEC, 0)),
-      mFolder(std::move(folder)) {}
+      mOuterFolder(std::move(outerFolder)), mFolder(std::move(folder)) {}
 
 EngineProcess::~EngineProcess() {
     kill();
+    pollfd end{mPidfd.get(), POLLIN, 0};
+    while (poll(&end, 1, -1) < 0 && errno == EINTR) {
+    }
+    // An engine is the fork server's child, and there is nothing to wait for.
     siginfo_t info{};
     while (waitid(P_PIDFD, static_cast<id_t>(mPidfd.get()), &info, WEXITED) != 0 && errno == EINTR) {
     }

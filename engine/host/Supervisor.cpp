@@ -5,7 +5,6 @@
 
 #include <unistd.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <utility>
@@ -14,9 +13,6 @@ namespace lectern::engine {
 namespace {
 
 constexpr std::chrono::seconds STOP_LIMIT(2);
-// Time for a spare to show that it has not ended or stalled since its start.
-// Without the check the open of a document would be the first to notice.
-constexpr std::chrono::seconds SPARE_ANSWERS(1);
 
 pid_t gOwner; // a fork of this process must not end the engines
 
@@ -33,38 +29,61 @@ Supervisor& Supervisor::instance() {
     return supervisor;
 }
 
-Supervisor::Supervisor() : mThread([this] { run(); }) {
+Supervisor::Supervisor() {
     gOwner = getpid();
     std::atexit(endEnginesAtExit);
 }
 
 std::unique_ptr<Engine> Supervisor::take(const LaunchSettings& settings, TimePoint deadline,
                                          std::int32_t& result) {
-    std::unique_ptr<Engine> spare = takeSpare(settings, deadline);
-    if (spare && spare->isReady(std::min(deadline, Clock::now() + SPARE_ANSWERS))) {
-        return spare;
+    for (bool again = true; again;) {
+        bool isNew = false;
+        std::shared_ptr<ForkServer> server = serverFor(settings, isNew);
+        result = MODULE_NO_ENGINE;
+        std::unique_ptr<EngineProcess> process = server ? server->fork(deadline, result) : nullptr;
+        if (process) {
+            return Engine::start(std::move(process), deadline, result);
+        }
+        // One that was there may have ended or stalled since; a new one has not.
+        again = server && !isNew && result == MODULE_NO_ENGINE;
+        giveUp(std::move(server));
     }
-    std::unique_ptr<Engine> engine = Engine::start(settings, deadline, result);
-    if (!engine) {
-        std::fprintf(stderr, "engine: %s does not start; LECTERN_ENGINE_VERBOSE=1 shows what it says\n",
-                     settings.program.c_str());
-    }
-    return engine;
+    std::fprintf(stderr, "engine: %s does not start; LECTERN_ENGINE_VERBOSE=1 shows what it says\n",
+                 settings.program.c_str());
+    return nullptr;
 }
 
-std::unique_ptr<Engine> Supervisor::takeSpare(const LaunchSettings& settings, TimePoint deadline) {
-    Lock lock(mMutex);
-    mChanged.wait_until(lock, deadline,
-                        [&]() REQUIRES(mMutex) { return !mOrder || mOrder->settings != settings; });
-    return mSpare && mSpareSettings == settings ? std::move(mSpare) : nullptr;
-}
-
-void Supervisor::prepareSpare(const LaunchSettings& settings, std::chrono::milliseconds limit) {
+std::shared_ptr<ForkServer> Supervisor::serverFor(const LaunchSettings& settings, bool& isNew) {
+    std::shared_ptr<ForkServer> replaced; // ends after the lock
     const Lock lock(mMutex);
-    const bool present = mSpare && mSpareSettings == settings && mSpare->isAlive();
-    if (!mStopping && !mOrder && !present) {
-        mOrder = SpareOrder{settings, limit};
-        mChanged.notify_all();
+    isNew = !mServer || mServer->settings() != settings || !mServer->isAlive();
+    if (isNew) {
+        replaced = std::exchange(mServer, nullptr);
+        mServer = mStopping ? nullptr : ForkServer::start(settings, mWatchdog);
+    }
+    return mServer;
+}
+
+void Supervisor::giveUp(std::shared_ptr<ForkServer> server) {
+    const Lock lock(mMutex);
+    if (mServer == server) {
+        mServer.reset(); // the parameter keeps it until after the lock
+    }
+}
+
+void Supervisor::start(const LaunchSettings& settings) {
+    bool ignored = false;
+    (void)serverFor(settings, ignored);
+}
+
+void Supervisor::prepare() {
+    std::shared_ptr<ForkServer> server;
+    {
+        const Lock lock(mMutex);
+        server = mServer;
+    }
+    if (server) {
+        server->prepare();
     }
 }
 
@@ -72,24 +91,6 @@ void Supervisor::stopSoon() {
     const Lock lock(mMutex);
     mStopping = true;
     mWatchdog.cutDeadlines(STOP_LIMIT);
-}
-
-void Supervisor::run() {
-    Lock lock(mMutex);
-    for (;;) {
-        mChanged.wait(lock, [&]() REQUIRES(mMutex) { return mOrder.has_value(); });
-        const SpareOrder order = *mOrder;
-        std::unique_ptr<Engine> spare = std::move(mSpare);
-        lock.unlock();
-        spare.reset(); // a spare with other settings, or one that ended
-        std::int32_t ignored = MODULE_OK;
-        spare = Engine::start(order.settings, Clock::now() + order.limit, ignored);
-        lock.lock();
-        mSpare = std::move(spare);
-        mSpareSettings = order.settings;
-        mOrder.reset();
-        mChanged.notify_all();
-    }
 }
 
 } // namespace lectern::engine

@@ -5,20 +5,17 @@
 #include "engine/host/Engine.h"
 #include "engine/host/EngineSettings.h"
 #include "engine/host/Export.h"
+#include "engine/host/ForkServer.h"
 #include "engine/host/Watchdog.h"
 
-#include <condition_variable>
 #include <cstdint>
 #include <memory>
-#include <optional>
-#include <thread>
 
 namespace lectern::engine {
 
-// Starts engines for documents of all kinds and keeps one spare engine that is
-// ready to open, so that an open takes only the time of the load. The spare is
-// started in the background after an open. When the process exits, the
-// remaining engines are ended.
+// Hands out engines for documents of all kinds. They are forked from one fork server,
+// which is started when it is first needed and again when it has ended. When the
+// process exits, the fork server and the engines are ended.
 //
 // Any thread may call any function.
 class LECTERN_ENGINE_EXPORT Supervisor {
@@ -28,38 +25,32 @@ public:
     Supervisor(const Supervisor&) = delete;
     Supervisor& operator=(const Supervisor&) = delete;
 
-    // Returns the spare, or the one being started, if its settings are these;
-    // otherwise starts an engine. Returns null as Engine::start does.
+    // Returns a new engine, or null as Engine::start does.
     std::unique_ptr<Engine> take(const LaunchSettings& settings, TimePoint deadline, std::int32_t& result);
 
-    // Starts a spare with these settings in the background unless there is one;
-    // the start may take up to `limit`. Returns at once.
-    void prepareSpare(const LaunchSettings& settings, std::chrono::milliseconds limit);
+    // Starts a fork server with these settings unless there is one. Returns at once.
+    void start(const LaunchSettings& settings);
+    // Makes the fork server, if there is one, prepare later opens. Call after an open,
+    // so that this does not slow it down. Returns at once.
+    void prepare();
 
     // Call before the process stops: calls, including running ones, get at most
-    // two more seconds, and no more spares are started.
+    // two more seconds, and no more engines are started.
     void stopSoon();
 
     Watchdog& watchdog() { return mWatchdog; }
 
 private:
-    struct SpareOrder {
-        LaunchSettings settings;
-        std::chrono::milliseconds limit;
-    };
-
     Supervisor();
-    void run();
-    std::unique_ptr<Engine> takeSpare(const LaunchSettings& settings, TimePoint deadline);
+    // The fork server with these settings; a new one if need be, or null when that fails.
+    std::shared_ptr<ForkServer> serverFor(const LaunchSettings& settings, bool& isNew);
+    // Ends a fork server that does not work.
+    void giveUp(std::shared_ptr<ForkServer> server);
 
     Watchdog mWatchdog;
     Mutex mMutex;
-    std::condition_variable_any mChanged;
-    std::optional<SpareOrder> mOrder GUARDED_BY(mMutex); // the spare being started; empty when none is
-    std::unique_ptr<Engine> mSpare GUARDED_BY(mMutex);   // ready, or ended since, or null
-    LaunchSettings mSpareSettings GUARDED_BY(mMutex);    // of mSpare
+    std::shared_ptr<ForkServer> mServer GUARDED_BY(mMutex); // the last one started, or null
     bool mStopping GUARDED_BY(mMutex) = false;
-    std::thread mThread;
 };
 
 } // namespace lectern::engine

@@ -30,8 +30,7 @@ std::int32_t open(const std::string& path, const std::string& password, const st
         return result;
     }
     result = load(*engine, deadline, file, password);
-    // After the open, so that the spare's start does not slow it down.
-    Supervisor::instance().prepareSpare(settings, limits.open);
+    Supervisor::instance().prepare();
     if (result == MODULE_OK) {
         handle.engine = std::move(engine);
         handle.callLimit = limits.call;

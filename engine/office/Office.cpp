@@ -6,27 +6,57 @@
 #include <LibreOfficeKit/LibreOfficeKitEnums.h>
 #include <LibreOfficeKit/LibreOfficeKitInit.h>
 #include <com/sun/star/container/XSet.hpp>
+#include <rtl/bootstrap.hxx>
 
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
+#include <sstream>
 
 namespace lectern::engine {
 
 namespace {
 
-// Removes the suite's media player. With it, the suite waits for the player to
-// report the size of each film: 10 s per film on machines without sound and video
-// devices, sometimes for ever, and some of the player's libraries crash the process.
-void removeMediaPlayer(const css::uno::Reference<css::uno::XComponentContext>& context) {
+// Services that the suite does without.
+constexpr const char* UNWANTED_SERVICES[] = {
+    // With its media player, the suite waits for the size of each film: 10 s per film
+    // on machines without sound and video devices, sometimes for ever, and some of the
+    // player's libraries crash the process.
+    "com.sun.star.comp.media.Manager_GStreamer",
+};
+
+void removeUnwantedServices(const css::uno::Reference<css::uno::XComponentContext>& context) {
     const css::uno::Reference<css::container::XSet> services(context->getServiceManager(),
                                                              css::uno::UNO_QUERY);
-    try {
-        if (services.is()) {
-            services->remove(css::uno::Any(OUString("com.sun.star.comp.media.Manager_GStreamer")));
+    for (const char* name : UNWANTED_SERVICES) {
+        try {
+            if (services.is()) {
+                services->remove(css::uno::Any(OUString::createFromAscii(name)));
+            }
+        } catch (const css::uno::Exception&) {
+            // This suite was built without it.
         }
-    } catch (const css::uno::Exception&) {
-        // This suite was built without a media player.
     }
+}
+
+// Makes the suite read its own settings and those in `profile`, and nothing else: no
+// extensions, which nobody can install here, and no settings of a desktop. It keeps
+// changes of settings in memory. A user's profile it would write, in a thread.
+void useSettings(const std::string& profile) {
+    std::ifstream variables(LECTERN_OFFICE_PROGRAM "/fundamentalrc");
+    const std::string name = "CONFIGURATION_LAYERS=";
+    std::string used;
+    for (std::string line; std::getline(variables, line);) {
+        if (line.rfind(name, 0) == 0) {
+            std::istringstream layers(line.substr(name.size()));
+            for (std::string layer; layers >> layer;) {
+                const bool own = layer.rfind("xcsxcu:", 0) == 0 || layer.rfind("res:", 0) == 0;
+                used += own ? layer + " " : "";
+            }
+        }
+    }
+    used += "xcsxcu:" + fileUrl(profile + "/registry");
+    rtl::Bootstrap::set("CONFIGURATION_LAYERS", toUnoText(used));
 }
 
 } // namespace
@@ -40,19 +70,33 @@ std::unique_ptr<Office> Office::start(const std::string& profileDirectory) {
     // Without this, the suite computes the place of every tracked change that is
     // accepted, to report it; in some documents this never ends.
     setenv("DISABLE_REDLINE", "1", 1);
+    // The suite then has no thread of its own; see Office.
+    setenv("SAL_LOK_OPTIONS", "unipoll", 1);
+    useSettings(profileDirectory);
     lok::Office* const suite = lok::lok_cpp_init(LECTERN_OFFICE_PROGRAM, fileUrl(profileDirectory).c_str());
     if (suite == nullptr) {
         std::fprintf(stderr, "the office suite in %s does not start\n", LECTERN_OFFICE_PROGRAM);
         return nullptr;
     }
     suite->setOptionalFeatures(LOK_FEATURE_DOCUMENT_PASSWORD | LOK_FEATURE_DOCUMENT_PASSWORD_TO_MODIFY);
-    std::unique_ptr<Office> office(new Office(std::make_unique<Private>(Private{suite, processContext()})));
+    std::unique_ptr<Office> office(
+        new Office(std::make_unique<Private>(Private{suite, processContext(), profileDirectory})));
     if (!office->d().context.is()) {
         std::fprintf(stderr, "the office suite does not give its component context\n");
         return nullptr;
     }
-    removeMediaPlayer(office->d().context);
+    removeUnwantedServices(office->d().context);
     return office;
+}
+
+bool Office::useTemporaryFolder(const std::string& folder) {
+    setenv("TMPDIR", folder.c_str(), 1);
+    // OUString utl::TempFile::SetTempNameBaseDirectory(const OUString& url). The suite
+    // has chosen a folder when it started.
+    using SetFolder = OUString (*)(const OUString&);
+    const auto setFolder = reinterpret_cast<SetFolder>(
+        suiteFunction("_ZN3utl8TempFile24SetTempNameBaseDirectoryERKN3rtl8OUStringE"));
+    return setFolder != nullptr && !setFolder(toUnoText(fileUrl(folder))).isEmpty();
 }
 
 Office::Office(std::unique_ptr<Private> d) : mPrivate(std::move(d)) {}

@@ -6,6 +6,8 @@
 
 #include <LibreOfficeKit/LibreOfficeKit.hxx>
 
+#include <string>
+
 namespace lectern::engine {
 
 struct Office::Private {
@@ -13,6 +15,8 @@ struct Office::Private {
     // the process ends with _exit and nothing deletes this.
     lok::Office* suite;
     css::uno::Reference<css::uno::XComponentContext> context;
+    std::string folder;  // the profile's
+    size_t prepared = 0; // how many formats prepareNext has prepared
 };
 
 } // namespace lectern::engine

@@ -70,10 +70,10 @@ void writeSetting(std::ostream& out, const Setting& setting) {
 } // namespace
 
 bool writeProfile(const std::string& directory) {
-    const std::filesystem::path user = std::filesystem::path(directory) / "user";
+    const std::filesystem::path data = std::filesystem::path(directory) / "registry" / "data";
     std::error_code error;
-    std::filesystem::create_directories(user, error);
-    std::ofstream out(user / "registrymodifications.xcu", std::ios::trunc);
+    std::filesystem::create_directories(data, error);
+    std::ofstream out(data / "lectern.xcu", std::ios::trunc);
     out << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
            "<oor:items xmlns:oor=\"http://openoffice.org/2001/registry\""
            " xmlns:xs=\"http://www.w3.org/2001/XMLSchema\""

@@ -5,8 +5,8 @@
 
 namespace lectern::engine {
 
-// Writes the settings of a temporary user profile into `directory`, an absolute
-// path that is created when missing. Returns false on failure and writes the
+// Writes the suite's settings into `directory`, an absolute path that is created
+// when missing: a layer of settings with the root "registry". Returns false on failure and writes the
 // reason to standard error.
 bool writeProfile(const std::string& directory);
 

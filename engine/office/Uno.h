@@ -17,6 +17,13 @@ using rtl::OUString;
 // suite does not export it.
 css::uno::Reference<css::uno::XComponentContext> processContext();
 
+// Lets the suite handle its waiting events, such as the report of a selection.
+void handleSuiteEvents();
+
+// A function of the suite that no header declares, by its symbol; null when the suite
+// does not export it.
+void* suiteFunction(const char* symbol);
+
 // The object's property set. Query it once when several properties are read or written.
 css::uno::Reference<css::beans::XPropertySet>
 propertiesOf(const css::uno::Reference<css::uno::XInterface>& object);
@@ -42,6 +49,8 @@ T property(const css::uno::Reference<css::beans::XPropertySet>& properties, cons
 }
 
 std::u16string toText(const OUString& text);
+// From UTF-8.
+OUString toUnoText(const std::string& text);
 
 // The name of the object's class; empty when the object does not report one.
 OUString implementationName(const css::uno::Reference<css::uno::XInterface>& object);

@@ -2,11 +2,9 @@
 #include "engine/process/EngineLoop.h"
 
 #include "base/GLibHolder.h"
-#include "engine/office/Office.h"
 #include "engine/process/endpoints/SheetEndpoint.h"
 #include "engine/process/endpoints/SlideEndpoint.h"
 #include "engine/process/endpoints/WordEndpoint.h"
-#include "engine/protocol/BorderGuard.h"
 #include "engine/protocol/Inherited.h"
 #include "modules/ModuleResults.h"
 
@@ -15,7 +13,7 @@
 #include <malloc.h>
 
 #include <cstdio>
-#include <memory>
+#include <utility>
 
 namespace lectern::engine {
 namespace {
@@ -38,58 +36,68 @@ GLibHolder<GDBusConnection> connectTo(int socket) {
     return connection;
 }
 
-// State of the process: the suite, and the endpoints that use it.
-struct EngineState {
-    std::string folder;
-    bool confined;
-    WordEndpoint word;
-    SheetEndpoint sheet;
-    SlideEndpoint slide;
-    std::unique_ptr<Office> office;
-};
-
-gboolean handleStart(LecternIpcProcess* process, GDBusMethodInvocation* invocation, gpointer user) {
-    auto& state = *static_cast<EngineState*>(user);
-    const std::int32_t result = guardedAtBorder([&] {
-        if (!state.office) {
-            state.office = Office::start(state.folder + "/profile");
-        }
-        return state.office ? MODULE_OK : MODULE_NO_ENGINE;
-    });
-    state.word.useOffice(state.office.get(), state.folder);
-    state.sheet.useOffice(state.office.get(), state.folder);
-    state.slide.useOffice(state.office.get(), state.folder);
-    lectern_ipc_process_complete_start(process, invocation, result, state.confined ? TRUE : FALSE);
-    return TRUE;
-}
-
 gboolean handleReleaseMemory(LecternIpcProcess* process, GDBusMethodInvocation* invocation, gpointer) {
     malloc_trim(0);
     lectern_ipc_process_complete_release_memory(process, invocation, MODULE_OK);
     return TRUE;
 }
 
+// A source of the main context that becomes ready at a time and does nothing.
+GLibHolder<GSource> makeAlarm() {
+    static GSourceFuncs functions = {
+        nullptr, nullptr, [](GSource*, GSourceFunc, gpointer) -> gboolean { return G_SOURCE_CONTINUE; },
+        nullptr, nullptr, nullptr};
+    GLibHolder<GSource> alarm(g_source_new(&functions, sizeof(GSource)));
+    g_source_attach(alarm.get(), nullptr);
+    return alarm;
+}
+
 } // namespace
 
-void runEngine(int socket, const std::string& folder, bool confined) {
-    const GLibHolder<GDBusConnection> connection = connectTo(socket);
-    if (!connection) {
-        return;
-    }
-    EngineState state{folder, confined, {}, {}, {}, nullptr};
-    const GLibHolder<LecternIpcProcess> process(lectern_ipc_process_skeleton_new());
-    g_signal_connect(process.get(), "handle-start", G_CALLBACK(handleStart), &state);
-    g_signal_connect(process.get(), "handle-release-memory", G_CALLBACK(handleReleaseMemory), &state);
+struct EngineLoop::State {
+    WordEndpoint word;
+    SheetEndpoint sheet;
+    SlideEndpoint slide;
+    GLibHolder<LecternIpcProcess> process;
+    GLibHolder<GDBusConnection> connection;
+    GLibHolder<GSource> alarm; // ends a turn in time
+};
 
-    if (g_dbus_interface_skeleton_export(G_DBUS_INTERFACE_SKELETON(process.get()), connection.get(),
-                                         PROCESS_PATH, nullptr) == FALSE ||
-        !state.word.exportOn(connection.get()) || !state.sheet.exportOn(connection.get()) ||
-        !state.slide.exportOn(connection.get())) {
-        return;
+std::unique_ptr<EngineLoop> EngineLoop::connect(int socket, Office& office, const std::string& folder) {
+    auto state = std::make_unique<State>();
+    state->connection = connectTo(socket);
+    if (!state->connection) {
+        return nullptr;
     }
-    const GLibHolder<GMainLoop> loop(g_main_loop_new(nullptr, FALSE));
-    g_dbus_connection_start_message_processing(connection.get());
-    g_main_loop_run(loop.get());
+    state->process.reset(lectern_ipc_process_skeleton_new());
+    state->alarm = makeAlarm();
+    state->word.useOffice(&office, folder);
+    state->sheet.useOffice(&office, folder);
+    state->slide.useOffice(&office, folder);
+    g_signal_connect(state->process.get(), "handle-release-memory", G_CALLBACK(handleReleaseMemory), nullptr);
+
+    GDBusConnection* connection = state->connection.get();
+    if (g_dbus_interface_skeleton_export(G_DBUS_INTERFACE_SKELETON(state->process.get()), connection,
+                                         PROCESS_PATH, nullptr) == FALSE ||
+        !state->word.exportOn(connection) || !state->sheet.exportOn(connection) ||
+        !state->slide.exportOn(connection)) {
+        return nullptr;
+    }
+    g_dbus_connection_start_message_processing(connection);
+    return std::unique_ptr<EngineLoop>(new EngineLoop(std::move(state)));
+}
+
+EngineLoop::EngineLoop(std::unique_ptr<State> state) : mState(std::move(state)) {}
+EngineLoop::~EngineLoop() = default;
+
+void EngineLoop::take(std::chrono::microseconds longest) {
+    g_source_set_ready_time(mState->alarm.get(),
+                            longest == Office::FOREVER ? -1 : g_get_monotonic_time() + longest.count());
+    g_main_context_iteration(nullptr, TRUE);
+}
+
+void EngineLoop::wake() {
+    g_main_context_wakeup(nullptr);
 }
 
 } // namespace lectern::engine

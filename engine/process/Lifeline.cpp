@@ -16,14 +16,6 @@
 namespace lectern::engine {
 namespace {
 
-void emptyFolder(const std::string& folder) {
-    std::error_code ignored;
-    for (std::filesystem::directory_iterator entry(folder, ignored), end; entry != end;
-         entry.increment(ignored)) {
-        std::filesystem::remove_all(entry->path(), ignored);
-    }
-}
-
 void waitForHangUp(const FileDescriptor& socket) {
     pollfd hangUp{socket.get(), POLLRDHUP, 0};
     while (poll(&hangUp, 1, -1) < 0 && errno == EINTR) {
@@ -31,6 +23,14 @@ void waitForHangUp(const FileDescriptor& socket) {
 }
 
 } // namespace
+
+void emptyFolder(const std::string& folder) {
+    std::error_code ignored;
+    for (std::filesystem::directory_iterator entry(folder, ignored), end; entry != end;
+         entry.increment(ignored)) {
+        std::filesystem::remove_all(entry->path(), ignored);
+    }
+}
 
 void startLifeline(int socket, const std::string& folder) {
     // A duplicate, because the connection closes its descriptor when it fails.

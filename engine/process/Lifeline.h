@@ -11,4 +11,7 @@ namespace lectern::engine {
 // not remove it.
 void startLifeline(int socket, const std::string& folder);
 
+// Removes what is in a folder, as far as this process may.
+void emptyFolder(const std::string& folder);
+
 } // namespace lectern::engine

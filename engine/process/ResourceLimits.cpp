@@ -19,6 +19,7 @@ constexpr rlim_t MEMORY = 8192 * MEGABYTE;
 #else
 constexpr rlim_t MEMORY = 1024 * MEGABYTE;
 #endif
+constexpr rlim_t FORK_SERVER_MEMORY = MEMORY + MEMORY / 2;
 constexpr rlim_t FILE_SIZE = 512 * MEGABYTE;
 // Out of 1000; an ordinary program has 0.
 constexpr int OOM_SCORE = 500;
@@ -45,13 +46,17 @@ rlim_t dataInUse() {
 
 } // namespace
 
-void limitResources() {
+void limitForkServer() {
     setLimit(RLIMIT_CORE, 0, "core dumps");
     setLimit(RLIMIT_FSIZE, FILE_SIZE, "file sizes");
-    setLimit(RLIMIT_DATA, dataInUse() + MEMORY, "memory");
+    setLimit(RLIMIT_DATA, dataInUse() + FORK_SERVER_MEMORY, "memory");
     if (!(std::ofstream("/proc/self/oom_score_adj") << OOM_SCORE << std::flush)) {
         std::fprintf(stderr, "engine: does not go first when memory runs out\n");
     }
+}
+
+void limitEngine() {
+    setLimit(RLIMIT_DATA, dataInUse() + MEMORY, "memory");
 }
 
 } // namespace lectern::engine

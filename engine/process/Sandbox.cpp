@@ -91,7 +91,15 @@ Confinement enterSandbox(const std::string& folder) {
         std::perror("engine: file rules");
         return Confinement::Failed;
     }
-    return loadSystemCallFilter() ? files : Confinement::Failed;
+    return refuseDangerousCalls() ? files : Confinement::Failed;
+}
+
+bool confineEngine(const std::string& folder) {
+    if (restrictFiles(folder) == Confinement::Failed) {
+        std::perror("engine: file rules");
+        return false;
+    }
+    return refuseOtherProcesses();
 }
 
 } // namespace lectern::engine

@@ -21,9 +21,9 @@ const char* const REFUSED[] = {
     // network and all other sockets; the existing one stays usable
     "socket", "connect", "bind", "listen", "accept", "accept4",
     // other programs
-    "execve", "execveat", "fork", "vfork",
+    "execve", "execveat",
     // other processes
-    "ptrace", "process_vm_readv", "process_vm_writev", "process_madvise", "process_mrelease", "pidfd_open",
+    "ptrace", "process_vm_readv", "process_vm_writev", "process_madvise", "process_mrelease",
     "pidfd_getfd", "pidfd_send_signal", "tkill", "rt_sigqueueinfo", "rt_tgsigqueueinfo", "kcmp", "setpriority",
     "sched_setscheduler", "sched_setattr", "ioprio_set", "migrate_pages", "move_pages",
     // IPC objects with names of their own, by which the service talks to clients
@@ -60,33 +60,45 @@ constexpr scmp_arg_cmp firstArgument(scmp_compare comparison, scmp_datum_t value
     return {0, comparison, value, 0};
 }
 
-bool addRules(void* filter) {
+bool addDangerous(void* filter) {
     for (const char* name : REFUSED) {
         if (!refuse(filter, name)) {
             return false;
         }
     }
-    const auto self = static_cast<scmp_datum_t>(getpid());
     // clone3 passes its flags behind a pointer, which a filter cannot read.
     // When it is refused, the C library uses clone, whose flags distinguish a
     // thread from a process.
     return refuse(filter, "clone3", ENOSYS) &&
-           refuseWhen(filter, "clone", firstArgument(SCMP_CMP_MASKED_EQ, CLONE_THREAD)) &&
-           refuseWhen(filter, "kill", firstArgument(SCMP_CMP_NE, self)) &&
-           refuseWhen(filter, "tgkill", firstArgument(SCMP_CMP_NE, self)) &&
            refuseWhen(filter, "prlimit64", firstArgument(SCMP_CMP_NE, 0)) &&
            refuseWhen(filter, "socketpair", firstArgument(SCMP_CMP_NE, AF_UNIX));
 }
 
-} // namespace
+bool addOtherProcesses(void* filter) {
+    const auto self = static_cast<scmp_datum_t>(getpid());
+    return refuse(filter, "fork") && refuse(filter, "vfork") && refuse(filter, "pidfd_open") &&
+           refuseWhen(filter, "clone", firstArgument(SCMP_CMP_MASKED_EQ, CLONE_THREAD)) &&
+           refuseWhen(filter, "kill", firstArgument(SCMP_CMP_NE, self)) &&
+           refuseWhen(filter, "tgkill", firstArgument(SCMP_CMP_NE, self));
+}
 
-bool loadSystemCallFilter() {
+bool load(bool (*addRules)(void*)) {
     const Filter filter(seccomp_init(SCMP_ACT_ALLOW), &seccomp_release);
     const bool loaded = filter && addRules(filter.get()) && seccomp_load(filter.get()) == 0;
     if (!loaded) {
         std::fprintf(stderr, "engine: the system call filter cannot be loaded\n");
     }
     return loaded;
+}
+
+} // namespace
+
+bool refuseDangerousCalls() {
+    return load(&addDangerous);
+}
+
+bool refuseOtherProcesses() {
+    return load(&addOtherProcesses);
 }
 
 } // namespace lectern::engine

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-// lectern-engine: opens one document and paints it for the service that started
-// this process. Confines itself before it touches the document.
+// lectern-engine: the fork server, which starts the office suite once, and the engines
+// that it forks, each of which opens one document and paints it for the service that
+// started this process. Confines itself before it starts the suite.
 
-#include "engine/process/EngineLoop.h"
-#include "engine/process/Lifeline.h"
+#include "engine/process/ForkLoop.h"
 #include "engine/process/ResourceLimits.h"
 #include "engine/process/Sandbox.h"
 #include "engine/protocol/Inherited.h"
@@ -12,6 +12,7 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <memory>
 #include <string>
 
 int main(int argc, char** argv) {
@@ -21,12 +22,19 @@ int main(int argc, char** argv) {
         return 2;
     }
     const std::string folder = argv[1];
-    limitResources();
+    limitForkServer();
     const Confinement confinement = enterSandbox(folder);
     if (confinement == Confinement::Failed) {
         _exit(1);
     }
-    startLifeline(ENGINE_SOCKET, folder);
-    runEngine(ENGINE_SOCKET, folder, confinement == Confinement::Complete);
-    _exit(1);
+    // The service kills a fork server that does not answer. Without a service, one
+    // whose start hangs ends here.
+    alarm(60);
+    const std::unique_ptr<Office> office = Office::start(folder + "/profile");
+    alarm(0);
+    if (!office) {
+        _exit(1);
+    }
+    ForkLoop loop(*office, ENGINE_SOCKET, folder, confinement);
+    office->run(loop);
 }

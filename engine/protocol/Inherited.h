@@ -3,10 +3,11 @@
 
 namespace lectern::engine {
 
-// The file descriptors that an engine process inherits besides the standard
-// three. Its only argument is the path of its temporary folder.
-constexpr int ENGINE_SOCKET = 3; // stream socket, the other end is the service's
-constexpr int ENGINE_FOLDER = 4; // the temporary folder, locked while any process holds it
+// The file descriptors that the fork server inherits from the service besides the
+// standard three. Its only argument is the path of its temporary folder. In an engine
+// the same number denotes the connection for its calls.
+constexpr int ENGINE_SOCKET = 3; // the other end is the service's
+constexpr int ENGINE_FOLDER = 4; // the fork server's folder, locked while any process holds it
 
 // Object paths of the interfaces in process.xml, word.xml, sheet.xml and slide.xml.
 constexpr const char* PROCESS_PATH = "/process";

@@ -4,6 +4,7 @@
 // every word stands. Its size is that of the layout, its unit the point.
 #include "engine/office/OfficePrivate.h"
 #include "engine/office/word/WordDocument.h"
+#include "tests/system/office/OfficeProgram.h"
 
 #include <com/sun/star/beans/PropertyValue.hpp>
 #include <com/sun/star/frame/Desktop.hpp>
@@ -57,12 +58,10 @@ bool exportPdf(Office& office, const std::filesystem::path& path) {
     return true;
 }
 
-bool layOut(const std::string& file, int32_t width, int32_t dpi, const std::filesystem::path& pdf,
-            const std::string& folder) {
-    setenv("TMPDIR", folder.c_str(), 1); // the suite leaves files in it
-    const auto office = Office::start(folder + "/profile");
+bool layOut(Office& office, const std::string& file, int32_t width, int32_t dpi,
+            const std::filesystem::path& pdf, const std::string& folder) {
     std::unique_ptr<WordDocument> document;
-    const int32_t result = office ? WordDocument::open(*office, file, "", folder, document) : -1;
+    const int32_t result = WordDocument::open(office, file, "", folder, document);
     if (result != 0) {
         std::fprintf(stderr, "word_layout: not opened, code %d\n", result);
         return false;
@@ -72,7 +71,7 @@ bool layOut(const std::string& file, int32_t width, int32_t dpi, const std::file
     int32_t rows = 0;
     const bool laidOut = document->setSurface(pixels.data(), width, SURFACE_ROWS) == 0 &&
                          document->setDpi(dpi) == 0 && document->layoutSize(columns, rows) == 0;
-    return laidOut && exportPdf(*office, pdf);
+    return laidOut && exportPdf(office, pdf);
 }
 
 } // namespace
@@ -84,15 +83,11 @@ int main(int argc, char** argv) {
     }
     const std::filesystem::path pdf = std::filesystem::absolute(argv[4]);
     // Beside the PDF, where a caller that stops this program finds it.
-    std::string folder = pdf.string() + "-XXXXXX";
-    if (mkdtemp(folder.data()) == nullptr) {
-        return 1;
-    }
+    const std::string place = pdf.string() + "-XXXXXX";
     const int32_t width = std::atoi(argv[2]); // NOLINT(cert-err34-c)
     const int32_t dpi = std::atoi(argv[3]);   // NOLINT(cert-err34-c)
-    const bool done = layOut(std::filesystem::absolute(argv[1]), width, dpi, pdf, folder);
-    std::filesystem::remove_all(folder);
-    std::fflush(nullptr);
-    // The suite does not survive an ordinary exit.
-    _exit(done ? 0 : 1);
+    const std::string file = std::filesystem::absolute(argv[1]);
+    lectern::engine::test::runWithOffice(place, [&](Office& office, const std::string& folder) {
+        return layOut(office, file, width, dpi, pdf, folder) ? 0 : 1;
+    });
 }

@@ -17,7 +17,6 @@ protected:
         const auto document = open(connect(), sample(file));
         EXPECT_TRUE(document);
         EXPECT_FALSE(document->paint());
-        // The oldest engine; no spare was ready for the first document.
         kill(descendants("lectern-engine").front(), SIGKILL);
         return pinch(*document, 1.5);
     }

@@ -62,10 +62,7 @@ void LineBoxes::onEvent(int type, const char* payload, void* self) {
     if (type != LOK_CALLBACK_TEXT_SELECTION || payload == nullptr || *payload == '\0') {
         return;
     }
-    auto& boxes = *static_cast<LineBoxes*>(self);
-    const Lock lock(boxes.mMutex);
-    boxes.mPayload = payload;
-    boxes.mArrived.notify_one();
+    static_cast<LineBoxes*>(self)->mPayload = payload;
 }
 
 std::vector<ViewBox> LineBoxes::of(CharacterRange range) {
@@ -87,17 +84,16 @@ std::vector<ViewBox> LineBoxes::of(CharacterRange range) {
 
 std::vector<ViewBox> LineBoxes::selected(CharacterRange range) {
     const Reference<css::text::XTextRange> selection(mPositions.select(range), css::uno::UNO_QUERY);
-    {
-        const Lock lock(mMutex);
-        mPayload.clear();
-    }
+    mPayload.clear();
     mFlow.cursor()->gotoRange(selection, false);
     return inReadingOrder(readViewBoxes(takeSelection()));
 }
 
 std::string LineBoxes::takeSelection() {
-    Lock lock(mMutex);
-    mArrived.wait_for(lock, PATIENCE, [this]() REQUIRES(mMutex) { return !mPayload.empty(); });
+    const auto end = std::chrono::steady_clock::now() + PATIENCE;
+    while (mPayload.empty() && std::chrono::steady_clock::now() < end) {
+        handleSuiteEvents();
+    }
     return std::exchange(mPayload, {});
 }
 

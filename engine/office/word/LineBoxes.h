@@ -1,18 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "base/Mutex.h"
 #include "engine/layout/ViewBoxes.h"
 #include "engine/office/word/TextPositions.h"
 
-#include <condition_variable>
 #include <string>
 
 namespace lectern::engine {
 
 // Asks the suite for the boxes of characters, one for each line. The suite
-// reports only selections, and asynchronously, so this registers a callback for
-// its lifetime and selects with the view's cursor.
+// reports only selections, and later, so this registers a callback for its lifetime,
+// selects with the view's cursor, and lets the suite handle events until it reports.
 class LineBoxes {
 public:
     // All three must outlive this.
@@ -44,9 +42,7 @@ private:
     const TextFlow& mFlow;
     const TextPositions& mPositions;
     Selection mLast;
-    Mutex mMutex;
-    std::condition_variable_any mArrived;
-    std::string mPayload GUARDED_BY(mMutex); // delivered by a thread of the suite
+    std::string mPayload; // the suite's last report
 };
 
 } // namespace lectern::engine

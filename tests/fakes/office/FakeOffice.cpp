@@ -20,6 +20,7 @@
 #include "tests/fakes/office/Misbehaviour.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <utility>
@@ -46,6 +47,20 @@ std::unique_ptr<Office> Office::start(const std::string& profileDirectory) {
     }
     std::ofstream(profileDirectory + "/started") << "yes\n";
     return std::unique_ptr<Office>(new Office(std::make_unique<Private>()));
+}
+
+void Office::run(Turn& turn) {
+    for (;;) {
+        turn.take(FOREVER);
+    }
+}
+
+bool Office::prepareNext() {
+    return false;
+}
+
+bool Office::useTemporaryFolder(const std::string& folder) {
+    return setenv("TMPDIR", folder.c_str(), 1) == 0;
 }
 
 Office::Office(std::unique_ptr<Private> d) : mPrivate(std::move(d)) {}

@@ -9,7 +9,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -27,12 +26,12 @@ protected:
     }
     static bool exists(pid_t pid) { return kill(pid, 0) == 0; }
 
-    // Runs the driver with a document until its engines are up, then kills it
-    // with SIGKILL; returns its engines.
-    std::vector<EngineInfo> killHostWithEngines();
+    // Runs the driver with a document until its engine is up, then kills it
+    // with SIGKILL; returns its engine.
+    EngineInfo killHostWithEngine();
 };
 
-std::vector<EngineInfo> CleanupTest::killHostWithEngines() {
+EngineInfo CleanupTest::killHostWithEngine() {
     const std::string path = write("a.docx", "rows=10\n");
     setVariable("TMPDIR", temporary());
     int input[2];
@@ -43,23 +42,24 @@ std::vector<EngineInfo> CleanupTest::killHostWithEngines() {
         execl(ENGINE_DRIVER, ENGINE_DRIVER, "-w", path.c_str(), nullptr);
         _exit(127);
     }
+    EngineInfo engine;
     EXPECT_TRUE(waitUntil([&] {
         const std::vector<EngineInfo> all = enginesOf(host);
-        return all.size() == 2 && std::any_of(all.begin(), all.end(), isSpare);
+        engine = all.empty() ? EngineInfo() : all.front();
+        return fs::exists(engine.folder + "/copy");
     }));
-    std::vector<EngineInfo> all = enginesOf(host);
     kill(host, SIGKILL);
     waitpid(host, nullptr, 0);
     close(input[0]);
     close(input[1]);
-    return all;
+    return engine;
 }
 
 TEST_F(CleanupTest, EachEngineHasAPrivateFolderThatGoesWithIt) {
     Document document;
     open(document, "rows=10\n");
     const EngineInfo engine = engineOfDocument();
-    EXPECT_EQ(fs::path(engine.folder).parent_path(), temporary());
+    EXPECT_EQ(fs::path(engine.folder).parent_path().parent_path(), temporary()) << "in the fork server's";
     struct stat status {};
     ASSERT_EQ(stat(engine.folder.c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777, 0700u);
@@ -83,14 +83,9 @@ TEST_F(CleanupTest, CrashesAndTimeLimitsLeaveNothing) {
     Document document;
     EXPECT_EQ(document.open(write("c.docx", "open=crash\n"), temporary()), MODULE_ENGINE_LOST);
     EXPECT_EQ(document.open(write("h.docx", "open=hang\n"), temporary()), MODULE_TIMED_OUT);
-    ASSERT_TRUE(waitForSpare());
-    EXPECT_EQ(engines().size(), 1u) << "the spare";
-    EXPECT_TRUE(waitUntil([] {
-        const std::vector<EngineInfo> children = enginesOf(getpid());
-        return std::all_of(children.begin(), children.end(),
-                           [](auto& child) { return !child.folder.empty(); });
-    })) << "no zombies, which have no arguments";
-    EXPECT_EQ(entriesIn(temporary()), 1u);
+    EXPECT_TRUE(waitForEngines(0));
+    EXPECT_EQ(entriesIn(temporary()), 1u) << "the fork server's folder";
+    EXPECT_EQ(entriesIn(fs::directory_iterator(temporary())->path()), 1u) << "its profile";
 }
 
 TEST_F(CleanupTest, NoFileDescriptorsAreLeaked) {
@@ -98,7 +93,6 @@ TEST_F(CleanupTest, NoFileDescriptorsAreLeaked) {
         Document warmUp;
         open(warmUp, "rows=10\n");
     }
-    ASSERT_TRUE(waitForSpare());
     const std::size_t before = openFiles();
     for (int i = 0; i < 5; i++) {
         Document document;
@@ -111,8 +105,7 @@ TEST_F(CleanupTest, NoFileDescriptorsAreLeaked) {
         EXPECT_EQ(crashing.open(documents() + "/none", temporary()), MODULE_NOT_FOUND);
     }
     // Connections are closed by a thread of their own.
-    EXPECT_TRUE(waitUntil([&] { return waitForSpare() && openFiles() <= before; }))
-        << openFiles() << " instead of " << before;
+    EXPECT_TRUE(waitUntil([&] { return openFiles() <= before; })) << openFiles() << " instead of " << before;
 }
 
 TEST_F(CleanupTest, EnginesInheritNothingButTheirOwn) {
@@ -133,40 +126,36 @@ TEST_F(CleanupTest, EnginesInheritNothingButTheirOwn) {
     const std::string environment{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     EXPECT_EQ(environment.find("DISPLAY="), std::string::npos);
     EXPECT_EQ(environment.find("DBUS_SESSION"), std::string::npos);
-    EXPECT_NE(environment.find("TMPDIR=" + engine.folder), std::string::npos);
+    EXPECT_NE(environment.find("TMPDIR=" + fs::path(engine.folder).parent_path().string()), std::string::npos)
+        << "the fork server's, with which it started";
     EXPECT_NE(environment.find("LECTERN_LANGUAGE=de-DE"), std::string::npos);
     close(inheritable);
 }
 
-TEST_F(CleanupTest, EnginesEndWithTheirServiceHoweverItEnds) {
-    const std::vector<EngineInfo> orphans = killHostWithEngines();
-    ASSERT_EQ(orphans.size(), 2u);
-    for (const EngineInfo& engine : orphans) {
-        EXPECT_TRUE(waitUntil([&] { return !exists(engine.pid); }));
-        EXPECT_EQ(entriesIn(engine.folder), 0u) << "emptied, its entry is for the next start";
-    }
+TEST_F(CleanupTest, EnginesAndForkServerEndWithTheirServiceHoweverItEnds) {
+    const EngineInfo orphan = killHostWithEngine();
+    ASSERT_GT(orphan.pid, 0);
+    EXPECT_TRUE(waitUntil([&] { return !exists(orphan.pid) && !exists(orphan.server); }));
+    EXPECT_EQ(entriesIn(temporary()), 1u) << "the fork server's, for the next start";
+    EXPECT_EQ(entriesIn(fs::directory_iterator(temporary())->path()), 0u) << "emptied";
 }
 
 TEST_F(CleanupTest, FoldersLeftBehindAreSweptAtTheNextStart) {
-    const std::vector<EngineInfo> orphans = killHostWithEngines();
-    ASSERT_EQ(orphans.size(), 2u);
-    // Until they have ended they hold the locks of their folders.
-    ASSERT_TRUE(waitUntil([&] {
-        return std::none_of(orphans.begin(), orphans.end(), [](auto& one) { return exists(one.pid); });
-    }));
+    const EngineInfo orphan = killHostWithEngine();
+    ASSERT_GT(orphan.pid, 0);
+    // Until they have ended they hold the lock of their folder.
+    ASSERT_TRUE(waitUntil([&] { return !exists(orphan.pid) && !exists(orphan.server); }));
     fs::create_directories(temporary() + "/lectern-engine-abcdef/profile/deep");
     std::ofstream(temporary() + "/lectern-engine-abcdef/profile/deep/file") << "left\n";
     fs::create_directory(temporary() + "/lectern-other");
     fs::create_directory(temporary() + "/elsewhere");
     fs::create_directory_symlink(temporary() + "/elsewhere", temporary() + "/lectern-engine-symbol");
-    ASSERT_TRUE(waitUntil([&] {
-        Document document;
-        return document.open(write("a.docx", "rows=10\n"), temporary()) == MODULE_OK && waitForSpare() &&
-               !fs::exists(temporary() + "/lectern-engine-abcdef");
-    }));
+    Document document;
+    open(document, "rows=10\n");
+    EXPECT_FALSE(fs::exists(temporary() + "/lectern-engine-abcdef"));
     EXPECT_TRUE(fs::exists(temporary() + "/lectern-other")) << "not an engine's";
     EXPECT_TRUE(fs::exists(temporary() + "/elsewhere"));
-    EXPECT_TRUE(waitUntil([&] { return entriesIn(temporary()) == 4; })) << "those, a link, and the spare's";
+    EXPECT_EQ(entriesIn(temporary()), 4u) << "those, a link, and the fork server's";
 }
 
 TEST_F(CleanupTest, FoldersOfLivingEnginesAreNotSwept) {
@@ -175,9 +164,20 @@ TEST_F(CleanupTest, FoldersOfLivingEnginesAreNotSwept) {
     const EngineInfo engine = engineOfDocument();
     Document second;
     open(second, "rows=10\n");
-    ASSERT_TRUE(waitForSpare());
-    EXPECT_TRUE(fs::exists(engine.folder + "/profile/started"));
-    EXPECT_EQ(entriesIn(temporary()), 3u);
+    EXPECT_TRUE(fs::exists(engine.folder + "/copy"));
+    EXPECT_EQ(entriesIn(fs::path(engine.folder).parent_path()), 3u) << "two engines' and the profile";
+}
+
+TEST_F(CleanupTest, AForkServersFolderStaysAsLongAsItsEngines) {
+    Document document;
+    open(document, "rows=10\n");
+    const EngineInfo engine = engineOfDocument();
+    const fs::path outer = fs::path(engine.folder).parent_path();
+    kill(engine.server, SIGKILL);
+    ASSERT_TRUE(waitUntil([&] { return !exists(engine.server); }));
+    EXPECT_TRUE(fs::exists(engine.folder + "/copy"));
+    EXPECT_EQ(document.close(), MODULE_OK);
+    EXPECT_FALSE(fs::exists(outer));
 }
 
 TEST_F(CleanupTest, AHostThatIgnoresItsChildrenIsServedToo) {
@@ -187,7 +187,7 @@ TEST_F(CleanupTest, AHostThatIgnoresItsChildrenIsServedToo) {
         open(document, "rows=10\n");
         EXPECT_EQ(ask(document), MODULE_OK);
     }
-    EXPECT_TRUE(waitForSpare());
+    EXPECT_TRUE(waitForEngines(0));
     signal(SIGCHLD, SIG_DFL);
 }
 

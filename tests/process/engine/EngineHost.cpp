@@ -46,12 +46,52 @@ std::string readFile(const fs::path& path) {
     return contents.str();
 }
 
-// Reads the parent from /proc/PID/stat. Its second field may contain any
-// characters; it ends at the last parenthesis.
-pid_t parentOf(const std::string& stat) {
+struct ProcessInfo {
+    std::string name;
+    pid_t parent = 0;
+    bool zombie = false;
+};
+
+// Reads /proc/PID/stat. Its second field is the name in parentheses, which may
+// contain any characters.
+ProcessInfo processInfo(const fs::path& process) {
+    const std::string stat = readFile(process / "stat");
+    const std::size_t start = stat.find('(');
     const std::size_t end = stat.rfind(')');
-    return end == std::string::npos ? 0
-                                    : static_cast<pid_t>(std::strtol(stat.c_str() + end + 4, nullptr, 10));
+    if (start == std::string::npos || end == std::string::npos) {
+        return {};
+    }
+    return {stat.substr(start + 1, end - start - 1),
+            static_cast<pid_t>(std::strtol(stat.c_str() + end + 4, nullptr, 10)), stat[end + 2] == 'Z'};
+}
+
+// The processes of a name that run as children of another.
+std::vector<pid_t> children(const std::string& name, pid_t parent) {
+    std::vector<pid_t> found;
+    for (const fs::directory_entry& entry : fs::directory_iterator("/proc")) {
+        const auto pid = static_cast<pid_t>(std::strtol(entry.path().filename().c_str(), nullptr, 10));
+        const ProcessInfo info = pid > 0 ? processInfo(entry.path()) : ProcessInfo();
+        if (info.name == name && info.parent == parent && !info.zombie) {
+            found.push_back(pid);
+        }
+    }
+    return found;
+}
+
+// The deepest of the folders that a process has open: an engine has its own, which
+// is in the fork server's, and that.
+std::string folderOf(pid_t engine) {
+    std::string deepest;
+    std::error_code error;
+    for (fs::directory_iterator file("/proc/" + std::to_string(engine) + "/fd", error), end;
+         !error && file != end; file.increment(error)) {
+        std::error_code closed;
+        const std::string target = fs::read_symlink(file->path(), closed);
+        if (fs::is_directory(target, closed) && target.size() > deepest.size()) {
+            deepest = target;
+        }
+    }
+    return deepest;
 }
 
 } // namespace
@@ -80,16 +120,15 @@ std::int32_t Document::close() {
     return wordModule().wtg_close_file(&mHandle);
 }
 
-std::vector<EngineInfo> enginesOf(pid_t parent) {
+std::vector<pid_t> forkServersOf(pid_t service) {
+    return children("lectern-forksrv", service);
+}
+
+std::vector<EngineInfo> enginesOf(pid_t service) {
     std::vector<EngineInfo> engines;
-    for (const fs::directory_entry& entry : fs::directory_iterator("/proc")) {
-        const auto pid = static_cast<pid_t>(std::strtol(entry.path().filename().c_str(), nullptr, 10));
-        if (pid > 0 && parentOf(readFile(entry.path() / "stat")) == parent) {
-            const std::string arguments = readFile(entry.path() / "cmdline");
-            const std::size_t first = arguments.find('\0');
-            const std::string folder =
-                first == std::string::npos ? "" : std::string(arguments.c_str() + first + 1);
-            engines.push_back({pid, folder});
+    for (const pid_t server : forkServersOf(service)) {
+        for (const pid_t pid : children("lectern-engine", server)) {
+            engines.push_back({pid, server, folderOf(pid)});
         }
     }
     return engines;

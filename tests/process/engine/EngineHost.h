@@ -40,10 +40,13 @@ private:
 
 // A running engine process.
 struct EngineInfo {
-    pid_t pid;
-    std::string folder; // its temporary folder; empty for a zombie
+    pid_t pid = 0;
+    pid_t server = 0;   // the fork server that made it, or the process that took its place
+    std::string folder; // its temporary folder
 };
-// The engines that are children of this process, or of another; includes zombies.
-std::vector<EngineInfo> enginesOf(pid_t parent);
+// The fork servers of a process that run.
+std::vector<pid_t> forkServersOf(pid_t service);
+// The engines that these have made and that run.
+std::vector<EngineInfo> enginesOf(pid_t service);
 
 } // namespace lectern::test

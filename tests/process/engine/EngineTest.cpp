@@ -77,14 +77,15 @@ void EngineTest::setVariable(const char* name, const std::string& value) {
     mVariables.push_back(name);
 }
 
-bool EngineTest::isSpare(const EngineInfo& engine) {
-    return fs::exists(engine.folder + "/profile/started") && !fs::exists(engine.folder + "/copy");
-}
-
 std::vector<EngineInfo> EngineTest::engines() const {
     std::vector<EngineInfo> all = enginesOf(getpid());
     std::erase_if(all, [&](const EngineInfo& engine) { return engine.folder.rfind(mFolder, 0) != 0; });
     return all;
+}
+
+pid_t EngineTest::forkServer() const {
+    const std::vector<pid_t> servers = forkServersOf(getpid());
+    return servers.empty() ? 0 : servers.front();
 }
 
 EngineInfo EngineTest::engineOfDocument() const {
@@ -101,11 +102,8 @@ EngineInfo EngineTest::engineOfDocument() const {
     return found;
 }
 
-bool EngineTest::waitForSpare() const {
-    return waitUntil([this] {
-        const std::vector<EngineInfo> all = engines();
-        return std::count_if(all.begin(), all.end(), isSpare) == 1;
-    });
+bool EngineTest::waitForEngines(std::size_t count) const {
+    return waitUntil([&] { return engines().size() == count; });
 }
 
 bool EngineTest::waitUntil(const std::function<bool()>& condition) {

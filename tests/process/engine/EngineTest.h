@@ -35,13 +35,14 @@ protected:
     // Sets an environment variable until the end of the test.
     void setVariable(const char* name, const std::string& value);
 
-    // The engines of this test: the spare and those of documents.
+    // The engines of this test.
     std::vector<EngineInfo> engines() const;
     // The engine of the document that was opened last.
     EngineInfo engineOfDocument() const;
-    // Waits until a spare is ready; returns false after a time limit.
-    bool waitForSpare() const;
-    static bool isSpare(const EngineInfo& engine);
+    // Waits until this test has so many engines; returns false after a time limit.
+    bool waitForEngines(std::size_t count) const;
+    // The fork server of this test. REQUIRES: a document was opened.
+    pid_t forkServer() const;
 
     // Checks repeatedly until the condition holds; returns false after 20 s.
     static bool waitUntil(const std::function<bool()>& condition);

@@ -124,7 +124,6 @@ TEST_F(FailureTest, WithoutFileDescriptorsLeftCallsFailAndTheDocumentGoesOn) {
     Document document;
     open(document, "rows=10\n");
     ASSERT_EQ(ask(document), MODULE_OK);
-    ASSERT_TRUE(waitForSpare());
     rlimit before{};
     getrlimit(RLIMIT_NOFILE, &before);
     const rlimit few{256, before.rlim_max};

@@ -2,11 +2,9 @@
 #include "tests/system/office/OfficeFixture.h"
 
 #include "modules/ModuleResults.h"
-
-#include <unistd.h>
+#include "tests/system/office/OfficeProgram.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <fstream>
 
 namespace lectern::engine::test {
@@ -73,24 +71,25 @@ int32_t View::ink(int32_t left, int32_t right) const {
     return count;
 }
 
+namespace {
+
+// Set by main() before the tests run.
+Office* gOffice = nullptr;
+std::filesystem::path gFolder;
+
+} // namespace
+
+void useForTests(Office& office, const std::string& folder) {
+    gOffice = &office;
+    gFolder = folder;
+}
+
 const std::filesystem::path& testFolder() {
-    static const std::filesystem::path path = [] {
-        std::string name = (std::filesystem::temp_directory_path() / "office-tests-XXXXXX").string();
-        if (mkdtemp(name.data()) == nullptr) {
-            std::abort();
-        }
-        setenv("TMPDIR", name.c_str(), 1);
-        return std::filesystem::path(name);
-    }();
-    return path;
+    return gFolder;
 }
 
 Office& OfficeTest::office() {
-    static const std::unique_ptr<Office> office = Office::start(testFolder() / "profile");
-    if (!office) {
-        std::abort();
-    }
-    return *office;
+    return *gOffice;
 }
 
 std::filesystem::path OfficeTest::write(const std::string& name, std::string_view bytes) {
@@ -128,11 +127,14 @@ std::string OfficeTest::numberedLines(int lines, int wordsOnALine) {
 } // namespace lectern::engine::test
 
 int main(int argc, char** argv) {
+    using namespace lectern::engine;
     testing::InitGoogleTest(&argc, argv);
-    const int result = RUN_ALL_TESTS();
-    std::fflush(nullptr);
-    std::error_code error;
-    std::filesystem::remove_all(lectern::engine::test::testFolder(), error);
-    // The suite does not survive an ordinary exit.
-    _exit(result);
+    if (GTEST_FLAG_GET(list_tests)) {
+        return RUN_ALL_TESTS();
+    }
+    test::runWithOffice((std::filesystem::temp_directory_path() / "office-tests-XXXXXX").string(),
+                        [](Office& office, const std::string& folder) {
+                            test::useForTests(office, folder);
+                            return RUN_ALL_TESTS();
+                        });
 }

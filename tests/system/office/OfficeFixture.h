@@ -51,6 +51,8 @@ private:
     int32_t mHeight = 0;
 };
 
+// Sets what the tests use; main() calls this before they run.
+void useForTests(Office& office, const std::string& folder);
 // A folder for files, removed when the process ends.
 const std::filesystem::path& testFolder();
 

@@ -4,6 +4,7 @@
 // marked, the column at COLUMN_X is selected. Times go to standard error, in
 // milliseconds.
 #include "engine/office/sheet/SheetDocument.h"
+#include "tests/system/office/OfficeProgram.h"
 #include "tests/system/office/Rendering.h"
 
 #include <unistd.h>
@@ -76,19 +77,12 @@ bool paint(SheetDocument& document, int argc, char** argv) {
     return first == 0 && all.write(argv[8]);
 }
 
-bool render(int argc, char** argv) {
-    char directory[] = "/tmp/sheet-render-XXXXXX";
-    if (mkdtemp(directory) == nullptr) {
-        return false;
-    }
-    setenv("TMPDIR", directory, 1); // the suite leaves files in it
-    const auto office = Office::start(std::string(directory) + "/profile");
+bool render(int argc, char** argv, Office& office, const std::string& directory) {
     const char* password = std::getenv("SHEET_PASSWORD");
     std::unique_ptr<SheetDocument> document;
     const double start = now();
-    const int32_t result = office ? SheetDocument::open(*office, argv[1], password != nullptr ? password : "",
-                                                        directory, document)
-                                  : -1;
+    const int32_t result =
+        SheetDocument::open(office, argv[1], password != nullptr ? password : "", directory, document);
     int32_t width = 0;
     int32_t height = 0;
     if (document) {
@@ -96,9 +90,7 @@ bool render(int argc, char** argv) {
         document->dimensions(std::atoi(argv[2]), width, height); // NOLINT(cert-err34-c)
     }
     std::fprintf(stderr, "open %d in %.0f, sheet %d x %d\n", result, now() - start, width, height);
-    const bool done = document && paint(*document, argc, argv);
-    std::filesystem::remove_all(directory);
-    return done;
+    return document && paint(*document, argc, argv);
 }
 
 } // namespace
@@ -109,8 +101,8 @@ int main(int argc, char** argv) {
                      "usage: sheet_render FILE SHEET X Y WIDTH HEIGHT DPI OUT.png [FIND [COLUMN_X]]\n");
         return 2;
     }
-    const bool done = render(argc, argv);
-    std::fflush(nullptr);
-    // The suite does not survive an ordinary exit.
-    _exit(done ? 0 : 1);
+    lectern::engine::test::runWithOffice("/tmp/sheet-render-XXXXXX",
+                                         [&](Office& office, const std::string& directory) {
+                                             return render(argc, argv, office, directory) ? 0 : 1;
+                                         });
 }

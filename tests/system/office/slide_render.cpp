@@ -3,6 +3,7 @@
 // hits of a search marked, for viewing. Titles, hits and times in milliseconds
 // go to standard error.
 #include "engine/office/slide/SlideDocument.h"
+#include "tests/system/office/OfficeProgram.h"
 #include "tests/system/office/Rendering.h"
 
 #include <unistd.h>
@@ -59,19 +60,13 @@ void search(SlideDocument& document, int32_t slide, const char* text) {
     std::fprintf(stderr, "\n");
 }
 
-int render(int argc, char** argv) {
-    char directory[] = "/tmp/slide-render-XXXXXX";
-    if (mkdtemp(directory) == nullptr) {
-        return 1;
-    }
-    setenv("TMPDIR", directory, 1);            // the suite leaves files in it
+int render(int argc, char** argv, Office& office, const std::string& directory) {
     const int32_t slide = std::atoi(argv[2]);  // NOLINT(cert-err34-c)
     const int32_t width = std::atoi(argv[3]);  // NOLINT(cert-err34-c)
     const int32_t height = std::atoi(argv[4]); // NOLINT(cert-err34-c)
-    const auto office = Office::start(std::string(directory) + "/profile");
     const double started = now();
     std::unique_ptr<SlideDocument> document;
-    int32_t result = office ? SlideDocument::open(*office, argv[1], directory, document) : -1;
+    int32_t result = SlideDocument::open(office, argv[1], directory, document);
     const double opened = now();
     std::vector<uint32_t> pixels(static_cast<size_t>(width) * static_cast<size_t>(height));
     if (document) {
@@ -89,7 +84,6 @@ int render(int argc, char** argv) {
     }
     std::fprintf(stderr, "result %d\n", result);
     const bool written = result == 0 && writePng(argv[5], pixels.data(), width, height);
-    std::filesystem::remove_all(directory);
     return written ? 0 : 1;
 }
 
@@ -100,6 +94,7 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: slide_render FILE SLIDE WIDTH HEIGHT OUT.png [TEXT]\n");
         return 2;
     }
-    // The suite does not survive an ordinary exit.
-    _exit(render(argc, argv));
+    lectern::engine::test::runWithOffice(
+        "/tmp/slide-render-XXXXXX",
+        [&](Office& office, const std::string& directory) { return render(argc, argv, office, directory); });
 }

@@ -2,13 +2,12 @@
 // word_render FILE WIDTH HEIGHT DPI SCROLL OUT.png: paints one stretch of a
 // document, for viewing. Times go to standard error, in milliseconds.
 #include "engine/office/word/WordDocument.h"
+#include "tests/system/office/OfficeProgram.h"
 #include "tests/system/office/Rendering.h"
-
-#include <unistd.h>
 
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
+#include <string>
 #include <vector>
 
 namespace {
@@ -18,23 +17,15 @@ using lectern::engine::WordDocument;
 using rendering::now;
 using rendering::writePng;
 
-int render(char** argv) {
-    char directory[] = "/tmp/word-render-XXXXXX";
-    if (mkdtemp(directory) == nullptr) {
-        return 1;
-    }
-    setenv("TMPDIR", directory, 1);            // the suite leaves files in it
+int render(char** argv, Office& office, const std::string& directory) {
     const int32_t width = std::atoi(argv[2]);  // NOLINT(cert-err34-c)
     const int32_t height = std::atoi(argv[3]); // NOLINT(cert-err34-c)
     const int32_t scroll = std::atoi(argv[5]); // NOLINT(cert-err34-c)
-    const double start = now();
-    const auto office = Office::start(std::string(directory) + "/profile");
     const double started = now();
     std::unique_ptr<WordDocument> document;
     const char* password = std::getenv("WORD_PASSWORD");
-    const int32_t result = office ? WordDocument::open(*office, argv[1], password != nullptr ? password : "",
-                                                       directory, document)
-                                  : -1;
+    const int32_t result =
+        WordDocument::open(office, argv[1], password != nullptr ? password : "", directory, document);
     const double opened = now();
     std::vector<uint32_t> pixels(static_cast<size_t>(width) * static_cast<size_t>(height));
     int32_t scrolled = 0;
@@ -58,14 +49,12 @@ int render(char** argv) {
         positions = now();
         document->wordCount(words);
     }
-    std::fprintf(
-        stderr,
-        "result %d, %d rows, scrolled %d, characters %u..%u of %u, %d words; start %.0f, open %.0f, layout "
-        "and paint %.0f, positions %.1f\n",
-        result, rows, scrolled, place.topLeft, place.bottomRight, count, words, started - start,
-        opened - started, laidOut - opened, positions - laidOut);
+    std::fprintf(stderr,
+                 "result %d, %d rows, scrolled %d, characters %u..%u of %u, %d words; open %.0f, layout "
+                 "and paint %.0f, positions %.1f\n",
+                 result, rows, scrolled, place.topLeft, place.bottomRight, count, words, opened - started,
+                 laidOut - opened, positions - laidOut);
     const bool written = result == 0 && writePng(argv[6], pixels.data(), width, height);
-    std::filesystem::remove_all(directory);
     return written ? 0 : 1;
 }
 
@@ -76,6 +65,7 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: word_render FILE WIDTH HEIGHT DPI SCROLL OUT.png\n");
         return 2;
     }
-    // The suite does not survive an ordinary exit.
-    _exit(render(argv));
+    lectern::engine::test::runWithOffice(
+        "/tmp/word-render-XXXXXX",
+        [&](Office& office, const std::string& directory) { return render(argv, office, directory); });
 }

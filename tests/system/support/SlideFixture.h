@@ -41,7 +41,7 @@ protected:
 
     // The slide of the latest notification since the last method call; -1 without one.
     int slideTold(const TestDocument& document) const;
-    // Private memory in bytes of the service and the oldest engine. Spare
-    // engines do not count, nor do pages of mapped files.
+    // Private memory in bytes of the service and the oldest engine, without
+    // pages of mapped files.
     size_t privateMemory() const;
 };
