@@ -23,6 +23,9 @@ constexpr const char* UNWANTED_SERVICES[] = {
     // on machines without sound and video devices, sometimes for ever, and some of the
     // player's libraries crash the process.
     "com.sun.star.comp.media.Manager_GStreamer",
+    // The suite looks for signatures in every document, which nobody asks for. For the
+    // first, it makes a store of certificates and starts programs: 50 ms.
+    "com.sun.star.security.DocumentDigitalSignatures",
 };
 
 void removeUnwantedServices(const css::uno::Reference<css::uno::XComponentContext>& context) {
