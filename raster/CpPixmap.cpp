@@ -93,22 +93,25 @@ void CpPixmap::CopyBitsTo(const CpRect& s, uint32_t* dst, const CpRect& at, int 
     }
 }
 
-void CpPixmap::CopyBitsTwice(const CpRect& s, uint32_t* dst, uint32_t* second) const {
-    const CpRect r = readablePart(s);
-    if (r.Empty()) {
+void CpPixmap::CopyFrame(const CpRect& s, uint32_t background, uint32_t* dst, uint32_t* second) const {
+    if (s.Empty()) {
         return;
     }
-    const size_t rowBytes = static_cast<size_t>(r.Width()) * sizeof(uint32_t);
-    const uint32_t* src = pixelAt(r.Left(), r.Top());
-    dst += offsetInCopy(r, s);
-    second += offsetInCopy(r, s);
-    for (int row = r.Top(); row < r.Bottom(); row++, src += Width(), dst += s.Width(), second += s.Width()) {
-        std::memcpy(dst, src, rowBytes);
-        std::memcpy(second, src, rowBytes);
+    const CpRect r = readablePart(s);
+    const size_t width = static_cast<size_t>(s.Width());
+    const size_t inside = static_cast<size_t>(r.Width());
+    const size_t before = static_cast<size_t>(r.Empty() ? 0 : ptrdiff_t{r.Left()} - s.Left());
+    for (int y = s.Top(); y < s.Bottom(); y++, dst += width) {
+        if (r.Top() <= y && y < r.Bottom()) {
+            FillPixels(dst, before, background);
+            std::memcpy(dst + before, pixelAt(r.Left(), y), inside * sizeof *dst);
+            FillPixels(dst + before + inside, width - before - inside, background);
+        } else {
+            FillPixels(dst, width, background);
+        }
+        if (second != nullptr) {
+            std::memcpy(second, dst, width * sizeof *dst);
+            second += width;
+        }
     }
-}
-
-bool CpPixmap::Covers(const CpRect& s) const {
-    return mPixels != nullptr && s.Left() >= 0 && s.Top() >= 0 && s.Right() <= Width() &&
-           s.Bottom() <= Height();
 }

@@ -15,7 +15,7 @@ void FillPixels(uint32_t* pixels, size_t count, uint32_t colour);
 // The bounds may start anywhere: views keep a surface's position in the document
 // in left and top. Source rectangles are nevertheless relative to the pixmap's
 // first pixel. Only the part of a source rectangle inside the pixmap is copied;
-// the destination pixels of the rest stay unchanged. The caller provides large
+// except in CopyFrame(), the destination pixels of the rest stay unchanged. The caller provides large
 // enough destinations, which must not overlap the pixmap.
 //
 // Not thread-safe, except for concurrent reading.
@@ -45,12 +45,10 @@ public:
     // Copies the part of s inside the pixmap to dst. Its first pixel goes to the top
     // left corner of `at`. The rows of dst have dstStride pixels.
     void CopyBitsTo(const CpRect& s, uint32_t* dst, const CpRect& at, int dstStride) const;
-    // CopyBits to two destinations at once, which must not overlap. Reads each pixel
-    // only once from memory.
-    void CopyBitsTwice(const CpRect& s, uint32_t* dst, uint32_t* second) const;
-    // Whether s lies inside the pixmap, so that a copy of s changes every pixel of
-    // its destination.
-    bool Covers(const CpRect& s) const;
+    // Copies all of s to dst, whose rows have s.Width() pixels. The pixels outside the
+    // pixmap become `background`. Makes a second copy unless `second` is null, each row
+    // while the processor still caches it. dst and second must not overlap.
+    void CopyFrame(const CpRect& s, uint32_t background, uint32_t* dst, uint32_t* second) const;
 
     // Rotated copies. They are shifted by one row or column, as clients expect: they
     // write one row or column past the image. dst needs W * H + max(W, H) + 1

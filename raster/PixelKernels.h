@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // The inner loops over pixels, which determine the speed of all copies and fills.
-// Private to raster/. Each exists once per instruction set, compiled from the same
-// source; all versions return identical pixels.
+// Private to raster/. Each exists once per instruction set, compiled from the loops in
+// PixelKernelLoops.h, which say what an instruction set has to supply; pixelKernels()
+// chooses. All versions return identical pixels.
 #pragma once
 
 #include <cstddef>
@@ -28,6 +29,8 @@ extern const PixelKernels BASELINE_KERNELS;
 #if defined(__x86_64__) || defined(__i386__)
 // Runs only on processors with AVX2.
 extern const PixelKernels AVX2_KERNELS;
+#elif defined(__aarch64__)
+extern const PixelKernels NEON_KERNELS;
 #endif
 
 // The fastest kernels that this processor can run.

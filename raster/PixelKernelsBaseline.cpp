@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "raster/FourLanes.h"
 #include "raster/PixelKernelLoops.h"
 
-const PixelKernels BASELINE_KERNELS = KERNELS;
+const PixelKernels BASELINE_KERNELS = PixelLoops<FourLanes>::KERNELS;

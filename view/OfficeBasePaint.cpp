@@ -3,12 +3,18 @@
 #include "raster/Saturate.h"
 #include "view/OfficeBase.h"
 
+#include <algorithm>
+#include <climits>
 #include <cstring>
 
 namespace {
 
+// The rectangle of a view's size at a position. A position near the limit of int, where
+// no surface reaches, is moved so that the rectangle keeps its size.
 CpRect prvSourceRect(int left, int top, int width, int height) {
-    return {left, top, saturatedSum(left, width), saturatedSum(top, height)};
+    const int x = std::min(left, INT_MAX - std::max(width, 0));
+    const int y = std::min(top, INT_MAX - std::max(height, 0));
+    return {x, y, saturatedSum(x, width), saturatedSum(y, height)};
 }
 
 } // namespace
@@ -56,19 +62,16 @@ void OfficeBase::handlePaint(unsigned int* frameBuffer) {
     }
     const CpRect source = prvSourceRect(saturatedDifference(mScroll.x, mDocPixmap->Left()),
                                         saturatedDifference(mScroll.y, mDocPixmap->Top()), mWidth, mHeight);
-    // Erases 0 pixels if the surface covers the whole frame.
-    const bool covered = mDocPixmap->Covers(source);
-    eraseBuffer(frameBuffer, covered ? 0 : framePixels());
-    if (covered && mCurrentResult < 0 && mLastFrame.Pixels() != nullptr) {
-        mDocPixmap->CopyBitsTwice(source, frameBuffer, mLastFrame.Pixels());
-        return;
-    }
-    mDocPixmap->CopyBits(source, frameBuffer);
-    if (mCurrentResult > -1) {
+    unsigned int background = 0;
+    eraseBuffer(&background, 1); // its colour, for what the surface does not cover
+    // A highlight belongs into the last frame too, so that is copied after the drawing.
+    const bool highlighted = mCurrentResult > -1;
+    mDocPixmap->CopyFrame(source, background, frameBuffer, highlighted ? nullptr : mLastFrame.Pixels());
+    if (highlighted) {
         CpPixmap frame(frameBuffer, mWidth, mHeight);
         drawCurrentResult(&frame);
+        keepFrame(frameBuffer);
     }
-    keepFrame(frameBuffer);
 }
 
 void OfficeBase::handlePaintWide(unsigned int* frameBuffer) {

@@ -158,15 +158,7 @@ private:
                 second[i] = frame[i];
             }
         };
-        const auto ours = [&] {
-            if (document.Covers(s)) {
-                document.CopyBitsTwice(s, frame, second);
-                return;
-            }
-            FillPixels(frame, mPixels, 0xFF000000);
-            document.CopyBits(s, frame);
-            std::memcpy(second, frame, mPixels * sizeof(uint32_t));
-        };
+        const auto ours = [&] { document.CopyFrame(s, 0xFF000000, frame, second); };
         report(name, plain, ours);
     }
 

@@ -66,11 +66,12 @@ TEST_F(RandomCopy, WritesWhatThePlainLoopsWrite) {
         plain::copyBits(image, s, mPlain.start());
         expectSame("CopyBits " + rect);
 
-        pixmap.CopyBitsTwice(s, mOurs.start(), mSecond.start());
+        pixmap.CopyFrame(s, 0xFF123456, mOurs.start(), mSecond.start());
         EXPECT_TRUE(mSecond == mOurs) << "second copy of " << rect;
         mSecond.reset();
+        plain::erase(s, 0xFF123456, mPlain.start());
         plain::copyBits(image, s, mPlain.start());
-        expectSame("CopyBitsTwice " + rect);
+        expectSame("CopyFrame " + rect);
 
         const CpRect at(number(-20, 60), number(-20, 60), 0, 0);
         const int stride = number(1, 200);

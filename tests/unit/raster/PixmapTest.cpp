@@ -227,25 +227,44 @@ TEST(ScaleCopyToFit, ToATargetAsideOfTheImageDoesNothing) {
     EXPECT_EQ(dst, Pixels(50, UNTOUCHED));
 }
 
-TEST(CopyBitsTwice, GivesBothTheOverlapWhereTheWholeRectangleWouldHaveIt) {
+TEST(CopyFrame, PutsTheOverlapOnTheBackgroundTwice) {
     const Numbered pixmap(2, 2);
     Pixels frame(17, UNTOUCHED);
-    Pixels last(17, 9);
-    pixmap.CopyBitsTwice(CpRect(-1, -1, 3, 3), frame.data(), last.data());
+    Pixels last(17, UNTOUCHED);
+    pixmap.CopyFrame(CpRect(-1, -1, 3, 3), 9, frame.data(), last.data());
     const uint32_t u = UNTOUCHED;
-    EXPECT_EQ(frame, (Pixels{u, u, u, u, u, 0, 1, u, u, 2, 3, u, u, u, u, u, u}));
-    EXPECT_EQ(last, (Pixels{9, 9, 9, 9, 9, 0, 1, 9, 9, 2, 3, 9, 9, 9, 9, 9, 9}));
+    EXPECT_EQ(frame, (Pixels{9, 9, 9, 9, 9, 0, 1, 9, 9, 2, 3, 9, 9, 9, 9, 9, u}));
+    EXPECT_EQ(last, frame);
 }
 
-TEST(Covers, OnlyWhatLiesInsideFromEdgeToEdge) {
-    const CpPixmap pixmap(CpRect(50, 60, 60, 65)); // its position has no effect
-    EXPECT_TRUE(pixmap.Covers(CpRect(0, 0, 10, 5)));
-    EXPECT_TRUE(pixmap.Covers(CpRect(3, 1, 4, 2)));
-    EXPECT_FALSE(pixmap.Covers(CpRect(-1, 0, 9, 5)));
-    EXPECT_FALSE(pixmap.Covers(CpRect(0, -1, 10, 4)));
-    EXPECT_FALSE(pixmap.Covers(CpRect(1, 0, 11, 5)));
-    EXPECT_FALSE(pixmap.Covers(CpRect(0, 1, 10, 6)));
-    EXPECT_FALSE(CpPixmap(nullptr, 10, 5).Covers(CpRect(0, 0, 10, 5)));
+TEST(CopyFrame, PutsThePartInsideOnTheBackgroundOnce) {
+    const Numbered pixmap(3, 2);
+    Pixels frame(7, UNTOUCHED);
+    pixmap.CopyFrame(CpRect(2, 0, 4, 3), 9, frame.data(), nullptr);
+    EXPECT_EQ(frame, (Pixels{2, 9, 5, 9, 9, 9, UNTOUCHED}));
+}
+
+TEST(CopyFrame, OfNothingWritesNothing) {
+    const Numbered pixmap(4, 4);
+    for (const CpRect& s : {CpRect(), CpRect(3, 3, 1, 1), CpRect(INT_MAX, 0, INT_MIN, 4)}) {
+        Pixels frame(1, UNTOUCHED);
+        pixmap.CopyFrame(s, 9, frame.data(), frame.data());
+        EXPECT_EQ(frame[0], UNTOUCHED);
+    }
+}
+
+TEST(CopyFrame, WithoutAnOverlapIsAllBackground) {
+    const Numbered pixmap(4, 4);
+    const CpPixmap none(nullptr, 4, 4);
+    for (const CpRect& s : {CpRect(4, 0, 6, 2), CpRect(-2, 0, 0, 2), CpRect(0, 4, 2, 6), CpRect(0, -2, 2, 0),
+                            CpRect(INT_MAX - 2, INT_MAX - 2, INT_MAX, INT_MAX),
+                            CpRect(INT_MIN, INT_MIN, INT_MIN + 2, INT_MIN + 2)}) {
+        for (const CpPixmap* from : {static_cast<const CpPixmap*>(&pixmap), &none}) {
+            Pixels frame(5, UNTOUCHED);
+            from->CopyFrame(s, 9, frame.data(), nullptr);
+            EXPECT_EQ(frame, (Pixels{9, 9, 9, 9, UNTOUCHED}));
+        }
+    }
 }
 
 class NoPixels : public testing::TestWithParam<CpRect> {};
@@ -257,7 +276,6 @@ TEST_P(NoPixels, LeaveEveryDestinationAlone) {
     for (const CpPixmap* pixmap : {&owning, &wrapping}) {
         Pixels dst(4, UNTOUCHED);
         pixmap->CopyBits(s, dst.data());
-        pixmap->CopyBitsTwice(s, dst.data(), dst.data());
         pixmap->CopyBitsTo(s, dst.data(), s, 2);
         pixmap->CopyBitsRotatedLeft(s, dst.data());
         pixmap->CopyBitsRotatedRight(s, dst.data());
@@ -291,7 +309,6 @@ TEST(Copies, OfNothingWriteNothing) {
                             CpRect(INT_MAX, 0, INT_MIN, 4), CpRect(INT_MIN, INT_MIN, 0, 0)}) {
         Pixels dst(1, UNTOUCHED);
         pixmap.CopyBits(s, dst.data());
-        pixmap.CopyBitsTwice(s, dst.data(), dst.data());
         pixmap.CopyBitsTo(s, dst.data(), CpRect(INT_MAX, INT_MAX, 0, 0), INT_MAX);
         pixmap.CopyBitsRotatedLeft(s, dst.data());
         pixmap.CopyBitsRotatedRight(s, dst.data());

@@ -31,6 +31,14 @@ void blendAt(const Canvas& canvas, long long x, long long y, uint32_t colour) {
 
 } // namespace
 
+void erase(const CpRect& s, uint32_t background, uint32_t* dst) {
+    for (int y = s.Top(); y < s.Bottom(); y++) {
+        for (int x = s.Left(); x < s.Right(); x++) {
+            *dst++ = background;
+        }
+    }
+}
+
 void copyBits(const Image& image, const CpRect& s, uint32_t* dst) {
     const long w = s.Right() - s.Left();
     forEachPixel(image, s, [&](int x, int y) { dst[(y - s.Top()) * w + (x - s.Left())] = at(image, x, y); });

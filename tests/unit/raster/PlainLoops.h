@@ -24,6 +24,8 @@ struct Canvas {
     long long reachable;
 };
 
+// A copy of s that is all background.
+void erase(const CpRect& s, uint32_t background, uint32_t* dst);
 void copyBits(const Image& image, const CpRect& s, uint32_t* dst);
 void copyBitsTo(const Image& image, const CpRect& s, uint32_t* dst, const CpRect& at, int dstStride);
 void turnLeft(const Image& image, const CpRect& s, uint32_t* dst);

@@ -289,7 +289,7 @@ TEST(ViewConstruction, SurvivesSizesBelowOne) {
         CpPixmap surface(8, 8);
         view.mDocPixmap = &surface;
         view.handlePaintRouter(nullptr);
-        EXPECT_THAT(view.calls, testing::Contains("eraseBuffer 0 locked"));
+        EXPECT_THAT(view.calls, testing::Contains("eraseBuffer 1 locked"));
     }
 }
 
