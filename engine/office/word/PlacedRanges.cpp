@@ -86,7 +86,8 @@ void PlacedRanges::place(const LaidOutText& text, CharacterRange near) {
     for (size_t index = 0; index < mRanges.size(); ++index) {
         const CharacterRange& range = mRanges[index];
         const bool isNear = range.end > near.start && range.start < near.end;
-        if (mPlaces[index] || (!isNear && !text.positions.body().paragraphAt(range.start).isInFrame)) {
+        if (mPlaces[index] || range.end > text.flow.end() ||
+            (!isNear && !text.positions.body().paragraphAt(range.start).isInFrame)) {
             continue;
         }
         if (std::chrono::steady_clock::now() - start > MOST_TIME) {

@@ -84,64 +84,88 @@ int32_t layoutWidth(int32_t pixels, int32_t dpi) {
 }
 
 TextFlow::TextFlow(const OpenedDocument& document, PreparedDocument& prepared)
-    : mDocument(document), mPrepared(prepared) {
+    : mDocument(document), mPrepared(prepared), mShown(document.model, prepared.body, prepared.end) {
     const Reference<css::text::XTextViewCursorSupplier> supplier(document.model->getCurrentController(),
                                                                  UNO_QUERY_THROW);
     mCursor = supplier->getViewCursor();
 }
 
-void TextFlow::layOut(int32_t width) {
+void TextFlow::layOut(int32_t width, uint32_t end) {
     if (width == mWidth) {
+        layOutTo(end);
         return;
     }
     const auto pageWidth = static_cast<int32_t>(hundredthMmFromTwips(width));
     if (isLongPlainText()) {
         if (mWidth == 0) {
-            layOutOn(pageWidth, GROWING_PAGES[0]);
+            layOutOn(pageWidth, GROWING_PAGES[0], end);
         }
-        layOutOn(pageWidth, GROWING_PAGES[1]);
+        layOutOn(pageWidth, GROWING_PAGES[1], end);
     } else {
-        layOutOnOnePage(pageWidth);
+        layOutOn(pageWidth, GIANT_PAGE, end);
+        finishPage(pageWidth);
     }
     mWidth = width;
     measure();
 }
 
-void TextFlow::layOutOnOnePage(int32_t pageWidth) {
-    layOutOn(pageWidth, GIANT_PAGE);
+void TextFlow::layOutTo(uint32_t end) {
+    if (isWhole() || end <= mShown.end()) {
+        return;
+    }
+    layOutOn(mPageSize.Width, mPageSize.Height, end);
+    if (!isLongPlainText()) {
+        finishPage(mPageSize.Width);
+    }
+    measure();
+}
+
+// What a layout on one page leaves to do.
+void TextFlow::finishPage(int32_t pageWidth) {
     // Text that was on several pages may stay there; a change of the height joins it.
-    if (end().page > 0) {
-        layOutOn(pageWidth, GIANT_PAGE + 1000);
+    if (isWhole() && endPlace().page > 0) {
+        layOutOn(pageWidth, GIANT_PAGE + 1000, WHOLE);
     }
     if (undoEnlargement(mPrepared.shapes)) {
-        layOutOn(pageWidth, GIANT_PAGE);
+        layOutOn(pageWidth, GIANT_PAGE, end());
+    }
+    if (!isWhole()) {
+        return;
     }
     // Painting a tile is slower on a higher page, so the page is cut to the text.
-    if (const FlowPlace last = end(); last.page == 0) {
-        layOutOn(pageWidth, static_cast<int32_t>(hundredthMmFromTwips(last.y)) + PAGE_SLACK);
+    if (const FlowPlace last = endPlace(); last.page == 0) {
+        layOutOn(pageWidth, static_cast<int32_t>(hundredthMmFromTwips(last.y)) + PAGE_SLACK, WHOLE);
     }
-    if (end().page > 0) {
-        layOutOn(pageWidth, GIANT_PAGE);
+    if (endPlace().page > 0) {
+        layOutOn(pageWidth, GIANT_PAGE, WHOLE);
     }
 }
 
-void TextFlow::layOutOn(int32_t pageWidth, int32_t pageHeight) {
+void TextFlow::layOutOn(int32_t pageWidth, int32_t pageHeight, uint32_t end) {
     const LayoutPause pause(mDocument.model);
-    if (pageWidth != mFittedWidth) {
+    if (pageWidth != mPageSize.Width) {
         fitShapes(mPrepared.shapes, pageWidth - 2 * PAGE_MARGIN);
         fitIndents(mPrepared.indents, pageWidth - 2 * PAGE_MARGIN);
-        mFittedWidth = pageWidth;
     }
-    setPageSize(mDocument.model, pageWidth, pageHeight);
+    mShown.showTo(end);
+    if (pageWidth != mPageSize.Width || pageHeight != mPageSize.Height) {
+        setPageSize(mDocument.model, pageWidth, pageHeight);
+        mPageSize = {pageWidth, pageHeight};
+    }
 }
 
 bool TextFlow::isLongPlainText() const {
     return mPrepared.body.paragraphs().size() > MANY_PARAGRAPHS && !mPrepared.body.hasTables();
 }
 
-FlowPlace TextFlow::end() const {
-    mCursor->gotoRange(mPrepared.end, false);
+FlowPlace TextFlow::placeOf(const Reference<css::text::XTextRange>& range) const {
+    mCursor->gotoRange(range, false);
     return cursorPlace();
+}
+
+// Where the text ends, as far as it is laid out.
+FlowPlace TextFlow::endPlace() const {
+    return placeOf(mPrepared.end);
 }
 
 FlowPlace TextFlow::cursorPlace() const {
@@ -155,7 +179,7 @@ FlowPlace TextFlow::cursorPlace() const {
 
 void TextFlow::measure() {
     mPages = pageCorners(*mDocument.painter);
-    mPages.resize(std::max(std::min(end().page + 1, mPages.size()), size_t{1}));
+    mPages.resize(std::max(std::min(endPlace().page + 1, mPages.size()), size_t{1}));
     const Reference<css::text::XPageCursor> page(mCursor, UNO_QUERY_THROW);
     for (size_t i = 1; i < mPages.size(); ++i) {
         page->jumpToPage(static_cast<sal_Int16>(i + 1));
@@ -172,7 +196,10 @@ void TextFlow::measure() {
         above->goUp(1, false);
         mPages[i].height = lastLine + std::max(lastLine - cursorPlace().y, LEAST_LINE);
     }
-    mPages.back().height = end().y + LOWER_BORDER;
+    mPages.back().height = endPlace().y + LOWER_BORDER;
+    if (!isWhole()) {
+        mSettled = placeOf(mShown.last().range->getStart());
+    }
 }
 
 } // namespace lectern::engine

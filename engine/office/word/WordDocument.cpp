@@ -11,6 +11,15 @@
 
 namespace lectern::engine {
 
+namespace {
+
+// Characters, or as much of shorter paragraphs. The first portion fills the stretch
+// of a phone; the other takes some milliseconds, for which a call may have to wait.
+constexpr uint32_t FIRST_PORTION = 8192;
+constexpr uint32_t IDLE_PORTION = 4096;
+
+} // namespace
+
 WordDocument::Private::Private(Office::Private& suite, OpenedDocument openedDocument)
     : office(suite), document(std::move(openedDocument)), prepared(prepareForReflow(document.model)),
       flow(document, prepared), positions(document, prepared, flow), painter(*document.painter),
@@ -18,7 +27,7 @@ WordDocument::Private::Private(Office::Private& suite, OpenedDocument openedDocu
 
 void WordDocument::Private::layOut() {
     const uint32_t kept = top > 0 ? topLeft() : 0;
-    flow.layOut(layoutWidth(surface.width, dpi));
+    flow.layOut(layoutWidth(surface.width, dpi), kept + FIRST_PORTION);
     map = RowMap(flow.pages(), dpi);
     painter.forget();
     for (PlacedRanges* ranges : {&hits, &selectedLines}) {
@@ -29,6 +38,33 @@ void WordDocument::Private::layOut() {
     }
     laidOut = {surface.width, surface.height, dpi};
     top = kept > 0 ? positions.lineRow(map, kept) : 0;
+    layOutRows(bottom());
+}
+
+// The portions grow, because a row may be far away, and every portion takes some
+// time besides that for its text.
+void WordDocument::Private::layOutRows(int64_t row) {
+    for (uint32_t portion = FIRST_PORTION; !flow.isWhole() && map.rowOf(flow.settled()) < row; portion *= 2) {
+        layOutPortion(portion);
+    }
+}
+
+void WordDocument::Private::layOutTo(uint32_t character) {
+    if (flow.isWhole() || character < flow.end()) {
+        return;
+    }
+    flow.layOutTo(character + FIRST_PORTION);
+    noteMoreText();
+}
+
+void WordDocument::Private::layOutPortion(uint32_t characters) {
+    flow.layOutPortion(characters);
+    noteMoreText();
+}
+
+void WordDocument::Private::noteMoreText() {
+    map = RowMap(flow.pages(), laidOut.dpi);
+    painter.forget(); // the last band may show more now
 }
 
 void WordDocument::Private::paint(int32_t first, int32_t last) {
@@ -54,6 +90,7 @@ void WordDocument::Private::mark(PlacedRanges& ranges, int32_t first, int32_t la
 }
 
 void WordDocument::Private::moveTo(int64_t row) {
+    layOutRows(row + surface.height);
     const int64_t by = row - top;
     top = row;
     const int64_t kept = surface.height - std::abs(by);
@@ -174,6 +211,7 @@ int32_t WordDocument::jumpToCharacter(int32_t story, uint32_t position) {
         return MODULE_BAD_ARGUMENT;
     }
     return mPrivate->onLayout([&]() -> int32_t {
+        mPrivate->layOutTo(position);
         mPrivate->moveTo(mPrivate->positions.lineRow(mPrivate->map, position));
         return MODULE_OK;
     });
@@ -181,11 +219,24 @@ int32_t WordDocument::jumpToCharacter(int32_t story, uint32_t position) {
 
 int32_t WordDocument::layoutSize(int32_t& width, int32_t& height) {
     return mPrivate->onLayout([&]() -> int32_t {
+        mPrivate->layOutTo(mPrivate->positions.count());
         width = mPrivate->surface.width;
         height = static_cast<int32_t>(
             std::min<int64_t>(mPrivate->map.rows(), std::numeric_limits<int32_t>::max()));
         return MODULE_OK;
     });
+}
+
+bool WordDocument::prepareNext() {
+    Private& d = *mPrivate;
+    const int32_t result = guardedInOffice([&]() -> int32_t {
+        if (!d.isCurrent() || d.flow.isWhole()) {
+            return MODULE_NOTHING_THERE;
+        }
+        d.layOutPortion(IDLE_PORTION);
+        return MODULE_OK;
+    });
+    return result == MODULE_OK;
 }
 
 bool WordDocument::takePainted() {

@@ -37,11 +37,17 @@ struct WordDocument::Private {
                 layOut();
                 paint(0, surface.height);
             }
+            layOutRows(bottom());
             return work();
         });
     }
     bool isCurrent() const { return laidOut == LayoutKey{surface.width, surface.height, dpi}; }
     void layOut();
+    // Lays out more of the text until a row is settled, or a character laid out.
+    void layOutRows(int64_t row);
+    void layOutTo(uint32_t character);
+    void layOutPortion(uint32_t characters);
+    void noteMoreText();
 
     // Paints rows [first, last) of the stretch with the hits and the selection.
     void paint(int32_t first, int32_t last);

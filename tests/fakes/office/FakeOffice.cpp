@@ -343,6 +343,10 @@ int32_t WordDocument::scrollToRange(CharacterRange range) {
     return jumpToCharacter(0, range.start);
 }
 
+bool WordDocument::prepareNext() {
+    return false;
+}
+
 bool WordDocument::takePainted() {
     return std::exchange(mPrivate->painted, false);
 }
