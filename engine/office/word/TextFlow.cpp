@@ -13,6 +13,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <utility>
 
 namespace lectern::engine {
 
@@ -31,10 +32,9 @@ constexpr int64_t LEAST_LINE = 240;
 constexpr int64_t LOWER_BORDER = 30; // of a table at the end of the text
 
 // The first layout of a page takes time quadratic in the number of its
-// paragraphs. A long plain text is therefore laid out on pages of growing
-// height, and finally stays on a few.
+// paragraphs. A long plain text is therefore laid out on several pages.
 constexpr size_t MANY_PARAGRAPHS = 8'000;
-constexpr int32_t GROWING_PAGES[] = {300'000, 3'000'000};
+constexpr int32_t PLAIN_PAGE = 300'000;
 
 // Changes made during this object's lifetime are laid out together when it is destroyed.
 class LayoutPause {
@@ -97,15 +97,13 @@ void TextFlow::layOut(int32_t width, uint32_t end) {
     }
     const auto pageWidth = static_cast<int32_t>(hundredthMmFromTwips(width));
     if (isLongPlainText()) {
-        if (mWidth == 0) {
-            layOutOn(pageWidth, GROWING_PAGES[0], end);
-        }
-        layOutOn(pageWidth, GROWING_PAGES[1], end);
+        layOutOn(pageWidth, PLAIN_PAGE, end);
     } else {
         layOutOn(pageWidth, GIANT_PAGE, end);
         finishPage(pageWidth);
     }
     mWidth = width;
+    mPages.clear();
     measure();
 }
 
@@ -177,11 +175,15 @@ FlowPlace TextFlow::cursorPlace() const {
     return {index, y - above};
 }
 
+// Pages above the settled place are measured once.
 void TextFlow::measure() {
-    mPages = pageCorners(*mDocument.painter);
-    mPages.resize(std::max(std::min(endPlace().page + 1, mPages.size()), size_t{1}));
+    const size_t known = mPages.empty() ? 0 : mSettled.page;
+    std::vector<FlowPage> pages = pageCorners(*mDocument.painter);
+    pages.resize(std::max({std::min(endPlace().page + 1, pages.size()), known, size_t{1}}));
+    std::copy_n(mPages.begin(), known, pages.begin());
+    mPages = std::move(pages);
     const Reference<css::text::XPageCursor> page(mCursor, UNO_QUERY_THROW);
-    for (size_t i = 1; i < mPages.size(); ++i) {
+    for (size_t i = std::max(known, size_t{1}); i < mPages.size(); ++i) {
         page->jumpToPage(static_cast<sal_Int16>(i + 1));
         page->jumpToStartOfPage();
         mPages[i].top += cursorPlace().y;
@@ -189,7 +191,7 @@ void TextFlow::measure() {
     // A page's text ends below its last line, whose height is taken from its
     // distance to the line above.
     const Reference<css::view::XViewCursor> above(mCursor, UNO_QUERY_THROW);
-    for (size_t i = 0; i + 1 < mPages.size(); ++i) {
+    for (size_t i = known; i + 1 < mPages.size(); ++i) {
         page->jumpToPage(static_cast<sal_Int16>(i + 1));
         page->jumpToEndOfPage();
         const int64_t lastLine = cursorPlace().y;
