@@ -13,10 +13,8 @@ namespace lectern::engine {
 
 namespace {
 
-// Characters, or as much of shorter paragraphs. The first portion fills the stretch
-// of a phone; the other takes some milliseconds, for which a call may have to wait.
-constexpr uint32_t FIRST_PORTION = 8192;
-constexpr uint32_t IDLE_PORTION = 4096;
+// The most rows whose lines are remembered.
+constexpr size_t MOST_LINES = 64;
 
 } // namespace
 
@@ -27,9 +25,10 @@ WordDocument::Private::Private(Office::Private& suite, OpenedDocument openedDocu
 
 void WordDocument::Private::layOut() {
     const uint32_t kept = top > 0 ? topLeft() : 0;
-    flow.layOut(layoutWidth(surface.width, dpi), kept + FIRST_PORTION);
+    flow.layOut(layoutWidth(surface.width, dpi), kept + stretchCharacters());
     map = RowMap(flow.pages(), dpi);
     painter.forget();
+    lines.clear();
     for (PlacedRanges* ranges : {&hits, &selectedLines}) {
         ranges->forgetPlaces();
     }
@@ -37,34 +36,23 @@ void WordDocument::Private::layOut() {
         sideTexts->places().forgetPlaces();
     }
     laidOut = {surface.width, surface.height, dpi};
+    expectUsualMove();
     top = kept > 0 ? positions.lineRow(map, kept) : 0;
     layOutRows(bottom());
 }
 
-// The portions grow, because a row may be far away, and every portion takes some
-// time besides that for its text.
-void WordDocument::Private::layOutRows(int64_t row) {
-    for (uint32_t portion = FIRST_PORTION; !flow.isWhole() && map.rowOf(flow.settled()) < row; portion *= 2) {
-        layOutPortion(portion);
+uint32_t WordDocument::Private::lineAtOrBelow(int64_t row) {
+    if (const auto known = lines.find(row); known != lines.end()) {
+        return known->second;
     }
-}
-
-void WordDocument::Private::layOutTo(uint32_t character) {
-    if (flow.isWhole() || character < flow.end()) {
-        return;
+    if (lines.size() >= MOST_LINES) {
+        lines.clear();
     }
-    flow.layOutTo(character + FIRST_PORTION);
-    noteMoreText();
+    return lines[row] = positions.lineAtOrBelow(map, row);
 }
 
-void WordDocument::Private::layOutPortion(uint32_t characters) {
-    flow.layOutPortion(characters);
-    noteMoreText();
-}
-
-void WordDocument::Private::noteMoreText() {
-    map = RowMap(flow.pages(), laidOut.dpi);
-    painter.forget(); // the last band may show more now
+int64_t WordDocument::Private::lineRow(uint32_t position) const {
+    return nextHit && nextHit->position == position ? nextHit->row : positions.lineRow(map, position);
 }
 
 void WordDocument::Private::paint(int32_t first, int32_t last) {
@@ -94,6 +82,9 @@ void WordDocument::Private::moveTo(int64_t row) {
     const int64_t by = row - top;
     top = row;
     const int64_t kept = surface.height - std::abs(by);
+    if (by != 0) {
+        kept > 0 ? setAhead(by) : expectUsualMove();
+    }
     if (kept <= 0) {
         paint(0, surface.height);
         return;
@@ -109,21 +100,21 @@ void WordDocument::Private::moveTo(int64_t row) {
     }
 }
 
-uint32_t WordDocument::Private::topLeft() const {
+uint32_t WordDocument::Private::topLeft() {
     if (top == 0) {
         return 0;
     }
     const uint32_t last = positions.count();
-    return std::clamp(positions.lineAtOrBelow(map, top), std::min(1U, last), last);
+    return std::clamp(lineAtOrBelow(top), std::min(1U, last), last);
 }
 
-uint32_t WordDocument::Private::bottomRight() const {
+uint32_t WordDocument::Private::bottomRight() {
     const uint32_t count = positions.count();
     if (bottom() >= map.rows()) {
         return count;
     }
     // The last line may begin above the bottom and go on below it.
-    return std::min(positions.lineAtOrBelow(map, bottom()), std::max(count, 1U) - 1);
+    return std::min(lineAtOrBelow(bottom()), std::max(count, 1U) - 1);
 }
 
 int32_t WordDocument::open(Office& office, const std::string& path, const std::string& password,
@@ -212,7 +203,7 @@ int32_t WordDocument::jumpToCharacter(int32_t story, uint32_t position) {
     }
     return mPrivate->onLayout([&]() -> int32_t {
         mPrivate->layOutTo(position);
-        mPrivate->moveTo(mPrivate->positions.lineRow(mPrivate->map, position));
+        mPrivate->moveTo(mPrivate->lineRow(position));
         return MODULE_OK;
     });
 }
@@ -225,18 +216,6 @@ int32_t WordDocument::layoutSize(int32_t& width, int32_t& height) {
             std::min<int64_t>(mPrivate->map.rows(), std::numeric_limits<int32_t>::max()));
         return MODULE_OK;
     });
-}
-
-bool WordDocument::prepareNext() {
-    Private& d = *mPrivate;
-    const int32_t result = guardedInOffice([&]() -> int32_t {
-        if (!d.isCurrent() || d.flow.isWhole()) {
-            return MODULE_NOTHING_THERE;
-        }
-        d.layOutPortion(IDLE_PORTION);
-        return MODULE_OK;
-    });
-    return result == MODULE_OK;
 }
 
 bool WordDocument::takePainted() {

@@ -5,8 +5,11 @@
 #include "tests/system/office/DocxBuilder.h"
 #include "tests/system/office/OfficeFixture.h"
 
+#include <algorithm>
 #include <string>
 #include <tuple>
+#include <utility>
+#include <vector>
 
 namespace lectern::engine::test {
 
@@ -72,8 +75,8 @@ public:
 
 TEST_F(LongText, TheFirstStretchIsLaidOutWithoutTheRest) {
     const auto shown = opened();
-    EXPECT_GT(prepareAll(*shown), 5);
-    EXPECT_EQ(prepareAll(*wholeLayout()), 0) << "the size of the whole text needs all of it";
+    const int portions = prepareAll(*shown);
+    EXPECT_GT(portions, prepareAll(*wholeLayout()) + 5) << "the size of the whole text needs all of it";
 }
 
 TEST_F(LongText, IsNotPreparedBeforeAStretchIsShown) {
@@ -164,6 +167,68 @@ TEST_F(LongText, AZoomBeforeTheRestIsLaidOutShowsTheSameAsAfter) {
     EXPECT_EQ(early->pixels(), late->pixels());
     EXPECT_EQ(early->topLeft(), late->topLeft());
     EXPECT_EQ(early->rows(), late->rows());
+}
+
+// The stretch after every move, with the hits on it.
+struct Moves {
+    std::vector<std::vector<uint32_t>> pixels;
+    std::vector<std::pair<uint32_t, uint32_t>> places;
+    std::vector<std::vector<uint32_t>> hits;
+    friend bool operator==(const Moves&, const Moves&) = default;
+};
+
+TEST_F(LongText, MovesPreparedWhileIdleShowTheSame) {
+    const auto movesOf = [](bool prepares, const std::u16string& word) {
+        const auto shown = wholeLayout();
+        std::vector<CharacterRange> found;
+        EXPECT_EQ(shown->document().find(word, {0, shown->count()}, found), MODULE_OK);
+        Moves moves;
+        const auto note = [&] {
+            const StretchPlace place = shown->place();
+            std::vector<FoundRegion> regions;
+            EXPECT_EQ(shown->document().foundRegions(regions), MODULE_OK);
+            std::vector<uint32_t> hits;
+            for (const FoundRegion& region : regions) {
+                hits.push_back(region.position);
+            }
+            moves.pixels.push_back(shown->pixels());
+            moves.places.emplace_back(place.topLeft, place.bottomRight);
+            moves.hits.push_back(hits);
+            prepares ? prepareAll(*shown) : 0;
+        };
+        for (int i = 0; i < 8; ++i) {
+            shown->scrollDown(167);
+            note();
+        }
+        for (int i = 0; i < 5; ++i) {
+            shown->scrollUp(167);
+            note();
+        }
+        for (int i = 0; i < 4; ++i) {
+            const uint32_t bottom = shown->bottomRight();
+            const auto next = std::find_if(found.begin(), found.end(),
+                                           [&](const CharacterRange& hit) { return hit.start >= bottom; });
+            EXPECT_EQ(shown->document().jumpToCharacter(0, next == found.end() ? 0 : next->start), MODULE_OK);
+            note();
+        }
+        return moves;
+    };
+    for (const std::u16string word : {u"word48", u"zebra", u"nowhere"}) {
+        const Moves plain = movesOf(false, word);
+        const Moves prepared = movesOf(true, word);
+        EXPECT_EQ(plain.places, prepared.places);
+        EXPECT_EQ(plain.hits, prepared.hits);
+        EXPECT_EQ(plain.pixels == prepared.pixels, true);
+    }
+}
+
+TEST_F(LongText, PreparationEndsAndBeginsAgainWithTheNextMove) {
+    const auto shown = wholeLayout();
+    shown->scrollDown(167);
+    EXPECT_GT(prepareAll(*shown), 0);
+    EXPECT_EQ(prepareAll(*shown), 0);
+    shown->scrollDown(167);
+    EXPECT_GT(prepareAll(*shown), 0);
 }
 
 TEST_F(LongText, WordsAndSelectionsAreThoseOfTheWholeText) {
