@@ -16,22 +16,35 @@
 
 namespace lectern::engine {
 
+// Hits on the stretch. Moving it keeps the addresses of its elements.
+struct Regions {
+    std::vector<module_rect> rectangles;
+    std::vector<wtg_find_region> regions;
+};
+// Converts what FoundRegions returns; empty when the counts do not match the
+// number of rectangles.
+std::optional<Regions> regionsOf(GVariant* positions, GVariant* counts, GVariant* rectangles);
+
 // The object behind a wtg_ document handle.
 struct WordHandle : DocumentHandle {
     std::unique_ptr<SharedSurface> surface; // painted by the engine; null until a buffer is set
     bool painted = false;                   // whether the surface has been painted at least once
     bool borrowed = false;                  // whether it shows a secondary document
     std::optional<StretchPlace> place;      // as long as it is the engine's
+    std::optional<Regions> nextRegions;     // the hits there, until they are asked for
     std::uint32_t* pixels = nullptr; // the caller's buffer of the surface's size; null after a refused one
 
     // Arrays returned to the caller; each is valid until the next call of its function.
     std::vector<wtg_find_result> results;
-    std::vector<module_rect> regionRectangles;
-    std::vector<wtg_find_region> regions;
+    Regions regions;
     wtg_click_info click{};
     std::vector<std::uint16_t> clickAddress;
     std::vector<module_rect> clickRegions;
 
+    void forgetStretch() {
+        place.reset();
+        nextRegions.reset();
+    }
     void refreshPixels() const {
         if (painted && pixels != nullptr) {
             surface->copyTo(pixels);
@@ -61,6 +74,9 @@ std::int32_t callEngine(WordHandle& handle, Method method, std::tuple<Inputs...>
     return result;
 }
 
+// Keeps what an answer tells of the stretch.
+void keepStretch(WordHandle& handle, GVariant* stretch);
+
 // For functions without outputs.
 template<class Method, class... Inputs>
 std::int32_t tell(void* doc, Method method, Inputs... inputs) {
@@ -73,9 +89,23 @@ std::int32_t tell(void* doc, Method method, Inputs... inputs) {
 template<class Method, class... Inputs>
 std::int32_t tellToMove(void* doc, Method method, Inputs... inputs) {
     return onDocument(doc, [&](WordHandle& handle) {
-        handle.place.reset();
+        handle.forgetStretch();
         return callEngine(handle, method, std::tuple<Inputs...>(inputs...));
     });
+}
+
+// One call that answers with the stretch, after outputs of its own; `result` is
+// that of the call. The stretch is known until the next call that changes it.
+template<class Method, class... Inputs, class... Outputs>
+std::int32_t callForStretch(WordHandle& handle, Method method, std::tuple<Inputs...> inputs,
+                            Outputs&&... outputs) {
+    GLibHolder<GVariant> stretch;
+    handle.forgetStretch();
+    const std::int32_t result = callEngine(handle, method, inputs, outputs..., out(stretch));
+    if (result == MODULE_OK) {
+        keepStretch(handle, stretch.get());
+    }
+    return result;
 }
 
 // For functions whose only argument besides the document is an output for one

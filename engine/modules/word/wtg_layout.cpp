@@ -13,7 +13,7 @@ std::int32_t replaceSurface(WordHandle& handle, std::uint32_t* pixels, std::int3
                             std::int32_t height) {
     std::unique_ptr<SharedSurface> surface;
     gboolean painted = FALSE;
-    handle.place.reset();
+    handle.forgetStretch();
     const std::int32_t result =
         offerSurface(handle, width, height, surface,
                      [&](GVariant* memory, GUnixFDList* files, gint* answer, GError** error) {
@@ -44,20 +44,15 @@ std::int32_t scroll(void* doc, std::int32_t view, std::int32_t rows, std::int32_
     }
     return onDocument(doc, [&](WordHandle& handle) -> std::int32_t {
         gint moved = 0;
-        StretchPlace place;
-        handle.place.reset();
-        const std::int32_t result = callEngine(handle, method, std::tuple(gint{rows}), &moved, &place.topLeft,
-                                               &place.bottomRight, &place.usedRows);
+        const std::int32_t result = callForStretch(handle, method, std::tuple(gint{rows}), &moved);
         if (result != MODULE_OK) {
             return result;
         }
         // The view relies on this: a move further than asked would make its
         // position in the text wrong.
         if (moved < 0 || moved > rows) {
+            handle.forgetStretch();
             return MODULE_FAILED;
-        }
-        if (place.usedRows >= 0) {
-            handle.place = place;
         }
         *scrolled = moved;
         return MODULE_OK;
@@ -70,15 +65,11 @@ template<class Use>
 std::int32_t onPlace(void* doc, Use use) {
     return onDocument(doc, [&](WordHandle& handle) -> std::int32_t {
         if (!handle.place || !handle.engine->isAlive()) {
-            StretchPlace place;
-            handle.place.reset();
             const std::int32_t result =
-                callEngine(handle, &lectern_ipc_word_call_stretch_place_sync, std::tuple<>(), &place.topLeft,
-                           &place.bottomRight, &place.usedRows);
-            if (result != MODULE_OK) {
-                return result;
+                callForStretch(handle, &lectern_ipc_word_call_stretch_place_sync, std::tuple<>());
+            if (result != MODULE_OK || !handle.place) {
+                return result != MODULE_OK ? result : MODULE_FAILED;
             }
-            handle.place = place;
         }
         return use(handle, *handle.place);
     });
@@ -96,6 +87,24 @@ std::int32_t getCharacter(void* doc, std::int32_t view, std::uint32_t* position,
 }
 
 } // namespace
+
+void lectern::engine::keepStretch(WordHandle& handle, GVariant* stretch) {
+    StretchPlace place;
+    gboolean known = FALSE;
+    GVariant* positions = nullptr;
+    GVariant* counts = nullptr;
+    GVariant* rectangles = nullptr;
+    g_variant_get(stretch, "(uuib@au@au@ai)", &place.topLeft, &place.bottomRight, &place.usedRows, &known,
+                  &positions, &counts, &rectangles);
+    const GLibHolder<GVariant> owners[] = {GLibHolder<GVariant>(positions), GLibHolder<GVariant>(counts),
+                                           GLibHolder<GVariant>(rectangles)};
+    if (place.usedRows >= 0) {
+        handle.place = place;
+    }
+    if (known != FALSE) {
+        handle.nextRegions = regionsOf(positions, counts, rectangles);
+    }
+}
 
 int32_t wtg_set_offscreen_buffer(void* doc, int32_t view, uint32_t* pixels, int32_t width, int32_t height) {
     if (view != 0) {
@@ -171,7 +180,10 @@ int32_t wtg_scroll_up(void* doc, int32_t view, int32_t rows, int32_t* scrolled) 
 }
 
 int32_t wtg_jump_to_character(void* doc, int32_t story, uint32_t position) {
-    return tellToMove(doc, &lectern_ipc_word_call_jump_to_character_sync, gint{story}, guint{position});
+    return onDocument(doc, [&](WordHandle& handle) {
+        return callForStretch(handle, &lectern_ipc_word_call_jump_to_character_sync,
+                              std::tuple(gint{story}, guint{position}));
+    });
 }
 
 int32_t wtg_page_layout_size(void* doc, int32_t view, int32_t* width, int32_t* height) {

@@ -8,28 +8,47 @@
 using namespace lectern::engine;
 using lectern::GLibHolder;
 
-namespace {
-
-// Stores regions with their rectangles; returns false when the counts do not
-// match the number of rectangles.
-bool keepRegions(WordHandle& handle, GVariant* positions, GVariant* counts, GVariant* rectangles) {
-    handle.regions.clear();
-    handle.regionRectangles = rectanglesOf(rectangles);
+std::optional<Regions> lectern::engine::regionsOf(GVariant* positions, GVariant* counts,
+                                                  GVariant* rectangles) {
+    Regions kept;
+    kept.rectangles = rectanglesOf(rectangles);
     const std::span<const std::uint32_t> starts = elementsOf<std::uint32_t>(positions);
     const std::span<const std::uint32_t> sizes = elementsOf<std::uint32_t>(counts);
     if (starts.size() != sizes.size()) {
-        return false;
+        return std::nullopt;
     }
     std::size_t next = 0;
     for (std::size_t i = 0; i < starts.size(); i++) {
-        if (sizes[i] > handle.regionRectangles.size() - next) {
-            handle.regions.clear();
-            return false;
+        if (sizes[i] > kept.rectangles.size() - next) {
+            return std::nullopt;
         }
-        handle.regions.push_back({starts[i], handle.regionRectangles.data() + next, sizes[i]});
+        kept.regions.push_back({starts[i], kept.rectangles.data() + next, sizes[i]});
         next += sizes[i];
     }
-    return true;
+    return kept;
+}
+
+namespace {
+
+// Asks for the regions unless they came with the last move.
+std::int32_t fetchRegions(WordHandle& handle) {
+    if (!handle.nextRegions || !handle.engine->isAlive()) {
+        GLibHolder<GVariant> positions;
+        GLibHolder<GVariant> counts;
+        GLibHolder<GVariant> rectangles;
+        const std::int32_t result = callEngine(handle, &lectern_ipc_word_call_found_regions_sync,
+                                               std::tuple<>(), out(positions), out(counts), out(rectangles));
+        if (result != MODULE_OK) {
+            return result;
+        }
+        handle.nextRegions = regionsOf(positions.get(), counts.get(), rectangles.get());
+    }
+    if (!handle.nextRegions) {
+        return MODULE_FAILED;
+    }
+    handle.regions = std::move(*handle.nextRegions);
+    handle.nextRegions.reset();
+    return MODULE_OK;
 }
 
 } // namespace
@@ -44,6 +63,7 @@ int32_t wtg_find(void* doc, const uint16_t* text, int32_t /*flags*/, uint32_t* f
     *count = 0;
     return onDocument(doc, [&](WordHandle& handle) {
         handle.results.clear();
+        handle.nextRegions.reset();
         GLibHolder<GVariant> hits;
         const GLibHolder<GVariant> wanted = unitsOf(text);
         const std::int32_t result = callEngine(handle, &lectern_ipc_word_call_find_sync,
@@ -68,20 +88,12 @@ int32_t wtg_get_found_regions(void* doc, int32_t view, int32_t* count, const wtg
     *count = 0;
     *regions = nullptr;
     return onDocument(doc, [&](WordHandle& handle) -> std::int32_t {
-        handle.regions.clear();
-        GLibHolder<GVariant> positions;
-        GLibHolder<GVariant> counts;
-        GLibHolder<GVariant> rectangles;
-        const std::int32_t result = callEngine(handle, &lectern_ipc_word_call_found_regions_sync,
-                                               std::tuple<>(), out(positions), out(counts), out(rectangles));
-        if (result != MODULE_OK) {
+        handle.regions = {};
+        if (const std::int32_t result = fetchRegions(handle); result != MODULE_OK) {
             return result;
         }
-        if (!keepRegions(handle, positions.get(), counts.get(), rectangles.get())) {
-            return MODULE_FAILED;
-        }
-        *count = static_cast<std::int32_t>(handle.regions.size());
-        *regions = handle.regions.empty() ? nullptr : handle.regions.data();
+        *count = static_cast<std::int32_t>(handle.regions.regions.size());
+        *regions = handle.regions.regions.empty() ? nullptr : handle.regions.regions.data();
         return MODULE_OK;
     });
 }
@@ -89,7 +101,8 @@ int32_t wtg_get_found_regions(void* doc, int32_t view, int32_t* count, const wtg
 int32_t wtg_stop_find(void* doc) {
     return onDocument(doc, [](WordHandle& handle) {
         handle.results.clear();
-        handle.regions.clear();
+        handle.regions = {};
+        handle.nextRegions.reset();
         return callEngine(handle, &lectern_ipc_word_call_stop_find_sync, std::tuple<>());
     });
 }

@@ -12,7 +12,9 @@ namespace {
 
 // The longest time that one call places ranges. It is reached only with thousands
 // of ranges in one table; the remaining ones are placed by later calls.
-constexpr std::chrono::seconds MOST_TIME(3);
+constexpr std::chrono::milliseconds MOST_TIME(3'000);
+// ... and that a call may have to wait while ranges are prepared.
+constexpr std::chrono::milliseconds IDLE_TIME(3);
 
 std::vector<TextBox> textBoxes(const RowMap& map, const std::vector<ViewBox>& lines) {
     std::vector<TextBox> boxes;
@@ -53,6 +55,7 @@ PlacedRanges::PlacedRanges(std::vector<CharacterRange> ranges)
 
 void PlacedRanges::forgetPlaces() {
     std::fill(mPlaces.begin(), mPlaces.end(), std::nullopt);
+    mFirst = mLast = 0;
 }
 
 std::vector<size_t> PlacedRanges::inRows(const LaidOutText& text, int64_t first, int64_t last) {
@@ -60,7 +63,7 @@ std::vector<size_t> PlacedRanges::inRows(const LaidOutText& text, int64_t first,
     if (mRanges.empty() || first >= last || first >= text.map.rows()) {
         return found;
     }
-    place(text, around(text, first, last));
+    placeInRows(text, first, last, MOST_TIME);
     for (size_t index = 0; index < mRanges.size(); ++index) {
         if (mPlaces[index] &&
             std::any_of(mPlaces[index]->begin(), mPlaces[index]->end(),
@@ -71,8 +74,28 @@ std::vector<size_t> PlacedRanges::inRows(const LaidOutText& text, int64_t first,
     return found;
 }
 
+bool PlacedRanges::prepare(const LaidOutText& text, int64_t first, int64_t last) {
+    return !mRanges.empty() && first < last && !placeInRows(text, first, last, IDLE_TIME);
+}
+
+// Asking the suite for the characters near the rows takes longer than all else, so
+// rows are looked at once.
+bool PlacedRanges::placeInRows(const LaidOutText& text, int64_t first, int64_t last,
+                               std::chrono::milliseconds most) {
+    if (first >= mFirst && last <= mLast) {
+        return true;
+    }
+    if (!place(text, around(text, first, last), most)) {
+        return false;
+    }
+    const bool adjoins = first <= mLast && last >= mFirst;
+    mFirst = adjoins ? std::min(first, mFirst) : first;
+    mLast = adjoins ? std::max(last, mLast) : last;
+    return true;
+}
+
 void PlacedRanges::placeAll(const LaidOutText& text) {
-    place(text, {0, text.positions.count()});
+    place(text, {0, text.positions.count()}, MOST_TIME);
     for (auto& boxes : mPlaces) {
         if (!boxes) {
             boxes.emplace();
@@ -80,23 +103,25 @@ void PlacedRanges::placeAll(const LaidOutText& text) {
     }
 }
 
-void PlacedRanges::place(const LaidOutText& text, CharacterRange near) {
+bool PlacedRanges::place(const LaidOutText& text, CharacterRange near, std::chrono::milliseconds most) {
     std::optional<LineBoxes> lines;
     const auto start = std::chrono::steady_clock::now();
     for (size_t index = 0; index < mRanges.size(); ++index) {
         const CharacterRange& range = mRanges[index];
         const bool isNear = range.end > near.start && range.start < near.end;
-        if (mPlaces[index] || (!isNear && !text.positions.body().paragraphAt(range.start).isInFrame)) {
+        if (mPlaces[index] || range.end > text.flow.end() ||
+            (!isNear && !text.positions.body().paragraphAt(range.start).isInFrame)) {
             continue;
         }
-        if (std::chrono::steady_clock::now() - start > MOST_TIME) {
-            break;
+        if (lines && std::chrono::steady_clock::now() - start > most) {
+            return false;
         }
         if (!lines) {
             lines.emplace(text.painter, text.flow, text.positions);
         }
         mPlaces[index] = textBoxes(text.map, linesOf(*lines, range));
     }
+    return true;
 }
 
 } // namespace lectern::engine

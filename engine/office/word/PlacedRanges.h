@@ -3,6 +3,7 @@
 
 #include "engine/office/word/LineBoxes.h"
 
+#include <chrono>
 #include <optional>
 #include <vector>
 
@@ -39,6 +40,9 @@ public:
     // Indices, ascending, of the ranges with a box that touches rows [first,
     // last) of the text.
     std::vector<size_t> inRows(const LaidOutText& text, int64_t first, int64_t last);
+    // Places some of the ranges near rows [first, last), for some milliseconds.
+    // Returns false when all are placed.
+    bool prepare(const LaidOutText& text, int64_t first, int64_t last);
     // Places all ranges; use for a small number of them only.
     void placeAll(const LaidOutText& text);
     // The boxes of a placed range, from top to bottom. The ranges returned by
@@ -46,10 +50,15 @@ public:
     const std::vector<TextBox>& boxes(size_t index) const { return *mPlaces[index]; }
 
 private:
-    void place(const LaidOutText& text, CharacterRange near);
+    // Both return false when the time was too short.
+    bool place(const LaidOutText& text, CharacterRange near, std::chrono::milliseconds most);
+    bool placeInRows(const LaidOutText& text, int64_t first, int64_t last, std::chrono::milliseconds most);
 
     std::vector<CharacterRange> mRanges;
     std::vector<std::optional<std::vector<TextBox>>> mPlaces;
+    // All ranges in rows [mFirst, mLast) are placed.
+    int64_t mFirst = 0;
+    int64_t mLast = 0;
 };
 
 } // namespace lectern::engine

@@ -13,6 +13,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <utility>
 
 namespace lectern::engine {
 
@@ -31,10 +32,9 @@ constexpr int64_t LEAST_LINE = 240;
 constexpr int64_t LOWER_BORDER = 30; // of a table at the end of the text
 
 // The first layout of a page takes time quadratic in the number of its
-// paragraphs. A long plain text is therefore laid out on pages of growing
-// height, and finally stays on a few.
+// paragraphs. A long plain text is therefore laid out on several pages.
 constexpr size_t MANY_PARAGRAPHS = 8'000;
-constexpr int32_t GROWING_PAGES[] = {300'000, 3'000'000};
+constexpr int32_t PLAIN_PAGE = 300'000;
 
 // Changes made during this object's lifetime are laid out together when it is destroyed.
 class LayoutPause {
@@ -84,64 +84,86 @@ int32_t layoutWidth(int32_t pixels, int32_t dpi) {
 }
 
 TextFlow::TextFlow(const OpenedDocument& document, PreparedDocument& prepared)
-    : mDocument(document), mPrepared(prepared) {
+    : mDocument(document), mPrepared(prepared), mShown(document.model, prepared.body, prepared.end) {
     const Reference<css::text::XTextViewCursorSupplier> supplier(document.model->getCurrentController(),
                                                                  UNO_QUERY_THROW);
     mCursor = supplier->getViewCursor();
 }
 
-void TextFlow::layOut(int32_t width) {
+void TextFlow::layOut(int32_t width, uint32_t end) {
     if (width == mWidth) {
+        layOutTo(end);
         return;
     }
     const auto pageWidth = static_cast<int32_t>(hundredthMmFromTwips(width));
     if (isLongPlainText()) {
-        if (mWidth == 0) {
-            layOutOn(pageWidth, GROWING_PAGES[0]);
-        }
-        layOutOn(pageWidth, GROWING_PAGES[1]);
+        layOutOn(pageWidth, PLAIN_PAGE, end);
     } else {
-        layOutOnOnePage(pageWidth);
+        layOutOn(pageWidth, GIANT_PAGE, end);
+        finishPage(pageWidth);
     }
     mWidth = width;
+    mPages.clear();
     measure();
 }
 
-void TextFlow::layOutOnOnePage(int32_t pageWidth) {
-    layOutOn(pageWidth, GIANT_PAGE);
+void TextFlow::layOutTo(uint32_t end) {
+    if (isWhole() || end <= mShown.end()) {
+        return;
+    }
+    layOutOn(mPageSize.Width, mPageSize.Height, end);
+    if (!isLongPlainText()) {
+        finishPage(mPageSize.Width);
+    }
+    measure();
+}
+
+// What a layout on one page leaves to do.
+void TextFlow::finishPage(int32_t pageWidth) {
     // Text that was on several pages may stay there; a change of the height joins it.
-    if (end().page > 0) {
-        layOutOn(pageWidth, GIANT_PAGE + 1000);
+    if (isWhole() && endPlace().page > 0) {
+        layOutOn(pageWidth, GIANT_PAGE + 1000, WHOLE);
     }
     if (undoEnlargement(mPrepared.shapes)) {
-        layOutOn(pageWidth, GIANT_PAGE);
+        layOutOn(pageWidth, GIANT_PAGE, end());
+    }
+    if (!isWhole()) {
+        return;
     }
     // Painting a tile is slower on a higher page, so the page is cut to the text.
-    if (const FlowPlace last = end(); last.page == 0) {
-        layOutOn(pageWidth, static_cast<int32_t>(hundredthMmFromTwips(last.y)) + PAGE_SLACK);
+    if (const FlowPlace last = endPlace(); last.page == 0) {
+        layOutOn(pageWidth, static_cast<int32_t>(hundredthMmFromTwips(last.y)) + PAGE_SLACK, WHOLE);
     }
-    if (end().page > 0) {
-        layOutOn(pageWidth, GIANT_PAGE);
+    if (endPlace().page > 0) {
+        layOutOn(pageWidth, GIANT_PAGE, WHOLE);
     }
 }
 
-void TextFlow::layOutOn(int32_t pageWidth, int32_t pageHeight) {
+void TextFlow::layOutOn(int32_t pageWidth, int32_t pageHeight, uint32_t end) {
     const LayoutPause pause(mDocument.model);
-    if (pageWidth != mFittedWidth) {
+    if (pageWidth != mPageSize.Width) {
         fitShapes(mPrepared.shapes, pageWidth - 2 * PAGE_MARGIN);
         fitIndents(mPrepared.indents, pageWidth - 2 * PAGE_MARGIN);
-        mFittedWidth = pageWidth;
     }
-    setPageSize(mDocument.model, pageWidth, pageHeight);
+    mShown.showTo(end);
+    if (pageWidth != mPageSize.Width || pageHeight != mPageSize.Height) {
+        setPageSize(mDocument.model, pageWidth, pageHeight);
+        mPageSize = {pageWidth, pageHeight};
+    }
 }
 
 bool TextFlow::isLongPlainText() const {
     return mPrepared.body.paragraphs().size() > MANY_PARAGRAPHS && !mPrepared.body.hasTables();
 }
 
-FlowPlace TextFlow::end() const {
-    mCursor->gotoRange(mPrepared.end, false);
+FlowPlace TextFlow::placeOf(const Reference<css::text::XTextRange>& range) const {
+    mCursor->gotoRange(range, false);
     return cursorPlace();
+}
+
+// Where the text ends, as far as it is laid out.
+FlowPlace TextFlow::endPlace() const {
+    return placeOf(mPrepared.end);
 }
 
 FlowPlace TextFlow::cursorPlace() const {
@@ -153,11 +175,15 @@ FlowPlace TextFlow::cursorPlace() const {
     return {index, y - above};
 }
 
+// Pages above the settled place are measured once.
 void TextFlow::measure() {
-    mPages = pageCorners(*mDocument.painter);
-    mPages.resize(std::max(std::min(end().page + 1, mPages.size()), size_t{1}));
+    const size_t known = mPages.empty() ? 0 : mSettled.page;
+    std::vector<FlowPage> pages = pageCorners(*mDocument.painter);
+    pages.resize(std::max({std::min(endPlace().page + 1, pages.size()), known, size_t{1}}));
+    std::copy_n(mPages.begin(), known, pages.begin());
+    mPages = std::move(pages);
     const Reference<css::text::XPageCursor> page(mCursor, UNO_QUERY_THROW);
-    for (size_t i = 1; i < mPages.size(); ++i) {
+    for (size_t i = std::max(known, size_t{1}); i < mPages.size(); ++i) {
         page->jumpToPage(static_cast<sal_Int16>(i + 1));
         page->jumpToStartOfPage();
         mPages[i].top += cursorPlace().y;
@@ -165,14 +191,17 @@ void TextFlow::measure() {
     // A page's text ends below its last line, whose height is taken from its
     // distance to the line above.
     const Reference<css::view::XViewCursor> above(mCursor, UNO_QUERY_THROW);
-    for (size_t i = 0; i + 1 < mPages.size(); ++i) {
+    for (size_t i = known; i + 1 < mPages.size(); ++i) {
         page->jumpToPage(static_cast<sal_Int16>(i + 1));
         page->jumpToEndOfPage();
         const int64_t lastLine = cursorPlace().y;
         above->goUp(1, false);
         mPages[i].height = lastLine + std::max(lastLine - cursorPlace().y, LEAST_LINE);
     }
-    mPages.back().height = end().y + LOWER_BORDER;
+    mPages.back().height = endPlace().y + LOWER_BORDER;
+    if (!isWhole()) {
+        mSettled = placeOf(mShown.last().range->getStart());
+    }
 }
 
 } // namespace lectern::engine

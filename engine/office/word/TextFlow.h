@@ -4,9 +4,11 @@
 #include "engine/layout/FlowPages.h"
 #include "engine/office/DocumentLoading.h"
 #include "engine/office/word/Preparation.h"
+#include "engine/office/word/ShownPart.h"
 
 #include <com/sun/star/text/XTextViewCursor.hpp>
 
+#include <limits>
 #include <vector>
 
 namespace lectern::engine {
@@ -15,15 +17,29 @@ namespace lectern::engine {
 int32_t layoutWidth(int32_t pixels, int32_t dpi);
 
 // The layout of a prepared document as one continuous text: on one giant page,
-// or on a few when the text is too long for one.
+// or on a few when the text is too long for one. A long text may be laid out from
+// its start in portions; rows above settled() stay as they are.
 class TextFlow {
 public:
+    static constexpr uint32_t WHOLE = std::numeric_limits<uint32_t>::max();
+
     // Both must outlive this. Every layout fits the prepared shapes and indents
     // to its width.
     TextFlow(const OpenedDocument& document, PreparedDocument& prepared);
 
-    // Lays out to a width in twips; does nothing when the layout has that width.
-    void layOut(int32_t width);
+    // Lays out to a width in twips, at least what is before the character `end`.
+    // Does nothing when the layout has that width, and that much of the text.
+    void layOut(int32_t width, uint32_t end = WHOLE);
+    // Lays out more of the text, in the same width: at least what is before `end`,
+    // or a portion that takes about as long as `characters` of long paragraphs.
+    void layOutTo(uint32_t end);
+    void layOutPortion(uint32_t characters) { layOutTo(mShown.endOfPortion(characters)); }
+
+    bool isWhole() const { return mShown.isWhole(); }
+    // The first character that is not laid out; the text's length when all is.
+    uint32_t end() const { return mShown.end(); }
+    // The place above which nothing changes when more is laid out. REQUIRES: !isWhole().
+    const FlowPlace& settled() const { return mSettled; }
 
     // Contains at least one page after the first layout.
     const std::vector<FlowPage>& pages() const { return mPages; }
@@ -34,18 +50,21 @@ public:
     FlowPlace cursorPlace() const;
 
 private:
-    void layOutOn(int32_t pageWidth, int32_t pageHeight);
-    void layOutOnOnePage(int32_t pageWidth);
+    void layOutOn(int32_t pageWidth, int32_t pageHeight, uint32_t end);
+    void finishPage(int32_t pageWidth);
     bool isLongPlainText() const;
-    FlowPlace end() const;
+    FlowPlace endPlace() const;
+    FlowPlace placeOf(const css::uno::Reference<css::text::XTextRange>& range) const;
     void measure();
 
     const OpenedDocument& mDocument;
     PreparedDocument& mPrepared;
+    ShownPart mShown;
     css::uno::Reference<css::text::XTextViewCursor> mCursor;
     std::vector<FlowPage> mPages;
+    FlowPlace mSettled{};
     int32_t mWidth = 0;       // of the last layout in twips, 0 before the first
-    int32_t mFittedWidth = 0; // width that shapes and indents were fitted to, 1/100 mm
+    css::awt::Size mPageSize; // 1/100 mm; shapes and indents are fitted to the width
 };
 
 } // namespace lectern::engine

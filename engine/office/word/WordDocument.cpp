@@ -11,6 +11,13 @@
 
 namespace lectern::engine {
 
+namespace {
+
+// The most rows whose lines are remembered.
+constexpr size_t MOST_LINES = 64;
+
+} // namespace
+
 WordDocument::Private::Private(Office::Private& suite, OpenedDocument openedDocument)
     : office(suite), document(std::move(openedDocument)), prepared(prepareForReflow(document.model)),
       flow(document, prepared), positions(document, prepared, flow), painter(*document.painter),
@@ -18,9 +25,10 @@ WordDocument::Private::Private(Office::Private& suite, OpenedDocument openedDocu
 
 void WordDocument::Private::layOut() {
     const uint32_t kept = top > 0 ? topLeft() : 0;
-    flow.layOut(layoutWidth(surface.width, dpi));
+    flow.layOut(layoutWidth(surface.width, dpi), kept + stretchCharacters());
     map = RowMap(flow.pages(), dpi);
     painter.forget();
+    lines.clear();
     for (PlacedRanges* ranges : {&hits, &selectedLines}) {
         ranges->forgetPlaces();
     }
@@ -28,7 +36,23 @@ void WordDocument::Private::layOut() {
         sideTexts->places().forgetPlaces();
     }
     laidOut = {surface.width, surface.height, dpi};
+    expectUsualMove();
     top = kept > 0 ? positions.lineRow(map, kept) : 0;
+    layOutRows(bottom());
+}
+
+uint32_t WordDocument::Private::lineAtOrBelow(int64_t row) {
+    if (const auto known = lines.find(row); known != lines.end()) {
+        return known->second;
+    }
+    if (lines.size() >= MOST_LINES) {
+        lines.clear();
+    }
+    return lines[row] = positions.lineAtOrBelow(map, row);
+}
+
+int64_t WordDocument::Private::lineRow(uint32_t position) const {
+    return nextHit && nextHit->position == position ? nextHit->row : positions.lineRow(map, position);
 }
 
 void WordDocument::Private::paint(int32_t first, int32_t last) {
@@ -54,9 +78,13 @@ void WordDocument::Private::mark(PlacedRanges& ranges, int32_t first, int32_t la
 }
 
 void WordDocument::Private::moveTo(int64_t row) {
+    layOutRows(row + surface.height);
     const int64_t by = row - top;
     top = row;
     const int64_t kept = surface.height - std::abs(by);
+    if (by != 0) {
+        kept > 0 ? setAhead(by) : expectUsualMove();
+    }
     if (kept <= 0) {
         paint(0, surface.height);
         return;
@@ -72,21 +100,21 @@ void WordDocument::Private::moveTo(int64_t row) {
     }
 }
 
-uint32_t WordDocument::Private::topLeft() const {
+uint32_t WordDocument::Private::topLeft() {
     if (top == 0) {
         return 0;
     }
     const uint32_t last = positions.count();
-    return std::clamp(positions.lineAtOrBelow(map, top), std::min(1U, last), last);
+    return std::clamp(lineAtOrBelow(top), std::min(1U, last), last);
 }
 
-uint32_t WordDocument::Private::bottomRight() const {
+uint32_t WordDocument::Private::bottomRight() {
     const uint32_t count = positions.count();
     if (bottom() >= map.rows()) {
         return count;
     }
     // The last line may begin above the bottom and go on below it.
-    return std::min(positions.lineAtOrBelow(map, bottom()), std::max(count, 1U) - 1);
+    return std::min(lineAtOrBelow(bottom()), std::max(count, 1U) - 1);
 }
 
 int32_t WordDocument::open(Office& office, const std::string& path, const std::string& password,
@@ -174,13 +202,15 @@ int32_t WordDocument::jumpToCharacter(int32_t story, uint32_t position) {
         return MODULE_BAD_ARGUMENT;
     }
     return mPrivate->onLayout([&]() -> int32_t {
-        mPrivate->moveTo(mPrivate->positions.lineRow(mPrivate->map, position));
+        mPrivate->layOutTo(position);
+        mPrivate->moveTo(mPrivate->lineRow(position));
         return MODULE_OK;
     });
 }
 
 int32_t WordDocument::layoutSize(int32_t& width, int32_t& height) {
     return mPrivate->onLayout([&]() -> int32_t {
+        mPrivate->layOutTo(mPrivate->positions.count());
         width = mPrivate->surface.width;
         height = static_cast<int32_t>(
             std::min<int64_t>(mPrivate->map.rows(), std::numeric_limits<int32_t>::max()));

@@ -67,6 +67,11 @@ public:
     int32_t information(DocumentInformation& information);
     int32_t wordCount(int32_t& count);
 
+    // Paints a part of what a further move of the stretch will show, or lays out a
+    // small part of a long text; call when idle. Returns false when nothing is left
+    // to do.
+    bool prepareNext();
+
     // Returns whether the surface was written since the last call of this function.
     bool takePainted();
 

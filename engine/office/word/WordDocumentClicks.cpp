@@ -169,6 +169,7 @@ int32_t WordDocument::openSecondary(ClickType type, uint32_t number, int32_t hei
             d.surface.pixels == nullptr) {
             return MODULE_BAD_ARGUMENT;
         }
+        d.layOutTo(d.references().places().ranges()[number].end);
         const Surface& whole = d.surface;
         const int32_t shown = std::clamp(whole.height - SIDE_TEXT_TOP, 0, height);
         if (shown > 0) {

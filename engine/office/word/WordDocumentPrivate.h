@@ -9,6 +9,7 @@
 #include "engine/office/word/TilePainter.h"
 #include "engine/office/word/WordDocument.h"
 
+#include <map>
 #include <optional>
 
 namespace lectern::engine {
@@ -37,11 +38,29 @@ struct WordDocument::Private {
                 layOut();
                 paint(0, surface.height);
             }
+            layOutRows(bottom());
             return work();
         });
     }
     bool isCurrent() const { return laidOut == LayoutKey{surface.width, surface.height, dpi}; }
     void layOut();
+    uint32_t stretchCharacters() const;
+    // Lays out more of the text until a row is settled, or a character laid out.
+    void layOutRows(int64_t row);
+    void layOutTo(uint32_t character);
+    void layOutPortion(uint32_t characters);
+    template<class LayOut>
+    void layOutMore(LayOut layOut);
+    // Does a part of what the next move in the same direction needs. Returns false
+    // when nothing of it is left to do.
+    bool prepareMove();
+    // ... and what a jump to the first hit below the stretch needs.
+    bool prepareNextHit();
+    // Does a part of what a stretch that begins at `row` needs, when rows [first,
+    // last) of it are new.
+    bool prepareStretch(int64_t row, int64_t first, int64_t last);
+    void setAhead(int64_t rows);
+    void expectUsualMove();
 
     // Paints rows [first, last) of the stretch with the hits and the selection.
     void paint(int32_t first, int32_t last);
@@ -57,8 +76,11 @@ struct WordDocument::Private {
     int64_t bottom() const { return top + surface.height; }
     int64_t usedRows() const { return std::clamp<int64_t>(map.rows() - top, 0, surface.height); }
     bool isOnText(int32_t x, int32_t y) const;
-    uint32_t topLeft() const;
-    uint32_t bottomRight() const;
+    uint32_t topLeft();
+    uint32_t bottomRight();
+    // As in TextPositions, without asking the suite for what is known.
+    uint32_t lineAtOrBelow(int64_t row);
+    int64_t lineRow(uint32_t position) const;
     LaidOutText text() { return {*document.painter, flow, positions, map}; }
     // The rectangle of a box on the surface.
     PixelRect onSurface(const TextBox& box) const;
@@ -77,8 +99,16 @@ struct WordDocument::Private {
     Surface surface;
     int32_t dpi;
     LayoutKey laidOut;
-    int64_t top = 0; // first row of the stretch
+    int64_t top = 0;   // first row of the stretch
+    int64_t ahead = 0; // rows by which it moves next, if it moves on in the same way; negative upwards
     bool painted = false;
+    // The first hit below the stretch, until that moves.
+    struct NextHit {
+        uint32_t position;
+        int64_t row;
+    };
+    std::optional<NextHit> nextHit;
+    std::map<int64_t, uint32_t> lines; // the first characters of lines at or below rows
 
     Colour highlight{128, 192, 255};      // for later finds and selections
     std::optional<SearchText> searchText; // created by the first search

@@ -106,6 +106,7 @@ int32_t WordDocument::scrollToRange(CharacterRange range) {
         return MODULE_BAD_ARGUMENT;
     }
     return d.onLayout([&]() -> int32_t {
+        d.layOutTo(range.end);
         const int64_t first = d.positions.lineRow(d.map, range.start);
         const int64_t last = d.positions.lineRow(d.map, range.end);
         if (first < d.top || last >= d.bottom()) {

@@ -32,28 +32,65 @@ gboolean handleSetSurface(Skeleton* word, Invocation* invocation, GUnixFDList* f
     return TRUE;
 }
 
-gboolean handleStretchPlace(Skeleton* word, Invocation* invocation, gpointer user) {
+// The arrays that FoundRegions returns.
+struct WrittenRegions {
+    explicit WrittenRegions(const std::vector<FoundRegion>& regions) {
+        for (const FoundRegion& region : regions) {
+            positions.push_back(region.position);
+            counts.push_back(static_cast<std::uint32_t>(region.rectangles.size()));
+            rectangles.insert(rectangles.end(), region.rectangles.begin(), region.rectangles.end());
+        }
+    }
+
+    std::vector<std::uint32_t> positions;
+    std::vector<std::uint32_t> counts;
+    std::vector<PixelRect> rectangles;
+};
+
+struct ReadStretch {
+    std::int32_t result; // for the place
+    GVariant* value;     // floating
+};
+// Reads where the stretch lies, and the hits on it. `moved`: whether that is wanted.
+ReadStretch readStretch(WordEndpoint& service, bool moved) {
     StretchPlace place;
+    std::vector<FoundRegion> found;
     const std::int32_t result =
-        serviceOf(user).run([&](Document& document) { return document.stretchPlace(place); });
-    return answer(serviceOf(user), &lectern_ipc_word_complete_stretch_place, word, invocation, result,
-                  place.topLeft, place.bottomRight, place.usedRows);
+        moved ? service.run([&](Document& document) { return document.stretchPlace(place); }) : MODULE_FAILED;
+    const bool known = result == MODULE_OK && service.run([&](Document& document) {
+        return document.foundRegions(found);
+    }) == MODULE_OK;
+    const StretchPlace shown = result == MODULE_OK ? place : StretchPlace();
+    const WrittenRegions regions(known ? found : std::vector<FoundRegion>());
+    return {result, g_variant_new("(uuib@au@au@ai)", shown.topLeft, shown.bottomRight, shown.usedRows,
+                                  known ? TRUE : FALSE, written(regions.positions), written(regions.counts),
+                                  written(regions.rectangles))};
 }
 
-// Moves the stretch by Operation and tells its new place with the same answer.
+gboolean handleStretchPlace(Skeleton* word, Invocation* invocation, gpointer user) {
+    const ReadStretch stretch = readStretch(serviceOf(user), true);
+    return answer(serviceOf(user), &lectern_ipc_word_complete_stretch_place, word, invocation, stretch.result,
+                  stretch.value);
+}
+
+// Moves the stretch by Operation and returns the stretch with the same answer.
 template<auto Operation, auto Complete>
 gboolean handleScroll(Skeleton* word, Invocation* invocation, gint rows, gpointer user) {
     WordEndpoint& service = serviceOf(user);
     std::int32_t scrolled = 0;
-    StretchPlace place;
     const std::int32_t result =
         service.run([&](Document& document) { return (document.*Operation)(rows, scrolled); });
-    if (result == MODULE_OK &&
-        service.run([&](Document& document) { return document.stretchPlace(place); }) != MODULE_OK) {
-        place = {};
-    }
-    return answer(service, Complete, word, invocation, result, scrolled, place.topLeft, place.bottomRight,
-                  place.usedRows);
+    GVariant* const stretch = readStretch(service, result == MODULE_OK).value;
+    return answer(service, Complete, word, invocation, result, scrolled, stretch);
+}
+
+gboolean handleJumpToCharacter(Skeleton* word, Invocation* invocation, gint story, guint position,
+                               gpointer user) {
+    WordEndpoint& service = serviceOf(user);
+    const std::int32_t result =
+        service.run([&](Document& document) { return document.jumpToCharacter(story, position); });
+    GVariant* const stretch = readStretch(service, result == MODULE_OK).value;
+    return answer(service, &lectern_ipc_word_complete_jump_to_character, word, invocation, result, stretch);
 }
 
 gboolean handleFind(Skeleton* word, Invocation* invocation, GVariant* text, guint from, guint to,
@@ -73,16 +110,9 @@ gboolean handleFoundRegions(Skeleton* word, Invocation* invocation, gpointer use
     std::vector<FoundRegion> regions;
     const std::int32_t result =
         serviceOf(user).run([&](Document& document) { return document.foundRegions(regions); });
-    std::vector<std::uint32_t> positions;
-    std::vector<std::uint32_t> counts;
-    std::vector<PixelRect> rectangles;
-    for (const FoundRegion& region : regions) {
-        positions.push_back(region.position);
-        counts.push_back(static_cast<std::uint32_t>(region.rectangles.size()));
-        rectangles.insert(rectangles.end(), region.rectangles.begin(), region.rectangles.end());
-    }
+    const WrittenRegions arrays(regions);
     return answer(serviceOf(user), &lectern_ipc_word_complete_found_regions, word, invocation, result,
-                  written(positions), written(counts), written(rectangles));
+                  written(arrays.positions), written(arrays.counts), written(arrays.rectangles));
 }
 
 gboolean handleClickInfo(Skeleton* word, Invocation* invocation, gint x, gint y, gpointer user) {
@@ -112,8 +142,7 @@ void connectView(const Connector<WordEndpoint>& on) {
     on.handler("handle-open", &handleOpen);
     on.handler("handle-set-surface", &handleSetSurface);
     on.operation<&Document::setDpi, &lectern_ipc_word_complete_set_dpi>("handle-set-dpi");
-    on.operation<&Document::jumpToCharacter, &lectern_ipc_word_complete_jump_to_character>(
-        "handle-jump-to-character");
+    on.handler("handle-jump-to-character", &handleJumpToCharacter);
     on.operation<&Document::layoutSize, &lectern_ipc_word_complete_layout_size>("handle-layout-size");
     on.handler("handle-scroll-down",
                &handleScroll<&Document::scrollDown, &lectern_ipc_word_complete_scroll_down>);

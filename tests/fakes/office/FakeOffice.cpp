@@ -10,6 +10,8 @@
 //   click         type:number, or 6:address, of what lies everywhere
 //   open, surface, count, scroll, information, find    how to misbehave there
 //   lie           give impossible numbers
+//   portions      what there is to do while no call waits (default 0); the
+//                 last one makes the file "prepared" in the temporary folder
 // A file whose name starts with "other-kind" is of the wrong kind, one without
 // any line is damaged. Row r of the text is painted as 0xFF000000 + r, what
 // lies below its end white. There are ten characters in each row.
@@ -68,6 +70,8 @@ Office::~Office() = default;
 
 struct WordDocument::Private {
     fake::Settings settings;
+    std::string temporaryFolder;
+    std::int32_t portionsDone = 0;
     std::u16string name;
     std::uint32_t* pixels = nullptr;
     std::int32_t width = 0;
@@ -142,6 +146,7 @@ int32_t WordDocument::open(Office&, const std::string& path, const std::string& 
     if (const std::string action = d->setting("probe"); !action.empty()) {
         d->name = widen(fake::probe(action));
     }
+    d->temporaryFolder = temporaryDirectory;
     document.reset(new WordDocument(std::move(d)));
     return MODULE_OK;
 }
@@ -356,6 +361,18 @@ int32_t WordDocument::copySelection(std::u16string& text) {
 
 int32_t WordDocument::scrollToRange(CharacterRange range) {
     return jumpToCharacter(0, range.start);
+}
+
+bool WordDocument::prepareNext() {
+    Private& d = *mPrivate;
+    const std::string portions = d.setting("portions");
+    if (portions.empty() || d.portionsDone == std::stoi(portions)) {
+        return false;
+    }
+    if (++d.portionsDone == std::stoi(portions)) {
+        std::ofstream(d.temporaryFolder + "/prepared") << "yes\n";
+    }
+    return true;
 }
 
 bool WordDocument::takePainted() {

@@ -3,6 +3,8 @@
 
 #include "tests/process/engine/EngineTest.h"
 
+#include <signal.h>
+
 namespace lectern::test {
 namespace {
 
@@ -37,6 +39,40 @@ TEST_F(SearchTest, HitsAreGivenByPositionWithTheirRegions) {
     ASSERT_EQ(regions[1].rectangle_count, 1U);
     EXPECT_EQ(regions[1].rectangles[0].x, 13);
     EXPECT_EQ(regions[1].rectangles[0].width, 4);
+}
+
+// The regions after a move are returned though the engine stands still.
+TEST_F(SearchTest, AStepToAHitIsOneCall) {
+    Document document;
+    std::vector<std::uint32_t> pixels;
+    open(document, "text=a rope and a rope\n");
+    show(document, pixels, 8, 100);
+    ASSERT_EQ(find(document, wide("rope")), MODULE_OK);
+    ASSERT_EQ(word.wtg_jump_to_character(document.get(), 0, 13), MODULE_OK);
+    const pid_t engine = engineOfDocument().pid;
+    ASSERT_GT(engine, 0);
+    kill(engine, SIGSTOP);
+    std::int32_t rows = 0;
+    EXPECT_EQ(word.wtg_get_vertical_last_used_pixel(document.get(), 0, &rows), MODULE_OK);
+    EXPECT_EQ(regionsOf(document), MODULE_OK);
+    EXPECT_EQ(regionCount, 2);
+    kill(engine, SIGCONT);
+}
+
+TEST_F(SearchTest, RegionsOfAnEarlierSearchAreNotReturned) {
+    Document document;
+    std::vector<std::uint32_t> pixels;
+    open(document, "text=a rope and a rope\n");
+    show(document, pixels, 8, 100);
+    ASSERT_EQ(find(document, wide("rope")), MODULE_OK);
+    ASSERT_EQ(word.wtg_jump_to_character(document.get(), 0, 13), MODULE_OK);
+    ASSERT_EQ(find(document, wide("and")), MODULE_OK);
+    ASSERT_EQ(regionsOf(document), MODULE_OK);
+    EXPECT_EQ(regionCount, 1);
+    ASSERT_EQ(word.wtg_jump_to_character(document.get(), 0, 13), MODULE_OK);
+    ASSERT_EQ(word.wtg_stop_find(document.get()), MODULE_OK);
+    ASSERT_EQ(regionsOf(document), MODULE_OK);
+    EXPECT_EQ(regionCount, 0);
 }
 
 TEST_F(SearchTest, TheRangeLimitsTheHits) {
