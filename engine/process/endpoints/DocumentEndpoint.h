@@ -10,6 +10,7 @@
 #include <gio/gio.h>
 
 #include <array>
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -60,11 +61,20 @@ public:
     }
     // Outputs that every answer of this interface has after its result.
     std::tuple<> afterResult() { return {}; }
+    // Lets a document that has prepareNext() prepare its next answers, a part at
+    // a time, as soon as no call is waiting. Call after every answer.
+    void prepareWhenIdle() {
+        if constexpr (CAN_PREPARE) {
+            if (mIdle == 0) {
+                mIdle = g_timeout_add_full(G_PRIORITY_DEFAULT_IDLE, IDLE_PAUSE, &prepare, this, nullptr);
+            }
+        }
+    }
 
 protected:
     // Takes ownership of the skeleton; `path` is the interface's object path.
     DocumentEndpoint(Skeleton* skeleton, const char* path) : mSkeleton(skeleton), mPath(path) {}
-    ~DocumentEndpoint() = default;
+    ~DocumentEndpoint() { g_clear_handle_id(&mIdle, g_source_remove); }
 
     Skeleton* skeleton() { return mSkeleton.get(); }
     // Null until a document is open.
@@ -92,6 +102,23 @@ protected:
     }
 
 private:
+    // Milliseconds. After an answer the service copies the pixels, which needs
+    // both processors of a small machine.
+    static constexpr guint IDLE_PAUSE = 1;
+    static constexpr bool CAN_PREPARE = requires(Document & document) {
+        { document.prepareNext() } -> std::same_as<bool>;
+    };
+
+    static gboolean prepare(gpointer user) {
+        auto& endpoint = *static_cast<DocumentEndpoint*>(user);
+        bool more = endpoint.mDocument != nullptr;
+        while (more && g_main_context_pending(nullptr) == FALSE) {
+            more = endpoint.mDocument->prepareNext();
+        }
+        endpoint.mIdle = more ? endpoint.mIdle : 0;
+        return more ? G_SOURCE_CONTINUE : G_SOURCE_REMOVE;
+    }
+
     Office* mOffice = nullptr;
     std::string mFolder;
     const GLibHolder<Skeleton> mSkeleton;
@@ -99,6 +126,7 @@ private:
     // Declared before the document, which uses the surfaces until its destruction.
     std::array<std::optional<MappedSurface>, SurfaceCount> mSurfaces;
     std::unique_ptr<Document> mDocument;
+    unsigned mIdle = 0; // id of the main loop's source for that, 0 without one
 };
 
 } // namespace lectern::engine

@@ -48,6 +48,7 @@ gboolean answer(Service& service, Complete complete, typename Service::Skeleton*
                 GDBusMethodInvocation* invocation, std::int32_t result, Outputs... outputs) {
     std::apply([&](auto... more) { complete(skeleton, invocation, result, more..., outputs...); },
                service.afterResult());
+    service.prepareWhenIdle();
     return TRUE;
 }
 

@@ -37,9 +37,7 @@ gboolean handleRender(Skeleton* slide, Invocation* invocation, gint index, gpoin
         picture = document.picture();
         return rendered;
     });
-    answer(serviceOf(user), &lectern_ipc_slide_complete_render, slide, invocation, result, picture);
-    serviceOf(user).prepareWhenIdle();
-    return TRUE;
+    return answer(serviceOf(user), &lectern_ipc_slide_complete_render, slide, invocation, result, picture);
 }
 
 gboolean handleOutline(Skeleton* slide, Invocation* invocation, gint index, gpointer user) {
@@ -118,10 +116,6 @@ SlideEndpoint::SlideEndpoint() : DocumentEndpoint(lectern_ipc_slide_skeleton_new
     connectHandlers(Connector<SlideEndpoint>(skeleton(), this));
 }
 
-SlideEndpoint::~SlideEndpoint() {
-    g_clear_handle_id(&mIdle, g_source_remove);
-}
-
 std::int32_t SlideEndpoint::setSurface(int memory, std::int32_t width, std::int32_t height,
                                        std::int32_t pictures) {
     std::int32_t rows = 0;
@@ -138,24 +132,6 @@ std::int32_t SlideEndpoint::setSurface(int memory, std::int32_t width, std::int3
 std::int32_t SlideEndpoint::releaseMemory() {
     discardSurfaces();
     return run([](Document& document) { return document.releaseMemory(); });
-}
-
-void SlideEndpoint::prepareWhenIdle() {
-    // Milliseconds. Meanwhile the service copies the picture, which needs both
-    // processors of a small machine.
-    constexpr guint PAUSE = 1;
-    constexpr auto PREPARE = [](gpointer user) -> gboolean {
-        SlideEndpoint& service = serviceOf(user);
-        bool more = service.document() != nullptr;
-        while (more && g_main_context_pending(nullptr) == FALSE) {
-            more = service.document()->prepareNext();
-        }
-        service.mIdle = more ? service.mIdle : 0;
-        return more ? G_SOURCE_CONTINUE : G_SOURCE_REMOVE;
-    };
-    if (mIdle == 0) {
-        mIdle = g_timeout_add_full(G_PRIORITY_DEFAULT_IDLE, PAUSE, PREPARE, this, nullptr);
-    }
 }
 
 } // namespace lectern::engine
