@@ -124,7 +124,7 @@ void CellPainter::paintCells(Workbook& book, int32_t sheet, int64_t x, int64_t y
         fill(surface, 0, 0, surface.width, surface.height, WHITE);
         return;
     }
-    book.alignDrawings(sheet, across.tileFirst, down.tileFirst);
+    book.alignDrawings(sheet, across.tileFirst, down.tileFirst, across.tileLast, down.tileLast);
     book.show(sheet);
     if (across.fitsTile() && down.fitsTile() && across.tileSize() == surface.width) {
         paintTile(book.painter(), across, down, dpi, surface.row(down.first - y));

@@ -25,11 +25,18 @@ int32_t placeFor(const Drawings::Way& way, int32_t place, int32_t dpi) {
     return static_cast<int32_t>(std::lround((pixel - way.displacement) * HUNDREDTH_MM_PER_INCH / dpi));
 }
 
+// Whether a length of the sheet lies in a tile or so near that a border or a
+// shadow could reach into it. Both in 1/100 mm.
+bool isNear(const Drawings::Way& way, int32_t place, int32_t length, int32_t dpi) {
+    constexpr double REACH = HUNDREDTH_MM_PER_INCH;
+    const auto edge = [&](int64_t pixel) { return static_cast<double>(pixel) * HUNDREDTH_MM_PER_INCH / dpi; };
+    return place + length > edge(way.first) - REACH && place < edge(way.last) + REACH;
+}
+
 } // namespace
 
 void Drawings::read() {
     mDrawings.clear();
-    mAlignment = {};
     const Reference<css::drawing::XDrawPageSupplier> supplier(mSheet, UNO_QUERY_THROW);
     const auto page = supplier->getDrawPage();
     // A sheet that a file only counts, without having it, has no page.
@@ -38,48 +45,55 @@ void Drawings::read() {
     }
     for (sal_Int32 i = 0; i < page->getCount(); ++i) {
         const Reference<css::drawing::XShape> shape(page->getByIndex(i), UNO_QUERY);
+        if (!shape.is()) {
+            continue;
+        }
+        const OUString type = shape->getShapeType();
         // Comments have shapes of this type too; they are not shown.
-        if (!shape.is() || shape->getShapeType() == "com.sun.star.drawing.CaptionShape") {
+        if (type == "com.sun.star.drawing.CaptionShape") {
             continue;
         }
         const auto turned = property<sal_Int32>(propertiesOf(shape), "RotateAngle");
-        mDrawings.push_back({shape, shape->getPosition(), shape->getSize(), turned == 0});
+        const Place place{shape->getPosition(), shape->getSize()};
+        mDrawings.push_back({shape, place, place, type == "com.sun.star.drawing.OLE2Shape", turned == 0});
     }
 }
 
-void Drawings::place(const Drawing& drawing, const css::awt::Point& position, const css::awt::Size& size) {
+void Drawings::move(Drawing& drawing, const Place& place) {
+    if (place == drawing.now) {
+        return;
+    }
+    drawing.now = place;
     try {
         if (drawing.scalesWithCells) {
-            drawing.shape->setSize(size);
+            drawing.shape->setSize(place.size);
         }
-        drawing.shape->setPosition(position);
+        drawing.shape->setPosition(place.position);
     } catch (const css::uno::Exception&) {
         // A shape that refuses to move keeps its position.
     }
 }
 
 void Drawings::align(const Way& across, const Way& down, int32_t dpi) {
-    const Alignment alignment{dpi, across.displacement, down.displacement};
-    if (mAlignment == alignment) {
-        return;
-    }
-    mAlignment = alignment;
-    for (const Drawing& drawing : mDrawings) {
-        const auto& [x, y] = drawing.position;
-        const css::awt::Point position(placeFor(across, x, dpi), placeFor(down, y, dpi));
-        const int32_t right = placeFor(across, x + drawing.size.Width, dpi);
-        const int32_t bottom = placeFor(down, y + drawing.size.Height, dpi);
-        place(drawing, position, {right - position.X, bottom - position.Y});
+    const auto isNearTile = [&](const Place& place) {
+        return isNear(across, place.position.X, place.size.Width, dpi) &&
+               isNear(down, place.position.Y, place.size.Height, dpi);
+    };
+    for (Drawing& drawing : mDrawings) {
+        const auto& [position, size] = drawing.inDocument;
+        const css::awt::Point corner(placeFor(across, position.X, dpi), placeFor(down, position.Y, dpi));
+        const int32_t right = placeFor(across, position.X + size.Width, dpi);
+        const int32_t bottom = placeFor(down, position.Y + size.Height, dpi);
+        const Place place{corner, {right - corner.X, bottom - corner.Y}};
+        if (!drawing.isChart || isNearTile(place) || isNearTile(drawing.now)) {
+            move(drawing, place);
+        }
     }
 }
 
 void Drawings::restore() {
-    if (mAlignment == Alignment()) {
-        return;
-    }
-    mAlignment = {};
-    for (const Drawing& drawing : mDrawings) {
-        place(drawing, drawing.position, drawing.size);
+    for (Drawing& drawing : mDrawings) {
+        move(drawing, drawing.inDocument);
     }
 }
 

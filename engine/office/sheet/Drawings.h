@@ -18,16 +18,20 @@ namespace lectern::engine {
 // apart. So before a painting drawings are moved and scaled to where their
 // cells are painted, and back before anything else is done with the sheet: the
 // suite itself moves them with their cells. There are none before read().
+//
+// A chart takes the suite 10 ms to move, so charts far from the tile stay where
+// they are until a tile shows their place.
 class Drawings {
 public:
     explicit Drawings(const css::uno::Reference<css::sheet::XSpreadsheet>& sheet) : mSheet(sheet) {}
 
     bool empty() const { return mDrawings.empty(); }
-    // Moves the drawings to their cells' pixels at `dpi`, in a tile that displaces
-    // them along both axes.
+    // Moves the drawings of a tile to their cells' pixels at `dpi`.
     struct Way {
         const Tracks& tracks;
-        double displacement; // in pixels; see Tracks::displacementAt
+        double displacement; // by the tile, in pixels; see Tracks::displacementAt
+        int64_t first;       // the tile's pixels [first, last)
+        int64_t last;
     };
     void align(const Way& across, const Way& down, int32_t dpi);
     // Moves the drawings back to their positions in the document.
@@ -36,25 +40,23 @@ public:
     void read();
 
 private:
+    // A rectangle of the sheet, in 1/100 mm.
+    struct Place {
+        css::awt::Point position;
+        css::awt::Size size;
+        bool operator==(const Place& other) const { return position == other.position && size == other.size; }
+    };
     struct Drawing {
         css::uno::Reference<css::drawing::XShape> shape;
-        css::awt::Point position; // in the document, in 1/100 mm
-        css::awt::Size size;
+        Place inDocument;
+        Place now;
+        bool isChart;         // or another object of its own; stays in its rectangle
         bool scalesWithCells; // a turned one is only moved
     };
-    static void place(const Drawing& drawing, const css::awt::Point& position, const css::awt::Size& size);
+    static void move(Drawing& drawing, const Place& place);
 
     css::uno::Reference<css::sheet::XSpreadsheet> mSheet;
     std::vector<Drawing> mDrawings;
-    // What the drawings were aligned to; a resolution of 0 when they are at their
-    // positions in the document.
-    struct Alignment {
-        int32_t dpi = 0;
-        double across = 0;
-        double down = 0;
-        friend bool operator==(const Alignment&, const Alignment&) = default;
-    };
-    Alignment mAlignment;
 };
 
 } // namespace lectern::engine

@@ -179,10 +179,11 @@ void Workbook::changed(int32_t index) {
     sheet.drawings.read();
 }
 
-void Workbook::alignDrawings(int32_t index, int64_t x, int64_t y) {
+void Workbook::alignDrawings(int32_t index, int64_t left, int64_t top, int64_t right, int64_t bottom) {
     const auto& [columns, rows] = geometry(index);
-    mSheets[static_cast<size_t>(index)].drawings.align({columns, columns.displacementAt(x, mDpi)},
-                                                       {rows, rows.displacementAt(y, mDpi)}, mDpi);
+    mSheets[static_cast<size_t>(index)].drawings.align(
+        {columns, columns.displacementAt(left, mDpi), left, right},
+        {rows, rows.displacementAt(top, mDpi), top, bottom}, mDpi);
 }
 
 bool Workbook::showsGrid() const {

@@ -81,9 +81,9 @@ public:
 
     // Whether charts, pictures or shapes lie on the sheet.
     bool hasDrawings(int32_t sheet) const { return !mSheets[static_cast<size_t>(sheet)].drawings.empty(); }
-    // Moves drawings to where their cells are painted in a tile that starts at the
-    // suite's pixel (x, y); call before painting it.
-    void alignDrawings(int32_t sheet, int64_t x, int64_t y);
+    // Moves drawings to where their cells are painted in a tile of the suite's pixels
+    // [left, right) and [top, bottom); call before painting it.
+    void alignDrawings(int32_t sheet, int64_t left, int64_t top, int64_t right, int64_t bottom);
     // Whether the sheet that is shown has grid lines, and the switch for them.
     bool showsGrid() const;
     void showGrid(bool shown);
