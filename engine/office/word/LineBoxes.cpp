@@ -84,6 +84,10 @@ std::vector<ViewBox> LineBoxes::of(CharacterRange range) {
 
 std::vector<ViewBox> LineBoxes::selected(CharacterRange range) {
     const Reference<css::text::XTextRange> selection(mPositions.select(range), css::uno::UNO_QUERY);
+    if (range == mSelected) {
+        mFlow.cursor()->collapseToStart(); // the same selection again would not be reported
+    }
+    mSelected = range;
     mPayload.clear();
     mFlow.cursor()->gotoRange(selection, false);
     return inReadingOrder(readViewBoxes(takeSelection()));

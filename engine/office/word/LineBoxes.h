@@ -42,7 +42,8 @@ private:
     const TextFlow& mFlow;
     const TextPositions& mPositions;
     Selection mLast;
-    std::string mPayload; // the suite's last report
+    CharacterRange mSelected; // what the cursor selected last
+    std::string mPayload;     // the suite's last report
 };
 
 } // namespace lectern::engine
