@@ -48,6 +48,22 @@ TEST_F(SpareTest, ClosingKeepsOneSpareAndNoMore) {
     EXPECT_EQ(engines().size(), 1u);
 }
 
+TEST_F(SpareTest, APreparedModuleHasAnEngineForTheFirstOpen) {
+    wordModule().prepare(wide(temporary()).data());
+    wordModule().prepare(wide(temporary()).data()); // as another module of the same library
+    ASSERT_TRUE(waitForSpare());
+    const EngineInfo ready = spare();
+    Document document;
+    open(document, "rows=1\n");
+    EXPECT_EQ(engineOfDocument().pid, ready.pid);
+}
+
+TEST_F(SpareTest, APreparationWithoutAFolderStartsNothing) {
+    wordModule().prepare(nullptr);
+    wordModule().prepare(wide("").data());
+    EXPECT_TRUE(engines().empty());
+}
+
 TEST_F(SpareTest, AFailedOpenIsFollowedByASpareToo) {
     Document document;
     EXPECT_EQ(document.open(write("crash.docx", "open=crash\n"), temporary()), MODULE_ENGINE_LOST);
