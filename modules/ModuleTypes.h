@@ -55,6 +55,13 @@ extern "C" {
  * closes no document. */
 LECTERN_MODULE_EXPORT void lectern_module_stop_soon(void);
 
+/* Optional: a module, or a library that it links to, may export this function. The
+ * service calls it when it starts, before it can be called itself. The module may begin
+ * in the background whatever makes the first open faster, and returns at once. It must
+ * stay loaded then. The folder is that of later opens. Modules that share a library are
+ * called once each. */
+LECTERN_MODULE_EXPORT void lectern_module_prepare(const uint16_t* temporary_folder);
+
 #ifdef __cplusplus
 }
 #endif

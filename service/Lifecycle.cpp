@@ -6,7 +6,7 @@
 #include "hub/hubservice.h"
 #include "service/IdleClock.h"
 #include "service/MethodTables.h"
-#include "service/ModuleStop.h"
+#include "service/ModuleCalls.h"
 #include "service/Registry.h"
 #include "service/RenderWorker.h"
 #include "service/Signals.h"
@@ -143,6 +143,8 @@ int runService() {
     MainLoop loop;
     installTermHandler();
 
+    // The first engine starts while the bus is joined and the first call arrives.
+    prepareModules();
     HubHandle* handle = nullptr;
     QueueOwner owner;
     if (!registerOnBus(handle, error) || !owner.acquire(DocAdapterMessageQueue::PROJECT_ID) ||

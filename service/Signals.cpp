@@ -3,7 +3,7 @@
 
 #include "channel/ServiceQueue.h"
 #include "service/IdleClock.h"
-#include "service/ModuleStop.h"
+#include "service/ModuleCalls.h"
 
 #include <fcntl.h>
 #include <glib-unix.h>

@@ -1,15 +1,45 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "bench/service/RunningService.h"
 
-#include "tests/system/support/Python.h"
-
 #include <signal.h>
-#include <time.h>
 #include <unistd.h>
 
-#include <algorithm>
+#include <cstdlib>
 #include <filesystem>
-#include <stdexcept>
+#include <map>
+#include <set>
+
+namespace {
+
+// The parent of each process of the machine.
+std::map<pid_t, pid_t> parents() {
+    std::map<pid_t, pid_t> found;
+    for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
+        const pid_t process = std::atoi(entry.path().filename().c_str());
+        const std::string stat = process > 0 ? readFile(entry.path().string() + "/stat") : "";
+        // PID (name) state parent; the name may contain anything.
+        const size_t close = stat.rfind(')');
+        if (close != std::string::npos) {
+            found[process] = std::atoi(stat.c_str() + close + 4);
+        }
+    }
+    return found;
+}
+
+// The processor time that each process has used.
+std::map<pid_t, std::string> work(const std::vector<pid_t>& processes) {
+    std::map<pid_t, std::string> used;
+    for (const pid_t process : processes) {
+        for (const auto& task :
+             std::filesystem::directory_iterator("/proc/" + std::to_string(process) + "/task")) {
+            const std::string stat = readFile(task.path().string() + "/schedstat");
+            used[process] += stat.substr(0, stat.find(' ') + 1);
+        }
+    }
+    return used;
+}
+
+} // namespace
 
 RunningService::RunningService() : mBus(mFolder.path()) {
     mService = std::make_unique<Subprocess>(
@@ -28,61 +58,32 @@ RunningService::~RunningService() {
     mService->wait(std::chrono::seconds(20));
 }
 
-std::vector<pid_t> RunningService::engines() const {
-    std::vector<pid_t> found;
-    for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
-        const pid_t candidate = std::atoi(entry.path().filename().c_str());
-        const std::string stat = candidate > 0 ? readFile(entry.path().string() + "/stat") : "";
-        const size_t close = stat.rfind(')');
-        if (close != std::string::npos && std::atoi(stat.c_str() + close + 4) == mService->pid()) {
-            found.push_back(candidate);
+std::vector<pid_t> RunningService::processes() const {
+    const std::map<pid_t, pid_t> parentOf = parents();
+    std::vector<pid_t> found{mService->pid()};
+    for (size_t i = 0; i < found.size(); ++i) {
+        for (const auto& [process, parent] : parentOf) {
+            if (parent == found[i]) {
+                found.push_back(process);
+            }
         }
     }
-    std::sort(found.begin(), found.end());
     return found;
 }
 
-// A spare engine is ready when the newest engine has used no processor time for
-// 15 checks, which are 20 ms apart.
-void RunningService::waitForSpare(size_t used) const {
-    std::string last;
-    for (int quiet = 0, tries = 0; quiet < 15 && tries < 1000; ++tries) {
-        usleep(20000);
-        const std::vector<pid_t> all = engines();
-        std::string ticks;
-        if (all.size() > used) {
-            const std::string stat = readFile("/proc/" + std::to_string(all.back()) + "/schedstat");
-            ticks = stat.substr(0, stat.find(' '));
+// Quiet is: for 50 checks, which are 20 ms apart, no process has used processor time,
+// started or ended. The fork server waits half as long before it prepares.
+void RunningService::waitUntilQuiet() const {
+    constexpr int QUIET_CHECKS = 50;
+    constexpr int MOST_CHECKS = 1500;
+    std::map<pid_t, std::string> last;
+    for (int quiet = 0, tries = 0; quiet < QUIET_CHECKS; ++tries) {
+        if (tries > MOST_CHECKS) {
+            throw std::runtime_error("the service does not come to rest");
         }
-        quiet = !ticks.empty() && ticks == last ? quiet + 1 : 0;
-        last = ticks;
+        usleep(20000);
+        std::map<pid_t, std::string> used = work(processes());
+        quiet = used == last ? quiet + 1 : 0;
+        last = std::move(used);
     }
-}
-
-double quantile(std::vector<double> values, double q) {
-    std::sort(values.begin(), values.end());
-    return values[static_cast<size_t>(q * static_cast<double>(values.size() - 1) + 0.5)];
-}
-
-std::string longWorkbook(const TemporaryFolder& folder, int rows) {
-    std::string path = folder.path() + "/" + std::to_string(rows) + ".xlsx";
-    python({std::string(SAMPLES_FOLDER) + "/make_xlsx.py", "long", std::to_string(rows), path});
-    return path;
-}
-
-std::string longDocument(const TemporaryFolder& folder, int pages, const std::string& word, int hits) {
-    std::string path = folder.path() + "/" + std::to_string(pages) + "-" + std::to_string(hits) + ".docx";
-    std::vector<std::string> command{std::string(SAMPLES_FOLDER) + "/make_long_docx.py",
-                                     std::to_string(pages), path};
-    if (hits > 0) {
-        command.insert(command.end(), {word, std::to_string(hits)});
-    }
-    python(command);
-    return path;
-}
-
-double now() {
-    timespec time{};
-    clock_gettime(CLOCK_MONOTONIC, &time);
-    return static_cast<double>(time.tv_sec) * 1000 + static_cast<double>(time.tv_nsec) / 1e6;
 }

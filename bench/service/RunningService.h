@@ -6,6 +6,7 @@
 #include "tests/system/support/Subprocess.h"
 
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -13,15 +14,19 @@
 // destroyed.
 class RunningService {
 public:
+    // Returns when the service has its name on the bus.
     RunningService();
     ~RunningService();
+    RunningService(const RunningService&) = delete;
+    RunningService& operator=(const RunningService&) = delete;
 
-    pid_t pid() const { return mService->pid(); }
-    // The service's engine processes, oldest first.
-    std::vector<pid_t> engines() const;
-    // Waits until a spare engine is ready besides `used` engines in use.
-    void waitForSpare(size_t used) const;
+    // The service's process and all that descend from it.
+    std::vector<pid_t> processes() const;
+    // Waits until none of these processes works, so that the fork server
+    // has prepared what it can.
+    void waitUntilQuiet() const;
 
+    const std::string& address() const { return mBus.address(); }
     BusConnection& bus() { return *mClient; }
     Queue& queue() { return *mQueue; }
 
@@ -33,24 +38,20 @@ private:
     std::unique_ptr<Queue> mQueue;
 };
 
-// The quantile q (0 to 1) of the values. REQUIRES: there is at least one value.
-double quantile(std::vector<double> values, double q);
-inline double median(const std::vector<double>& values) {
-    return quantile(values, 0.5);
-}
+// A document whose first frame is painted. The constructor throws if that fails.
+class OpenedDocument {
+public:
+    OpenedDocument(RunningService& service, const std::string& file, int width, int height)
+        : mService(service), mDocument(service.bus(), service.queue(), file, width, height) {
+        if (mDocument.docid() < 0 || mDocument.openResult() != 0 || mDocument.paint() != 0) {
+            throw std::runtime_error("cannot open " + file);
+        }
+    }
 
-// The time of the monotonic clock in milliseconds.
-double now();
+    RunningService& service() { return mService; }
+    TestDocument& document() { return mDocument; }
 
-// Generates a word-processing document with `pages` pages that contains `word` `hits`
-// times, and returns its path.
-std::string longDocument(const TemporaryFolder& folder, int pages, const std::string& word = "",
-                         int hits = 0);
-
-// Generates a workbook with `rows` rows and returns its path.
-std::string longWorkbook(const TemporaryFolder& folder, int rows);
-
-void openFigures(int rounds);
-void searchFigures(int rounds);
-void paintFigures();
-void memoryFigures();
+private:
+    RunningService& mService;
+    TestDocument mDocument;
+};

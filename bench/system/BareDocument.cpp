@@ -48,7 +48,7 @@ double milliseconds() {
     return std::chrono::duration<double, std::milli>(now).count();
 }
 
-std::unique_ptr<Document> Document::load(const std::string& file, const std::string& profile) {
+std::unique_ptr<Document> Document::read(const std::string& file, const std::string& profile) {
     auto document = std::make_unique<Document>();
     // The suite leaves a lock file next to the file that it opens, so it gets a copy in
     // the profile folder, which is removed at the end.
@@ -68,12 +68,22 @@ std::unique_ptr<Document> Document::load(const std::string& file, const std::str
     if (!document->mPainter) {
         return nullptr;
     }
+    document->mStarted = started - start;
+    document->mLoaded = milliseconds() - started;
+    return document;
+}
+
+std::unique_ptr<Document> Document::load(const std::string& file, const std::string& profile) {
+    auto document = read(file, profile);
+    if (!document) {
+        return nullptr;
+    }
+    const double loaded = milliseconds();
     document->mPainter->initializeForRendering("{}");
     const auto desktop = css::frame::Desktop::create(componentContext());
     // The desktop does not know its current document yet, but there is only one.
     document->mModel.set(desktop->getComponents()->createEnumeration()->nextElement(), UNO_QUERY_THROW);
-    document->mStarted = started - start;
-    document->mLoaded = milliseconds() - started;
+    document->mLoaded += milliseconds() - loaded;
     return document;
 }
 

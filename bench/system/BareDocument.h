@@ -19,7 +19,10 @@ double milliseconds();
 // of its other code. Baselines measure this.
 class Document {
 public:
-    // Starts the suite with a profile folder and loads a file. Null if either fails.
+    // Starts the suite with a profile folder and reads a file into it. Such a document
+    // can only be asked for its times. Null if either fails.
+    static std::unique_ptr<Document> read(const std::string& file, const std::string& profile);
+    // The same, and prepares the document for the other functions.
     static std::unique_ptr<Document> load(const std::string& file, const std::string& profile);
 
     // Lays the text out on one giant page of this width in pixels. This is the least

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // sheet_figures FILE WORD: the cost of the spreadsheet module compared with the office
-// suite behind it. FILE is the absolute path of a workbook made by "make_xlsx.py long".
-// Prints each time of the module, the suite's own time, which bare_sheet measures in
-// the same run, and their ratio.
+// suite behind it. FILE is the absolute path of a workbook with a list on its first sheet.
+// Prints the milliseconds of rendering 1500 x 1500 pixels, of finding WORD and of
+// sorting, and the suite's own for the same, which bare_sheet measures in the same run.
 #include "modules/STGFunc.h"
 
 #include <dlfcn.h>
@@ -73,9 +73,8 @@ Suite measureSuite(const std::string& file, const std::string& word) {
     return suite;
 }
 
-void report(const char* what, double module, double suite, double aim) {
-    std::printf("%-28s %9.2f ms, suite %9.2f ms, ratio %5.2f (aim %.1f)\n", what, module, suite,
-                module / suite, aim);
+void report(const char* what, double module, double suite) {
+    std::printf("%s %.3f suite-%s %.3f\n", what, module, what, suite);
 }
 
 } // namespace
@@ -114,8 +113,8 @@ int main(int argc, char** argv) {
     stg.stg_close_file(&doc);
 
     const Suite suite = measureSuite(argv[1], argv[2]);
-    report("render 1500 x 1500", render, suite.paint + suite.copies, 1.3);
-    report("find", find, suite.find, 1.2);
-    report("sort", sort, suite.sort, 1.2);
+    report("render", render, suite.paint + suite.copies);
+    report("find", find, suite.find);
+    report("sort", sort, suite.sort);
     return 0;
 }

@@ -14,7 +14,6 @@
 #include <cstring>
 #include <mutex>
 #include <string>
-#include <string_view>
 #include <utility>
 
 namespace lectern::engine {
@@ -103,11 +102,6 @@ FileDescriptor ForkServer::request(const TemporaryFolder& folder, int socket, Ti
         warnOnceAboutFileRules();
     }
     return std::move(answer.files[0]);
-}
-
-void ForkServer::prepare() {
-    const Lock lock(mMutex);
-    (void)sendPacket(mSocket.get(), std::string_view(&PREPARE, 1));
 }
 
 } // namespace lectern::engine

@@ -34,8 +34,6 @@ public:
     // at most. On failure returns null, with MODULE_NO_ENGINE or MODULE_TIMED_OUT in
     // `result`.
     std::unique_ptr<EngineProcess> fork(TimePoint deadline, std::int32_t& result);
-    // Makes the process prepare later opens while nobody waits. Returns at once.
-    void prepare();
 
 private:
     ForkServer(const LaunchSettings& settings, Watchdog& watchdog, FileDescriptor socket,

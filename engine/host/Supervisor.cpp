@@ -71,20 +71,9 @@ void Supervisor::giveUp(std::shared_ptr<ForkServer> server) {
     }
 }
 
-void Supervisor::start(const LaunchSettings& settings) {
+void Supervisor::prepare(const LaunchSettings& settings) {
     bool ignored = false;
     (void)serverFor(settings, ignored);
-}
-
-void Supervisor::prepare() {
-    std::shared_ptr<ForkServer> server;
-    {
-        const Lock lock(mMutex);
-        server = mServer;
-    }
-    if (server) {
-        server->prepare();
-    }
 }
 
 void Supervisor::stopSoon() {

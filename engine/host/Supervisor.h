@@ -28,11 +28,9 @@ public:
     // Returns a new engine, or null as Engine::start does.
     std::unique_ptr<Engine> take(const LaunchSettings& settings, TimePoint deadline, std::int32_t& result);
 
-    // Starts a fork server with these settings unless there is one. Returns at once.
-    void start(const LaunchSettings& settings);
-    // Makes the fork server, if there is one, prepare later opens. Call after an open,
-    // so that this does not slow it down. Returns at once.
-    void prepare();
+    // Starts a fork server with these settings unless there is one, for later opens.
+    // Returns at once.
+    void prepare(const LaunchSettings& settings);
 
     // Call before the process stops: calls, including running ones, get at most
     // two more seconds, and no more engines are started.

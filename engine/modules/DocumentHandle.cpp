@@ -30,7 +30,6 @@ std::int32_t open(const std::string& path, const std::string& password, const st
         return result;
     }
     result = load(*engine, deadline, file, password);
-    Supervisor::instance().prepare();
     if (result == MODULE_OK) {
         handle.engine = std::move(engine);
         handle.callLimit = limits.call;

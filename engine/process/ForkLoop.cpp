@@ -41,7 +41,7 @@ constexpr std::chrono::microseconds THREADS_END(500);
 
 // The pause between an open and preparing later ones: the document that was opened is
 // painted first, which needs both processors of a small machine.
-constexpr std::chrono::milliseconds AFTER_OPEN(300);
+constexpr std::chrono::milliseconds BEFORE_PREPARING(500);
 
 timespec toTimespec(std::chrono::microseconds time) {
     const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(time);
@@ -58,7 +58,8 @@ bool isSingleThreaded() {
 } // namespace
 
 ForkLoop::ForkLoop(Office& office, int socket, std::string folder, Confinement confinement)
-    : mOffice(office), mRequests(socket), mFolder(std::move(folder)), mConfinement(confinement) {
+    : mOffice(office), mRequests(socket), mFolder(std::move(folder)), mConfinement(confinement),
+      mPause(BEFORE_PREPARING) {
     prctl(PR_SET_NAME, FORK_SERVER_NAME);
     // The service waits for the engines; the kernel removes them from its list.
     (void)std::signal(SIGCHLD, SIG_IGN);
@@ -98,10 +99,8 @@ void ForkLoop::handleRequest() {
     if (!receivePacket(mRequests.get(), request)) {
         hangUp();
     }
-    if (request.text[0] == PREPARE) {
-        mPreparing = true;
-        mPause = AFTER_OPEN;
-    } else if (request.text[0] == FORK && request.files.size() == 2) {
+    mPause = BEFORE_PREPARING;
+    if (request.text[0] == FORK && request.files.size() == 2) {
         forkEngine(std::move(request));
     }
 }

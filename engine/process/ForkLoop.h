@@ -37,8 +37,8 @@ private:
     FileDescriptor mRequests;
     const std::string mFolder;
     const Confinement mConfinement;
-    bool mPreparing = false;             // something is left to prepare
-    std::chrono::microseconds mPause{};  // before the next step of preparing
+    bool mPreparing = true;              // something is left to prepare
+    std::chrono::microseconds mPause;    // before the next step of preparing
     std::unique_ptr<EngineLoop> mEngine; // in a forked process
 };
 

@@ -10,10 +10,7 @@ namespace lectern::engine {
 // files: the engine's end of the connection for its calls, and its folder's lock. The
 // fork server answers, once its suite is ready and in the order of the requests, with
 // CONFINED or UNCONFINED and a pidfd of the engine, or with FAILED and no file.
-//
-// PREPARE asks it to make later opens faster while nobody waits; it has no answer.
 constexpr char FORK = 'F';
-constexpr char PREPARE = 'P';
 constexpr char CONFINED = 'c';   // the engine can write to files in its folder only
 constexpr char UNCONFINED = 'u'; // this kernel has no Landlock
 constexpr char FAILED = 'f';

@@ -36,6 +36,8 @@ WordModule load() {
     WTG_FUNCTIONS(LECTERN_BIND)
 #undef LECTERN_BIND
     functions.stopSoon = reinterpret_cast<void (*)()>(symbol(module, "lectern_module_stop_soon"));
+    functions.prepare =
+        reinterpret_cast<void (*)(const std::uint16_t*)>(symbol(module, "lectern_module_prepare"));
     return functions;
 }
 

@@ -15,6 +15,7 @@ namespace lectern::test {
 // The word module, loaded from the build tree as the service loads it.
 struct WordModule : WTGFunc {
     void (*stopSoon)() = nullptr;
+    void (*prepare)(const std::uint16_t* temporaryFolder) = nullptr;
 };
 const WordModule& wordModule();
 

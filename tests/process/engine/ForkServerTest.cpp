@@ -116,6 +116,23 @@ TEST_F(ForkServerTest, OneWithAnotherTemporaryFolderIsNotUsed) {
     EXPECT_EQ(ask(first), MODULE_OK);
 }
 
+TEST_F(ForkServerTest, APreparedModuleHasOneForTheFirstOpen) {
+    wordModule().prepare(wide(temporary()).data());
+    wordModule().prepare(wide(temporary()).data()); // as another module of the same library
+    ASSERT_TRUE(waitUntil([&] { return forkServer() != 0; }));
+    const pid_t server = forkServer();
+    Document document;
+    open(document, "rows=1\n");
+    EXPECT_EQ(engineOfDocument().server, server);
+}
+
+TEST_F(ForkServerTest, APreparationWithoutAFolderStartsNothing) {
+    const std::vector<pid_t> before = forkServersOf(getpid());
+    wordModule().prepare(nullptr);
+    wordModule().prepare(wide("").data());
+    EXPECT_EQ(forkServersOf(getpid()), before);
+}
+
 TEST_F(ForkServerTest, ManyOpensAtOnceAreServed) {
     Document first;
     open(first, "rows=1\n");

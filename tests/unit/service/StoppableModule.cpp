@@ -1,20 +1,35 @@
 // SPDX-License-Identifier: Apache-2.0
-// A module that has only the function that is called before the service ends.
+// A module that has only the functions that are called when the service starts and
+// before it ends. It stays loaded, like one that has begun to prepare something.
 #include "modules/ModuleTypes.h"
 
 #include <atomic>
+#include <string>
 
 extern "C" {
 
 LECTERN_MODULE_EXPORT int stop_count();
+LECTERN_MODULE_EXPORT const char* prepared_folders();
 
 static std::atomic<int> stops{0};
+static std::string& folders = *new std::string();
 
 void lectern_module_stop_soon() {
     ++stops;
 }
 
+void lectern_module_prepare(const uint16_t* temporary_folder) {
+    for (const uint16_t* unit = temporary_folder; *unit != 0; ++unit) {
+        folders.push_back(static_cast<char>(*unit));
+    }
+    folders.push_back(';');
+}
+
 int stop_count() {
     return stops;
+}
+
+const char* prepared_folders() {
+    return folders.c_str();
 }
 }

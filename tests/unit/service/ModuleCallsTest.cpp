@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "service/ModuleStop.h"
+#include "service/ModuleCalls.h"
 
 #include <dlfcn.h>
 #include <gtest/gtest.h>
@@ -25,6 +25,16 @@ TEST(StopModulesSoon, TellsLoadedModulesAndLeavesThemLoaded) {
     EXPECT_EQ(stops(), 2);
     EXPECT_EQ(dlclose(sheets), 0);
     EXPECT_EQ(dlclose(words), 0);
+}
+
+TEST(PrepareModules, TellsModulesThatCanTheFolderOfOpens) {
+    prepareModules();
+    void* sheets = dlopen("SheetToGoModule.so", RTLD_LAZY | RTLD_NOLOAD);
+    ASSERT_NE(sheets, nullptr) << "a module that prepares stays loaded";
+    const auto folders = reinterpret_cast<const char* (*)()>(dlsym(sheets, "prepared_folders"));
+    ASSERT_NE(folders, nullptr);
+    EXPECT_STREQ(folders(), "/tmp;");
+    EXPECT_EQ(dlclose(sheets), 0);
 }
 
 } // namespace

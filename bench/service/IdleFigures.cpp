@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: Apache-2.0
+// How often the threads of the service and of its engines wake up in a second (wakeups)
+// while nobody touches an open document.
+#include "bench/service/Figures.h"
+#include "bench/service/RunningService.h"
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <sstream>
+
+namespace {
+
+// A thread that is woken up and waits again makes one voluntary switch.
+long switchesOf(const RunningService& service) {
+    constexpr char KEY[] = "voluntary_ctxt_switches:";
+    long switches = 0;
+    for (const pid_t process : service.processes()) {
+        for (const auto& task :
+             std::filesystem::directory_iterator("/proc/" + std::to_string(process) + "/task")) {
+            std::istringstream lines(readFile(task.path().string() + "/status"));
+            for (std::string line; std::getline(lines, line);) {
+                if (line.rfind(KEY, 0) == 0) {
+                    switches += std::strtol(line.c_str() + sizeof KEY, nullptr, 10);
+                }
+            }
+        }
+    }
+    return switches;
+}
+
+} // namespace
+
+void idleFigures(const Arguments& arguments) {
+    const int seconds = std::stoi(arguments[3]);
+    RunningService service;
+    const OpenedDocument opened(service, arguments[0], std::stoi(arguments[1]), std::stoi(arguments[2]));
+    service.waitUntilQuiet();
+    const long before = switchesOf(service);
+    sleep(static_cast<unsigned>(seconds));
+    printFigure("wakeups", static_cast<double>(switchesOf(service) - before) / seconds);
+}
