@@ -32,6 +32,9 @@ struct WordHandle : DocumentHandle {
     std::vector<std::uint16_t> clickAddress;
     std::vector<module_rect> clickRegions;
 
+    std::vector<SharedSurface*> surfaces() override {
+        return surface ? std::vector{surface.get()} : std::vector<SharedSurface*>();
+    }
     void refreshPixels() const {
         if (painted && pixels != nullptr) {
             surface->copyTo(pixels);
