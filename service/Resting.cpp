@@ -41,6 +41,7 @@ gboolean restUnused(void* /*data*/) {
     timerRuns = false;
     const Clock::time_point now = Clock::now();
     Clock::time_point next = Clock::time_point::max();
+    bool rested = false;
     for (const Documents& document : gDocuments) {
         if (document.view == nullptr || document.view->isResting()) {
             continue;
@@ -48,11 +49,14 @@ gboolean restUnused(void* /*data*/) {
         const Clock::time_point due = document.lastUse + restAfter();
         if (due <= now) {
             document.view->rest();
+            rested = true;
         } else {
             next = std::min(next, due);
         }
     }
-    malloc_trim(0);
+    if (rested) {
+        malloc_trim(0);
+    }
     if (next != Clock::time_point::max()) {
         startTimer(next - now);
     }
