@@ -62,6 +62,19 @@ Excel::~Excel() {
     }
 }
 
+std::vector<CpPixmap*> Excel::pictures() {
+    std::vector<CpPixmap*> all = OfficeBase::pictures();
+    all.push_back(mRowHeaders.get());
+    all.push_back(mColumnHeaders.get());
+    return all;
+}
+
+void Excel::releaseModuleMemory() {
+    if (mDocument != nullptr) {
+        mModule.stg_release_memory(mDocument);
+    }
+}
+
 int Excel::openFile(const char* path, const char* password) {
     const Utf16Text path16(path);
     const Utf16Text password16(password);

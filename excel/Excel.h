@@ -167,6 +167,9 @@ protected:
     bool centreOnCurrentRegion();
     int stepResult(int step);
 
+    std::vector<CpPixmap*> pictures() override;
+    void releaseModuleMemory() override;
+
     STGFunc& mModule = Singleton<STGFunc>::Instance();
     void* mDocument = nullptr;
     std::unique_ptr<CpPixmap> mCells; // mDocPixmap points to it

@@ -21,6 +21,12 @@ PPT::~PPT() {
     }
 }
 
+void PPT::releaseModuleMemory() {
+    if (mDocument != nullptr) {
+        mModule.sstg_release_memory(mDocument);
+    }
+}
+
 int PPT::openFile(const char* path, const char* /*password*/) {
     const Utf16Text path16(path);
     const Utf16Text fonts(FONT_DIRECTORY);

@@ -112,6 +112,8 @@ protected:
     const sstg_find_region* currentRegion() const;
     void centreOnCurrentRegion(bool flag);
 
+    void releaseModuleMemory() override;
+
     SSTGFunc& mModule = Singleton<SSTGFunc>::Instance();
     void* mDocument = nullptr;
     std::unique_ptr<CpPixmap> mSurface; // mDocPixmap points to it

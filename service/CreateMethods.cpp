@@ -6,6 +6,7 @@
 #include "service/DocumentKind.h"
 #include "service/Parameters.h"
 #include "service/Registry.h"
+#include "service/Resting.h"
 #include "view/JsonReply.h"
 
 #include <sys/shm.h>
@@ -88,6 +89,7 @@ void openDocument(BusCall& call, const CreateRequest& request, FrameBuffer frame
     Documents& document = gDocuments.emplace_back(makeRecord(
         request, std::move(frame), makeView(request.width, request.height, docid, request.dataStoreShmId)));
     const int result = document.view->openFile(request.fileName, request.password);
+    noteUse(document);
     if (answerCreated(call, document, docid)) {
         reportOpened(request, document, docid, result);
     }

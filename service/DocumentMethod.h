@@ -43,12 +43,12 @@ void withDocument(BusCall& call, int docid, Operation operation) {
     if (!lock.held()) {
         return;
     }
-    const auto index = static_cast<unsigned int>(docid);
-    if (!DocumentExists(index)) {
+    const Documents* document = UseDocument(static_cast<unsigned int>(docid));
+    if (document == nullptr) {
         call.replyError(DOES_NOT_EXIST, "Document does not exist");
         return;
     }
-    if (auto* view = dynamic_cast<View*>(gDocuments[index].view.get())) {
+    if (auto* view = dynamic_cast<View*>(document->view.get())) {
         operation(*view);
         return;
     }

@@ -2,6 +2,7 @@
 #include "service/Registry.h"
 
 #include "channel/ServiceQueue.h"
+#include "service/Resting.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -30,6 +31,14 @@ RegistryLock::~RegistryLock() {
 
 bool DocumentExists(unsigned int docid) {
     return docid < gDocuments.size() && gDocuments[docid].view != nullptr;
+}
+
+Documents* UseDocument(unsigned int docid) {
+    if (!DocumentExists(docid)) {
+        return nullptr;
+    }
+    noteUse(gDocuments[docid]);
+    return &gDocuments[docid];
 }
 
 namespace {

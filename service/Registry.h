@@ -10,18 +10,20 @@
 
 #include <pthread.h>
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <vector>
 
 struct Documents {
-    std::unique_ptr<OfficeBase> view; // null once destroyed
-    uint32_t shmid = 0;               // the client's frame-buffer segment; 0: none
-    int32_t size = 0;                 // the segment's size in bytes, as the client stated it
-    unsigned int* buffer = nullptr;   // the frame's first pixel
-    unsigned char* status = nullptr;  // the last of the `size` bytes: 1 after each paint
-    std::optional<FrameBuffer> frame; // the attachment behind buffer and status
+    std::unique_ptr<OfficeBase> view;              // null once destroyed
+    uint32_t shmid = 0;                            // the client's frame-buffer segment; 0: none
+    int32_t size = 0;                              // the segment's size in bytes, as the client stated it
+    unsigned int* buffer = nullptr;                // the frame's first pixel
+    unsigned char* status = nullptr;               // the last of the `size` bytes: 1 after each paint
+    std::optional<FrameBuffer> frame;              // the attachment behind buffer and status
+    std::chrono::steady_clock::time_point lastUse; // see service/Resting.h
 };
 
 extern pthread_mutex_t gDocumentsMutex;
@@ -54,6 +56,8 @@ private:
 // Whether the document is open. A negative docid becomes a large number, for which
 // there is no document.
 bool DocumentExists(unsigned int docid) REQUIRES(gRegistry);
+// The open document, awake and ready for use; null if there is none.
+Documents* UseDocument(unsigned int docid) REQUIRES(gRegistry);
 
 // Saves the document's state and closes it, if it exists. Locks the registry.
 void doDestroy(int docid) EXCLUDES(gRegistry);

@@ -92,13 +92,11 @@ bool serveMessage(const ClientServerMessage& message) {
         if (!lock.held()) {
             return false;
         }
-        const auto index = static_cast<unsigned int>(message.docid);
-        if (DocumentExists(index)) {
-            const Documents& record = gDocuments[index];
-            OfficeBase* document = record.view.get();
+        if (const Documents* record = UseDocument(static_cast<unsigned int>(message.docid))) {
+            OfficeBase* document = record->view.get();
             assert(document != __null); // NOLINT(modernize-use-nullptr): as the mutex guard's
             if (isPaint) {
-                return paint(record, message.docid) == 0;
+                return paint(*record, message.docid) == 0;
             }
             handleInput(*document, message);
             return true;

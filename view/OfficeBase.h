@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "base/PackedPixels.h"
 #include "channel/DocAdapterCommon.h"
 #include "raster/CpPixmap.h"
 #include "view/NewtonianSmoothScroll.h"
@@ -11,6 +12,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 // The kind of a document, with the values that clients get in "doctype".
 enum doctype_t : int { _UNKNOWN = 0, _EXCEL = 1, _WORD = 2, _PPT = 3 };
@@ -91,6 +93,12 @@ public:
     // visible already. Neither clamps nor requests a paint.
     void CenterAboutRect(const CpRect& r, bool flag);
     void setDirty() { mDirty = true; }
+    // Gives back the memory of all pictures, and lets the module do the same: nobody has
+    // used the view for a while. REQUIRES: wake() before any other call but this.
+    void rest();
+    // Restores the pictures. Does nothing unless the view rests.
+    void wake();
+    bool isResting() const { return !mResting.empty(); }
     // Marks the view changed and notifies the client, which then requests a paint.
     void InvalidateScreen();
     // Sends the client a notification about this view. Does nothing if the view has
@@ -118,6 +126,11 @@ protected:
     // fails, the view works without a record and its client gets no notifications.
     bool attachGivenStateRecord();
     void makeStateRecord(const char* keyPath);
+
+    // The view's pictures; the pointers may be null.
+    virtual std::vector<CpPixmap*> pictures() { return {&mLastFrame, mDocPixmap}; }
+    // Lets the module release memory of the open document.
+    virtual void releaseModuleMemory() {}
 
     // Whether a pop-up is shown over the document. Paints do not save the state then.
     virtual bool showsPopup() const { return false; }
@@ -200,5 +213,6 @@ protected:
 private:
     bool isVisible(const CpRect& r) const;
 
-    StateSegment mStateSegment; // the segment that mDataStore points to
+    StateSegment mStateSegment;                  // the segment that mDataStore points to
+    std::vector<lectern::PackedPixels> mResting; // the pictures() while the view rests, else none
 };

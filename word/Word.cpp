@@ -30,6 +30,18 @@ Word::~Word() {
     }
 }
 
+std::vector<CpPixmap*> Word::pictures() {
+    std::vector<CpPixmap*> all = OfficeBase::pictures();
+    all.push_back(&mPopup);
+    return all;
+}
+
+void Word::releaseModuleMemory() {
+    if (mDocument != nullptr) {
+        mModule.wtg_release_memory(mDocument);
+    }
+}
+
 int Word::openFile(const char* path, const char* password) {
     const Utf16Text path16(path);
     const Utf16Text password16(password);

@@ -95,6 +95,9 @@ protected:
     void settle();
     bool jumpToCharacter(int32_t story, uint32_t position);
 
+    std::vector<CpPixmap*> pictures() override;
+    void releaseModuleMemory() override;
+
     // The pop-up.
     bool showsPopup() const override { return mPopupShown; }
     CpPoint pagePosition() const override { return {mScroll.x, mPopupShown ? mPageRow : mScroll.y}; }

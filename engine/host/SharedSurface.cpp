@@ -43,19 +43,20 @@ std::unique_ptr<SharedSurface> SharedSurface::make(std::int32_t width, std::int3
         fcntl(memory.get(), F_ADD_SEALS, F_SEAL_SHRINK | F_SEAL_GROW | F_SEAL_SEAL) != 0) {
         return nullptr;
     }
-    const void* pixels = mmap(nullptr, bytes, PROT_READ, MAP_SHARED, memory.get(), 0);
+    void* pixels = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_SHARED, memory.get(), 0);
     if (pixels == MAP_FAILED) {
         return nullptr;
     }
-    return std::unique_ptr<SharedSurface>(new SharedSurface(std::move(memory), pixels, width, height));
+    return std::unique_ptr<SharedSurface>(
+        new SharedSurface(std::move(memory), static_cast<std::uint32_t*>(pixels), width, height));
 }
 
-SharedSurface::SharedSurface(FileDescriptor memory, const void* pixels, std::int32_t width,
+SharedSurface::SharedSurface(FileDescriptor memory, std::uint32_t* pixels, std::int32_t width,
                              std::int32_t height)
     : mMemory(std::move(memory)), mPixels(pixels), mWidth(width), mHeight(height) {}
 
 SharedSurface::~SharedSurface() {
-    munmap(const_cast<void*>(mPixels), bytes());
+    munmap(mPixels, bytes());
 }
 
 std::size_t SharedSurface::bytes() const {
@@ -67,7 +68,11 @@ void SharedSurface::copyTo(std::uint32_t* pixels) const {
 }
 
 void SharedSurface::copyTo(std::uint32_t* pixels, std::size_t first, std::size_t count) const {
-    copyPixels(pixels, static_cast<const std::uint32_t*>(mPixels) + first, count);
+    copyPixels(pixels, mPixels + first, count);
+}
+
+void SharedSurface::pack() {
+    mPacked.pack(mPixels, bytes() / sizeof *mPixels, PackedPixels::Memory::SHARED);
 }
 
 } // namespace lectern::engine

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/FileDescriptor.h"
+#include "base/PackedPixels.h"
 #include "engine/host/Export.h"
 
 #include <cstddef>
@@ -35,12 +36,18 @@ public:
     // Copies `count` pixels starting at pixel `first`. REQUIRES: they exist.
     void copyTo(std::uint32_t* pixels, std::size_t first, std::size_t count) const;
 
+    // Gives the shared memory back to the system until unpack() restores the pixels, for
+    // the engine too. REQUIRES for both: the engine paints nothing meanwhile.
+    void pack();
+    void unpack() { mPacked.unpack(mPixels); }
+
 private:
-    SharedSurface(FileDescriptor memory, const void* pixels, std::int32_t width, std::int32_t height);
+    SharedSurface(FileDescriptor memory, std::uint32_t* pixels, std::int32_t width, std::int32_t height);
     std::size_t bytes() const;
 
     FileDescriptor mMemory;
-    const void* mPixels;
+    std::uint32_t* mPixels;
+    PackedPixels mPacked;
     std::int32_t mWidth;
     std::int32_t mHeight;
 };

@@ -51,7 +51,21 @@ std::int32_t openInEngine(const std::uint16_t* path, const std::uint16_t* passwo
     return open(*file, *secret, *temporary, load, handle);
 }
 
+void DocumentHandle::unpackSurfaces() {
+    if (!packed) {
+        return;
+    }
+    for (SharedSurface* surface : surfaces()) {
+        surface->unpack();
+    }
+    packed = false;
+}
+
 std::int32_t releaseEngineMemory(DocumentHandle& handle) {
+    for (SharedSurface* surface : handle.surfaces()) {
+        surface->pack();
+    }
+    handle.packed = true;
     gint result = MODULE_FAILED;
     const std::int32_t sent = handle.engine->call(handle.deadline(), [&](GError** error) {
         return lectern_ipc_process_call_release_memory_sync(handle.engine->process(), G_DBUS_CALL_FLAGS_NONE,

@@ -4,6 +4,7 @@
 #include "engine/host/DocumentFile.h"
 #include "engine/host/Engine.h"
 #include "engine/host/Export.h"
+#include "engine/host/SharedSurface.h"
 #include "engine/protocol/BorderGuard.h"
 #include "modules/ModuleResults.h"
 
@@ -13,14 +14,21 @@
 #include <memory>
 #include <mutex>
 #include <string>
+#include <vector>
 
 namespace lectern::engine {
 
 // The common part of all modules' document handles. Guarded by its mutex.
-struct DocumentHandle {
+struct LECTERN_ENGINE_EXPORT DocumentHandle {
     std::mutex mutex;
     std::unique_ptr<Engine> engine;
     std::chrono::milliseconds callLimit{};
+    bool packed = false; // whether the surfaces are
+
+    virtual ~DocumentHandle() = default;
+    // The surfaces that are packed while the document rests.
+    virtual std::vector<SharedSurface*> surfaces() { return {}; }
+    void unpackSurfaces();
 
     TimePoint deadline() const { return Clock::now() + callLimit; }
 };
@@ -34,6 +42,7 @@ std::int32_t onHandle(void* doc, Operation operation) {
     return guardedAtBorder([&] {
         auto& handle = *static_cast<Handle*>(doc);
         const std::lock_guard lock(handle.mutex);
+        handle.unpackSurfaces();
         return operation(handle);
     });
 }
@@ -79,7 +88,8 @@ std::int32_t closeDocument(void** doc) {
     return MODULE_OK;
 }
 
-// Makes the engine return unused memory to the system.
+// For a document that rests: makes the engine return unused memory to the system, and
+// packs the surfaces until the next call.
 LECTERN_ENGINE_EXPORT std::int32_t releaseEngineMemory(DocumentHandle& handle);
 
 // Delivers the version, the same for all modules, through a text call.

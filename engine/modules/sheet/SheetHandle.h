@@ -29,6 +29,16 @@ struct SheetHandle : DocumentHandle {
     // Arrays returned to the caller; each is valid until the next call of its function.
     std::vector<stg_region> commentMarks;
     std::vector<stg_region> foundRegions;
+
+    std::vector<SharedSurface*> surfaces() override {
+        std::vector<SharedSurface*> all;
+        for (const BufferPair& pair : buffers) {
+            if (pair.surface) {
+                all.push_back(pair.surface.get());
+            }
+        }
+        return all;
+    }
 };
 
 template<class Operation>

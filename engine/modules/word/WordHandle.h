@@ -45,6 +45,9 @@ struct WordHandle : DocumentHandle {
         place.reset();
         nextRegions.reset();
     }
+    std::vector<SharedSurface*> surfaces() override {
+        return surface ? std::vector{surface.get()} : std::vector<SharedSurface*>();
+    }
     void refreshPixels() const {
         if (painted && pixels != nullptr) {
             surface->copyTo(pixels);

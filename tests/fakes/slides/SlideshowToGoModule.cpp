@@ -236,6 +236,6 @@ int32_t sstg_get_version(uint16_t* /*text*/, int32_t /*capacity*/, int32_t* /*le
     return unsupported(__func__);
 }
 
-int32_t sstg_release_memory(void* /*doc*/) {
-    return unsupported(__func__);
+int32_t sstg_release_memory(void* doc) {
+    return entered(doc, __func__);
 }

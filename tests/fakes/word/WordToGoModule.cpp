@@ -276,8 +276,8 @@ int32_t wtg_page_layout_size(void* /*doc*/, int32_t /*view*/, int32_t* /*width*/
     return unsupported(__func__);
 }
 
-int32_t wtg_release_memory(void* /*doc*/) {
-    return unsupported(__func__);
+int32_t wtg_release_memory(void* doc) {
+    return entered(doc, __func__);
 }
 
 int32_t wtg_scroll_to_character_range(void* /*doc*/, int32_t /*view*/, uint32_t /*start*/, uint32_t /*end*/) {

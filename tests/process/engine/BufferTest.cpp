@@ -7,6 +7,7 @@
 #include <signal.h>
 
 #include <algorithm>
+#include <fstream>
 
 namespace lectern::test {
 namespace {
@@ -47,6 +48,23 @@ protected:
         std::int32_t rows = 0;
         EXPECT_EQ(word.wtg_get_vertical_last_used_pixel(document.get(), 0, &rows), MODULE_OK);
         EXPECT_EQ(rows, HEIGHT);
+    }
+
+    // The memory in use for surfaces, in KiB.
+    static long surfaces() {
+        std::ifstream lines("/proc/self/smaps");
+        std::string line;
+        bool surface = false;
+        long kib = 0;
+        while (std::getline(lines, line)) {
+            const std::string word = line.substr(0, line.find(' '));
+            if (word.back() != ':') {
+                surface = line.find("lectern-surface") != std::string::npos;
+            } else if (surface && word == "Rss:") {
+                kib += std::stol(line.substr(word.size()));
+            }
+        }
+        return kib;
     }
 
     const WordModule& word;
@@ -159,6 +177,26 @@ TEST_F(BufferTest, ANewBufferOfTheSameSizeShowsTheStretchAtOnce) {
     EXPECT_EQ(word.wtg_scroll_down(document.get(), 0, 10, &scrolled), MODULE_OK);
     expectRows(other, 40, 250);
     EXPECT_EQ(std::count(pixels.begin(), pixels.end(), 7u), static_cast<std::ptrdiff_t>(pixels.size()));
+}
+
+TEST_F(BufferTest, AReleasedSurfaceIsThereAgainAtTheNextCall) {
+    constexpr std::int32_t TALL = 2048; // rows of 16 bytes: whole pages
+    open(document, "rows=5000\n");
+    show(document, pixels, WIDTH, TALL);
+    ASSERT_EQ(word.wtg_scroll_down(document.get(), 0, 30, &scrolled), MODULE_OK);
+    expectRows(pixels, 30, 5000);
+    EXPECT_GT(surfaces(), 0);
+    EXPECT_EQ(word.wtg_release_memory(document.get()), MODULE_OK);
+    EXPECT_EQ(surfaces(), 0);
+    EXPECT_EQ(word.wtg_release_memory(document.get()), MODULE_OK);
+    expectRows(pixels, 30, 5000);
+    // Copies the surface, without painting.
+    std::vector<std::uint32_t> other(pixels.size(), 7);
+    EXPECT_EQ(word.wtg_set_offscreen_buffer(document.get(), 0, other.data(), WIDTH, TALL), MODULE_OK);
+    expectRows(other, 30, 5000);
+    EXPECT_EQ(word.wtg_release_memory(document.get()), MODULE_OK);
+    EXPECT_EQ(word.wtg_scroll_down(document.get(), 0, 10, &scrolled), MODULE_OK);
+    expectRows(other, 40, 5000);
 }
 
 TEST_F(BufferTest, PointingElsewhereAndBackLaysNothingOut) {

@@ -2,6 +2,7 @@
 // The state record: the place that a view restores when its document is reopened.
 #include "tests/unit/excel/ExcelTest.h"
 #include "tests/unit/view/RecordTest.h"
+#include "tests/unit/view/RestTest.h"
 
 #include <cstring>
 #include <tuple>
@@ -30,6 +31,7 @@ protected:
 };
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Excel, StateRecordTest, ExcelRecordTest);
+INSTANTIATE_TYPED_TEST_SUITE_P(Excel, RestTest, ExcelRecordTest);
 
 TEST_F(ExcelRecordTest, SheetIsTheSeventhWord) {
     fakeSheet().sheets.resize(4);

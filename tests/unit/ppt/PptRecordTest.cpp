@@ -2,6 +2,7 @@
 // The state record: the place that a view restores when its document is reopened.
 #include "tests/unit/ppt/PptTest.h"
 #include "tests/unit/view/RecordTest.h"
+#include "tests/unit/view/RestTest.h"
 
 #include <cstring>
 #include <tuple>
@@ -26,6 +27,7 @@ protected:
 };
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Ppt, StateRecordTest, PptRecordTest);
+INSTANTIATE_TYPED_TEST_SUITE_P(Ppt, RestTest, PptRecordTest);
 
 TEST_F(PptRecordTest, SlideIsTheSeventhWord) {
     const auto view = openDeck(5);

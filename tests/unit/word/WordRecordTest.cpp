@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// The state record: returning to an earlier place.
+// The state record: returning to an earlier place. And the rest of a view.
 #include "tests/unit/view/RecordTest.h"
+#include "tests/unit/view/RestTest.h"
 #include "tests/unit/word/WordTest.h"
 
 #include <tuple>
@@ -21,6 +22,7 @@ protected:
 };
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Word, StateRecordTest, WordRecordTest);
+INSTANTIATE_TYPED_TEST_SUITE_P(Word, RestTest, WordRecordTest);
 
 TEST_F(WordRecordTest, PaintSavesThePlace) {
     const auto view = openLong();

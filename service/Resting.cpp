@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "service/Resting.h"
+
+#include <glib.h>
+#include <malloc.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using std::chrono::milliseconds;
+
+bool timerRuns GUARDED_BY(gRegistry) = false;
+
+milliseconds restAfter() {
+    static const milliseconds limit = [] {
+        const char* const variable = std::getenv("LECTERN_REST_AFTER_MS");
+        const int value = variable == nullptr ? 0 : std::atoi(variable);
+        return milliseconds(value > 0 ? value : REST_AFTER_MS);
+    }();
+    return limit;
+}
+
+gboolean restUnused(void* data);
+
+void startTimer(Clock::duration delay) REQUIRES(gRegistry) {
+    timerRuns = true;
+    const auto rounded = std::chrono::ceil<milliseconds>(delay).count();
+    g_timeout_add(static_cast<guint>(std::max<int64_t>(rounded, 1)), restUnused, nullptr);
+}
+
+// Lets the documents rest whose time is over. Starts the timer for the next one.
+gboolean restUnused(void* /*data*/) {
+    const RegistryLock lock;
+    if (!lock.held()) {
+        return G_SOURCE_REMOVE;
+    }
+    timerRuns = false;
+    const Clock::time_point now = Clock::now();
+    Clock::time_point next = Clock::time_point::max();
+    bool rested = false;
+    for (const Documents& document : gDocuments) {
+        if (document.view == nullptr || document.view->isResting()) {
+            continue;
+        }
+        const Clock::time_point due = document.lastUse + restAfter();
+        if (due <= now) {
+            document.view->rest();
+            rested = true;
+        } else {
+            next = std::min(next, due);
+        }
+    }
+    if (rested) {
+        malloc_trim(0);
+    }
+    if (next != Clock::time_point::max()) {
+        startTimer(next - now);
+    }
+    return G_SOURCE_REMOVE;
+}
+
+} // namespace
+
+void noteUse(Documents& document) {
+    document.view->wake();
+    document.lastUse = Clock::now();
+    if (!timerRuns) {
+        startTimer(restAfter());
+    }
+}
