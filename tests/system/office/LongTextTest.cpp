@@ -57,11 +57,11 @@ public:
         return shown;
     }
     static int prepareAll(View& shown) {
-        int portions = 0;
-        while (shown.document().prepareNext()) {
-            ++portions;
+        int parts = 0;
+        while (shown.document().prepareRest()) {
+            ++parts;
         }
-        return portions;
+        return parts;
     }
     static uint32_t zebra(View& shown) {
         std::vector<CharacterRange> hits;
@@ -105,7 +105,7 @@ TEST_F(LongText, LooksInPortionsAsWhenLaidOutAtOnce) {
         ASSERT_EQ(inPortions->pixels(), atOnce->pixels()) << moves;
         ASSERT_EQ(inPortions->topLeft(), atOnce->topLeft()) << moves;
         ASSERT_EQ(inPortions->bottomRight(), atOnce->bottomRight()) << moves;
-        inPortions->document().prepareNext();
+        inPortions->document().prepareRest();
         ++moves;
         atOnce->document().scrollDown(450, scrolled);
     } while (inPortions->document().scrollDown(450, scrolled) == MODULE_OK);
@@ -285,7 +285,7 @@ TEST_F(LongText, SectionsOfTheTextStayWhole) {
         inPortions->scrollDown(1000);
         atOnce->scrollDown(1000);
         ASSERT_EQ(inPortions->pixels(), atOnce->pixels()) << top;
-        inPortions->document().prepareNext();
+        inPortions->document().prepareRest();
     }
     EXPECT_EQ(inPortions->rows(), rows);
 }
