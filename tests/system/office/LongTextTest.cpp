@@ -246,6 +246,17 @@ TEST_F(LongText, WordsAndSelectionsAreThoseOfTheWholeText) {
     EXPECT_EQ(inPortions, wordsAndSelected(*wholeLayout()));
 }
 
+TEST_F(LongText, CountingWordsLaysOutNothing) {
+    const auto shown = opened();
+    const std::vector<uint32_t> before = shown->pixels();
+    int32_t words = 0;
+    ASSERT_EQ(shown->document().wordCount(words), MODULE_OK);
+    EXPECT_GT(words, 10'000);
+    EXPECT_EQ(shown->repainted(), before);
+    EXPECT_GT(prepareAll(*shown), 10);
+    EXPECT_EQ(shown->rows(), wholeLayout()->rows());
+}
+
 TEST_F(LongText, ANoteInThePartNotLaidOutCanBeShown) {
     const auto path = builder().footnote("a note far down").write("far-note.docx");
     const auto paintedNote = [&](bool whole) {
