@@ -118,6 +118,18 @@ void TextFlow::layOutTo(uint32_t end) {
     measure();
 }
 
+void TextFlow::withWholeText(const std::function<void()>& work) {
+    if (isWhole()) {
+        work();
+        return;
+    }
+    const LayoutPause pause(mDocument.model);
+    const uint32_t end = mShown.end();
+    mShown.showTo(WHOLE);
+    work();
+    mShown.showTo(end);
+}
+
 // What a layout on one page leaves to do.
 void TextFlow::finishPage(int32_t pageWidth) {
     // Text that was on several pages may stay there; a change of the height joins it.

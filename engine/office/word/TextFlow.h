@@ -8,6 +8,7 @@
 
 #include <com/sun/star/text/XTextViewCursor.hpp>
 
+#include <functional>
 #include <limits>
 #include <vector>
 
@@ -34,6 +35,9 @@ public:
     // or a portion that takes about as long as `characters` of long paragraphs.
     void layOutTo(uint32_t end);
     void layOutPortion(uint32_t characters) { layOutTo(mShown.endOfPortion(characters)); }
+
+    // Runs work that needs the whole text, but no layout of it.
+    void withWholeText(const std::function<void()>& work);
 
     bool isWhole() const { return mShown.isWhole(); }
     // The first character that is not laid out; the text's length when all is.

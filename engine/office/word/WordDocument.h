@@ -67,10 +67,10 @@ public:
     int32_t information(DocumentInformation& information);
     int32_t wordCount(int32_t& count);
 
-    // Paints a part of what a further move of the stretch will show, or lays out a
-    // small part of a long text; call when idle. Returns false when nothing is left
-    // to do.
-    bool prepareNext();
+    // Do a small part of the work of calls to come; call when idle. Both return
+    // false when nothing is left to do.
+    bool prepareNext(); // of a further move of the stretch
+    bool prepareRest(); // of a move to anywhere: lays out the rest of a long text
 
     // Returns whether the surface was written since the last call of this function.
     bool takePainted();

@@ -115,16 +115,21 @@ bool WordDocument::prepareNext() {
         if (!d.isCurrent()) {
             return MODULE_NOTHING_THERE;
         }
-        if (d.prepareMove() || d.prepareNextHit()) {
-            return MODULE_OK;
-        }
-        if (d.flow.isWhole()) {
+        return d.prepareMove() || d.prepareNextHit() ? MODULE_OK : MODULE_NOTHING_THERE;
+    });
+    return result == MODULE_OK;
+}
+
+bool WordDocument::prepareRest() {
+    Private& d = *mPrivate;
+    const int32_t result = guardedInOffice([&]() -> int32_t {
+        if (!d.isCurrent() || d.flow.isWhole()) {
             return MODULE_NOTHING_THERE;
         }
         d.layOutPortion(PORTION);
         return MODULE_OK;
     });
-    return result == MODULE_OK;
+    return result == MODULE_OK || prepareNext();
 }
 
 } // namespace lectern::engine

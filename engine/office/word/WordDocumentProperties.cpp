@@ -44,8 +44,10 @@ int32_t WordDocument::information(DocumentInformation& information) {
 
 int32_t WordDocument::wordCount(int32_t& count) {
     return guardedInOffice([&]() -> int32_t {
-        mPrivate->layOutTo(mPrivate->positions.count()); // the suite counts no hidden words
-        const auto all = property<sal_Int32>(propertiesOf(mPrivate->document.model), "WordCount");
+        sal_Int32 all = 0;
+        // The suite does not count the words of the part that is not laid out.
+        mPrivate->flow.withWholeText(
+            [&] { all = property<sal_Int32>(propertiesOf(mPrivate->document.model), "WordCount"); });
         count = std::max(all - wordsInLabels(mPrivate->prepared.body), 0);
         return MODULE_OK;
     });

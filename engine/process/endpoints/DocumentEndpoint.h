@@ -62,19 +62,27 @@ public:
     // Outputs that every answer of this interface has after its result.
     std::tuple<> afterResult() { return {}; }
     // Lets a document that has prepareNext() prepare its next answers, a part at
-    // a time, as soon as no call is waiting. Call after every answer.
+    // a time, as soon as no call is waiting; and one that has prepareRest() do
+    // longer work once no call has come for a while. Call after every answer.
     void prepareWhenIdle() {
         if constexpr (CAN_PREPARE) {
             if (mIdle == 0) {
                 mIdle = g_timeout_add_full(G_PRIORITY_DEFAULT_IDLE, IDLE_PAUSE, &prepare, this, nullptr);
             }
         }
+        if constexpr (HAS_REST) {
+            g_clear_handle_id(&mRest, g_source_remove);
+            mRest = g_timeout_add_full(G_PRIORITY_LOW, REST_PAUSE, &prepareRest, this, nullptr);
+        }
     }
 
 protected:
     // Takes ownership of the skeleton; `path` is the interface's object path.
     DocumentEndpoint(Skeleton* skeleton, const char* path) : mSkeleton(skeleton), mPath(path) {}
-    ~DocumentEndpoint() { g_clear_handle_id(&mIdle, g_source_remove); }
+    ~DocumentEndpoint() {
+        g_clear_handle_id(&mIdle, g_source_remove);
+        g_clear_handle_id(&mRest, g_source_remove);
+    }
 
     Skeleton* skeleton() { return mSkeleton.get(); }
     // Null until a document is open.
@@ -109,14 +117,29 @@ private:
         { document.prepareNext() } -> std::same_as<bool>;
     };
 
+    // Milliseconds. A finger that moves makes calls more often than that.
+    static constexpr guint REST_PAUSE = 250;
+    static constexpr bool HAS_REST = requires(Document & document) {
+        { document.prepareRest() } -> std::same_as<bool>;
+    };
+
+    // Works until a call waits or nothing is left to do; then forgets the source.
+    template<class Work>
+    gboolean workOn(unsigned& source, Work work) {
+        bool more = mDocument != nullptr;
+        while (more && g_main_context_pending(nullptr) == FALSE) {
+            more = work(*mDocument);
+        }
+        source = more ? source : 0;
+        return more ? G_SOURCE_CONTINUE : G_SOURCE_REMOVE;
+    }
     static gboolean prepare(gpointer user) {
         auto& endpoint = *static_cast<DocumentEndpoint*>(user);
-        bool more = endpoint.mDocument != nullptr;
-        while (more && g_main_context_pending(nullptr) == FALSE) {
-            more = endpoint.mDocument->prepareNext();
-        }
-        endpoint.mIdle = more ? endpoint.mIdle : 0;
-        return more ? G_SOURCE_CONTINUE : G_SOURCE_REMOVE;
+        return endpoint.workOn(endpoint.mIdle, [](auto& document) { return document.prepareNext(); });
+    }
+    static gboolean prepareRest(gpointer user) {
+        auto& endpoint = *static_cast<DocumentEndpoint*>(user);
+        return endpoint.workOn(endpoint.mRest, [](auto& document) { return document.prepareRest(); });
     }
 
     Office* mOffice = nullptr;
@@ -126,7 +149,9 @@ private:
     // Declared before the document, which uses the surfaces until its destruction.
     std::array<std::optional<MappedSurface>, SurfaceCount> mSurfaces;
     std::unique_ptr<Document> mDocument;
-    unsigned mIdle = 0; // id of the main loop's source for that, 0 without one
+    // Ids of the main loop's sources for that, 0 without one.
+    unsigned mIdle = 0;
+    unsigned mRest = 0;
 };
 
 } // namespace lectern::engine

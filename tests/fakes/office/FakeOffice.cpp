@@ -364,6 +364,10 @@ int32_t WordDocument::scrollToRange(CharacterRange range) {
 }
 
 bool WordDocument::prepareNext() {
+    return false;
+}
+
+bool WordDocument::prepareRest() {
     Private& d = *mPrivate;
     const std::string portions = d.setting("portions");
     if (portions.empty() || d.portionsDone == std::stoi(portions)) {

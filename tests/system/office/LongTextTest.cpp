@@ -57,11 +57,11 @@ public:
         return shown;
     }
     static int prepareAll(View& shown) {
-        int portions = 0;
-        while (shown.document().prepareNext()) {
-            ++portions;
+        int parts = 0;
+        while (shown.document().prepareRest()) {
+            ++parts;
         }
-        return portions;
+        return parts;
     }
     static uint32_t zebra(View& shown) {
         std::vector<CharacterRange> hits;
@@ -105,7 +105,7 @@ TEST_F(LongText, LooksInPortionsAsWhenLaidOutAtOnce) {
         ASSERT_EQ(inPortions->pixels(), atOnce->pixels()) << moves;
         ASSERT_EQ(inPortions->topLeft(), atOnce->topLeft()) << moves;
         ASSERT_EQ(inPortions->bottomRight(), atOnce->bottomRight()) << moves;
-        inPortions->document().prepareNext();
+        inPortions->document().prepareRest();
         ++moves;
         atOnce->document().scrollDown(450, scrolled);
     } while (inPortions->document().scrollDown(450, scrolled) == MODULE_OK);
@@ -246,6 +246,17 @@ TEST_F(LongText, WordsAndSelectionsAreThoseOfTheWholeText) {
     EXPECT_EQ(inPortions, wordsAndSelected(*wholeLayout()));
 }
 
+TEST_F(LongText, CountingWordsLaysOutNothing) {
+    const auto shown = opened();
+    const std::vector<uint32_t> before = shown->pixels();
+    int32_t words = 0;
+    ASSERT_EQ(shown->document().wordCount(words), MODULE_OK);
+    EXPECT_GT(words, 10'000);
+    EXPECT_EQ(shown->repainted(), before);
+    EXPECT_GT(prepareAll(*shown), 10);
+    EXPECT_EQ(shown->rows(), wholeLayout()->rows());
+}
+
 TEST_F(LongText, ANoteInThePartNotLaidOutCanBeShown) {
     const auto path = builder().footnote("a note far down").write("far-note.docx");
     const auto paintedNote = [&](bool whole) {
@@ -285,7 +296,7 @@ TEST_F(LongText, SectionsOfTheTextStayWhole) {
         inPortions->scrollDown(1000);
         atOnce->scrollDown(1000);
         ASSERT_EQ(inPortions->pixels(), atOnce->pixels()) << top;
-        inPortions->document().prepareNext();
+        inPortions->document().prepareRest();
     }
     EXPECT_EQ(inPortions->rows(), rows);
 }
