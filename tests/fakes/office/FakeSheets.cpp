@@ -98,6 +98,10 @@ int32_t SheetDocument::render(int32_t sheet, int32_t /*x*/, int32_t y) {
     return whenSheet(sheet);
 }
 
+bool SheetDocument::prepareNext() {
+    return false;
+}
+
 int32_t SheetDocument::sheetCount(int32_t& count) {
     count = SHEETS;
     return MODULE_OK;
