@@ -12,6 +12,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <tuple>
 #include <vector>
 
@@ -23,9 +24,24 @@ struct BufferPair {
     std::uint32_t* pixels = nullptr;        // has the surface's size; null after a refused one
 };
 
+// The measurements of a sheet, which change only with the resolution and with the
+// functions of stg_changes.cpp.
+struct SheetMeasures {
+    std::int32_t sheet = 0;
+    std::int32_t columns = 0;
+    std::int32_t width = 0; // in pixels, as all that follow
+    std::int32_t height = 0;
+    std::int32_t cornerWidth = 0;
+    std::int32_t cornerHeight = 0;
+    std::vector<stg_region> comments;
+};
+
 // The object behind an stg_ document handle.
 struct SheetHandle : DocumentHandle {
     std::array<BufferPair, SHEET_AREAS> buffers;
+    std::int32_t dpi = 0; // 0 until it is set
+    // Of the sheet that was measured last, until it changes.
+    std::optional<SheetMeasures> measures;
     // Arrays returned to the caller; each is valid until the next call of its function.
     std::vector<stg_region> commentMarks;
     std::vector<stg_region> foundRegions;
@@ -78,6 +94,38 @@ std::int32_t getFromWorkbook(void* doc, std::int32_t* number, Method method, Inp
     });
 }
 
+inline std::vector<stg_region> regionsOf(GVariant* numbers) {
+    std::vector<stg_region> regions;
+    for (const module_rect& rectangle : rectanglesOf(numbers)) {
+        regions.push_back({0, rectangle.x, rectangle.y, rectangle.width, rectangle.height});
+    }
+    return regions;
+}
+
+// For functions that return one of a sheet's measurements: runs use(measures).
+// Only the first one after a change calls the engine.
+template<class Use>
+std::int32_t onMeasures(void* doc, std::int32_t sheet, Use use) {
+    return onWorkbook(doc, [&](SheetHandle& handle) -> std::int32_t {
+        if (!handle.engine->isAlive()) {
+            return MODULE_ENGINE_LOST;
+        }
+        if (!handle.measures || handle.measures->sheet != sheet) {
+            SheetMeasures read{sheet, 0, 0, 0, 0, 0, {}};
+            GLibHolder<GVariant> comments;
+            const std::int32_t result = callEngine(
+                handle, &lectern_ipc_sheet_call_measure_sync, std::tuple(gint{sheet}), &read.columns,
+                &read.width, &read.height, &read.cornerWidth, &read.cornerHeight, out(comments));
+            if (result != MODULE_OK) {
+                return result;
+            }
+            read.comments = regionsOf(comments.get());
+            handle.measures = std::move(read);
+        }
+        return use(handle, *handle.measures);
+    });
+}
+
 // For functions that return rectangles, which are stored in the handle's member `kept`.
 template<class Method, class... Inputs>
 std::int32_t getRegions(void* doc, const stg_region** regions, std::int32_t* count,
@@ -96,9 +144,7 @@ std::int32_t getRegions(void* doc, const stg_region** regions, std::int32_t* cou
         if (result != MODULE_OK) {
             return result;
         }
-        for (const module_rect& rectangle : rectanglesOf(numbers.get())) {
-            list.push_back({0, rectangle.x, rectangle.y, rectangle.width, rectangle.height});
-        }
+        list = regionsOf(numbers.get());
         *regions = list.empty() ? nullptr : list.data();
         *count = static_cast<std::int32_t>(list.size());
         return result;

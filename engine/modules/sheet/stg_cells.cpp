@@ -7,8 +7,17 @@ using namespace lectern::engine;
 using lectern::GLibHolder;
 
 int32_t stg_get_comment_marks_rects(void* doc, int32_t sheet, const stg_region** marks, int32_t* count) {
-    return getRegions(doc, marks, count, &SheetHandle::commentMarks,
-                      &lectern_ipc_sheet_call_comment_marks_sync, gint{sheet});
+    if (marks == nullptr || count == nullptr) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    *marks = nullptr;
+    *count = 0;
+    return onMeasures(doc, sheet, [&](SheetHandle& handle, const SheetMeasures& measures) {
+        handle.commentMarks = measures.comments;
+        *marks = handle.commentMarks.empty() ? nullptr : handle.commentMarks.data();
+        *count = static_cast<int32_t>(handle.commentMarks.size());
+        return MODULE_OK;
+    });
 }
 
 int32_t stg_get_comment(void* doc, int32_t sheet, int32_t x, int32_t y, uint16_t* text, int32_t capacity,

@@ -76,7 +76,18 @@ int32_t stg_set_dpi(void* doc, int32_t dpi) {
     if (dpi < 1) {
         return MODULE_BAD_ARGUMENT;
     }
-    return tellWorkbook(doc, &lectern_ipc_sheet_call_set_dpi_sync, gint{dpi});
+    return onWorkbook(doc, [&](SheetHandle& handle) -> std::int32_t {
+        if (handle.dpi == dpi && handle.engine->isAlive()) {
+            return MODULE_OK;
+        }
+        const std::int32_t result =
+            callEngine(handle, &lectern_ipc_sheet_call_set_dpi_sync, std::tuple(gint{dpi}));
+        if (result == MODULE_OK) {
+            handle.dpi = dpi;
+            handle.measures.reset();
+        }
+        return result;
+    });
 }
 
 int32_t stg_render_sheet(void* doc, int32_t sheet, int32_t x, int32_t y) {
@@ -97,23 +108,23 @@ int32_t stg_get_sheet_count(void* doc, int32_t* count) {
 }
 
 int32_t stg_get_column_count(void* doc, int32_t sheet, int32_t* count) {
-    return getFromWorkbook(doc, count, &lectern_ipc_sheet_call_column_count_sync, gint{sheet});
+    if (count == nullptr) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return onMeasures(doc, sheet, [&](SheetHandle&, const SheetMeasures& measures) {
+        *count = measures.columns;
+        return MODULE_OK;
+    });
 }
 
 int32_t stg_get_sheet_dimensions(void* doc, int32_t sheet, int32_t* width, int32_t* height) {
     if (width == nullptr || height == nullptr) {
         return MODULE_BAD_ARGUMENT;
     }
-    return onWorkbook(doc, [&](SheetHandle& handle) {
-        gint across = 0;
-        gint down = 0;
-        const std::int32_t result = callEngine(handle, &lectern_ipc_sheet_call_dimensions_sync,
-                                               std::tuple(gint{sheet}), &across, &down);
-        if (result == MODULE_OK) {
-            *width = across;
-            *height = down;
-        }
-        return result;
+    return onMeasures(doc, sheet, [&](SheetHandle&, const SheetMeasures& measures) {
+        *width = measures.width;
+        *height = measures.height;
+        return MODULE_OK;
     });
 }
 
@@ -137,16 +148,7 @@ int32_t stg_cell_bounds(void* doc, int32_t sheet, int32_t x, int32_t y, int32_t*
     if (left == nullptr || top == nullptr || width == nullptr || height == nullptr) {
         return MODULE_BAD_ARGUMENT;
     }
-    return onWorkbook(doc, [&](SheetHandle& handle) -> std::int32_t {
-        module_rect bounds{};
-        const std::int32_t result = callEngine(handle, &lectern_ipc_sheet_call_cell_bounds_sync,
-                                               std::tuple(gint{sheet}, gint{x}, gint{y}), &bounds.x,
-                                               &bounds.y, &bounds.width, &bounds.height);
-        if (result != MODULE_OK) {
-            return result;
-        }
-        const bool corner = x == -1 && y == -1;
-        const std::int32_t most = corner ? MOST_THICKNESS : G_MAXINT32;
+    const auto deliver = [&](const module_rect& bounds, std::int32_t most) -> std::int32_t {
         if (bounds.width < 0 || bounds.height < 0 || bounds.width > most || bounds.height > most) {
             return MODULE_FAILED;
         }
@@ -155,6 +157,18 @@ int32_t stg_cell_bounds(void* doc, int32_t sheet, int32_t x, int32_t y, int32_t*
         *width = bounds.width;
         *height = bounds.height;
         return MODULE_OK;
+    };
+    if (x == -1 && y == -1) {
+        return onMeasures(doc, sheet, [&](SheetHandle&, const SheetMeasures& measures) {
+            return deliver({0, 0, measures.cornerWidth, measures.cornerHeight}, MOST_THICKNESS);
+        });
+    }
+    return onWorkbook(doc, [&](SheetHandle& handle) {
+        module_rect bounds{};
+        const std::int32_t result = callEngine(handle, &lectern_ipc_sheet_call_cell_bounds_sync,
+                                               std::tuple(gint{sheet}, gint{x}, gint{y}), &bounds.x,
+                                               &bounds.y, &bounds.width, &bounds.height);
+        return result == MODULE_OK ? deliver(bounds, G_MAXINT32) : result;
     });
 }
 

@@ -137,6 +137,15 @@ int32_t SheetDocument::render(int32_t sheet, int32_t x, int32_t y) {
     });
 }
 
+bool SheetDocument::prepareNext() {
+    bool more = false;
+    const int32_t result = guardedInOffice([&]() -> int32_t {
+        more = mPrivate->cells.paintAhead(mPrivate->book);
+        return MODULE_OK;
+    });
+    return result == MODULE_OK && more;
+}
+
 int32_t SheetDocument::sheetCount(int32_t& count) {
     count = mPrivate->book.count();
     return MODULE_OK;

@@ -33,6 +33,9 @@ public:
     int32_t setDpi(int32_t dpi);
     // Paints all surfaces that are set.
     int32_t render(int32_t sheet, int32_t x, int32_t y);
+    // Prepares for the next window, for some milliseconds; false when nothing is
+    // left to do.
+    bool prepareNext();
 
     int32_t sheetCount(int32_t& count);
     int32_t title(int32_t sheet, std::u16string& text);

@@ -174,6 +174,7 @@ const SheetGeometry& Workbook::geometry(int32_t index) {
 }
 
 void Workbook::changed(int32_t index) {
+    ++mRevision;
     Sheet& sheet = mSheets[static_cast<size_t>(index)];
     sheet.geometry.reset();
     sheet.drawings.read();

@@ -78,6 +78,8 @@ public:
     // Call aboutToChange before and changed after every change of a sheet.
     void aboutToChange(int32_t sheet) { mSheets[static_cast<size_t>(sheet)].drawings.restore(); }
     void changed(int32_t sheet);
+    // Another number after every change.
+    int64_t revision() const { return mRevision; }
 
     // Whether charts, pictures or shapes lie on the sheet.
     bool hasDrawings(int32_t sheet) const { return !mSheets[static_cast<size_t>(sheet)].drawings.empty(); }
@@ -118,6 +120,7 @@ private:
     LoadedModel mLoaded;
     std::vector<Sheet> mSheets;
     int32_t mDpi = DEFAULT_DPI;
+    int64_t mRevision = 0;
 };
 
 } // namespace lectern::engine

@@ -31,6 +31,23 @@ gboolean handleSetSurface(Skeleton* sheet, Invocation* invocation, GUnixFDList* 
     return TRUE;
 }
 
+gboolean handleMeasure(Skeleton* sheet, Invocation* invocation, gint index, gpointer user) {
+    std::int32_t columns = 0;
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+    PixelRect corner;
+    std::vector<PixelRect> comments;
+    const std::int32_t result = serviceOf(user).run([&](Document& document) {
+        // The first failure is the answer.
+        std::int32_t measured = document.columnCount(index, columns);
+        measured = measured != MODULE_OK ? measured : document.dimensions(index, width, height);
+        measured = measured != MODULE_OK ? measured : document.cellBounds(index, -1, -1, corner);
+        return measured != MODULE_OK ? measured : document.commentMarks(index, comments);
+    });
+    return answer(serviceOf(user), &lectern_ipc_sheet_complete_measure, sheet, invocation, result, columns,
+                  width, height, corner.width, corner.height, written(comments));
+}
+
 gboolean handleCellBounds(Skeleton* sheet, Invocation* invocation, gint index, gint x, gint y,
                           gpointer user) {
     PixelRect bounds;
@@ -47,8 +64,7 @@ void connectView(const Connector<SheetEndpoint>& on) {
     on.operation<&Document::render, &lectern_ipc_sheet_complete_render>("handle-render");
     on.operation<&Document::sheetCount, &lectern_ipc_sheet_complete_sheet_count>("handle-sheet-count");
     on.operation<&Document::title, &lectern_ipc_sheet_complete_title>("handle-title");
-    on.operation<&Document::columnCount, &lectern_ipc_sheet_complete_column_count>("handle-column-count");
-    on.operation<&Document::dimensions, &lectern_ipc_sheet_complete_dimensions>("handle-dimensions");
+    on.handler("handle-measure", &handleMeasure);
     on.handler("handle-cell-bounds", &handleCellBounds);
     on.operation<&Document::cellAt, &lectern_ipc_sheet_complete_cell_at>("handle-cell-at");
     on.handler("handle-information",
@@ -56,7 +72,6 @@ void connectView(const Connector<SheetEndpoint>& on) {
 }
 
 void connectFinding(const Connector<SheetEndpoint>& on) {
-    on.operation<&Document::commentMarks, &lectern_ipc_sheet_complete_comment_marks>("handle-comment-marks");
     on.operation<&Document::comment, &lectern_ipc_sheet_complete_comment>("handle-comment");
     on.handler("handle-set-highlight-color",
                &handleHighlightColor<SheetEndpoint, &lectern_ipc_sheet_complete_set_highlight_color>);

@@ -3,6 +3,7 @@
 //   name, password    as there
 //   surface, render, sort    how these calls misbehave, see Misbehaviour.h
 //   lie               return an impossible header corner
+//   counted           sheets are wider by a pixel for each time they were measured
 // There are two sheets, "One" and "Two", of 10 x 20 cells of 50 x 20 pixels at
 // every dpi. Area a of sheet s is painted 0xFF000000 + a * 0x10000 + s * 0x1000
 // + the document row of its pixels. Every second cell of row 1 has the comment
@@ -46,6 +47,7 @@ struct SheetDocument::Private {
     std::array<Surface, SHEET_AREAS> surfaces;
     int32_t hits = 0;
     bool selected = false;
+    int32_t measured = 0; // calls of dimensions()
 
     std::string setting(const std::string& key) const {
         const auto found = settings.find(key);
@@ -98,6 +100,10 @@ int32_t SheetDocument::render(int32_t sheet, int32_t /*x*/, int32_t y) {
     return whenSheet(sheet);
 }
 
+bool SheetDocument::prepareNext() {
+    return false;
+}
+
 int32_t SheetDocument::sheetCount(int32_t& count) {
     count = SHEETS;
     return MODULE_OK;
@@ -114,7 +120,8 @@ int32_t SheetDocument::columnCount(int32_t sheet, int32_t& count) {
 }
 
 int32_t SheetDocument::dimensions(int32_t sheet, int32_t& width, int32_t& height) {
-    width = COLUMNS * CELL_WIDTH;
+    mPrivate->measured++;
+    width = COLUMNS * CELL_WIDTH + (mPrivate->settings.count("counted") != 0 ? mPrivate->measured : 0);
     height = ROWS * CELL_HEIGHT;
     return whenSheet(sheet);
 }

@@ -99,6 +99,33 @@ TEST_F(SheetTest, PlacesThatCannotBeAreRefused) {
     EXPECT_EQ(a, UNTOUCHED);
 }
 
+TEST_F(SheetTest, ASheetIsMeasuredOnceUntilItChanges) {
+    WorkbookHandle workbook;
+    openSheets(workbook, "counted=yes\n");
+    void* const doc = workbook.get();
+    const auto times = [&](std::int32_t sheet = 0) {
+        const stg_region* marks = nullptr;
+        EXPECT_EQ(stg.stg_get_comment_marks_rects(doc, sheet, &marks, &c), MODULE_OK);
+        EXPECT_EQ(stg.stg_get_column_count(doc, sheet, &c), MODULE_OK);
+        EXPECT_EQ(stg.stg_cell_bounds(doc, sheet, -1, -1, &a, &b, &c, &d), MODULE_OK);
+        EXPECT_EQ(stg.stg_get_sheet_dimensions(doc, sheet, &a, &b), MODULE_OK);
+        return a - 500;
+    };
+    EXPECT_EQ(stg.stg_set_dpi(doc, 144), MODULE_OK);
+    EXPECT_EQ(times(), 1);
+    EXPECT_EQ(stg.stg_set_dpi(doc, 144), MODULE_OK);
+    EXPECT_EQ(stg.stg_render_sheet(doc, 0, 0, 0), MODULE_OK);
+    EXPECT_EQ(times(), 1) << "a new window of the same sheet";
+    EXPECT_EQ(stg.stg_set_dpi(doc, 216), MODULE_OK);
+    EXPECT_EQ(times(), 2);
+    EXPECT_EQ(stg.stg_hide_rows(doc, 0, 0, 0), MODULE_OK);
+    EXPECT_EQ(times(), 3);
+    EXPECT_EQ(stg.stg_sort_ascending(doc, 0, 0), MODULE_OK);
+    EXPECT_EQ(times(), 4);
+    EXPECT_EQ(times(1), 5);
+    EXPECT_EQ(times(0), 6);
+}
+
 TEST_F(SheetTest, RenderingFillsAllThreeBuffersAndNothingBeforeIt) {
     WorkbookHandle workbook;
     openSheets(workbook, "name=x\n");

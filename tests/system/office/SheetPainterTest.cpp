@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: Apache-2.0
+// What of a sheet is painted again when its window moves. The tests change the
+// colour of all cells behind the painter's back: rows that are painted afterwards
+// have the new colour, rows that are kept do not.
+#include "engine/office/OfficeGuard.h"
+#include "engine/office/sheet/CellPainter.h"
+#include "engine/office/sheet/Workbook.h"
+#include "tests/system/office/OfficeFixture.h"
+#include "tests/system/support/Python.h"
+
+#include <optional>
+
+namespace lectern::engine::test {
+
+namespace {
+
+constexpr int32_t SIZE = 300; // of a window, in pixels
+constexpr int32_t AHEAD = 150;
+constexpr int32_t DPI = 144;
+constexpr int32_t NEW = 0x00AA00;
+constexpr uint32_t NEW_PIXEL = 0xFF00AA00;
+
+class SheetPainterTest : public OfficeTest {
+protected:
+    SheetPainterTest() {
+        const std::string path = testFolder() / "plain.xlsx";
+        python({SAMPLES_FOLDER "/make_xlsx.py", "plain", path, "1,2", "3,4"});
+        guarded([&] {
+            LoadedModel loaded;
+            EXPECT_EQ(loadModel(office().d(), path, "", testFolder(), loaded), MODULE_OK);
+            mBook.emplace(std::move(loaded));
+            mBook->setDpi(DPI);
+        });
+    }
+    ~SheetPainterTest() override {
+        guarded([&] { mBook.reset(); });
+    }
+
+    template<class Work>
+    static void guarded(Work work) {
+        EXPECT_EQ(guardedInOffice([&]() -> int32_t {
+                      work();
+                      return MODULE_OK;
+                  }),
+                  MODULE_OK);
+    }
+    void paint(int32_t x, int32_t y, int32_t dpi = DPI) {
+        mPixels.assign(size_t{SIZE} * SIZE, 0);
+        guarded([&] { mPainter.paint(*mBook, 0, x, y, dpi, {mPixels.data(), SIZE, SIZE}); });
+    }
+    int paintAhead() {
+        int steps = 0;
+        guarded([&] {
+            while (mPainter.paintAhead(*mBook)) {
+                ++steps;
+            }
+        });
+        return steps;
+    }
+    void recolour() {
+        guarded([&] { setProperty(propertiesOf(mBook->sheet(0)), "CellBackColor", sal_Int32{NEW}); });
+    }
+    // Number of rows of the window that have the new colour, and the first of them.
+    std::pair<int32_t, int32_t> newRows() const {
+        int32_t count = 0;
+        int32_t first = SIZE;
+        for (int32_t row = 0; row < SIZE; ++row) {
+            // Every row of pixels has more fill than letters and lines.
+            const auto begin = mPixels.begin() + row * SIZE;
+            if (std::count(begin, begin + SIZE, NEW_PIXEL) > SIZE / 2) {
+                ++count;
+                first = std::min(first, row);
+            }
+        }
+        return {count, first};
+    }
+
+    std::optional<Workbook> mBook;
+    CellPainter mPainter;
+    std::vector<uint32_t> mPixels;
+};
+
+using Rows = std::pair<int32_t, int32_t>;
+constexpr Rows NONE{0, SIZE};
+
+TEST_F(SheetPainterTest, AWindowInsideThePreparedNeighbourhoodNeedsNoPainting) {
+    paint(0, 0);
+    EXPECT_GT(paintAhead(), 0);
+    EXPECT_EQ(paintAhead(), 0);
+    recolour();
+    paint(0, AHEAD - 20);
+    EXPECT_EQ(newRows(), NONE);
+    paint(0, AHEAD);
+    EXPECT_EQ(newRows(), NONE);
+}
+
+TEST_F(SheetPainterTest, TheNeighbourhoodLiesInTheDirectionOfTravel) {
+    paint(0, 600);
+    paint(0, 500);
+    paintAhead();
+    recolour();
+    paint(0, 500 - AHEAD);
+    EXPECT_EQ(newRows(), NONE);
+}
+
+TEST_F(SheetPainterTest, AWindowThatMovesUpOrDownNeedsOnlyTheNewRows) {
+    paint(0, 300);
+    paint(0, 310);
+    recolour();
+    paint(0, 370);
+    const auto [below, first] = newRows();
+    EXPECT_GT(below, 50); // lines between cells keep their colour
+    EXPECT_LE(below, 60);
+    EXPECT_GE(first, SIZE - 60);
+    paint(0, 250);
+    const auto [above, top] = newRows();
+    EXPECT_GT(above, 40);
+    EXPECT_EQ(top, 0);
+}
+
+TEST_F(SheetPainterTest, ChangesZoomsAndWindowsAsideArePaintedAnew) {
+    paint(0, 0);
+    paintAhead();
+    recolour();
+    paint(10, 0);
+    EXPECT_GT(newRows().first, SIZE - 20);
+    paint(0, 0);
+    EXPECT_GT(newRows().first, SIZE - 20);
+    guarded([&] { setProperty(propertiesOf(mBook->sheet(0)), "CellBackColor", sal_Int32{0xFFFFFF}); });
+    paint(0, 0);
+    EXPECT_GT(newRows().first, SIZE - 20);
+    guarded([&] {
+        mBook->aboutToChange(0);
+        mBook->changed(0);
+    });
+    EXPECT_EQ(paintAhead(), 0);
+    paint(0, 0);
+    EXPECT_EQ(newRows(), NONE);
+}
+
+} // namespace
+
+} // namespace lectern::engine::test
