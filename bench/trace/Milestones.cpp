@@ -7,6 +7,7 @@
 //
 // The microseconds are those of CLOCK_MONOTONIC. Messages have the details: descriptor,
 // serial number of the message or, for a return, of its call, and the method's name.
+// Packets, which the service exchanges with the fork server, have the descriptor.
 // Engines are not traced, because they start with an environment of their own; the
 // service's messages show what they do.
 #include <dlfcn.h>
@@ -123,6 +124,14 @@ bool isHeader(std::string_view bytes) {
     return bytes.size() >= HEADER && bytes[0] == LITTLE_ENDIAN_MARK && bytes[3] == PROTOCOL;
 }
 
+void notePacket(const char* event, int socket) {
+    int type = 0;
+    socklen_t size = sizeof type;
+    if (getsockopt(socket, SOL_SOCKET, SO_TYPE, &type, &size) == 0 && type == SOCK_SEQPACKET) {
+        note("%s-packet %d", event, socket);
+    }
+}
+
 // GLib reads a header and the rest of a message apart.
 void noteReceived(int socket, std::string_view bytes) {
     constexpr size_t MOST = 256;
@@ -159,6 +168,8 @@ ssize_t sendmsg(int socket, const msghdr* message, int flags) {
                                      message->msg_iov[0].iov_len);
         if (isHeader(bytes)) {
             noteMessage("sends", socket, bytes.data(), bytes.substr(HEADER));
+        } else {
+            notePacket("sends", socket);
         }
     }
     return original(socket, message, flags);
@@ -168,6 +179,7 @@ ssize_t recvmsg(int socket, msghdr* message, int flags) {
     static const auto original = next<decltype(&recvmsg)>("recvmsg");
     const ssize_t count = original(socket, message, flags);
     if (count > 0 && message->msg_iovlen > 0) {
+        notePacket("received", socket);
         noteReceived(socket, {static_cast<const char*>(message->msg_iov[0].iov_base),
                               std::min(static_cast<size_t>(count), message->msg_iov[0].iov_len)});
     }

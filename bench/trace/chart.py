@@ -20,8 +20,8 @@ BUILD = ROOT / 'build' / 'release'
 RUNS = 15
 SHORTEST = 0.3  # milliseconds; shorter calls of an engine are not drawn
 
-COLOURS = {'command': '#38bdf8', 'bus': '#a78bfa', 'service': '#34d399', 'engine': '#f59e0b', 'next engine': '#cbd5e1'}
-ENGINE_CALLS = {'Start': 'starts the suite', 'Open': 'the suite reads the file',
+COLOURS = {'command': '#38bdf8', 'bus': '#a78bfa', 'service': '#34d399', 'engine': '#f59e0b'}
+ENGINE_CALLS = {'Open': 'the suite reads the file',
                 'StretchPlace': 'lays out and paints the first stretch', 'RenderSlide': 'paints the slide'}
 WRITES = 'writes the picture into a file'
 
@@ -90,19 +90,20 @@ def spans_of(events: list[Event]) -> list[Span]:
     painted = trace.time('service', 'posts', '101', after=taken)
     shown = trace.time('lectern', 'takes', '101', after=paint)
     destroy = trace.time('lectern', 'sends-call', '', '', 'destroy')
-    first, *others = _engines(trace)
+    spawned = trace.time('service', 'spawns')
+    forked = trace.time('service', 'received-packet', after=asked)
+    calls = _calls_of_engine(trace)
     spans = [Span('command', 'starts, and starts the keeper of the bus', 0, keeper),
              Span('bus', 'the keeper starts and writes the folder of the bus', keeper, daemon),
              Span('bus', 'the daemon starts', daemon, hello),
              Span('command', 'joins the bus and calls', hello, create),
              Span('bus', 'the daemon starts the service', create, service),
-             Span('service', 'starts, and starts an engine', service, first.spawned),
+             Span('service', 'starts, and starts the fork server', service, spawned),
              Span('service', 'joins the bus', joins, asked),
-             Span('engine', 'starts, enters the sandbox, connects', first.spawned, first.calls[0][1]),
-             *_work(first.calls, replied),
-             *(Span('next engine', 'starts', other.spawned, other.calls[0][2] if other.calls else events[-1].time)
-               for other in others[:1]),
-             Span('service', 'replies', first.last_end(replied), replied),
+             Span('engine', 'the fork server starts the suite and forks', spawned, forked),
+             Span('engine', 'connects', forked, calls[0][1]),
+             *_work(calls, replied),
+             Span('service', 'replies', max((end for _, _, end in calls if end <= replied), default=replied), replied),
              Span('command', 'receives the reply, and asks for a paint', told, paint),
              Span('service', 'paints', taken, painted),
              Span('command', WRITES, shown, destroy),
@@ -110,21 +111,13 @@ def spans_of(events: list[Event]) -> list[Span]:
     return sorted(spans, key=lambda span: span.begin)
 
 
-@dataclass(frozen=True)
-class Engine:
-    spawned: float
-    calls: list[tuple[str, float, float]]
-
-    def last_end(self, before: float) -> float:
-        return max((end for _, _, end in self.calls if end <= before), default=before)
-
-
-def _engines(trace: Trace) -> list[Engine]:
-    """The engines that the service started, oldest first. Each begins with the call Start on a socket of its own."""
-    spawned = [event.time for event in trace.all('service', 'spawns')]
-    sockets = list(dict.fromkeys(event.details[0] for event in trace.all('service', 'sends-call', '', '', 'Start')))
-    calls = [list(trace.calls(socket)) for socket in sockets]
-    return [Engine(time, calls[i] if i < len(calls) else []) for i, time in enumerate(spawned)]
+def _calls_of_engine(trace: Trace) -> list[tuple[str, float, float]]:
+    """The calls on the first connection that is not the one to the bus."""
+    bus = next(trace.all('service', 'sends-call', '', '', 'Hello')).details[0]
+    engine = next((event.details[0] for event in trace.all('service', 'sends-call') if event.details[0] != bus), None)
+    if engine is None:
+        raise ValueError('the trace has no call of an engine')
+    return list(trace.calls(engine))
 
 
 def _work(calls: list[tuple[str, float, float]], until: float) -> Iterable[Span]:

@@ -14,15 +14,13 @@ STEPS = """
 5 1 lectern sends-call 7 1 Hello
 6 1 lectern sends-call 7 2 create
 8 4 service start
-9 4 service spawns engine
+9 4 service spawns server
 10 4 service sends-call 9 1 Hello
 12 4 service received-call 9 2 create
-14 4 service sends-call 12 1 Start
-100 4 service received-return 12 1
+13 4 service sends-packet 11
+100 4 service received-packet 11
 101 4 service sends-call 12 2 Open
 180 4 service received-return 12 2
-181 4 service spawns engine
-190 4 service sends-call 13 1 Start
 200 4 service sends-call 12 3 StretchPlace
 220 4 service received-return 12 3
 221 4 service sends-return 9 2
@@ -48,12 +46,9 @@ class ChartTest(unittest.TestCase):
 
     def test_an_engines_calls_last_until_their_returns(self):
         spans = self.spans()
-        self.assertEqual(spans['engine', 'starts the suite'], (14, 100))
+        self.assertEqual(spans['engine', 'the fork server starts the suite and forks'], (9, 100))
         self.assertEqual(spans['engine', 'the suite reads the file'], (101, 180))
         self.assertEqual(spans['engine', 'lays out and paints the first stretch'], (200, 220))
-
-    def test_the_next_engine_is_another(self):
-        self.assertEqual(self.spans()['next engine', 'starts'], (181, 250))
 
     def test_the_end_is_the_last_event(self):
         self.assertEqual(self.spans()['command', 'ends the service and the bus'], (230, 250))
