@@ -7,7 +7,6 @@
 #include <unistd.h>
 
 #include <cstdlib>
-#include <filesystem>
 #include <sstream>
 
 namespace {
@@ -17,9 +16,8 @@ long switchesOf(const RunningService& service) {
     constexpr char KEY[] = "voluntary_ctxt_switches:";
     long switches = 0;
     for (const pid_t process : service.processes()) {
-        for (const auto& task :
-             std::filesystem::directory_iterator("/proc/" + std::to_string(process) + "/task")) {
-            std::istringstream lines(readFile(task.path().string() + "/status"));
+        for (const std::string& thread : threadsOf(process)) {
+            std::istringstream lines(readFile(thread + "/status"));
             for (std::string line; std::getline(lines, line);) {
                 if (line.rfind(KEY, 0) == 0) {
                     switches += std::strtol(line.c_str() + sizeof KEY, nullptr, 10);
