@@ -7,22 +7,22 @@
 #include <unistd.h>
 
 #include <cstdlib>
-#include <filesystem>
+#include <map>
 #include <sstream>
 
 namespace {
 
-// A thread that is woken up and waits again makes one voluntary switch.
-long switchesOf(const RunningService& service) {
+// The switches of each thread. One that is woken up and waits again makes one voluntary
+// switch.
+std::map<std::string, long> switchesOf(const RunningService& service) {
     constexpr char KEY[] = "voluntary_ctxt_switches:";
-    long switches = 0;
+    std::map<std::string, long> switches;
     for (const pid_t process : service.processes()) {
-        for (const auto& task :
-             std::filesystem::directory_iterator("/proc/" + std::to_string(process) + "/task")) {
-            std::istringstream lines(readFile(task.path().string() + "/status"));
+        for (const std::string& thread : threadsOf(process)) {
+            std::istringstream lines(readFile(thread + "/status"));
             for (std::string line; std::getline(lines, line);) {
                 if (line.rfind(KEY, 0) == 0) {
-                    switches += std::strtol(line.c_str() + sizeof KEY, nullptr, 10);
+                    switches[thread] = std::strtol(line.c_str() + sizeof KEY, nullptr, 10);
                 }
             }
         }
@@ -37,7 +37,11 @@ void idleFigures(const Arguments& arguments) {
     RunningService service;
     const OpenedDocument opened(service, arguments[0], std::stoi(arguments[1]), std::stoi(arguments[2]));
     service.waitUntilQuiet();
-    const long before = switchesOf(service);
+    std::map<std::string, long> before = switchesOf(service);
     sleep(static_cast<unsigned>(seconds));
-    printFigure("wakeups", static_cast<double>(switchesOf(service) - before) / seconds);
+    long woken = 0;
+    for (const auto& [thread, count] : switchesOf(service)) {
+        woken += count - before[thread];
+    }
+    printFigure("wakeups", static_cast<double>(woken) / seconds);
 }

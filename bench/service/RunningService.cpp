@@ -30,9 +30,8 @@ std::map<pid_t, pid_t> parents() {
 std::map<pid_t, std::string> work(const std::vector<pid_t>& processes) {
     std::map<pid_t, std::string> used;
     for (const pid_t process : processes) {
-        for (const auto& task :
-             std::filesystem::directory_iterator("/proc/" + std::to_string(process) + "/task")) {
-            const std::string stat = readFile(task.path().string() + "/schedstat");
+        for (const std::string& thread : threadsOf(process)) {
+            const std::string stat = readFile(thread + "/schedstat");
             used[process] += stat.substr(0, stat.find(' ') + 1);
         }
     }
@@ -40,6 +39,16 @@ std::map<pid_t, std::string> work(const std::vector<pid_t>& processes) {
 }
 
 } // namespace
+
+std::vector<std::string> threadsOf(pid_t process) {
+    std::vector<std::string> found;
+    std::error_code ended;
+    const std::filesystem::directory_iterator threads("/proc/" + std::to_string(process) + "/task", ended);
+    for (auto thread = begin(threads); !ended && thread != end(threads); thread.increment(ended)) {
+        found.push_back(thread->path());
+    }
+    return found;
+}
 
 RunningService::RunningService() : mBus(mFolder.path()) {
     mService = std::make_unique<Subprocess>(

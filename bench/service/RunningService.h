@@ -38,6 +38,9 @@ private:
     std::unique_ptr<Queue> mQueue;
 };
 
+// The folders in /proc of a process's threads; none when the process has ended.
+std::vector<std::string> threadsOf(pid_t process);
+
 // A document whose first frame is painted. The constructor throws if that fails.
 class OpenedDocument {
 public:

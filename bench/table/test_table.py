@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: Apache-2.0
 """Tests of the table's arithmetic and of the generated documents."""
 import itertools
+import os
 import pathlib
 import tempfile
 import unittest
@@ -10,7 +11,7 @@ from xml.etree import ElementTree
 from table.documents import Documents
 from table.experiment import Experiment, Row, Way, WayFailed, figure, measure
 from table.report import BEGIN, END, markdown, page_with, plain, summary
-from table.ways import figures_in, raster_figures
+from table.ways import figures_in, raster_figures, run
 
 
 def experiment(ours, theirs, rows, rounds=3, needs=None):
@@ -73,6 +74,23 @@ class ReportTest(unittest.TestCase):
         self.assertEqual(page_with('new\n', page), f'before\n{BEGIN}\nnew\n\n{END}after\n')
         with self.assertRaises(ValueError):
             page_with('new\n', 'a page without marks\n')
+
+
+class RunTest(unittest.TestCase):
+    def test_a_command_that_takes_too_long_ends_with_all_that_it_started(self):
+        with tempfile.TemporaryDirectory() as folder:
+            fifo = pathlib.Path(folder, 'fifo')
+            os.mkfifo(fifo)
+            with self.assertRaisesRegex(WayFailed, 'more than 0.2 s'):
+                run(['sh', '-c', f'sleep 100 <>{fifo} & exec sleep 100'], {}, longest=0.2)
+            with self.assertRaises(OSError):  # because nobody has it open any more
+                os.open(fifo, os.O_WRONLY | os.O_NONBLOCK)
+
+    def test_a_failure_names_the_command_and_its_message(self):
+        with self.assertRaisesRegex(WayFailed, 'sh -c .* status 3: no'):
+            run(['sh', '-c', 'echo no >&2; exit 3'], {})
+        with self.assertRaisesRegex(WayFailed, '/nonexistent'):
+            run(['/nonexistent'], {})
 
 
 class OutputTest(unittest.TestCase):

@@ -4,6 +4,7 @@ import os
 import pathlib
 import re
 import shutil
+import signal
 import subprocess
 import time
 from collections.abc import Callable
@@ -13,6 +14,7 @@ from table.experiment import Figures, WayFailed
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 SAMPLES = ROOT / 'samples'
 LONGEST_SECONDS = 900.0
+PATIENCE_SECONDS = 5.0
 
 # The peers, and what the table says of them.
 PEERS = {
@@ -26,17 +28,34 @@ def is_installed(peer: str) -> bool:
     return shutil.which(peer) is not None
 
 
-def _run(command: list[str], environment: dict[str, str] | None = None) -> tuple[float, str]:
-    """Runs a command; returns its milliseconds from start to end, and its output."""
+def run(command: list[str], environment: dict[str, str], longest: float = LONGEST_SECONDS) -> tuple[float, str]:
+    """Runs a command; returns its milliseconds from start to end, and its output. When the wait ends early, by an
+    interruption or the time limit, ends the command with all that it started."""
     start = time.monotonic()
     try:
-        ended = subprocess.run(command, env={**os.environ, **(environment or {})}, text=True, capture_output=True,
-                               timeout=LONGEST_SECONDS, check=False)
-    except (OSError, subprocess.TimeoutExpired) as failure:
+        process = subprocess.Popen(command, env={**os.environ, **environment}, text=True, stdout=subprocess.PIPE,
+                                   stderr=subprocess.PIPE, start_new_session=True)
+    except OSError as failure:
         raise WayFailed(f'{command[0]}: {failure}') from failure
-    if ended.returncode != 0:
-        raise WayFailed(f'{" ".join(command)} ended with status {ended.returncode}: {ended.stderr.strip()}')
-    return (time.monotonic() - start) * 1000, ended.stdout
+    try:
+        output, errors = process.communicate(timeout=longest)
+    except subprocess.TimeoutExpired as failure:
+        raise WayFailed(f'{command[0]} takes more than {longest:g} s') from failure
+    finally:
+        if process.poll() is None:
+            _end_group(process)
+    if process.returncode != 0:
+        raise WayFailed(f'{" ".join(command)} ended with status {process.returncode}: {errors.strip()}')
+    return (time.monotonic() - start) * 1000, output
+
+
+def _end_group(process: subprocess.Popen[str]) -> None:
+    os.killpg(process.pid, signal.SIGTERM)
+    try:
+        process.communicate(timeout=PATIENCE_SECONDS)  # until no process of the group has the pipes open
+    except subprocess.TimeoutExpired:
+        os.killpg(process.pid, signal.SIGKILL)
+        process.communicate()
 
 
 def figures_in(output: str) -> Figures:
@@ -58,7 +77,7 @@ class Ways:
         command = [str(self.programs / program), *map(str, arguments)]
 
         def measure() -> Figures:
-            whole, output = _run(command)
+            whole, output = self._run(command)
             return {**figures_in(output), 'whole': whole}
         return measure
 
@@ -94,13 +113,15 @@ class Ways:
     def raster(self, rounds: int) -> Callable[[], Figures]:
         """raster_bench's table, as figures "OPERATION SIZE COLUMN"."""
         def measure() -> Figures:
-            _, output = _run([str(self.programs / 'raster_bench'), str(rounds)])
+            _, output = self._run([str(self.programs / 'raster_bench'), str(rounds)])
             return raster_figures(output)
         return measure
 
-    @staticmethod
-    def _whole(command: list[str], environment: dict[str, str] | None = None) -> Callable[[], Figures]:
-        return lambda: {'whole': _run(command, environment)[0]}
+    def _whole(self, command: list[str], environment: dict[str, str] | None = None) -> Callable[[], Figures]:
+        return lambda: {'whole': self._run(command, environment)[0]}
+
+    def _run(self, command: list[str], environment: dict[str, str] | None = None) -> tuple[float, str]:
+        return run(command, {'TMPDIR': str(self.scratch), **(environment or {})})
 
 
 def raster_figures(output: str) -> Figures:

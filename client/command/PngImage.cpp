@@ -21,6 +21,9 @@ bool writePng(std::FILE* stream, const uint32_t* pixels, int width, int height) 
     image.width = static_cast<png_uint_32>(width);
     image.height = static_cast<png_uint_32>(height);
     image.format = PNG_FORMAT_RGB;
+    // Without filters, which take two thirds of the time and save nothing in pictures of
+    // text.
+    image.flags = PNG_IMAGE_FLAG_FAST;
     const bool written = png_image_write_to_stdio(&image, stream, 0, colours.data(), 0, nullptr) != 0;
     png_image_free(&image);
     return written && std::fflush(stream) == 0;

@@ -98,6 +98,17 @@ Error busError(GError* failure, const char* method) {
     return {Error::Kind::Bus, busErrorText(*failure, method), failure->code, std::move(name)};
 }
 
+uint32_t postToDaemon(GDBusConnection* connection, const char* method, const std::string& argument) {
+    const GLibHolder<GDBusMessage> message(g_dbus_message_new_method_call(
+        "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", method));
+    g_dbus_message_set_body(message.get(), g_variant_new("(s)", argument.c_str()));
+    uint32_t serial = 0;
+    return g_dbus_connection_send_message(connection, message.get(), G_DBUS_SEND_MESSAGE_FLAGS_NONE, &serial,
+                                          nullptr) != FALSE
+               ? serial
+               : 0;
+}
+
 GLibHolder<GVariant> askDaemon(GDBusConnection* connection, const char* method, GVariant* arguments,
                                const char* replyType) {
     return GLibHolder<GVariant>(g_dbus_connection_call_sync(

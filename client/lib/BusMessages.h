@@ -27,6 +27,10 @@ Result<Reply> readReply(GDBusMessage* reply, const char* method);
 // The error for a failed attempt to call a method.
 Error busError(GError* failure, const char* method);
 
+// Sends the bus itself a call without waiting for its answer. Returns the call's serial
+// number; 0 when the connection is lost.
+uint32_t postToDaemon(GDBusConnection* connection, const char* method, const std::string& argument);
+
 // Calls a method of the bus itself; returns null when that fails.
 GLibHolder<GVariant> askDaemon(GDBusConnection* connection, const char* method, GVariant* arguments,
                                const char* replyType);

@@ -17,6 +17,7 @@ struct ServiceWatch::Watch {
     const std::function<void()> onGone;
     Mutex mutex; // held while onGone runs
     bool told GUARDED_BY(mutex) = false;
+    uint32_t question GUARDED_BY(mutex) = 0; // serial number of the call NameHasOwner
 
     void tell() {
         const Lock lock(mutex);
@@ -43,10 +44,24 @@ struct ServiceWatch::Watch {
         return name == changed && *now == '\0';
     }
 
+    // Whether the message answers the question with no.
+    bool isNo(GDBusMessage* message) {
+        GVariant* body = g_dbus_message_get_body(message);
+        gboolean owned = TRUE;
+        if (g_dbus_message_get_message_type(message) == G_DBUS_MESSAGE_TYPE_METHOD_RETURN &&
+            body != nullptr && g_variant_is_of_type(body, G_VARIANT_TYPE("(b)")) != FALSE) {
+            const Lock lock(mutex);
+            if (g_dbus_message_get_reply_serial(message) == question) {
+                g_variant_get(body, "(b)", &owned);
+            }
+        }
+        return owned == FALSE;
+    }
+
     static GDBusMessage* look(GDBusConnection* /*connection*/, GDBusMessage* message, gboolean incoming,
                               void* data) {
         Watch& watch = **static_cast<std::shared_ptr<Watch>*>(data);
-        if (incoming != FALSE && watch.isEnd(message)) {
+        if (incoming != FALSE && (watch.isEnd(message) || watch.isNo(message))) {
             watch.tell();
         }
         return message;
@@ -60,8 +75,15 @@ ServiceWatch::ServiceWatch(const Bus& bus, const std::string& uniqueName, std::f
     mFilter =
         g_dbus_connection_add_filter(mBus.connection(), &Watch::look, new std::shared_ptr<Watch>(mWatch),
                                      [](void* watch) { delete static_cast<std::shared_ptr<Watch>*>(watch); });
-    askDaemon(mBus.connection(), "AddMatch", g_variant_new("(s)", mRule.c_str()), nullptr);
-    if (!mBus.serviceRuns(uniqueName)) {
+    // The answers are not awaited, because the first picture would wait for them, too.
+    bool sent = false;
+    {
+        const Lock lock(mWatch->mutex); // which look() needs to know the question
+        postToDaemon(mBus.connection(), "AddMatch", mRule);
+        mWatch->question = postToDaemon(mBus.connection(), "NameHasOwner", uniqueName);
+        sent = mWatch->question != 0;
+    }
+    if (!sent) {
         mWatch->tell();
     }
 }
@@ -72,7 +94,7 @@ ServiceWatch::~ServiceWatch() {
         mWatch->told = true;
     }
     g_dbus_connection_remove_filter(mBus.connection(), mFilter);
-    askDaemon(mBus.connection(), "RemoveMatch", g_variant_new("(s)", mRule.c_str()), nullptr);
+    postToDaemon(mBus.connection(), "RemoveMatch", mRule);
 }
 
 } // namespace lectern

@@ -13,8 +13,8 @@ namespace lectern {
 // service's process, which no other process gets.
 class ServiceWatch {
 public:
-    // onGone: called once, on the connection's thread or, if the process has
-    // already left, on this thread. It must not wait for the bus.
+    // onGone: called once, on the connection's thread or, if the connection is lost
+    // already, on this thread. It must not wait for the bus.
     ServiceWatch(const Bus& bus, const std::string& uniqueName, std::function<void()> onGone);
     // Waits for a running onGone.
     ~ServiceWatch();
