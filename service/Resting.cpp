@@ -16,12 +16,15 @@ using std::chrono::milliseconds;
 bool timerRuns GUARDED_BY(gRegistry) = false;
 
 milliseconds restAfter() {
-    static const milliseconds limit = [] {
-        const char* const variable = std::getenv("LECTERN_REST_AFTER_MS");
-        const int value = variable == nullptr ? 0 : std::atoi(variable);
-        return milliseconds(value > 0 ? value : REST_AFTER_MS);
+    static const milliseconds LIMIT = [] {
+        const char* const text = std::getenv("LECTERN_REST_AFTER_MS");
+        guint64 value = REST_AFTER_MS;
+        if (text != nullptr) {
+            g_ascii_string_to_unsigned(text, 10, 1, G_MAXINT, &value, nullptr);
+        }
+        return milliseconds(value);
     }();
-    return limit;
+    return LIMIT;
 }
 
 gboolean restUnused(void* data);

@@ -6,7 +6,7 @@
 #include "service/Registry.h"
 
 // The milliseconds after its last use for which a document keeps its memory. The
-// environment variable LECTERN_REST_AFTER_MS changes them.
+// environment variable LECTERN_REST_AFTER_MS changes them: a whole number above 0.
 inline constexpr int REST_AFTER_MS = 60'000;
 
 // Notes a use of an open document and wakes its view. The document rests when the time
