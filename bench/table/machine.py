@@ -6,8 +6,9 @@ import pathlib
 import platform
 import shutil
 import subprocess
+from collections.abc import Callable
 
-from table.ways import PEERS, is_installed
+from table.ways import PEERS
 
 
 def _processor() -> str:
@@ -34,5 +35,5 @@ def machine() -> str:
             f'{datetime.date.today():%-d %B %Y}; load {load:.1f} at the end')
 
 
-def missing_peers() -> list[str]:
-    return [f'{name} is not installed ({what})' for name, what in PEERS.items() if not is_installed(name)]
+def missing_peers(installed: Callable[[str], bool]) -> list[str]:
+    return [f'{name} is not installed ({what})' for name, what in PEERS.items() if not installed(name)]

@@ -16,6 +16,7 @@ from table.ways import SAMPLES, Ways
 PHONE = (480, 800)
 TABLET = (1080, 1920)
 GROWTH = 1.5
+NOISE = 1.05  # of a goal to be as fast as another program
 
 
 @dataclass(frozen=True)
@@ -179,11 +180,15 @@ COPIES = {'copy, whole': 1.05, 'copy, scrolled': 1.15, 'paint, covered': 1.7, 'p
 
 def _raster(ways: Ways, sizes: Sizes) -> Experiment:
     size = f'{PHONE[0]}x{PHONE[1]}'
-    return Experiment(
-        'raster', f'Raster operations, {size}, in copies of as many pixels', 1,
-        {'raster': Way(ways.raster(sizes.raster_rounds))},
-        [Row(operation, figure(f'raster.{operation} {size} ours/memcpy'), goal=goal, unit='copies')
-         for operation, goal in COPIES.items()])
+
+    def ours(operation: str) -> Callable[[Figures], float]:
+        return figure(f'raster.{operation} {size} ours/memcpy')
+    rows = [Row(operation, ours(operation), goal=goal, unit='copies') for operation, goal in COPIES.items()]
+    rows += [Row(f'{operation}; pixman', ours(operation), figure(f'pixman.{operation} {size} pixman/memcpy'), NOISE, 'copies')
+             for operation in COPIES if not operation.startswith('paint')]
+    return Experiment('raster', f'Raster operations, {size}, in copies of as many pixels', 1,
+                      {'raster': Way(ways.raster('raster_bench', sizes.raster_rounds)),
+                       'pixman': Way(ways.raster('pixman_bench', sizes.raster_rounds), 'pixman')}, rows)
 
 
 def _idle(ways: Ways, sizes: Sizes) -> Experiment:

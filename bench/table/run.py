@@ -11,7 +11,7 @@ from table.documents import Documents
 from table.experiment import Outcome, WayFailed, measure
 from table.machine import machine, missing_peers
 from table.rows import FULL, SHORT, experiments
-from table.ways import ROOT, Ways, is_installed
+from table.ways import ROOT, Ways
 
 STATUS_BROKEN = 1
 STATUS_MISUSE = 2
@@ -47,7 +47,8 @@ def _progress(text: str) -> None:
 def _measure_all(options: argparse.Namespace, scratch: pathlib.Path) -> int:
     _progress('writing documents')
     sizes = SHORT if options.short else FULL
-    chosen = experiments(Ways(options.programs.resolve(), scratch), Documents(scratch), sizes)
+    ways = Ways(options.programs.resolve(), scratch)
+    chosen = experiments(ways, Documents(scratch), sizes)
     for name in options.experiments:
         if not any(fnmatch.fnmatch(experiment.name, name) for experiment in chosen):
             print(f'bench: no experiment {name}; --list prints the names', file=sys.stderr)
@@ -65,7 +66,7 @@ def _measure_all(options: argparse.Namespace, scratch: pathlib.Path) -> int:
     broken = False
     for experiment in chosen:
         try:
-            outcomes.append(measure(experiment, is_installed, _progress, options.rounds))
+            outcomes.append(measure(experiment, ways.has, _progress, options.rounds))
         except WayFailed as failure:
             broken = True
             _progress('')
@@ -75,13 +76,13 @@ def _measure_all(options: argparse.Namespace, scratch: pathlib.Path) -> int:
         if not markdown:
             print(report.plain(outcomes[-1]), flush=True)
     if markdown:
-        table = report.markdown(outcomes, machine(), missing_peers())
+        table = report.markdown(outcomes, machine(), missing_peers(ways.has))
         if options.update:
             options.update.write_text(report.page_with(table, page))
         else:
             print(table, end='')
     else:
-        print('\n' + '\n'.join([machine(), *missing_peers(), report.summary(outcomes)]))
+        print('\n' + '\n'.join([machine(), *missing_peers(ways.has), report.summary(outcomes)]))
     return STATUS_BROKEN if broken else 0
 
 

@@ -21,11 +21,8 @@ PEERS = {
     'soffice': 'the suite itself, soffice --convert-to png',
     'ssconvert': 'gnumeric, ssconvert to PDF; paints no picture',
     'abiword': 'abiword --to=pdf; paints no picture',
+    'pixman': 'the same raster operations by pixman, built with libpixman-1-dev',
 }
-
-
-def is_installed(peer: str) -> bool:
-    return shutil.which(peer) is not None
 
 
 def run(command: list[str], environment: dict[str, str], longest: float = LONGEST_SECONDS) -> tuple[float, str]:
@@ -72,6 +69,11 @@ class Ways:
         self._profile = f'-env:UserInstallation=file://{scratch}/soffice'
         self._profile_is_made = False
 
+    def has(self, peer: str) -> bool:
+        if peer == 'pixman':
+            return (self.programs / 'pixman_bench').exists()
+        return shutil.which(peer) is not None
+
     def own(self, program: str, *arguments: object) -> Callable[[], Figures]:
         """A program of the benchmarks that prints figures; "whole" is its time from start to end."""
         command = [str(self.programs / program), *map(str, arguments)]
@@ -110,10 +112,10 @@ class Ways:
     def abiword(self, document: pathlib.Path) -> Callable[[], Figures]:
         return self._whole(['abiword', '--to=pdf', f'--to-name={self.scratch}/abiword.pdf', str(document)])
 
-    def raster(self, rounds: int) -> Callable[[], Figures]:
-        """raster_bench's table, as figures "OPERATION SIZE COLUMN"."""
+    def raster(self, program: str, rounds: int) -> Callable[[], Figures]:
+        """The table of raster_bench or pixman_bench, as figures "OPERATION SIZE COLUMN"."""
         def measure() -> Figures:
-            _, output = self._run([str(self.programs / 'raster_bench'), str(rounds)])
+            _, output = self._run([str(self.programs / program), str(rounds)])
             return raster_figures(output)
         return measure
 
