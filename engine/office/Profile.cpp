@@ -48,6 +48,8 @@ constexpr Setting SETTINGS[] = {
     {COLOUR_SCHEME "Shadow", "IsVisible", "false"},
     // Words that a dictionary lacks are not underlined.
     {"Office.Linguistic/SpellChecking", "IsSpellAuto", "false"},
+    // Nor are the words collected that a person could type again.
+    {"Office.Writer/AutoFunction/Completion", "CollectWords", "false"},
     // Nothing is saved for a next session, because there is none.
     {"Office.Recovery/AutoSave", "Enabled", "false"},
     {"Office.Recovery/RecoveryInfo", "Enabled", "false"},
