@@ -51,6 +51,8 @@ constexpr Setting SETTINGS[] = {
     {COLOUR_SCHEME "Shadow", "IsVisible", "false"},
     // Words that a dictionary lacks are not underlined.
     {"Office.Linguistic/SpellChecking", "IsSpellAuto", "false"},
+    // Nor are the words collected that a person could type again.
+    {"Office.Writer/AutoFunction/Completion", "CollectWords", "false"},
     // No side bar beside the document. Nobody sees it, and setting up its controls
     // takes 25 ms.
     {SIDE_BAR("swriter"), "Visible", "false"},

@@ -25,5 +25,10 @@ TEST_F(Settings, DocumentsInsideOfDocumentsAreNotConverted) {
         << "an untouched setting has the suite's value";
 }
 
+TEST_F(Settings, NothingIsDoneForTyping) {
+    EXPECT_FALSE(isOn("/org.openoffice.Office.Writer/AutoFunction/Completion/CollectWords"));
+    EXPECT_FALSE(isOn("/org.openoffice.Office.Linguistic/SpellChecking/IsSpellAuto"));
+}
+
 } // namespace
 } // namespace lectern::engine::test
