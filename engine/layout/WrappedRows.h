@@ -35,6 +35,7 @@ public:
     // Drops all rows.
     void clear() { mPainted = {}; }
     const RowRange& painted() const { return mPainted; }
+    int64_t room() const { return mRoom; }
 
     // The next rows to paint of a window; nothing when all are painted. REQUIRES:
     // the window has at least one row, and not more than the room.
@@ -44,7 +45,8 @@ public:
     // window. REQUIRES: the window is painted.
     std::optional<RowRange> ahead(const RowRange& window, bool below, int64_t most, int64_t end);
 
-    // Stores the rows that were named last; pixelsOf(y) returns the pixels of one.
+    // Stores the rows that were named last, or those of them next to the painted ones; pixelsOf(y) returns
+    // the pixels of one.
     template<class PixelsOf>
     void write(const RowRange& rows, PixelsOf pixelsOf) {
         for (int64_t y = rows.first; y < rows.last; ++y) {

@@ -42,6 +42,33 @@ private:
     Workbook& mBook;
 };
 
+// Where two tiles meet: in the space below the letters of a row of cells and above
+// the line behind it, which the suite draws with both of its rows only.
+constexpr int64_t ABOVE_LINE = 3; // pixels
+// Pixels at the top and the bottom of a tile that are not kept, because the suite
+// draws borders wrong there whose cells the tile cuts.
+constexpr int64_t MARGIN = 96;
+
+int64_t seamBefore(const Tracks& rows, int32_t track) {
+    return std::max<int64_t>(rows.position(track) - ABOVE_LINE, 0);
+}
+
+// A range of pixels that begins and ends at seams: the least one around it, or the
+// largest one in it. Rows beyond the sheet belong to no cell.
+RowRange withWholeCells(const Tracks& rows, const RowRange& range) {
+    const int32_t behind = rows.trackAt(range.last - 1 + ABOVE_LINE) + 1;
+    const int64_t end = behind < rows.count() ? seamBefore(rows, behind) : rows.total();
+    return {std::min(range.first, seamBefore(rows, rows.trackAt(range.first + ABOVE_LINE))),
+            std::max(range.last, end)};
+}
+RowRange onlyWholeCells(const Tracks& rows, const RowRange& range) {
+    const int32_t track = rows.trackAt(range.first + ABOVE_LINE);
+    const bool begins = seamBefore(rows, track) >= range.first || track + 1 >= rows.count();
+    return {begins ? range.first : seamBefore(rows, track + 1),
+            range.last >= rows.total() ? range.last
+                                       : seamBefore(rows, rows.trackAt(range.last + ABOVE_LINE))};
+}
+
 // The rows of pixels with parts of lines; `top` is the window's first row.
 RowRange rowsOf(const std::vector<LinePart>& parts, int64_t top) {
     RowRange rows{top + parts.front().top, top + parts.front().bottom};
@@ -68,9 +95,12 @@ void CellPainter::paint(Workbook& book, int32_t sheet, int64_t x, int64_t y, int
                         const Surface& surface) {
     const RowRange window{y, y + surface.height};
     makeRoom(mCells, surface);
-    moveTo({sheet, dpi, book.revision(), x, x + surface.width}, window);
+    moveTo(book, {sheet, dpi, book.revision(), x, x + surface.width}, window);
     const bool drawings = book.hasDrawings(sheet);
-    if (drawings || mCells.missing(window) == window) {
+    // One tile paints a window faster than a strip that is nearly as high.
+    const RowRange& painted = mCells.painted();
+    const int64_t common = std::min(painted.last, window.last) - std::max(painted.first, window.first);
+    if (drawings || common < window.count() / 8) {
         paintTile(book, window);
         mTileIsNew = !drawings;
     } else {
@@ -83,11 +113,11 @@ void CellPainter::paint(Workbook& book, int32_t sheet, int64_t x, int64_t y, int
     leaveOutCrossedLines(book, surface);
 }
 
-void CellPainter::moveTo(const Contents& contents, const RowRange& window) {
+void CellPainter::moveTo(Workbook& book, const Contents& contents, const RowRange& window) {
     if (contents == mContents) {
         mMovesDown = window == mWindow ? mMovesDown : window.first > mWindow.first;
         mTileIsNew = mTileIsNew && mWindow.overlaps(window);
-        keepTile();
+        keepTile(book);
     } else {
         mCells.clear();
         mWithoutLines.clear();
@@ -99,10 +129,18 @@ void CellPainter::moveTo(const Contents& contents, const RowRange& window) {
     mWindow = window;
 }
 
-void CellPainter::keepTile() {
-    if (mTileIsNew) {
-        mCells.write(mWindow, [&](int64_t row) { return mTile.row(row); });
-        mTileIsNew = false;
+void CellPainter::keepTile(Workbook& book) {
+    if (!mTileIsNew) {
+        return;
+    }
+    mTileIsNew = false;
+    mCells.clear();
+    const Tracks& rows = book.geometry(mContents.sheet).rows;
+    const RowRange right{mWindow.first > 0 ? mWindow.first + MARGIN : mWindow.first,
+                         mWindow.last < rows.total() ? mWindow.last - MARGIN : mWindow.last};
+    const RowRange whole = right.isEmpty() ? right : onlyWholeCells(rows, right);
+    if (!whole.isEmpty()) {
+        mCells.write(whole, [&](int64_t row) { return mTile.row(row); });
     }
 }
 
@@ -112,15 +150,32 @@ void CellPainter::paintTile(Workbook& book, const RowRange& rows) {
 }
 
 void CellPainter::paintRows(Workbook& book, WrappedRows& kept, const RowRange& rows) {
-    keepTile();
-    paintTile(book, rows);
+    keepTile(book);
+    paintTile(book, {rows.first - MARGIN, rows.last + MARGIN});
     kept.write(rows, [&](int64_t row) { return mTile.row(row); });
 }
 
 void CellPainter::paintMissing(Workbook& book, WrappedRows& kept, const RowRange& window) {
-    while (const auto rows = kept.missing(window)) {
+    const RowRange whole = withWholeCells(book.geometry(mContents.sheet).rows, window);
+    const RowRange& wanted = whole.count() <= kept.room() ? whole : window;
+    while (const auto rows = kept.missing(wanted)) {
         paintRows(book, kept, *rows);
     }
+}
+
+bool CellPainter::paintNext(Workbook& book, WrappedRows& kept, const RowRange& window) {
+    const Tracks& tracks = book.geometry(mContents.sheet).rows;
+    const auto next = kept.ahead(window, mMovesDown, STRIP, tracks.total());
+    RowRange rows;
+    if (next) {
+        // The side next to the painted rows stays.
+        const RowRange whole = onlyWholeCells(tracks, *next);
+        rows = mMovesDown ? RowRange{next->first, whole.last} : RowRange{whole.first, next->last};
+    }
+    if (!rows.isEmpty()) {
+        paintRows(book, kept, rows);
+    }
+    return !rows.isEmpty();
 }
 
 void CellPainter::leaveOutCrossedLines(Workbook& book, const Surface& surface) {
@@ -159,20 +214,18 @@ bool CellPainter::paintAhead(Workbook& book) {
     if (mWindow.isEmpty() || mContents.revision != book.revision() || book.hasDrawings(mContents.sheet)) {
         return false;
     }
-    keepTile();
+    keepTile(book);
     if (mSlowSteps > MOST_SLOW_STEPS) {
         return false;
     }
     const double start = processorTime();
-    const int64_t end = book.geometry(mContents.sheet).rows.total();
-    if (const auto next = mCells.ahead(mWindow, mMovesDown, STRIP, end)) {
-        paintRows(book, mCells, *next);
-    } else if (const auto crossed = mCrossedRows.isEmpty()
-                                        ? std::nullopt
-                                        : mWithoutLines.ahead(mCrossedRows, mMovesDown, STRIP, end)) {
+    paintMissing(book, mCells, mWindow);
+    bool more = paintNext(book, mCells, mWindow);
+    if (!more && !mCrossedRows.isEmpty()) {
         const WithoutGrid hidden(book);
-        paintRows(book, mWithoutLines, *crossed);
-    } else {
+        more = paintNext(book, mWithoutLines, mCrossedRows);
+    }
+    if (!more) {
         mTile.discard();
         return false;
     }

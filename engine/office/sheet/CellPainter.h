@@ -36,12 +36,16 @@ private:
         friend bool operator==(const Contents&, const Contents&) = default;
     };
 
-    void moveTo(const Contents& contents, const RowRange& window);
+    void moveTo(Workbook& book, const Contents& contents, const RowRange& window);
     // Copies the cells of a tile that is new. A window that is painted as a whole
     // is copied only when there is time, or when the next one needs a part of it.
-    void keepTile();
+    void keepTile(Workbook& book);
     void paintRows(Workbook& book, WrappedRows& kept, const RowRange& rows);
+    // Rows are kept with whole cells: the suite places raised letters, for one, by
+    // the top of the tile, and no letter may come from two tiles.
     void paintMissing(Workbook& book, WrappedRows& kept, const RowRange& window);
+    // Returns false when nothing next to the window has room.
+    bool paintNext(Workbook& book, WrappedRows& kept, const RowRange& window);
     void paintTile(Workbook& book, const RowRange& rows);
     // Takes the grid lines away where text runs over them into empty cells. The
     // suite does so only when it prints.
