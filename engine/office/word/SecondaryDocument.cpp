@@ -45,7 +45,10 @@ public:
     explicit Reactivation(const OpenedDocument& document) : mDocument(document) {}
     ~Reactivation() {
         try {
-            mDocument.model->getCurrentController()->getFrame()->activate();
+            // Its frame may not know that it is inactive, and then activate() does nothing.
+            const Reference<css::frame::XFrame> frame = mDocument.model->getCurrentController()->getFrame();
+            frame->deactivate();
+            frame->activate();
         } catch (const css::uno::Exception&) {
             std::fprintf(stderr, "office: the document stays inactive\n");
         }
