@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The time until the first frame of a document is painted: from the start of the
-// service's process (demand), and from the call that opens the document when a spare
-// engine is ready (spare).
+// service's process (demand), and from the call that opens the document when the service
+// has prepared what it can (ready).
 #include "bench/service/Figures.h"
 #include "bench/service/RunningService.h"
 
@@ -16,5 +16,5 @@ void openFigures(const Arguments& arguments) {
     service.waitUntilQuiet();
     const double called = now();
     const OpenedDocument second(service, file, width, height);
-    printFigure("spare", now() - called);
+    printFigure("ready", now() - called);
 }

@@ -44,18 +44,18 @@ def experiments(ways: Ways, documents: Documents, sizes: Sizes) -> list[Experime
 
 def _open(name: str, title: str, document: Path, goals: tuple[float, float], ways: Ways, rounds: int,
           other: tuple[str, Callable[[Path], Callable[[], Figures]]] | None) -> Experiment:
-    spare, demand = goals
+    ready, demand = goals
     suite = figure('soffice.whole')
-    rows = [Row('spare engine ready; soffice', figure('service.spare'), suite, spare),
+    rows = [Row('service ready; soffice', figure('service.ready'), suite, ready),
             Row('service started for it; soffice', figure('service.demand'), suite, demand),
             Row('whole command, private bus and picture included; soffice', figure('command.whole'), suite, demand),
-            Row('spare engine ready; bare engine program', figure('service.spare'), figure('bare.whole'))]
+            Row('service ready; bare engine program', figure('service.ready'), figure('bare.whole'))]
     measured = {'soffice': Way(ways.soffice(document), 'soffice'), 'bare': Way(ways.bare(document, *PHONE)),
                 'command': Way(ways.command(document, *PHONE)),
                 'service': Way(ways.own('service_bench', 'open', document, *PHONE))}
     if other:
         measured[other[0]] = Way(other[1](document), other[0])
-        rows.append(Row(f'spare engine ready; {other[0]}', figure('service.spare'), figure(f'{other[0]}.whole')))
+        rows.append(Row(f'service ready; {other[0]}', figure('service.ready'), figure(f'{other[0]}.whole')))
     return Experiment(name, f'Open to first picture, {title}, {PHONE[0]}x{PHONE[1]}', rounds, measured, rows)
 
 
@@ -71,7 +71,7 @@ def _opens(ways: Ways, documents: Documents, sizes: Sizes) -> list[Experiment]:
 
 
 def _crowd(ways: Ways, sizes: Sizes) -> Experiment:
-    """Memory is the sum over the service and all its processes, a spare engine included."""
+    """Memory is the sum over the service and all its processes, the fork server included."""
     most = sizes.crowd[-1]
     limit = 1.5 * 1024 if most == FULL.crowd[-1] else None
 
@@ -97,12 +97,12 @@ def _scale(name: str, title: str, counts: tuple[int, ...], make: Callable[[int],
         document = make(count)
         measured[f'bare{count}'] = Way(ways.own('bare_read', document))
         measured[f'service{count}'] = Way(ways.own('service_bench', 'open', document, *PHONE))
-        rows.append(Row(f'{count:,} {title}, spare engine ready; suite reads the file', figure(f'service{count}.spare'),
+        rows.append(Row(f'{count:,} {title}, service ready; suite reads the file', figure(f'service{count}.ready'),
                         figure(f'bare{count}.read')))
 
     def rest(count: int) -> Callable[[Figures], float]:
         """An open's time without that of reading the file; a millisecond at least, to divide by."""
-        return lambda all_: max(all_[f'service{count}.spare'] - all_[f'bare{count}.read'], 1)
+        return lambda all_: max(all_[f'service{count}.ready'] - all_[f'bare{count}.read'], 1)
     rows.append(Row(f'all but reading the file, {counts[-1]:,} {title}; {counts[0]:,}', rest(counts[-1]), rest(counts[0]),
                     GROWTH))
     return Experiment(name, f'Open of more and more {title}', rounds, measured, rows)

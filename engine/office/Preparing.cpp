@@ -72,6 +72,14 @@ void useDocument(Office& office, const std::string& path, const std::string& fol
     }
 }
 
+// Takes back a setting of all workbooks that the first one changes when it is painted.
+// The widths of columns of the next one, which are read with it, would be others.
+void restoreSheetSettings(const Office::Private& office) {
+    const auto settings = propertiesOf(office.context->getServiceManager()->createInstanceWithContext(
+        "com.sun.star.sheet.GlobalSheetSettings", office.context));
+    (void)setProperty(settings, "UsePrinterMetrics", false);
+}
+
 } // namespace
 
 bool Office::prepareNext() {
@@ -86,6 +94,10 @@ bool Office::prepareNext() {
                                                                                    : MODULE_FAILED;
     });
     useDocument(*this, path, d().folder);
+    (void)guardedInOffice([&] {
+        restoreSheetSettings(d());
+        return MODULE_OK;
+    });
     unlink(path.c_str());
     return d().prepared < FORMATS.size();
 }

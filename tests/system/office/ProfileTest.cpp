@@ -30,5 +30,17 @@ TEST_F(Settings, NothingIsDoneForTyping) {
     EXPECT_FALSE(isOn("/org.openoffice.Office.Linguistic/SpellChecking/IsSpellAuto"));
 }
 
+TEST_F(Settings, OfWorkbooksAreAsBeforeWhenTheSuiteHasPrepared) {
+    while (office().prepareNext()) {
+    }
+    EXPECT_FALSE(office().prepareNext()) << "nothing is left";
+    const css::uno::Reference<css::beans::XPropertySet> workbooks(
+        office().d().context->getServiceManager()->createInstanceWithContext(
+            "com.sun.star.sheet.GlobalSheetSettings", office().d().context),
+        css::uno::UNO_QUERY_THROW);
+    EXPECT_FALSE(workbooks->getPropertyValue("UsePrinterMetrics").get<bool>())
+        << "columns of the next workbook would have other widths";
+}
+
 } // namespace
 } // namespace lectern::engine::test
