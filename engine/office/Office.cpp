@@ -94,6 +94,8 @@ std::unique_ptr<Office> Office::start(const std::string& profileDirectory) {
 
 bool Office::useTemporaryFolder(const std::string& folder) {
     setenv("TMPDIR", folder.c_str(), 1);
+    // The fonts of a document are unpacked into the profile, wherever that is now.
+    rtl::Bootstrap::set("UserInstallation", toUnoText(fileUrl(folder + "/profile")));
     // OUString utl::TempFile::SetTempNameBaseDirectory(const OUString& url). The suite
     // has chosen a folder when it started.
     using SetFolder = OUString (*)(const OUString&);

@@ -46,8 +46,8 @@ public:
     // Returns false when nothing is left to prepare.
     bool prepareNext();
 
-    // Makes the suite write its temporary files to another folder, which exists.
-    // Returns false when it cannot.
+    // Makes the suite write its temporary files, and the fonts of documents, to another
+    // folder, which exists. Returns false when it cannot.
     [[nodiscard]] bool useTemporaryFolder(const std::string& folder);
 
     // The implementation's data, defined for this folder only.
