@@ -83,12 +83,13 @@ std::vector<pid_t> RunningService::processes() const {
 }
 
 // Quiet is: for 50 checks, which are 20 ms apart, the processes have used less than a
-// millisecond between two. The suite's timers use less; the fork server waits half as
-// long before it prepares.
+// millisecond each between two. The suite's timers use less; the fork server waits half
+// as long before it prepares.
 void RunningService::waitUntilQuiet() const {
     constexpr long long MOST_WORK = 1'000'000;
     constexpr int QUIET_CHECKS = 50;
     constexpr int MOST_CHECKS = 1500;
+    const auto most = MOST_WORK * static_cast<long long>(processes().size());
     long long last = work(processes());
     for (int quiet = 0, tries = 0; quiet < QUIET_CHECKS; ++tries) {
         if (tries > MOST_CHECKS) {
@@ -96,7 +97,7 @@ void RunningService::waitUntilQuiet() const {
         }
         usleep(20000);
         const long long used = work(processes());
-        quiet = used - last < MOST_WORK ? quiet + 1 : 0;
+        quiet = used - last < most ? quiet + 1 : 0;
         last = used;
     }
 }
