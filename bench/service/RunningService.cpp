@@ -88,7 +88,7 @@ std::vector<pid_t> RunningService::processes() const {
 void RunningService::waitUntilQuiet() const {
     constexpr long long MOST_WORK = 1'000'000;
     constexpr int QUIET_CHECKS = 50;
-    constexpr int MOST_CHECKS = 1500;
+    constexpr int MOST_CHECKS = 6000; // two minutes: a thousand pages are laid out at rest
     const auto most = MOST_WORK * static_cast<long long>(processes().size());
     long long last = work(processes());
     for (int quiet = 0, tries = 0; quiet < QUIET_CHECKS; ++tries) {
