@@ -2,7 +2,6 @@
 #include "engine/host/ForkServer.h"
 
 #include "base/Packet.h"
-#include "engine/host/DescriptorsLeft.h"
 #include "engine/protocol/ForkMessages.h"
 #include "modules/ModuleResults.h"
 
@@ -22,10 +21,6 @@ namespace {
 // A fork takes milliseconds, a step of preparing up to 0.2 s.
 constexpr std::chrono::seconds ANSWER_LIMIT(2);
 
-// File descriptors that must be free: a fork server and an engine take 6 each while
-// they start.
-constexpr std::size_t FOR_ENGINE = 16;
-
 void warnOnceAboutFileRules() {
     static std::once_flag once;
     std::call_once(once, [] {
@@ -43,8 +38,8 @@ std::unique_ptr<ForkServer> ForkServer::start(const LaunchSettings& settings, Wa
     }
     FileDescriptor socket = process->takeSocket();
     const std::shared_ptr<TemporaryFolder> folder = process->folder();
-    return std::unique_ptr<ForkServer>(new ForkServer(settings, watchdog, std::move(socket),
-                                                      std::move(folder), watchdog.watch(std::move(process))));
+    return std::unique_ptr<ForkServer>(
+        new ForkServer(settings, watchdog, std::move(socket), folder, watchdog.watch(std::move(process))));
 }
 
 ForkServer::ForkServer(const LaunchSettings& settings, Watchdog& watchdog, FileDescriptor socket,
@@ -63,10 +58,6 @@ bool ForkServer::isAlive() const {
 
 std::unique_ptr<EngineProcess> ForkServer::fork(TimePoint deadline, std::int32_t& result) {
     result = MODULE_NO_ENGINE;
-    if (!descriptorsLeft<FOR_ENGINE>()) {
-        std::fprintf(stderr, "engine: too few file descriptors are left to start one\n");
-        return nullptr;
-    }
     std::shared_ptr<TemporaryFolder> outer = mFolder.lock();
     std::unique_ptr<TemporaryFolder> folder = outer ? TemporaryFolder::make(outer->path()) : nullptr;
     int ends[2];

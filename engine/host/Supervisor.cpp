@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/host/Supervisor.h"
 
+#include "engine/host/DescriptorsLeft.h"
 #include "modules/ModuleTypes.h"
 
 #include <unistd.h>
@@ -13,6 +14,10 @@ namespace lectern::engine {
 namespace {
 
 constexpr std::chrono::seconds STOP_LIMIT(2);
+
+// File descriptors that must be free: a fork server and an engine take 6 each while
+// they start.
+constexpr std::size_t FOR_ENGINE = 16;
 
 pid_t gOwner; // a fork of this process must not end the engines
 
@@ -36,6 +41,11 @@ Supervisor::Supervisor() {
 
 std::unique_ptr<Engine> Supervisor::take(const LaunchSettings& settings, TimePoint deadline,
                                          std::int32_t& result) {
+    if (!descriptorsLeft<FOR_ENGINE>()) {
+        std::fprintf(stderr, "engine: too few file descriptors are left to start one\n");
+        result = MODULE_NO_ENGINE;
+        return nullptr;
+    }
     for (bool again = true; again;) {
         bool isNew = false;
         std::shared_ptr<ForkServer> server = serverFor(settings, isNew);
