@@ -1,15 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // The drawings that a painting moves to their cells' pixels.
-#include "engine/office/OfficeGuard.h"
 #include "engine/office/sheet/CellPainter.h"
-#include "engine/office/sheet/Workbook.h"
-#include "tests/system/office/OfficeFixture.h"
-#include "tests/system/support/Python.h"
+#include "tests/system/office/WorkbookFixture.h"
 
 #include <com/sun/star/drawing/XDrawPageSupplier.hpp>
 #include <com/sun/star/drawing/XShape.hpp>
-
-#include <optional>
 
 namespace lectern::engine::test {
 
@@ -23,30 +18,10 @@ constexpr int32_t DPI = 126;
 constexpr int32_t CHARTS_COLUMN = 7;
 
 // Charts at H20 and H200, on rows whose heights are not whole pixels.
-class SheetDrawingsTest : public OfficeTest {
+class SheetDrawingsTest : public WorkbookTest {
 protected:
-    SheetDrawingsTest() {
-        const std::string path = testFolder() / "charted.xlsx";
-        python({SAMPLES_FOLDER "/make_xlsx.py", "charted", path});
-        guarded([&] {
-            LoadedModel loaded;
-            EXPECT_EQ(loadModel(office().d(), path, "", testFolder(), loaded), MODULE_OK);
-            mBook.emplace(std::move(loaded));
-            mBook->setDpi(DPI);
-        });
-    }
-    ~SheetDrawingsTest() override {
-        guarded([&] { mBook.reset(); });
-    }
+    SheetDrawingsTest() : WorkbookTest("charted", DPI) {}
 
-    template<class Work>
-    static void guarded(Work work) {
-        EXPECT_EQ(guardedInOffice([&]() -> int32_t {
-                      work();
-                      return MODULE_OK;
-                  }),
-                  MODULE_OK);
-    }
     // Vertical places of the charts, in 1/100 mm.
     std::vector<int32_t> places() {
         std::vector<int32_t> places;
@@ -70,7 +45,6 @@ protected:
         });
     }
 
-    std::optional<Workbook> mBook;
     CellPainter mPainter;
 };
 

@@ -2,13 +2,8 @@
 // What of a sheet is painted again when its window moves. The tests change the
 // colour of all cells behind the painter's back: rows that are painted afterwards
 // have the new colour, rows that are kept do not.
-#include "engine/office/OfficeGuard.h"
 #include "engine/office/sheet/CellPainter.h"
-#include "engine/office/sheet/Workbook.h"
-#include "tests/system/office/OfficeFixture.h"
-#include "tests/system/support/Python.h"
-
-#include <optional>
+#include "tests/system/office/WorkbookFixture.h"
 
 namespace lectern::engine::test {
 
@@ -21,30 +16,10 @@ constexpr int32_t DPI = 144;
 constexpr int32_t NEW = 0x00AA00;
 constexpr uint32_t NEW_PIXEL = 0xFF00AA00;
 
-class SheetPainterTest : public OfficeTest {
+class SheetPainterTest : public WorkbookTest {
 protected:
-    SheetPainterTest() {
-        const std::string path = testFolder() / "plain.xlsx";
-        python({SAMPLES_FOLDER "/make_xlsx.py", "plain", path, "1,2", "3,4"});
-        guarded([&] {
-            LoadedModel loaded;
-            EXPECT_EQ(loadModel(office().d(), path, "", testFolder(), loaded), MODULE_OK);
-            mBook.emplace(std::move(loaded));
-            mBook->setDpi(DPI);
-        });
-    }
-    ~SheetPainterTest() override {
-        guarded([&] { mBook.reset(); });
-    }
+    SheetPainterTest() : WorkbookTest("plain", DPI, {"1,2", "3,4"}) {}
 
-    template<class Work>
-    static void guarded(Work work) {
-        EXPECT_EQ(guardedInOffice([&]() -> int32_t {
-                      work();
-                      return MODULE_OK;
-                  }),
-                  MODULE_OK);
-    }
     void paint(int32_t x, int32_t y, int32_t dpi = DPI) {
         mPixels.assign(size_t{SIZE} * SIZE, 0);
         guarded([&] { mPainter.paint(*mBook, 0, x, y, dpi, {mPixels.data(), SIZE, SIZE}); });
@@ -76,7 +51,6 @@ protected:
         return {count, first};
     }
 
-    std::optional<Workbook> mBook;
     CellPainter mPainter;
     std::vector<uint32_t> mPixels;
 };
