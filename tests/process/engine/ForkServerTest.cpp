@@ -140,8 +140,7 @@ TEST_F(ForkServerTest, ManyOpensAtOnceAreServed) {
     std::vector<Document> documents(4);
     std::vector<std::thread> threads;
     for (Document& document : documents) {
-        threads.emplace_back(
-            [&] { EXPECT_EQ(document.open(write("b.docx", "rows=1\n"), temporary()), MODULE_OK); });
+        threads.emplace_back([&] { EXPECT_EQ(document.open(path, temporary()), MODULE_OK); });
     }
     for (std::thread& thread : threads) {
         thread.join();
