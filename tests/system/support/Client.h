@@ -39,6 +39,7 @@ public:
     int id() const { return mId; }
 
 private:
+    bool hasClientRecord();
     Answer receive(long type, int flags);
     int mId;
 };
