@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "channel/ServiceQueue.h"
 
+#include "base/Cancellable.h"
 #include "channel/QueueRecord.h"
 #include "channel/Undelivered.h"
-
-#include <pthread.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -25,18 +24,6 @@ constexpr int32_t NO_DOCUMENT = -1;
 bool isWake(const ClientServerMessage& message) {
     return message.type == DocAdapterMessageQueue::HIGHEST_CLIENT_TYPE && message.docid == NO_DOCUMENT;
 }
-
-// Enables the cancellation of this thread for its lifetime.
-class Cancellable {
-public:
-    Cancellable() { pthread_setcancelstate(PTHREAD_CANCEL_ENABLE, &mBefore); }
-    ~Cancellable() { pthread_setcancelstate(mBefore, nullptr); }
-    Cancellable(const Cancellable&) = delete;
-    Cancellable& operator=(const Cancellable&) = delete;
-
-private:
-    int mBefore = PTHREAD_CANCEL_ENABLE;
-};
 
 } // namespace
 
@@ -86,7 +73,7 @@ long ServiceQueue::awaitRecord(ClientServerMessage& message) {
     long type = 0;
     ssize_t size = 0;
     {
-        const Cancellable whileAsleep;
+        const lectern::Cancellable whileAsleep;
         size = msgrcv(mQueueId, &type, 0, ANY_CLIENT_MESSAGE, 0);
     }
     if (size == 0) {
@@ -128,12 +115,22 @@ void ServiceQueue::Discard(long addressee) {
     }
 }
 
-template<typename Record>
-int ServiceQueue::post(const Record& message, long addressee) {
-    const int result = sendNow(message, addressee);
+void ServiceQueue::Wake() {
+    const lectern::Lock lock(mMutex);
+    mWakeOwed = true;
+    payWake();
+}
+
+void ServiceQueue::payWake() {
     if (mWakeOwed && sendNow(ClientServerMessage(HIGHEST_CLIENT_TYPE, NO_DOCUMENT), 0) == 0) {
         mWakeOwed = false;
     }
+}
+
+template<typename Record>
+int ServiceQueue::post(const Record& message, long addressee) {
+    const int result = sendNow(message, addressee);
+    payWake();
     return result;
 }
 

@@ -38,7 +38,7 @@
 #include <cstdint>
 #include <vector>
 
-// Thread-safe: any thread sends, one thread reads. Its lock is the last one
+// Thread-safe: any thread sends, one thread at a time reads. Its lock is the last one
 // taken, after the registry's and a view's, and is never held while waiting.
 class ServiceQueue : public DocAdapterMessageQueue {
 public:
@@ -58,6 +58,9 @@ public:
     // no valid type, sends nothing and returns 0: that is the client's mistake.
     int SendPaintDone(int32_t docid, int32_t value, int32_t extra = 0);
 
+    // Makes the worker's read return soon, with a record for no document if need be.
+    void Wake();
+
     // Throws away all records for an addressee that no longer exists, so that the
     // next one with the same number does not receive them.
     void Discard(long addressee);
@@ -67,6 +70,7 @@ private:
     int sendNow(const Record& message, long addressee) REQUIRES(mMutex);
     template<typename Record>
     int post(const Record& message, long addressee) REQUIRES(mMutex);
+    void payWake() REQUIRES(mMutex);
     long takeNext(ClientServerMessage& message) REQUIRES(mMutex);
     bool hasRoom(size_t size) REQUIRES(mMutex);
     bool makeRoom(long addressee, size_t size) REQUIRES(mMutex);
@@ -80,7 +84,7 @@ private:
 
     lectern::Mutex mMutex;
     Backlog mBacklog GUARDED_BY(mMutex);
-    // Records went to the backlog, and the worker may sleep.
+    // The worker may sleep although there is something to do.
     bool mWakeOwed GUARDED_BY(mMutex) = false;
 };
 

@@ -62,6 +62,15 @@ LECTERN_MODULE_EXPORT void lectern_module_stop_soon(void);
  * called once each. */
 LECTERN_MODULE_EXPORT void lectern_module_prepare(const uint16_t* temporary_folder);
 
+/* Optional: a module, or a library that it links to, may export this function. The
+ * service calls it once, when it starts, and the module must stay loaded then. From then
+ * on the module calls begin() before a function waits for something that can take long,
+ * such as another process, and end() after it, on the same thread. Between them it leaves
+ * the caller's buffers alone, and the service may call functions for other documents on
+ * other threads. Pairs do not nest. end() can wait for a few milliseconds. Modules that
+ * share a library are called once each, with the same functions. */
+LECTERN_MODULE_EXPORT void lectern_module_set_wait_calls(void (*begin)(void), void (*end)(void));
+
 #ifdef __cplusplus
 }
 #endif

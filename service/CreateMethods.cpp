@@ -79,8 +79,8 @@ void reportOpened(const CreateRequest& request, const Documents& document, int d
     g_msgQueue.SendMessage(opened);
 }
 
-void openDocument(BusCall& call, const CreateRequest& request, FrameBuffer frame, ViewMaker makeView)
-    REQUIRES(gRegistry) {
+void openDocument(BusCall& call, const CreateRequest& request, FrameBuffer frame, ViewMaker makeView,
+                  RegistryLock& lock) REQUIRES(gRegistry) {
     const auto docid = static_cast<int>(gDocuments.size());
     // Nobody waits any longer for paint-done records of an earlier document that
     // had this docid.
@@ -88,6 +88,7 @@ void openDocument(BusCall& call, const CreateRequest& request, FrameBuffer frame
 
     Documents& document = gDocuments.emplace_back(makeRecord(
         request, std::move(frame), makeView(request.width, request.height, docid, request.dataStoreShmId)));
+    lock.claim(static_cast<unsigned int>(docid));
     const int result = document.view->openFile(request.fileName, request.password);
     noteUse(document);
     if (answerCreated(call, document, docid)) {
@@ -107,7 +108,7 @@ bool create(HubHandle* handle, HubMessage* message, void* /*data*/) {
     std::optional<FrameBuffer> frame =
         FrameBuffer::attach(request.shmid, request.width, request.height, request.size, problem);
 
-    const RegistryLock lock;
+    RegistryLock lock;
     if (!lock.held()) {
         return true;
     }
@@ -118,7 +119,7 @@ bool create(HubHandle* handle, HubMessage* message, void* /*data*/) {
         std::fprintf(stderr, "Frame buffer refused: %s.\n", problem);
         call.replyError(PARAM_FAILED, NO_PARAMETER);
     } else {
-        openDocument(call, request, std::move(*frame), makeView);
+        openDocument(call, request, std::move(*frame), makeView, lock);
     }
     return true;
 }

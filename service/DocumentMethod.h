@@ -8,7 +8,7 @@
 //     Invalidate>, 0},
 //
 // that is the class of the view, the parameters, and the steps in the order in
-// which they run. The registry stays locked during all of them.
+// which they run. The registry stays locked during all of them, and the document claimed.
 #pragma once
 
 #include "service/BusCall.h"
@@ -39,11 +39,11 @@ auto withViewLocked(OfficeBase& view, Operation operation) {
 // locked, sends no reply.
 template<typename View, typename Operation>
 void withDocument(BusCall& call, int docid, Operation operation) {
-    const RegistryLock lock;
+    RegistryLock lock;
     if (!lock.held()) {
         return;
     }
-    const Documents* document = UseDocument(static_cast<unsigned int>(docid));
+    const Documents* document = UseDocument(lock, static_cast<unsigned int>(docid));
     if (document == nullptr) {
         call.replyError(DOES_NOT_EXIST, "Document does not exist");
         return;

@@ -7,6 +7,7 @@
 #include "service/IdleClock.h"
 #include "service/MethodTables.h"
 #include "service/ModuleCalls.h"
+#include "service/QueueReaders.h"
 #include "service/Registry.h"
 #include "service/RenderWorker.h"
 #include "service/Signals.h"
@@ -105,11 +106,12 @@ bool startWorker() {
     return true;
 }
 
-// Cancels the worker and waits until it has ended. stopModulesSoon() shortens the
-// rendering call that it may be in.
+// Cancels the worker and its standbys and waits until they have ended.
+// stopModulesSoon() shortens the rendering calls that they may be in.
 void stopWorker() {
     stopModulesSoon();
     pthread_cancel(pthread);
+    gQueueReaders.stopStandbys();
     pthread_join(pthread, nullptr);
     pthread_attr_destroy(&attr);
 }

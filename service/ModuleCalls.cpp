@@ -2,6 +2,7 @@
 #include "service/ModuleCalls.h"
 
 #include "modules/ModuleTypes.h"
+#include "service/ModuleWaits.h"
 #include "view/ModuleArguments.h"
 #include "view/TextHelpers.h"
 
@@ -32,6 +33,8 @@ void prepareModules() {
     // Like the path of an open, so that the module can use the same settings.
     const Utf16Text temporary(TEMPORARY_DIRECTORY);
     callEach<decltype(&lectern_module_prepare)>(RTLD_LAZY, "lectern_module_prepare", temporary.get());
+    callEach<decltype(&lectern_module_set_wait_calls)>(RTLD_LAZY, "lectern_module_set_wait_calls",
+                                                       beginModuleWait, endModuleWait);
 }
 
 void stopModulesSoon() {

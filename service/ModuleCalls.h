@@ -3,8 +3,9 @@
 // what a module that exports these functions does.
 #pragma once
 
-// Loads the rendering modules and lets those that can prepare the first open begin
-// with it in the background. A module that cannot be loaded is left to the first open,
+// Loads the rendering modules, lets those that can tell of their waits do so
+// (service/ModuleWaits.h), and those that can prepare the first open begin with it in the
+// background. A module that cannot be loaded is left to the first open,
 // which reports it. Call it once, when the service starts.
 void prepareModules();
 

@@ -5,27 +5,100 @@
 #include "service/Resting.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstdio>
 
-std::vector<Documents>& gDocuments = *new std::vector<Documents>();
+std::deque<Documents>& gDocuments = *new std::deque<Documents>();
 pthread_mutex_t gDocumentsMutex = PTHREAD_MUTEX_INITIALIZER;
 Registry gRegistry;
 
-RegistryLock::RegistryLock() {
+namespace {
+
+thread_local bool tHoldsLock = false; // also while it is suspended
+pthread_cond_t documentReleased = PTHREAD_COND_INITIALIZER;
+// Documents whose deferred records are next to be served.
+std::deque<Documents*>& withDeferred GUARDED_BY(gRegistry) = *new std::deque<Documents*>();
+std::atomic<bool> hasDeferred = false; // the same, for a look without the lock
+
+bool lockRegistry() {
     const int result = pthread_mutex_lock(&gDocumentsMutex);
-    mHeld = result == 0;
-    if (!mHeld) {
+    if (result != 0) {
         std::fprintf(stderr, "Unable to acquire mutex: %d.", result);
     }
+    return result == 0;
+}
+
+void unlockRegistry() {
+    const int result = pthread_mutex_unlock(&gDocumentsMutex);
+    if (result != 0) {
+        std::fprintf(stderr, "Unable to release mutex: %d.", result);
+    }
+}
+
+} // namespace
+
+RegistryLock::RegistryLock() : mHeld(lockRegistry()) {
+    tHoldsLock = mHeld;
 }
 
 RegistryLock::~RegistryLock() {
     if (!mHeld) {
         return;
     }
-    const int result = pthread_mutex_unlock(&gDocumentsMutex);
-    if (result != 0) {
-        std::fprintf(stderr, "Unable to release mutex: %d.", result);
+    release();
+    tHoldsLock = false;
+    unlockRegistry();
+}
+
+Documents* RegistryLock::claim(unsigned int docid) {
+    release();
+    while (IsInUse(docid)) {
+        pthread_cond_wait(&documentReleased, &gDocumentsMutex);
+    }
+    if (!DocumentExists(docid)) {
+        return nullptr;
+    }
+    mClaimed = &gDocuments[docid];
+    mClaimed->inUse = true;
+    return mClaimed;
+}
+
+Documents* RegistryLock::claimDeferred(ClientServerMessage& message) {
+    release();
+    if (withDeferred.empty()) {
+        return nullptr;
+    }
+    mClaimed = withDeferred.front();
+    withDeferred.pop_front();
+    hasDeferred = !withDeferred.empty();
+    message = mClaimed->deferred.pop();
+    return mClaimed;
+}
+
+void RegistryLock::release() {
+    if (mClaimed == nullptr) {
+        return;
+    }
+    if (mClaimed->deferred.empty()) {
+        mClaimed->inUse = false;
+        pthread_cond_broadcast(&documentReleased);
+    } else {
+        withDeferred.push_back(mClaimed);
+        hasDeferred = true;
+        g_msgQueue.Wake();
+    }
+    mClaimed = nullptr;
+}
+
+void RegistryLock::suspend() {
+    if (tHoldsLock) {
+        unlockRegistry();
+    }
+}
+
+void RegistryLock::resume() {
+    if (tHoldsLock) {
+        lockRegistry();
     }
 }
 
@@ -33,12 +106,36 @@ bool DocumentExists(unsigned int docid) {
     return docid < gDocuments.size() && gDocuments[docid].view != nullptr;
 }
 
-Documents* UseDocument(unsigned int docid) {
-    if (!DocumentExists(docid)) {
-        return nullptr;
+bool IsInUse(unsigned int docid) {
+    return DocumentExists(docid) && gDocuments[docid].inUse;
+}
+
+bool HasDeferred() {
+    return hasDeferred;
+}
+
+void DropDeferred() {
+    const RegistryLock lock;
+    if (!lock.held()) {
+        return;
     }
-    noteUse(gDocuments[docid]);
-    return &gDocuments[docid];
+    for (Documents& document : gDocuments) {
+        document.deferred = Backlog();
+    }
+    for (Documents* document : withDeferred) {
+        document->inUse = false;
+    }
+    withDeferred.clear();
+    hasDeferred = false;
+    pthread_cond_broadcast(&documentReleased);
+}
+
+Documents* UseDocument(RegistryLock& lock, unsigned int docid) {
+    Documents* document = lock.claim(docid);
+    if (document != nullptr) {
+        noteUse(*document);
+    }
+    return document;
 }
 
 namespace {
@@ -68,12 +165,13 @@ void destroyRecord(Documents& document) {
 } // namespace
 
 void doDestroy(int docid) {
-    const RegistryLock lock;
+    RegistryLock lock;
     if (!lock.held()) {
         return;
     }
-    if (DocumentExists(static_cast<unsigned int>(docid))) {
-        destroyRecord(gDocuments[static_cast<size_t>(docid)]);
+    if (Documents* document = lock.claim(static_cast<unsigned int>(docid))) {
+        destroyRecord(*document);
+        lock.release();
     }
     if (std::all_of(gDocuments.begin(), gDocuments.end(),
                     [](const Documents& document) { return document.view == nullptr; })) {

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "base/ThreadAnnotations.h"
+#include "channel/Backlog.h"
 #include "service/FrameBuffer.h"
 #include "view/OfficeBase.h"
 
@@ -12,9 +13,9 @@
 
 #include <chrono>
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <optional>
-#include <vector>
 
 struct Documents {
     std::unique_ptr<OfficeBase> view;              // null once destroyed
@@ -24,6 +25,8 @@ struct Documents {
     unsigned char* status = nullptr;               // the last of the `size` bytes: 1 after each paint
     std::optional<FrameBuffer> frame;              // the attachment behind buffer and status
     std::chrono::steady_clock::time_point lastUse; // see service/Resting.h
+    bool inUse = false;                            // see RegistryLock::claim
+    Backlog deferred;                              // client records that arrived meanwhile
 };
 
 extern pthread_mutex_t gDocumentsMutex;
@@ -33,13 +36,15 @@ extern pthread_mutex_t gDocumentsMutex;
 class CAPABILITY("mutex") Registry {};
 extern Registry gRegistry;
 
-// gDocumentsMutex guards the documents and every call into a view. The vector is
-// never destroyed: documents that are open when the service ends are freed with
-// the process.
-extern std::vector<Documents>& gDocuments GUARDED_BY(gRegistry);
+// gDocumentsMutex guards the documents and every call into a view. While a module waits
+// for a rendering engine, the mutex is free for other documents (service/ModuleWaits.h).
+//
+// References to records stay valid while others are added. The container is never
+// destroyed: documents that are open when the service ends are freed with the process.
+extern std::deque<Documents>& gDocuments GUARDED_BY(gRegistry);
 
 // Locks gDocumentsMutex for its lifetime. Writes to standard error if locking or
-// unlocking fails. Only code that holds one may use gDocuments.
+// unlocking fails. Only code that holds one may use gDocuments. A thread has one at most.
 class SCOPED_CAPABILITY RegistryLock {
 public:
     RegistryLock() ACQUIRE(gRegistry);
@@ -49,15 +54,38 @@ public:
 
     bool held() const { return mHeld; }
 
+    // The open document; null if there is none. Until the lock goes, or another document
+    // is claimed, no other thread gets it, not even while the mutex is free for a wait.
+    // Waits itself while another thread uses the document.
+    Documents* claim(unsigned int docid) REQUIRES(gRegistry);
+    // Claims a document that has deferred records and takes the first. Null if there is
+    // none.
+    Documents* claimDeferred(ClientServerMessage& message) REQUIRES(gRegistry);
+    // Ends the use of the claimed document, unless it has deferred records: then these
+    // are next to use it.
+    void release() REQUIRES(gRegistry);
+
+    // Around a module's wait on this thread: frees the mutex, takes it again. They do
+    // nothing on a thread without a lock.
+    static void suspend();
+    static void resume();
+
 private:
     bool mHeld;
+    Documents* mClaimed = nullptr;
 };
 
 // Whether the document is open. A negative docid becomes a large number, for which
 // there is no document.
 bool DocumentExists(unsigned int docid) REQUIRES(gRegistry);
-// The open document, awake and ready for use; null if there is none.
-Documents* UseDocument(unsigned int docid) REQUIRES(gRegistry);
+// Claims the document, and wakes it; null if there is none.
+Documents* UseDocument(RegistryLock& lock, unsigned int docid) REQUIRES(gRegistry);
+// Whether another thread uses the document, or deferred records are next to.
+bool IsInUse(unsigned int docid) REQUIRES(gRegistry);
+// Whether there may be a document for claimDeferred(). Needs no lock.
+bool HasDeferred();
+// Drops all deferred records, because nobody serves them any longer.
+void DropDeferred() EXCLUDES(gRegistry);
 
 // Saves the document's state and closes it, if it exists. Locks the registry.
 void doDestroy(int docid) EXCLUDES(gRegistry);

@@ -3,7 +3,9 @@
 
 #include "channel/ServiceQueue.h"
 #include "service/DocumentMethod.h"
+#include "service/QueueReaders.h"
 #include "service/Registry.h"
+#include "service/Resting.h"
 #include "word/Word.h"
 
 #include <unistd.h>
@@ -83,28 +85,72 @@ void testCancel() {
     pthread_setcancelstate(before, nullptr);
 }
 
+// Passes a record to the view of a document. False if a paint cannot be reported.
+bool serve(const Documents& record, const ClientServerMessage& message) {
+    OfficeBase* document = record.view.get();
+    assert(document != __null); // NOLINT(modernize-use-nullptr): as the mutex guard's
+    if (message.type == _PAINT) {
+        return paint(record, message.docid) == 0;
+    }
+    handleInput(*document, message);
+    return true;
+}
+
+// Serves the next deferred record. False if the worker must end.
+bool serveDeferred() {
+    RegistryLock lock;
+    if (!lock.held()) {
+        return false;
+    }
+    ClientServerMessage message;
+    Documents* document = lock.claimDeferred(message);
+    if (document == nullptr) {
+        return true;
+    }
+    noteUse(*document);
+    return serve(*document, message);
+}
+
+// Reads a record, unless there are deferred ones, and serves it. False if the worker
+// must end.
+bool serveNext() {
+    if (!g_msgQueue.isOpen()) {
+        return false;
+    }
+    testCancel();
+    if (HasDeferred()) {
+        return serveDeferred();
+    }
+    ClientServerMessage message;
+    if (g_msgQueue.ReadMessage(message) == -1) {
+        if (g_msgQueue.isOpen() && errno != EINTR) {
+            usleep(RETRY_MICROSECONDS); // a persistent error must not cause a busy loop
+        }
+        return true;
+    }
+    return serveMessage(message);
+}
+
 } // namespace
 
 bool serveMessage(const ClientServerMessage& message) {
-    const bool isPaint = message.type == _PAINT;
     {
-        const RegistryLock lock;
+        RegistryLock lock;
         if (!lock.held()) {
             return false;
         }
-        if (const Documents* record = UseDocument(static_cast<unsigned int>(message.docid))) {
-            OfficeBase* document = record->view.get();
-            assert(document != __null); // NOLINT(modernize-use-nullptr): as the mutex guard's
-            if (isPaint) {
-                return paint(*record, message.docid) == 0;
-            }
-            handleInput(*document, message);
+        const auto docid = static_cast<unsigned int>(message.docid);
+        if (IsInUse(docid)) {
+            gDocuments[docid].deferred.push(message);
             return true;
+        }
+        if (const Documents* document = UseDocument(lock, docid)) {
+            return serve(*document, message);
         }
     }
     // Input for a document that does not exist is ignored. A paint request is
     // answered, because its sender waits for that.
-    return !isPaint || g_msgQueue.SendPaintDone(message.docid, NO_SUCH_DOCUMENT) == 0;
+    return message.type != _PAINT || g_msgQueue.SendPaintDone(message.docid, NO_SUCH_DOCUMENT) == 0;
 }
 
 void* server_func(void* /*arg*/) {
@@ -112,19 +158,8 @@ void* server_func(void* /*arg*/) {
     g_msgQueue.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID);
     g_msgQueue.Drain();
     workerReady.release();
-    while (g_msgQueue.isOpen()) {
-        testCancel();
-        ClientServerMessage message;
-        if (g_msgQueue.ReadMessage(message) == -1) {
-            if (g_msgQueue.isOpen() && errno != EINTR) {
-                usleep(RETRY_MICROSECONDS); // a persistent error must not cause a busy loop
-            }
-            continue;
-        }
-        if (!serveMessage(message)) {
-            break;
-        }
-    }
+    gQueueReaders.run(serveNext);
+    DropDeferred();
     return nullptr;
 }
 

@@ -5,7 +5,8 @@
 
 #include <pthread.h>
 
-// The main function of the worker thread: serves the message queue until the queue
+// The main function of the worker thread: serves the message queue, together with the
+// standby threads of service/QueueReaders.h, until the queue
 // is removed, the registry cannot be locked, a paint-done record cannot be sent, or
 // the thread is cancelled. It is not restarted; bus methods still work without it.
 //
@@ -18,5 +19,6 @@ void* server_func(void* arg);
 void awaitWorkerReady();
 
 // Handles one client record: locks the registry, finds the document, passes the
-// record to its view and answers a paint request. False if the worker must end.
+// record to its view and answers a paint request. A record for a document that another
+// thread uses is deferred. False if the worker must end.
 bool serveMessage(const ClientServerMessage& message);

@@ -37,7 +37,7 @@ void startTimer(Clock::duration delay) REQUIRES(gRegistry) {
 
 // Lets the documents rest whose time is over. Starts the timer for the next one.
 gboolean restUnused(void* /*data*/) {
-    const RegistryLock lock;
+    RegistryLock lock;
     if (!lock.held()) {
         return G_SOURCE_REMOVE;
     }
@@ -45,12 +45,16 @@ gboolean restUnused(void* /*data*/) {
     const Clock::time_point now = Clock::now();
     Clock::time_point next = Clock::time_point::max();
     bool rested = false;
-    for (const Documents& document : gDocuments) {
+    for (unsigned int docid = 0; docid < gDocuments.size(); ++docid) {
+        const Documents& document = gDocuments[docid];
         if (document.view == nullptr || document.view->isResting()) {
             continue;
         }
         const Clock::time_point due = document.lastUse + restAfter();
-        if (due <= now) {
+        if (document.inUse) {
+            next = std::min(next, now + restAfter());
+        } else if (due <= now) {
+            lock.claim(docid);
             document.view->rest();
             rested = true;
         } else {
@@ -60,7 +64,8 @@ gboolean restUnused(void* /*data*/) {
     if (rested) {
         malloc_trim(0);
     }
-    if (next != Clock::time_point::max()) {
+    // A use during a module's wait may have started it already.
+    if (next != Clock::time_point::max() && !timerRuns) {
         startTimer(next - now);
     }
     return G_SOURCE_REMOVE;

@@ -38,6 +38,7 @@ std::unique_ptr<Engine> Engine::start(std::unique_ptr<EngineProcess> process, Ti
 }
 
 Engine::~Engine() {
+    const Waiting waiting;
     watchdog().end(mHandle, GRACE);
 }
 

@@ -4,6 +4,7 @@
 #include "base/GLibHolder.h"
 #include "engine/host/Connection.h"
 #include "engine/host/Export.h"
+#include "engine/host/Waiting.h"
 #include "engine/host/Watchdog.h"
 #include "modules/ModuleResults.h"
 
@@ -38,6 +39,7 @@ public:
             return refused;
         }
         GLibHolder<GError> error;
+        const Waiting waiting;
         const bool answered = send(out(error)) != FALSE;
         return endCall(answered, error.get());
     }

@@ -3,6 +3,7 @@
 
 #include "engine/host/EngineSettings.h"
 #include "engine/host/Supervisor.h"
+#include "engine/host/Waiting.h"
 #include "engine/modules/Utf16.h"
 
 #include <cstring>
@@ -24,6 +25,7 @@ std::int32_t open(const std::string& path, const std::string& password, const st
     const TimeLimits limits = TimeLimits::forDocument(file.path, file.bytes);
     const TimePoint deadline = Clock::now() + limits.open;
 
+    const Waiting waiting;
     std::int32_t result = MODULE_OK;
     std::unique_ptr<Engine> engine = Supervisor::instance().take(settings, deadline, result);
     if (!engine) {
