@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "service/ModuleCalls.h"
 
+#include "service/Registry.h"
+
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
@@ -34,6 +36,27 @@ TEST(PrepareModules, TellsModulesThatCanTheFolderOfOpens) {
     const auto folders = reinterpret_cast<const char* (*)()>(dlsym(sheets, "prepared_folders"));
     ASSERT_NE(folders, nullptr);
     EXPECT_STREQ(folders(), "/tmp;");
+    EXPECT_EQ(dlclose(sheets), 0);
+}
+
+bool registryIsFree() {
+    if (pthread_mutex_trylock(&gDocumentsMutex) != 0) {
+        return false;
+    }
+    pthread_mutex_unlock(&gDocumentsMutex);
+    return true;
+}
+
+TEST(PrepareModules, ModulesThatTellOfTheirWaitsFreeTheRegistryMeanwhile) {
+    prepareModules();
+    void* sheets = dlopen("SheetToGoModule.so", RTLD_LAZY | RTLD_NOLOAD);
+    ASSERT_NE(sheets, nullptr);
+    const auto wait = reinterpret_cast<void (*)(void (*)())>(dlsym(sheets, "wait_as_a_call_does"));
+    ASSERT_NE(wait, nullptr);
+    const RegistryLock lock;
+    EXPECT_FALSE(registryIsFree());
+    wait([] { EXPECT_TRUE(registryIsFree()); });
+    EXPECT_FALSE(registryIsFree());
     EXPECT_EQ(dlclose(sheets), 0);
 }
 

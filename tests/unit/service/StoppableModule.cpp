@@ -10,6 +10,7 @@ extern "C" {
 
 LECTERN_MODULE_EXPORT int stop_count();
 LECTERN_MODULE_EXPORT const char* prepared_folders();
+LECTERN_MODULE_EXPORT void wait_as_a_call_does(void (*meanwhile)());
 
 static std::atomic<int> stops{0};
 static std::string& folders = *new std::string();
@@ -23,6 +24,20 @@ void lectern_module_prepare(const uint16_t* temporary_folder) {
         folders.push_back(static_cast<char>(*unit));
     }
     folders.push_back(';');
+}
+
+static void (*begin_wait)() = nullptr;
+static void (*end_wait)() = nullptr;
+
+void lectern_module_set_wait_calls(void (*begin)(), void (*end)()) {
+    begin_wait = begin;
+    end_wait = end;
+}
+
+void wait_as_a_call_does(void (*meanwhile)()) {
+    begin_wait();
+    meanwhile();
+    end_wait();
 }
 
 int stop_count() {
