@@ -7,6 +7,7 @@
 
 #include <pthread.h>
 
+#include <deque>
 #include <semaphore>
 #include <set>
 #include <thread>
@@ -35,13 +36,13 @@ protected:
     void SetUp() override {
         ServiceTest::SetUp();
         ASSERT_EQ(client.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID), 0);
-        ASSERT_EQ(pthread_create(&worker, nullptr, server_func, nullptr), 0);
-        awaitWorkerReady();
     }
     void TearDown() override {
-        pthread_cancel(worker);
-        gQueueReaders.stopStandbys();
-        EXPECT_EQ(pthread_join(worker, nullptr), 0);
+        if (running) {
+            pthread_cancel(worker);
+            gQueueReaders.stopStandbys();
+            EXPECT_EQ(pthread_join(worker, nullptr), 0);
+        }
         for (Documents& document : gDocuments) {
             if (document.view) {
                 static_cast<RecordingView&>(*document.view).onCall = nullptr;
@@ -55,7 +56,13 @@ protected:
         view(docid).onCall = [&engine] { engine.call(); };
         return docid;
     }
+    // The first one starts the worker. Documents must have been added before.
     void post(long type, int docid, int x = 0) {
+        if (!running) {
+            ASSERT_EQ(pthread_create(&worker, nullptr, server_func, nullptr), 0);
+            running = true;
+            awaitWorkerReady();
+        }
         ClientServerMessage message(type, docid);
         message.x = x;
         ASSERT_EQ(client.SendMessage(message), 0);
@@ -74,12 +81,14 @@ protected:
         }
     }
 
+    std::deque<Engine> engines; // outlive the worker
     DocAdapterMessageQueue client;
     pthread_t worker{};
+    bool running = false;
 };
 
 TEST_F(WorkerWaitsTest, OtherDocumentsArePaintedWhileOneWaits) {
-    Engine engine;
+    Engine& engine = engines.emplace_back();
     const int slow = addWaiting(engine);
     const int quick = addView();
     post(_KEY_DOWN, slow);
@@ -95,9 +104,8 @@ TEST_F(WorkerWaitsTest, OtherDocumentsArePaintedWhileOneWaits) {
 }
 
 TEST_F(WorkerWaitsTest, SeveralDocumentsWaitAtOnce) {
-    std::vector<Engine> engines(5);
-    for (Engine& engine : engines) {
-        addWaiting(engine);
+    for (int i = 0; i < 5; ++i) {
+        addWaiting(engines.emplace_back());
     }
     const int quick = addView();
     for (int docid = 0; docid < quick; ++docid) {
@@ -114,7 +122,7 @@ TEST_F(WorkerWaitsTest, SeveralDocumentsWaitAtOnce) {
 }
 
 TEST_F(WorkerWaitsTest, RecordsForTheWaitingDocumentAreServedAfterwardsInTheirOrder) {
-    Engine engine;
+    Engine& engine = engines.emplace_back();
     const int slow = addWaiting(engine);
     const int quick = addView();
     post(_KEY_DOWN, slow);
@@ -137,7 +145,7 @@ TEST_F(WorkerWaitsTest, RecordsForTheWaitingDocumentAreServedAfterwardsInTheirOr
 }
 
 TEST_F(WorkerWaitsTest, ABusCallForAnotherDocumentIsAnsweredMeanwhile) {
-    Engine engine;
+    Engine& engine = engines.emplace_back();
     const int slow = addWaiting(engine);
     const int quick = addView();
     post(_KEY_DOWN, slow);
@@ -150,7 +158,7 @@ TEST_F(WorkerWaitsTest, ABusCallForAnotherDocumentIsAnsweredMeanwhile) {
 }
 
 TEST_F(WorkerWaitsTest, ABusCallForTheWaitingDocumentWaitsToo) {
-    Engine engine;
+    Engine& engine = engines.emplace_back();
     const int slow = addWaiting(engine);
     post(_KEY_DOWN, slow);
     engine.asked.acquire();
@@ -165,7 +173,7 @@ TEST_F(WorkerWaitsTest, ABusCallForTheWaitingDocumentWaitsToo) {
 }
 
 TEST_F(WorkerWaitsTest, PaintsAreServedWhileABusCallWaits) {
-    Engine engine;
+    Engine& engine = engines.emplace_back();
     const int slow = addWaiting(engine);
     const int quick = addView();
     std::thread bus([&] { call("/common", "nextResult", R"({"docid": 0})"); });
@@ -180,7 +188,7 @@ TEST_F(WorkerWaitsTest, PaintsAreServedWhileABusCallWaits) {
 }
 
 TEST_F(WorkerWaitsTest, ADestroyWaitsForTheDocumentAndItsDeferredRecords) {
-    Engine engine;
+    Engine& engine = engines.emplace_back();
     const int slow = addWaiting(engine);
     const int quick = addView();
     post(_KEY_DOWN, slow);
@@ -196,7 +204,7 @@ TEST_F(WorkerWaitsTest, ADestroyWaitsForTheDocumentAndItsDeferredRecords) {
 }
 
 TEST_F(WorkerWaitsTest, ShortWaitsLeaveTheReadingToOneThread) {
-    Engine engine;
+    Engine& engine = engines.emplace_back();
     engine.answers.release();
     const int docid = addView();
     std::set<pthread_t> threads;
