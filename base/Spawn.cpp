@@ -15,7 +15,7 @@ namespace lectern {
 namespace {
 
 struct Attributes {
-    explicit Attributes(ChildProgram::Place place) {
+    Attributes() {
         sigset_t none;
         sigset_t all;
         sigemptyset(&none);
@@ -23,11 +23,8 @@ struct Attributes {
         posix_spawnattr_init(&attributes);
         posix_spawnattr_setsigmask(&attributes, &none);
         posix_spawnattr_setsigdefault(&attributes, &all);
-        posix_spawnattr_setpgroup(&attributes, 0);
-        const int apart =
-            place == ChildProgram::Place::OwnSession ? POSIX_SPAWN_SETSID : POSIX_SPAWN_SETPGROUP;
-        posix_spawnattr_setflags(&attributes,
-                                 static_cast<short>(POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | apart));
+        posix_spawnattr_setflags(&attributes, static_cast<short>(POSIX_SPAWN_SETSIGMASK |
+                                                                 POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSID));
     }
     ~Attributes() { posix_spawnattr_destroy(&attributes); }
     Attributes(const Attributes&) = delete;
@@ -87,7 +84,7 @@ int spawn(const ChildProgram& program, pid_t& child) {
     if (const int error = files.add(program.files); error != 0) {
         return error;
     }
-    const Attributes attributes(program.place);
+    const Attributes attributes;
     std::vector<std::string> words{program.path};
     words.insert(words.end(), program.arguments.begin(), program.arguments.end());
     std::vector<std::string> variables = program.environment.value_or(std::vector<std::string>());

@@ -10,21 +10,15 @@
 namespace lectern {
 
 // A program to start as a child of this process. It starts with no signal blocked,
-// with the default action for every signal, and apart from the terminal's
-// foreground processes, so that the terminal's keys do not reach it.
+// with the default action for every signal, and in a session of its own, without
+// this process's terminal.
 struct ChildProgram {
-    enum class Place {
-        OwnSession,      // also without the terminal
-        OwnProcessGroup, // in this process's session
-    };
-
     std::string path;                                    // not looked up in PATH
     std::vector<std::string> arguments;                  // after the program's name
     std::optional<std::vector<std::string>> environment; // "NAME=value"; none: that of this process
     // Descriptors of this process that become 0, 1, 2 and so on, at least three; -1
     // stands for /dev/null. The child has no others.
     std::vector<int> files{-1, -1, -1};
-    Place place = Place::OwnSession;
 };
 
 // Starts the program. Returns 0 and the child, which the caller waits for, or an

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/host/DocumentFile.h"
 
-#include "base/FileDescriptor.h"
 #include "modules/ModuleResults.h"
 
 #include <fcntl.h>
@@ -11,6 +10,7 @@
 #include <cerrno>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 namespace lectern::engine {
 namespace {
@@ -47,7 +47,7 @@ std::string absolutePath(const std::string& path) {
 }
 
 std::int32_t findDocumentFile(const std::string& path, DocumentFile& file) {
-    const FileDescriptor opened(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    FileDescriptor opened(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
     if (!opened) {
         return resultOfOpenError(errno);
     }
@@ -62,7 +62,7 @@ std::int32_t findDocumentFile(const std::string& path, DocumentFile& file) {
     if (pread(opened.get(), &first, 1, 0) < 0) {
         return MODULE_NOT_READABLE;
     }
-    file = {absolutePath(path), status.st_size};
+    file = {absolutePath(path), status.st_size, std::move(opened)};
     return MODULE_OK;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "base/FileDescriptor.h"
 #include "engine/host/Export.h"
 
 #include <sys/types.h>
@@ -14,6 +15,7 @@ namespace lectern::engine {
 struct DocumentFile {
     std::string path; // absolute
     off_t bytes = 0;
+    FileDescriptor opened; // for reading
 };
 
 // Makes `path` absolute, starting from the current folder, and resolves links

@@ -2,6 +2,7 @@
 #include "engine/host/ForkServer.h"
 
 #include "base/Packet.h"
+#include "engine/host/SandboxPolicy.h"
 #include "engine/protocol/ForkMessages.h"
 #include "modules/ModuleResults.h"
 
@@ -11,7 +12,6 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <mutex>
 #include <string>
 #include <utility>
 
@@ -21,18 +21,10 @@ namespace {
 // A fork takes milliseconds, a step of preparing up to 0.2 s.
 constexpr std::chrono::seconds ANSWER_LIMIT(2);
 
-void warnOnceAboutFileRules() {
-    static std::once_flag once;
-    std::call_once(once, [] {
-        std::fprintf(stderr, "engine: this kernel has no Landlock, file permissions alone keep "
-                             "documents' engines from writing files\n");
-    });
-}
-
 } // namespace
 
 std::unique_ptr<ForkServer> ForkServer::start(const LaunchSettings& settings, Watchdog& watchdog) {
-    std::unique_ptr<EngineProcess> process = EngineProcess::spawn(settings);
+    std::unique_ptr<EngineProcess> process = sandboxSuffices() ? EngineProcess::spawn(settings) : nullptr;
     if (!process) {
         return nullptr;
     }
@@ -56,7 +48,7 @@ bool ForkServer::isAlive() const {
     return mWatchdog.isAlive(mHandle);
 }
 
-std::unique_ptr<EngineProcess> ForkServer::fork(TimePoint deadline, std::int32_t& result) {
+std::unique_ptr<EngineProcess> ForkServer::fork(int document, TimePoint deadline, std::int32_t& result) {
     result = MODULE_NO_ENGINE;
     std::shared_ptr<TemporaryFolder> outer = mFolder.lock();
     std::unique_ptr<TemporaryFolder> folder = outer ? TemporaryFolder::make(outer->path()) : nullptr;
@@ -67,7 +59,7 @@ std::unique_ptr<EngineProcess> ForkServer::fork(TimePoint deadline, std::int32_t
     }
     FileDescriptor ours(ends[0]);
     const FileDescriptor theirs(ends[1]);
-    FileDescriptor pidfd = request(*folder, theirs.get(), deadline, result);
+    FileDescriptor pidfd = request(*folder, theirs.get(), document, deadline, result);
     if (!pidfd) {
         return nullptr;
     }
@@ -76,21 +68,19 @@ std::unique_ptr<EngineProcess> ForkServer::fork(TimePoint deadline, std::int32_t
                                            std::move(outer));
 }
 
-FileDescriptor ForkServer::request(const TemporaryFolder& folder, int socket, TimePoint deadline,
-                                   std::int32_t& result) {
+FileDescriptor ForkServer::request(const TemporaryFolder& folder, int socket, int document,
+                                   TimePoint deadline, std::int32_t& result) {
     const Lock lock(mMutex);
     mWatchdog.setDeadline(mHandle, mHasAnswered ? std::min(deadline, Clock::now() + ANSWER_LIMIT) : deadline);
     Packet answer;
-    const bool answered = sendPacket(mSocket.get(), FORK + folder.path(), {socket, folder.lock()}) &&
-                          receivePacket(mSocket.get(), answer) && answer.files.size() == 1;
+    const bool answered =
+        sendPacket(mSocket.get(), FORK + folder.path(), {socket, folder.lock(), document}) &&
+        receivePacket(mSocket.get(), answer) && answer.files.size() == 1;
     const bool expired = mWatchdog.liftDeadline(mHandle);
     mHasAnswered = mHasAnswered || answered;
     if (!answered || expired) {
         result = expired && Clock::now() >= deadline ? MODULE_TIMED_OUT : MODULE_NO_ENGINE;
         return {};
-    }
-    if (answer.text[0] == UNCONFINED) {
-        warnOnceAboutFileRules();
     }
     return std::move(answer.files[0]);
 }

@@ -29,17 +29,17 @@ public:
     const LaunchSettings& settings() const { return mSettings; }
     bool isAlive() const;
 
-    // Forks an engine; waits until the suite is ready. A fork server that does not
-    // answer by the deadline is killed; one that has answered before gets two seconds
-    // at most. On failure returns null, with MODULE_NO_ENGINE or MODULE_TIMED_OUT in
-    // `result`.
-    std::unique_ptr<EngineProcess> fork(TimePoint deadline, std::int32_t& result);
+    // Forks an engine for a document, which is open and stays the caller's; waits until
+    // the suite is ready. A fork server that does not answer by the deadline is killed;
+    // one that has answered before gets two seconds at most. On failure returns null,
+    // with MODULE_NO_ENGINE or MODULE_TIMED_OUT in `result`.
+    std::unique_ptr<EngineProcess> fork(int document, TimePoint deadline, std::int32_t& result);
 
 private:
     ForkServer(const LaunchSettings& settings, Watchdog& watchdog, FileDescriptor socket,
                const std::shared_ptr<TemporaryFolder>& folder, Watchdog::Handle handle);
     // Asks for an engine; returns its pidfd, or none.
-    FileDescriptor request(const TemporaryFolder& folder, int socket, TimePoint deadline,
+    FileDescriptor request(const TemporaryFolder& folder, int socket, int document, TimePoint deadline,
                            std::int32_t& result);
 
     const LaunchSettings mSettings;

@@ -49,8 +49,7 @@ int spawnEngine(const LaunchSettings& settings, const TemporaryFolder& folder, i
                   .arguments = {folder.path()},
                   .environment = environmentIn(folder.path()),
                   .files = {-1, settings.verbose ? STDOUT_FILENO : -1, settings.verbose ? STDERR_FILENO : -1,
-                            socket, folder.lock()},
-                  .place = ChildProgram::Place::OwnProcessGroup},
+                            socket, folder.lock()}},
                  pid);
 }
 

@@ -39,8 +39,8 @@ Supervisor::Supervisor() {
     std::atexit(endEnginesAtExit);
 }
 
-std::unique_ptr<Engine> Supervisor::take(const LaunchSettings& settings, TimePoint deadline,
-                                         std::int32_t& result) {
+std::unique_ptr<Engine> Supervisor::take(const LaunchSettings& settings, const DocumentFile& document,
+                                         TimePoint deadline, std::int32_t& result) {
     if (!descriptorsLeft<FOR_ENGINE>()) {
         std::fprintf(stderr, "engine: too few file descriptors are left to start one\n");
         result = MODULE_NO_ENGINE;
@@ -50,7 +50,8 @@ std::unique_ptr<Engine> Supervisor::take(const LaunchSettings& settings, TimePoi
         bool isNew = false;
         std::shared_ptr<ForkServer> server = serverFor(settings, isNew);
         result = MODULE_NO_ENGINE;
-        std::unique_ptr<EngineProcess> process = server ? server->fork(deadline, result) : nullptr;
+        std::unique_ptr<EngineProcess> process =
+            server ? server->fork(document.opened.get(), deadline, result) : nullptr;
         if (process) {
             return Engine::start(std::move(process), deadline, result);
         }

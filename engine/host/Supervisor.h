@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/Mutex.h"
+#include "engine/host/DocumentFile.h"
 #include "engine/host/Engine.h"
 #include "engine/host/EngineSettings.h"
 #include "engine/host/Export.h"
@@ -25,8 +26,9 @@ public:
     Supervisor(const Supervisor&) = delete;
     Supervisor& operator=(const Supervisor&) = delete;
 
-    // Returns a new engine, or null as Engine::start does.
-    std::unique_ptr<Engine> take(const LaunchSettings& settings, TimePoint deadline, std::int32_t& result);
+    // Returns a new engine that can open this document, or null as Engine::start does.
+    std::unique_ptr<Engine> take(const LaunchSettings& settings, const DocumentFile& document,
+                                 TimePoint deadline, std::int32_t& result);
 
     // Starts a fork server with these settings unless there is one, for later opens.
     // Returns at once.

@@ -27,7 +27,7 @@ std::int32_t open(const std::string& path, const std::string& password, const st
 
     const Waiting waiting;
     std::int32_t result = MODULE_OK;
-    std::unique_ptr<Engine> engine = Supervisor::instance().take(settings, deadline, result);
+    std::unique_ptr<Engine> engine = Supervisor::instance().take(settings, file, deadline, result);
     if (!engine) {
         return result;
     }

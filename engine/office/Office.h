@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace lectern::engine {
 
@@ -49,6 +50,10 @@ public:
     // Makes the suite write its temporary files, and the fonts of documents, to another
     // folder, which exists. Returns false when it cannot.
     [[nodiscard]] bool useTemporaryFolder(const std::string& folder);
+
+    // The files and folders that the suite reads while it opens and paints a document,
+    // besides the system's libraries.
+    std::vector<std::string> readPaths() const;
 
     // The implementation's data, defined for this folder only.
     struct Private;

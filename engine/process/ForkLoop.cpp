@@ -3,6 +3,7 @@
 
 #include "engine/process/Lifeline.h"
 #include "engine/process/ResourceLimits.h"
+#include "engine/process/Sandbox.h"
 #include "engine/protocol/ForkMessages.h"
 #include "engine/protocol/Inherited.h"
 
@@ -57,8 +58,8 @@ bool isSingleThreaded() {
 
 } // namespace
 
-ForkLoop::ForkLoop(Office& office, int socket, std::string folder, Confinement confinement)
-    : mOffice(office), mRequests(socket), mFolder(std::move(folder)), mConfinement(confinement),
+ForkLoop::ForkLoop(Office& office, int socket, std::string folder)
+    : mOffice(office), mRequests(socket), mFolder(std::move(folder)), mReadPaths(office.readPaths()),
       mPause(BEFORE_PREPARING) {
     prctl(PR_SET_NAME, FORK_SERVER_NAME);
     // The service waits for the engines; the kernel removes them from its list.
@@ -100,7 +101,7 @@ void ForkLoop::handleRequest() {
         hangUp();
     }
     mPause = BEFORE_PREPARING;
-    if (request.text[0] == FORK && request.files.size() == 2) {
+    if (request.text[0] == FORK && request.files.size() == 3) {
         forkEngine(std::move(request));
     }
 }
@@ -119,8 +120,7 @@ void ForkLoop::forkEngine(Packet request) {
         (void)sendPacket(mRequests.get(), std::string_view(&FAILED, 1));
         return;
     }
-    const char answer = mConfinement == Confinement::Complete ? CONFINED : UNCONFINED;
-    (void)sendPacket(mRequests.get(), std::string_view(&answer, 1), {pidfd.get()});
+    (void)sendPacket(mRequests.get(), std::string_view(&FORKED, 1), {pidfd.get()});
 }
 
 void ForkLoop::hangUp() {
@@ -133,14 +133,14 @@ bool ForkLoop::becomeEngine(Packet request) {
     prctl(PR_SET_NAME, ENGINE_NAME);
     (void)std::signal(SIGCHLD, SIG_DFL);
     mRequests.reset();
-    if (setpgid(0, 0) != 0 || dup2(request.files[0].get(), ENGINE_SOCKET) < 0) {
+    if (setsid() < 0 || dup2(request.files[0].get(), ENGINE_SOCKET) < 0) {
         return false;
     }
     request.files[0].reset();
     // The kernel closes the lock with the process.
     (void)request.files[1].release();
     limitEngine();
-    if (!confineEngine(folder) || !mOffice.useTemporaryFolder(folder)) {
+    if (!confineEngine({folder, request.files[2].get(), mReadPaths}) || !mOffice.useTemporaryFolder(folder)) {
         return false;
     }
     startLifeline(ENGINE_SOCKET, folder);

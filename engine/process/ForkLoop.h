@@ -5,10 +5,10 @@
 #include "base/Packet.h"
 #include "engine/office/Office.h"
 #include "engine/process/EngineLoop.h"
-#include "engine/process/Sandbox.h"
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace lectern::engine {
 
@@ -22,7 +22,7 @@ class ForkLoop : public Office::Turn {
 public:
     // Takes ownership of the socket. `folder` is the fork server's; it is emptied
     // when the service closes its end of the socket, and the process ends.
-    ForkLoop(Office& office, int socket, std::string folder, Confinement confinement);
+    ForkLoop(Office& office, int socket, std::string folder);
 
     void take(std::chrono::microseconds longest) override;
     void wake() override;
@@ -36,10 +36,10 @@ private:
     Office& mOffice;
     FileDescriptor mRequests;
     const std::string mFolder;
-    const Confinement mConfinement;
-    bool mPreparing = true;              // something is left to prepare
-    std::chrono::microseconds mPause;    // before the next step of preparing
-    std::unique_ptr<EngineLoop> mEngine; // in a forked process
+    const std::vector<std::string> mReadPaths; // the suite's
+    bool mPreparing = true;                    // something is left to prepare
+    std::chrono::microseconds mPause;          // before the next step of preparing
+    std::unique_ptr<EngineLoop> mEngine;       // in a forked process
 };
 
 } // namespace lectern::engine

@@ -1,105 +1,107 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/process/Sandbox.h"
 
-#include "base/FileDescriptor.h"
+#include "engine/process/Capabilities.h"
+#include "engine/process/FileRules.h"
+#include "engine/process/Namespaces.h"
+#include "engine/process/ResourceLimits.h"
 #include "engine/process/SystemCallFilter.h"
 
-#include <fcntl.h>
-#include <linux/capability.h>
-#include <linux/landlock.h>
-#include <sched.h>
 #include <sys/prctl.h>
-#include <sys/syscall.h>
-#include <unistd.h>
 
-#include <cerrno>
-#include <cstdint>
+#include <algorithm>
 #include <cstdio>
-
-// Missing in the headers of older systems.
-#ifndef LANDLOCK_ACCESS_FS_REFER
-#define LANDLOCK_ACCESS_FS_REFER (1ULL << 13)
-#endif
-#ifndef LANDLOCK_ACCESS_FS_TRUNCATE
-#define LANDLOCK_ACCESS_FS_TRUNCATE (1ULL << 14)
-#endif
+#include <cstdlib>
+#include <sstream>
 
 namespace lectern::engine {
 namespace {
 
-constexpr std::uint64_t WRITE_IN_FOLDER = LANDLOCK_ACCESS_FS_WRITE_FILE | LANDLOCK_ACCESS_FS_REMOVE_DIR |
-                                          LANDLOCK_ACCESS_FS_REMOVE_FILE | LANDLOCK_ACCESS_FS_MAKE_DIR |
-                                          LANDLOCK_ACCESS_FS_MAKE_REG | LANDLOCK_ACCESS_FS_MAKE_SYM;
-constexpr std::uint64_t NEVER_ALLOWED = LANDLOCK_ACCESS_FS_EXECUTE | LANDLOCK_ACCESS_FS_MAKE_CHAR |
-                                        LANDLOCK_ACCESS_FS_MAKE_SOCK | LANDLOCK_ACCESS_FS_MAKE_FIFO |
-                                        LANDLOCK_ACCESS_FS_MAKE_BLOCK;
+// What the C library and the suite's libraries read while a document is used.
+constexpr const char* SYSTEM_FILES[] = {
+    // Shared libraries, which are also loaded late, the converters of the C library's
+    // encodings, and its locales.
+    "/usr/lib",
+    "/usr/lib32",
+    "/usr/lib64",
+    "/lib",
+    "/lib64",
+    "/usr/local/lib",
+    "/etc/ld.so.cache",
+    "/usr/share/locale",
+    "/usr/share/i18n",
+    // The local time.
+    "/etc/localtime",
+    "/usr/share/zoneinfo",
+    // The number of processors, which decides about threads.
+    "/sys/devices/system/cpu/online",
+    "/proc/sys/vm/overcommit_memory",
+    // Random numbers, for names of files and for passwords of documents.
+    "/dev/urandom",
+    "/dev/random",
+    "/dev/null",
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    // The sanitizers look for the stacks of threads, and for the sources of what they report.
+    "/proc/self",
+#endif
+};
 
-// Allows the accesses `allowed` for a path and everything below it.
-bool allowAt(int ruleset, const char* path, std::uint64_t allowed) {
-    const FileDescriptor place(open(path, O_PATH | O_CLOEXEC));
-    const landlock_path_beneath_attr rule{allowed, place.get()};
-    return place && syscall(SYS_landlock_add_rule, ruleset, LANDLOCK_RULE_PATH_BENEATH, &rule, 0) == 0;
+// The folders from which the loader takes libraries besides.
+std::vector<std::string> libraryFolders() {
+    std::vector<std::string> folders;
+    const char* path = std::getenv("LD_LIBRARY_PATH");
+    std::istringstream names(path != nullptr ? path : "");
+    for (std::string folder; std::getline(names, folder, ':');) {
+        if (!folder.empty()) {
+            folders.push_back(folder);
+        }
+    }
+    return folders;
 }
 
-Confinement restrictFiles(const std::string& folder) {
-    const long version = syscall(SYS_landlock_create_ruleset, nullptr, 0, LANDLOCK_CREATE_RULESET_VERSION);
-    if (version < 1) {
-        return Confinement::NoFileRules;
-    }
-    std::uint64_t inFolder = WRITE_IN_FOLDER;
-    inFolder |= version >= 2 ? LANDLOCK_ACCESS_FS_REFER : 0;
-    inFolder |= version >= 3 ? LANDLOCK_ACCESS_FS_TRUNCATE : 0;
-    const std::uint64_t toFile = inFolder & (LANDLOCK_ACCESS_FS_WRITE_FILE | LANDLOCK_ACCESS_FS_TRUNCATE);
-
-    const landlock_ruleset_attr attributes{inFolder | NEVER_ALLOWED};
-    const FileDescriptor ruleset(
-        static_cast<int>(syscall(SYS_landlock_create_ruleset, &attributes, sizeof attributes, 0)));
-    const bool done = ruleset && allowAt(ruleset.get(), folder.c_str(), inFolder) &&
-                      allowAt(ruleset.get(), "/dev/null", toFile) &&
-                      syscall(SYS_landlock_restrict_self, ruleset.get(), 0) == 0;
-    return done ? Confinement::Complete : Confinement::Failed;
+bool limitWriting(const std::string& folder) {
+    FileRules rules(FileRules::Covers::Writing);
+    return rules.allowEverythingIn(folder) && rules.allowWriting("/dev/null") && rules.enforce();
 }
 
-// A service that runs as root can read its users' documents; its engines keep
-// only that capability.
-bool dropCapabilities() {
-    __user_cap_header_struct header{_LINUX_CAPABILITY_VERSION_3, 0};
-    __user_cap_data_struct sets[_LINUX_CAPABILITY_U32S_3] = {};
-    if (syscall(SYS_capget, &header, sets) != 0) {
-        return false;
-    }
-    for (__user_cap_data_struct& set : sets) {
-        set.permitted &= &set == sets ? 1U << CAP_DAC_READ_SEARCH : 0;
-        set.effective = set.permitted;
-        set.inheritable = 0;
-    }
-    return syscall(SYS_capset, &header, sets) == 0;
+bool limitReading(const EngineFiles& files) {
+    FileRules rules(FileRules::Covers::Reading);
+    const auto allow = [&](const std::string& path) { return rules.allowReading(path); };
+    const std::vector<std::string> libraries = libraryFolders();
+    return rules.allowEverythingIn(files.folder) && rules.allowReading(files.document) &&
+           rules.allowWriting("/dev/null") &&
+           std::all_of(std::begin(SYSTEM_FILES), std::end(SYSTEM_FILES), allow) &&
+           std::all_of(libraries.begin(), libraries.end(), allow) &&
+           std::all_of(files.suite.begin(), files.suite.end(), allow) && rules.enforce();
 }
 
 } // namespace
 
-Confinement enterSandbox(const std::string& folder) {
-    // Needs a privilege that most services lack. Without it, the system call
-    // filter alone keeps the network out.
-    (void)unshare(CLONE_NEWNET);
+bool enterSandbox(const std::string& folder) {
+    const Namespaces namespaces = enterNamespaces();
+    if (namespaces == Namespaces::Failed) {
+        return false;
+    }
+    if (namespaces == Namespaces::OfUserToo) {
+        limitProcessesOfNamespace();
+    }
     if (!dropCapabilities() || prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0) {
         std::perror("engine: giving up privileges");
-        return Confinement::Failed;
+        return false;
     }
-    const Confinement files = restrictFiles(folder);
-    if (files == Confinement::Failed) {
-        std::perror("engine: file rules");
-        return Confinement::Failed;
-    }
-    return refuseDangerousCalls() ? files : Confinement::Failed;
-}
-
-bool confineEngine(const std::string& folder) {
-    if (restrictFiles(folder) == Confinement::Failed) {
+    if (FileRules::areSupported() && !limitWriting(folder)) {
         std::perror("engine: file rules");
         return false;
     }
-    return refuseOtherProcesses();
+    return allowOnly(callsOfForkServer());
+}
+
+bool confineEngine(const EngineFiles& files) {
+    if (FileRules::areSupported() && !limitReading(files)) {
+        std::perror("engine: file rules");
+        return false;
+    }
+    return allowOnly(callsOfEngine());
 }
 
 } // namespace lectern::engine

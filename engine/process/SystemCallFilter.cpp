@@ -1,104 +1,68 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/process/SystemCallFilter.h"
 
-#include <sched.h>
 #include <seccomp.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <memory>
+#include <set>
 
 namespace lectern::engine {
 namespace {
 
-// The office suite needs several hundred calls that differ between versions of
-// it and of the C library, so what is dangerous is named, not what is needed.
-// clang-format off
-const char* const REFUSED[] = {
-    // network and all other sockets; the existing one stays usable
-    "socket", "connect", "bind", "listen", "accept", "accept4",
-    // other programs
-    "execve", "execveat",
-    // other processes
-    "ptrace", "process_vm_readv", "process_vm_writev", "process_madvise", "process_mrelease",
-    "pidfd_getfd", "pidfd_send_signal", "tkill", "rt_sigqueueinfo", "rt_tgsigqueueinfo", "kcmp", "setpriority",
-    "sched_setscheduler", "sched_setattr", "ioprio_set", "migrate_pages", "move_pages",
-    // IPC objects with names of their own, by which the service talks to clients
-    "shmget", "shmat", "shmctl", "msgget", "msgsnd", "msgrcv", "msgctl", "semget", "semop", "semtimedop",
-    "semctl", "mq_open", "mq_unlink", "add_key", "request_key", "keyctl",
-    // file attributes, which the file rules do not cover
-    "chown", "lchown", "fchown", "fchownat", "setxattr", "lsetxattr", "fsetxattr", "removexattr",
-    "lremovexattr", "fremovexattr", "truncate", "mknod", "mknodat", "open_by_handle_at",
-    // the system
-    "mount", "umount2", "move_mount", "open_tree", "fsopen", "fsconfig", "fsmount", "fspick", "mount_setattr",
-    "pivot_root", "chroot", "unshare", "setns", "bpf", "perf_event_open", "userfaultfd", "io_uring_setup",
-    "io_uring_enter", "io_uring_register", "init_module", "finit_module", "delete_module", "kexec_load",
-    "kexec_file_load", "reboot", "swapon", "swapoff", "quotactl", "acct", "syslog", "settimeofday",
-    "clock_settime", "clock_adjtime", "adjtimex", "sethostname", "setdomainname", "fanotify_init",
-    "lookup_dcookie", "personality", "modify_ldt", "iopl", "ioperm", "vhangup",
-};
-// clang-format on
-
 using Filter = std::unique_ptr<void, decltype(&seccomp_release)>;
 
-bool refuse(void* filter, const char* name, int error = EPERM) {
-    const int call = seccomp_syscall_resolve_name(name);
-    // A call that libseccomp or this processor does not know is harmless.
-    return call == __NR_SCMP_ERROR || seccomp_rule_add(filter, SCMP_ACT_ERRNO(error), call, 0) == 0;
-}
-
-bool refuseWhen(void* filter, const char* name, scmp_arg_cmp condition) {
-    return seccomp_rule_add_array(filter, SCMP_ACT_ERRNO(EPERM), seccomp_syscall_resolve_name(name), 1,
-                                  &condition) == 0;
-}
+// Calls from this number on have the same number on all processors, and the C library
+// knows that the kernel may lack them. So here they do not exist unless they are allowed,
+// nor do those that later kernels have.
+constexpr int FIRST_RECENT = 424;
+constexpr int LAST_RECENT = 600;
 
 // libseccomp's own macros for this do not compile as C++.
-constexpr scmp_arg_cmp firstArgument(scmp_compare comparison, scmp_datum_t value) {
-    return {0, comparison, value, 0};
+scmp_arg_cmp toSeccomp(const Condition& condition) {
+    return {condition.argument, SCMP_CMP_MASKED_EQ, condition.mask, condition.value};
 }
 
-bool addDangerous(void* filter) {
-    for (const char* name : REFUSED) {
-        if (!refuse(filter, name)) {
+bool addRule(void* filter, std::uint32_t action, int call, const std::vector<Condition>& conditions) {
+    std::vector<scmp_arg_cmp> all(conditions.size());
+    std::transform(conditions.begin(), conditions.end(), all.begin(), toSeccomp);
+    return seccomp_rule_add_array(filter, action, call, static_cast<unsigned>(all.size()), all.data()) == 0;
+}
+
+bool addAllowed(void* filter, const std::vector<AllowedCall>& calls) {
+    std::set<int> allowed;
+    for (const AllowedCall& entry : calls) {
+        const int call = seccomp_syscall_resolve_name(entry.name);
+        if (call != __NR_SCMP_ERROR && !addRule(filter, SCMP_ACT_ALLOW, call, entry.conditions)) {
+            return false;
+        }
+        allowed.insert(call);
+    }
+    for (int call = FIRST_RECENT; call <= LAST_RECENT; call++) {
+        if (allowed.count(call) == 0 && !addRule(filter, SCMP_ACT_ERRNO(ENOSYS), call, {})) {
             return false;
         }
     }
-    // clone3 passes its flags behind a pointer, which a filter cannot read.
-    // When it is refused, the C library uses clone, whose flags distinguish a
-    // thread from a process.
-    return refuse(filter, "clone3", ENOSYS) &&
-           refuseWhen(filter, "prlimit64", firstArgument(SCMP_CMP_NE, 0)) &&
-           refuseWhen(filter, "socketpair", firstArgument(SCMP_CMP_NE, AF_UNIX));
-}
-
-bool addOtherProcesses(void* filter) {
-    const auto self = static_cast<scmp_datum_t>(getpid());
-    return refuse(filter, "fork") && refuse(filter, "vfork") && refuse(filter, "pidfd_open") &&
-           refuseWhen(filter, "clone", firstArgument(SCMP_CMP_MASKED_EQ, CLONE_THREAD)) &&
-           refuseWhen(filter, "kill", firstArgument(SCMP_CMP_NE, self)) &&
-           refuseWhen(filter, "tgkill", firstArgument(SCMP_CMP_NE, self));
-}
-
-bool load(bool (*addRules)(void*)) {
-    const Filter filter(seccomp_init(SCMP_ACT_ALLOW), &seccomp_release);
-    const bool loaded = filter && addRules(filter.get()) && seccomp_load(filter.get()) == 0;
-    if (!loaded) {
-        std::fprintf(stderr, "engine: the system call filter cannot be loaded\n");
-    }
-    return loaded;
+    return true;
 }
 
 } // namespace
 
-bool refuseDangerousCalls() {
-    return load(&addDangerous);
-}
-
-bool refuseOtherProcesses() {
-    return load(&addOtherProcesses);
+bool allowOnly(const std::vector<AllowedCall>& calls) {
+    const Filter filter(seccomp_init(SCMP_ACT_ERRNO(EPERM)), &seccomp_release);
+    const bool loaded = filter &&
+                        // Calls in the way of another processor, such as a 32-bit one.
+                        seccomp_attr_set(filter.get(), SCMP_FLTATR_ACT_BADARCH, SCMP_ACT_ERRNO(EPERM)) == 0 &&
+                        // A search in a tree instead of a list.
+                        seccomp_attr_set(filter.get(), SCMP_FLTATR_CTL_OPTIMIZE, 2) == 0 &&
+                        seccomp_attr_set(filter.get(), SCMP_FLTATR_CTL_NNP, 0) == 0 &&
+                        addAllowed(filter.get(), calls) && seccomp_load(filter.get()) == 0;
+    if (!loaded) {
+        std::fprintf(stderr, "engine: the system call filter cannot be loaded\n");
+    }
+    return loaded;
 }
 
 } // namespace lectern::engine

@@ -23,8 +23,7 @@ int main(int argc, char** argv) {
     }
     const std::string folder = argv[1];
     limitForkServer();
-    const Confinement confinement = enterSandbox(folder);
-    if (confinement == Confinement::Failed) {
+    if (!enterSandbox(folder)) {
         _exit(1);
     }
     // The service kills a fork server that does not answer. Without a service, one
@@ -35,6 +34,6 @@ int main(int argc, char** argv) {
     if (!office) {
         _exit(1);
     }
-    ForkLoop loop(*office, ENGINE_SOCKET, folder, confinement);
+    ForkLoop loop(*office, ENGINE_SOCKET, folder);
     office->run(loop);
 }

@@ -4,7 +4,6 @@
 //   rows          rows of the laid-out text at 72 dpi (default 1000)
 //   name          the document's name; author is the number of layouts done
 //   password      needed to open it
-//   probe         see Misbehaviour.h; the outcome becomes the name
 //   text          what can be searched and selected (default none); each hit
 //                 has a rectangle (position, 0, length, 1)
 //   click         type:number, or 6:address, of what lies everywhere
@@ -63,6 +62,10 @@ bool Office::prepareNext() {
 
 bool Office::useTemporaryFolder(const std::string& folder) {
     return setenv("TMPDIR", folder.c_str(), 1) == 0;
+}
+
+std::vector<std::string> Office::readPaths() const {
+    return {};
 }
 
 Office::Office(std::unique_ptr<Private> d) : mPrivate(std::move(d)) {}
@@ -143,9 +146,6 @@ int32_t WordDocument::open(Office&, const std::string& path, const std::string& 
         return result;
     }
     d->name = widen(d->setting("name"));
-    if (const std::string action = d->setting("probe"); !action.empty()) {
-        d->name = widen(fake::probe(action));
-    }
     d->temporaryFolder = temporaryDirectory;
     document.reset(new WordDocument(std::move(d)));
     return MODULE_OK;

@@ -1,19 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/fakes/office/Misbehaviour.h"
 
-#include <fcntl.h>
 #include <signal.h>
-#include <sys/ipc.h>
-#include <sys/msg.h>
-#include <sys/socket.h>
-#include <sys/syscall.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <chrono>
 #include <cstdlib>
-#include <cstring>
 #include <fstream>
 #include <memory>
 #include <new>
@@ -30,23 +22,11 @@ std::string detailOf(const std::string& action) {
     return colon == std::string::npos ? std::string() : action.substr(colon + 1);
 }
 
-std::string outcome(long result) {
-    return result >= 0 ? "allowed" : strerrorname_np(errno);
-}
-
-std::string closing(int fd) {
-    const std::string result = outcome(fd);
-    if (fd >= 0) {
-        close(fd);
-    }
-    return result;
-}
-
 void hang() {
     const char* folder = std::getenv("TMPDIR");
     std::ofstream(std::string(folder) + "/hanging") << "yes\n";
     for (;;) {
-        pause();
+        std::this_thread::sleep_for(std::chrono::hours(1));
     }
 }
 
@@ -56,33 +36,6 @@ void eatMemory() {
     for (;;) {
         eaten.emplace_back(new char[BITE]);
     }
-}
-
-std::string probeFork() {
-    const auto child = static_cast<pid_t>(syscall(SYS_fork));
-    if (child == 0) {
-        _exit(0);
-    }
-    const std::string result = outcome(child);
-    if (child > 0) {
-        waitpid(child, nullptr, 0);
-    }
-    return result;
-}
-
-std::string probeQueue() {
-    const int queue = msgget(IPC_PRIVATE, 0600);
-    const std::string result = outcome(queue);
-    if (queue >= 0) {
-        msgctl(queue, IPC_RMID, nullptr);
-    }
-    return result;
-}
-
-std::string probeExec(const std::string& path) {
-    char* const none[] = {nullptr};
-    execve(path.c_str(), none, none);
-    return outcome(-1);
 }
 
 } // namespace
@@ -115,30 +68,6 @@ std::int32_t misbehave(const std::string& action) {
         return ++times % 2 == 0 ? std::stoi(detailOf(action)) : 0;
     }
     return action.rfind("code:", 0) == 0 ? std::stoi(detailOf(action)) : 0;
-}
-
-std::string probe(const std::string& action) {
-    const std::string kind = action.substr(0, action.find(':'));
-    const std::string detail = detailOf(action);
-    if (kind == "write") {
-        return closing(open(detail.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600));
-    }
-    if (kind == "read") {
-        return closing(open(detail.c_str(), O_RDONLY | O_CLOEXEC));
-    }
-    if (kind == "socket") {
-        return closing(socket(std::stoi(detail), SOCK_STREAM | SOCK_CLOEXEC, 0));
-    }
-    if (kind == "signal") {
-        return outcome(kill(std::stoi(detail), 0));
-    }
-    if (kind == "exec") {
-        return probeExec(detail);
-    }
-    if (kind == "fork") {
-        return probeFork();
-    }
-    return kind == "queue" ? probeQueue() : "unknown";
 }
 
 } // namespace lectern::engine::fake

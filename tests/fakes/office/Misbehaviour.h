@@ -15,10 +15,4 @@ namespace lectern::engine::fake {
 // An empty action does nothing. Returns the result code for the call.
 std::int32_t misbehave(const std::string& action);
 
-// Tries an action that a confined process must not do; returns "allowed" or the
-// name of the error:
-//   write:PATH, read:PATH, socket:FAMILY, exec:PATH, fork,
-//   signal:PID, queue (System V)
-std::string probe(const std::string& action);
-
 } // namespace lectern::engine::fake

@@ -15,6 +15,10 @@ namespace lectern::test {
 // Tests of the word module with engines of the fake office suite. All their
 // files are in a folder of the test.
 class EngineTest : public testing::Test {
+public:
+    // Checks repeatedly until the condition holds; returns false after 20 s.
+    static bool waitUntil(const std::function<bool()>& condition);
+
 protected:
     EngineTest();
     ~EngineTest() override;
@@ -43,9 +47,6 @@ protected:
     bool waitForEngines(std::size_t count) const;
     // The fork server of this test. REQUIRES: a document was opened.
     pid_t forkServer() const;
-
-    // Checks repeatedly until the condition holds; returns false after 20 s.
-    static bool waitUntil(const std::function<bool()>& condition);
 
 private:
     std::string mFolder;
