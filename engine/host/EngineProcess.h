@@ -30,6 +30,7 @@ public:
     // This side's end of the socket pair. Call once.
     FileDescriptor takeSocket();
     const std::shared_ptr<TemporaryFolder>& folder() const { return mFolder; }
+    bool isForkServer() const { return mOuterFolder == nullptr; }
 
     // Becomes readable when the process ends. Stays owned by this object.
     int pidfd() const { return mPidfd.get(); }

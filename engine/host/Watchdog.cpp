@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/host/Watchdog.h"
 
+#include "engine/host/EngineTotals.h"
+
 #include <sys/eventfd.h>
 
 #include <algorithm>
@@ -11,6 +13,9 @@ namespace lectern::engine {
 namespace {
 
 using std::chrono::milliseconds;
+
+// The time between two looks at all engines' totals.
+constexpr std::chrono::seconds LOOK(4);
 
 // Rounded up, so that the deadline has passed when poll returns.
 int millisecondsUntil(TimePoint time) {
@@ -115,6 +120,7 @@ void Watchdog::run() {
         poll(files.data(), files.size(), timeout);
         eventfd_t wakes = 0;
         eventfd_read(mWake.get(), &wakes);
+        lookAtTotals();
         lock.lock();
 
         std::list<Handle> ended = takeEnded();
@@ -145,10 +151,28 @@ TimePoint Watchdog::expireAndCollect(std::vector<pollfd>& files) {
             handle->deadline = TimePoint::max();
             handle->process->kill();
         }
-        next = std::min(next, handle->deadline);
+        next = std::min({next, handle->deadline, handle->process->isForkServer() ? next : mNextLook});
         files.push_back(pollfd{handle->process->pidfd(), POLLIN, 0});
     }
     return next;
+}
+
+// Without the lock, because files are counted. Only this thread takes a process away.
+void Watchdog::lookAtTotals() {
+    if (Clock::now() < mNextLook) {
+        return;
+    }
+    mNextLook = Clock::now() + LOOK;
+    std::list<Handle> all;
+    {
+        const Lock lock(mMutex);
+        all = mWatched;
+    }
+    for (const Handle& handle : all) {
+        if (!handle->process->isForkServer() && exceedsTotals(*handle->process)) {
+            kill(handle);
+        }
+    }
 }
 
 std::list<Watchdog::Handle> Watchdog::takeEnded() {

@@ -64,6 +64,7 @@ public:
 private:
     void run();
     TimePoint expireAndCollect(std::vector<pollfd>& files) REQUIRES(mMutex);
+    void lookAtTotals() EXCLUDES(mMutex);
     std::list<Handle> takeEnded() REQUIRES(mMutex);
     void wakeFor(TimePoint deadline) REQUIRES(mMutex);
 
@@ -75,7 +76,8 @@ private:
     // When the thread wakes by itself.
     TimePoint mWakeAt GUARDED_BY(mMutex) = TimePoint::max();
     bool mEnding GUARDED_BY(mMutex) = false;
-    FileDescriptor mWake; // eventfd
+    TimePoint mNextLook = TimePoint::min(); // the thread's own
+    FileDescriptor mWake;                   // eventfd
     std::thread mThread;
 };
 

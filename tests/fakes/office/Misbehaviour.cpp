@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/fakes/office/Misbehaviour.h"
 
+#include "base/FileDescriptor.h"
+
+#include <fcntl.h>
+#include <pthread.h>
 #include <signal.h>
 #include <unistd.h>
 
@@ -38,6 +42,37 @@ void eatMemory() {
     }
 }
 
+// Files that take no space; removed ones stay open.
+void litter(bool removed) {
+    constexpr off_t SIZE = off_t{256} << 20;
+    for (const char* name : {"a", "b", "c", "d", "e"}) {
+        const std::string path = std::string(std::getenv("TMPDIR")) + "/" + name;
+        FileDescriptor file(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+        if (ftruncate(file.release(), SIZE) != 0 || (removed && unlink(path.c_str()) != 0)) {
+            std::abort();
+        }
+    }
+}
+
+void* sleepForEver(void*) {
+    std::this_thread::sleep_for(std::chrono::hours(1));
+    return nullptr;
+}
+
+// With stacks so small that the limit on memory allows them.
+void startThreads() {
+    constexpr int MANY = 600;
+    constexpr std::size_t STACK = std::size_t{256} << 10;
+    pthread_attr_t attributes;
+    pthread_attr_init(&attributes);
+    pthread_attr_setstacksize(&attributes, STACK);
+    for (int i = 0; i < MANY; i++) {
+        pthread_t thread{};
+        pthread_create(&thread, &attributes, &sleepForEver, nullptr);
+    }
+    pthread_attr_destroy(&attributes);
+}
+
 } // namespace
 
 std::int32_t misbehave(const std::string& action) {
@@ -53,6 +88,12 @@ std::int32_t misbehave(const std::string& action) {
     }
     if (action == "eat") {
         eatMemory();
+    }
+    if (action == "litter" || action == "removed") {
+        litter(action == "removed");
+    }
+    if (action == "threads") {
+        startThreads();
     }
     if (action == "starve") {
         throw std::bad_alloc();

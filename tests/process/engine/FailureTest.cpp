@@ -238,5 +238,21 @@ TEST_F(FailureTest, ManyThreadsOpenAndCloseAtOnce) {
     }
 }
 
+// The engine takes more than it may, and is not called again.
+class TotalsTest : public EngineTest, public testing::WithParamInterface<const char*> {};
+
+TEST_P(TotalsTest, AnEngineThatTakesTooMuchIsEnded) {
+    Document document;
+    open(document, std::string("count=") + GetParam() + "\n");
+    ASSERT_TRUE(waitForEngines(1));
+    std::uint32_t scratch = 0;
+    std::uint32_t count = 0;
+    (void)wordModule().wtg_get_character_count(document.get(), 0, &scratch, &count);
+    EXPECT_TRUE(waitForEngines(0));
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, TotalsTest, testing::Values("litter", "removed", "threads"),
+                         [](const auto& what) { return std::string(what.param); });
+
 } // namespace
 } // namespace lectern::test

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/host/EngineTotals.h"
+
+#include <sys/stat.h>
+
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <system_error>
+
+namespace lectern::engine {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::int64_t MOST_BYTES = std::int64_t{1} << 30;
+constexpr int MOST_FILES = 10'000;
+constexpr int MOST_THREADS = 512;
+
+struct Files {
+    int count = 0;
+    std::int64_t bytes = 0;
+
+    bool tooMany() const { return count > MOST_FILES || bytes > MOST_BYTES; }
+};
+
+void addFilesIn(const std::string& folder, Files& files) {
+    std::error_code error;
+    fs::recursive_directory_iterator entry(folder, error);
+    for (const fs::recursive_directory_iterator end; !error && entry != end && !files.tooMany();
+         entry.increment(error)) {
+        struct stat file {};
+        if (lstat(entry->path().c_str(), &file) == 0) {
+            files.count++;
+            files.bytes += file.st_size;
+        }
+    }
+}
+
+// Of the folder's file system: the surfaces are in memory.
+void addRemovedFiles(const std::string& process, const std::string& folder, Files& files) {
+    struct stat place {};
+    if (stat(folder.c_str(), &place) != 0) {
+        return;
+    }
+    std::error_code error;
+    fs::directory_iterator entry(process + "/fd", error);
+    for (const fs::directory_iterator end; !error && entry != end; entry.increment(error)) {
+        struct stat file {};
+        const bool opened = stat(entry->path().c_str(), &file) == 0;
+        if (opened && file.st_nlink == 0 && file.st_dev == place.st_dev) {
+            files.count++;
+            files.bytes += file.st_size;
+        }
+    }
+}
+
+// The value of a line "NAME: VALUE"; 0 when there is none.
+int valueOf(const std::string& path, const std::string& name) {
+    std::ifstream lines(path);
+    int value = 0;
+    for (std::string word; lines >> word;) {
+        if (word == name) {
+            lines >> value;
+            break;
+        }
+    }
+    return value;
+}
+
+} // namespace
+
+bool exceedsTotals(const EngineProcess& process) {
+    const std::string& folder = process.folder()->path();
+    const int pid = valueOf("/proc/self/fdinfo/" + std::to_string(process.pidfd()), "Pid:");
+    const std::string information = "/proc/" + std::to_string(pid);
+    Files files;
+    addFilesIn(folder, files);
+    addRemovedFiles(information, folder, files);
+    const int threads = valueOf(information + "/status", "Threads:");
+    if (files.tooMany()) {
+        std::fprintf(stderr, "engine: one is ended: %d files of %lld MiB in its temporary folder\n",
+                     files.count, static_cast<long long>(files.bytes >> 20));
+    } else if (threads > MOST_THREADS) {
+        std::fprintf(stderr, "engine: one is ended: it has %d threads\n", threads);
+    }
+    return files.tooMany() || threads > MOST_THREADS;
+}
+
+} // namespace lectern::engine
