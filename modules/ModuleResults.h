@@ -36,6 +36,7 @@ enum module_result {
     MODULE_NOTHING_THERE = 14, /* nothing to scroll to, to find or to select */
     MODULE_TOO_LARGE = 15,     /* needs more memory than a document may use */
     MODULE_REFUSED = 16,       /* the document does not allow it: protected sheet, merged cells */
+    MODULE_CHANGED = 17,       /* the file has changed since it was opened; the document is lost */
 };
 
 #endif

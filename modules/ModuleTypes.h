@@ -71,6 +71,12 @@ LECTERN_MODULE_EXPORT void lectern_module_prepare(const uint16_t* temporary_fold
  * share a library are called once each, with the same functions. */
 LECTERN_MODULE_EXPORT void lectern_module_set_wait_calls(void (*begin)(void), void (*end)(void));
 
+/* Optional: a module may export this function. The service calls it after functions of
+ * an open document. Returns 0 as long as the document works, or will at the next call;
+ * later the code of what has put an end to it for ever, and then always that. The
+ * service tells the client this code once. Returns at once. */
+LECTERN_MODULE_EXPORT int32_t lectern_module_lost(void* doc);
+
 #ifdef __cplusplus
 }
 #endif

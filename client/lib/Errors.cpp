@@ -44,6 +44,8 @@ std::string moduleResultText(int code) {
         return "it needs more memory than a document may take; try a smaller one";
     case MODULE_REFUSED:
         return "the document does not allow it";
+    case MODULE_CHANGED:
+        return "its file has changed; open it again";
     default:
         return "the rendering module reported an unknown error";
     }
@@ -64,6 +66,13 @@ Error documentError(const std::string& path, DocumentKind kind, int code) {
 Error paintError(int code) {
     return {Error::Kind::Document,
             "cannot paint the document: " + moduleResultText(code) + " (code " + std::to_string(code) + ")",
+            code,
+            {}};
+}
+
+Error lossError(int code) {
+    return {Error::Kind::Document,
+            "the document is lost: " + moduleResultText(code) + " (code " + std::to_string(code) + ")",
             code,
             {}};
 }

@@ -19,6 +19,9 @@ Error documentError(const std::string& path, DocumentKind kind, int code);
 // The error of a paint whose rendering ended with this code (not 0).
 Error paintError(int code);
 
+// The error of an open document that stays lost, for this reason (not 0).
+Error lossError(int code);
+
 // The error for a reply's "errorCode" and "errorText".
 Error refusalError(const std::string& errorCode, const std::string& errorText);
 

@@ -62,7 +62,8 @@ std::int32_t findDocumentFile(const std::string& path, DocumentFile& file) {
     if (pread(opened.get(), &first, 1, 0) < 0) {
         return MODULE_NOT_READABLE;
     }
-    file = {absolutePath(path), status.st_size, std::move(opened)};
+    file = {absolutePath(path), status.st_size, std::move(opened),
+            status.st_dev,      status.st_ino,  status.st_mtim};
     return MODULE_OK;
 }
 

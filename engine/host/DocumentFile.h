@@ -4,6 +4,7 @@
 #include "base/FileDescriptor.h"
 #include "engine/host/Export.h"
 
+#include <sys/stat.h>
 #include <sys/types.h>
 
 #include <cstdint>
@@ -16,6 +17,16 @@ struct DocumentFile {
     std::string path; // absolute
     off_t bytes = 0;
     FileDescriptor opened; // for reading
+    // Which file it is, and when its contents were changed last.
+    dev_t device = 0;
+    ino_t inode = 0;
+    timespec changed{};
+
+    // Whether the other is this file, with the same contents.
+    bool isSameAs(const DocumentFile& other) const {
+        return device == other.device && inode == other.inode && bytes == other.bytes &&
+               changed.tv_sec == other.changed.tv_sec && changed.tv_nsec == other.changed.tv_nsec;
+    }
 };
 
 // Makes `path` absolute, starting from the current folder, and resolves links

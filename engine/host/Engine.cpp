@@ -46,6 +46,11 @@ bool Engine::isAlive() const {
     return !mLost && watchdog().isAlive(mHandle);
 }
 
+void Engine::kill() {
+    mLost = true;
+    watchdog().kill(mHandle);
+}
+
 std::int32_t Engine::beginCall(TimePoint deadline) {
     if (!isAlive()) {
         mLost = true;
@@ -67,8 +72,7 @@ std::int32_t Engine::endCall(bool answered, const GError* error) {
                      g_error_matches(error, G_IO_ERROR, G_IO_ERROR_INVALID_ARGUMENT) != FALSE)) {
         return MODULE_FAILED;
     }
-    mLost = true;
-    watchdog().kill(mHandle);
+    kill();
     return expired ? MODULE_TIMED_OUT : MODULE_ENGINE_LOST;
 }
 

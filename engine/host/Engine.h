@@ -28,6 +28,8 @@ public:
     Engine& operator=(const Engine&) = delete;
 
     bool isAlive() const;
+    // Ends the process; it is lost then.
+    void kill();
 
     // Runs one call on the connection, send(GError**), which must have no time limit
     // of its own. Returns MODULE_OK when the engine answered, MODULE_TIMED_OUT (the

@@ -63,13 +63,16 @@ TimeLimits TimeLimits::forDocument(const std::string& path, off_t bytes) {
     TimeLimits limits;
     limits.open *= SLOWNESS;
     limits.call *= SLOWNESS;
+    limits.busy *= SLOWNESS;
     if (isPlainText(path)) {
         const off_t shares = std::min(1 + bytes / BYTES_PER_SHARE, MOST_SHARES);
         limits.open *= shares;
         limits.call *= shares;
+        limits.busy *= shares;
     }
     limits.open = limitFrom("LECTERN_ENGINE_OPEN_LIMIT_MS", limits.open);
     limits.call = limitFrom("LECTERN_ENGINE_CALL_LIMIT_MS", limits.call);
+    limits.busy = limitFrom("LECTERN_ENGINE_BUSY_LIMIT_MS", limits.busy);
     return limits;
 }
 

@@ -28,11 +28,12 @@ struct LaunchSettings {
 struct TimeLimits {
     std::chrono::milliseconds open{20'000}; // includes the start of an engine
     std::chrono::milliseconds call{10'000}; // a call may lay out the whole text
+    std::chrono::milliseconds busy{60'000}; // all calls of two minutes together
 
     // Limits for a document of `bytes` bytes. Plain text gets up to six times
     // as long, because many megabytes of it are slow to lay out.
-    // LECTERN_ENGINE_OPEN_LIMIT_MS and LECTERN_ENGINE_CALL_LIMIT_MS override
-    // the limits for any size.
+    // LECTERN_ENGINE_OPEN_LIMIT_MS, LECTERN_ENGINE_CALL_LIMIT_MS and
+    // LECTERN_ENGINE_BUSY_LIMIT_MS override the limits for any size.
     LECTERN_ENGINE_EXPORT static TimeLimits forDocument(const std::string& path, off_t bytes);
 };
 

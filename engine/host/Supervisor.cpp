@@ -87,6 +87,11 @@ void Supervisor::prepare(const LaunchSettings& settings) {
     (void)serverFor(settings, ignored);
 }
 
+bool Supervisor::isStopping() {
+    const Lock lock(mMutex);
+    return mStopping;
+}
+
 void Supervisor::stopSoon() {
     const Lock lock(mMutex);
     mStopping = true;

@@ -38,6 +38,8 @@ public:
     // two more seconds, and no more engines are started.
     void stopSoon();
 
+    bool isStopping();
+
     Watchdog& watchdog() { return mWatchdog; }
 
 private:

@@ -21,6 +21,17 @@ std::span<const Element> elementsOf(GVariant* array) {
     return {static_cast<const Element*>(elements), count};
 }
 
+inline std::vector<std::int32_t> numbersOf(GVariant* array) {
+    const std::span<const std::int32_t> numbers = elementsOf<std::int32_t>(array);
+    return {numbers.begin(), numbers.end()};
+}
+
+// Packs such numbers.
+inline GLibHolder<GVariant> packed(const std::vector<std::int32_t>& numbers) {
+    return GLibHolder<GVariant>(g_variant_ref_sink(g_variant_new_fixed_array(
+        G_VARIANT_TYPE_INT32, numbers.data(), numbers.size(), sizeof(std::int32_t))));
+}
+
 // Converts each four numbers to a rectangle; ignores a remainder.
 inline std::vector<module_rect> rectanglesOf(GVariant* array) {
     const std::span<const std::int32_t> numbers = elementsOf<std::int32_t>(array);
@@ -32,14 +43,19 @@ inline std::vector<module_rect> rectanglesOf(GVariant* array) {
     return rectangles;
 }
 
-// Packs a zero-terminated UTF-16 text, as the modules' callers pass it.
-inline GLibHolder<GVariant> unitsOf(const std::uint16_t* text) {
+// The length of a zero-terminated UTF-16 text, as the modules' callers pass it.
+inline std::size_t unitCount(const std::uint16_t* text) {
     std::size_t length = 0;
     while (text[length] != 0) {
         length++;
     }
+    return length;
+}
+
+// Packs such a text.
+inline GLibHolder<GVariant> unitsOf(const std::uint16_t* text) {
     return GLibHolder<GVariant>(g_variant_ref_sink(
-        g_variant_new_fixed_array(G_VARIANT_TYPE_UINT16, text, length, sizeof(std::uint16_t))));
+        g_variant_new_fixed_array(G_VARIANT_TYPE_UINT16, text, unitCount(text), sizeof(std::uint16_t))));
 }
 
 } // namespace lectern::engine

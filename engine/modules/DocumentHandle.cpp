@@ -21,20 +21,22 @@ std::int32_t open(const std::string& path, const std::string& password, const st
     if (const std::int32_t result = findDocumentFile(path, file); result != MODULE_OK) {
         return result;
     }
-    const LaunchSettings settings = LaunchSettings::forFolder(absolutePath(temporaryFolder));
-    const TimeLimits limits = TimeLimits::forDocument(file.path, file.bytes);
-    const TimePoint deadline = Clock::now() + limits.open;
+    Opening opening{LaunchSettings::forFolder(absolutePath(temporaryFolder)),
+                    TimeLimits::forDocument(file.path, file.bytes), std::move(file), password, load};
+    const TimePoint deadline = Clock::now() + opening.limits.open;
 
     const Waiting waiting;
     std::int32_t result = MODULE_OK;
-    std::unique_ptr<Engine> engine = Supervisor::instance().take(settings, file, deadline, result);
+    std::unique_ptr<Engine> engine =
+        Supervisor::instance().take(opening.settings, opening.file, deadline, result);
     if (!engine) {
         return result;
     }
-    result = load(*engine, deadline, file, password);
+    result = load(*engine, deadline, opening.file, password);
+    opening.file.opened.reset();
     if (result == MODULE_OK) {
         handle.engine = std::move(engine);
-        handle.callLimit = limits.call;
+        handle.opening = std::move(opening);
     }
     return result;
 }
@@ -69,7 +71,8 @@ std::int32_t releaseEngineMemory(DocumentHandle& handle) {
     }
     handle.packed = true;
     gint result = MODULE_FAILED;
-    const std::int32_t sent = handle.engine->call(handle.deadline(), [&](GError** error) {
+    const auto kind = Losses::callOf(&lectern_ipc_process_call_release_memory_sync);
+    const std::int32_t sent = handle.call(kind, [&](GError** error) {
         return lectern_ipc_process_call_release_memory_sync(handle.engine->process(), G_DBUS_CALL_FLAGS_NONE,
                                                             G_MAXINT, &result, nullptr, error);
     });

@@ -21,7 +21,7 @@ template<class Interface, class Method, class... Inputs, class... Outputs>
 std::int32_t callInterface(DocumentHandle& handle, Interface* interface, Method method,
                            const std::tuple<Inputs...>& inputs, Outputs&&... outputs) {
     gint result = MODULE_FAILED;
-    const std::int32_t sent = handle.engine->call(handle.deadline(), [&](GError** error) {
+    const std::int32_t sent = handle.call(Losses::callOf(method), [&](GError** error) {
         return std::apply(
             [&](auto... input) {
                 return method(interface, input..., G_DBUS_CALL_FLAGS_NONE, G_MAXINT, &result, outputs...,
@@ -32,11 +32,20 @@ std::int32_t callInterface(DocumentHandle& handle, Interface* interface, Method 
     return sent != MODULE_OK ? sent : result;
 }
 
-// Creates a surface and sends its memory to the handle's engine by the typed call
-// `send`. Unless the result is MODULE_OK, the surface is null or must not be used.
-template<class Send>
+// Runs steps up to the first that fails; returns its code.
+template<class... Steps>
+std::int32_t inTurn(Steps... steps) {
+    std::int32_t result = MODULE_OK;
+    static_cast<void>((((result = steps()) == MODULE_OK) && ...));
+    return result;
+}
+
+// Creates a surface and sends its memory to the handle's engine by `send`, which makes
+// the typed call of the function `method`. Unless the result is MODULE_OK, the surface is null or must not be
+// used.
+template<class Method, class Send>
 std::int32_t offerSurface(DocumentHandle& handle, std::int32_t width, std::int32_t height,
-                          std::unique_ptr<SharedSurface>& surface, Send send) {
+                          std::unique_ptr<SharedSurface>& surface, Method method, Send send) {
     surface = SharedSurface::make(width, height);
     if (!surface) {
         return MODULE_TOO_LARGE;
@@ -48,7 +57,7 @@ std::int32_t offerSurface(DocumentHandle& handle, std::int32_t width, std::int32
     }
     surface->letGoMemory();
     gint result = MODULE_FAILED;
-    const std::int32_t sent = handle.engine->call(handle.deadline(), [&](GError** error) {
+    const std::int32_t sent = handle.call(Losses::callOf(method), [&](GError** error) {
         return send(g_variant_new_handle(index), files.get(), &result, error);
     });
     return sent != MODULE_OK ? sent : result;

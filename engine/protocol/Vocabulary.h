@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 
@@ -12,6 +13,10 @@ namespace lectern::engine {
 // The surfaces of a view of a sheet.
 enum class SheetArea : std::int32_t { Cells = 0, RowHeaders = 1, ColumnHeaders = 2 };
 constexpr std::size_t SHEET_AREAS = 3;
+
+// The colour of hits and selections until another is set: red, green, blue.
+using HighlightColour = std::array<std::uint8_t, 3>;
+constexpr HighlightColour DEFAULT_HIGHLIGHT{128, 192, 255};
 
 // Along which the tracks of a sheet follow one another.
 enum class Axis : std::int32_t { Columns = 0, Rows = 1 };
@@ -31,6 +36,7 @@ struct StretchPlace {
     std::uint32_t topLeft = 0;     // the character at its top, as in wtg_get_top_left_character
     std::uint32_t bottomRight = 0; // ... and at its bottom
     std::int32_t usedRows = -1;    // rows of pixels that show text; negative when the place is not known
+    std::int64_t row = 0;          // its first row among those of the whole text
 };
 
 } // namespace lectern::engine

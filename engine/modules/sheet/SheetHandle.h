@@ -11,6 +11,7 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <optional>
 #include <tuple>
@@ -36,8 +37,28 @@ struct SheetMeasures {
     std::vector<stg_region> comments;
 };
 
+// What an engine was told of a workbook, as far as later answers depend on it, besides
+// its surfaces and the resolution.
+struct SheetState {
+    struct Search {
+        std::vector<std::uint16_t> text; // zero-terminated
+        std::int32_t sheet = 0;
+        HighlightColour colour{};
+    };
+    // The numbers are the engine's own.
+    struct Selection {
+        std::vector<std::int32_t> numbers;
+        HighlightColour colour{};
+    };
+    HighlightColour colour = DEFAULT_HIGHLIGHT; // of later hits and selections
+    std::optional<Search> search;
+    std::optional<Selection> selection;
+    std::map<std::int32_t, std::vector<std::int32_t>> changes; // by sheet
+};
+
 // The object behind an stg_ document handle.
 struct SheetHandle : DocumentHandle {
+    SheetState state;
     std::array<BufferPair, SHEET_AREAS> buffers;
     std::int32_t dpi = 0; // 0 until it is set
     // Of the sheet that was measured last, until it changes.
@@ -55,11 +76,21 @@ struct SheetHandle : DocumentHandle {
         }
         return all;
     }
+
+    // Gives the engine a new surface, which replaces the area's if that succeeds.
+    std::int32_t giveSurface(SheetArea area, std::int32_t width, std::int32_t height);
+
+protected:
+    std::int32_t restore() override;
+
+private:
+    std::int32_t restoreMarks();
+    std::int32_t restoreSurfaces();
 };
 
 template<class Operation>
-std::int32_t onWorkbook(void* doc, Operation operation) {
-    return onHandle<SheetHandle>(doc, operation);
+std::int32_t onWorkbook(void* doc, Operation operation, WhenLost whenLost = WhenLost::BringBack) {
+    return onHandle<SheetHandle>(doc, operation, whenLost);
 }
 
 // Makes one typed call to the Sheet interface; `method` is the generated
@@ -70,11 +101,21 @@ std::int32_t callEngine(SheetHandle& handle, Method method, std::tuple<Inputs...
     return callInterface(handle, handle.engine->sheet(), method, inputs, outputs...);
 }
 
-// For functions without outputs.
-template<class Method, class... Inputs>
-std::int32_t tellWorkbook(void* doc, Method method, Inputs... inputs) {
+// For functions that select: makes the call, and keeps what is selected then.
+template<class Method, class... Inputs, class... Outputs>
+std::int32_t selectBy(void* doc, Method method, std::tuple<Inputs...> inputs, Outputs&&... outputs) {
     return onWorkbook(doc, [&](SheetHandle& handle) {
-        return callEngine(handle, method, std::tuple<Inputs...>(inputs...));
+        GLibHolder<GVariant> numbers;
+        const std::int32_t result =
+            inTurn([&] { return callEngine(handle, method, inputs, outputs...); },
+                   [&] {
+                       return callEngine(handle, &lectern_ipc_sheet_call_selection_sync, std::tuple<>(),
+                                         out(numbers));
+                   });
+        if (result == MODULE_OK) {
+            handle.state.selection = {numbersOf(numbers.get()), handle.state.colour};
+        }
+        return result;
     });
 }
 

@@ -41,8 +41,14 @@ int32_t stg_set_highlight_color(void* doc, const uint8_t rgb[3]) {
     if (rgb == nullptr) {
         return MODULE_BAD_ARGUMENT;
     }
-    return tellWorkbook(doc, &lectern_ipc_sheet_call_set_highlight_color_sync, guchar{rgb[0]}, guchar{rgb[1]},
-                        guchar{rgb[2]});
+    return onWorkbook(doc, [&](SheetHandle& handle) {
+        const std::int32_t result = callEngine(handle, &lectern_ipc_sheet_call_set_highlight_color_sync,
+                                               std::tuple(guchar{rgb[0]}, guchar{rgb[1]}, guchar{rgb[2]}));
+        if (result == MODULE_OK) {
+            handle.state.colour = {rgb[0], rgb[1], rgb[2]};
+        }
+        return result;
+    });
 }
 
 int32_t stg_find(void* doc, const uint16_t* text, int32_t first_sheet, int32_t /*first_y*/,
@@ -52,8 +58,12 @@ int32_t stg_find(void* doc, const uint16_t* text, int32_t first_sheet, int32_t /
     }
     return onWorkbook(doc, [&](SheetHandle& handle) {
         const GLibHolder<GVariant> wanted = unitsOf(text);
-        return callEngine(handle, &lectern_ipc_sheet_call_find_sync,
-                          std::tuple(gint{first_sheet}, wanted.get()));
+        const std::int32_t result = callEngine(handle, &lectern_ipc_sheet_call_find_sync,
+                                               std::tuple(gint{first_sheet}, wanted.get()));
+        if (result == MODULE_OK) {
+            handle.state.search = {{text, text + unitCount(text) + 1}, first_sheet, handle.state.colour};
+        }
+        return result;
     });
 }
 
@@ -65,6 +75,11 @@ int32_t stg_get_found_regions(void* doc, int32_t* count, const stg_region** regi
 int32_t stg_stop_find(void* doc) {
     return onWorkbook(doc, [](SheetHandle& handle) {
         handle.foundRegions.clear();
-        return callEngine(handle, &lectern_ipc_sheet_call_stop_find_sync, std::tuple<>());
+        const std::int32_t result =
+            callEngine(handle, &lectern_ipc_sheet_call_stop_find_sync, std::tuple<>());
+        if (result == MODULE_OK) {
+            handle.state.search.reset();
+        }
+        return result;
     });
 }

@@ -4,29 +4,55 @@
 #include "engine/modules/sheet/SheetHandle.h"
 
 using namespace lectern::engine;
+using lectern::GLibHolder;
 
 namespace {
 
 constexpr gint COLUMNS = static_cast<gint>(Axis::Columns);
 constexpr gint ROWS = static_cast<gint>(Axis::Rows);
 
-// Makes a call after which the sheet has to be measured again.
+// Makes a call after which the sheet has to be measured again, and keeps what is changed
+// then.
 template<class Method, class... Inputs>
-int32_t changeSheet(void* doc, Method method, Inputs... inputs) {
+std::int32_t change(SheetHandle& handle, Method method, gint sheet, Inputs... inputs) {
+    GLibHolder<GVariant> changes;
+    handle.measures.reset();
+    const std::int32_t result = inTurn(
+        [&] { return callEngine(handle, method, std::tuple<gint, Inputs...>(sheet, inputs...)); },
+        [&] {
+            return callEngine(handle, &lectern_ipc_sheet_call_changes_sync, std::tuple(sheet), out(changes));
+        });
+    if (result == MODULE_OK) {
+        handle.state.changes[sheet] = numbersOf(changes.get());
+    }
+    return result;
+}
+
+template<class Method, class... Inputs>
+std::int32_t changeSheet(void* doc, Method method, Inputs... inputs) {
+    return onWorkbook(doc, [&](SheetHandle& handle) { return change(handle, method, inputs...); });
+}
+
+// A sort moves the cells of the sheet's hits, so the engine forgets them.
+std::int32_t sort(void* doc, gint sheet, gint column, gboolean ascending) {
     return onWorkbook(doc, [&](SheetHandle& handle) {
-        handle.measures.reset();
-        return callEngine(handle, method, std::tuple<Inputs...>(inputs...));
+        const std::int32_t result =
+            change(handle, &lectern_ipc_sheet_call_sort_sync, sheet, column, ascending);
+        if (result == MODULE_OK && handle.state.search && handle.state.search->sheet == sheet) {
+            handle.state.search.reset();
+        }
+        return result;
     });
 }
 
 } // namespace
 
 int32_t stg_sort_ascending(void* doc, int32_t sheet, int32_t column) {
-    return changeSheet(doc, &lectern_ipc_sheet_call_sort_sync, gint{sheet}, gint{column}, gboolean{TRUE});
+    return sort(doc, sheet, column, TRUE);
 }
 
 int32_t stg_sort_descending(void* doc, int32_t sheet, int32_t column) {
-    return changeSheet(doc, &lectern_ipc_sheet_call_sort_sync, gint{sheet}, gint{column}, gboolean{FALSE});
+    return sort(doc, sheet, column, FALSE);
 }
 
 int32_t stg_hide_columns(void* doc, int32_t sheet, int32_t first_x, int32_t last_x) {

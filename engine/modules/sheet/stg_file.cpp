@@ -29,7 +29,12 @@ int32_t stg_close_file(void** doc) {
 }
 
 int32_t stg_release_memory(void* doc) {
-    return onWorkbook(doc, [](SheetHandle& handle) { return releaseEngineMemory(handle); });
+    return onWorkbook(
+        doc, [](SheetHandle& handle) { return releaseEngineMemory(handle); }, WhenLost::StayLost);
+}
+
+int32_t lectern_module_lost(void* doc) {
+    return lossOf(doc);
 }
 
 int32_t stg_get_version(uint16_t* text, int32_t capacity, int32_t* length) {

@@ -14,23 +14,6 @@ namespace {
 // that size.
 constexpr std::int32_t MOST_THICKNESS = 16384;
 
-// Sends the engine a surface of another size; the old one stays when that fails.
-std::int32_t replaceSurface(SheetHandle& handle, SheetArea area, BufferPair& pair, std::int32_t width,
-                            std::int32_t height) {
-    std::unique_ptr<SharedSurface> surface;
-    const std::int32_t result =
-        offerSurface(handle, width, height, surface,
-                     [&](GVariant* memory, GUnixFDList* files, gint* answer, GError** error) {
-                         return lectern_ipc_sheet_call_set_surface_sync(
-                             handle.engine->sheet(), static_cast<gint>(area), memory, width, height,
-                             G_DBUS_CALL_FLAGS_NONE, G_MAXINT, files, answer, nullptr, nullptr, error);
-                     });
-    if (result == MODULE_OK) {
-        pair.surface = std::move(surface);
-    }
-    return result;
-}
-
 std::int32_t setBuffer(void* doc, std::int32_t view, SheetArea area, std::uint32_t* pixels,
                        std::int32_t width, std::int32_t height) {
     if (view != 0) {
@@ -47,7 +30,7 @@ std::int32_t setBuffer(void* doc, std::int32_t view, SheetArea area, std::uint32
         }
         std::int32_t result = handle.engine->isAlive() ? MODULE_OK : MODULE_ENGINE_LOST;
         if (!pair.surface || pair.surface->width() != width || pair.surface->height() != height) {
-            result = replaceSurface(handle, area, pair, width, height);
+            result = handle.giveSurface(area, width, height);
         }
         if (result == MODULE_OK) {
             pair.pixels = pixels;
@@ -57,6 +40,21 @@ std::int32_t setBuffer(void* doc, std::int32_t view, SheetArea area, std::uint32
 }
 
 } // namespace
+
+std::int32_t SheetHandle::giveSurface(SheetArea area, std::int32_t width, std::int32_t height) {
+    std::unique_ptr<SharedSurface> offered;
+    const std::int32_t result =
+        offerSurface(*this, width, height, offered, &lectern_ipc_sheet_call_set_surface_sync,
+                     [&](GVariant* memory, GUnixFDList* files, gint* answer, GError** error) {
+                         return lectern_ipc_sheet_call_set_surface_sync(
+                             engine->sheet(), static_cast<gint>(area), memory, width, height,
+                             G_DBUS_CALL_FLAGS_NONE, G_MAXINT, files, answer, nullptr, nullptr, error);
+                     });
+    if (result == MODULE_OK) {
+        buffers[static_cast<std::size_t>(area)].surface = std::move(offered);
+    }
+    return result;
+}
 
 int32_t stg_set_offscreen_buffer(void* doc, int32_t view, uint32_t* pixels, int32_t width, int32_t height) {
     return setBuffer(doc, view, SheetArea::Cells, pixels, width, height);

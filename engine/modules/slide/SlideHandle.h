@@ -6,11 +6,13 @@
 #include "engine/modules/DocumentHandle.h"
 #include "engine/modules/EngineCalls.h"
 #include "engine/modules/Utf16.h"
+#include "engine/protocol/Vocabulary.h"
 #include "modules/SlideshowToGoModule.h"
 
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <tuple>
 #include <vector>
 
@@ -22,8 +24,24 @@ struct OutlineTexts {
     std::vector<sstg_outline_item> items;
 };
 
+// What an engine was told of a presentation, as far as later answers depend on it,
+// besides its surface.
+struct SlideState {
+    struct Search {
+        std::vector<std::uint16_t> text; // zero-terminated
+        std::int32_t first = 0;
+        std::int32_t last = 0;
+        HighlightColour colour{};
+    };
+    HighlightColour colour = DEFAULT_HIGHLIGHT; // of later hits
+    std::optional<Search> search;
+    std::optional<std::int32_t> rendered; // the slide, on the present surface
+};
+
 // The object behind an sstg_ document handle.
 struct SlideHandle : DocumentHandle {
+    SlideState state;
+
     // The engine's surface: pictures of slides, one below the other; null until
     // a slide is rendered.
     std::unique_ptr<SharedSurface> surface;
@@ -36,11 +54,18 @@ struct SlideHandle : DocumentHandle {
     std::vector<std::int32_t> noteOffsets;
     // Outlines returned to the caller, by their first item; valid until they are freed.
     std::map<const sstg_outline_item*, OutlineTexts> outlines;
+
+    // Gives the engine a new surface for pictures of a size, which replaces the handle's
+    // if that succeeds.
+    std::int32_t giveSurface(std::int32_t width, std::int32_t height);
+
+protected:
+    std::int32_t restore() override;
 };
 
 template<class Operation>
-std::int32_t onSlideshow(void* doc, Operation operation) {
-    return onHandle<SlideHandle>(doc, operation);
+std::int32_t onSlideshow(void* doc, Operation operation, WhenLost whenLost = WhenLost::BringBack) {
+    return onHandle<SlideHandle>(doc, operation, whenLost);
 }
 
 // Makes one typed call to the Slide interface; `method` is the generated

@@ -30,11 +30,18 @@ int32_t sstg_close_file(void** doc) {
 }
 
 int32_t sstg_release_memory(void* doc) {
-    return onSlideshow(doc, [](SlideHandle& handle) {
-        const std::int32_t result =
-            callEngine(handle, &lectern_ipc_slide_call_release_memory_sync, std::tuple<>());
-        return result == MODULE_OK ? releaseEngineMemory(handle) : result;
-    });
+    return onSlideshow(
+        doc,
+        [](SlideHandle& handle) {
+            const std::int32_t result =
+                callEngine(handle, &lectern_ipc_slide_call_release_memory_sync, std::tuple<>());
+            return result == MODULE_OK ? releaseEngineMemory(handle) : result;
+        },
+        WhenLost::StayLost);
+}
+
+int32_t lectern_module_lost(void* doc) {
+    return lossOf(doc);
 }
 
 int32_t sstg_get_version(uint16_t* text, int32_t capacity, int32_t* length) {

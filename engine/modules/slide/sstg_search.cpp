@@ -31,8 +31,12 @@ int32_t sstg_set_highlight_color(void* doc, const uint8_t rgb[3]) {
         return MODULE_BAD_ARGUMENT;
     }
     return onSlideshow(doc, [&](SlideHandle& handle) {
-        return callEngine(handle, &lectern_ipc_slide_call_set_highlight_color_sync,
-                          std::tuple(guchar{rgb[0]}, guchar{rgb[1]}, guchar{rgb[2]}));
+        const std::int32_t result = callEngine(handle, &lectern_ipc_slide_call_set_highlight_color_sync,
+                                               std::tuple(guchar{rgb[0]}, guchar{rgb[1]}, guchar{rgb[2]}));
+        if (result == MODULE_OK) {
+            handle.state.colour = {rgb[0], rgb[1], rgb[2]};
+        }
+        return result;
     });
 }
 
@@ -54,6 +58,8 @@ int32_t sstg_find(void* doc, const uint16_t* text, int32_t first_slide, int32_t 
             callEngine(handle, &lectern_ipc_slide_call_find_sync,
                        std::tuple(wanted.get(), gint{first_slide}, gint{last_slide}), out(found));
         if (result == MODULE_OK) {
+            handle.state.search = {
+                {text, text + unitCount(text) + 1}, first_slide, last_slide, handle.state.colour};
             const std::span<const std::int32_t> numbers = elementsOf<std::int32_t>(found.get());
             for (std::size_t i = 0; i + 3 <= numbers.size(); i += 3) {
                 handle.infos.push_back({numbers[i], numbers[i + 1], numbers[i + 2]});
@@ -112,6 +118,11 @@ int32_t sstg_stop_find(void* doc) {
         handle.infos.clear();
         handle.regions.clear();
         handle.noteOffsets.clear();
-        return callEngine(handle, &lectern_ipc_slide_call_stop_find_sync, std::tuple<>());
+        const std::int32_t result =
+            callEngine(handle, &lectern_ipc_slide_call_stop_find_sync, std::tuple<>());
+        if (result == MODULE_OK) {
+            handle.state.search.reset();
+        }
+        return result;
     });
 }

@@ -19,26 +19,24 @@ std::int32_t picturesOf(std::int32_t width, std::int32_t height) {
     return static_cast<std::int32_t>(std::clamp<std::int64_t>(MOST_KEPT / bytes, 1, MOST_PICTURES));
 }
 
-// Sends the engine a surface for pictures of another size; the old one stays
-// when that fails.
-std::int32_t replaceSurface(SlideHandle& handle, std::int32_t width, std::int32_t height) {
-    const std::int32_t pictures = picturesOf(width, height);
-    std::unique_ptr<SharedSurface> surface;
+} // namespace
+
+std::int32_t SlideHandle::giveSurface(std::int32_t width, std::int32_t height) {
+    const std::int32_t number = picturesOf(width, height);
+    std::unique_ptr<SharedSurface> offered;
     const std::int32_t result =
-        offerSurface(handle, width, height * pictures, surface,
+        offerSurface(*this, width, height * number, offered, &lectern_ipc_slide_call_set_surface_sync,
                      [&](GVariant* memory, GUnixFDList* files, gint* answer, GError** error) {
                          return lectern_ipc_slide_call_set_surface_sync(
-                             handle.engine->slide(), memory, width, height, pictures, G_DBUS_CALL_FLAGS_NONE,
-                             G_MAXINT, files, answer, nullptr, nullptr, error);
+                             engine->slide(), memory, width, height, number, G_DBUS_CALL_FLAGS_NONE, G_MAXINT,
+                             files, answer, nullptr, nullptr, error);
                      });
     if (result == MODULE_OK) {
-        handle.surface = std::move(surface);
-        handle.pictures = pictures;
+        surface = std::move(offered);
+        pictures = number;
     }
     return result;
 }
-
-} // namespace
 
 int32_t sstg_get_slide_count(void* doc, int32_t* count) {
     if (count == nullptr) {
@@ -88,7 +86,10 @@ int32_t sstg_render_slide(void* doc, int32_t slide, int32_t /*flags*/, uint32_t*
         std::int32_t result = MODULE_OK;
         if (!handle.surface || handle.surface->width() != width ||
             handle.surface->height() / handle.pictures != height) {
-            result = replaceSurface(handle, width, height);
+            result = handle.giveSurface(width, height);
+            if (result == MODULE_OK) {
+                handle.state.rendered.reset();
+            }
         }
         gint picture = 0;
         if (result == MODULE_OK) {
@@ -98,6 +99,7 @@ int32_t sstg_render_slide(void* doc, int32_t slide, int32_t /*flags*/, uint32_t*
         if (result != MODULE_OK) {
             return result;
         }
+        handle.state.rendered = slide;
         if (picture < 0 || picture >= handle.pictures) {
             return MODULE_FAILED;
         }

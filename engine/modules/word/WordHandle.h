@@ -25,8 +25,38 @@ struct Regions {
 // number of rectangles.
 std::optional<Regions> regionsOf(GVariant* positions, GVariant* counts, GVariant* rectangles);
 
+// What an engine was told of a text, as far as later answers depend on it, besides its
+// surface.
+struct WordState {
+    // The layout that the stretch's place was last known in.
+    struct Shown {
+        std::int32_t width = 0;
+        std::int32_t height = 0;
+        std::int32_t dpi = 0; // 0: the engine's own
+        std::int64_t row = 0;
+    };
+    struct Search {
+        std::vector<std::uint16_t> text; // zero-terminated
+        guint from = 0;
+        guint to = 0;
+        HighlightColour colour{};
+    };
+    struct Selection {
+        guint start = 0;
+        guint end = 0;
+        HighlightColour colour{};
+    };
+
+    std::int32_t dpi = 0; // 0: the engine's own
+    std::optional<Shown> shown;
+    HighlightColour colour = DEFAULT_HIGHLIGHT; // of later hits and selections
+    std::optional<Search> search;
+    std::optional<Selection> selection;
+};
+
 // The object behind a wtg_ document handle.
 struct WordHandle : DocumentHandle {
+    WordState state;
     std::unique_ptr<SharedSurface> surface; // painted by the engine; null until a buffer is set
     bool painted = false;                   // whether the surface has been painted at least once
     bool borrowed = false;                  // whether it shows a secondary document
@@ -53,12 +83,23 @@ struct WordHandle : DocumentHandle {
             surface->copyTo(pixels);
         }
     }
+
+    // Gives the engine a new surface, which replaces the handle's if that succeeds.
+    // `isPainted` tells whether the engine has painted it.
+    std::int32_t giveSurface(std::int32_t width, std::int32_t height, gboolean& isPainted);
+
+protected:
+    std::int32_t restore() override;
+
+private:
+    std::int32_t restoreMarks();
+    std::int32_t restorePlace(const SharedSurface* before);
 };
 
 // Runs one module function on a document; the mutex keeps others out.
 template<class Operation>
-std::int32_t onDocument(void* doc, Operation operation) {
-    return onHandle<WordHandle>(doc, operation);
+std::int32_t onDocument(void* doc, Operation operation, WhenLost whenLost = WhenLost::BringBack) {
+    return onHandle<WordHandle>(doc, operation, whenLost);
 }
 
 // Makes one typed call to the Word interface; `method` is the generated
@@ -84,15 +125,6 @@ void keepStretch(WordHandle& handle, GVariant* stretch);
 template<class Method, class... Inputs>
 std::int32_t tell(void* doc, Method method, Inputs... inputs) {
     return onDocument(doc, [&](WordHandle& handle) {
-        return callEngine(handle, method, std::tuple<Inputs...>(inputs...));
-    });
-}
-
-// ... and move the stretch or change its layout.
-template<class Method, class... Inputs>
-std::int32_t tellToMove(void* doc, Method method, Inputs... inputs) {
-    return onDocument(doc, [&](WordHandle& handle) {
-        handle.forgetStretch();
         return callEngine(handle, method, std::tuple<Inputs...>(inputs...));
     });
 }

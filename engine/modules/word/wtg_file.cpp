@@ -32,7 +32,12 @@ int32_t wtg_close_file(void** doc) {
 }
 
 int32_t wtg_release_memory(void* doc) {
-    return onDocument(doc, [](WordHandle& handle) { return releaseEngineMemory(handle); });
+    return onDocument(
+        doc, [](WordHandle& handle) { return releaseEngineMemory(handle); }, WhenLost::StayLost);
+}
+
+int32_t lectern_module_lost(void* doc) {
+    return lossOf(doc);
 }
 
 int32_t wtg_get_version(uint16_t* text, int32_t capacity, int32_t* length) {

@@ -11,20 +11,11 @@ namespace {
 // Sends the engine a surface of another size; the old one stays when that fails.
 std::int32_t replaceSurface(WordHandle& handle, std::uint32_t* pixels, std::int32_t width,
                             std::int32_t height) {
-    std::unique_ptr<SharedSurface> surface;
     gboolean painted = FALSE;
     handle.forgetStretch();
-    const std::int32_t result =
-        offerSurface(handle, width, height, surface,
-                     [&](GVariant* memory, GUnixFDList* files, gint* answer, GError** error) {
-                         return lectern_ipc_word_call_set_surface_sync(
-                             handle.engine->word(), memory, width, height, G_DBUS_CALL_FLAGS_NONE, G_MAXINT,
-                             files, answer, &painted, nullptr, nullptr, error);
-                     });
-    if (result != MODULE_OK) {
+    if (const std::int32_t result = handle.giveSurface(width, height, painted); result != MODULE_OK) {
         return result;
     }
-    handle.surface = std::move(surface);
     handle.pixels = pixels;
     handle.painted = painted != FALSE;
     handle.borrowed = false;
@@ -90,16 +81,19 @@ std::int32_t getCharacter(void* doc, std::int32_t view, std::uint32_t* position,
 
 void lectern::engine::keepStretch(WordHandle& handle, GVariant* stretch) {
     StretchPlace place;
+    gint64 row = 0;
     gboolean known = FALSE;
     GVariant* positions = nullptr;
     GVariant* counts = nullptr;
     GVariant* rectangles = nullptr;
-    g_variant_get(stretch, "(uuib@au@au@ai)", &place.topLeft, &place.bottomRight, &place.usedRows, &known,
-                  &positions, &counts, &rectangles);
+    g_variant_get(stretch, "(uuixb@au@au@ai)", &place.topLeft, &place.bottomRight, &place.usedRows, &row,
+                  &known, &positions, &counts, &rectangles);
     const GLibHolder<GVariant> owners[] = {GLibHolder<GVariant>(positions), GLibHolder<GVariant>(counts),
                                            GLibHolder<GVariant>(rectangles)};
     if (place.usedRows >= 0) {
         handle.place = place;
+        handle.state.shown = {handle.surface ? handle.surface->width() : 0,
+                              handle.surface ? handle.surface->height() : 0, handle.state.dpi, row};
     }
     if (known != FALSE) {
         handle.nextRegions = regionsOf(positions, counts, rectangles);
@@ -135,7 +129,15 @@ int32_t wtg_set_dpi(void* doc, int32_t dpi) {
     if (dpi < 1) {
         return MODULE_BAD_ARGUMENT;
     }
-    return tellToMove(doc, &lectern_ipc_word_call_set_dpi_sync, gint{dpi});
+    return onDocument(doc, [&](WordHandle& handle) {
+        handle.forgetStretch();
+        const std::int32_t result =
+            callEngine(handle, &lectern_ipc_word_call_set_dpi_sync, std::tuple(gint{dpi}));
+        if (result == MODULE_OK) {
+            handle.state.dpi = dpi;
+        }
+        return result;
+    });
 }
 
 int32_t wtg_get_character_count(void* doc, int32_t view, uint32_t* scratch, uint32_t* count) {

@@ -75,6 +75,7 @@ int32_t wtg_find(void* doc, const uint16_t* text, int32_t /*flags*/, uint32_t* f
         for (std::size_t i = 0; i + 2 <= ends.size(); i += 2) {
             handle.results.push_back({0, ends[i], ends[i + 1]});
         }
+        handle.state.search = {{text, text + unitCount(text) + 1}, *from, *to, handle.state.colour};
         *count = static_cast<std::int32_t>(handle.results.size());
         *results = handle.results.empty() ? nullptr : handle.results.data();
         return result;
@@ -103,7 +104,11 @@ int32_t wtg_stop_find(void* doc) {
         handle.results.clear();
         handle.regions = {};
         handle.nextRegions.reset();
-        return callEngine(handle, &lectern_ipc_word_call_stop_find_sync, std::tuple<>());
+        const std::int32_t result = callEngine(handle, &lectern_ipc_word_call_stop_find_sync, std::tuple<>());
+        if (result == MODULE_OK) {
+            handle.state.search.reset();
+        }
+        return result;
     });
 }
 
@@ -111,6 +116,12 @@ int32_t wtg_set_highlight_color(void* doc, const uint8_t rgb[3]) {
     if (rgb == nullptr) {
         return MODULE_BAD_ARGUMENT;
     }
-    return tell(doc, &lectern_ipc_word_call_set_highlight_color_sync, guchar{rgb[0]}, guchar{rgb[1]},
-                guchar{rgb[2]});
+    return onDocument(doc, [&](WordHandle& handle) {
+        const std::int32_t result = callEngine(handle, &lectern_ipc_word_call_set_highlight_color_sync,
+                                               std::tuple(guchar{rgb[0]}, guchar{rgb[1]}, guchar{rgb[2]}));
+        if (result == MODULE_OK) {
+            handle.state.colour = {rgb[0], rgb[1], rgb[2]};
+        }
+        return result;
+    });
 }

@@ -68,6 +68,14 @@ public:
     int32_t resize(int32_t sheet, Axis axis, int32_t at, int32_t change);
     int32_t autofitColumn(int32_t sheet, int32_t x);
 
+    // What sort, hide, unhide, resize and autofit have changed in a sheet, and what is
+    // selected, as numbers with which another engine can restore it. The file must be the
+    // same, and freshly opened.
+    int32_t changes(int32_t sheet, std::vector<int32_t>& numbers);
+    int32_t restoreChanges(int32_t sheet, const std::vector<int32_t>& numbers);
+    std::vector<int32_t> selection() const;
+    int32_t restoreSelection(const std::vector<int32_t>& numbers);
+
     int32_t information(DocumentInformation& information);
 
 private:

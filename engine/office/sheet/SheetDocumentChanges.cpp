@@ -28,8 +28,10 @@ Reference<css::beans::XPropertySet> tracksOf(const Reference<css::sheet::XSpread
     return columns ? propertiesOf(block->getColumns()) : propertiesOf(block->getRows());
 }
 
-std::vector<HiddenTracks::Run> visibleRuns(const Tracks& tracks, int32_t first, int32_t last) {
-    std::vector<HiddenTracks::Run> runs;
+using Run = SheetChanges::Run;
+
+std::vector<Run> visibleRuns(const Tracks& tracks, int32_t first, int32_t last) {
+    std::vector<Run> runs;
     for (int32_t track = first; track <= last; ++track) {
         if (tracks.isHidden(track)) {
             continue;
@@ -43,11 +45,37 @@ std::vector<HiddenTracks::Run> visibleRuns(const Tracks& tracks, int32_t first, 
     return runs;
 }
 
+bool hasAnyOf(const SheetChanges::Hidden& hidden, Axis axis, int32_t first, int32_t last) {
+    return hidden.axis == axis && std::any_of(hidden.runs.begin(), hidden.runs.end(), [&](const Run& run) {
+               return run.last >= first && run.first <= last;
+           });
+}
+
 int32_t resultOf(bool done) {
     return done ? MODULE_OK : MODULE_FAILED;
 }
 
 } // namespace
+
+bool SheetDocument::Private::show(int32_t sheet, Axis axis, const SheetChanges::Run& run, bool visible) {
+    if (!setProperty(tracksOf(book.sheet(sheet), axis, run.first, run.last), "IsVisible", visible)) {
+        return false;
+    }
+    changes[sheet].show(axis, run, visible);
+    return true;
+}
+
+bool SheetDocument::Private::resize(int32_t sheet, Axis axis, int32_t track, int32_t twips) {
+    const auto object = tracksOf(book.sheet(sheet), axis, track, track);
+    const bool done = twips == SheetChanges::FITTING
+                          ? setProperty(object, "OptimalWidth", true)
+                          : setProperty(object, axis == Axis::Columns ? "Width" : "Height",
+                                        static_cast<sal_Int32>(hundredthMmFromTwips(twips)));
+    if (done) {
+        changes[sheet].resize(axis, track, twips);
+    }
+    return done;
+}
 
 int32_t SheetDocument::sort(int32_t sheet, int32_t column, bool ascending) {
     Private& d = *mPrivate;
@@ -62,6 +90,9 @@ int32_t SheetDocument::sort(int32_t sheet, int32_t column, bool ascending) {
         if (result == MODULE_OK && d.hits.sheet() == sheet) {
             d.hits = CellHits();
         }
+        if (result == MODULE_OK) {
+            d.changes[sheet].sort({column, ascending});
+        }
         return result;
     });
 }
@@ -71,11 +102,13 @@ int32_t SheetDocument::hide(int32_t sheet, Axis axis, int32_t first, int32_t las
     return d.onTracks(sheet, axis, [&](const Tracks& tracks) -> int32_t {
         const int32_t from = tracks.trackAt(std::min(first, last));
         const int32_t to = tracks.trackAt(std::max(first, last));
-        const std::vector<HiddenTracks::Run> runs = visibleRuns(tracks, from, to);
-        if (!setProperty(tracksOf(d.book.sheet(sheet), axis, from, to), "IsVisible", false)) {
+        const std::vector<Run> runs = visibleRuns(tracks, from, to);
+        if (!d.show(sheet, axis, {from, to}, false)) {
             return MODULE_FAILED;
         }
-        d.hidden.push_back({sheet, axis, runs});
+        if (!runs.empty()) {
+            d.changes[sheet].hidden().push_back({axis, runs});
+        }
         return MODULE_OK;
     });
 }
@@ -90,31 +123,27 @@ int32_t SheetDocument::unhide(int32_t sheet, Axis axis, int32_t first, int32_t l
         if (std::min(first, last) >= tracks.total() || !tracks.widenOverHiddenBefore(from)) {
             tracks.widenOverHiddenBehind(to);
         }
-        const auto show = [&](int32_t one, int32_t other) {
-            return setProperty(tracksOf(d.book.sheet(sheet), axis, one, other), "IsVisible", true);
-        };
         // Those that were hidden last come back without their hidden neighbours.
-        const auto latest = std::find_if(d.hidden.rbegin(), d.hidden.rend(), [&](const HiddenTracks& hidden) {
-            return hidden.hasAnyOf(sheet, axis, from, to);
-        });
-        if (latest == d.hidden.rend()) {
-            return resultOf(show(from, to));
+        std::vector<SheetChanges::Hidden>& hidden = d.changes[sheet].hidden();
+        const auto latest =
+            std::find_if(hidden.rbegin(), hidden.rend(),
+                         [&](const SheetChanges::Hidden& one) { return hasAnyOf(one, axis, from, to); });
+        if (latest == hidden.rend()) {
+            return resultOf(d.show(sheet, axis, {from, to}, true));
         }
-        const std::vector<HiddenTracks::Run> runs = latest->runs;
-        d.hidden.erase(std::next(latest).base());
+        const std::vector<Run> runs = latest->runs;
+        hidden.erase(std::next(latest).base());
         return resultOf(std::all_of(runs.begin(), runs.end(),
-                                    [&](const HiddenTracks::Run& run) { return show(run.first, run.last); }));
+                                    [&](const Run& run) { return d.show(sheet, axis, run, true); }));
     });
 }
 
 int32_t SheetDocument::unhideAll(int32_t sheet, Axis axis) {
     Private& d = *mPrivate;
     return d.onTracks(sheet, axis, [&](const Tracks& tracks) {
-        std::erase_if(d.hidden, [&](const HiddenTracks& hidden) {
-            return hidden.sheet == sheet && hidden.axis == axis;
-        });
-        return resultOf(
-            setProperty(tracksOf(d.book.sheet(sheet), axis, 0, tracks.count() - 1), "IsVisible", true));
+        std::erase_if(d.changes[sheet].hidden(),
+                      [&](const SheetChanges::Hidden& hidden) { return hidden.axis == axis; });
+        return resultOf(d.show(sheet, axis, {0, tracks.count() - 1}, true));
     });
 }
 
@@ -127,13 +156,8 @@ int32_t SheetDocument::resize(int32_t sheet, Axis axis, int32_t at, int32_t chan
         if (wanted < 1 || wanted * TWIPS_PER_INCH / d.dpi > MOST_TWIPS) {
             return MODULE_BAD_ARGUMENT;
         }
-        const auto object = tracksOf(d.book.sheet(sheet), axis, track, track);
-        const char* const size = axis == Axis::Columns ? "Width" : "Height";
         const int32_t before = tracks.twips(track);
-        const auto set = [&](int32_t twips) {
-            return setProperty(object, size, static_cast<sal_Int32>(hundredthMmFromTwips(twips)));
-        };
-        if (!set(Tracks::twipsFor(wanted, d.dpi))) {
+        if (!d.resize(sheet, axis, track, Tracks::twipsFor(wanted, d.dpi))) {
             return MODULE_FAILED;
         }
         d.book.changed(sheet);
@@ -141,16 +165,14 @@ int32_t SheetDocument::resize(int32_t sheet, Axis axis, int32_t at, int32_t chan
         if (d.book.geometry(sheet).along(axis).size(track) == wanted) {
             return MODULE_OK;
         }
-        set(before);
+        d.resize(sheet, axis, track, before);
         return MODULE_BAD_ARGUMENT;
     });
 }
 
 int32_t SheetDocument::autofitColumn(int32_t sheet, int32_t x) {
     return mPrivate->onTracks(sheet, Axis::Columns, [&](const Tracks& tracks) {
-        const int32_t column = tracks.trackAt(x);
-        return resultOf(setProperty(tracksOf(mPrivate->book.sheet(sheet), Axis::Columns, column, column),
-                                    "OptimalWidth", true));
+        return resultOf(mPrivate->resize(sheet, Axis::Columns, tracks.trackAt(x), SheetChanges::FITTING));
     });
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "engine/layout/SheetChanges.h"
 #include "engine/office/OfficeGuard.h"
 #include "engine/office/sheet/CellPainter.h"
 #include "engine/office/sheet/HeaderPainter.h"
@@ -8,10 +9,9 @@
 #include "engine/office/sheet/SheetSearch.h"
 #include "engine/office/sheet/Workbook.h"
 
-#include <algorithm>
 #include <array>
+#include <map>
 #include <optional>
-#include <vector>
 
 namespace lectern::engine {
 
@@ -20,23 +20,6 @@ struct SheetSelection {
     CellBlock block;
     std::optional<Axis> tracks; // set when whole columns or rows are selected
     Colour colour;
-};
-
-// The tracks that one call of hide() has hidden.
-struct HiddenTracks {
-    struct Run {
-        int32_t first;
-        int32_t last;
-    };
-    int32_t sheet;
-    Axis axis;
-    std::vector<Run> runs;
-
-    bool hasAnyOf(int32_t ofSheet, Axis along, int32_t first, int32_t last) const {
-        return sheet == ofSheet && axis == along &&
-               std::any_of(runs.begin(), runs.end(),
-                           [&](const Run& run) { return run.last >= first && run.first <= last; });
-    }
 };
 
 struct SheetDocument::Private {
@@ -67,6 +50,11 @@ struct SheetDocument::Private {
     PixelRect place(const SheetGeometry& geometry, const CellBlock& block) const;
     std::optional<MarkedTracks> marked(int32_t sheet, Axis axis) const;
     void markCells(int32_t sheet, int32_t x, int32_t y);
+    // Change tracks and note that. They return false when the suite refuses. A size of
+    // SheetChanges::FITTING is for columns only.
+    bool show(int32_t sheet, Axis axis, const SheetChanges::Run& run, bool visible);
+    bool resize(int32_t sheet, Axis axis, int32_t track, int32_t twips);
+    bool restoreTracks(int32_t sheet, Axis axis, const SheetChanges& wanted);
     const Surface& surface(SheetArea area) const { return surfaces[static_cast<size_t>(area)]; }
 
     Workbook book;
@@ -79,7 +67,7 @@ struct SheetDocument::Private {
     CellHits hits;
     Colour hitColour{};
     std::optional<SheetSelection> selection;
-    std::vector<HiddenTracks> hidden; // without those that are shown again; the latest last
+    std::map<int32_t, SheetChanges> changes; // by sheet
 };
 
 } // namespace lectern::engine

@@ -164,7 +164,8 @@ int32_t WordDocument::characterCount(uint32_t& count) {
 
 int32_t WordDocument::stretchPlace(StretchPlace& place) {
     return mPrivate->onLayout([&]() -> int32_t {
-        place = {mPrivate->topLeft(), mPrivate->bottomRight(), static_cast<int32_t>(mPrivate->usedRows())};
+        place = {mPrivate->topLeft(), mPrivate->bottomRight(), static_cast<int32_t>(mPrivate->usedRows()),
+                 mPrivate->top};
         return MODULE_OK;
     });
 }
@@ -204,6 +205,17 @@ int32_t WordDocument::jumpToCharacter(int32_t story, uint32_t position) {
     return mPrivate->onLayout([&]() -> int32_t {
         mPrivate->layOutTo(position);
         mPrivate->moveTo(mPrivate->lineRow(position));
+        return MODULE_OK;
+    });
+}
+
+int32_t WordDocument::showRow(int64_t row) {
+    constexpr int64_t MOST_ROWS = int64_t{1} << 40; // far from overflows, and more than any text has
+    if (row < 0 || row > MOST_ROWS) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return mPrivate->onLayout([&]() -> int32_t {
+        mPrivate->moveTo(row);
         return MODULE_OK;
     });
 }

@@ -37,6 +37,8 @@ public:
     int32_t scrollDown(int32_t rows, int32_t& scrolled);
     int32_t scrollUp(int32_t rows, int32_t& scrolled);
     int32_t jumpToCharacter(int32_t story, uint32_t position);
+    // Makes the stretch begin at a row of the whole text that it has begun at before.
+    int32_t showRow(int64_t row);
     // Width of the layout and number of rows of the whole text, in pixels.
     int32_t layoutSize(int32_t& width, int32_t& height);
 
@@ -60,6 +62,8 @@ public:
     int32_t selectLine(int32_t x, int32_t y);
     int32_t selectWord(int32_t x, int32_t y);
     int32_t clearSelection();
+    CharacterRange selection() const;
+    int32_t selectRange(CharacterRange range);
     // The text has a line feed between two paragraphs.
     int32_t copySelection(std::u16string& text);
     int32_t scrollToRange(CharacterRange range);

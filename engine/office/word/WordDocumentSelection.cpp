@@ -84,6 +84,21 @@ int32_t WordDocument::selectWord(int32_t x, int32_t y) {
     });
 }
 
+CharacterRange WordDocument::selection() const {
+    return mPrivate->selection;
+}
+
+int32_t WordDocument::selectRange(CharacterRange range) {
+    const uint32_t length = mPrivate->prepared.body.length();
+    if (range.start > range.end || range.end > length) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return guardedInOffice([&]() -> int32_t {
+        mPrivate->select(range);
+        return MODULE_OK;
+    });
+}
+
 int32_t WordDocument::clearSelection() {
     return guardedInOffice([this]() -> int32_t {
         mPrivate->select({});

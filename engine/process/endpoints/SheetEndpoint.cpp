@@ -57,6 +57,16 @@ gboolean handleCellBounds(Skeleton* sheet, Invocation* invocation, gint index, g
                   bounds.x, bounds.y, bounds.width, bounds.height);
 }
 
+gboolean handleSelection(Skeleton* sheet, Invocation* invocation, gpointer user) {
+    std::vector<std::int32_t> numbers;
+    const std::int32_t result = serviceOf(user).run([&](Document& document) {
+        numbers = document.selection();
+        return MODULE_OK;
+    });
+    return answer(serviceOf(user), &lectern_ipc_sheet_complete_selection, sheet, invocation, result,
+                  written(numbers));
+}
+
 void connectView(const Connector<SheetEndpoint>& on) {
     on.handler("handle-open", &handleOpen);
     on.handler("handle-set-surface", &handleSetSurface);
@@ -93,6 +103,12 @@ void connectChanges(const Connector<SheetEndpoint>& on) {
     on.operation<&Document::unhide, &lectern_ipc_sheet_complete_unhide>("handle-unhide");
     on.operation<&Document::unhideAll, &lectern_ipc_sheet_complete_unhide_all>("handle-unhide-all");
     on.operation<&Document::resize, &lectern_ipc_sheet_complete_resize>("handle-resize");
+    on.operation<&Document::changes, &lectern_ipc_sheet_complete_changes>("handle-changes");
+    on.operation<&Document::restoreChanges, &lectern_ipc_sheet_complete_restore_changes>(
+        "handle-restore-changes");
+    on.handler("handle-selection", &handleSelection);
+    on.operation<&Document::restoreSelection, &lectern_ipc_sheet_complete_restore_selection>(
+        "handle-restore-selection");
     on.operation<&Document::autofitColumn, &lectern_ipc_sheet_complete_autofit_column>(
         "handle-autofit-column");
 }

@@ -47,6 +47,17 @@ struct Wire<std::u16string> {
     }
 };
 
+template<>
+struct Wire<std::vector<std::int32_t>> {
+    using Type = GVariant*;
+    static std::vector<std::int32_t> read(GVariant* numbers) {
+        gsize count = 0;
+        const void* first = g_variant_get_fixed_array(numbers, &count, sizeof(gint32));
+        const auto* number = static_cast<const gint32*>(first);
+        return {number, number + count};
+    }
+};
+
 // Converts an output of an operation.
 template<class Number>
 requires std::is_arithmetic_v<Number> Number written(Number number) {

@@ -62,9 +62,9 @@ ReadStretch readStretch(WordEndpoint& service, bool moved) {
     }) == MODULE_OK;
     const StretchPlace shown = result == MODULE_OK ? place : StretchPlace();
     const WrittenRegions regions(known ? found : std::vector<FoundRegion>());
-    return {result, g_variant_new("(uuib@au@au@ai)", shown.topLeft, shown.bottomRight, shown.usedRows,
-                                  known ? TRUE : FALSE, written(regions.positions), written(regions.counts),
-                                  written(regions.rectangles))};
+    return {result, g_variant_new("(uuixb@au@au@ai)", shown.topLeft, shown.bottomRight, shown.usedRows,
+                                  gint64{shown.row}, known ? TRUE : FALSE, written(regions.positions),
+                                  written(regions.counts), written(regions.rectangles))};
 }
 
 gboolean handleStretchPlace(Skeleton* word, Invocation* invocation, gpointer user) {
@@ -82,6 +82,13 @@ gboolean handleScroll(Skeleton* word, Invocation* invocation, gint rows, gpointe
         service.run([&](Document& document) { return (document.*Operation)(rows, scrolled); });
     GVariant* const stretch = readStretch(service, result == MODULE_OK).value;
     return answer(service, Complete, word, invocation, result, scrolled, stretch);
+}
+
+gboolean handleShowRow(Skeleton* word, Invocation* invocation, gint64 row, gpointer user) {
+    WordEndpoint& service = serviceOf(user);
+    const std::int32_t result = service.run([&](Document& document) { return document.showRow(row); });
+    GVariant* const stretch = readStretch(service, result == MODULE_OK).value;
+    return answer(service, &lectern_ipc_word_complete_show_row, word, invocation, result, stretch);
 }
 
 gboolean handleJumpToCharacter(Skeleton* word, Invocation* invocation, gint story, guint position,
@@ -131,6 +138,23 @@ gboolean handleSmartZoom(Skeleton* word, Invocation* invocation, gint x, gint y,
                   written(area));
 }
 
+gboolean handleSelection(Skeleton* word, Invocation* invocation, gpointer user) {
+    CharacterRange selected;
+    const std::int32_t result = serviceOf(user).run([&](Document& document) {
+        selected = document.selection();
+        return MODULE_OK;
+    });
+    return answer(serviceOf(user), &lectern_ipc_word_complete_selection, word, invocation, result,
+                  selected.start, selected.end);
+}
+
+gboolean handleSelectRange(Skeleton* word, Invocation* invocation, guint start, guint end, gpointer user) {
+    const std::int32_t result = serviceOf(user).run([&](Document& document) {
+        return document.selectRange({start, end});
+    });
+    return answer(serviceOf(user), &lectern_ipc_word_complete_select_range, word, invocation, result);
+}
+
 gboolean handleScrollToRange(Skeleton* word, Invocation* invocation, guint start, guint end, gpointer user) {
     const std::int32_t result = serviceOf(user).run([&](Document& document) {
         return document.scrollToRange({start, end});
@@ -147,6 +171,7 @@ void connectView(const Connector<WordEndpoint>& on) {
     on.handler("handle-scroll-down",
                &handleScroll<&Document::scrollDown, &lectern_ipc_word_complete_scroll_down>);
     on.handler("handle-scroll-up", &handleScroll<&Document::scrollUp, &lectern_ipc_word_complete_scroll_up>);
+    on.handler("handle-show-row", &handleShowRow);
     on.handler("handle-scroll-to-range", &handleScrollToRange);
     on.operation<&Document::characterCount, &lectern_ipc_word_complete_character_count>(
         "handle-character-count");
@@ -164,6 +189,8 @@ void connectFindingAndSelecting(const Connector<WordEndpoint>& on) {
     on.operation<&Document::clickRegions, &lectern_ipc_word_complete_click_regions>("handle-click-regions");
     on.operation<&Document::openSecondary, &lectern_ipc_word_complete_open_secondary>(
         "handle-open-secondary");
+    on.handler("handle-selection", &handleSelection);
+    on.handler("handle-select-range", &handleSelectRange);
     on.operation<&Document::selectAll, &lectern_ipc_word_complete_select_all>("handle-select-all");
     on.operation<&Document::selectArea, &lectern_ipc_word_complete_select_area>("handle-select-area");
     on.operation<&Document::selectLine, &lectern_ipc_word_complete_select_line>("handle-select-line");

@@ -179,7 +179,7 @@ int32_t WordDocument::stretchPlace(StretchPlace& place) {
     const int32_t result = mPrivate->ensureLaidOut();
     place = {static_cast<uint32_t>(d.top) * CHARACTERS_PER_ROW,
              static_cast<uint32_t>(d.top + d.usedRows()) * CHARACTERS_PER_ROW,
-             d.lies() ? d.height + 1 : d.usedRows()};
+             d.lies() ? d.height + 1 : d.usedRows(), d.top};
     return result;
 }
 
@@ -221,6 +221,16 @@ int32_t WordDocument::jumpToCharacter(int32_t story, uint32_t position) {
     const int32_t result = d.ensureLaidOut();
     if (result == MODULE_OK) {
         d.top = row;
+        d.paint();
+    }
+    return result;
+}
+
+int32_t WordDocument::showRow(int64_t row) {
+    Private& d = *mPrivate;
+    const int32_t result = d.ensureLaidOut();
+    if (result == MODULE_OK) {
+        d.top = static_cast<int32_t>(row);
         d.paint();
     }
     return result;
@@ -345,6 +355,15 @@ int32_t WordDocument::selectLine(int32_t x, int32_t) {
 
 int32_t WordDocument::selectWord(int32_t x, int32_t) {
     mPrivate->selection = {static_cast<uint32_t>(x), static_cast<uint32_t>(x) + 4};
+    return MODULE_OK;
+}
+
+CharacterRange WordDocument::selection() const {
+    return mPrivate->selection;
+}
+
+int32_t WordDocument::selectRange(CharacterRange range) {
+    mPrivate->selection = range;
     return MODULE_OK;
 }
 

@@ -4,11 +4,13 @@
 //   surface, render, sort    how these calls misbehave, see Misbehaviour.h
 //   lie               return an impossible header corner
 //   counted           sheets are wider by a pixel for each time they were measured
+//   widened           sheets are wider by a pixel for each change of sheet 0
 // There are two sheets, "One" and "Two", of 10 x 20 cells of 50 x 20 pixels at
 // every dpi. Area a of sheet s is painted 0xFF000000 + a * 0x10000 + s * 0x1000
 // + the document row of its pixels. Every second cell of row 1 has the comment
 // "Told". A search has as many hits, in cells of column 0, as its text is long.
-// The selection's text is "a\tb". Changes of sheet 1 are refused.
+// The selection's text is "a\tb". Changes of sheet 1 are refused; their number
+// can be restored in another engine.
 
 #include "engine/office/sheet/SheetDocument.h"
 #include "modules/ModuleResults.h"
@@ -36,10 +38,6 @@ int32_t whenSheet(int32_t sheet) {
     return sheet >= 0 && sheet < SHEETS ? MODULE_OK : MODULE_BAD_ARGUMENT;
 }
 
-int32_t change(int32_t sheet) {
-    return sheet == 1 ? MODULE_REFUSED : whenSheet(sheet);
-}
-
 } // namespace
 
 struct SheetDocument::Private {
@@ -48,7 +46,12 @@ struct SheetDocument::Private {
     int32_t hits = 0;
     bool selected = false;
     int32_t measured = 0; // calls of dimensions()
+    int32_t changed = 0;  // calls that changed sheet 0
 
+    int32_t change(int32_t sheet) {
+        changed += sheet == 0 ? 1 : 0;
+        return sheet == 1 ? MODULE_REFUSED : whenSheet(sheet);
+    }
     std::string setting(const std::string& key) const {
         const auto found = settings.find(key);
         return found == settings.end() ? std::string() : found->second;
@@ -121,7 +124,8 @@ int32_t SheetDocument::columnCount(int32_t sheet, int32_t& count) {
 
 int32_t SheetDocument::dimensions(int32_t sheet, int32_t& width, int32_t& height) {
     mPrivate->measured++;
-    width = COLUMNS * CELL_WIDTH + (mPrivate->settings.count("counted") != 0 ? mPrivate->measured : 0);
+    width = COLUMNS * CELL_WIDTH + (mPrivate->settings.count("counted") != 0 ? mPrivate->measured : 0) +
+            (mPrivate->settings.count("widened") != 0 ? mPrivate->changed : 0);
     height = ROWS * CELL_HEIGHT;
     return whenSheet(sheet);
 }
@@ -208,27 +212,47 @@ int32_t SheetDocument::copySelection(std::u16string& text) {
 
 int32_t SheetDocument::sort(int32_t sheet, int32_t /*column*/, bool /*ascending*/) {
     const int32_t result = fake::misbehave(mPrivate->setting("sort"));
-    return result != MODULE_OK ? result : change(sheet);
+    return result != MODULE_OK ? result : mPrivate->change(sheet);
 }
 
 int32_t SheetDocument::hide(int32_t sheet, Axis /*axis*/, int32_t /*first*/, int32_t /*last*/) {
-    return change(sheet);
+    return mPrivate->change(sheet);
 }
 
 int32_t SheetDocument::unhide(int32_t sheet, Axis /*axis*/, int32_t /*first*/, int32_t /*last*/) {
-    return change(sheet);
+    return mPrivate->change(sheet);
 }
 
 int32_t SheetDocument::unhideAll(int32_t sheet, Axis /*axis*/) {
-    return change(sheet);
+    return mPrivate->change(sheet);
 }
 
 int32_t SheetDocument::resize(int32_t sheet, Axis /*axis*/, int32_t /*at*/, int32_t /*change*/) {
-    return change(sheet);
+    return mPrivate->change(sheet);
 }
 
 int32_t SheetDocument::autofitColumn(int32_t sheet, int32_t /*x*/) {
-    return change(sheet);
+    return mPrivate->change(sheet);
+}
+
+// Changes are counted, and the selection has no place.
+int32_t SheetDocument::changes(int32_t sheet, std::vector<int32_t>& numbers) {
+    numbers = {mPrivate->changed};
+    return whenSheet(sheet);
+}
+
+int32_t SheetDocument::restoreChanges(int32_t sheet, const std::vector<int32_t>& numbers) {
+    mPrivate->changed = numbers.at(0);
+    return whenSheet(sheet);
+}
+
+std::vector<int32_t> SheetDocument::selection() const {
+    return {mPrivate->selected ? 1 : 0};
+}
+
+int32_t SheetDocument::restoreSelection(const std::vector<int32_t>& numbers) {
+    mPrivate->selected = numbers.at(0) != 0;
+    return MODULE_OK;
 }
 
 int32_t SheetDocument::information(DocumentInformation& information) {

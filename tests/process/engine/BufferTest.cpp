@@ -152,18 +152,6 @@ TEST_F(BufferTest, TheStretchIsAskedForItsPlaceAfterEveryChange) {
     EXPECT_EQ(rows, 60);
 }
 
-TEST_F(BufferTest, ALostEngineHasNoStretch) {
-    open(document, "rows=1000\n");
-    show(document, pixels, WIDTH, HEIGHT);
-    ASSERT_EQ(word.wtg_scroll_down(document.get(), 0, 30, &scrolled), MODULE_OK);
-    const pid_t engine = engineOfDocument().pid;
-    ASSERT_GT(engine, 0);
-    kill(engine, SIGKILL);
-    std::uint32_t position = 0;
-    EXPECT_TRUE(waitUntil(
-        [&] { return word.wtg_get_top_left_character(document.get(), 0, &position) == MODULE_ENGINE_LOST; }));
-}
-
 TEST_F(BufferTest, ANewBufferOfTheSameSizeShowsTheStretchAtOnce) {
     open(document, "rows=250\n");
     show(document, pixels, WIDTH, HEIGHT);

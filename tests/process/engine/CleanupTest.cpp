@@ -75,7 +75,7 @@ TEST_F(CleanupTest, TheFolderOfAKilledEngineGoesWithoutACloseOrACall) {
     kill(engine.pid, SIGKILL);
     EXPECT_TRUE(waitUntil([&] { return !fs::exists(engine.folder) && !exists(engine.pid); }))
         << "reaped as soon as it ended";
-    EXPECT_EQ(ask(document), MODULE_ENGINE_LOST);
+    EXPECT_EQ(ask(document), MODULE_OK) << "in another engine";
 }
 
 TEST_F(CleanupTest, CrashesAndTimeLimitsLeaveNothing) {

@@ -109,6 +109,11 @@ const WordModule& wordModule() {
     return functions;
 }
 
+std::int32_t lossOf(const char* module, void* document) {
+    void* loaded = dlopen((MODULE_FOLDER "/" + std::string(module)).c_str(), RTLD_NOW);
+    return reinterpret_cast<std::int32_t (*)(void*)>(symbol(loaded, "lectern_module_lost"))(document);
+}
+
 std::vector<std::uint16_t> wide(const std::string& utf8) {
     std::wstring_convert<std::codecvt_utf8_utf16<char16_t>, char16_t> converter;
     const std::u16string text = converter.from_bytes(utf8);

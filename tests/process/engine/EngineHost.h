@@ -19,6 +19,9 @@ struct WordModule : WTGFunc {
 };
 const WordModule& wordModule();
 
+// Why a module's document does not come back, or 0; `module` is its file name.
+std::int32_t lossOf(const char* module, void* document);
+
 // Converts to UTF-16 for the module.
 std::vector<std::uint16_t> wide(const std::string& utf8);
 

@@ -149,6 +149,7 @@ TEST_F(SearchTest, ASearchThatHangsCostsTheDocumentInTime) {
     open(document, "text=a rope\nfind=hang\n");
     EXPECT_EQ(find(document, wide("rope")), MODULE_TIMED_OUT);
     EXPECT_EQ(count, 0);
+    EXPECT_EQ(find(document, wide("rope")), MODULE_TIMED_OUT);
     EXPECT_EQ(regionsOf(document), MODULE_ENGINE_LOST);
 }
 

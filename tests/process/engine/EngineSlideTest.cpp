@@ -12,7 +12,9 @@ namespace {
 class SlideTest : public EngineTest {
 protected:
     void show(Slideshow& slideshow, const std::string& contents) {
-        ASSERT_EQ(slideshow.open(write("deck.pptx", contents), temporary()), MODULE_OK);
+        static int decks = 0;
+        const std::string path = write("deck" + std::to_string(decks++) + ".pptx", contents);
+        ASSERT_EQ(slideshow.open(path, temporary()), MODULE_OK);
     }
     const SSTGFunc& slides = slideModule();
     const std::vector<std::uint16_t> wanted = wide("tide");

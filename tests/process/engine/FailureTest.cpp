@@ -39,7 +39,7 @@ protected:
     const WordModule& word;
 };
 
-TEST_F(FailureTest, ACallThatHangsEndsAtItsLimitAndTheDocumentIsLost) {
+TEST_F(FailureTest, ACallThatHangsEndsAtItsLimit) {
     setVariable("LECTERN_ENGINE_CALL_LIMIT_MS", "400");
     Document document;
     open(document, "scroll=hang\n");
@@ -48,7 +48,6 @@ TEST_F(FailureTest, ACallThatHangsEndsAtItsLimitAndTheDocumentIsLost) {
     const auto taken = std::chrono::steady_clock::now() - start;
     EXPECT_GE(taken, milliseconds(400));
     EXPECT_LT(taken, seconds(8));
-    EXPECT_EQ(ask(document), MODULE_ENGINE_LOST);
     EXPECT_EQ(document.close(), MODULE_OK);
 }
 
@@ -85,11 +84,17 @@ TEST_F(FailureTest, LimitsAreOfEachCallNotOfTheDocument) {
 TEST_F(FailureTest, AnEngineKilledDuringACallIsLostAtOnce) {
     Document document;
     open(document, "scroll=hang\n");
-    const EngineInfo engine = engineOfDocument();
-    ASSERT_GT(engine.pid, 0);
     std::thread killer([&] {
-        EXPECT_TRUE(waitUntil([&] { return hangs(engine); }));
-        kill(engine.pid, SIGKILL);
+        // The call is repeated in another engine, which is killed, too.
+        for (int i = 0; i < 2; i++) {
+            EngineInfo engine;
+            EXPECT_TRUE(waitUntil([&] {
+                engine = engineOfDocument();
+                return engine.pid > 0 && hangs(engine);
+            }));
+            kill(engine.pid, SIGKILL);
+            EXPECT_TRUE(waitUntil([&] { return kill(engine.pid, 0) != 0; }));
+        }
     });
     const auto start = std::chrono::steady_clock::now();
     EXPECT_EQ(scroll(document), MODULE_ENGINE_LOST);
@@ -97,23 +102,12 @@ TEST_F(FailureTest, AnEngineKilledDuringACallIsLostAtOnce) {
     EXPECT_LT(std::chrono::steady_clock::now() - start, seconds(8)) << "well before the call's limit";
 }
 
-TEST_F(FailureTest, AnEngineKilledBetweenCallsIsLostAtOnce) {
-    Document document;
-    open(document, "rows=10\n");
-    ASSERT_EQ(ask(document), MODULE_OK);
-    kill(engineOfDocument().pid, SIGKILL);
-    EXPECT_EQ(ask(document), MODULE_ENGINE_LOST);
-    EXPECT_EQ(ask(document), MODULE_ENGINE_LOST);
-    EXPECT_EQ(document.close(), MODULE_OK);
-}
-
 TEST_F(FailureTest, ALostDocumentDoesNotTakeAnotherBufferEither) {
     Document document;
     std::vector<std::uint32_t> pixels;
-    open(document, "rows=10\n");
+    open(document, "rows=10\nscroll=crash\n");
     show(document, pixels, 4, 4);
-    kill(engineOfDocument().pid, SIGKILL);
-    ASSERT_EQ(ask(document), MODULE_ENGINE_LOST);
+    ASSERT_EQ(scroll(document), MODULE_ENGINE_LOST);
     std::uint32_t other[16] = {7};
     EXPECT_EQ(word.wtg_set_offscreen_buffer(document.get(), 0, other, 4, 4), MODULE_ENGINE_LOST);
     EXPECT_EQ(word.wtg_set_offscreen_buffer(document.get(), 0, other, 2, 2), MODULE_ENGINE_LOST);

@@ -14,7 +14,9 @@ constexpr std::int32_t UNTOUCHED = 0x5A5A5A5A;
 class SheetTest : public EngineTest {
 protected:
     void openSheets(WorkbookHandle& workbook, const std::string& contents) const {
-        ASSERT_EQ(workbook.open(write("book.xlsx", contents), temporary()), MODULE_OK);
+        static int count = 0;
+        const std::string path = write("book" + std::to_string(count++) + ".xlsx", contents);
+        ASSERT_EQ(workbook.open(path, temporary()), MODULE_OK);
     }
     // Calls every function that takes only numbers: all must return the same code.
     void expectAllAnswer(void* doc, std::int32_t code);
@@ -223,6 +225,9 @@ TEST_F(SheetTest, AnEngineThatHangsCostsItsWorkbookAlone) {
     openSheets(other, "name=x\n");
     EXPECT_EQ(stg.stg_set_offscreen_buffer(lost.get(), 0, pixels, 4, 4), MODULE_OK);
     EXPECT_EQ(stg.stg_render_sheet(lost.get(), 0, 0, 0), MODULE_TIMED_OUT);
+    EXPECT_EQ(stg.stg_get_sheet_count(lost.get(), &a), MODULE_OK) << "in another engine";
+    EXPECT_EQ(stg.stg_render_sheet(lost.get(), 0, 0, 0), MODULE_TIMED_OUT);
+    a = UNTOUCHED;
     expectAllAnswer(lost.get(), MODULE_ENGINE_LOST);
     EXPECT_EQ(stg.stg_get_sheet_count(other.get(), &a), MODULE_OK);
     EXPECT_EQ(lost.close(), MODULE_OK);
