@@ -42,6 +42,7 @@ enum ClientMessageId : int32_t {
     _SLIDE_CHANGED = 7,   // value: the slide now shown, from 0
     _OPENED = 8,          // value: docid, extra: 0 or the module's code
     _PAINT_DONE = 9,      // value: 0, or -4 for a document that does not exist
+    _DOCUMENT_LOST = 10,  // value: docid, extra: the module's code; once for a document
 };
 
 #pragma pack(push, 4)

@@ -12,6 +12,7 @@ int importance(ClientMessageId id) {
         return 0;
     case _OPENED:
     case _PAINT_DONE:
+    case _DOCUMENT_LOST:
         return 2;
     default:
         return 1;

@@ -167,6 +167,7 @@ protected:
     bool centreOnCurrentRegion();
     int stepResult(int step);
 
+    void* moduleDocument() const override { return mDocument; }
     std::vector<CpPixmap*> pictures() override;
     void releaseModuleMemory() override;
 

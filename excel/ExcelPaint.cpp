@@ -59,6 +59,7 @@ int Excel::drawOffscreenBuffer() {
         return 0;
     }
     mRenderResult = mModule.stg_render_sheet(mDocument, mCurrentSheet, mCells->Left(), mCells->Top());
+    mUnrendered = mRenderResult != 0;
     for (const stg_region& mark : mCommentMarks) {
         const int side = mark.height / 2;
         const int right = saturatedSum(saturatedDifference(mark.x, mCells->Left()), mark.width);
@@ -81,6 +82,9 @@ void Excel::handlePaint(unsigned int* frameBuffer) {
     // clang-format on
     if (mOffscreenDirty && !mScroller.isMoving()) {
         drawOffscreenBuffer();
+    }
+    if (repeatLastFrame(frameBuffer)) {
+        return;
     }
     drawScreen(frameBuffer);
     keepFrame(frameBuffer);

@@ -93,6 +93,7 @@ protected:
         bool operator==(const Rendering&) const = default;
     };
 
+    void* moduleDocument() const override { return mDocument; }
     // The size of the surface at a zoom, in pixels. Both sides are even.
     CpPoint surfaceSize(double scale) const;
     // The wanted zoom, or the largest lower zoom whose surface fits into 64 MiB.

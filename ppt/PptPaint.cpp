@@ -61,11 +61,13 @@ int PPT::drawOffscreenBuffer() {
         return 0;
     }
     mOffscreenDirty = false;
+    mUnrendered = false;
     if (mSurface->Pixels() == nullptr) {
         return 0; // no slide, or a side shrunk to 0 pixels
     }
     mRenderResult = mModule.sstg_render_slide(mDocument, mCurrentSlide, 0, mSurface->Pixels(),
                                               mSurface->Width(), mSurface->Height());
+    mUnrendered = mRenderResult != 0;
     return mRenderResult;
 }
 

@@ -108,11 +108,12 @@ void OfficeBase::InvalidateScreen() {
     SendDocMessage(_INVALIDATED);
 }
 
-void OfficeBase::SendDocMessage(ClientMessageId id, int32_t value) {
+void OfficeBase::SendDocMessage(ClientMessageId id, int32_t value, int32_t extra) {
     // Without a state segment the view has no message type for its notifications.
     if (mDataStoreShmId > StateSegment::LAST_RESERVED_ID) {
         ServerClientMessage message(static_cast<long>(mDataStoreShmId), id);
         message.value = value;
+        message.extra = extra;
         g_msgQueue.SendMessage(message);
     }
 }

@@ -103,7 +103,10 @@ public:
     void InvalidateScreen();
     // Sends the client a notification about this view. Does nothing if the view has
     // no state segment.
-    void SendDocMessage(ClientMessageId id, int32_t value = 0);
+    void SendDocMessage(ClientMessageId id, int32_t value = 0, int32_t extra = 0);
+    // Tells the client once when the module has given the document up. Call it after a use
+    // of the view.
+    void tellLoss();
     std::string getMimeInfo() const { return mMimeInfo; }
 
     // The module's code of the last layout or rendering of the surface. If it is not 0,
@@ -127,6 +130,8 @@ protected:
     bool attachGivenStateRecord();
     void makeStateRecord(const char* keyPath);
 
+    // The document as the module knows it; null while none is open.
+    virtual void* moduleDocument() const { return nullptr; }
     // The view's pictures; the pointers may be null.
     virtual std::vector<CpPixmap*> pictures() { return {&mLastFrame, mDocPixmap}; }
     // Lets the module release memory of the open document.
@@ -164,6 +169,9 @@ protected:
     void shrinkLastFrame(unsigned int* frameBuffer, double scale, const CpRect& target);
     // The whole last frame on a part of the frame, the rest erased; sets the same.
     void fitLastFrame(unsigned int* frameBuffer, double scale, const CpRect& target);
+    // While the document cannot be rendered: copies the last frame to the client's, and lets
+    // the next paint try again. False, and nothing is done, when it can, or without a frame.
+    bool repeatLastFrame(unsigned int* frameBuffer);
     // Copies the client's frame to mLastFrame. REQUIRES: all of the frame is painted.
     void keepFrame(const unsigned int* frameBuffer);
     // The position of one axis of mScroll that centres a point (view pixels) in the
@@ -209,10 +217,13 @@ protected:
     bool mDirty = true;          // a paint request will paint
     int32_t mRenderResult = 0;   // see renderResult()
     bool mOffscreenDirty = true; // mDocPixmap must be rendered before it is copied
+    bool mUnrendered = false;    // ... and the last attempt to do so has failed
+    bool mHasShown = false;      // mLastFrame is a picture of the document
 
 private:
     bool isVisible(const CpRect& r) const;
 
-    StateSegment mStateSegment;                  // the segment that mDataStore points to
+    StateSegment mStateSegment; // the segment that mDataStore points to
+    bool mLossTold = false;
     std::vector<lectern::PackedPixels> mResting; // the pictures() while the view rests, else none
 };

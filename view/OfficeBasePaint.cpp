@@ -60,10 +60,14 @@ void OfficeBase::handlePaint(unsigned int* frameBuffer) {
     if (mOffscreenDirty) {
         drawOffscreenBuffer();
     }
+    if (repeatLastFrame(frameBuffer)) {
+        return;
+    }
     const CpRect source = prvSourceRect(saturatedDifference(mScroll.x, mDocPixmap->Left()),
                                         saturatedDifference(mScroll.y, mDocPixmap->Top()), mWidth, mHeight);
     unsigned int background = 0;
     eraseBuffer(&background, 1); // its colour, for what the surface does not cover
+    mHasShown = !mUnrendered;
     // A highlight belongs into the last frame too, so that is copied after the drawing.
     const bool highlighted = mCurrentResult > -1;
     mDocPixmap->CopyFrame(source, background, frameBuffer, highlighted ? nullptr : mLastFrame.Pixels());
@@ -81,6 +85,9 @@ void OfficeBase::handlePaintWide(unsigned int* frameBuffer) {
     }
     if (mOffscreenDirty) {
         drawOffscreenBuffer();
+    }
+    if (repeatLastFrame(frameBuffer)) {
+        return;
     }
     // The device lies on its side, so width and height of the view are exchanged.
     const CpRect source = prvSourceRect(mDocPixmap->Left(), mDocPixmap->Top(), mHeight, mWidth);
@@ -101,7 +108,17 @@ void OfficeBase::handlePaintWide(unsigned int* frameBuffer) {
     keepFrame(frameBuffer);
 }
 
+bool OfficeBase::repeatLastFrame(unsigned int* frameBuffer) {
+    if (!mUnrendered || !mHasShown || mLastFrame.Pixels() == nullptr) {
+        return false;
+    }
+    mOffscreenDirty = true;
+    std::memcpy(frameBuffer, mLastFrame.Pixels(), framePixels() * sizeof *frameBuffer);
+    return true;
+}
+
 void OfficeBase::keepFrame(const unsigned int* frameBuffer) {
+    mHasShown = !mUnrendered;
     if (mLastFrame.Pixels() != nullptr) {
         std::memcpy(mLastFrame.Pixels(), frameBuffer, framePixels() * sizeof *frameBuffer);
     }

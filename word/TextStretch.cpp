@@ -4,6 +4,7 @@
 #include "raster/Saturate.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 constexpr double SURFACE_PIXELS = 500000.0;
@@ -31,9 +32,11 @@ void TextStretch::open(void* doc, uint32_t characterCount) {
 }
 
 int32_t TextStretch::layOut(const Size& size, int dpi) {
-    mNumbered = mNumbered && (mSurface == nullptr || top() == 0);
-    if (const int32_t refused = replaceSurface(size); refused != 0) {
-        if (mSurface == nullptr) {
+    const bool isFirst = mSurface == nullptr;
+    const Size sizeBefore = mSize;
+    std::unique_ptr<CpPixmap> before; // the surface that was replaced
+    if (const int32_t refused = replaceSurface(size, before); refused != 0) {
+        if (isFirst) {
             return refused;
         }
         useSurface();
@@ -43,6 +46,17 @@ int32_t TextStretch::layOut(const Size& size, int dpi) {
     // The module lays the text out when it is asked for a place.
     uint32_t last = 0;
     const int32_t result = bottomRight(last);
+    if (result != 0 && !isFirst) {
+        if (before != nullptr) {
+            mSurface = std::move(before);
+            mSize = sizeBefore;
+            useSurface();
+        }
+        mModule.wtg_set_dpi(mDoc, mDpi);
+        return result;
+    }
+    mDpi = dpi;
+    mNumbered = mNumbered && (isFirst || (before != nullptr ? *before : *mSurface).Top() == 0);
     mAtEnd = result == 0 && last == mCharacterCount;
     setPlace(0, mAtEnd ? askUsedRows() : mSize.height);
     return result;
@@ -50,13 +64,13 @@ int32_t TextStretch::layOut(const Size& size, int dpi) {
 
 // Keeps the previous surface until the module has accepted the new one, because the
 // module may write to its current buffer until then.
-int32_t TextStretch::replaceSurface(const Size& size) {
+int32_t TextStretch::replaceSurface(const Size& size, std::unique_ptr<CpPixmap>& before) {
     auto surface = std::make_unique<CpPixmap>(size.width, size.height);
     const int32_t result =
         mModule.wtg_set_offscreen_buffer(mDoc, 0, surface->Pixels(), size.width, size.height);
     mRefusal = result;
     if (mRefusal == 0) {
-        mSurface = std::move(surface);
+        before = std::exchange(mSurface, std::move(surface));
         mSize = size;
     }
     return result;

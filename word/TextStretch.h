@@ -57,7 +57,8 @@ public:
     // Creates a new surface and lays the text out for it and dpi. Its first row gets
     // row 0; the module keeps the character at the stretch's top. If the module
     // refuses the surface, keeps the previous one and lays the text out for that.
-    // Returns 0 or the module's code: then there is no surface, or it was not painted.
+    // Returns 0 or the module's code: then the stretch is as before; if it was the first
+    // layout, there is no surface, or it was not painted.
     int32_t layOut(const Size& size, int dpi);
     // Sets the document row of the stretch's top, after a layout or a jump.
     void place(int top) { setPlace(top, used()); }
@@ -99,7 +100,7 @@ public:
     unsigned generation() const { return mGeneration; }
 
 private:
-    int32_t replaceSurface(const Size& size);
+    int32_t replaceSurface(const Size& size, std::unique_ptr<CpPixmap>& before);
     bool isInUse() { return mRefusal == 0 || useSurface(); }
     std::optional<uint32_t> topLeft();
     // Returns 0 or the module's code.
@@ -118,6 +119,7 @@ private:
     std::unique_ptr<CpPixmap> mSurface; // null until the module has accepted one
     int32_t mRefusal = -1;              // the module's code for it; 0 while it paints into it
     Size mSize;
+    int mDpi = 0;
     bool mNumbered = true;
     bool mAtEnd = false; // the stretch is known to hold the last character
     bool mTopCharacterKnown = true;

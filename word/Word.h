@@ -76,11 +76,12 @@ protected:
         int row = 0;
     };
 
-    // The layout, and the position of the view after a new layout.
+    // The layout, and the position of the view after a new layout. False if that failed
+    // and the picture before stays; then the caller restores scale and position.
     int layOut();
     double layoutWidth(double scale) const;
     double fittingScale(double scale) const;
-    void relayoutKeepingPlace(double ratio);
+    bool relayoutKeepingPlace(double ratio);
     void coverTappedPosition();
     void returnToSavedPlace();
 
@@ -95,6 +96,7 @@ protected:
     void settle();
     bool jumpToCharacter(int32_t story, uint32_t position);
 
+    void* moduleDocument() const override { return mDocument; }
     std::vector<CpPixmap*> pictures() override;
     void releaseModuleMemory() override;
 

@@ -6,6 +6,7 @@
 #include "word/Word.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -63,8 +64,17 @@ int Word::layOut() {
 
 void Word::setWideMode(bool on) {
     closePopup();
-    mWideMode = on;
+    const bool wasOn = std::exchange(mWideMode, on);
+    const double oldScale = mScale;
+    const CpPoint oldScroll = mScroll;
+    const bool hadPicture = mDocPixmap != nullptr;
     resizeDocument();
+    if (mRenderResult != 0 && hadPicture) {
+        mWideMode = wasOn;
+        mScale = oldScale;
+        mScroll = oldScroll;
+        return;
+    }
     // Ends drags and glides, because their positions belong to the old layout.
     mScroller.Stop();
     mScroll.set(0, 0);
@@ -73,15 +83,20 @@ void Word::setWideMode(bool on) {
 
 // Scaling rows by the ratio keeps the place only approximately, because a reflow also
 // moves text. The character at the stretch's top is kept exactly.
-void Word::relayoutKeepingPlace(double ratio) {
-    const int oldTop = mDocPixmap != nullptr ? mStretch.top() : 0;
+bool Word::relayoutKeepingPlace(double ratio) {
+    const bool hadPicture = mDocPixmap != nullptr;
+    const int oldTop = hadPicture ? mStretch.top() : 0;
     recenterDocument();
     resizeDocument();
     mOffscreenDirty = true;
     setDirty();
+    if (mRenderResult != 0 && hadPicture) {
+        return false;
+    }
     if (mDocPixmap != nullptr) {
         mStretch.place(saturateToInt(oldTop * ratio));
     }
+    return true;
 }
 
 bool Word::handleDoubleClick(int x, int y) {
@@ -95,10 +110,17 @@ bool Word::handleDoubleClick(int x, int y) {
     }
     closePopup();
     const double oldScale = mScale;
+    const int oldLevel = mScaleLevel;
+    const CpPoint oldScroll = mScroll;
     mScaleLevel = (mScaleLevel + 1) % ZOOM_LEVELS;
     mScale = fittingScale(mBaseScale + mScaleLevel * mBaseScale);
     const double ratio = mScale / oldScale;
-    relayoutKeepingPlace(ratio);
+    if (!relayoutKeepingPlace(ratio)) {
+        mScale = oldScale;
+        mScaleLevel = oldLevel;
+        mScroll = oldScroll;
+        return true;
+    }
     if (mWideMode) {
         mScroll.x = prvCentred(mScroll.x, x, ratio, mWidth);
     }
@@ -137,6 +159,7 @@ bool Word::handleGestureEnd(double /*scale*/, double /*unused*/) {
         const bool closed = closePopup();
         mDrawMode = _NORMAL;
         const double oldScale = mScale;
+        const CpPoint oldScroll = mScroll;
         const bool zoomed = takeGestureScale();
         if (!zoomed && !closed) {
             return true;
@@ -146,7 +169,10 @@ bool Word::handleGestureEnd(double /*scale*/, double /*unused*/) {
             mScale = fittingScale(wanted);
             mScroll.set(0, mScale == wanted ? mGestureScroll.y
                                             : saturateToInt(mGestureScroll.y * (mScale / wanted)));
-            relayoutKeepingPlace(mScale / oldScale);
+            if (!relayoutKeepingPlace(mScale / oldScale)) {
+                mScale = oldScale;
+                mScroll = oldScroll;
+            }
             ReinitSearchRects();
         }
         settle();

@@ -56,6 +56,7 @@ struct FakeWordControl : FakeControl<FakeWordControl> {
     std::u16string link = u"http://example.com/";
 
     int32_t words = 0;
+    int32_t loss = 0; // what lectern_module_lost returns
 
     // The module's state.
     FakeWordLayout layout;

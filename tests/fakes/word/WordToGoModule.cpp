@@ -304,3 +304,7 @@ int32_t wtg_select_word(void* /*doc*/, int32_t /*view*/, int32_t /*x*/, int32_t 
 int32_t wtg_smart_zoom(void* /*doc*/, int32_t /*view*/, int32_t /*x*/, int32_t /*y*/, module_rect* /*area*/) {
     return unsupported(__func__);
 }
+
+int32_t lectern_module_lost(void* /*doc*/) {
+    return fake_word_control()->loss;
+}

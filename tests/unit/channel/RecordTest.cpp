@@ -103,6 +103,7 @@ TEST(ServiceRecord, IdsHaveTheirNumbers) {
     EXPECT_EQ(_SLIDE_CHANGED, 7);
     EXPECT_EQ(_OPENED, 8);
     EXPECT_EQ(_PAINT_DONE, 9);
+    EXPECT_EQ(_DOCUMENT_LOST, 10);
 }
 
 TEST(ServiceRecord, TextIsTwelveBytes) {

@@ -2,6 +2,8 @@
 // The parts of a painted picture.
 #include "tests/unit/excel/ExcelTest.h"
 
+#include <cstring>
+
 namespace {
 
 class ExcelPaintTest : public ExcelTest {};
@@ -310,6 +312,24 @@ TEST_F(ExcelPaintDeathTest, OtherDrawModesAreAnInvariantBroken) {
             view->handlePaint(picture.pixels());
         },
         "mDrawMode ==_NORMAL");
+}
+
+TEST_F(ExcelPaintTest, WhatCannotBeRenderedLeavesTheLastFrame) {
+    const auto view = openView();
+    Frame before = paint(*view);
+    fakeSheet().results["stg_render_sheet"] = 10;
+    view->handleDoubleClick(100, 100);
+    Frame after = paint(*view);
+    EXPECT_EQ(view->renderResult(), 10);
+    EXPECT_EQ(std::memcmp(after.pixels(), before.pixels(), before.size() * 4), 0);
+    view->handleDoubleClick(100, 100);
+    after = paint(*view);
+    EXPECT_EQ(std::memcmp(after.pixels(), before.pixels(), before.size() * 4), 0);
+
+    fakeSheet().results["stg_render_sheet"] = 0;
+    after = paint(*view);
+    EXPECT_EQ(view->renderResult(), 0);
+    EXPECT_NE(std::memcmp(after.pixels(), before.pixels(), before.size() * 4), 0) << "both zooms";
 }
 
 } // namespace

@@ -82,4 +82,22 @@ TEST_F(PptPaintTest, SmallSlideOfOddSizeIsCentred) {
     expectSlide(*view, frame);
 }
 
+TEST_F(PptPaintTest, WhatCannotBeRenderedLeavesTheLastFrame) {
+    const auto view = openView();
+    Frame before = paint(*view);
+    fakeSlides().results["sstg_render_slide"] = 10;
+    view->handleDoubleClick(100, 100);
+    Frame after = paint(*view);
+    EXPECT_EQ(view->renderResult(), 10);
+    EXPECT_EQ(std::memcmp(after.pixels(), before.pixels(), before.size() * 4), 0);
+    view->handleDoubleClick(100, 100);
+    after = paint(*view);
+    EXPECT_EQ(std::memcmp(after.pixels(), before.pixels(), before.size() * 4), 0);
+
+    fakeSlides().results["sstg_render_slide"] = 0;
+    after = paint(*view);
+    EXPECT_EQ(view->renderResult(), 0);
+    EXPECT_NE(std::memcmp(after.pixels(), before.pixels(), before.size() * 4), 0) << "both zooms";
+}
+
 } // namespace

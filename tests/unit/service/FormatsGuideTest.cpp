@@ -123,6 +123,7 @@ TEST(FormatsGuide, NumbersTheIdsToAClient) {
                                                           {_SLIDE_CHANGED, "_SLIDE_CHANGED"},
                                                           {_OPENED, "_OPENED"},
                                                           {_PAINT_DONE, "_PAINT_DONE"},
+                                                          {_DOCUMENT_LOST, "_DOCUMENT_LOST"},
                                                       }));
 }
 

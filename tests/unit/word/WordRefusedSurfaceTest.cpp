@@ -2,6 +2,8 @@
 // A module that refuses a surface, for example without a free descriptor.
 #include "tests/unit/word/WordTest.h"
 
+#include <cstring>
+
 namespace {
 
 constexpr int NO_ROOM = 15;
@@ -71,6 +73,40 @@ TEST_F(WordRefusedSurfaceTest, ALayoutThatFailsIsReportedByTheOpenAndByTheView) 
     fakeWord().nextResults["wtg_get_bottom_right_character"] = {10};
     view->handleDoubleClick(7, 9);
     EXPECT_EQ(view->renderResult(), 10);
+}
+
+TEST_F(WordRefusedSurfaceTest, ALayoutThatFailsLeavesThePictureAndTheView) {
+    const auto view = openView(320, 480, 20000);
+    scrollBy(*view, 3000);
+    Frame before = paint(*view);
+    const double scale = view->mScale;
+    const auto expectAsBefore = [&] {
+        EXPECT_EQ(view->renderResult(), 10);
+        EXPECT_EQ(view->mScale, scale);
+        EXPECT_EQ(view->mDocPixmap->Width(), 320);
+        Frame after = paint(*view);
+        EXPECT_EQ(std::memcmp(after.pixels(), before.pixels(), before.size() * 4), 0);
+    };
+    const auto failNext = [] { fakeWord().nextResults["wtg_get_bottom_right_character"] = {10}; };
+
+    failNext();
+    view->handleDoubleClick(100, 100);
+    expectAsBefore();
+    failNext();
+    view->setWideMode(true);
+    expectAsBefore();
+    failNext();
+    view->handleGestureStart(1.0, 0.0);
+    view->handleGestureChange(2.0, 0.0);
+    paint(*view);
+    view->handleGestureEnd(0.0, 0.0);
+    expectAsBefore();
+
+    scrollBy(*view, 700);
+    expectText(*view);
+    view->handleDoubleClick(100, 100);
+    EXPECT_EQ(view->renderResult(), 0);
+    expectText(*view);
 }
 
 TEST_F(WordRefusedSurfaceTest, APopupWithoutOneDoesNotOpen) {
