@@ -89,11 +89,14 @@ void testCancel() {
 bool serve(const Documents& record, const ClientServerMessage& message) {
     OfficeBase* document = record.view.get();
     assert(document != __null); // NOLINT(modernize-use-nullptr): as the mutex guard's
+    bool served = true;
     if (message.type == _PAINT) {
-        return paint(record, message.docid) == 0;
+        served = paint(record, message.docid) == 0;
+    } else {
+        handleInput(*document, message);
     }
-    handleInput(*document, message);
-    return true;
+    document->tellLoss();
+    return served;
 }
 
 // Serves the next deferred record. False if the worker must end.

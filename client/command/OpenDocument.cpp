@@ -7,10 +7,28 @@
 #include <lectern/Service.h>
 
 #include <filesystem>
+#include <mutex>
 
 namespace lectern {
 
 namespace {
+
+// Why a document was lost, which a thread of the document tells.
+class Loss {
+public:
+    void note(const Error& error) {
+        const std::lock_guard lock(mMutex);
+        mError = error;
+    }
+    Failure told() {
+        const std::lock_guard lock(mMutex);
+        return mError;
+    }
+
+private:
+    std::mutex mMutex;
+    Failure mError;
+};
 
 Result<std::unique_ptr<Document>> open(const Bus& bus, const std::string& path, const OpenOptions& options) {
     const Progress progress("opening " + std::filesystem::path(path).filename().string());
@@ -31,12 +49,18 @@ int withDocument(const DocumentName& name, OpenOptions options, Interrupt& inter
         return report(service.error());
     }
     interrupt.watch();
+    Loss loss;
+    options.events.onDocumentLost = [&loss](const Error& error) { loss.note(error); };
     const Result<std::unique_ptr<Document>> document = open(service->bus(), file->path(), options);
     if (!document) {
         return report(document.error());
     }
     const Failure failure = work(**document, {.stop = options.stop});
-    return failure ? report(*failure) : STATUS_DONE;
+    if (failure) {
+        return report(*failure);
+    }
+    const Failure lost = loss.told();
+    return lost ? report(*lost) : STATUS_DONE;
 }
 
 } // namespace lectern

@@ -2,6 +2,7 @@
 #include "client/lib/Decoding.h"
 
 #include "channel/DocAdapterCommon.h"
+#include "client/lib/Errors.h"
 
 #include <algorithm>
 #include <iterator>
@@ -40,6 +41,12 @@ constexpr Decoding DECODINGS[] = {
      [](const ViewEvents& events, const ViewRecord& record) {
          if (events.onOpened) {
              events.onOpened(record.extra);
+         }
+     }},
+    {_DOCUMENT_LOST,
+     [](const ViewEvents& events, const ViewRecord& record) {
+         if (events.onDocumentLost) {
+             events.onDocumentLost(lossError(record.extra));
          }
      }},
 };

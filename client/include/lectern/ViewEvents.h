@@ -54,6 +54,10 @@ struct ViewEvents {
     // code.
     std::function<void(int result)> onOpened;
 
+    // The service cannot bring the document back after its rendering engine has ended. The
+    // last picture stays; Document::reopen may open it again. Told once.
+    std::function<void(const Error&)> onDocumentLost;
+
     // Every notification, before its own callback, including those that this version of
     // the library does not know.
     std::function<void(const ViewRecord&)> onRecord;

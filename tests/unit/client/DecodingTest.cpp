@@ -24,6 +24,9 @@ protected:
         mEvents.onTrackResized = [this] { mTold.emplace_back("resized"); };
         mEvents.onSlideChanged = [this](int slide) { mTold.push_back("slide " + std::to_string(slide)); };
         mEvents.onOpened = [this](int result) { mTold.push_back("opened " + std::to_string(result)); };
+        mEvents.onDocumentLost = [this](const Error& error) {
+            mTold.push_back("lost " + std::to_string(error.code));
+        };
     }
 
     ViewEvents mEvents;
@@ -31,11 +34,11 @@ protected:
 };
 
 TEST_F(DecodingTest, EachNotificationHasItsOwnCallback) {
-    for (int id = 0; id <= 9; ++id) {
+    for (int id = 0; id <= 10; ++id) {
         tell(mEvents, {id, 4, 6});
     }
     EXPECT_THAT(mTold, ElementsAre("invalidated", "link", "comment", "unused", "column", "tracks", "resized",
-                                   "slide 4", "opened 6"))
+                                   "slide 4", "opened 6", "lost 6"))
         << "paint-done is nobody's business";
 }
 
@@ -53,7 +56,7 @@ TEST_F(DecodingTest, TheRecordItselfIsToldFirstAndWhateverItIs) {
 
 TEST_F(DecodingTest, WhatNobodyAsksForIsLeftOut) {
     const ViewEvents nobody;
-    for (int id = -1; id <= 10; ++id) {
+    for (int id = -1; id <= 11; ++id) {
         tell(nobody, {id, 0, 0});
     }
 }
