@@ -3,6 +3,7 @@
 // that it forks, each of which opens one document and paints it for the service that
 // started this process. Confines itself before it starts the suite.
 
+#include "engine/process/FaultSignals.h"
 #include "engine/process/ForkLoop.h"
 #include "engine/process/ResourceLimits.h"
 #include "engine/process/Sandbox.h"
@@ -29,11 +30,13 @@ int main(int argc, char** argv) {
     // The service kills a fork server that does not answer. Without a service, one
     // whose start hangs ends here.
     alarm(60);
+    const FaultSignals signals;
     const std::unique_ptr<Office> office = Office::start(folder + "/profile");
     alarm(0);
     if (!office) {
         _exit(1);
     }
+    signals.restore();
     ForkLoop loop(*office, ENGINE_SOCKET, folder);
     office->run(loop);
 }

@@ -20,7 +20,10 @@
 #include "tests/fakes/office/FakeSettings.h"
 #include "tests/fakes/office/Misbehaviour.h"
 
+#include <unistd.h>
+
 #include <algorithm>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -40,7 +43,15 @@ std::u16string widen(const std::string& ascii) {
 
 struct Office::Private {};
 
+// As the real suite, this one handles signals of crashes; its handlers never return.
 std::unique_ptr<Office> Office::start(const std::string& profileDirectory) {
+    for (const int signal : {SIGSEGV, SIGABRT, SIGBUS, SIGFPE, SIGILL, SIGTRAP, SIGSYS}) {
+        std::signal(signal, [](int) {
+            for (;;) {
+                pause();
+            }
+        });
+    }
     // Create the profile, by which a test can see that the office was started.
     std::error_code error;
     if (!std::filesystem::create_directories(profileDirectory, error)) {

@@ -80,7 +80,6 @@ std::int32_t misbehave(const std::string& action) {
         hang();
     }
     if (action == "crash") {
-        signal(SIGSEGV, SIG_DFL);
         raise(SIGSEGV);
     }
     if (action == "exit") {

@@ -102,6 +102,19 @@ TEST_F(FailureTest, AnEngineKilledDuringACallIsLostAtOnce) {
     EXPECT_LT(std::chrono::steady_clock::now() - start, seconds(8)) << "well before the call's limit";
 }
 
+TEST_F(FailureTest, AnEngineEndsAtOnceAtEverySignalOfACrash) {
+    setVariable("LECTERN_ENGINE_CALL_LIMIT_MS", "20000");
+    for (const int signal : {SIGSEGV, SIGABRT, SIGBUS, SIGFPE, SIGILL, SIGTRAP, SIGSYS}) {
+        Document document;
+        open(document, "scroll=hang\n");
+        const pid_t pid = engineOfDocument().pid;
+        const auto start = std::chrono::steady_clock::now();
+        kill(pid, signal);
+        EXPECT_TRUE(waitUntil([&] { return kill(pid, 0) != 0; }));
+        EXPECT_LT(std::chrono::steady_clock::now() - start, seconds(1)) << "signal " << signal;
+    }
+}
+
 TEST_F(FailureTest, ALostDocumentDoesNotTakeAnotherBufferEither) {
     Document document;
     std::vector<std::uint32_t> pixels;
