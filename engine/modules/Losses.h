@@ -22,11 +22,15 @@ public:
         return reinterpret_cast<Call>(function);
     }
 
-    // A call that loses the engine again within this time is likely to do so always.
+    // A call that loses the engine again within this time, without an answer in between, is
+    // likely to do so always.
     static constexpr std::chrono::minutes TOO_SOON{1};
 
     // Notes that a call has just lost the engine, with this result of the call.
     void note(Call call, std::int32_t code, TimePoint now);
+    // Notes that a call was answered. Earlier losses were then not its fault: a process that
+    // is killed takes a moment to end, and loses the next call, whichever it is.
+    void noteAnswer(Call call) { mLast.erase(call); }
     // The document never comes back; the first code counts.
     void giveUp(std::int32_t code);
     // Why the document does not come back; 0 while it does.

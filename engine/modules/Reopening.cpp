@@ -33,6 +33,8 @@ std::int32_t DocumentHandle::noteCall(Losses::Call kind, TimePoint start, std::i
     busy.add(start, now);
     if (result == MODULE_TIMED_OUT || result == MODULE_ENGINE_LOST) {
         losses.note(kind, result, now);
+    } else {
+        losses.noteAnswer(kind);
     }
     if (busy.until(now) < opening.limits.busy) {
         return result;
@@ -58,6 +60,8 @@ bool DocumentHandle::bringBack() {
         mNotBefore = Clock::now() + PAUSE;
     } else if (result != MODULE_OK) {
         losses.note(reopening, result, Clock::now());
+    } else {
+        losses.noteAnswer(reopening);
     }
     return result == MODULE_OK;
 }

@@ -213,10 +213,14 @@ TEST_F(SheetBadInputTest, ADocumentThatFailedToOpenSurvivesEverything) {
 }
 
 TEST_F(SheetBadInputTest, ADocumentWhoseEngineIsGoneSurvivesEverything) {
-    SheetScreen lost(*client, *queue, fares());
-    const pid_t engine = descendants("lectern-engine").front();
+    const std::string path = fares();
+    SheetScreen lost(*client, *queue, path);
+    const std::vector<pid_t> engines = descendants("lectern-engine");
     SheetScreen kept(*client, *queue, sample("tour.xlsx"));
-    kill(engine, SIGKILL);
+    std::filesystem::remove(path);
+    for (const pid_t engine : engines) {
+        kill(engine, SIGKILL);
+    }
     sendEverything(lost);
     EXPECT_EQ(lost.call("sortAscending"), R"({ "column": -1 })");
     EXPECT_EQ(copiedColumn(kept, 0).substr(0, 10), "Passengers");

@@ -151,6 +151,7 @@ std::vector<pid_t> ServiceTest::descendants(const std::string& name) {
         }
         // Follows the parents in "pid (name) state parent ..." up to the test itself.
         std::string comm;
+        bool runs = true;
         pid_t walk = pid;
         bool below = false;
         while (walk > 1) {
@@ -161,6 +162,7 @@ std::vector<pid_t> ServiceTest::descendants(const std::string& name) {
             }
             if (walk == pid) {
                 comm = stat.substr(open + 1, close - open - 1);
+                runs = stat[close + 2] != 'Z';
             }
             walk = std::atoi(stat.c_str() + close + 4);
             if (walk == getpid()) {
@@ -168,7 +170,7 @@ std::vector<pid_t> ServiceTest::descendants(const std::string& name) {
                 break;
             }
         }
-        if (below && name.rfind(comm, 0) == 0 && !comm.empty()) {
+        if (below && runs && name.rfind(comm, 0) == 0 && !comm.empty()) {
             found.push_back(pid);
         }
     }

@@ -46,6 +46,18 @@ TEST(Losses, ByDifferentCallsDoNot) {
     EXPECT_EQ(losses.code(), MODULE_OK);
 }
 
+TEST(Losses, OfACallThatIsAnsweredInBetweenDoNot) {
+    Losses losses;
+    losses.note(oneCall, MODULE_ENGINE_LOST, START);
+    losses.noteAnswer(anotherCall);
+    losses.noteAnswer(oneCall);
+    losses.note(oneCall, MODULE_ENGINE_LOST, START + seconds(1));
+    EXPECT_EQ(losses.code(), MODULE_OK);
+    losses.noteAnswer(anotherCall);
+    losses.note(oneCall, MODULE_ENGINE_LOST, START + seconds(2));
+    EXPECT_EQ(losses.code(), MODULE_ENGINE_LOST);
+}
+
 TEST(Losses, KeepTheirFirstCode) {
     Losses losses;
     losses.giveUp(MODULE_CHANGED);
