@@ -1,10 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "channel/QueueOwner.h"
 
+#include "base/FileDescriptor.h"
+#include "base/IpcOwner.h"
+
+#include <fcntl.h>
 #include <sys/ipc.h>
+#include <sys/msg.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
+#include <syslog.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -39,10 +45,45 @@ Address addressOf(key_t key) {
     return address;
 }
 
+// The kernel keeps this many connections that nobody accepts. Each service that was
+// started too much leaves one, so that the next ones are still told whose queue it is.
+constexpr int UNACCEPTED = SOMAXCONN;
+
+// The process that listens at the address, as words. Another program may have bound it
+// without listening.
+std::string holderOf(const Address& address) {
+    const lectern::FileDescriptor asker(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    ucred holder = {};
+    socklen_t size = sizeof holder;
+    if (connect(asker.get(), reinterpret_cast<const sockaddr*>(&address.name), address.length) != 0 ||
+        getsockopt(asker.get(), SOL_SOCKET, SO_PEERCRED, &holder, &size) != 0) {
+        return "a process that does not tell its number";
+    }
+    return "process " + std::to_string(holder.pid) + " of user " + std::to_string(holder.uid);
+}
+
+void report(const std::string& line) {
+    std::fprintf(stderr, "%s\n", line.c_str());
+    syslog(LOG_ERR, "%s", line.c_str());
+}
+
+// Another user that made the queue could read all records and answer them.
+bool isForeign(key_t key) {
+    const int queue = msgget(key, 0);
+    msqid_ds status = {};
+    if (queue == -1 || msgctl(queue, IPC_STAT, &status) == -1 || lectern::isOwnIpc(status.msg_perm)) {
+        return false;
+    }
+    report("The message queue belongs to user " + std::to_string(status.msg_perm.cuid) +
+           ", so it cannot be served. \"lectern serve\" and isolated services have a queue of their own.");
+    return true;
+}
+
 } // namespace
 
 bool QueueOwner::acquire(char project) {
-    const Address address = addressOf(ftok("/tmp", project));
+    const key_t key = ftok("/tmp", project);
+    const Address address = addressOf(key);
     mSocket = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     if (mSocket == -1) {
         std::perror("socket");
@@ -50,13 +91,15 @@ bool QueueOwner::acquire(char project) {
     }
     if (bind(mSocket, reinterpret_cast<const sockaddr*>(&address.name), address.length) == -1) {
         if (errno == EADDRINUSE) {
-            std::fprintf(stderr, "Another service already serves the message queue.\n");
+            report("Another service already serves the message queue: " + holderOf(address) +
+                   ". \"lectern serve\" and isolated services have a queue of their own.");
         } else {
             std::perror("bind");
         }
         return false;
     }
-    return true;
+    listen(mSocket, UNACCEPTED);
+    return !isForeign(key);
 }
 
 QueueOwner::~QueueOwner() {

@@ -15,9 +15,10 @@ public:
     QueueOwner(const QueueOwner&) = delete;
     QueueOwner& operator=(const QueueOwner&) = delete;
 
-    // Becomes the owner of the queue of this project (see DocAdapterMessageQueue). If
-    // another process is the owner or no socket can be created, writes a line to
-    // standard error and returns false.
+    // Becomes the owner of the queue of this project (see DocAdapterMessageQueue). False,
+    // with a line on standard error, if no socket can be created, and also with one in
+    // the system log if another process is the owner, whose number and user it tells, or
+    // if the queue belongs to another user.
     [[nodiscard]] bool acquire(char project);
 
 private:

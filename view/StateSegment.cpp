@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "view/StateSegment.h"
 
+#include "base/IpcOwner.h"
 #include "base/SharedSegment.h"
 
 #include <sys/ipc.h>
 #include <sys/shm.h>
+#include <syslog.h>
 
 #include <climits>
 #include <cstdio>
@@ -22,6 +24,13 @@ StateSegment::~StateSegment() {
 
 bool StateSegment::attach(unsigned int id) {
     if (id <= LAST_RESERVED_ID || id > static_cast<unsigned int>(INT_MAX)) {
+        return false;
+    }
+    shmid_ds status{};
+    if (shmctl(static_cast<int>(id), IPC_STAT, &status) == 0 && !lectern::isOwnIpc(status.shm_perm)) {
+        std::fprintf(stderr, "State segment %u belongs to user %u, so a new one is made.\n", id,
+                     status.shm_perm.cuid);
+        syslog(LOG_WARNING, "State segment %u belongs to user %u.", id, status.shm_perm.cuid);
         return false;
     }
     return map(static_cast<int>(id));
@@ -49,10 +58,11 @@ bool StateSegment::map(int id) {
     if (address == reinterpret_cast<void*>(-1)) {
         return false;
     }
-    // Checks the size after attaching: from then on, the identifier cannot refer to
-    // another segment.
+    // Checks the segment after attaching: from then on, the identifier cannot refer to
+    // another one.
     shmid_ds status{};
-    if (shmctl(id, IPC_STAT, &status) != 0 || status.shm_segsz < sizeof(StateRecord)) {
+    if (shmctl(id, IPC_STAT, &status) != 0 || status.shm_segsz != sizeof(StateRecord) ||
+        !lectern::isOwnIpc(status.shm_perm)) {
         shmdt(address);
         return false;
     }

@@ -29,8 +29,10 @@ public:
     // Only one call of attach() or create() may succeed. A failed call leaves the
     // object without a segment.
 
-    // Attaches an existing segment. False if its identifier is reserved, it is
-    // smaller than a record, or it cannot be attached for reading and writing.
+    // Attaches an existing segment. False if its identifier is reserved, it is not
+    // exactly as large as a record, it belongs to another user, which is reported to
+    // standard error and the system log, or it cannot be attached for reading and
+    // writing.
     [[nodiscard]] bool attach(unsigned int id);
     // Creates and attaches a zeroed segment with the key ftok(path, project), or
     // without a key if another segment has it. If the system provides no segment with

@@ -268,7 +268,9 @@ TEST_F(LifecycleTest, ASecondServiceOnTheQueueIsRefusedBeforeItTouchesIt) {
     ASSERT_TRUE(other.acquire(DocAdapterMessageQueue::PROJECT_ID));
     CaptureStderr();
     EXPECT_EQ(runService(), -1);
-    EXPECT_EQ(GetCapturedStderr(), "Another service already serves the message queue.\n");
+    EXPECT_THAT(GetCapturedStderr(),
+                testing::StartsWith("Another service already serves the message queue: process " +
+                                    std::to_string(getpid()) + " of user "));
     EXPECT_FALSE(queueExists());
 }
 

@@ -28,8 +28,23 @@ TEST_F(StateSegmentIpc, AttachesWhatItIsGiven) {
     shmdt(other);
 }
 
-TEST_F(StateSegmentIpc, AttachesALargerSegment) {
-    EXPECT_TRUE(segment.attach(makeClientSegment(1000)));
+TEST_F(StateSegmentIpc, RefusesALargerSegment) {
+    const unsigned int id = makeClientSegment(29);
+    EXPECT_FALSE(segment.attach(id));
+    EXPECT_EQ(segmentStatus(id).shm_nattch, 0U);
+}
+
+TEST_F(StateSegmentIpc, RefusesAndReportsASegmentThatAnotherUserMade) {
+    const unsigned int id = makeClientSegment(28);
+    shmid_ds passedOn = segmentStatus(id);
+    passedOn.shm_perm.uid = 1; // an owner that is not this process's user
+    if (shmctl(static_cast<int>(id), IPC_SET, &passedOn) != 0) {
+        GTEST_SKIP() << "this user namespace has a single user";
+    }
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(segment.attach(id));
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("belongs to user"), std::string::npos);
+    EXPECT_EQ(segment.record(), nullptr);
 }
 
 TEST_F(StateSegmentIpc, RefusesASegmentBelowTheRecordsSize) {
