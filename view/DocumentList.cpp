@@ -11,6 +11,9 @@ namespace {
 constexpr size_t TITLE_CAPACITY = 4096; // UTF-16 units
 constexpr size_t LONGEST_TITLE = 2047;  // bytes
 constexpr size_t BYTES_FOR_APART = 128;
+// The most entries. No suite has more sheets or slides, and with a count that a broken
+// module returns the loop would not end.
+constexpr int MOST_PARTS = 65535;
 
 // A text with a limited number of bytes. Cuts at whole characters.
 class BoundedText {
@@ -34,7 +37,7 @@ private:
 } // namespace
 
 std::string documentList(int count, int current, const TitleReader& readTitle) {
-    const int parts = std::max(0, count);
+    const int parts = std::clamp(count, 0, MOST_PARTS);
     BoundedText list(BYTES_FOR_APART * static_cast<size_t>(parts));
     for (int i = 0; i < parts; ++i) {
         uint16_t title[TITLE_CAPACITY] = {};

@@ -3,6 +3,7 @@
 
 #include "base/GLibHolder.h"
 #include "engine/host/SharedSurface.h"
+#include "engine/modules/Believable.h"
 #include "engine/modules/DocumentHandle.h"
 
 #include <gio/gio.h>
@@ -29,7 +30,7 @@ std::int32_t callInterface(DocumentHandle& handle, Interface* interface, Method 
             },
             inputs);
     });
-    return sent != MODULE_OK ? sent : result;
+    return sent != MODULE_OK ? sent : codeFromEngine(result);
 }
 
 // Runs steps up to the first that fails; returns its code.
@@ -60,7 +61,7 @@ std::int32_t offerSurface(DocumentHandle& handle, std::int32_t width, std::int32
     const std::int32_t sent = handle.call(Losses::callOf(method), [&](GError** error) {
         return send(g_variant_new_handle(index), files.get(), &result, error);
     });
-    return sent != MODULE_OK ? sent : result;
+    return sent != MODULE_OK ? sent : codeFromEngine(result);
 }
 
 } // namespace lectern::engine

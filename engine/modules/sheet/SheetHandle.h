@@ -160,6 +160,9 @@ std::int32_t onMeasures(void* doc, std::int32_t sheet, Use use) {
             if (result != MODULE_OK) {
                 return result;
             }
+            if (read.columns < 0 || read.width < 0 || read.height < 0) {
+                return MODULE_FAILED;
+            }
             read.comments = regionsOf(comments.get());
             handle.measures = std::move(read);
         }

@@ -14,7 +14,7 @@ std::int32_t load(Engine& engine, TimePoint deadline, const DocumentFile& file, 
         return lectern_ipc_sheet_call_open_sync(engine.sheet(), file.path.c_str(), password.c_str(),
                                                 G_DBUS_CALL_FLAGS_NONE, G_MAXINT, &result, nullptr, error);
     });
-    return sent != MODULE_OK ? sent : result;
+    return sent != MODULE_OK ? sent : codeFromEngine(result);
 }
 
 } // namespace

@@ -102,7 +102,14 @@ int32_t stg_render_sheet(void* doc, int32_t sheet, int32_t x, int32_t y) {
 }
 
 int32_t stg_get_sheet_count(void* doc, int32_t* count) {
-    return getFromWorkbook(doc, count, &lectern_ipc_sheet_call_sheet_count_sync);
+    int32_t sheets = 0;
+    const int32_t result = getFromWorkbook(doc, &sheets, &lectern_ipc_sheet_call_sheet_count_sync);
+    const int32_t checked =
+        count == nullptr ? MODULE_BAD_ARGUMENT : checkedCount(result, sheets, 0, MOST_PARTS);
+    if (checked == MODULE_OK) {
+        *count = sheets;
+    }
+    return checked;
 }
 
 int32_t stg_get_column_count(void* doc, int32_t sheet, int32_t* count) {

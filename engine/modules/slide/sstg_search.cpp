@@ -3,6 +3,8 @@
 
 #include "engine/modules/slide/SlideHandle.h"
 
+#include <algorithm>
+
 using namespace lectern::engine;
 using lectern::GLibHolder;
 
@@ -61,6 +63,9 @@ int32_t sstg_find(void* doc, const uint16_t* text, int32_t first_slide, int32_t 
             handle.state.search = {
                 {text, text + unitCount(text) + 1}, first_slide, last_slide, handle.state.colour};
             const std::span<const std::int32_t> numbers = elementsOf<std::int32_t>(found.get());
+            if (std::any_of(numbers.begin(), numbers.end(), [](std::int32_t number) { return number < 0; })) {
+                return std::int32_t{MODULE_FAILED};
+            }
             for (std::size_t i = 0; i + 3 <= numbers.size(); i += 3) {
                 handle.infos.push_back({numbers[i], numbers[i + 1], numbers[i + 2]});
             }

@@ -46,10 +46,11 @@ int32_t sstg_get_slide_count(void* doc, int32_t* count) {
         gint slides = 0;
         const std::int32_t result =
             callEngine(handle, &lectern_ipc_slide_call_slide_count_sync, std::tuple<>(), &slides);
-        if (result == MODULE_OK) {
+        const std::int32_t checked = checkedCount(result, slides, 0, MOST_PARTS);
+        if (checked == MODULE_OK) {
             *count = slides;
         }
-        return result;
+        return checked;
     });
 }
 
@@ -65,7 +66,7 @@ int32_t sstg_get_slide_dimensions(void* doc, int32_t slide, int32_t* width, int3
         if (result != MODULE_OK) {
             return result;
         }
-        if (across < 1 || down < 1) {
+        if (std::min(across, down) < 1 || std::max(across, down) > MOST_POINTS) {
             return MODULE_FAILED;
         }
         *width = across;

@@ -17,7 +17,7 @@ std::int32_t load(Engine& engine, TimePoint deadline, const DocumentFile& file, 
                                                G_DBUS_CALL_FLAGS_NONE, G_MAXINT, &result, &painted, nullptr,
                                                error);
     });
-    return sent != MODULE_OK ? sent : result;
+    return sent != MODULE_OK ? sent : codeFromEngine(result);
 }
 
 } // namespace
