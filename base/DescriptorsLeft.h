@@ -9,7 +9,7 @@
 #include <array>
 #include <cstddef>
 
-namespace lectern::engine {
+namespace lectern {
 
 // Returns whether this process can open Count more file descriptors. GLib
 // aborts the process when it gets none for a main context, and every
@@ -23,4 +23,4 @@ bool descriptorsLeft() {
     });
 }
 
-} // namespace lectern::engine
+} // namespace lectern

@@ -34,12 +34,15 @@ bool Connection::open(FileDescriptor socket) {
     const GLibHolder<char> guid(g_dbus_generate_guid());
     constexpr auto FLAGS =
         static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_SERVER |
-                                          G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_REQUIRE_SAME_USER);
+                                          G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_REQUIRE_SAME_USER |
+                                          G_DBUS_CONNECTION_FLAGS_DELAY_MESSAGE_PROCESSING);
     mBus.reset(
         g_dbus_connection_new_sync(G_IO_STREAM(stream.get()), guid.get(), FLAGS, nullptr, nullptr, nullptr));
     if (!mBus) {
         return false;
     }
+    mFilter.install(mBus.get());
+    g_dbus_connection_start_message_processing(mBus.get());
     g_signal_connect(mBus.get(), "closed", G_CALLBACK(noteClosed), &mClosed);
 
     constexpr auto PLAIN = static_cast<GDBusProxyFlags>(G_DBUS_PROXY_FLAGS_DO_NOT_LOAD_PROPERTIES |

@@ -3,6 +3,7 @@
 
 #include "base/FileDescriptor.h"
 #include "base/GLibHolder.h"
+#include "engine/host/AnswerFilter.h"
 #include "engine/host/Export.h"
 
 #include <EngineProtocol.h>
@@ -33,6 +34,7 @@ private:
     bool open(FileDescriptor socket);
 
     const GLibHolder<GMainContext> mContext; // where it reports its end, to nobody else's loop
+    AnswerFilter mFilter;                    // for as long as mBus
     GLibHolder<GDBusConnection> mBus;
     GLibHolder<LecternIpcProcess> mProcess;
     GLibHolder<LecternIpcWord> mWord;

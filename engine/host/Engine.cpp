@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/host/Engine.h"
 
-#include "engine/host/DescriptorsLeft.h"
+#include "base/DescriptorsLeft.h"
 #include "engine/host/Supervisor.h"
 
 #include <utility>
