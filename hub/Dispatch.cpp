@@ -86,6 +86,11 @@ const char* HubMessageGetPayload(HubMessage* message) {
     return message->payload;
 }
 
+const char* HubMessageGetSender(HubMessage* message) {
+    const char* const sender = g_dbus_message_get_sender(message->call);
+    return sender != nullptr ? sender : "";
+}
+
 bool HubMessageReply(HubHandle* handle, HubMessage* message, const char* payload, HubError* error) {
     if (handle == nullptr || message == nullptr || payload == nullptr) {
         return hub::fail(error, HUB_ERROR_INVALID, "a reply needs a handle, a message and a text");

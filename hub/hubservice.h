@@ -120,6 +120,10 @@ HUB_EXPORT bool HubGmainAttach(HubHandle* handle, GMainLoop* loop, HubError* err
 /* Returns the call's payload: UTF-8, never null, owned by the message. */
 HUB_EXPORT const char* HubMessageGetPayload(HubMessage* message);
 
+/* Returns the caller's unique name on the bus, such as ":1.42": never null, owned by the
+ * message. Empty on a connection without a bus. */
+HUB_EXPORT const char* HubMessageGetSender(HubMessage* message);
+
 /* Replies to a call. Allowed once, while its handler runs. D-Bus carries only
  * valid UTF-8, so the library drops an incomplete character at the end of the
  * payload and replaces every other invalid byte by U+FFFD. The payload is

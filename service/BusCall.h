@@ -35,6 +35,8 @@ public:
     BusCall& operator=(const BusCall&) = delete;
 
     json_object* payload() const { return mPayload.get(); }
+    // The caller's name on the bus.
+    std::string sender() const { return HubMessageGetSender(mMessage); }
 
     // Reads a required parameter. If it is missing, replies "errParamFailed" with
     // missingText and returns false.

@@ -4,6 +4,7 @@
 #include "channel/ServiceQueue.h"
 #include "service/BusCall.h"
 #include "service/DocumentKind.h"
+#include "service/Limits.h"
 #include "service/Parameters.h"
 #include "service/Registry.h"
 #include "service/Resting.h"
@@ -35,9 +36,11 @@ bool readRequest(BusCall& call, CreateRequest& request) {
            call.require("size", request.size) && call.require("datastoreshmid", request.dataStoreShmId);
 }
 
-Documents makeRecord(const CreateRequest& request, FrameBuffer frame, std::unique_ptr<OfficeBase> view) {
+Documents makeRecord(const BusCall& call, const CreateRequest& request, FrameBuffer frame,
+                     std::unique_ptr<OfficeBase> view) {
     Documents document;
     document.view = std::move(view);
+    document.client = call.sender();
     document.shmid = request.shmid;
     document.size = request.size;
     document.buffer = frame.pixels();
@@ -86,8 +89,9 @@ void openDocument(BusCall& call, const CreateRequest& request, FrameBuffer frame
     // had this docid.
     g_msgQueue.Discard(docid + DocAdapterMessageQueue::PAINT_DONE_BASE);
 
-    Documents& document = gDocuments.emplace_back(makeRecord(
-        request, std::move(frame), makeView(request.width, request.height, docid, request.dataStoreShmId)));
+    Documents& document = gDocuments.emplace_back(
+        makeRecord(call, request, std::move(frame),
+                   makeView(request.width, request.height, docid, request.dataStoreShmId)));
     lock.claim(static_cast<unsigned int>(docid));
     const int result = document.view->openFile(request.fileName, request.password);
     noteUse(document);
@@ -117,6 +121,9 @@ bool create(HubHandle* handle, HubMessage* message, void* /*data*/) {
         call.replyError(DOC_TYPE, "doctype is unkown");
     } else if (!frame) {
         std::fprintf(stderr, "Frame buffer refused: %s.\n", problem);
+        call.replyError(PARAM_FAILED, NO_PARAMETER);
+    } else if (const char* refusal = refusalOf(call.sender(), *frame, request.width, request.height)) {
+        std::fprintf(stderr, "Document refused: %s.\n", refusal);
         call.replyError(PARAM_FAILED, NO_PARAMETER);
     } else {
         openDocument(call, request, std::move(*frame), makeView, lock);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "service/FrameBuffer.h"
 
+#include "base/IpcOwner.h"
+
 #include <sys/mman.h>
 #include <sys/shm.h>
 
@@ -42,6 +44,10 @@ std::optional<FrameBuffer> FrameBuffer::attach(unsigned int shmid, int width, in
         problem = "no such segment";
         return std::nullopt;
     }
+    if (!lectern::isOwnIpc(segment.shm_perm)) {
+        problem = "the segment belongs to another user";
+        return std::nullopt;
+    }
     if (segment.shm_segsz < static_cast<size_t>(size)) {
         problem = "size larger than the segment";
         return std::nullopt;
@@ -63,20 +69,22 @@ std::optional<FrameBuffer> FrameBuffer::attach(unsigned int shmid, int width, in
         problem = "segment cannot be attached";
         return std::nullopt;
     }
-    return FrameBuffer(range, rangeSize, place, size);
+    return FrameBuffer(range, rangeSize, place, segment.shm_segsz, size);
 }
 
-FrameBuffer::FrameBuffer(void* range, size_t rangeSize, void* segment, int size)
-    : mRange(range), mRangeSize(rangeSize), mPixels(static_cast<unsigned int*>(segment)),
-      mStatus(static_cast<unsigned char*>(segment) + size - 1) {}
+FrameBuffer::FrameBuffer(void* range, size_t rangeSize, void* segment, size_t segmentBytes, int size)
+    : mRange(range), mRangeSize(rangeSize), mSegmentBytes(segmentBytes),
+      mPixels(static_cast<unsigned int*>(segment)), mStatus(static_cast<unsigned char*>(segment) + size - 1) {
+}
 
 FrameBuffer::FrameBuffer(FrameBuffer&& other) noexcept
-    : mRange(std::exchange(other.mRange, nullptr)), mRangeSize(other.mRangeSize), mPixels(other.mPixels),
-      mStatus(other.mStatus) {}
+    : mRange(std::exchange(other.mRange, nullptr)), mRangeSize(other.mRangeSize),
+      mSegmentBytes(other.mSegmentBytes), mPixels(other.mPixels), mStatus(other.mStatus) {}
 
 FrameBuffer& FrameBuffer::operator=(FrameBuffer&& other) noexcept {
     std::swap(mRange, other.mRange);
     std::swap(mRangeSize, other.mRangeSize);
+    std::swap(mSegmentBytes, other.mSegmentBytes);
     std::swap(mPixels, other.mPixels);
     std::swap(mStatus, other.mStatus);
     return *this;

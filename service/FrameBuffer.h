@@ -25,7 +25,7 @@ public:
     // pixels of 4 bytes; the last of them is the status byte. Returns nothing,
     // with the reason in `problem`, if a side is below 1 or above MAX_SIDE, the
     // frame is larger than size, size is larger than the segment, or the segment
-    // does not exist or cannot be attached. On success `problem` is null.
+    // does not exist, belongs to another user or cannot be attached. On success `problem` is null.
     [[nodiscard]] static std::optional<FrameBuffer> attach(unsigned int shmid, int width, int height,
                                                            int size, const char*& problem);
 
@@ -41,14 +41,17 @@ public:
     // The last of the `size` bytes, which signals a finished paint. It is part of
     // the last pixel if the frame fills all of them.
     unsigned char* status() const { return mStatus; }
+    // The size of the whole segment.
+    size_t segmentBytes() const { return mSegmentBytes; }
     // Gives up ownership: the segment stays attached until the process ends.
     void abandon() { mRange = nullptr; }
 
 private:
-    FrameBuffer(void* range, size_t rangeSize, void* segment, int size);
+    FrameBuffer(void* range, size_t rangeSize, void* segment, size_t segmentBytes, int size);
 
     void* mRange; // slack, segment, slack
     size_t mRangeSize;
+    size_t mSegmentBytes;
     unsigned int* mPixels;
     unsigned char* mStatus;
 };

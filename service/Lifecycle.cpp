@@ -5,6 +5,7 @@
 #include "channel/ServiceQueue.h"
 #include "hub/hubservice.h"
 #include "service/IdleClock.h"
+#include "service/Limits.h"
 #include "service/MethodTables.h"
 #include "service/ModuleCalls.h"
 #include "service/QueueReaders.h"
@@ -133,6 +134,7 @@ bool serve(HubHandle* handle, MainLoop& loop, BusError& error) {
 
 int runService() {
     syslog(LOG_INFO, "Starting LecternServer");
+    raiseDescriptorLimit();
     SignalThread signals;
     if (!checkThread(signals.start())) {
         return -1;

@@ -16,9 +16,11 @@
 #include <deque>
 #include <memory>
 #include <optional>
+#include <string>
 
 struct Documents {
     std::unique_ptr<OfficeBase> view;              // null once destroyed
+    std::string client;                            // the bus name of who opened it
     uint32_t shmid = 0;                            // the client's frame-buffer segment; 0: none
     int32_t size = 0;                              // the segment's size in bytes, as the client stated it
     unsigned int* buffer = nullptr;                // the frame's first pixel

@@ -99,6 +99,8 @@ public:
     // Restores the pictures. Does nothing unless the view rests.
     void wake();
     bool isResting() const { return !mResting.empty(); }
+    // The memory of its pictures in bytes, also while they are packed.
+    uint64_t pictureBytes();
     // Marks the view changed and notifies the client, which then requests a paint.
     void InvalidateScreen();
     // Sends the client a notification about this view. Does nothing if the view has

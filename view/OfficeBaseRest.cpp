@@ -17,6 +17,16 @@ void OfficeBase::rest() {
     releaseModuleMemory();
 }
 
+uint64_t OfficeBase::pictureBytes() {
+    uint64_t bytes = 0;
+    for (const CpPixmap* picture : pictures()) {
+        if (picture != nullptr && picture->Pixels() != nullptr) {
+            bytes += static_cast<uint64_t>(picture->Area()) * sizeof *picture->Pixels();
+        }
+    }
+    return bytes;
+}
+
 void OfficeBase::wake() {
     if (!isResting()) {
         return;

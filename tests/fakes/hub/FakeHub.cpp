@@ -113,6 +113,10 @@ const char* HubMessageGetPayload(HubMessage* message) {
     return message->payload;
 }
 
+const char* HubMessageGetSender(HubMessage* /*message*/) {
+    return fakeHub.sender.c_str();
+}
+
 bool HubMessageReply(HubHandle* /*handle*/, HubMessage* message, const char* payload, HubError* error) {
     if (!fakeHub.replyFailure.empty()) {
         return fail(error, fakeHub.replyFailure);

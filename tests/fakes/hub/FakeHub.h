@@ -19,6 +19,8 @@ struct FakeHub {
     std::string failure = "the bus said no";
     // The message with which replies are refused; when empty, replies are sent.
     std::string replyFailure;
+    // The name of the client that calls.
+    std::string sender = ":1.1";
     // Called before each request is carried out, and before each look at a payload.
     std::function<void(const std::string& what)> onRequest;
     std::function<void()> onPayload;
