@@ -3,6 +3,7 @@
 // the client's frame buffer.
 #include "excel/Excel.h"
 #include "raster/Saturate.h"
+#include "view/DrawingBudget.h"
 
 #include <algorithm>
 #include <cassert>
@@ -60,11 +61,15 @@ int Excel::drawOffscreenBuffer() {
     }
     mRenderResult = mModule.stg_render_sheet(mDocument, mCurrentSheet, mCells->Left(), mCells->Top());
     mUnrendered = mRenderResult != 0;
+    DrawingBudget budget(*mCells);
     for (const stg_region& mark : mCommentMarks) {
         const int side = mark.height / 2;
         const int right = saturatedSum(saturatedDifference(mark.x, mCells->Left()), mark.width);
-        mCells->DrawAlphaTriOnPix(saturatedDifference(right, side),
-                                  saturatedDifference(mark.y, mCells->Top()), side, COMMENT_COLOUR);
+        const int left = saturatedDifference(right, side);
+        const int top = saturatedDifference(mark.y, mCells->Top());
+        if (budget.coversTriangle(left, top, side)) {
+            mCells->DrawAlphaTriOnPix(left, top, side, COMMENT_COLOUR);
+        }
     }
     mOffscreenDirty = false;
     return 0;

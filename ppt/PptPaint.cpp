@@ -2,6 +2,7 @@
 // Rendering slides, marking the current hit, and painting pinches.
 #include "ppt/PPT.h"
 #include "raster/Saturate.h"
+#include "view/DrawingBudget.h"
 #include "view/PinchGeometry.h"
 
 #include <cstdio>
@@ -81,11 +82,14 @@ int PPT::drawCurrentResult(CpPixmap* frame) {
     }
     const int left = saturatedDifference(mSurface->Left(), mScroll.x);
     const int top = saturatedDifference(mSurface->Top(), mScroll.y);
+    DrawingBudget budget(*frame);
     for (const module_rect& hit : std::span(region->rectangles, region->rectangle_count)) {
         const int x = saturatedSum(left, hit.x);
         const int y = saturatedSum(top, hit.y);
         CpRect mark(x, y, saturatedSum(x, hit.width), saturatedSum(y, hit.height));
-        frame->DrawAlphaRectOnPix(mark, CURRENT_HIT_COLOUR);
+        if (budget.coversRect(mark)) {
+            frame->DrawAlphaRectOnPix(mark, CURRENT_HIT_COLOUR);
+        }
     }
     return 0;
 }

@@ -4,6 +4,7 @@
 // mCurrentResult is its index in mRegions while it is inside the stretch. Otherwise
 // it only says, by being 0 or more, that there is a current hit.
 #include "raster/Saturate.h"
+#include "view/DrawingBudget.h"
 #include "view/JsonReply.h"
 #include "view/ModuleArguments.h"
 #include "view/TextHelpers.h"
@@ -205,12 +206,15 @@ int Word::drawCurrentResult(CpPixmap* frame) {
     }
     const int left = saturatedDifference(mDocPixmap->Left(), mScroll.x);
     const int top = saturatedDifference(mDocPixmap->Top(), mScroll.y);
+    DrawingBudget budget(*frame);
     for (uint32_t i = 0; i < region->rectangle_count; ++i) {
         const module_rect& hit = region->rectangles[i];
         const int x = saturatedSum(left, hit.x);
         const int y = saturatedSum(top, hit.y);
         CpRect mark(x, y, saturatedSum(x, hit.width), saturatedSum(y, hit.height));
-        frame->DrawAlphaRectOnPix(mark, CURRENT_HIT_COLOUR);
+        if (budget.coversRect(mark)) {
+            frame->DrawAlphaRectOnPix(mark, CURRENT_HIT_COLOUR);
+        }
     }
     return 0;
 }

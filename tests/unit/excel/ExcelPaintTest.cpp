@@ -332,4 +332,14 @@ TEST_F(ExcelPaintTest, WhatCannotBeRenderedLeavesTheLastFrame) {
     EXPECT_NE(std::memcmp(after.pixels(), before.pixels(), before.size() * 4), 0) << "both zooms";
 }
 
+TEST_F(ExcelPaintTest, HugeCommentMarksOfABrokenModuleAreNotDrawn) {
+    const auto view = openView();
+    // Rows of such a mark would cover the rest of the surface, each for 1,500 rows.
+    fakeSheet().marks =
+        std::vector<stg_region>(1000, {0, -1'000'000'000, -100, 1'000'000'500, 1'460'000'000});
+    view->resizeDocument();
+    view->mOffscreenDirty = true;
+    expectSheet(*view, paint(*view));
+}
+
 } // namespace
