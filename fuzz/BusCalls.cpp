@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// Calls bus methods with any payload while a document is open. Input: lines of one byte
-// with the method's number, followed by the payload.
+// Calls bus methods with any payload while a document is open. Input: a byte for the
+// document's kind, then lines of one byte with the method's number, followed by the payload.
+#include "fuzz/FakeModules.h"
 #include "fuzz/FuzzedService.h"
 
 #include <algorithm>
@@ -11,8 +12,13 @@ extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    const FuzzedDocument document(nullptr, 0);
+    if (size == 0) {
+        return 0;
+    }
+    resetFakeModules();
+    const FuzzedDocument document(nullptr, 0, *data % FuzzedDocument::KINDS);
     const uint8_t* const end = data + size;
+    ++data;
     while (data < end) {
         const uint8_t* const lineEnd = std::find(data, end, '\n');
         if (lineEnd > data) {

@@ -5,7 +5,6 @@
 #include "service/MethodTables.h"
 #include "service/Registry.h"
 #include "tests/fakes/hub/FakeHub.h"
-#include "tests/fakes/word/FakeWordModule.h"
 
 #include <sched.h>
 #include <sys/ipc.h>
@@ -64,20 +63,14 @@ void startFuzzedService() {
     addCategory("/ppt", pptMethods);
 }
 
-FuzzedDocument::FuzzedDocument(const uint8_t* state, size_t stateSize)
+FuzzedDocument::FuzzedDocument(const uint8_t* state, size_t stateSize, unsigned kind)
     : mFrame(makeSegment(FRAME_BYTES)), mState(stateSize < STATE_BYTES ? 0 : makeSegment(STATE_BYTES)) {
-    fakeWord().reset();
-    fakeWord().recording = false;
-    if (mState != 0) {
-        void* record = shmat(mState, nullptr, 0);
-        std::memcpy(record, state, STATE_BYTES);
-        shmdt(record);
-    }
+    constexpr const char* NAMES[KINDS] = {"rows-2000.docx", "a.xlsx", "a.pptx"};
+    writeState(state, stateSize);
     char payload[256];
-    std::snprintf(
-        payload, sizeof payload,
-        R"({"filename":"rows-2000.docx","width":%d,"height":%d,"shmid":"%d","size":%d,"datastoreshmid":"%d"})",
-        WIDTH, HEIGHT, mFrame, FRAME_BYTES, mState);
+    std::snprintf(payload, sizeof payload,
+                  R"({"filename":"%s","width":%d,"height":%d,"shmid":"%d","size":%d,"datastoreshmid":"%d"})",
+                  NAMES[kind], WIDTH, HEIGHT, mFrame, FRAME_BYTES, mState);
     fakeHub.call("/events", "create", payload);
 }
 
@@ -90,6 +83,22 @@ FuzzedDocument::~FuzzedDocument() {
         shmctl(mState, IPC_RMID, nullptr);
     }
     g_msgQueue.Drain();
+}
+
+void FuzzedDocument::writeState(const uint8_t* state, size_t stateSize) const {
+    if (mState == 0 || stateSize < STATE_BYTES) {
+        return;
+    }
+    void* record = shmat(mState, nullptr, 0);
+    std::memcpy(record, state, STATE_BYTES);
+    shmdt(record);
+}
+
+std::string anyPayload(unsigned x, unsigned y) {
+    return R"({"docid":0,"search":"a","column":"/dev/null","mode":"on","orientation":"left","chr":13,)"
+           R"("modifiers":0,"xCoord":)" +
+           std::to_string(x) + R"(,"yCoord":)" + std::to_string(y) + R"(,"sheet":)" + std::to_string(x % 4) +
+           R"(,"slide":)" + std::to_string(x % 4) + R"(,"wideMode":)" + (y % 2 == 0 ? "true" : "false") + "}";
 }
 
 void callMethod(size_t number, const std::string& payload) {
