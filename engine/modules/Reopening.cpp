@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // How a document gets another engine when it has lost one.
-#include "engine/host/DescriptorsLeft.h"
+#include "base/DescriptorsLeft.h"
 #include "engine/host/Supervisor.h"
 #include "engine/host/Waiting.h"
 #include "engine/modules/DocumentHandle.h"

@@ -218,7 +218,7 @@ int main() {
     const FileDescriptor requests(engine::ENGINE_SOCKET);
     for (;;) {
         Packet request;
-        if (!receivePacket(requests.get(), request) || request.files.size() != 2) {
+        if (!receivePacket(requests.get(), request) || request.files.size() != 3) {
             return 0;
         }
         const pid_t child = fork();
@@ -226,7 +226,6 @@ int main() {
             becomeEngine(std::move(request));
         }
         const FileDescriptor pidfd(pidfd_open(child, 0));
-        const char answer = engine::CONFINED;
-        (void)sendPacket(requests.get(), std::string_view(&answer, 1), {pidfd.get()});
+        (void)sendPacket(requests.get(), std::string_view(&engine::FORKED, 1), {pidfd.get()});
     }
 }
