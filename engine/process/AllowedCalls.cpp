@@ -44,13 +44,10 @@ constexpr const char* UNCONDITIONAL[] = {
 #endif
 };
 
-// What the fork server calls, and an engine until it is confined.
+// What only the fork server calls, and an engine until it is confined.
 constexpr const char* OF_FORK_SERVER[] = {
     "pidfd_open", "setsid", "alarm",
     "landlock_create_ruleset", "landlock_add_rule", "landlock_restrict_self", "seccomp",
-    // An abort() in either process. A filter knows the pid of the process that loads it,
-    // so that of the fork server would refuse an engine's.
-    "tgkill",
 };
 // clang-format on
 
@@ -65,13 +62,13 @@ constexpr std::uint64_t NEW_NAMESPACES =
 
 // The first argument of clone is its flags; clone3, which hides them behind a pointer,
 // does not exist here.
-AllowedCall cloneWith(std::uint64_t flags) {
+SystemCall cloneWith(std::uint64_t flags) {
     return {"clone", {{0, NEW_NAMESPACES | CLONE_VM | CLONE_SIGHAND | CLONE_THREAD, flags}}};
 }
 
 // No ownership of signals, no leases, no notes of changes, no locks that others see, no
 // larger pipes.
-void allowOwnDescriptors(std::vector<AllowedCall>& calls) {
+void allowOwnDescriptors(std::vector<SystemCall>& calls) {
     for (const int command : {F_DUPFD, F_DUPFD_CLOEXEC, F_GETFD, F_SETFD, F_GETFL}) {
         calls.push_back({"fcntl", {equals(1, static_cast<std::uint64_t>(command))}});
     }
@@ -83,17 +80,23 @@ void allowOwnDescriptors(std::vector<AllowedCall>& calls) {
 // Memory that counts as data of this process, and memory of files: no further memory that
 // could be shared, which no limit would cover. The suite's libraries are loaded late, and
 // its components call each other through code that it writes, so memory can be executed.
-void allowLimitedMemory(std::vector<AllowedCall>& calls) {
+void allowLimitedMemory(std::vector<SystemCall>& calls) {
     calls.push_back({"mmap", {{3, MAP_TYPE, MAP_PRIVATE}}});
     calls.push_back({"mmap", {{3, MAP_TYPE | MAP_ANONYMOUS, MAP_SHARED}}});
 }
 
-std::vector<AllowedCall> callsOfBoth() {
-    std::vector<AllowedCall> calls;
+} // namespace
+
+std::vector<SystemCall> allowedCalls() {
+    std::vector<SystemCall> calls;
     for (const char* name : UNCONDITIONAL) {
         calls.push_back({name, {}});
     }
-    calls.push_back(cloneWith(CLONE_VM | CLONE_SIGHAND | CLONE_THREAD));
+    for (const char* name : OF_FORK_SERVER) {
+        calls.push_back({name, {}});
+    }
+    calls.push_back(cloneWith(CLONE_VM | CLONE_SIGHAND | CLONE_THREAD)); // a thread
+    calls.push_back(cloneWith(0));                                       // an engine
     allowOwnDescriptors(calls);
     allowLimitedMemory(calls);
     // An address would let a datagram reach other sockets.
@@ -101,24 +104,17 @@ std::vector<AllowedCall> callsOfBoth() {
     calls.push_back({"socketpair", {equals(0, AF_UNIX), {1, 0xF, SOCK_STREAM}}});
     calls.push_back({"prctl", {equals(0, PR_SET_NAME)}});
     calls.push_back({"prlimit64", {equals(0, 0)}}); // its own limits, which are only lowered
+    calls.push_back({"tgkill", {}});                // for an abort()
     return calls;
 }
 
-} // namespace
-
-std::vector<AllowedCall> callsOfEngine() {
-    std::vector<AllowedCall> calls = callsOfBoth();
-    // An abort().
-    calls.push_back({"tgkill", {equals(0, static_cast<std::uint64_t>(getpid()))}});
-    return calls;
-}
-
-std::vector<AllowedCall> callsOfForkServer() {
-    std::vector<AllowedCall> calls = callsOfBoth();
+std::vector<SystemCall> callsRefusedToEngine() {
+    std::vector<SystemCall> calls;
     for (const char* name : OF_FORK_SERVER) {
         calls.push_back({name, {}});
     }
-    calls.push_back(cloneWith(0));
+    calls.push_back({"clone", {{0, CLONE_THREAD, 0}}});
+    calls.push_back({"tgkill", {{0, EXACT, static_cast<std::uint64_t>(getpid()), false}}});
     return calls;
 }
 

@@ -93,7 +93,7 @@ bool enterSandbox(const std::string& folder) {
         std::perror("engine: file rules");
         return false;
     }
-    return allowOnly(callsOfForkServer());
+    return allowOnly(allowedCalls());
 }
 
 bool confineEngine(const EngineFiles& files) {
@@ -101,7 +101,7 @@ bool confineEngine(const EngineFiles& files) {
         std::perror("engine: file rules");
         return false;
     }
-    return allowOnly(callsOfEngine());
+    return refuse(callsRefusedToEngine());
 }
 
 } // namespace lectern::engine

@@ -7,11 +7,14 @@
 
 namespace lectern::engine {
 
-// Makes all other system calls fail from now on, in this process and those it forks: with
-// EPERM, or with ENOSYS where the C library then makes another call. A filter that is
-// there stays, so that a second one can only allow less. Returns false when it cannot be
-// loaded, with the reason on standard error. REQUIRES: no_new_privs is set, and the
-// process has one thread.
-[[nodiscard]] bool allowOnly(const std::vector<AllowedCall>& calls);
+// These make system calls fail from now on, in this process and those it forks: with
+// EPERM, or with ENOSYS where the C library then makes another call. They return false
+// when that is not possible, with the reason on standard error. REQUIRES: no_new_privs is
+// set, and the process has one thread.
+
+// All others fail.
+[[nodiscard]] bool allowOnly(const std::vector<SystemCall>& calls);
+// These fail, too. Takes less time.
+[[nodiscard]] bool refuse(const std::vector<SystemCall>& calls);
 
 } // namespace lectern::engine
