@@ -38,10 +38,6 @@ constexpr const char* UNCONDITIONAL[] = {
     "sendmsg", "recvmsg", "recvfrom", "getsockopt", "getsockname", "getpeername", "shutdown",
     // Who and where it is; random numbers.
     "getpid", "getuid", "geteuid", "getgid", "getegid", "uname", "sysinfo", "getrandom",
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-    // The sanitizers ask for limits of threads, and the leaks' search for the parent.
-    "getppid", "sched_getparam", "sched_getscheduler", "membarrier", "msync",
-#endif
 };
 
 // What only the fork server calls, and an engine until it is confined.
