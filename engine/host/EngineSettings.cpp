@@ -76,4 +76,9 @@ TimeLimits TimeLimits::forDocument(const std::string& path, off_t bytes) {
     return limits;
 }
 
+milliseconds TimeLimits::betweenCalls() {
+    constexpr std::chrono::minutes LONGEST(5);
+    return limitFrom("LECTERN_ENGINE_IDLE_LIMIT_MS", LONGEST * SLOWNESS);
+}
+
 } // namespace lectern::engine

@@ -35,6 +35,10 @@ struct TimeLimits {
     // LECTERN_ENGINE_OPEN_LIMIT_MS, LECTERN_ENGINE_CALL_LIMIT_MS and
     // LECTERN_ENGINE_BUSY_LIMIT_MS override the limits for any size.
     LECTERN_ENGINE_EXPORT static TimeLimits forDocument(const std::string& path, off_t bytes);
+
+    // The processor time that an engine may take without a call, to prepare what is shown
+    // next. LECTERN_ENGINE_IDLE_LIMIT_MS overrides it.
+    static std::chrono::milliseconds betweenCalls();
 };
 
 } // namespace lectern::engine

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/host/EngineTotals.h"
 
+#include "engine/host/EngineSettings.h"
+
 #include <sys/stat.h>
 
 #include <cstdint>
 #include <cstdio>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -70,9 +73,27 @@ int valueOf(const std::string& path, const std::string& name) {
     return value;
 }
 
+std::chrono::nanoseconds processorTime(int pid) {
+    clockid_t clock = 0;
+    timespec used{};
+    if (clock_getcpuclockid(pid, &clock) != 0 || clock_gettime(clock, &used) != 0) {
+        return {}; // it has ended
+    }
+    return std::chrono::seconds(used.tv_sec) + std::chrono::nanoseconds(used.tv_nsec);
+}
+
 } // namespace
 
-bool exceedsTotals(const EngineProcess& process) {
+bool EngineTotals::spins(int pid, std::uint64_t calls) {
+    const std::chrono::nanoseconds used = processorTime(pid);
+    if (calls != mCalls) {
+        mCalls = calls;
+        mProcessorTimeAtCall = used;
+    }
+    return used - mProcessorTimeAtCall > TimeLimits::betweenCalls();
+}
+
+bool EngineTotals::exceed(const EngineProcess& process, std::uint64_t calls) {
     const std::string& folder = process.folder()->path();
     const int pid = valueOf("/proc/self/fdinfo/" + std::to_string(process.pidfd()), "Pid:");
     const std::string information = "/proc/" + std::to_string(pid);
@@ -85,8 +106,12 @@ bool exceedsTotals(const EngineProcess& process) {
                      files.count, static_cast<long long>(files.bytes >> 20));
     } else if (threads > MOST_THREADS) {
         std::fprintf(stderr, "engine: one is ended: it has %d threads\n", threads);
+    } else if (spins(pid, calls)) {
+        std::fprintf(stderr, "engine: one is ended: it works without a call\n");
+    } else {
+        return false;
     }
-    return files.tooMany() || threads > MOST_THREADS;
+    return true;
 }
 
 } // namespace lectern::engine

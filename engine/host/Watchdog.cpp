@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/host/Watchdog.h"
 
-#include "engine/host/EngineTotals.h"
-
 #include <sys/eventfd.h>
 
 #include <algorithm>
@@ -44,6 +42,7 @@ Watchdog::Handle Watchdog::watch(std::unique_ptr<EngineProcess> process) {
 
 void Watchdog::setDeadline(const Handle& handle, TimePoint deadline) {
     const Lock lock(mMutex);
+    handle->calls++;
     handle->deadline = std::min(deadline, Clock::now() + mLongest);
     wakeFor(handle->deadline);
 }
@@ -163,13 +162,18 @@ void Watchdog::lookAtTotals() {
         return;
     }
     mNextLook = Clock::now() + LOOK;
-    std::list<Handle> all;
+    std::list<std::pair<Handle, std::uint64_t>> engines; // with their counts of calls
     {
         const Lock lock(mMutex);
-        all = mWatched;
+        for (const Handle& handle : mWatched) {
+            if (!handle->process->isForkServer()) {
+                handle->calls += handle->deadline != TimePoint::max() ? 1 : 0; // it still runs
+                engines.emplace_back(handle, handle->calls);
+            }
+        }
     }
-    for (const Handle& handle : all) {
-        if (!handle->process->isForkServer() && exceedsTotals(*handle->process)) {
+    for (const auto& [handle, calls] : engines) {
+        if (handle->totals.exceed(*handle->process, calls)) {
             kill(handle);
         }
     }

@@ -3,6 +3,7 @@
 
 #include "base/Mutex.h"
 #include "engine/host/EngineProcess.h"
+#include "engine/host/EngineTotals.h"
 
 #include <poll.h>
 
@@ -35,6 +36,8 @@ public:
         TimePoint deadline = TimePoint::max();
         bool expired = false; // killed because its deadline passed
         bool gone = false;    // reaped, its folder removed
+        std::uint64_t calls = 0;
+        EngineTotals totals; // the watchdog's thread's
     };
     using Handle = std::shared_ptr<Watched>;
 

@@ -94,6 +94,12 @@ std::int32_t misbehave(const std::string& action) {
     if (action == "threads") {
         startThreads();
     }
+    if (action == "spin") {
+        std::thread([] {
+            for (volatile bool on = true; on;) {
+            }
+        }).detach();
+    }
     if (action == "starve") {
         throw std::bad_alloc();
     }

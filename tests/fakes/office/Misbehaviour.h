@@ -10,7 +10,7 @@ namespace lectern::engine::fake {
 // documents make an office suite misbehave:
 //   hang (and create a file "hanging" in the temporary folder),
 //   crash, exit, eat (memory, until none is left), throw,
-//   starve (as if there were no memory left), threads (many),
+//   starve (as if there were no memory left), threads (many), spin (after the call),
 //   litter (large files), removed (large files, which are removed and stay open),
 //   slow:MILLISECONDS, code:MODULE_RESULT, second:MODULE_RESULT (every second time)
 // An empty action does nothing. Returns the result code for the call.

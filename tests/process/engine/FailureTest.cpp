@@ -249,6 +249,7 @@ TEST_F(FailureTest, ManyThreadsOpenAndCloseAtOnce) {
 class TotalsTest : public EngineTest, public testing::WithParamInterface<const char*> {};
 
 TEST_P(TotalsTest, AnEngineThatTakesTooMuchIsEnded) {
+    setVariable("LECTERN_ENGINE_IDLE_LIMIT_MS", "500");
     Document document;
     open(document, std::string("count=") + GetParam() + "\n");
     ASSERT_TRUE(waitForEngines(1));
@@ -258,7 +259,7 @@ TEST_P(TotalsTest, AnEngineThatTakesTooMuchIsEnded) {
     EXPECT_TRUE(waitForEngines(0));
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, TotalsTest, testing::Values("litter", "removed", "threads"),
+INSTANTIATE_TEST_SUITE_P(Of, TotalsTest, testing::Values("litter", "removed", "threads", "spin"),
                          [](const auto& what) { return std::string(what.param); });
 
 } // namespace
