@@ -42,18 +42,16 @@ void addFilesIn(const std::string& folder, Files& files) {
     }
 }
 
-// Of the folder's file system: the surfaces are in memory.
+// Only files of the folder are looked at: the document may be on a device that hangs.
 void addRemovedFiles(const std::string& process, const std::string& folder, Files& files) {
-    struct stat place {};
-    if (stat(folder.c_str(), &place) != 0) {
-        return;
-    }
     std::error_code error;
     fs::directory_iterator entry(process + "/fd", error);
     for (const fs::directory_iterator end; !error && entry != end; entry.increment(error)) {
+        std::error_code closed;
+        const std::string place = fs::read_symlink(entry->path(), closed);
         struct stat file {};
-        const bool opened = stat(entry->path().c_str(), &file) == 0;
-        if (opened && file.st_nlink == 0 && file.st_dev == place.st_dev) {
+        if (place.rfind(folder + "/", 0) == 0 && stat(entry->path().c_str(), &file) == 0 &&
+            file.st_nlink == 0) {
             files.count++;
             files.bytes += file.st_size;
         }
@@ -77,7 +75,7 @@ std::chrono::nanoseconds processorTime(int pid) {
     clockid_t clock = 0;
     timespec used{};
     if (clock_getcpuclockid(pid, &clock) != 0 || clock_gettime(clock, &used) != 0) {
-        return {}; // it has ended
+        return {}; // it ends now
     }
     return std::chrono::seconds(used.tv_sec) + std::chrono::nanoseconds(used.tv_nsec);
 }
@@ -96,6 +94,9 @@ bool EngineTotals::spins(int pid, std::uint64_t calls) {
 bool EngineTotals::exceed(const EngineProcess& process, std::uint64_t calls) {
     const std::string& folder = process.folder()->path();
     const int pid = valueOf("/proc/self/fdinfo/" + std::to_string(process.pidfd()), "Pid:");
+    if (pid < 1) {
+        return false; // it has ended
+    }
     const std::string information = "/proc/" + std::to_string(pid);
     Files files;
     addFilesIn(folder, files);
