@@ -6,13 +6,6 @@
 #include <utility>
 
 namespace lectern::engine {
-namespace {
-
-void noteClosed(GDBusConnection*, gboolean, GError*, gpointer closed) {
-    *static_cast<bool*>(closed) = true;
-}
-
-} // namespace
 
 std::unique_ptr<Connection> Connection::make(FileDescriptor socket) {
     std::unique_ptr<Connection> connection(new Connection());
@@ -42,8 +35,8 @@ bool Connection::open(FileDescriptor socket) {
         return false;
     }
     mFilter.install(mBus.get());
+    g_signal_connect(mBus.get(), "closed", G_CALLBACK(noteEnd), this);
     g_dbus_connection_start_message_processing(mBus.get());
-    g_signal_connect(mBus.get(), "closed", G_CALLBACK(noteClosed), &mClosed);
 
     constexpr auto PLAIN = static_cast<GDBusProxyFlags>(G_DBUS_PROXY_FLAGS_DO_NOT_LOAD_PROPERTIES |
                                                         G_DBUS_PROXY_FLAGS_DO_NOT_CONNECT_SIGNALS);
@@ -59,9 +52,28 @@ bool Connection::open(FileDescriptor socket) {
 // connection until the main context dispatches it. Dispatch it here, or the
 // socket would never be closed.
 Connection::~Connection() {
+    awaitEnd();
+}
+
+void Connection::awaitEnd() {
     while (mBus && !mClosed) {
         g_main_context_iteration(mContext.get(), TRUE);
     }
+}
+
+// GLib closes a connection on which it cannot decode a message.
+void Connection::noteEnd(GDBusConnection* /*bus*/, gboolean /*vanished*/, GError* error, gpointer self) {
+    auto& connection = *static_cast<Connection*>(self);
+    connection.mClosed = true;
+    connection.mBroken = g_error_matches(error, G_IO_ERROR, G_IO_ERROR_INVALID_ARGUMENT) != FALSE;
+}
+
+bool Connection::wasBroken() {
+    if (g_dbus_connection_is_closed(mBus.get()) == FALSE) {
+        return false;
+    }
+    awaitEnd();
+    return mBroken;
 }
 
 } // namespace lectern::engine

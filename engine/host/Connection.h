@@ -24,6 +24,10 @@ public:
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
+    // After a call has found the connection closed: whether the engine sent what is no
+    // message, and not ended it. Waits for GLib's report.
+    bool wasBroken();
+
     LecternIpcProcess* process() const { return mProcess.get(); }
     LecternIpcWord* word() const { return mWord.get(); }
     LecternIpcSheet* sheet() const { return mSheet.get(); }
@@ -32,6 +36,8 @@ public:
 private:
     Connection();
     bool open(FileDescriptor socket);
+    void awaitEnd();
+    static void noteEnd(GDBusConnection* bus, gboolean vanished, GError* error, gpointer self);
 
     const GLibHolder<GMainContext> mContext; // where it reports its end, to nobody else's loop
     AnswerFilter mFilter;                    // for as long as mBus
@@ -41,6 +47,7 @@ private:
     GLibHolder<LecternIpcSheet> mSheet;
     GLibHolder<LecternIpcSlide> mSlide;
     bool mClosed = false;
+    bool mBroken = false;
 };
 
 } // namespace lectern::engine

@@ -73,7 +73,10 @@ std::int32_t Engine::endCall(bool answered, const GError* error) {
         return MODULE_FAILED;
     }
     kill();
-    return expired ? MODULE_TIMED_OUT : MODULE_ENGINE_LOST;
+    if (expired) {
+        return MODULE_TIMED_OUT;
+    }
+    return mConnection->wasBroken() ? MODULE_FAILED : MODULE_ENGINE_LOST;
 }
 
 } // namespace lectern::engine

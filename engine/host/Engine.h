@@ -28,13 +28,16 @@ public:
     Engine& operator=(const Engine&) = delete;
 
     bool isAlive() const;
+    // Whether a call has found the process lost.
+    bool isLost() const { return mLost; }
     // Ends the process; it is lost then.
     void kill();
 
     // Runs one call on the connection, send(GError**), which must have no time limit
     // of its own. Returns MODULE_OK when the engine answered, MODULE_TIMED_OUT (the
     // engine was killed) or MODULE_ENGINE_LOST, and MODULE_FAILED for an invalid
-    // answer or when this process has too few file descriptors.
+    // answer, after which the engine is lost if nothing more can be read from it, or when
+    // this process has too few file descriptors.
     template<class Send>
     std::int32_t call(TimePoint deadline, Send send) {
         if (const std::int32_t refused = beginCall(deadline); refused != MODULE_OK) {

@@ -31,7 +31,7 @@ TimePoint DocumentHandle::deadline(TimePoint now) {
 std::int32_t DocumentHandle::noteCall(Losses::Call kind, TimePoint start, std::int32_t result) {
     const TimePoint now = Clock::now();
     busy.add(start, now);
-    if (result == MODULE_TIMED_OUT || result == MODULE_ENGINE_LOST) {
+    if (engine->isLost()) {
         losses.note(kind, result, now);
     } else {
         losses.noteAnswer(kind);

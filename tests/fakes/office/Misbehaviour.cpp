@@ -2,6 +2,7 @@
 #include "tests/fakes/office/Misbehaviour.h"
 
 #include "base/FileDescriptor.h"
+#include "engine/protocol/Inherited.h"
 
 #include <fcntl.h>
 #include <pthread.h>
@@ -15,6 +16,7 @@
 #include <new>
 #include <stdexcept>
 #include <thread>
+#include <tuple>
 #include <vector>
 
 namespace lectern::engine::fake {
@@ -80,6 +82,17 @@ std::int32_t misbehave(const std::string& action) {
         hang();
     }
     if (action == "crash") {
+        raise(SIGSEGV);
+    }
+    if (action == "garbage") {
+        const std::string none(64, 'x');
+        std::ignore = write(ENGINE_SOCKET, none.data(), none.size());
+        hang();
+    }
+    if (action == "cut") {
+        // The start of a long answer.
+        constexpr unsigned char START[] = {'l', 2, 1, 1, 0xE8, 3, 0, 0, 99, 0, 0, 0, 15, 0, 0, 0};
+        std::ignore = write(ENGINE_SOCKET, START, sizeof START);
         raise(SIGSEGV);
     }
     if (action == "exit") {

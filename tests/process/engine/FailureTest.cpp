@@ -115,6 +115,25 @@ TEST_F(FailureTest, AnEngineEndsAtOnceAtEverySignalOfACrash) {
     }
 }
 
+TEST_F(FailureTest, WhatIsNoAnswerHasACodeOfItsOwn) {
+    Document document;
+    open(document, "scroll=garbage\n");
+    EXPECT_EQ(scroll(document), MODULE_FAILED);
+    EXPECT_EQ(ask(document), MODULE_OK) << "in another engine";
+    EXPECT_EQ(scroll(document), MODULE_FAILED);
+    EXPECT_EQ(ask(document), MODULE_ENGINE_LOST);
+    EXPECT_EQ(lossOf("WordToGoModule.so", document.get()), MODULE_FAILED);
+}
+
+TEST_F(FailureTest, AnEngineThatDiesInTheMiddleOfItsAnswerIsLost) {
+    Document document;
+    open(document, "scroll=cut\n");
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(scroll(document), MODULE_ENGINE_LOST);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, seconds(8)) << "well before the call's limit";
+    EXPECT_EQ(lossOf("WordToGoModule.so", document.get()), MODULE_ENGINE_LOST);
+}
+
 TEST_F(FailureTest, ALostDocumentDoesNotTakeAnotherBufferEither) {
     Document document;
     std::vector<std::uint32_t> pixels;
