@@ -37,6 +37,7 @@ enum module_result {
     MODULE_TOO_LARGE = 15,     /* needs more memory than a document may use */
     MODULE_REFUSED = 16,       /* the document does not allow it: protected sheet, merged cells */
     MODULE_CHANGED = 17,       /* the file has changed since it was opened; the document is lost */
+    MODULE_TOO_COMPLEX = 18,   /* its layout would take too long, although it is small */
 };
 
 #endif

@@ -44,6 +44,8 @@ std::string moduleResultText(int code) {
         return "it needs more memory than a document may take; try a smaller one";
     case MODULE_REFUSED:
         return "the document does not allow it";
+    case MODULE_TOO_COMPLEX:
+        return "its tables lie too deep within each other to be laid out; try a simpler copy";
     case MODULE_CHANGED:
         return "its file has changed; open it again";
     default:

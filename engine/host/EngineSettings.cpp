@@ -57,6 +57,11 @@ LaunchSettings LaunchSettings::forFolder(const std::string& temporaryParent) {
             std::getenv("LECTERN_ENGINE_VERBOSE") != nullptr};
 }
 
+bool TimeLimits::isTooLong(const std::string& path, off_t bytes) {
+    constexpr off_t LONGEST_TEXT = off_t{32} << 20;
+    return isPlainText(path) && bytes > LONGEST_TEXT;
+}
+
 TimeLimits TimeLimits::forDocument(const std::string& path, off_t bytes) {
     constexpr off_t BYTES_PER_SHARE = off_t{4} << 20; // the limit grows by its base value for each
     constexpr off_t MOST_SHARES = 6;

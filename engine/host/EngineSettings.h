@@ -39,6 +39,9 @@ struct TimeLimits {
     // The processor time that an engine may take without a call, to prepare what is shown
     // next. LECTERN_ENGINE_IDLE_LIMIT_MS overrides it.
     static std::chrono::milliseconds betweenCalls();
+    // A plain text that would take longer than any of these limits on a slow machine is
+    // better refused before: the suite reads a mebibyte in a second or two.
+    LECTERN_ENGINE_EXPORT static bool isTooLong(const std::string& path, off_t bytes);
 };
 
 } // namespace lectern::engine

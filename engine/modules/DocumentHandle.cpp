@@ -21,6 +21,9 @@ std::int32_t open(const std::string& path, const std::string& password, const st
     if (const std::int32_t result = findDocumentFile(path, file); result != MODULE_OK) {
         return result;
     }
+    if (TimeLimits::isTooLong(file.path, file.bytes)) {
+        return MODULE_TOO_LARGE;
+    }
     Opening opening{LaunchSettings::forFolder(absolutePath(temporaryFolder)),
                     TimeLimits::forDocument(file.path, file.bytes), std::move(file), password, load};
     const TimePoint deadline = Clock::now() + opening.limits.open;

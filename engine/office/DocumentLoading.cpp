@@ -4,6 +4,7 @@
 #include "engine/layout/CompoundFile.h"
 #include "engine/layout/TextEncoding.h"
 #include "engine/office/FileUrl.h"
+#include "engine/office/LoadGuard.h"
 #include "modules/ModuleResults.h"
 
 #include <LibreOfficeKit/LibreOfficeKitEnums.h>
@@ -174,13 +175,18 @@ bool isBrokenContainer(const Reference<css::frame::XModel>& model, const std::st
 int32_t load(const Office::Private& office, const std::string& url, const std::string& language,
              LoadedModel& loaded) {
     const auto before = openModels(office);
+    const LoadGuard guard(office.context);
     const std::string options = language.empty() ? LOAD_OPTIONS : LOAD_OPTIONS + (",Language=" + language);
     std::unique_ptr<lok::Document> painter(office.suite->documentLoad(url.c_str(), options.c_str()));
     if (!painter) {
         return MODULE_DAMAGED;
     }
     loaded = {std::move(painter), newModel(office, before)};
-    return loaded.model.is() ? MODULE_OK : MODULE_FAILED;
+    if (!loaded.model.is()) {
+        return MODULE_FAILED;
+    }
+    forgetReload(loaded.model);
+    return guard.hasRefused() ? MODULE_TOO_COMPLEX : MODULE_OK;
 }
 
 // Loads a document from its file, or from a copy of it.
