@@ -273,21 +273,20 @@ TEST_F(SlideHitsTest, ASearchThatTakesTooLongGivesWhatItFoundAndGoesOnTheNextTim
     }));
 }
 
-TEST_F(SlideHitsTest, AnEngineThatDoesNotAnswerASearchIsGivenUp) {
+TEST_F(SlideHitsTest, AnEngineThatDoesNotAnswerIsReplacedAndTheSearchGoesOn) {
     stopService();
     startService({{"LECTERN_ENGINE_CALL_LIMIT_MS", "2000"}});
     TestDocument document(*client, *queue, slideSample("tour.pptx"), 480, 800);
     ASSERT_EQ(document.paint(), 0);
     const pid_t engine = descendants("lectern-engine").front();
     TestDocument other(*client, *queue, longSlides(40), 480, 800);
-    const Shown before = shown(document);
     kill(engine, SIGSTOP);
     const auto start = std::chrono::steady_clock::now();
     search(document, "the");
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
     EXPECT_TRUE(eventually([&] { return kill(engine, 0) != 0; })) << "it is still there";
     EXPECT_EQ(document.paint(), 0);
-    EXPECT_TRUE(shown(document) == before);
+    EXPECT_FALSE(markOf(document).isEmpty()) << "the first call was given up, the search found a new engine";
     next(document);
     EXPECT_EQ(slideCount(document), 7);
     search(other, "needle7 ");
