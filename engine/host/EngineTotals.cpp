@@ -21,6 +21,7 @@ namespace fs = std::filesystem;
 constexpr std::int64_t MOST_BYTES = std::int64_t{1} << 30;
 constexpr int MOST_FILES = 10'000;
 constexpr int MOST_THREADS = 512;
+constexpr int MOST_FOLDERS_ABOVE = 64; // of a file
 
 struct Files {
     int count = 0;
@@ -29,16 +30,26 @@ struct Files {
     bool tooMany() const { return count > MOST_FILES || bytes > MOST_BYTES; }
 };
 
+// What it cannot see counts as too many.
 void addFilesIn(const std::string& folder, Files& files) {
     std::error_code error;
     fs::recursive_directory_iterator entry(folder, error);
-    for (const fs::recursive_directory_iterator end; !error && entry != end && !files.tooMany();
-         entry.increment(error)) {
+    for (const fs::recursive_directory_iterator end; !error && entry != end; entry.increment(error)) {
         struct stat file {};
         if (lstat(entry->path().c_str(), &file) == 0) {
             files.count++;
             files.bytes += file.st_size;
         }
+        if (entry.depth() > MOST_FOLDERS_ABOVE) {
+            files.count = MOST_FILES + 1;
+        }
+        if (files.tooMany()) {
+            return;
+        }
+    }
+    // Files may go meanwhile.
+    if (error && error != std::errc::no_such_file_or_directory) {
+        files.count = MOST_FILES + 1;
     }
 }
 

@@ -13,8 +13,8 @@ namespace lectern::engine {
 class EngineTotals {
 public:
     // Looks at an engine. Returns true when it has more than any document needs: 1 GiB of
-    // files in its folder, those it has removed but keeps open included, 10,000 files, 512
-    // threads, or the processor time of TimeLimits::betweenCalls without a call. Says on
+    // files in its folder, those it has removed but keeps open included, 10,000 files, folders
+    // 64 deep, 512 threads, or the processor time of TimeLimits::betweenCalls without a call. Says on
     // standard error which of them. `calls` counts the engine's calls. Takes time for each
     // file.
     bool exceed(const EngineProcess& process, std::uint64_t calls);

@@ -6,6 +6,7 @@
 #include <sched.h>
 #include <sys/mman.h>
 #include <sys/prctl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace lectern::engine {
@@ -21,8 +22,8 @@ constexpr const char* UNCONDITIONAL[] = {
     // Looking for files and folders.
     "stat", "lstat", "fstat", "newfstatat", "statx", "statfs", "fstatfs", "access", "faccessat", "faccessat2",
     "readlink", "readlinkat", "getdents", "getdents64", "getcwd",
-    // Temporary files; the file rules confine them to the engine's folder.
-    "mkdir", "mkdirat", "rmdir", "unlink", "unlinkat", "rename", "renameat", "renameat2",
+    // Temporary files; the file rules confine them to the engine's folder. mkdir has conditions.
+    "rmdir", "unlink", "unlinkat", "rename", "renameat", "renameat2",
     // Memory; mmap has conditions.
     "brk", "munmap", "mremap", "mprotect", "madvise",
     // Threads and their locks; clone has conditions.
@@ -72,6 +73,12 @@ void allowOwnDescriptors(std::vector<SystemCall>& calls) {
     calls.push_back({"ioctl", {equals(1, TCGETS)}});
 }
 
+// Folders that the service can open, to remove them.
+void allowOpenFolders(std::vector<SystemCall>& calls) {
+    calls.push_back({"mkdir", {{1, S_IRWXU, S_IRWXU}}});
+    calls.push_back({"mkdirat", {{2, S_IRWXU, S_IRWXU}}});
+}
+
 // Memory that counts as data of this process, and memory of files: no further memory that
 // could be shared, which no limit would cover. The suite's libraries are loaded late, and
 // its components call each other through code that it writes, so memory can be executed.
@@ -93,6 +100,7 @@ std::vector<SystemCall> allowedCalls() {
     calls.push_back(cloneWith(CLONE_VM | CLONE_SIGHAND | CLONE_THREAD)); // a thread
     calls.push_back(cloneWith(0));                                       // an engine
     allowOwnDescriptors(calls);
+    allowOpenFolders(calls);
     allowLimitedMemory(calls);
     // Without an address, which would let a datagram reach other sockets.
     calls.push_back({"sendto", {equals(4, 0)}});

@@ -7,6 +7,7 @@
 #include <fcntl.h>
 #include <pthread.h>
 #include <signal.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -53,6 +54,16 @@ void litter(bool removed) {
         if (ftruncate(file.release(), SIZE) != 0 || (removed && unlink(path.c_str()) != 0)) {
             std::abort();
         }
+    }
+}
+
+// A folder in a folder, and so on.
+void nest() {
+    constexpr int DEEP = 100;
+    std::string folder = std::getenv("TMPDIR");
+    for (int i = 0; i < DEEP; i++) {
+        folder += "/d";
+        mkdir(folder.c_str(), S_IRWXU);
     }
 }
 
@@ -103,6 +114,9 @@ std::int32_t misbehave(const std::string& action) {
     }
     if (action == "litter" || action == "removed") {
         litter(action == "removed");
+    }
+    if (action == "nest") {
+        nest();
     }
     if (action == "threads") {
         startThreads();

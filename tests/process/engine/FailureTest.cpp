@@ -278,7 +278,7 @@ TEST_P(TotalsTest, AnEngineThatTakesTooMuchIsEnded) {
     EXPECT_TRUE(waitForEngines(0));
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, TotalsTest, testing::Values("litter", "removed", "threads", "spin"),
+INSTANTIATE_TEST_SUITE_P(Of, TotalsTest, testing::Values("litter", "nest", "removed", "threads", "spin"),
                          [](const auto& what) { return std::string(what.param); });
 
 } // namespace

@@ -218,6 +218,7 @@ const std::map<std::string, Attempt>& attempts() {
         {"list", [](const std::string& path) { return closing(open(path.c_str(), O_RDONLY | O_DIRECTORY)); }},
         {"symlink", symbolicLink},
         {"link", hardLink},
+        {"closed-folder", [](const std::string& path) { return mkdir(path.c_str(), 0); }},
         {"write", [](const std::string& path) { return closing(open(path.c_str(), O_WRONLY | O_CLOEXEC)); }},
         {"create", create},
         {"truncate", [](const std::string& path) { return truncate(path.c_str(), 1); }},

@@ -93,6 +93,7 @@ std::vector<Attempt> fileAttempts(const Probed& probed) {
         {"read its document", "read=" + probed.document(), ""},
         {"make a file in its folder", "create=OWN/new", ""},
         {"list a folder of libraries", "list=/usr/lib", ""},
+        {"make a folder there that it cannot open itself", "closed-folder=OWN/closed", CALLS},
         {"read another file of the user", "read=" + probed.privateFile(), FILE_RULES},
         {"a symbolic link to it", "symlink=" + probed.privateFile(), CALLS},
         {"a hard link to it", "link=" + probed.privateFile(), CALLS},
