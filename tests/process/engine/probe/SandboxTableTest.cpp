@@ -92,8 +92,8 @@ std::vector<Attempt> fileAttempts(const Probed& probed) {
     return {
         {"read its document", "read=" + probed.document(), ""},
         {"make a file in its folder", "create=OWN/new", ""},
+        {"make a folder there that nobody can open", "closed-folder=OWN/closed", CALLS},
         {"list a folder of libraries", "list=/usr/lib", ""},
-        {"make a folder there that it cannot open itself", "closed-folder=OWN/closed", CALLS},
         {"read another file of the user", "read=" + probed.privateFile(), FILE_RULES},
         {"a symbolic link to it", "symlink=" + probed.privateFile(), CALLS},
         {"a hard link to it", "link=" + probed.privateFile(), CALLS},
