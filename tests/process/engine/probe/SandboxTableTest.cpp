@@ -249,7 +249,10 @@ TEST_P(SandboxTable, TellsWhatAnEngineOfRootReaches) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, SandboxTable, testing::Values(PROBE_ENGINES));
+INSTANTIATE_TEST_SUITE_P(Engines, SandboxTable, testing::Values(PROBE_ENGINES), [](const auto& engine) {
+    const std::string program = engine.param;
+    return program.find("fake-") != std::string::npos ? "OfTheFakeSuite" : "OfTheRealSuite";
+});
 
 } // namespace
 } // namespace lectern::test
