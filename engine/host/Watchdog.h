@@ -79,8 +79,8 @@ private:
     // When the thread wakes by itself.
     TimePoint mWakeAt GUARDED_BY(mMutex) = TimePoint::max();
     bool mEnding GUARDED_BY(mMutex) = false;
-    TimePoint mNextLook = TimePoint::min(); // the thread's own
-    FileDescriptor mWake;                   // eventfd
+    TimePoint mNextLook = Clock::now(); // the thread's own
+    FileDescriptor mWake;               // eventfd
     std::thread mThread;
 };
 
