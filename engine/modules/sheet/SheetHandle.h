@@ -84,6 +84,7 @@ protected:
     std::int32_t restore() override;
 
 private:
+    std::int32_t restoreChanges();
     std::int32_t restoreMarks();
     std::int32_t restoreSurfaces();
 };

@@ -40,20 +40,24 @@ std::int32_t change(SheetHandle& handle, std::int32_t sheet, const std::vector<s
 
 } // namespace
 
+// The resolution comes first: the heights that a sort leaves depend on it.
 std::int32_t SheetHandle::restore() {
+    measures.reset();
+    return inTurn(
+        [&] {
+            return dpi == 0 ? std::int32_t{MODULE_OK}
+                            : callEngine(*this, &lectern_ipc_sheet_call_set_dpi_sync, std::tuple(gint{dpi}));
+        },
+        [&] { return restoreChanges(); }, [&] { return restoreMarks(); }, [&] { return restoreSurfaces(); });
+}
+
+std::int32_t SheetHandle::restoreChanges() {
     for (const auto& [sheet, changes] : state.changes) {
         if (const std::int32_t result = change(*this, sheet, changes); result != MODULE_OK) {
             return result;
         }
     }
-    measures.reset();
-    return inTurn([&] { return restoreMarks(); },
-                  [&] {
-                      return dpi == 0 ? std::int32_t{MODULE_OK}
-                                      : callEngine(*this, &lectern_ipc_sheet_call_set_dpi_sync,
-                                                   std::tuple(gint{dpi}));
-                  },
-                  [&] { return restoreSurfaces(); });
+    return MODULE_OK;
 }
 
 std::int32_t SheetHandle::restoreMarks() {

@@ -57,6 +57,28 @@ int32_t resultOf(bool done) {
 
 } // namespace
 
+// A sort takes the hidden rows along to their new places. On a sheet with rows of another
+// height it makes all rows as high as their contents.
+void SheetDocument::Private::noteSort(int32_t sheet, const SheetChanges::Sort& sort) {
+    SheetChanges& noted = changes[sheet];
+    noted.sort(sort);
+    const Tracks& rows = book.geometry(sheet).rows;
+    constexpr int32_t MOST_NOTED = 20'000; // takes half a second to restore
+    for (int32_t row = 0; !noted.sizes(Axis::Rows).empty() && row < std::min(rows.count(), MOST_NOTED);
+         ++row) {
+        if (!rows.isHidden(row)) {
+            noted.resize(Axis::Rows, row, rows.twips(row));
+        }
+    }
+    const Run all{0, rows.count() - 1};
+    if (rows.visibleIn(all.first, all.last) < rows.count() || !noted.visibilities(Axis::Rows).empty()) {
+        noted.show(Axis::Rows, all, false);
+        for (const Run& run : visibleRuns(rows, all.first, all.last)) {
+            noted.show(Axis::Rows, run, true);
+        }
+    }
+}
+
 bool SheetDocument::Private::show(int32_t sheet, Axis axis, const SheetChanges::Run& run, bool visible) {
     if (!setProperty(tracksOf(book.sheet(sheet), axis, run.first, run.last), "IsVisible", visible)) {
         return false;
@@ -91,7 +113,7 @@ int32_t SheetDocument::sort(int32_t sheet, int32_t column, bool ascending) {
             d.hits = CellHits();
         }
         if (result == MODULE_OK) {
-            d.changes[sheet].sort({column, ascending});
+            d.noteSort(sheet, {column, ascending});
         }
         return result;
     });

@@ -50,6 +50,7 @@ struct SheetDocument::Private {
     PixelRect place(const SheetGeometry& geometry, const CellBlock& block) const;
     std::optional<MarkedTracks> marked(int32_t sheet, Axis axis) const;
     void markCells(int32_t sheet, int32_t x, int32_t y);
+    void noteSort(int32_t sheet, const SheetChanges::Sort& sort);
     // Change tracks and note that. They return false when the suite refuses. A size of
     // SheetChanges::FITTING is for columns only.
     bool show(int32_t sheet, Axis axis, const SheetChanges::Run& run, bool visible);
