@@ -3,9 +3,23 @@
 
 #include "engine/protocol/Inherited.h"
 
+#include <sys/socket.h>
+
 #include <utility>
 
 namespace lectern::engine {
+namespace {
+
+// An engine passes no files to the service. GLib would keep those of a message that never
+// ends, until this process has no descriptors left. Kernels before Linux 6.16 lack the
+// option.
+void refuseFiles(int socket) {
+    constexpr int PASS_RIGHTS = 83; // SO_PASSRIGHTS, not in older headers
+    const int off = 0;
+    (void)setsockopt(socket, SOL_SOCKET, PASS_RIGHTS, &off, sizeof off);
+}
+
+} // namespace
 
 std::unique_ptr<Connection> Connection::make(FileDescriptor socket) {
     std::unique_ptr<Connection> connection(new Connection());
@@ -18,6 +32,7 @@ std::unique_ptr<Connection> Connection::make(FileDescriptor socket) {
 Connection::Connection() : mContext(g_main_context_new()) {}
 
 bool Connection::open(FileDescriptor socket) {
+    refuseFiles(socket.get());
     const GLibHolder<GSocket> end(g_socket_new_from_fd(socket.get(), nullptr));
     if (!end) {
         return false;
