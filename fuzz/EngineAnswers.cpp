@@ -7,6 +7,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
+#include <filesystem>
 #include <string>
 
 namespace {
@@ -21,6 +23,7 @@ std::string& folder() {
 extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
     char name[] = "/tmp/lectern-fuzz-XXXXXX";
     folder() = mkdtemp(name);
+    std::atexit([] { std::filesystem::remove_all(folder()); });
     lectern::test::startServiceWithLiars(LYING_ENGINE);
     return 0;
 }

@@ -11,6 +11,8 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <thread>
 
@@ -115,6 +117,7 @@ const GDBusMethodInfo& anyMethod(const Interface& interface, Choices& choices) {
 extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
     char name[] = "/tmp/lectern-fuzz-XXXXXX";
     side().folder = mkdtemp(name);
+    std::atexit([] { std::filesystem::remove_all(side().folder); });
     side().interfaces = {{lectern_ipc_word_interface_info(), "/word"},
                          {lectern_ipc_sheet_interface_info(), "/sheet"},
                          {lectern_ipc_slide_interface_info(), "/slide"},
