@@ -82,14 +82,20 @@ protected:
         setenv("LECTERN_ENGINE_CALL_LIMIT_MS", "1000", 1);
         TortureTest::SetUp();
     }
-    pid_t newestEngine() const {
-        const std::vector<pid_t> all = descendants("lectern-engine");
-        return all.empty() ? 0 : all.back();
+    // The engine that is not among the earlier ones; 0 without one.
+    static pid_t newEngine(const std::vector<pid_t>& earlier) {
+        for (const pid_t engine : descendants("lectern-engine")) {
+            if (std::count(earlier.begin(), earlier.end(), engine) == 0) {
+                return engine;
+            }
+        }
+        return 0;
     }
     // Lets a fault happen while a document is used; returns whether it opened before.
     bool torture(const Fault& fault, const std::string& path, WatchedDocuments& others) {
+        const std::vector<pid_t> earlier = descendants("lectern-engine");
         TestDocument victim(*client, *queue, path, 480, 800);
-        const pid_t engine = newestEngine();
+        const pid_t engine = newEngine(earlier);
         if (victim.openResult() != 0 || engine == 0) {
             return false;
         }

@@ -50,7 +50,7 @@ protected:
     bool workerServes() {
         constexpr int NO_DOCUMENT = 9999;
         queue->post(1, NO_DOCUMENT);
-        return eventually([&] { return queue->poll(NO_DOCUMENT + 101).id == 9; }, 2000);
+        return eventually([&] { return queue->poll(NO_DOCUMENT + 101).id == 9; });
     }
 
     // Runs an operation once for each of its calls, which fails. The service must go on.

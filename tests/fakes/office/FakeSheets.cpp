@@ -2,7 +2,7 @@
 // Workbooks of the fake office suite, text files as in FakeOffice.cpp:
 //   name, password    as there
 //   surface, render, sort    how these calls misbehave, see Misbehaviour.h
-//   lie               return an impossible header corner
+//   lie               return an impossible header corner and number of sheets
 //   counted           sheets are wider by a pixel for each time they were measured
 //   widened           sheets are wider by a pixel for each change of sheet 0
 // There are two sheets, "One" and "Two", of 10 x 20 cells of 50 x 20 pixels at
@@ -19,6 +19,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 namespace lectern::engine {
 
@@ -56,6 +57,7 @@ struct SheetDocument::Private {
         const auto found = settings.find(key);
         return found == settings.end() ? std::string() : found->second;
     }
+    bool lies() const { return settings.count("lie") != 0; }
 };
 
 SheetDocument::SheetDocument(std::unique_ptr<Private> d) : mPrivate(std::move(d)) {}
@@ -108,7 +110,7 @@ bool SheetDocument::prepareNext() {
 }
 
 int32_t SheetDocument::sheetCount(int32_t& count) {
-    count = SHEETS;
+    count = mPrivate->lies() ? std::numeric_limits<int32_t>::max() : SHEETS;
     return MODULE_OK;
 }
 
@@ -132,8 +134,7 @@ int32_t SheetDocument::dimensions(int32_t sheet, int32_t& width, int32_t& height
 
 int32_t SheetDocument::cellBounds(int32_t sheet, int32_t x, int32_t y, PixelRect& bounds) {
     if (x == -1 && y == -1) {
-        bounds =
-            mPrivate->settings.count("lie") != 0 ? PixelRect{0, 0, 1 << 30, -5} : PixelRect{0, 0, 30, 16};
+        bounds = mPrivate->lies() ? PixelRect{0, 0, 1 << 30, -5} : PixelRect{0, 0, 30, 16};
     } else {
         bounds = {trackAt(x, CELL_WIDTH, COLUMNS) * CELL_WIDTH, trackAt(y, CELL_HEIGHT, ROWS) * CELL_HEIGHT,
                   CELL_WIDTH, CELL_HEIGHT};

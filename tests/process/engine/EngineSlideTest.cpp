@@ -260,5 +260,12 @@ TEST_F(SlideTest, PropertiesAndVersionAreTexts) {
     EXPECT_EQ(textOf(text).substr(0, 8), u"Lectern ");
 }
 
+TEST_F(SlideTest, ANumberOfSlidesThatCannotBeIsNotBelieved) {
+    Slideshow slideshow;
+    show(slideshow, "lie=yes\n");
+    EXPECT_EQ(slides.sstg_get_slide_count(slideshow.get(), &count), MODULE_FAILED);
+    EXPECT_EQ(count, -1);
+}
+
 } // namespace
 } // namespace lectern::test

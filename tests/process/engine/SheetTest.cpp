@@ -217,6 +217,21 @@ TEST_F(SheetTest, AHeaderCornerThatCannotBeIsNotBelieved) {
     EXPECT_EQ(a, UNTOUCHED);
 }
 
+TEST_F(SheetTest, ANumberOfSheetsThatCannotBeIsNotBelieved) {
+    WorkbookHandle workbook;
+    openSheets(workbook, "lie=yes\n");
+    EXPECT_EQ(stg.stg_get_sheet_count(workbook.get(), &a), MODULE_FAILED);
+    EXPECT_EQ(a, UNTOUCHED);
+}
+
+TEST_F(SheetTest, CodesThatOnlyTheConnectionCanTellAreNotBelieved) {
+    for (const char* code : {"9", "10", "11", "17", "-1", "2147483647"}) {
+        WorkbookHandle workbook;
+        openSheets(workbook, std::string("sort=code:") + code + "\n");
+        EXPECT_EQ(stg.stg_sort_ascending(workbook.get(), 0, 0), MODULE_FAILED) << code;
+    }
+}
+
 TEST_F(SheetTest, AnEngineThatHangsCostsItsWorkbookAlone) {
     setVariable("LECTERN_ENGINE_CALL_LIMIT_MS", "300");
     WorkbookHandle lost;
