@@ -45,8 +45,8 @@ Address addressOf(key_t key) {
     return address;
 }
 
-// The kernel keeps this many connections that nobody accepts. Each service that was
-// started too much leaves one, so that the next ones are still told whose queue it is.
+// The kernel keeps this many connections that nobody accepts. Each service that finds the
+// queue served leaves one; the first thousands are told by whom.
 constexpr int UNACCEPTED = SOMAXCONN;
 
 // The process that listens at the address, as words. Another program may have bound it
@@ -98,7 +98,7 @@ bool QueueOwner::acquire(char project) {
         }
         return false;
     }
-    listen(mSocket, UNACCEPTED);
+    (void)listen(mSocket, UNACCEPTED); // only for later services, which want to know whose the queue is
     return !isForeign(key);
 }
 
