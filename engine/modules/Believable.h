@@ -16,12 +16,12 @@ constexpr std::int32_t MOST_PARTS = 65535;
 // The longest side of a slide in 1/72 inch, over 30 metres; the suite takes 3 metres.
 constexpr std::int32_t MOST_POINTS = 100'000;
 
-// The code that an engine answered, or MODULE_FAILED for one that only the connection
-// can tell or that is none.
+// The code that an engine answered, or MODULE_FAILED for one that only the service's
+// side can tell or that is none.
 constexpr std::int32_t codeFromEngine(std::int32_t told) {
-    const bool isOfTheConnection =
-        told == MODULE_TIMED_OUT || told == MODULE_ENGINE_LOST || told == MODULE_NO_ENGINE;
-    return told < MODULE_OK || told > MODULE_REFUSED || isOfTheConnection ? MODULE_FAILED : told;
+    const bool isOfThisSide = told == MODULE_TIMED_OUT || told == MODULE_ENGINE_LOST ||
+                              told == MODULE_NO_ENGINE || told == MODULE_CHANGED;
+    return told < MODULE_OK || told > MODULE_TOO_COMPLEX || isOfThisSide ? MODULE_FAILED : told;
 }
 
 // A number that must be from least to most; else the code of a failed call.
