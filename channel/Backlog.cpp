@@ -18,6 +18,15 @@ ClientServerMessage Backlog::pop() {
     return message;
 }
 
+ClientServerMessage Backlog::popOldest() {
+    const auto oldest = std::min_element(mByType.begin(), mByType.end(), [](const auto& a, const auto& b) {
+        return a.second.front().arrival < b.second.front().arrival;
+    });
+    const ClientServerMessage message = oldest->second.front().message;
+    dropFirst(oldest);
+    return message;
+}
+
 Backlog::ByType::iterator Backlog::leastNeeded() {
     if (const auto moves = mByType.find(_PEN_MOVE); moves != mByType.end()) {
         return moves;

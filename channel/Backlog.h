@@ -24,6 +24,8 @@ public:
     void push(const ClientServerMessage& message);
     // Removes and returns the first record. REQUIRES: not empty.
     ClientServerMessage pop();
+    // Removes and returns the record that was pushed first. REQUIRES: not empty.
+    ClientServerMessage popOldest();
     // The type of the first record. REQUIRES: not empty.
     long lowestType() const { return mByType.begin()->first; }
     bool empty() const { return mSize == 0; }

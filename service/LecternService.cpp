@@ -2,6 +2,8 @@
 // The program lectern-service.
 #include "service/Lifecycle.h"
 
+#include <malloc.h>
+
 #include <cstdio>
 #include <cstring>
 
@@ -42,5 +44,8 @@ int main(int argc, char** argv) {
     // Line-buffered also for files and pipes, so that no line is lost however the
     // process ends.
     std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
+    // Each further arena would keep free memory of its own. The threads seldom allocate at
+    // the same time.
+    mallopt(M_ARENA_MAX, 2);
     return runService();
 }

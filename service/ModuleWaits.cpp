@@ -5,8 +5,9 @@
 #include "service/Registry.h"
 
 void beginModuleWait() {
-    RegistryLock::suspend();
-    gQueueReaders.waitBegins();
+    if (RegistryLock::suspend()) {
+        gQueueReaders.waitBegins();
+    }
 }
 
 void endModuleWait() {

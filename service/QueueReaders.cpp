@@ -6,6 +6,7 @@
 #include <sys/timerfd.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
@@ -82,7 +83,7 @@ void QueueReaders::takeTurns() {
         {
             const lectern::Lock lock(mMutex);
             mEnded = mEnded || !goesOn;
-            if (mEnded) {
+            if (mEnded || leavesAsSurplus()) {
                 return;
             }
             mIdle += pthread_equal(mReader, pthread_self()) == 0 ? 1 : 0;
@@ -90,6 +91,19 @@ void QueueReaders::takeTurns() {
         awaitTakeover();
     }
 }
+// One idle thread is enough. The first thread is none of the standbys, and stays.
+bool QueueReaders::leavesAsSurplus() {
+    const auto self = std::find_if(mStandbys.begin(), mStandbys.end(), [](pthread_t thread) {
+        return pthread_equal(thread, pthread_self()) != 0;
+    });
+    if (mIdle == 0 || self == mStandbys.end() || pthread_equal(mReader, *self) != 0) {
+        return false;
+    }
+    mStandbys.erase(self);
+    pthread_detach(pthread_self());
+    return true;
+}
+
 // Returns when this thread is the reader.
 void QueueReaders::awaitTakeover() {
     while (!isReader()) {

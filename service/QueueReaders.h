@@ -15,13 +15,12 @@
 // engine, a standby thread becomes the reader, so that other documents do not wait, too.
 // The first thread then finishes its record and becomes a standby.
 //
-// Standby threads are made when they are needed, and stay. Where no module tells of its
-// waits, there is only the first thread.
+// Standby threads are made when they are needed; one stays idle, others end when they
+// have finished. Where no module tells of its waits, there is only the first thread.
 class QueueReaders {
 public:
-    // A small part of the time between two frames at 60 Hz, and longer than most calls of
-    // an engine.
-    static constexpr std::chrono::milliseconds PATIENCE{5};
+    // Longer than most calls of an engine, and short enough for paints within 50 ms.
+    static constexpr std::chrono::milliseconds PATIENCE{25};
     // With so many engines waited for at once, the next wait holds up the queue.
     static constexpr size_t MOST_STANDBYS = 32;
 
@@ -47,6 +46,7 @@ private:
     bool takeOver() EXCLUDES(mMutex);
     bool isReader();
     void addStandby() REQUIRES(mMutex);
+    bool leavesAsSurplus() REQUIRES(mMutex);
     void setTimer(std::chrono::milliseconds time) REQUIRES(mMutex);
 
     lectern::Mutex mMutex;

@@ -71,7 +71,7 @@ Documents* RegistryLock::claimDeferred(ClientServerMessage& message) {
     mClaimed = withDeferred.front();
     withDeferred.pop_front();
     hasDeferred = !withDeferred.empty();
-    message = mClaimed->deferred.pop();
+    message = mClaimed->deferred.popOldest();
     return mClaimed;
 }
 
@@ -90,10 +90,13 @@ void RegistryLock::release() {
     mClaimed = nullptr;
 }
 
-void RegistryLock::suspend() {
-    if (tHoldsLock) {
-        unlockRegistry();
+bool RegistryLock::suspend() {
+    if (!tHoldsLock) {
+        return false;
     }
+    const bool severalDocuments = HasSeveralDocuments();
+    unlockRegistry();
+    return severalDocuments;
 }
 
 void RegistryLock::resume() {
@@ -108,6 +111,11 @@ bool DocumentExists(unsigned int docid) {
 
 bool IsInUse(unsigned int docid) {
     return DocumentExists(docid) && gDocuments[docid].inUse;
+}
+
+bool HasSeveralDocuments() {
+    return std::count_if(gDocuments.begin(), gDocuments.end(),
+                         [](const Documents& document) { return document.view != nullptr; }) > 1;
 }
 
 bool HasDeferred() {

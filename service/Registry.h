@@ -60,16 +60,17 @@ public:
     // is claimed, no other thread gets it, not even while the mutex is free for a wait.
     // Waits itself while another thread uses the document.
     Documents* claim(unsigned int docid) REQUIRES(gRegistry);
-    // Claims a document that has deferred records and takes the first. Null if there is
-    // none.
+    // Claims a document that has deferred records and takes the oldest. Null if there is
+    // none. A record that was taken off the queue first is served first, as ever.
     Documents* claimDeferred(ClientServerMessage& message) REQUIRES(gRegistry);
     // Ends the use of the claimed document, unless it has deferred records: then these
     // are next to use it.
     void release() REQUIRES(gRegistry);
 
     // Around a module's wait on this thread: frees the mutex, takes it again. They do
-    // nothing on a thread without a lock.
-    static void suspend();
+    // nothing on a thread without a lock. suspend() returns whether others may wait for
+    // a document meanwhile: whether this thread had the lock and there are several.
+    static bool suspend();
     static void resume();
 
 private:
@@ -84,6 +85,8 @@ bool DocumentExists(unsigned int docid) REQUIRES(gRegistry);
 Documents* UseDocument(RegistryLock& lock, unsigned int docid) REQUIRES(gRegistry);
 // Whether another thread uses the document, or deferred records are next to.
 bool IsInUse(unsigned int docid) REQUIRES(gRegistry);
+// Whether more than one document is open.
+bool HasSeveralDocuments() REQUIRES(gRegistry);
 // Whether there may be a document for claimDeferred(). Needs no lock.
 bool HasDeferred();
 // Drops all deferred records, because nobody serves them any longer.

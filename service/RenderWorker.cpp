@@ -143,7 +143,7 @@ bool serveMessage(const ClientServerMessage& message) {
             return false;
         }
         const auto docid = static_cast<unsigned int>(message.docid);
-        if (IsInUse(docid)) {
+        if (IsInUse(docid) && HasSeveralDocuments()) { // a single one is waited for
             gDocuments[docid].deferred.push(message);
             return true;
         }

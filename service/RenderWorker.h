@@ -20,5 +20,5 @@ void awaitWorkerReady();
 
 // Handles one client record: locks the registry, finds the document, passes the
 // record to its view and answers a paint request. A record for a document that another
-// thread uses is deferred. False if the worker must end.
+// thread uses is deferred, so that other documents do not wait. False if the worker must end.
 bool serveMessage(const ClientServerMessage& message);

@@ -68,6 +68,18 @@ TEST(BacklogTest, LowestTypeFirstAndOldestFirst) {
     EXPECT_TRUE(backlog.empty());
 }
 
+TEST(BacklogTest, OldestFirstOfAnyType) {
+    Backlog backlog;
+    const long types[] = {_PEN_MOVE, _KEY_DOWN, _PEN_MOVE, _PAINT};
+    for (int docid = 0; docid < 4; ++docid) {
+        backlog.push(record(types[docid], docid));
+    }
+    for (int docid = 0; docid < 4; ++docid) {
+        EXPECT_EQ(backlog.popOldest().docid, docid);
+    }
+    EXPECT_TRUE(backlog.empty());
+}
+
 TEST(BacklogTest, KeepsEveryByte) {
     Backlog backlog;
     ClientServerMessage gesture(_GESTURE_CHANGE, 5);

@@ -129,7 +129,8 @@ TEST_F(WorkerWaitsTest, RecordsForTheWaitingDocumentAreServedAfterwardsInTheirOr
     engine.asked.acquire();
     post(_PEN_MOVE, slow, 1);
     post(_PEN_MOVE, slow, 2);
-    post(_PEN_DOWN, slow, 3);
+    awaitEmptyQueue();
+    post(_PEN_DOWN, slow, 3); // of a lower type, but later
     awaitEmptyQueue();
     post(_PAINT, quick);
     awaitPainted(quick); // those before have been taken up
@@ -139,9 +140,8 @@ TEST_F(WorkerWaitsTest, RecordsForTheWaitingDocumentAreServedAfterwardsInTheirOr
     post(_PAINT, quick);
     awaitPainted(quick);
     mimeInfo(slow); // waits until all are served
-    EXPECT_THAT(trace, ElementsAre("handleKeyDown(0, 0)", "handlePenDown(3, 0) locked", "handlePenMove(1, 0)",
-                                   "handlePenMove(2, 0)", "handlePenMove(4, 0)"))
-        << "the lowest type first";
+    EXPECT_THAT(trace, ElementsAre("handleKeyDown(0, 0)", "handlePenMove(1, 0)", "handlePenMove(2, 0)",
+                                   "handlePenDown(3, 0) locked", "handlePenMove(4, 0)"));
 }
 
 TEST_F(WorkerWaitsTest, ABusCallForAnotherDocumentIsAnsweredMeanwhile) {
@@ -160,6 +160,7 @@ TEST_F(WorkerWaitsTest, ABusCallForAnotherDocumentIsAnsweredMeanwhile) {
 TEST_F(WorkerWaitsTest, ABusCallForTheWaitingDocumentWaitsToo) {
     Engine& engine = engines.emplace_back();
     const int slow = addWaiting(engine);
+    addView();
     post(_KEY_DOWN, slow);
     engine.asked.acquire();
     std::thread bus([&] { call("/common", "nextResult", R"({"docid": 0})"); });
@@ -207,6 +208,7 @@ TEST_F(WorkerWaitsTest, ShortWaitsLeaveTheReadingToOneThread) {
     Engine& engine = engines.emplace_back();
     engine.answers.release();
     const int docid = addView();
+    addView();
     std::set<pthread_t> threads;
     view(docid).onCall = [&] {
         threads.insert(pthread_self());
@@ -219,6 +221,23 @@ TEST_F(WorkerWaitsTest, ShortWaitsLeaveTheReadingToOneThread) {
     mimeInfo(docid); // waits for the last use
     // A busy machine may turn one or another wait into a long one.
     EXPECT_LE(threads.size(), 3U);
+}
+
+TEST_F(WorkerWaitsTest, ASingleDocumentsRecordsStayInTheQueueWhileItWaits) {
+    Engine& engine = engines.emplace_back();
+    const int only = addWaiting(engine);
+    std::thread bus([&] { call("/common", "nextResult", R"({"docid": 0})"); });
+    engine.asked.acquire();
+    post(_PEN_MOVE, only, 1); // the worker takes this one and waits
+    awaitEmptyQueue();
+    post(_PEN_MOVE, only, 2);
+    post(_PAINT, only);
+    EXPECT_EQ(waiting(), 2U);
+    engine.answers.release();
+    bus.join();
+    awaitPainted(only);
+    mimeInfo(only);
+    EXPECT_THAT(trace, testing::Contains("handlePenMove(1, 0)"));
 }
 
 TEST_F(WorkerWaitsTest, AWaitWithoutALockedRegistryIsNoneOfTheServices) {
