@@ -70,7 +70,7 @@ public:
     // Around a module's wait on this thread: frees the mutex, takes it again. They do
     // nothing on a thread without a lock. suspend() returns whether others may wait for
     // a document meanwhile: whether this thread had the lock and there are several.
-    static bool suspend();
+    static bool suspend() NO_THREAD_SAFETY_ANALYSIS; // the lock is this thread's, if any
     static void resume();
 
 private:
