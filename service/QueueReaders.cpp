@@ -58,7 +58,7 @@ void QueueReaders::waitBegins() {
 
 void QueueReaders::waitEnds() {
     const lectern::Lock lock(mMutex);
-    if (pthread_equal(mReader, pthread_self()) != 0) {
+    if (mWaiting && pthread_equal(mReader, pthread_self()) != 0) {
         mWaiting = false;
         setTimer({});
     }
@@ -91,6 +91,7 @@ void QueueReaders::takeTurns() {
         awaitTakeover();
     }
 }
+
 // One idle thread is enough. The first thread is none of the standbys, and stays.
 bool QueueReaders::leavesAsSurplus() {
     const auto self = std::find_if(mStandbys.begin(), mStandbys.end(), [](pthread_t thread) {

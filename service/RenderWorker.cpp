@@ -143,7 +143,8 @@ bool serveMessage(const ClientServerMessage& message) {
             return false;
         }
         const auto docid = static_cast<unsigned int>(message.docid);
-        if (IsInUse(docid) && HasSeveralDocuments()) { // a single one is waited for
+        // A single document is waited for, unless earlier records of it wait to be served.
+        if (IsInUse(docid) && (HasSeveralDocuments() || !gDocuments[docid].deferred.empty())) {
             gDocuments[docid].deferred.push(message);
             return true;
         }

@@ -204,6 +204,28 @@ TEST_F(WorkerWaitsTest, ADestroyWaitsForTheDocumentAndItsDeferredRecords) {
     EXPECT_THAT(trace, ElementsAre("handleKeyDown(0, 0)", "SaveStateToDataStore", "deleted"));
 }
 
+TEST_F(WorkerWaitsTest, DeferredRecordsAreServedWhenTheOtherDocumentHasGone) {
+    Engine& engine = engines.emplace_back();
+    const int slow = addWaiting(engine);
+    const int quick = addView();
+    post(_KEY_DOWN, slow);
+    engine.asked.acquire();
+    post(_PEN_MOVE, slow, 1);
+    post(_PAINT, quick);
+    awaitPainted(quick);
+    awaitEmptyQueue();
+    post(_PAINT, quick);
+    awaitPainted(quick); // the move has been deferred
+    doDestroy(quick);
+    post(_PEN_MOVE, slow, 2);
+    awaitEmptyQueue();
+    engine.answers.release();
+    post(_PAINT, slow);
+    awaitPainted(slow);
+    mimeInfo(slow);
+    EXPECT_THAT(trace, testing::IsSupersetOf({"handlePenMove(1, 0)", "handlePenMove(2, 0)"}));
+}
+
 TEST_F(WorkerWaitsTest, ShortWaitsLeaveTheReadingToOneThread) {
     Engine& engine = engines.emplace_back();
     engine.answers.release();
