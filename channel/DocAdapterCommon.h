@@ -28,6 +28,17 @@ enum ClientMessageType : long {
     _GESTURE_CHANGE = 8,
     _GESTURE_END = 9,
     _WIDE_MODE = 10,
+    // Types above 10 are heard by touch views only.
+    _PINCH = 11,     // the point between two fingers in view pixels, pinchFactor(), pinchPhase()
+    _SCROLL_BY = 12, // a way in view pixels
+};
+
+// All phases of a pinch have one type, so the queue keeps their order.
+enum PinchPhase : int32_t {
+    _PINCH_BEGINS = 0,
+    _PINCH_MOVES = 1,
+    _PINCH_ENDS = 2,
+    _PINCH_GIVEN_UP = 3, // the zoom is as before it
 };
 
 // The kinds of records to the client.
@@ -43,6 +54,10 @@ enum ClientMessageId : int32_t {
     _OPENED = 8,          // value: docid, extra: 0 or the module's code
     _PAINT_DONE = 9,      // value: 0, or -4 for a document that does not exist
     _DOCUMENT_LOST = 10,  // value: docid, extra: the module's code; once for a document
+    // Touch views only.
+    _OVERSCROLL = 11,  // value and extra: how far the finger is beyond the right and bottom edge, in pixels
+    _PROGRESS = 12,    // value: docid, extra: how much of the open is done, in percent
+    _CELL_TAPPED = 13, // value: column, extra: row, from 0
 };
 
 #pragma pack(push, 4)
@@ -56,7 +71,7 @@ struct ClientServerMessage {
     int32_t y;
     unsigned char tail[8];
 
-    // Leaves the tail uninitialized: only gesture records use it.
+    // Leaves the tail uninitialized: only records of pinches use it.
     ClientServerMessage() : ClientServerMessage(0, 0) {}
     ClientServerMessage(long messageType, int32_t id) : type(messageType), docid(id), x(0), y(0) {}
 
@@ -70,9 +85,23 @@ struct ClientServerMessage {
     bool flag() const { return *arguments() != 0; }
     void setFlag(bool on) { *arguments() = on ? 1 : 0; }
 
+    // The numbers of a pinch record: the factor since the pinch began, and its phase.
+    float pinchFactor() const { return tailNumber<float>(0); }
+    int32_t pinchPhase() const { return tailNumber<int32_t>(sizeof(float)); }
+    void setPinch(float factor, int32_t phase) {
+        std::memcpy(tail, &factor, sizeof factor);
+        std::memcpy(tail + sizeof factor, &phase, sizeof phase);
+    }
+
     static constexpr size_t TEXT_SIZE = 20;
 
 private:
+    template<typename Number>
+    Number tailNumber(size_t offset) const {
+        Number value;
+        std::memcpy(&value, tail + offset, sizeof value);
+        return value;
+    }
     unsigned char* arguments() { return reinterpret_cast<unsigned char*>(this) + sizeof(long) + 4; }
     const unsigned char* arguments() const {
         return reinterpret_cast<const unsigned char*>(this) + sizeof(long) + 4;

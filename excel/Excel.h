@@ -42,7 +42,7 @@ public:
     int openFile(const char* path, const char* password) override;
     // Sets up the view after the module has opened the file. Returns 0, or the module's
     // code if it refuses the cells' surface; then the view has no surface.
-    int initializeExcel();
+    virtual int initializeExcel();
 
     // Passes buffers and zoom to the module and reads the size of the sheet and of its
     // headers, and the comment marks.

@@ -3,7 +3,6 @@
 // change them: zooms and glides.
 #include "excel/Excel.h"
 #include "raster/Saturate.h"
-#include "view/ModuleArguments.h"
 #include "view/ModuleArray.h"
 
 #include <algorithm>
@@ -82,7 +81,7 @@ int Excel::layOut() {
     const int width = mCells->Width();
     const int height = mCells->Height();
     const int code = mModule.stg_set_offscreen_buffer(mDocument, 0, mCells->Pixels(), width, height);
-    mModule.stg_set_dpi(mDocument, saturateToInt(DOTS_PER_INCH * mScale));
+    mModule.stg_set_dpi(mDocument, saturateToInt(mDotsPerInch * mScale));
     mModule.stg_get_sheet_dimensions(mDocument, mCurrentSheet, &mSheetWidth, &mSheetHeight);
 
     int32_t left = 0;

@@ -39,7 +39,7 @@ public:
     // Also writes the module's code to standard output. Ignores the password.
     int openFile(const char* path, const char* password) override;
     // Sets up the view after the module has opened the file. Always returns 0.
-    int initializePPT();
+    virtual int initializePPT();
 
     // Creates a new surface. Lowers mScale if the surface would exceed 64 MiB.
     void resizeDocument() override;

@@ -47,6 +47,13 @@ CpPixmap::~CpPixmap() {
     }
 }
 
+CpPixmap& CpPixmap::operator=(CpPixmap&& other) noexcept {
+    static_cast<CpRect&>(*this) = other;
+    std::swap(mPixels, other.mPixels);
+    std::swap(mOwnsPixels, other.mOwnsPixels);
+    return *this;
+}
+
 size_t CpPixmap::reachablePixels() const {
     if (mPixels == nullptr) {
         return 0;

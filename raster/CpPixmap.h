@@ -32,6 +32,8 @@ public:
 
     CpPixmap(const CpPixmap&) = delete;
     CpPixmap& operator=(const CpPixmap&) = delete;
+    // Takes over the bounds and pixels of the other, which may be destroyed only then.
+    CpPixmap& operator=(CpPixmap&& other) noexcept;
 
     uint32_t* Pixels() { return mPixels; }
     const uint32_t* Pixels() const { return mPixels; }

@@ -50,7 +50,7 @@ void withDocument(BusCall& call, int docid, Operation operation) {
     }
     if (auto* view = dynamic_cast<View*>(document->view.get())) {
         operation(*view);
-        view->tellLoss();
+        document->view->tellLoss();
         return;
     }
     std::fprintf(stderr, "%s\n", WRONG_KIND<View>);

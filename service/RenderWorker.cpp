@@ -71,7 +71,9 @@ void handleInput(OfficeBase& view, const ClientServerMessage& message) {
         setWideMode(view, message.flag());
         break;
     default:
-        std::printf("Unknown message type %ld\n", message.type);
+        if (!view.handleRecord(message)) {
+            std::printf("Unknown message type %ld\n", message.type);
+        }
         break;
     }
 }

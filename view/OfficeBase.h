@@ -4,6 +4,7 @@
 #include "base/PackedPixels.h"
 #include "channel/DocAdapterCommon.h"
 #include "raster/CpPixmap.h"
+#include "view/ModuleArguments.h"
 #include "view/NewtonianSmoothScroll.h"
 #include "view/StateRecord.h"
 #include "view/StateSegment.h"
@@ -64,6 +65,9 @@ public:
     virtual bool handleClick(int x, int y);
     // vx and vy are the finger's velocity in pixels per second.
     virtual bool handleFlick(int vx, int vy);
+    // A record of a type that the defined input does not have. False if the view does not
+    // know it either.
+    virtual bool handleRecord(const ClientServerMessage& /*message*/) { return false; }
     // Moves a glide to its position at the current time. True while it is moving.
     virtual bool tick();
     virtual int drawOffscreenBuffer();
@@ -195,7 +199,8 @@ protected:
     CpPoint mScroll{0, 0};          // the document pixel at the view's top left
     int mWidth;                     // of the view and the client's frame, in pixels
     int mHeight;
-    double mScale = 1.0;               // the zoom; at 1 a document is shown with DOTS_PER_INCH
+    double mDotsPerInch = DOTS_PER_INCH;
+    double mScale = 1.0;               // the zoom; at 1 a document is shown with mDotsPerInch
     double mBaseScale = 1.0;           // the scale at which the document fits the view
     int mScaleLevel = 0;               // double-tap level, 0 to 2
     StateRecord* mDataStore = nullptr; // null without a state segment

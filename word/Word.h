@@ -32,7 +32,7 @@ public:
     int openFile(const char* path, const char* password) override;
     // Sets up the view after the module has opened the file. Returns 0, or the module's
     // code if it refuses the surface; then the view has no surface.
-    int initializeWord();
+    virtual int initializeWord();
 
     void resizeDocument() override;
     // Does nothing, because a reflowed text has no centre.
@@ -87,7 +87,7 @@ protected:
 
     // Moving the stretch and the view.
     bool isTall() const;
-    void renumber(int rows);
+    virtual void renumber(int rows);
     void drag(int x, int y);
     void glideInside();
     void follow(bool down);

@@ -2,7 +2,6 @@
 // The size of the layout and the operations that change it: wide mode, double tap and
 // pinch.
 #include "raster/Saturate.h"
-#include "view/ModuleArguments.h"
 #include "word/Word.h"
 
 #include <algorithm>
@@ -57,7 +56,7 @@ int Word::layOut() {
         return 0;
     }
     mRenderResult = mStretch.layOut(TextStretch::sizeFor(layoutWidth(mScale), mHeight),
-                                    saturateToInt(mScale * DOTS_PER_INCH));
+                                    saturateToInt(mScale * mDotsPerInch));
     mDocPixmap = mStretch.surface();
     return mRenderResult;
 }
