@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "touch/TouchHandling.h"
+#include "word/Word.h"
+
+// The view of a word-processing document for clients that ask for touch manners.
+class TouchWord : public TouchHandling<Word> {
+public:
+    using TouchHandling::TouchHandling;
+
+    void handlePaintGesture(unsigned int* frameBuffer) override;
+    ViewPlace place() const override;
+
+private:
+    CpPoint moveTo(const CpPoint& wanted) override;
+    void cover() override;
+    void zoomAbout(double scale, const CpPoint& from, const CpPoint& to) override;
+    void layOutForSize() override;
+    bool dragLocks() const override { return mWideMode; }
+    void renumber(int rows) override;
+};
