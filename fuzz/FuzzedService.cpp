@@ -61,6 +61,7 @@ void startFuzzedService() {
     addCategory("/word", wordMethods);
     addCategory("/excel", excelMethods);
     addCategory("/ppt", pptMethods);
+    addCategory("/touch", touchMethods);
 }
 
 FuzzedDocument::FuzzedDocument(const uint8_t* state, size_t stateSize, unsigned kind)

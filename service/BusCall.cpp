@@ -50,6 +50,10 @@ bool BusCall::require(const char* key, int& value, const char* missingText) {
     return check(json_get_int(payload(), key, &value), missingText);
 }
 
+bool BusCall::require(const char* key, double& value, const char* missingText) {
+    return check(json_get_double(payload(), key, &value), missingText);
+}
+
 bool BusCall::require(const char* key, unsigned int& value, const char* missingText) {
     return check(json_get_uint(payload(), key, &value), missingText);
 }

@@ -19,9 +19,12 @@ inline constexpr char PARAM_FAILED[] = "errParamFailed";
 inline constexpr char DOES_NOT_EXIST[] = "errDoesNotExist";
 inline constexpr char WRONG_TYPE[] = "errWrongType";
 inline constexpr char DOC_TYPE[] = "errDocType";
+inline constexpr char OUT_OF_RANGE[] = "errOutOfRange";
 
 inline constexpr char NO_DOCID[] = "failed to get docid";
 inline constexpr char NO_PARAMETER[] = "failed to get required parameter";
+inline constexpr char NO_SEARCH_TEXT[] = "failed to get search query";
+inline constexpr char OUT_OF_RANGE_TEXT[] = "a value is out of range";
 
 // One call of a bus method, on the stack of its handler. The constructor and the
 // destructor set the idle clock. The object owns the parsed payload and sends the
@@ -42,6 +45,7 @@ public:
     // missingText and returns false.
     [[nodiscard]] bool require(const char* key, int& value, const char* missingText = NO_PARAMETER);
     [[nodiscard]] bool require(const char* key, unsigned int& value, const char* missingText = NO_PARAMETER);
+    [[nodiscard]] bool require(const char* key, double& value, const char* missingText = NO_PARAMETER);
     [[nodiscard]] bool require(const char* key, bool& value, const char* missingText = NO_PARAMETER);
     [[nodiscard]] bool require(const char* key, const char*& value, const char* missingText = NO_PARAMETER);
 

@@ -9,12 +9,15 @@
 #include "service/Registry.h"
 #include "service/Resting.h"
 #include "view/JsonReply.h"
+#include "view/ModuleArguments.h"
 
 #include <malloc.h>
 #include <sys/shm.h>
 #include <syslog.h>
 
+#include <algorithm>
 #include <cstdio>
+#include <cstring>
 #include <utility>
 
 namespace {
@@ -27,11 +30,33 @@ struct CreateRequest {
     int size = 0;
     unsigned int dataStoreShmId = 0;
     const char* password = nullptr; // optional
+    // What a client with touch manners may add.
+    bool touch = false;
+    double dotsPerInch = DOTS_PER_INCH;
+    const char* kind = nullptr; // else the file name's extension decides
 };
+
+// Screens are not coarser or finer than this.
+constexpr double LEAST_DOTS_PER_INCH = 36.0;
+constexpr double MOST_DOTS_PER_INCH = 1200.0;
+
+void readManners(json_object* payload, CreateRequest& request) {
+    const char* manners = nullptr;
+    request.touch = json_get_string(payload, "manners", &manners) && std::strcmp(manners, "touch") == 0;
+    if (!request.touch) {
+        return;
+    }
+    double dotsPerInch = 0.0;
+    if (json_get_double(payload, "dpi", &dotsPerInch) && dotsPerInch > 0.0) {
+        request.dotsPerInch = std::clamp(dotsPerInch, LEAST_DOTS_PER_INCH, MOST_DOTS_PER_INCH);
+    }
+    json_get_string(payload, "kind", &request.kind);
+}
 
 // If a required parameter is missing, replies with an error and returns false.
 bool readRequest(BusCall& call, CreateRequest& request) {
     json_get_string(call.payload(), "password", &request.password);
+    readManners(call.payload(), request);
     return call.require("filename", request.fileName) && call.require("width", request.width) &&
            call.require("height", request.height) && call.require("shmid", request.shmid) &&
            call.require("size", request.size) && call.require("datastoreshmid", request.dataStoreShmId);
@@ -83,7 +108,15 @@ void reportOpened(const CreateRequest& request, const Documents& document, int d
     g_msgQueue.SendMessage(opened);
 }
 
-void openDocument(BusCall& call, const CreateRequest& request, FrameBuffer frame, ViewMaker makeView,
+ViewMaker viewMakerOf(const CreateRequest& request) {
+    if (!request.touch) {
+        return ViewMakerOf(KindOf(request.fileName));
+    }
+    const doctype_t kind = request.kind != nullptr ? KindNamed(request.kind) : KindOf(request.fileName);
+    return TouchViewMakerOf(kind, request.dotsPerInch);
+}
+
+void openDocument(BusCall& call, const CreateRequest& request, FrameBuffer frame, const ViewMaker& makeView,
                   RegistryLock& lock) REQUIRES(gRegistry) {
     const auto docid = static_cast<int>(gDocuments.size());
     // Nobody waits any longer for paint-done records of an earlier document that
@@ -117,7 +150,7 @@ bool create(HubHandle* handle, HubMessage* message, void* /*data*/) {
     if (!lock.held()) {
         return true;
     }
-    const ViewMaker makeView = ViewMakerOf(KindOf(request.fileName));
+    const ViewMaker makeView = viewMakerOf(request);
     if (makeView == nullptr) {
         call.replyError(DOC_TYPE, "doctype is unkown");
     } else if (!frame) {

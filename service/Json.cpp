@@ -50,6 +50,12 @@ bool json_get_int(json_object* object, const char* key, int* out) {
     return value != nullptr;
 }
 
+bool json_get_double(json_object* object, const char* key, double* out) {
+    const json_object* value = member(object, key);
+    *out = value == nullptr ? 0.0 : json_object_get_double(value);
+    return value != nullptr;
+}
+
 bool json_get_uint(json_object* object, const char* key, unsigned int* out) {
     const char* text = nullptr;
     const bool found = json_get_string(object, key, &text);

@@ -29,6 +29,7 @@ bool json_get_string(json_object* object, const char* key, const char** out);
 bool json_get_bool(json_object* object, const char* key, bool* out);
 // A value out of range becomes the nearest int, NaN becomes 0.
 bool json_get_int(json_object* object, const char* key, int* out);
+bool json_get_double(json_object* object, const char* key, double* out);
 // Reads the value's text like strtoul with base 0: 0x means hexadecimal, a leading
 // 0 octal. A value out of range becomes 4294967295.
 bool json_get_uint(json_object* object, const char* key, unsigned int* out);

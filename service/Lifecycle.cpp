@@ -33,7 +33,7 @@ struct Category {
 
 constexpr Category CATEGORIES[] = {
     {"/common", commonMethods}, {"/events", eventMethods}, {"/word", wordMethods},
-    {"/excel", excelMethods},   {"/ppt", pptMethods},
+    {"/excel", excelMethods},   {"/ppt", pptMethods},      {"/touch", touchMethods},
 };
 
 // The bus library's error record during start-up.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The method tables of the five categories. Each ends with an all-zero entry.
+// The method tables of the six categories. Each ends with an all-zero entry.
 #pragma once
 
 #include "hub/hubservice.h"
@@ -9,3 +9,4 @@ extern const HubMethod eventMethods[];
 extern const HubMethod wordMethods[];
 extern const HubMethod excelMethods[];
 extern const HubMethod pptMethods[];
+extern const HubMethod touchMethods[];

@@ -45,8 +45,7 @@ struct SearchText {
     const char* text = nullptr;
 
     bool read(BusCall& call) {
-        return call.require("docid", docid, NO_DOCID) &&
-               call.require("search", text, "failed to get search query");
+        return call.require("docid", docid, NO_DOCID) && call.require("search", text, NO_SEARCH_TEXT);
     }
     std::tuple<const char*> values() const { return {text}; }
 };

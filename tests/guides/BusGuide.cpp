@@ -19,21 +19,9 @@ void addParameters(GuideMethod& method, const std::string& cell) {
     }
 }
 
-} // namespace
-
-std::string GuideMethod::missingText(size_t parameter) const {
-    const size_t then = missing.find("; then ");
-    if (parameter > 0 && then != std::string::npos) {
-        return markdown::codes(missing.substr(then)).at(0);
-    }
-    const std::string first = missing.substr(0, then);
-    EXPECT_TRUE(first == "docid" || first == "parameter") << name << ": " << missing;
-    return first == "docid" ? "failed to get docid" : "failed to get required parameter";
-}
-
-std::vector<GuideMethod> busGuide() {
+std::vector<GuideMethod> methodsOf(const char* guide) {
     std::vector<GuideMethod> methods;
-    for (const markdown::Table& table : markdown::tables(markdown::read("docs/bus.md"))) {
+    for (const markdown::Table& table : markdown::tables(markdown::read(guide))) {
         if (table.columns.at(0) != "Method") {
             continue;
         }
@@ -51,6 +39,25 @@ std::vector<GuideMethod> busGuide() {
             methods.push_back(method);
         }
     }
+    return methods;
+}
+
+} // namespace
+
+std::string GuideMethod::missingText(size_t parameter) const {
+    const size_t then = missing.find("; then ");
+    if (parameter > 0 && then != std::string::npos) {
+        return markdown::codes(missing.substr(then)).at(0);
+    }
+    const std::string first = missing.substr(0, then);
+    EXPECT_TRUE(first == "docid" || first == "parameter") << name << ": " << missing;
+    return first == "docid" ? "failed to get docid" : "failed to get required parameter";
+}
+
+std::vector<GuideMethod> busGuide() {
+    std::vector<GuideMethod> methods = methodsOf("docs/bus.md");
+    const std::vector<GuideMethod> touch = methodsOf("docs/touch.md");
+    methods.insert(methods.end(), touch.begin(), touch.end());
     return methods;
 }
 

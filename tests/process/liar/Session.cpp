@@ -100,6 +100,7 @@ void startServiceWithLiars(const std::string& lyingEngine) {
     addCategory("/word", wordMethods);
     addCategory("/excel", excelMethods);
     addCategory("/ppt", pptMethods);
+    addCategory("/touch", touchMethods);
 }
 
 void runSession(const std::string& folder, const std::string& bytes) {

@@ -46,7 +46,7 @@ TEST_F(BusGuideTest, NamesTheMethodsOfTheTablesInTheirOrder) {
     for (const GuideMethod& method : busGuide()) {
         categories.insert(method.category);
     }
-    EXPECT_EQ(categories, (std::set<std::string>{"/common", "/events", "/excel", "/ppt", "/word"}));
+    EXPECT_EQ(categories, (std::set<std::string>{"/common", "/events", "/excel", "/ppt", "/touch", "/word"}));
 }
 
 TEST_F(BusGuideTest, NamesEveryRequiredParameterAndTheTextForIt) {
@@ -105,7 +105,7 @@ TEST_F(BusGuideTest, TellsWhetherThePaintIsAskedForBeforeTheReplyOrAfterIt) {
 }
 
 TEST_F(BusGuideTest, NamesEveryErrorAndItsTexts) {
-    const std::string guide = markdown::read("docs/bus.md");
+    const std::string guide = markdown::read("docs/bus.md") + markdown::read("docs/touch.md");
     const std::set<std::pair<std::string, std::string>> errors = {
         {PARAM_FAILED, NO_PARAMETER},
         {PARAM_FAILED, NO_DOCID},
@@ -114,7 +114,12 @@ TEST_F(BusGuideTest, NamesEveryErrorAndItsTexts) {
         {DOES_NOT_EXIST, "Document does not exist"},
         {WRONG_TYPE, "Not an Excel document"},
         {WRONG_TYPE, "Not a PowerPoint document"},
-        {DOC_TYPE, "doctype is unkown"}};
+        {DOC_TYPE, "doctype is unkown"},
+        {WRONG_TYPE, "Not a touch view"},
+        {OUT_OF_RANGE, OUT_OF_RANGE_TEXT},
+        {"errNothingThere", "nothing there"},
+        {"errNotSupported", "not supported for this document"},
+        {"errFailed", "the document could not do it"}};
     std::set<std::pair<std::string, std::string>> inGuide;
     for (const markdown::Table& table : markdown::tables(guide)) {
         if (table.columns.at(0) == "errorCode") {

@@ -52,4 +52,11 @@ TEST(MethodTables, Excel) {
                             "hideSelection", "unhideSelection", "unhideAll"));
 }
 
+TEST(MethodTables, Touch) {
+    EXPECT_THAT(namesIn(touchMethods),
+                ElementsAre("getView", "scrollTo", "zoomTo", "getLink", "search", "nextResult",
+                            "previousResult", "select", "getSelection", "getText", "getOutline", "goTo",
+                            "getCell", "getThumbnail"));
+}
+
 } // namespace

@@ -10,11 +10,8 @@
 
 void ServiceTest::SetUp() {
     fakeHub.reset();
-    fakeHub.categories = {{"/common", commonMethods},
-                          {"/events", eventMethods},
-                          {"/word", wordMethods},
-                          {"/excel", excelMethods},
-                          {"/ppt", pptMethods}};
+    fakeHub.categories = {{"/common", commonMethods}, {"/events", eventMethods}, {"/word", wordMethods},
+                          {"/excel", excelMethods},   {"/ppt", pptMethods},      {"/touch", touchMethods}};
     ASSERT_EQ(g_msgQueue.Open(DocAdapterMessageQueue::OPEN_FLAGS, DocAdapterMessageQueue::PROJECT_ID), 0);
     ASSERT_EQ(g_msgQueue.Drain(), 0);
     systemCalls.takeLog();
