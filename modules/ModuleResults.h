@@ -38,6 +38,7 @@ enum module_result {
     MODULE_REFUSED = 16,       /* the document does not allow it: protected sheet, merged cells */
     MODULE_CHANGED = 17,       /* the file has changed since it was opened; the document is lost */
     MODULE_TOO_COMPLEX = 18,   /* its layout would take too long, although it is small */
+    MODULE_CANCELLED = 19,     /* the caller gave the open up */
 };
 
 #endif

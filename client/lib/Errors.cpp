@@ -46,6 +46,8 @@ std::string moduleResultText(int code) {
         return "the document does not allow it";
     case MODULE_TOO_COMPLEX:
         return "its tables lie too deep within each other to be laid out; try a simpler copy";
+    case MODULE_CANCELLED:
+        return "the open was given up";
     case MODULE_CHANGED:
         return "its file has changed; open it again";
     default:

@@ -20,8 +20,8 @@ constexpr std::int32_t MOST_POINTS = 100'000;
 // side can tell or that is none.
 constexpr std::int32_t codeFromEngine(std::int32_t told) {
     const bool isOfThisSide = told == MODULE_TIMED_OUT || told == MODULE_ENGINE_LOST ||
-                              told == MODULE_NO_ENGINE || told == MODULE_CHANGED;
-    return told < MODULE_OK || told > MODULE_TOO_COMPLEX || isOfThisSide ? MODULE_FAILED : told;
+                              told == MODULE_NO_ENGINE || told == MODULE_CHANGED || told == MODULE_CANCELLED;
+    return told < MODULE_OK || told > MODULE_CANCELLED || isOfThisSide ? MODULE_FAILED : told;
 }
 
 // A number that must be from least to most; else the code of a failed call.

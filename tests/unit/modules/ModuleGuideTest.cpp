@@ -4,6 +4,7 @@
 #include "modules/SSTGFunc.h"
 #include "modules/STGFunc.h"
 #include "modules/Singleton.h"
+#include "modules/TouchFunctions.h"
 #include "modules/WTGFunc.h"
 #include "tests/guides/Markdown.h"
 
@@ -70,7 +71,8 @@ TEST(ModuleGuide, TellsTheSizesOfTheRecords) {
                                                     {"stg_region", sizeof(stg_region)},
                                                     {"sstg_find_info", sizeof(sstg_find_info)},
                                                     {"sstg_find_region", sizeof(sstg_find_region)},
-                                                    {"sstg_outline_item", sizeof(sstg_outline_item)}}));
+                                                    {"sstg_outline_item", sizeof(sstg_outline_item)},
+                                                    {"lectern_open_request", sizeof(lectern_open_request)}}));
 }
 
 TEST(ModuleGuide, ShowsTheModuleThatIsCompiled) {
