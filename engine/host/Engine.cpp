@@ -25,7 +25,8 @@ Watchdog& watchdog() {
 std::unique_ptr<Engine> Engine::start(std::unique_ptr<EngineProcess> process, TimePoint deadline,
                                       std::int32_t& result) {
     FileDescriptor socket = process->takeSocket();
-    std::unique_ptr<Engine> engine(new Engine(watchdog().watch(std::move(process))));
+    std::string folder = process->folder()->path();
+    std::unique_ptr<Engine> engine(new Engine(watchdog().watch(std::move(process)), std::move(folder)));
     watchdog().setDeadline(engine->mHandle, deadline);
     engine->mConnection = Connection::make(std::move(socket));
     const bool expired = watchdog().liftDeadline(engine->mHandle);
@@ -48,6 +49,10 @@ bool Engine::isAlive() const {
 
 void Engine::kill() {
     mLost = true;
+    watchdog().kill(mHandle);
+}
+
+void Engine::abort() {
     watchdog().kill(mHandle);
 }
 

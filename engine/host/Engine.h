@@ -10,6 +10,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <utility>
 
 namespace lectern::engine {
@@ -32,6 +33,11 @@ public:
     bool isLost() const { return mLost; }
     // Ends the process; it is lost then.
     void kill();
+    // Ends the process too, but any thread may call it, also while another uses the engine:
+    // its call then finds the engine lost.
+    void abort();
+    // The folder that it may write to; it goes with the process.
+    const std::string& folder() const { return mFolder; }
 
     // Runs one call on the connection, send(GError**), which must have no time limit
     // of its own. Returns MODULE_OK when the engine answered, MODULE_TIMED_OUT (the
@@ -55,12 +61,14 @@ public:
     LecternIpcSlide* slide() const { return mConnection->slide(); }
 
 private:
-    explicit Engine(Watchdog::Handle handle) : mHandle(std::move(handle)) {}
+    Engine(Watchdog::Handle handle, std::string folder)
+        : mHandle(std::move(handle)), mFolder(std::move(folder)) {}
 
     std::int32_t beginCall(TimePoint deadline);
     std::int32_t endCall(bool answered, const GError* error);
 
-    Watchdog::Handle mHandle;
+    const Watchdog::Handle mHandle;
+    const std::string mFolder;
     bool mLost = false;
     std::unique_ptr<Connection> mConnection;
 };

@@ -5,6 +5,7 @@
 #include "engine/layout/TextEncoding.h"
 #include "engine/office/FileUrl.h"
 #include "engine/office/LoadGuard.h"
+#include "engine/office/TemporaryCopy.h"
 #include "modules/ModuleResults.h"
 
 #include <LibreOfficeKit/LibreOfficeKitEnums.h>
@@ -12,14 +13,11 @@
 #include <com/sun/star/frame/Desktop.hpp>
 #include <com/sun/star/frame/XModel.hpp>
 #include <strings.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <memory>
-#include <sstream>
 #include <string_view>
 #include <vector>
 
@@ -36,11 +34,12 @@ namespace {
 constexpr char LOAD_OPTIONS[] = "Batch=true,MacroSecurityLevel=3,EnableMacrosExecution=false";
 
 // Answers the suite's password requests during a load. The suite asks again
-// after a wrong password; the second request ends the load.
+// after a wrong password; the second request ends the load. Passes its progress on.
 class PasswordPrompt {
 public:
-    PasswordPrompt(lok::Office& suite, const std::string& url, const std::string& password)
-        : mSuite(suite), mUrl(url), mPassword(password) {
+    PasswordPrompt(lok::Office& suite, const std::string& url, const std::string& password,
+                   const LoadProgress& progress)
+        : mSuite(suite), mUrl(url), mPassword(password), mProgress(progress) {
         mSuite.registerCallback(&PasswordPrompt::onEvent, this);
     }
     ~PasswordPrompt() { mSuite.registerCallback(nullptr, nullptr); }
@@ -50,8 +49,12 @@ public:
     bool asked() const { return mQuestions > 0; }
 
 private:
-    static void onEvent(int type, const char* /*payload*/, void* self) {
-        static_cast<PasswordPrompt*>(self)->answer(type);
+    static void onEvent(int type, const char* payload, void* self) {
+        auto& prompt = *static_cast<PasswordPrompt*>(self);
+        if (type == LOK_CALLBACK_STATUS_INDICATOR_SET_VALUE && prompt.mProgress && payload != nullptr) {
+            prompt.mProgress(static_cast<int32_t>(std::strtol(payload, nullptr, 10)));
+        }
+        prompt.answer(type);
     }
 
     // The suite looks the answer up by the URL of the load. The callback's payload
@@ -69,57 +72,16 @@ private:
     lok::Office& mSuite;
     const std::string& mUrl;
     const std::string& mPassword;
+    const LoadProgress& mProgress;
     int mQuestions = 0;
 };
-
-std::string contentsOf(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream contents;
-    contents << in.rdbuf();
-    return std::move(contents).str();
-}
-
-// A temporary copy of a file with other contents. The destructor removes it.
-class TemporaryCopy {
-public:
-    // The extension, of three letters, tells the suite the kind of document.
-    TemporaryCopy(const std::string& directory, const std::string& extension, const std::string& contents)
-        : mPath(directory + "/lectern-XXXXXX" + extension) {
-        const int fd = mkstemps(mPath.data(), static_cast<int>(extension.size()));
-        if (fd < 0) {
-            mPath.clear();
-            return;
-        }
-        close(fd);
-        std::ofstream out(mPath, std::ios::binary | std::ios::trunc);
-        out << contents;
-    }
-    ~TemporaryCopy() {
-        if (!mPath.empty()) {
-            unlink(mPath.c_str());
-        }
-    }
-    TemporaryCopy(const TemporaryCopy&) = delete;
-    TemporaryCopy& operator=(const TemporaryCopy&) = delete;
-
-    // Empty when no copy could be written.
-    const std::string& path() const { return mPath; }
-
-private:
-    std::string mPath;
-};
-
-// The extension of a path with its dot; empty when the path has none.
-std::string extensionOf(const std::string& path) {
-    return std::filesystem::path(path).extension().string();
-}
 
 // A UTF-8 copy of a plain-text file in another encoding; null for other files.
 std::unique_ptr<TemporaryCopy> utf8Copy(const std::string& path, const std::string& directory) {
     if (strcasecmp(extensionOf(path).c_str(), ".txt") != 0) {
         return nullptr;
     }
-    const std::string bytes = contentsOf(path);
+    const std::string bytes = bytesOf(path);
     const TextEncoding encoding = detectTextEncoding(bytes);
     return encoding == TextEncoding::Utf8
                ? nullptr
@@ -129,7 +91,7 @@ std::unique_ptr<TemporaryCopy> utf8Copy(const std::string& path, const std::stri
 // A copy of a compound file without the streams for which the suite refuses it;
 // null when there is no such stream.
 std::unique_ptr<TemporaryCopy> repairedCopy(const std::string& path, const std::string& directory) {
-    std::string bytes = contentsOf(path);
+    std::string bytes = bytesOf(path);
     return emptyImpossibleStreams(bytes)
                ? std::make_unique<TemporaryCopy>(directory, extensionOf(path), bytes)
                : nullptr;
@@ -161,15 +123,10 @@ Reference<css::frame::XModel> newModel(const Office::Private& office,
 // The suite reads a file that it cannot identify as plain text. That is accepted
 // for plain text with the extension .doc, but not for a damaged container.
 bool isBrokenContainer(const Reference<css::frame::XModel>& model, const std::string& path) {
-    const css::uno::Sequence<css::beans::PropertyValue> arguments = model->getArgs();
-    const bool readAsText = std::any_of(arguments.begin(), arguments.end(), [](const auto& argument) {
-        OUString filter;
-        return argument.Name == "FilterName" && (argument.Value >>= filter) && filter.startsWith("Text");
-    });
     constexpr std::string_view COMPOUND = "\xD0\xCF\x11\xE0", ZIP = "PK\x03\x04";
     std::string head(4, '\0');
     std::ifstream(path, std::ios::binary).read(head.data(), static_cast<std::streamsize>(head.size()));
-    return readAsText && (head == COMPOUND || head == ZIP);
+    return isReadAsText(model) && (head == COMPOUND || head == ZIP);
 }
 
 int32_t load(const Office::Private& office, const std::string& url, const std::string& language,
@@ -191,9 +148,10 @@ int32_t load(const Office::Private& office, const std::string& url, const std::s
 
 // Loads a document from its file, or from a copy of it.
 int32_t loadFrom(const std::string& source, Office::Private& office, const std::string& path,
-                 const std::string& password, const std::string& language, LoadedModel& loaded) {
+                 const std::string& password, const std::string& language, const LoadProgress& progress,
+                 LoadedModel& loaded) {
     const std::string url = fileUrl(source);
-    const PasswordPrompt prompt(*office.suite, url, password);
+    const PasswordPrompt prompt(*office.suite, url, password, progress);
     const int32_t result = load(office, url, language, loaded);
     if (result == MODULE_DAMAGED && prompt.asked()) {
         return password.empty() ? MODULE_NEEDS_PASSWORD : MODULE_WRONG_PASSWORD;
@@ -201,8 +159,16 @@ int32_t loadFrom(const std::string& source, Office::Private& office, const std::
     return result == MODULE_OK && isBrokenContainer(loaded.model, path) ? int32_t{MODULE_DAMAGED} : result;
 }
 
-// Fills `opened` if the loaded model is a text document; otherwise returns
-// MODULE_WRONG_KIND.
+} // namespace
+
+bool isReadAsText(const Reference<css::frame::XModel>& model) {
+    const css::uno::Sequence<css::beans::PropertyValue> arguments = model->getArgs();
+    return std::any_of(arguments.begin(), arguments.end(), [](const auto& argument) {
+        OUString filter;
+        return argument.Name == "FilterName" && (argument.Value >>= filter) && filter.startsWith("Text");
+    });
+}
+
 int32_t openAsText(LoadedModel loaded, OpenedDocument& opened) {
     const Reference<css::text::XTextDocument> text(loaded.model, UNO_QUERY);
     if (!text.is()) {
@@ -214,19 +180,18 @@ int32_t openAsText(LoadedModel loaded, OpenedDocument& opened) {
     return MODULE_OK;
 }
 
-} // namespace
-
 int32_t loadModel(Office::Private& office, const std::string& path, const std::string& password,
-                  const std::string& temporaryDirectory, LoadedModel& model, const std::string& language) {
+                  const std::string& temporaryDirectory, LoadedModel& model, const std::string& language,
+                  const LoadProgress& progress) {
     const auto text = utf8Copy(path, temporaryDirectory);
     LoadedModel loaded;
     // Without a copy the suite reads the original as it is.
     const std::string& source = text && !text->path().empty() ? text->path() : path;
-    int32_t result = loadFrom(source, office, path, password, language, loaded);
+    int32_t result = loadFrom(source, office, path, password, language, progress, loaded);
     if (result == MODULE_DAMAGED) {
         const auto repaired = repairedCopy(path, temporaryDirectory);
         if (repaired && !repaired->path().empty()) {
-            result = loadFrom(repaired->path(), office, path, password, language, loaded);
+            result = loadFrom(repaired->path(), office, path, password, language, progress, loaded);
         }
     }
     if (result == MODULE_OK) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "engine/office/AnyFile.h"
 #include "engine/office/OfficePrivate.h"
 
 #include <com/sun/star/frame/XModel.hpp>
@@ -24,8 +25,11 @@ struct LoadedModel {
 // them to the suite. Returns a module_result code; on failure `model` is not
 // changed.
 int32_t loadModel(Office::Private& office, const std::string& path, const std::string& password,
-                  const std::string& temporaryDirectory, LoadedModel& model,
-                  const std::string& language = {});
+                  const std::string& temporaryDirectory, LoadedModel& model, const std::string& language = {},
+                  const LoadProgress& progress = {});
+
+// Whether the suite has read the file as plain text, as it does with what it does not know.
+bool isReadAsText(const css::uno::Reference<css::frame::XModel>& model);
 
 // One text document through two interfaces: one paints it and takes points, the
 // other changes and reads the model.
@@ -38,6 +42,10 @@ struct OpenedDocument {
 // are returned locked, so that its original pages are never laid out.
 int32_t loadDocument(Office::Private& office, const std::string& path, const std::string& password,
                      const std::string& temporaryDirectory, OpenedDocument& opened);
+
+// Fills `opened` if the loaded model is a text document, as loadDocument does; otherwise
+// returns MODULE_WRONG_KIND.
+int32_t openAsText(LoadedModel loaded, OpenedDocument& opened);
 
 // Creates an empty document in the state that loadDocument returns.
 int32_t newDocument(Office::Private& office, OpenedDocument& opened);

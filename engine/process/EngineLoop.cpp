@@ -2,9 +2,11 @@
 #include "engine/process/EngineLoop.h"
 
 #include "base/GLibHolder.h"
+#include "engine/office/Exporting.h"
 #include "engine/process/endpoints/SheetEndpoint.h"
 #include "engine/process/endpoints/SlideEndpoint.h"
 #include "engine/process/endpoints/WordEndpoint.h"
+#include "engine/protocol/BorderGuard.h"
 #include "engine/protocol/Inherited.h"
 #include "modules/ModuleResults.h"
 
@@ -42,6 +44,26 @@ gboolean handleReleaseMemory(LecternIpcProcess* process, GDBusMethodInvocation* 
     return TRUE;
 }
 
+// With what the process's own calls are answered.
+struct Exporter {
+    Office& office;
+    std::string folder;
+};
+
+gboolean handleExport(LecternIpcProcess* process, GDBusMethodInvocation* invocation, const gchar* path,
+                      const gchar* password, gint kind, gint format, gpointer user) {
+    const Exporter& exporter = *static_cast<Exporter*>(user);
+    const bool isKnown = kind >= 0 && kind <= static_cast<gint>(DocumentKind::Slides) && format >= 0 &&
+                         format <= static_cast<gint>(ExportFormat::Text);
+    const std::int32_t result = !isKnown ? std::int32_t{MODULE_BAD_ARGUMENT} : guardedAtBorder([&] {
+        return exportFile(exporter.office, {path, password, exporter.folder, {}},
+                          static_cast<DocumentKind>(kind), static_cast<ExportFormat>(format),
+                          exporter.folder + "/" + EXPORT_FILE);
+    });
+    lectern_ipc_process_complete_export(process, invocation, result);
+    return TRUE;
+}
+
 // A source of the main context that becomes ready at a time and does nothing.
 GLibHolder<GSource> makeAlarm() {
     static GSourceFuncs functions = {
@@ -55,6 +77,7 @@ GLibHolder<GSource> makeAlarm() {
 } // namespace
 
 struct EngineLoop::State {
+    Exporter exporter;
     WordEndpoint word;
     SheetEndpoint sheet;
     SlideEndpoint slide;
@@ -64,7 +87,7 @@ struct EngineLoop::State {
 };
 
 std::unique_ptr<EngineLoop> EngineLoop::connect(int socket, Office& office, const std::string& folder) {
-    auto state = std::make_unique<State>();
+    std::unique_ptr<State> state(new State{{office, folder}, {}, {}, {}, {}, {}, {}});
     state->connection = connectTo(socket);
     if (!state->connection) {
         return nullptr;
@@ -75,6 +98,7 @@ std::unique_ptr<EngineLoop> EngineLoop::connect(int socket, Office& office, cons
     state->sheet.useOffice(&office, folder);
     state->slide.useOffice(&office, folder);
     g_signal_connect(state->process.get(), "handle-release-memory", G_CALLBACK(handleReleaseMemory), nullptr);
+    g_signal_connect(state->process.get(), "handle-export", G_CALLBACK(handleExport), &state->exporter);
 
     GDBusConnection* connection = state->connection.get();
     if (g_dbus_interface_skeleton_export(G_DBUS_INTERFACE_SKELETON(state->process.get()), connection,

@@ -9,6 +9,9 @@ namespace lectern::engine {
 constexpr int ENGINE_SOCKET = 3; // the other end is the service's
 constexpr int ENGINE_FOLDER = 4; // the fork server's folder, locked while any process holds it
 
+// The file in an engine's folder that an export writes.
+constexpr const char* EXPORT_FILE = "export";
+
 // Object paths of the interfaces in process.xml, word.xml, sheet.xml and slide.xml.
 constexpr const char* PROCESS_PATH = "/process";
 constexpr const char* WORD_PATH = "/word";

@@ -10,6 +10,12 @@ namespace lectern::engine {
 // What both sides of the protocol name. Enumerators travel as numbers of the
 // type "i".
 
+// The kinds of documents.
+enum class DocumentKind : std::int32_t { Text = 0, Sheet = 1, Slides = 2 };
+
+// What an export writes, as lectern_export_format in modules/TouchFunctions.h.
+enum class ExportFormat : std::int32_t { Pdf = 0, Text = 1 };
+
 // The surfaces of a view of a sheet.
 enum class SheetArea : std::int32_t { Cells = 0, RowHeaders = 1, ColumnHeaders = 2 };
 constexpr std::size_t SHEET_AREAS = 3;

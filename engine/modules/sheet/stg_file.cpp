@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // Opening and closing workbooks.
 
+#include "engine/modules/Exporting.h"
+#include "engine/modules/OpenAttempt.h"
 #include "engine/modules/sheet/SheetHandle.h"
 
 using namespace lectern::engine;
@@ -17,11 +19,25 @@ std::int32_t load(Engine& engine, TimePoint deadline, const DocumentFile& file, 
     return sent != MODULE_OK ? sent : codeFromEngine(result);
 }
 
+std::int32_t loadAny(Engine& engine, TimePoint deadline, const DocumentFile& file,
+                     const std::string& password, int progress) {
+    return callOpenAny(engine, deadline, engine.sheet(), &lectern_ipc_sheet_call_open_any_sync, file,
+                       password, progress);
+}
+
 } // namespace
 
 int32_t stg_open_file(const uint16_t* path, const uint16_t* password, const uint16_t* /*font_dir*/,
                       const uint16_t* temp_dir, void** doc) {
     return openDocument<SheetHandle>(path, password, temp_dir, load, doc);
+}
+
+int32_t stg_open_any_file(const lectern_open_request* request, void** doc) {
+    return openAnyDocument<SheetHandle>(request, loadAny, doc);
+}
+
+int32_t stg_export(void* doc, int32_t format, int32_t descriptor) {
+    return exportDocument<SheetHandle>(doc, DocumentKind::Sheet, format, descriptor);
 }
 
 int32_t stg_close_file(void** doc) {

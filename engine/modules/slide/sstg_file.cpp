@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // Opening and closing presentations.
 
+#include "engine/modules/Exporting.h"
+#include "engine/modules/OpenAttempt.h"
 #include "engine/modules/slide/SlideHandle.h"
 
 using namespace lectern::engine;
@@ -18,11 +20,25 @@ std::int32_t load(Engine& engine, TimePoint deadline, const DocumentFile& file,
     return sent != MODULE_OK ? sent : codeFromEngine(result);
 }
 
+std::int32_t loadAny(Engine& engine, TimePoint deadline, const DocumentFile& file,
+                     const std::string& password, int progress) {
+    return callOpenAny(engine, deadline, engine.slide(), &lectern_ipc_slide_call_open_any_sync, file,
+                       password, progress);
+}
+
 } // namespace
 
 int32_t sstg_open_file(const uint16_t* path, const uint16_t* /*font_dir*/, const uint16_t* temp_dir,
                        void** doc) {
     return openDocument<SlideHandle>(path, nullptr, temp_dir, load, doc);
+}
+
+int32_t sstg_open_any_file(const lectern_open_request* request, void** doc) {
+    return openAnyDocument<SlideHandle>(request, loadAny, doc);
+}
+
+int32_t sstg_export(void* doc, int32_t format, int32_t descriptor) {
+    return exportDocument<SlideHandle>(doc, DocumentKind::Slides, format, descriptor);
 }
 
 int32_t sstg_close_file(void** doc) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // Opening and closing documents.
 
+#include "engine/modules/Exporting.h"
+#include "engine/modules/OpenAttempt.h"
 #include "engine/modules/word/WordHandle.h"
 #include "modules/WordToGoModule.h"
 
@@ -20,11 +22,26 @@ std::int32_t load(Engine& engine, TimePoint deadline, const DocumentFile& file, 
     return sent != MODULE_OK ? sent : codeFromEngine(result);
 }
 
+std::int32_t loadAny(Engine& engine, TimePoint deadline, const DocumentFile& file,
+                     const std::string& password, int progress) {
+    gboolean painted = FALSE;
+    return callOpenAny(engine, deadline, engine.word(), &lectern_ipc_word_call_open_any_sync, file, password,
+                       progress, &painted);
+}
+
 } // namespace
 
 int32_t wtg_open_file(const uint16_t* path, const uint16_t* password, const uint16_t* /*font_dir*/,
                       const uint16_t* temp_dir, void** doc) {
     return openDocument<WordHandle>(path, password, temp_dir, load, doc);
+}
+
+int32_t wtg_open_any_file(const lectern_open_request* request, void** doc) {
+    return openAnyDocument<WordHandle>(request, loadAny, doc);
+}
+
+int32_t wtg_export(void* doc, int32_t format, int32_t descriptor) {
+    return exportDocument<WordHandle>(doc, DocumentKind::Text, format, descriptor);
 }
 
 int32_t wtg_close_file(void** doc) {

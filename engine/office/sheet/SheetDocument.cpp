@@ -3,34 +3,20 @@
 #include "engine/office/sheet/SheetDocument.h"
 
 #include "engine/layout/Tint.h"
+#include "engine/office/AnyLoading.h"
 #include "engine/office/Properties.h"
+#include "engine/office/ReadersLanguage.h"
 #include "engine/office/sheet/SheetDocumentPrivate.h"
 
 #include <com/sun/star/container/XNamed.hpp>
 #include <com/sun/star/sheet/XSpreadsheetDocument.hpp>
 
 #include <algorithm>
-#include <cctype>
-#include <cstdlib>
 #include <limits>
-#include <string_view>
 
 namespace lectern::engine {
 
 namespace {
-
-// The language whose formats of numbers and dates a workbook shows where it
-// leaves them to the reader. Without one the suite reads the dates of .xls files
-// in the built-in formats 14 to 17 as a day and a month: 07/01 for Jul-01.
-std::string readersLanguage() {
-    constexpr char DEFAULT[] = "en-US";
-    const char* const language = std::getenv("LECTERN_LANGUAGE");
-    const std::string_view tag = language == nullptr ? "" : language;
-    const bool isTag = !tag.empty() && std::all_of(tag.begin(), tag.end(), [](unsigned char c) {
-        return std::isalnum(c) != 0 || c == '-';
-    });
-    return isTag ? std::string(tag) : DEFAULT;
-}
 
 int32_t saturated(int64_t value) {
     return static_cast<int32_t>(std::min<int64_t>(value, std::numeric_limits<int32_t>::max()));
@@ -40,10 +26,27 @@ int32_t saturated(int64_t value) {
 
 int32_t SheetDocument::open(Office& office, const std::string& path, const std::string& password,
                             const std::string& temporaryDirectory, std::unique_ptr<SheetDocument>& document) {
+    return openLoaded(
+        [&](LoadedModel& loaded) {
+            return loadModel(office.d(), path, password, temporaryDirectory, loaded, readersLanguage());
+        },
+        document);
+}
+
+int32_t SheetDocument::openAny(Office& office, const AnyFile& file,
+                               std::unique_ptr<SheetDocument>& document) {
+    return openLoaded(
+        [&](LoadedModel& loaded) {
+            return loadAny(office.d(), file, DocumentKind::Sheet, loaded, readersLanguage());
+        },
+        document);
+}
+
+template<class Load>
+int32_t SheetDocument::openLoaded(Load load, std::unique_ptr<SheetDocument>& document) {
     return guardedInOffice([&]() -> int32_t {
         LoadedModel loaded;
-        const int32_t result =
-            loadModel(office.d(), path, password, temporaryDirectory, loaded, readersLanguage());
+        const int32_t result = load(loaded);
         if (result != MODULE_OK) {
             return result;
         }

@@ -3,6 +3,7 @@
 
 #include "engine/layout/DocumentInformation.h"
 #include "engine/layout/Surface.h"
+#include "engine/office/AnyFile.h"
 #include "engine/office/Office.h"
 #include "engine/protocol/Vocabulary.h"
 
@@ -23,6 +24,8 @@ public:
     // temporary copies.
     static int32_t open(Office& office, const std::string& path, const std::string& password,
                         const std::string& temporaryDirectory, std::unique_ptr<SheetDocument>& document);
+    // The same for a file of any name.
+    static int32_t openAny(Office& office, const AnyFile& file, std::unique_ptr<SheetDocument>& document);
     ~SheetDocument();
     SheetDocument(const SheetDocument&) = delete;
     SheetDocument& operator=(const SheetDocument&) = delete;
@@ -81,6 +84,8 @@ public:
 private:
     struct Private;
     explicit SheetDocument(std::unique_ptr<Private> d);
+    template<class Load>
+    static int32_t openLoaded(Load load, std::unique_ptr<SheetDocument>& document);
     std::unique_ptr<Private> mPrivate;
 };
 

@@ -2,6 +2,7 @@
 // Opening a presentation, its slides and their painting.
 #include "engine/office/slide/SlideDocument.h"
 
+#include "engine/office/AnyLoading.h"
 #include "engine/office/Properties.h"
 #include "engine/office/slide/EncryptedFile.h"
 #include "engine/office/slide/SlideDocumentPrivate.h"
@@ -33,17 +34,36 @@ int32_t pointsFromHundredthMm(int32_t length) {
 
 int32_t SlideDocument::open(Office& office, const std::string& path, const std::string& temporaryDirectory,
                             std::unique_ptr<SlideDocument>& document) {
+    const auto load = [&](LoadedModel& loaded) -> int32_t {
+        const int32_t result = loadModel(office.d(), path, "", temporaryDirectory, loaded);
+        return result == MODULE_DAMAGED && isEncryptedPresentation(path) ? MODULE_NEEDS_PASSWORD : result;
+    };
+    return openLoaded(office, path, load, document);
+}
+
+int32_t SlideDocument::openAny(Office& office, const AnyFile& file,
+                               std::unique_ptr<SlideDocument>& document) {
+    const auto load = [&](LoadedModel& loaded) -> int32_t {
+        const int32_t result = loadAny(office.d(), file, DocumentKind::Slides, loaded);
+        if (result != MODULE_DAMAGED || !isEncryptedPresentation(file.path)) {
+            return result;
+        }
+        // The suite does not know how to decrypt it.
+        return file.password.empty() ? MODULE_NEEDS_PASSWORD : MODULE_NOT_SUPPORTED;
+    };
+    return openLoaded(office, file.path, load, document);
+}
+
+template<class Load>
+int32_t SlideDocument::openLoaded(Office& office, const std::string& path, Load load,
+                                  std::unique_ptr<SlideDocument>& document) {
     return guardedInOffice([&]() -> int32_t {
         // The suite would open an empty file as a new presentation.
         if (std::filesystem::file_size(path) == 0) {
             return MODULE_DAMAGED;
         }
         LoadedModel loaded;
-        const int32_t result = loadModel(office.d(), path, "", temporaryDirectory, loaded);
-        if (result == MODULE_DAMAGED && isEncryptedPresentation(path)) {
-            return MODULE_NEEDS_PASSWORD;
-        }
-        if (result != MODULE_OK) {
+        if (const int32_t result = load(loaded); result != MODULE_OK) {
             return result;
         }
         if (!isPresentation(loaded.model)) {

@@ -4,6 +4,7 @@
 #include "engine/layout/DocumentInformation.h"
 #include "engine/layout/OutlineItem.h"
 #include "engine/layout/Surface.h"
+#include "engine/office/AnyFile.h"
 #include "engine/office/Office.h"
 
 #include <cstdint>
@@ -29,6 +30,8 @@ public:
     // file. `temporaryDirectory` receives temporary copies.
     static int32_t open(Office& office, const std::string& path, const std::string& temporaryDirectory,
                         std::unique_ptr<SlideDocument>& document);
+    // The same for a file of any name, which may be protected by a password.
+    static int32_t openAny(Office& office, const AnyFile& file, std::unique_ptr<SlideDocument>& document);
     ~SlideDocument();
     SlideDocument(const SlideDocument&) = delete;
     SlideDocument& operator=(const SlideDocument&) = delete;
@@ -73,6 +76,9 @@ public:
 private:
     struct Private;
     explicit SlideDocument(std::unique_ptr<Private> d);
+    template<class Load>
+    static int32_t openLoaded(Office& office, const std::string& path, Load load,
+                              std::unique_ptr<SlideDocument>& document);
     std::unique_ptr<Private> mPrivate;
     int32_t mRoom = 1;
     int32_t mPicture = 0;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "engine/office/word/WordDocument.h"
 
+#include "engine/office/AnyLoading.h"
 #include "engine/office/word/WordDocumentPrivate.h"
 
 #include <algorithm>
@@ -122,6 +123,22 @@ int32_t WordDocument::open(Office& office, const std::string& path, const std::s
     return guardedInOffice([&]() -> int32_t {
         OpenedDocument opened;
         const int32_t result = loadDocument(office.d(), path, password, temporaryDirectory, opened);
+        if (result == MODULE_OK) {
+            document.reset(new WordDocument(std::make_unique<Private>(office.d(), std::move(opened))));
+        }
+        return result;
+    });
+}
+
+int32_t WordDocument::openAny(Office& office, const AnyFile& file, std::unique_ptr<WordDocument>& document) {
+    return guardedInOffice([&]() -> int32_t {
+        LoadedModel loaded;
+        int32_t result = loadAny(office.d(), file, DocumentKind::Text, loaded);
+        if (result != MODULE_OK) {
+            return result;
+        }
+        OpenedDocument opened;
+        result = openAsText(std::move(loaded), opened);
         if (result == MODULE_OK) {
             document.reset(new WordDocument(std::make_unique<Private>(office.d(), std::move(opened))));
         }

@@ -3,6 +3,7 @@
 
 #include "engine/layout/DocumentInformation.h"
 #include "engine/layout/TextTypes.h"
+#include "engine/office/AnyFile.h"
 #include "engine/office/Office.h"
 
 #include <cstdint>
@@ -22,6 +23,8 @@ public:
     // temporary copies.
     static int32_t open(Office& office, const std::string& path, const std::string& password,
                         const std::string& temporaryDirectory, std::unique_ptr<WordDocument>& document);
+    // The same for a file of any name.
+    static int32_t openAny(Office& office, const AnyFile& file, std::unique_ptr<WordDocument>& document);
     ~WordDocument();
     WordDocument(const WordDocument&) = delete;
     WordDocument& operator=(const WordDocument&) = delete;

@@ -10,6 +10,7 @@
 #include <gio/gio.h>
 
 #include <array>
+#include <atomic>
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
@@ -53,6 +54,22 @@ public:
         }
         return guardedAtBorder(
             [&] { return Document::open(*mOffice, path, password..., mFolder, mDocument); });
+    }
+    // The same for a file of any name. `progress` is the memory file for the percentage that
+    // is done; it may be invalid.
+    std::int32_t openAny(int progress, const std::string& path, const std::string& password) {
+        if (mOffice == nullptr || mDocument) {
+            return MODULE_FAILED;
+        }
+        const std::optional<MappedSurface> told = MappedSurface::map(progress, 1, 1);
+        const auto tell = [&](std::int32_t percent) {
+            if (told) {
+                std::atomic_ref(*told->pixels()).store(static_cast<std::uint32_t>(percent));
+            }
+        };
+        return guardedAtBorder([&] {
+            return Document::openAny(*mOffice, {path, password, mFolder, tell}, mDocument);
+        });
     }
     // Runs an operation on the open document; MODULE_FAILED without one.
     template<class Operation>

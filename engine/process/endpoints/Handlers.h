@@ -104,6 +104,20 @@ inline FileDescriptor fileOf(GUnixFDList* files, GVariant* handle) {
         files == nullptr ? -1 : g_unix_fd_list_get(files, g_variant_get_handle(handle), nullptr));
 }
 
+// Opens a file of any name.
+template<class Service, auto Complete>
+gboolean handleOpenAny(typename Service::Skeleton* skeleton, GDBusMethodInvocation* invocation,
+                       GUnixFDList* files, GVariant* progress, const gchar* path, const gchar* password,
+                       gpointer user) {
+    Service& service = *static_cast<Service*>(user);
+    const FileDescriptor file = fileOf(files, progress);
+    const std::int32_t result = service.openAny(file.get(), path, password);
+    std::apply([&](auto... more) { Complete(skeleton, invocation, nullptr, result, more...); },
+               service.afterResult());
+    service.prepareWhenIdle();
+    return TRUE;
+}
+
 // Connects handlers to an endpoint's skeleton; they answer its calls with the endpoint.
 template<class Service>
 class Connector {

@@ -69,6 +69,7 @@ gboolean handleSelection(Skeleton* sheet, Invocation* invocation, gpointer user)
 
 void connectView(const Connector<SheetEndpoint>& on) {
     on.handler("handle-open", &handleOpen);
+    on.handler("handle-open-any", &handleOpenAny<SheetEndpoint, &lectern_ipc_sheet_complete_open_any>);
     on.handler("handle-set-surface", &handleSetSurface);
     on.operation<&Document::setDpi, &lectern_ipc_sheet_complete_set_dpi>("handle-set-dpi");
     on.operation<&Document::render, &lectern_ipc_sheet_complete_render>("handle-render");

@@ -91,6 +91,7 @@ gboolean handleReleaseMemory(Skeleton* slide, Invocation* invocation, gpointer u
 
 void connectHandlers(const Connector<SlideEndpoint>& on) {
     on.handler("handle-open", &handleOpen);
+    on.handler("handle-open-any", &handleOpenAny<SlideEndpoint, &lectern_ipc_slide_complete_open_any>);
     on.handler("handle-set-surface", &handleSetSurface);
     on.handler("handle-render", &handleRender);
     on.operation<&Document::slideCount, &lectern_ipc_slide_complete_slide_count>("handle-slide-count");

@@ -164,6 +164,7 @@ gboolean handleScrollToRange(Skeleton* word, Invocation* invocation, guint start
 
 void connectView(const Connector<WordEndpoint>& on) {
     on.handler("handle-open", &handleOpen);
+    on.handler("handle-open-any", &handleOpenAny<WordEndpoint, &lectern_ipc_word_complete_open_any>);
     on.handler("handle-set-surface", &handleSetSurface);
     on.operation<&Document::setDpi, &lectern_ipc_word_complete_set_dpi>("handle-set-dpi");
     on.handler("handle-jump-to-character", &handleJumpToCharacter);

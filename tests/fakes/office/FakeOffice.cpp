@@ -8,6 +8,9 @@
 //                 has a rectangle (position, 0, length, 1)
 //   click         type:number, or 6:address, of what lies everywhere
 //   open, surface, count, scroll, information, find    how to misbehave there
+//   progress      percentages that an open of any file tells at its start
+//   export        how to misbehave in an export, which writes the format and the
+//                 text; exported, if set, is the size in bytes that the file gets
 //   lie           give impossible numbers
 //   portions      what there is to do while no call waits (default 0); the
 //                 last one makes the file "prepared" in the temporary folder
@@ -15,6 +18,7 @@
 // any line is damaged. Row r of the text is painted as 0xFF000000 + r, what
 // lies below its end white. There are ten characters in each row.
 
+#include "engine/office/Exporting.h"
 #include "engine/office/word/WordDocument.h"
 #include "modules/ModuleResults.h"
 #include "tests/fakes/office/FakeSettings.h"
@@ -77,6 +81,21 @@ bool Office::useTemporaryFolder(const std::string& folder) {
 
 std::vector<std::string> Office::readPaths() const {
     return {};
+}
+
+int32_t exportFile(Office&, const AnyFile& file, DocumentKind kind, ExportFormat format,
+                   const std::string& target) {
+    fake::Settings settings = fake::readSettings(file.path);
+    if (settings["password"] != file.password) {
+        return file.password.empty() ? MODULE_NEEDS_PASSWORD : MODULE_WRONG_PASSWORD;
+    }
+    std::ofstream out(target);
+    out << static_cast<int>(kind) << static_cast<int>(format) << ' ' << settings["text"];
+    if (const std::string size = settings["exported"]; !size.empty()) {
+        out.seekp(std::stoll(size) - 1).put('.'); // takes no space
+    }
+    out.flush();
+    return fake::misbehave(settings["export"]);
 }
 
 Office::Office(std::unique_ptr<Private> d) : mPrivate(std::move(d)) {}
@@ -160,6 +179,11 @@ int32_t WordDocument::open(Office&, const std::string& path, const std::string& 
     d->temporaryFolder = temporaryDirectory;
     document.reset(new WordDocument(std::move(d)));
     return MODULE_OK;
+}
+
+int32_t WordDocument::openAny(Office& office, const AnyFile& file, std::unique_ptr<WordDocument>& document) {
+    fake::tellProgress(fake::readSettings(file.path), file.progress);
+    return open(office, file.path, file.password, file.temporaryDirectory, document);
 }
 
 int32_t WordDocument::setSurface(uint32_t* pixels, int32_t width, int32_t height) {

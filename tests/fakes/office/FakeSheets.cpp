@@ -78,6 +78,11 @@ int32_t SheetDocument::open(Office&, const std::string& path, const std::string&
     return MODULE_OK;
 }
 
+int32_t SheetDocument::openAny(Office& office, const AnyFile& file,
+                               std::unique_ptr<SheetDocument>& document) {
+    return open(office, file.path, file.password, file.temporaryDirectory, document);
+}
+
 int32_t SheetDocument::setSurface(SheetArea area, uint32_t* pixels, int32_t width, int32_t height) {
     if (const int32_t result = fake::misbehave(mPrivate->setting("surface")); result != MODULE_OK) {
         return result;

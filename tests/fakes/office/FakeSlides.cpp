@@ -58,6 +58,21 @@ int32_t SlideDocument::open(Office&, const std::string& path, const std::string&
     return MODULE_OK;
 }
 
+int32_t SlideDocument::openAny(Office& office, const AnyFile& file,
+                               std::unique_ptr<SlideDocument>& document) {
+    fake::Settings settings = fake::readSettings(file.path);
+    if (settings.count("password") == 0) {
+        return open(office, file.path, file.temporaryDirectory, document);
+    }
+    if (settings["password"] != file.password) {
+        return file.password.empty() ? MODULE_NEEDS_PASSWORD : MODULE_WRONG_PASSWORD;
+    }
+    auto d = std::make_unique<Private>();
+    d->settings = std::move(settings);
+    document.reset(new SlideDocument(std::move(d)));
+    return MODULE_OK;
+}
+
 int32_t SlideDocument::setSurface(uint32_t* pixels, int32_t width, int32_t height) {
     mPrivate->surface = {pixels, width, height};
     return MODULE_OK;
