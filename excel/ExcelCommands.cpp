@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // Commands on a selection: hiding, sorting, copying.
 #include "excel/Excel.h"
+#include "view/OutputFile.h"
 #include "view/TextHelpers.h"
-
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <cstdio>
 #include <memory>
@@ -20,22 +17,12 @@ struct FileClose {
 };
 using File = std::unique_ptr<FILE, FileClose>;
 
-// Opens a regular file for writing, which is created or emptied. Returns null on
-// failure and for anything but a regular file. Does not block on a FIFO.
+// Null on failure.
 File prvOpenForWriting(const char* path) {
-    if (path == nullptr) {
-        return nullptr;
-    }
-    const int descriptor = open(path, O_WRONLY | O_CREAT | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0666);
-    struct stat status {};
-    if (descriptor == -1) {
-        return nullptr;
-    }
-    File file(fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) && ftruncate(descriptor, 0) == 0
-                  ? fdopen(descriptor, "w")
-                  : nullptr);
-    if (file == nullptr) {
-        close(descriptor);
+    lectern::FileDescriptor descriptor = openForWriting(path);
+    File file(descriptor ? fdopen(descriptor.get(), "w") : nullptr);
+    if (file != nullptr) {
+        (void)descriptor.release();
     }
     return file;
 }
