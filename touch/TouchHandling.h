@@ -7,6 +7,7 @@
 #include "touch/Clock.h"
 #include "touch/DragLock.h"
 #include "touch/Glide.h"
+#include "touch/ModuleFiles.h"
 #include "touch/Overscroll.h"
 #include "touch/PinchAnchor.h"
 #include "touch/TapTarget.h"
@@ -40,6 +41,10 @@ public:
         } else {
             this->SaveStateToDataStore();
         }
+    }
+
+    TouchResult exportTo(ExportFormat format, const char* path) override {
+        return exportDocument(this->mModuleHandle, this->docType(), this->moduleDocument(), format, path);
     }
 
     bool handlePenDown(int x, int y) override {

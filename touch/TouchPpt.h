@@ -9,6 +9,9 @@ class TouchPpt : public TouchHandling<PPT> {
 public:
     using TouchHandling::TouchHandling;
 
+    // Opens a file of any name, if the module can.
+    int openFile(const char* path, const char* password) override;
+
     void handlePaintGesture(unsigned int* frameBuffer) override;
     ViewPlace place() const override;
 

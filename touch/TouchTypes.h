@@ -14,8 +14,11 @@ enum class TouchResult {
     NothingThere, // no link, hit, word or selection
     OutOfRange,   // a number that the document does not have
     NotSupported, // the module, or a document of this kind, does not have it
+    NotWritable,  // a file that the client names
     Failed,       // the module failed
 };
+
+enum class ExportFormat { Pdf, Text };
 
 // The place of the view in its document, and of the search: what a scrollbar, a page
 // number and a zoom slider show.

@@ -37,6 +37,10 @@ TouchResult TouchView::cell(int /*column*/, int /*row*/, Cell& /*cell*/) {
     return TouchResult::NotSupported;
 }
 
+TouchResult TouchView::exportTo(ExportFormat /*format*/, const char* /*path*/) {
+    return TouchResult::NotSupported;
+}
+
 TouchResult TouchView::thumbnail(int /*part*/, uint32_t* /*pixels*/, int /*width*/, int /*height*/) {
     return TouchResult::NotSupported;
 }

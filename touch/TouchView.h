@@ -53,6 +53,9 @@ public:
     virtual TouchResult goTo(int entry);
     // A cell of the current sheet; the one that was tapped last if column and row are -1.
     virtual TouchResult cell(int column, int row, Cell& cell);
+    // Writes the document's file in another format to a regular file, which is created or
+    // emptied.
+    virtual TouchResult exportTo(ExportFormat format, const char* path);
     // Paints a slide or page into width * height pixels 0xAARRGGBB, whole and centred.
     virtual TouchResult thumbnail(int part, uint32_t* pixels, int width, int height);
 };
