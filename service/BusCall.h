@@ -20,10 +20,15 @@ inline constexpr char DOES_NOT_EXIST[] = "errDoesNotExist";
 inline constexpr char WRONG_TYPE[] = "errWrongType";
 inline constexpr char DOC_TYPE[] = "errDocType";
 inline constexpr char OUT_OF_RANGE[] = "errOutOfRange";
+inline constexpr char NOT_OPEN[] = "errNotOpen";
+inline constexpr char NOTHING_THERE[] = "errNothingThere";
 
 inline constexpr char NO_DOCID[] = "failed to get docid";
 inline constexpr char NO_PARAMETER[] = "failed to get required parameter";
 inline constexpr char NO_SEARCH_TEXT[] = "failed to get search query";
+inline constexpr char NO_DOCUMENT_TEXT[] = "Document does not exist";
+inline constexpr char NOTHING_THERE_TEXT[] = "nothing there";
+inline constexpr char NOT_OPEN_TEXT[] = "Document is still being opened";
 inline constexpr char OUT_OF_RANGE_TEXT[] = "a value is out of range";
 
 // One call of a bus method, on the stack of its handler. The constructor and the

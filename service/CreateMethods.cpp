@@ -5,6 +5,7 @@
 #include "service/BusCall.h"
 #include "service/DocumentKind.h"
 #include "service/Limits.h"
+#include "service/Opening.h"
 #include "service/Parameters.h"
 #include "service/Registry.h"
 #include "service/Resting.h"
@@ -116,16 +117,9 @@ ViewMaker viewMakerOf(const CreateRequest& request) {
     return TouchViewMakerOf(kind, request.dotsPerInch);
 }
 
-void openDocument(BusCall& call, const CreateRequest& request, FrameBuffer frame, const ViewMaker& makeView,
-                  RegistryLock& lock) REQUIRES(gRegistry) {
-    const auto docid = static_cast<int>(gDocuments.size());
-    // Nobody waits any longer for paint-done records of an earlier document that
-    // had this docid.
-    g_msgQueue.Discard(docid + DocAdapterMessageQueue::PAINT_DONE_BASE);
-
-    Documents& document = gDocuments.emplace_back(
-        makeRecord(call, request, std::move(frame),
-                   makeView(request.width, request.height, docid, request.dataStoreShmId)));
+// Opens the file before it answers.
+void openAtOnce(BusCall& call, const CreateRequest& request, Documents& document, int docid,
+                RegistryLock& lock) REQUIRES(gRegistry) {
     lock.claim(static_cast<unsigned int>(docid));
     const int result = document.view->openFile(request.fileName, request.password);
     noteUse(document);
@@ -134,21 +128,43 @@ void openDocument(BusCall& call, const CreateRequest& request, FrameBuffer frame
     }
 }
 
-} // namespace
+// Answers at once; the returned opening is to be started when the registry is free.
+std::shared_ptr<Opening> openLater(BusCall& call, const CreateRequest& request, Documents& document,
+                                   int docid, const ViewMaker& makeView) REQUIRES(gRegistry) {
+    const unsigned int dataStore = document.view->dataStoreShmId();
+    document.opening = Opening::of(document, docid, request.fileName, request.password,
+                                   [makeView, width = request.width, height = request.height, docid,
+                                    dataStore] { return makeView(width, height, docid, dataStore); });
+    (void)answerCreated(call, document, docid); // without memory for a reply the record with id 8 must do
+    return document.opening;
+}
 
-bool create(HubHandle* handle, HubMessage* message, void* /*data*/) {
-    BusCall call(handle, message);
-    CreateRequest request;
-    if (!readRequest(call, request)) {
-        return true;
+std::shared_ptr<Opening> openDocument(BusCall& call, const CreateRequest& request, FrameBuffer frame,
+                                      const ViewMaker& makeView, RegistryLock& lock) REQUIRES(gRegistry) {
+    const auto docid = static_cast<int>(gDocuments.size());
+    // Nobody waits any longer for paint-done records of an earlier document that
+    // had this docid.
+    g_msgQueue.Discard(docid + DocAdapterMessageQueue::PAINT_DONE_BASE);
+
+    Documents& document = gDocuments.emplace_back(
+        makeRecord(call, request, std::move(frame),
+                   makeView(request.width, request.height, docid, request.dataStoreShmId)));
+    if (request.touch) {
+        return openLater(call, request, document, docid, makeView);
     }
+    openAtOnce(call, request, document, docid, lock);
+    return nullptr;
+}
+
+// Makes the document, or replies why not. Returns the opening that is to be started.
+std::shared_ptr<Opening> createDocument(BusCall& call, const CreateRequest& request) {
     const char* problem = nullptr;
     std::optional<FrameBuffer> frame =
         FrameBuffer::attach(request.shmid, request.width, request.height, request.size, problem);
 
     RegistryLock lock;
     if (!lock.held()) {
-        return true;
+        return nullptr;
     }
     const ViewMaker makeView = viewMakerOf(request);
     if (makeView == nullptr) {
@@ -160,7 +176,21 @@ bool create(HubHandle* handle, HubMessage* message, void* /*data*/) {
         std::fprintf(stderr, "Document refused: %s.\n", refusal);
         call.replyError(PARAM_FAILED, NO_PARAMETER);
     } else {
-        openDocument(call, request, std::move(*frame), makeView, lock);
+        return openDocument(call, request, std::move(*frame), makeView, lock);
+    }
+    return nullptr;
+}
+
+} // namespace
+
+bool create(HubHandle* handle, HubMessage* message, void* /*data*/) {
+    BusCall call(handle, message);
+    CreateRequest request;
+    if (!readRequest(call, request)) {
+        return true;
+    }
+    if (const std::shared_ptr<Opening> opening = createDocument(call, request)) {
+        Openings::start(opening);
     }
     return true;
 }

@@ -44,8 +44,12 @@ void withDocument(BusCall& call, int docid, Operation operation) {
         return;
     }
     const Documents* document = UseDocument(lock, static_cast<unsigned int>(docid));
+    if (document == nullptr && IsOpening(static_cast<unsigned int>(docid))) {
+        call.replyError(NOT_OPEN, NOT_OPEN_TEXT);
+        return;
+    }
     if (document == nullptr) {
-        call.replyError(DOES_NOT_EXIST, "Document does not exist");
+        call.replyError(DOES_NOT_EXIST, NO_DOCUMENT_TEXT);
         return;
     }
     if (auto* view = dynamic_cast<View*>(document->view.get())) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "service/IdleClock.h"
 
+#include "service/Opening.h"
+
 #include <syslog.h>
 
 #include <ctime>
@@ -13,6 +15,9 @@ void prvUpdateTimer() {
 }
 
 gboolean prvCheckTimeout(void* /*data*/) {
+    if (Openings::areBusy()) {
+        prvUpdateTimer(); // an open may take longer than IDLE_SECONDS
+    }
     // Unsigned subtraction, so that the difference is right also when the 32-bit
     // seconds overflow in 2038.
     const auto idle =

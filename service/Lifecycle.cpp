@@ -8,6 +8,7 @@
 #include "service/Limits.h"
 #include "service/MethodTables.h"
 #include "service/ModuleCalls.h"
+#include "service/Opening.h"
 #include "service/QueueReaders.h"
 #include "service/Registry.h"
 #include "service/RenderWorker.h"
@@ -107,10 +108,11 @@ bool startWorker() {
     return true;
 }
 
-// Cancels the worker and its standbys and waits until they have ended.
+// Cancels the opens, the worker and its standbys and waits until they have ended.
 // stopModulesSoon() shortens the rendering calls that they may be in.
 void stopWorker() {
     stopModulesSoon();
+    Openings::stop();
     pthread_cancel(pthread);
     gQueueReaders.stopStandbys();
     pthread_join(pthread, nullptr);

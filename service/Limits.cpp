@@ -63,33 +63,53 @@ Limits& limits() {
     return ours;
 }
 
-const char* refusalOf(const std::string& client, const FrameBuffer& frame, int width, int height) {
+namespace {
+
+// The documents of all and of one client, but for one that is left out.
+struct Holders {
     Held all;
-    Held clients;
+    Held client;
+};
+Holders holders(const std::string& client, const Documents* leftOut) REQUIRES(gRegistry) {
+    Holders held;
     for (const Documents& document : gDocuments) {
-        if (document.view == nullptr || !document.frame) {
+        if (document.view == nullptr || !document.frame || &document == leftOut) {
             continue;
         }
-        all.add(document);
+        held.all.add(document);
         if (document.client == client) {
-            clients.add(document);
+            held.client.add(document);
         }
     }
+    return held;
+}
+
+const char* refusal(const Holders& held, const FrameBuffer& frame, int width, int height) {
     const uint64_t lastFrame = static_cast<uint64_t>(width) * static_cast<uint64_t>(height) * 4;
     const uint64_t wanted = frame.segmentBytes() + lastFrame;
-    if (clients.documents >= limits().documentsPerClient) {
+    if (held.client.documents >= limits().documentsPerClient) {
         return "the client has too many documents open";
     }
-    if (all.documents >= limits().documents) {
+    if (held.all.documents >= limits().documents) {
         return "too many documents are open";
     }
-    if (!clients.hasRoom(wanted, limits().bytesPerClient)) {
+    if (!held.client.hasRoom(wanted, limits().bytesPerClient)) {
         return "the client's pictures take too much memory";
     }
-    if (!all.hasRoom(wanted, limits().bytes)) {
+    if (!held.all.hasRoom(wanted, limits().bytes)) {
         return "all pictures take too much memory";
     }
     return lectern::descriptorsLeft<DESCRIPTOR_RESERVE>() ? nullptr : "too few file descriptors are left";
+}
+
+} // namespace
+
+const char* refusalOf(const std::string& client, const FrameBuffer& frame, int width, int height) {
+    return refusal(holders(client, nullptr), frame, width, height);
+}
+
+const char* refusalOfResize(const Documents& resized, const FrameBuffer& frame, int width, int height) {
+    return refusal(holders(resized.client, &resized), frame, width, height);
 }
 
 void raiseDescriptorLimit() {

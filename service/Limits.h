@@ -31,6 +31,10 @@ Limits& limits();
 const char* refusalOf(const std::string& client, const FrameBuffer& frame, int width, int height)
     REQUIRES(gRegistry);
 
+// The same for another frame of a document that is open.
+const char* refusalOfResize(const Documents& resized, const FrameBuffer& frame, int width, int height)
+    REQUIRES(gRegistry);
+
 // Raises the soft limit of file descriptors to the hard limit, or to 8,192 if that is
 // lower: enough for Limits::documents, with 8 each, and low enough for programs that
 // look at each possible descriptor.

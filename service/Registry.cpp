@@ -2,6 +2,7 @@
 #include "service/Registry.h"
 
 #include "channel/ServiceQueue.h"
+#include "service/Opening.h"
 #include "service/Resting.h"
 
 #include <algorithm>
@@ -55,7 +56,7 @@ Documents* RegistryLock::claim(unsigned int docid) {
     while (IsInUse(docid)) {
         pthread_cond_wait(&documentReleased, &gDocumentsMutex);
     }
-    if (!DocumentExists(docid)) {
+    if (!DocumentExists(docid) || IsOpening(docid)) {
         return nullptr;
     }
     mClaimed = &gDocuments[docid];
@@ -113,6 +114,10 @@ bool IsInUse(unsigned int docid) {
     return DocumentExists(docid) && gDocuments[docid].inUse;
 }
 
+bool IsOpening(unsigned int docid) {
+    return DocumentExists(docid) && gDocuments[docid].opening != nullptr;
+}
+
 bool HasSeveralDocuments() {
     return std::count_if(gDocuments.begin(), gDocuments.end(),
                          [](const Documents& document) { return document.view != nullptr; }) > 1;
@@ -148,13 +153,15 @@ Documents* UseDocument(RegistryLock& lock, unsigned int docid) {
 
 namespace {
 
-void destroyRecord(Documents& document) {
+void closeView(Documents& document) {
     document.view->SaveStateToDataStore();
     const unsigned int addressee = document.view->dataStoreShmId();
     document.view.reset();
     // A later view may get the same identifier and must not receive old output.
     g_msgQueue.Discard(static_cast<long>(addressee));
+}
 
+void detachFrame(Documents& document) {
     if (document.shmid == 0) {
         // 0 means "no segment", although the system may use it as an identifier.
         // The attachment, if there is one, is kept until the process ends.
@@ -177,9 +184,14 @@ void doDestroy(int docid) {
     if (!lock.held()) {
         return;
     }
-    if (Documents* document = lock.claim(static_cast<unsigned int>(docid))) {
-        destroyRecord(*document);
+    const auto index = static_cast<unsigned int>(docid);
+    if (Documents* document = lock.claim(index)) {
+        closeView(*document);
+        detachFrame(*document);
         lock.release();
+    } else if (IsOpening(index)) {
+        Opening::abandon(gDocuments[index]);
+        detachFrame(gDocuments[index]);
     }
     if (std::all_of(gDocuments.begin(), gDocuments.end(),
                     [](const Documents& document) { return document.view == nullptr; })) {

@@ -18,6 +18,8 @@
 #include <optional>
 #include <string>
 
+class Opening;
+
 struct Documents {
     std::unique_ptr<OfficeBase> view;              // null once destroyed
     std::string client;                            // the bus name of who opened it
@@ -29,6 +31,7 @@ struct Documents {
     std::chrono::steady_clock::time_point lastUse; // see service/Resting.h
     bool inUse = false;                            // see RegistryLock::claim
     Backlog deferred;                              // client records that arrived meanwhile
+    std::shared_ptr<Opening> opening;              // while a thread of its own opens the file
 };
 
 extern pthread_mutex_t gDocumentsMutex;
@@ -56,8 +59,8 @@ public:
 
     bool held() const { return mHeld; }
 
-    // The open document; null if there is none. Until the lock goes, or another document
-    // is claimed, no other thread gets it, not even while the mutex is free for a wait.
+    // The open document; null if there is none, or if its file is being opened. Until the lock goes, or
+    // another document is claimed, no other thread gets it, not even while the mutex is free for a wait.
     // Waits itself while another thread uses the document.
     Documents* claim(unsigned int docid) REQUIRES(gRegistry);
     // Claims a document that has deferred records and takes the oldest. Null if there is
@@ -81,7 +84,9 @@ private:
 // Whether the document is open. A negative docid becomes a large number, for which
 // there is no document.
 bool DocumentExists(unsigned int docid) REQUIRES(gRegistry);
-// Claims the document, and wakes it; null if there is none.
+// Whether a thread of its own opens the document's file. Only that thread uses the view.
+bool IsOpening(unsigned int docid) REQUIRES(gRegistry);
+// Claims the document, and wakes it; null if there is none, or if its file is being opened.
 Documents* UseDocument(RegistryLock& lock, unsigned int docid) REQUIRES(gRegistry);
 // Whether another thread uses the document, or deferred records are next to.
 bool IsInUse(unsigned int docid) REQUIRES(gRegistry);
@@ -92,5 +97,6 @@ bool HasDeferred();
 // Drops all deferred records, because nobody serves them any longer.
 void DropDeferred() EXCLUDES(gRegistry);
 
-// Saves the document's state and closes it, if it exists. Locks the registry.
+// Saves the document's state and closes it, if it exists. Locks the registry. One whose
+// file is being opened is given up, and not waited for.
 void doDestroy(int docid) EXCLUDES(gRegistry);

@@ -101,6 +101,16 @@ bool serve(const Documents& record, const ClientServerMessage& message) {
     return served;
 }
 
+// Answers a paint of a document whose file is being opened: there is nothing to show yet.
+// Drops other input. False if a paint cannot be reported.
+bool serveOpening(const Documents& document, const ClientServerMessage& message) {
+    if (message.type != _PAINT) {
+        return true;
+    }
+    std::atomic_ref(*document.status).store(PAINTED, std::memory_order_release);
+    return g_msgQueue.SendPaintDone(message.docid, 0) == 0;
+}
+
 // Serves the next deferred record. False if the worker must end.
 bool serveDeferred() {
     RegistryLock lock;
@@ -152,6 +162,9 @@ bool serveMessage(const ClientServerMessage& message) {
         }
         if (const Documents* document = UseDocument(lock, docid)) {
             return serve(*document, message);
+        }
+        if (IsOpening(docid)) {
+            return serveOpening(gDocuments[docid], message);
         }
     }
     // Input for a document that does not exist is ignored. A paint request is

@@ -51,7 +51,7 @@ gboolean restUnused(void* /*data*/) {
             continue;
         }
         const Clock::time_point due = document.lastUse + restAfter();
-        if (document.inUse) {
+        if (document.inUse || document.opening) {
             next = std::min(next, now + restAfter());
         } else if (due <= now) {
             lock.claim(docid);

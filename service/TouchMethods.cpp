@@ -3,25 +3,27 @@
 #include "service/DocumentMethod.h"
 #include "service/FrameBuffer.h"
 #include "service/MethodTables.h"
+#include "service/TouchDocuments.h"
+#include "service/TouchKind.h"
 #include "service/TouchParameters.h"
 #include "service/TouchReplies.h"
 #include "touch/TouchView.h"
-
-template<>
-inline constexpr const char* WRONG_KIND<TouchView> = "Not a touch view";
 
 namespace {
 
 void replyFailure(BusCall& call, TouchResult result) {
     switch (result) {
     case TouchResult::NothingThere:
-        call.replyError("errNothingThere", "nothing there");
+        call.replyError(NOTHING_THERE, NOTHING_THERE_TEXT);
         break;
     case TouchResult::OutOfRange:
         call.replyError(OUT_OF_RANGE, OUT_OF_RANGE_TEXT);
         break;
     case TouchResult::NotSupported:
         call.replyError("errNotSupported", "not supported for this document");
+        break;
+    case TouchResult::NotWritable:
+        call.replyError("errNotWritable", "the file cannot be written");
         break;
     default:
         call.replyError("errFailed", "the document could not do it");
@@ -141,6 +143,10 @@ TouchResult getCell(TouchView& view, const TouchCell& parameters, json_object* r
     return result;
 }
 
+TouchResult exportTo(TouchView& view, const TouchExport& parameters, json_object* /*reply*/) {
+    return view.exportTo(parameters.format, parameters.path);
+}
+
 TouchResult getThumbnail(TouchView& view, const TouchThumbnail& parameters, json_object* /*reply*/) {
     const char* problem = nullptr;
     const std::optional<FrameBuffer> picture =
@@ -169,6 +175,9 @@ const HubMethod touchMethods[] = {
     {"goTo",           touchMethod<TouchEntry, goTo>, 0},
     {"getCell",        touchMethod<TouchCell, getCell>, 0},
     {"getThumbnail",   touchMethod<TouchThumbnail, getThumbnail>, 0},
+    {"export",         touchMethod<TouchExport, exportTo>, 0},
+    {"resize",         resize, 0},
+    {"cancel",         cancel, 0},
     {nullptr, nullptr, 0},
 };
 // clang-format on

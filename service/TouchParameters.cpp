@@ -19,6 +19,7 @@ constexpr Word<SelectUnit> UNITS[] = {
     {"line", SelectUnit::Line},
     {"all", SelectUnit::All},
 };
+constexpr Word<ExportFormat> FORMATS[] = {{"pdf", ExportFormat::Pdf}, {"text", ExportFormat::Text}};
 constexpr Word<SelectEnd> ENDS[] = {{"start", SelectEnd::Start}, {"end", SelectEnd::End}};
 
 template<typename Value, size_t count>
@@ -89,4 +90,22 @@ bool TouchThumbnail::read(BusCall& call) {
     return call.require("docid", docid, NO_DOCID) && call.require("part", part) &&
            call.require("width", width) && call.require("height", height) && call.require("shmid", shmid) &&
            call.require("size", size);
+}
+
+bool TouchSize::read(BusCall& call) {
+    return call.require("docid", docid, NO_DOCID) && call.require("width", width) &&
+           call.require("height", height) && call.require("shmid", shmid) && call.require("size", size);
+}
+
+bool TouchExport::read(BusCall& call) {
+    const char* word = nullptr;
+    if (!call.require("docid", docid, NO_DOCID) || !call.require("format", word) ||
+        !call.require("path", path)) {
+        return false;
+    }
+    if (!take(word, FORMATS, format)) {
+        call.replyError(OUT_OF_RANGE, OUT_OF_RANGE_TEXT);
+        return false;
+    }
+    return true;
 }

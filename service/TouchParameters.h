@@ -76,3 +76,22 @@ struct TouchThumbnail {
 
     bool read(BusCall& call);
 };
+
+// A view's new size and its new frame buffer, as in "create".
+struct TouchSize {
+    int docid = 0;
+    int width = 0;
+    int height = 0;
+    unsigned int shmid = 0;
+    int size = 0;
+
+    bool read(BusCall& call);
+};
+
+struct TouchExport {
+    int docid = 0;
+    ExportFormat format = ExportFormat::Pdf;
+    const char* path = nullptr;
+
+    bool read(BusCall& call);
+};

@@ -119,6 +119,8 @@ TEST_F(BusGuideTest, NamesEveryErrorAndItsTexts) {
         {OUT_OF_RANGE, OUT_OF_RANGE_TEXT},
         {"errNothingThere", "nothing there"},
         {"errNotSupported", "not supported for this document"},
+        {"errNotWritable", "the file cannot be written"},
+        {NOT_OPEN, NOT_OPEN_TEXT},
         {"errFailed", "the document could not do it"}};
     std::set<std::pair<std::string, std::string>> inGuide;
     for (const markdown::Table& table : markdown::tables(guide)) {

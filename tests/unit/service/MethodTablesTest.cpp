@@ -56,7 +56,7 @@ TEST(MethodTables, Touch) {
     EXPECT_THAT(namesIn(touchMethods),
                 ElementsAre("getView", "scrollTo", "zoomTo", "getLink", "search", "nextResult",
                             "previousResult", "select", "getSelection", "getText", "getOutline", "goTo",
-                            "getCell", "getThumbnail"));
+                            "getCell", "getThumbnail", "export", "resize", "cancel"));
 }
 
 } // namespace
