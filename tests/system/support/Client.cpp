@@ -39,6 +39,10 @@ std::string createPayload(const std::string& path, int width, int height, int se
     if (!options.password.empty()) {
         json_object_object_add(payload, "password", json_object_new_string(options.password.c_str()));
     }
+    if (!options.touchKind.empty()) {
+        json_object_object_add(payload, "manners", json_object_new_string("touch"));
+        json_object_object_add(payload, "kind", json_object_new_string(options.touchKind.c_str()));
+    }
     std::string text = json_object_to_json_string(payload);
     json_object_put(payload);
     return text;
@@ -143,9 +147,18 @@ TestDocument::TestDocument(BusConnection& bus, Queue& queue, const std::string& 
     }
     mStore = memberInt(mReply, "datastoreshmid", 0);
     mState = static_cast<const unsigned char*>(shmat(static_cast<int>(mStore), nullptr, SHM_RDONLY));
-    do {
-        mOpened = mQueue.read(mStore);
-    } while (mOpened.id == 0);
+    if (options.awaitsOpen) {
+        awaitOpened();
+    }
+}
+
+int TestDocument::awaitOpened() {
+    for (mOpened = mQueue.read(mStore); mOpened.id == 0 || mOpened.id == 12; mOpened = mQueue.read(mStore)) {
+        if (mOpened.id == 12) {
+            mProgress.push_back(mOpened.extra);
+        }
+    }
+    return mOpened.extra;
 }
 
 TestDocument::~TestDocument() {

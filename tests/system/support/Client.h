@@ -50,6 +50,8 @@ public:
     struct Options {
         std::string password;
         unsigned int dataStore = 0;
+        std::string touchKind;  // not empty: with touch manners, as a document of this kind
+        bool awaitsOpen = true; // else the caller does, by awaitOpened()
     };
     TestDocument(BusConnection& bus, Queue& queue, const std::string& path, int width, int height,
                  const Options& options);
@@ -58,6 +60,11 @@ public:
     ~TestDocument();
     TestDocument(const TestDocument&) = delete;
     TestDocument& operator=(const TestDocument&) = delete;
+
+    // Waits until the open has ended; returns its result. For after the constructor.
+    int awaitOpened();
+    // The percentages of progress that came before the end of the open.
+    const std::vector<int>& progress() const { return mProgress; }
 
     int docid() const { return mDocid; }
     long store() const { return mStore; }
@@ -110,5 +117,6 @@ private:
     int mDocid = -1;
     long mStore = 0;
     std::string mReply;
+    std::vector<int> mProgress;
     Answer mOpened;
 };
