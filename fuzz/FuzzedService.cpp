@@ -3,6 +3,7 @@
 
 #include "channel/ServiceQueue.h"
 #include "service/MethodTables.h"
+#include "service/Opening.h"
 #include "service/Registry.h"
 #include "tests/fakes/hub/FakeHub.h"
 
@@ -79,6 +80,7 @@ FuzzedDocument::~FuzzedDocument() {
     for (size_t docid = gDocuments.size(); docid-- > 0;) {
         doDestroy(static_cast<int>(docid));
     }
+    Openings::stop();
     shmctl(mFrame, IPC_RMID, nullptr);
     if (mState != 0) {
         shmctl(mState, IPC_RMID, nullptr);

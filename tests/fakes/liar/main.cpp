@@ -54,7 +54,7 @@ private:
     static GDBusMessage* filter(GDBusConnection* connection, GDBusMessage* message, gboolean incoming,
                                 gpointer self);
     void handle(GDBusMessage* call);
-    void takeChoices(GDBusMessage* call);
+    void takeChoices(GDBusMessage* call, std::size_t argument);
     void takeSurface(GDBusMessage* call);
     void scribble();
     void answerSomehow(GDBusMessage* call, const GDBusMethodInfo& method, bool isOpen);
@@ -106,17 +106,19 @@ void Liar::handle(GDBusMessage* call) {
         return;
     }
     const std::string_view name = method->name;
-    if (name == "Open") {
-        takeChoices(call);
+    const bool isOpen = name == "Open" || name == "OpenAny";
+    if (isOpen) {
+        takeChoices(call, name == "Open" ? 0 : 1);
     } else if (name == "SetSurface") {
         takeSurface(call);
     }
     scribble();
-    answerSomehow(call, *method, name == "Open");
+    answerSomehow(call, *method, isOpen);
 }
 
-void Liar::takeChoices(GDBusMessage* call) {
-    const GLibHolder<GVariant> path(g_variant_get_child_value(g_dbus_message_get_body(call), 0));
+// Reads the document, whose path is this argument of the call.
+void Liar::takeChoices(GDBusMessage* call, std::size_t argument) {
+    const GLibHolder<GVariant> path(g_variant_get_child_value(g_dbus_message_get_body(call), argument));
     std::ifstream file(g_variant_is_of_type(path.get(), G_VARIANT_TYPE_STRING)
                            ? g_variant_get_string(path.get(), nullptr)
                            : "");
