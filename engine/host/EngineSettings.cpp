@@ -9,6 +9,7 @@
 #include <charconv>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 
 namespace lectern::engine {
 namespace {
@@ -44,9 +45,13 @@ milliseconds limitFrom(const char* variable, milliseconds otherwise) {
     return failure == std::errc() && rest == end && value > 0 ? milliseconds(value) : otherwise;
 }
 
-bool isPlainText(const std::string& path) {
+// By its name: what the suite reads line by line, or converts first.
+bool isText(const std::string& path) {
+    constexpr const char* EXTENSIONS[] = {".txt", ".csv", ".tsv", ".htm", ".html"};
     const std::size_t dot = path.rfind('.');
-    return dot != std::string::npos && strcasecmp(path.c_str() + dot, ".txt") == 0;
+    return dot != std::string::npos &&
+           std::any_of(std::begin(EXTENSIONS), std::end(EXTENSIONS),
+                       [&](const char* each) { return strcasecmp(path.c_str() + dot, each) == 0; });
 }
 
 } // namespace
@@ -59,7 +64,7 @@ LaunchSettings LaunchSettings::forFolder(const std::string& temporaryParent) {
 
 bool TimeLimits::isTooLong(const std::string& path, off_t bytes) {
     constexpr off_t LONGEST_TEXT = off_t{32} << 20;
-    return isPlainText(path) && bytes > LONGEST_TEXT;
+    return isText(path) && bytes > LONGEST_TEXT;
 }
 
 TimeLimits TimeLimits::forDocument(const std::string& path, off_t bytes) {
@@ -69,7 +74,7 @@ TimeLimits TimeLimits::forDocument(const std::string& path, off_t bytes) {
     limits.open *= SLOWNESS;
     limits.call *= SLOWNESS;
     limits.busy *= SLOWNESS;
-    if (isPlainText(path)) {
+    if (isText(path)) {
         const off_t shares = std::min(1 + bytes / BYTES_PER_SHARE, MOST_SHARES);
         limits.open *= shares;
         limits.call *= shares;

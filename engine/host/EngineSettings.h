@@ -30,8 +30,8 @@ struct TimeLimits {
     std::chrono::milliseconds call{10'000}; // a call may lay out the whole text
     std::chrono::milliseconds busy{60'000}; // all calls of two minutes together
 
-    // Limits for a document of `bytes` bytes. Plain text gets up to six times
-    // as long, because many megabytes of it are slow to lay out.
+    // Limits for a document of `bytes` bytes. Plain text, lists of values and HTML get up
+    // to six times as long, because many megabytes of them are slow to lay out.
     // LECTERN_ENGINE_OPEN_LIMIT_MS, LECTERN_ENGINE_CALL_LIMIT_MS and
     // LECTERN_ENGINE_BUSY_LIMIT_MS override the limits for any size.
     LECTERN_ENGINE_EXPORT static TimeLimits forDocument(const std::string& path, off_t bytes);
@@ -39,7 +39,7 @@ struct TimeLimits {
     // The processor time that an engine may take without a call, to prepare what is shown
     // next. LECTERN_ENGINE_IDLE_LIMIT_MS overrides it.
     static std::chrono::milliseconds betweenCalls();
-    // A plain text that would take longer than any of these limits on a slow machine is
+    // A text that would take longer than any of these limits on a slow machine is
     // better refused before: the suite reads a mebibyte in a second or two.
     LECTERN_ENGINE_EXPORT static bool isTooLong(const std::string& path, off_t bytes);
 };
