@@ -6,11 +6,14 @@
 #include "engine/layout/TextEncoding.h"
 #include "engine/office/Conversion.h"
 #include "engine/office/TemporaryCopy.h"
+#include "engine/office/word/PageStyles.h"
 #include "modules/ModuleResults.h"
 
+#include <com/sun/star/container/XEnumerationAccess.hpp>
 #include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/container/XNamed.hpp>
 #include <com/sun/star/sheet/XSpreadsheetDocument.hpp>
+#include <com/sun/star/text/XTextDocument.hpp>
 #include <strings.h>
 
 #include <algorithm>
@@ -20,6 +23,7 @@
 namespace lectern::engine {
 
 using css::uno::Reference;
+using css::uno::UNO_QUERY;
 using css::uno::UNO_QUERY_THROW;
 
 namespace {
@@ -87,6 +91,20 @@ int32_t listCopy(Office::Private& office, const AnyFile& file, Copy& copy) {
                    [&](const Reference<css::frame::XModel>& model) { nameSheet(model, file.path); });
 }
 
+// The suite gives a page of the web a page style of its own, on its first block. Without it
+// the text has the style that all texts have, whose margins a screen does not show.
+void useOnePageStyle(const Reference<css::frame::XModel>& model) {
+    const Reference<css::text::XTextDocument> document(model, UNO_QUERY);
+    if (!document.is()) {
+        return;
+    }
+    const Reference<css::container::XEnumerationAccess> blocks(document->getText(), UNO_QUERY_THROW);
+    const auto all = blocks->createEnumeration();
+    while (all->hasMoreElements()) {
+        removeBreaks(propertiesOf(Reference<css::uno::XInterface>(all->nextElement(), UNO_QUERY)));
+    }
+}
+
 // The suite would lay HTML out as a page of the web, as wide as it likes.
 int32_t htmlCopy(Office::Private& office, const AnyFile& file, DocumentKind kind, Copy& copy) {
     Copy html;
@@ -95,7 +113,7 @@ int32_t htmlCopy(Office::Private& office, const AnyFile& file, DocumentKind kind
     }
     const Import import = kind == DocumentKind::Sheet ? Import{"HTML (StarCalc)", "", "calc8", ".ods"}
                                                       : Import{"HTML (StarWriter)", "", "writer8", ".odt"};
-    return convert(office, html->path(), import, file.temporaryDirectory, copy);
+    return convert(office, html->path(), import, file.temporaryDirectory, copy, useOnePageStyle);
 }
 
 int32_t textCopy(const AnyFile& file, Copy& copy) {

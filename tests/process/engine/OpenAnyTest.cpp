@@ -136,7 +136,7 @@ TEST_F(OpenAnyTest, AnOpenThatIsGivenUpEndsAtOnceAndLeavesNothing) {
     EXPECT_LT(taken, milliseconds(1000)) << "0.1 s on a machine with nothing else to do";
     EXPECT_EQ(document, nullptr);
     EXPECT_TRUE(waitForEngines(1));
-    EXPECT_TRUE(waitUntil([&] { return openFiles() == files; }));
+    EXPECT_TRUE(waitUntil([&] { return openFiles() <= files; }));
 }
 
 TEST_F(OpenAnyTest, AnOpenThatIsGivenUpBeforeItBeginsDoesNotBegin) {

@@ -122,6 +122,7 @@ TEST_F(AnyFileTest, HtmlIsATextAsWideAsTheScreen) {
         View view(std::move(document), 300, 800, 72);
         EXPECT_GT(view.rows(), 300) << "the lines are broken at the screen's width";
         EXPECT_GT(view.ink(0, 150), 1000);
+        EXPECT_GT(view.ink(0, 20), 20) << "the margins of the page are gone";
         EXPECT_EQ(textOf(testFolder() / name).substr(0, 7), u"Heading") << name;
     }
 }
