@@ -85,8 +85,12 @@ int Excel::openFile(const char* path, const char* password) {
     return code != 0 ? code : initializeExcel();
 }
 
+CpPoint Excel::cellsSize(int width, int height) {
+    return prvCellsSize(width, height);
+}
+
 int Excel::initializeExcel() {
-    const CpPoint size = prvCellsSize(mWidth, mHeight);
+    const CpPoint size = cellsSize(mWidth, mHeight);
     mCells = std::make_unique<CpPixmap>(size.x, size.y);
     mDocPixmap = mCells.get();
     mModule.stg_get_sheet_count(mDocument, &mSheetCount);

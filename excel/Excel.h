@@ -95,7 +95,7 @@ public:
     // Makes a sheet current and returns its number. Does not check the number: the
     // module refuses invalid ones. mSheetWidth and mSheetHeight are updated only at
     // the next layout.
-    int jumpToSheet(int sheet);
+    virtual int jumpToSheet(int sheet);
     int columnCount() const { return mColumnCount; }
     std::string getDocProperties() override;
 
@@ -108,12 +108,18 @@ public:
     int ReinitSearchRects() override;
 
 protected:
+    static constexpr uint8_t SELECTION_COLOUR[3] = {0xFF, 0xF5, 0x68};
+    static constexpr uint32_t CURRENT_HIT_COLOUR = 0x40FF0000;
+    static constexpr uint32_t RESIZE_MODE_VEIL = 0x77555555;
+
     // The effect of the current stroke on a header.
     struct HeaderStroke {
         bool resizesColumn = false;
         bool resizesRow = false;
         bool selectsColumns = false;
         bool selectsRows = false;
+
+        bool isAny() const { return resizesColumn || resizesRow || selectsColumns || selectsRows; }
     };
 
     bool isOpen() const { return mCells != nullptr; }
@@ -125,10 +131,13 @@ protected:
     CpPoint documentPoint(const CpPoint& screenPoint) const;
     void getViewDocBounds(CpRect& r) const;
     void getOffscreenDocBounds(CpRect& r) const;
+    // The size of the cells' surface for a view of this size.
+    static CpPoint cellsSize(int width, int height);
     int layOut();
     void refreshCommentMarks();
 
     // Painting.
+    void drawCommentMarks();
     void drawScreen(unsigned int* frameBuffer);
     // Draws the visible part of the window, with its headers. screenRect is its place
     // on the screen, sourceRect its place in the cells' surface.
@@ -138,11 +147,13 @@ protected:
     // True if the pen is on the headers of these tracks. `depth` multiplies the size of
     // the headers across the tracks.
     bool isOnHeaders(const TrackKind& tracks, const CpPoint& pen, int depth) const;
+    // Begins a stroke if the pen is on the headers.
+    void beginHeaderStroke(const CpPoint& pen);
     void beginStroke(const TrackKind& tracks, const CpPoint& pen, bool& resizes, bool& selects);
     // Stores the first document pixel and the length of the track at `place`.
     void trackAt(const TrackKind& tracks, int place, int& start, int& length) const;
     void drawGuide(const TrackKind& tracks, const CpPoint& pen, uint32_t colour);
-    void moveGuide(const TrackKind& tracks, const CpPoint& pen);
+    virtual void moveGuide(const TrackKind& tracks, const CpPoint& pen);
     void finishResize(const TrackKind& tracks, const CpPoint& pen);
     void finishScroll(const CpPoint& pen);
     bool isSelectingStroke(const TrackKind& tracks, const CpPoint& pen) const;

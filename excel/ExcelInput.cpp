@@ -18,7 +18,6 @@ constexpr int RESIZE_DEPTH = 2;
 constexpr int SELECTING_STROKE = 5;
 constexpr int BORDER_WIDTH = 5;
 
-constexpr uint8_t SELECTION_COLOUR[3] = {0xFF, 0xF5, 0x68};
 constexpr uint32_t WIPED_GUIDE = 0xFFCCCCCC;
 constexpr uint32_t SHOWN_GUIDE = 0x88000000;
 
@@ -56,13 +55,17 @@ bool Excel::handlePenDown(int x, int y) {
     mPenDown = true;
     mPenDownPoint = pen;
     mPenDownScroll = mScroll;
+    beginHeaderStroke(pen);
+    return true;
+}
+
+void Excel::beginHeaderStroke(const CpPoint& pen) {
     const int depth = mResizeMode ? RESIZE_DEPTH : 1;
     if (isOnHeaders(COLUMN_TRACKS, pen, depth)) {
         beginStroke(COLUMN_TRACKS, pen, mStroke.resizesColumn, mStroke.selectsColumns);
     } else if (isOnHeaders(ROW_TRACKS, pen, depth)) {
         beginStroke(ROW_TRACKS, pen, mStroke.resizesRow, mStroke.selectsRows);
     }
-    return true;
 }
 
 void Excel::beginStroke(const TrackKind& tracks, const CpPoint& pen, bool& resizes, bool& selects) {

@@ -14,7 +14,6 @@ namespace {
 
 constexpr uint32_t WHITE = 0xFFFFFFFF;
 constexpr uint32_t COMMENT_COLOUR = 0x80FF0000;
-constexpr uint32_t RESIZE_MODE_VEIL = 0x77555555;
 
 constexpr unsigned int SQUARE_SIDE = 16; // a power of two
 constexpr uint32_t SQUARE_COLOUR = 0xFFFEDCBA;
@@ -61,6 +60,12 @@ int Excel::drawOffscreenBuffer() {
     }
     mRenderResult = mModule.stg_render_sheet(mDocument, mCurrentSheet, mCells->Left(), mCells->Top());
     mUnrendered = mRenderResult != 0;
+    drawCommentMarks();
+    mOffscreenDirty = false;
+    return 0;
+}
+
+void Excel::drawCommentMarks() {
     DrawingBudget budget(*mCells);
     for (const stg_region& mark : mCommentMarks) {
         const int side = mark.height / 2;
@@ -71,8 +76,6 @@ int Excel::drawOffscreenBuffer() {
             mCells->DrawAlphaTriOnPix(left, top, side, COMMENT_COLOUR);
         }
     }
-    mOffscreenDirty = false;
-    return 0;
 }
 
 void Excel::handlePaint(unsigned int* frameBuffer) {

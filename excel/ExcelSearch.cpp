@@ -8,12 +8,6 @@
 #include "view/ModuleArray.h"
 #include "view/TextHelpers.h"
 
-namespace {
-
-constexpr uint32_t CURRENT_HIT_COLOUR = 0x40FF0000;
-
-} // namespace
-
 std::string Excel::doSearch(const char* text) {
     if (!isOpen()) {
         return formatSimpleJsonObject("resultcount", 0);
