@@ -27,6 +27,10 @@ constexpr HighlightColour DEFAULT_HIGHLIGHT{128, 192, 255};
 // Along which the tracks of a sheet follow one another.
 enum class Axis : std::int32_t { Columns = 0, Rows = 1 };
 
+// How later finds in a sheet compare, as in stg_set_find_options.
+constexpr std::int32_t FIND_MATCH_CASE = 1;
+constexpr std::int32_t FIND_WHOLE_WORDS = 2;
+
 // The kind of thing under a point of a text, as in wtg_click_info.
 enum class ClickType : std::int32_t {
     Nothing = 0,

@@ -8,6 +8,7 @@
 #include "engine/modules/Utf16.h"
 #include "engine/protocol/Vocabulary.h"
 #include "modules/SheetToGoModule.h"
+#include "modules/TouchSheetFunctions.h"
 
 #include <array>
 #include <cstdint>
@@ -44,6 +45,7 @@ struct SheetState {
         std::vector<std::uint16_t> text; // zero-terminated
         std::int32_t sheet = 0;
         HighlightColour colour{};
+        std::int32_t options = 0;
     };
     // The numbers are the engine's own.
     struct Selection {
@@ -51,9 +53,16 @@ struct SheetState {
         HighlightColour colour{};
     };
     HighlightColour colour = DEFAULT_HIGHLIGHT; // of later hits and selections
+    std::int32_t findOptions = 0;               // of later finds
     std::optional<Search> search;
     std::optional<Selection> selection;
     std::map<std::int32_t, std::vector<std::int32_t>> changes; // by sheet
+};
+
+// Cells returned to the caller, with their texts.
+struct CellTexts {
+    std::vector<std::uint16_t> texts; // each zero-terminated
+    std::vector<stg_cell> cells;      // point to the texts
 };
 
 // The object behind an stg_ document handle.
@@ -66,6 +75,8 @@ struct SheetHandle : DocumentHandle {
     // Arrays returned to the caller; each is valid until the next call of its function.
     std::vector<stg_region> commentMarks;
     std::vector<stg_region> foundRegions;
+    CellTexts cell;
+    CellTexts cells;
 
     std::vector<SharedSurface*> surfaces() override {
         std::vector<SharedSurface*> all;

@@ -61,7 +61,10 @@ int32_t stg_find(void* doc, const uint16_t* text, int32_t first_sheet, int32_t /
         const std::int32_t result = callEngine(handle, &lectern_ipc_sheet_call_find_sync,
                                                std::tuple(gint{first_sheet}, wanted.get()));
         if (result == MODULE_OK) {
-            handle.state.search = {{text, text + unitCount(text) + 1}, first_sheet, handle.state.colour};
+            handle.state.search = {{text, text + unitCount(text) + 1},
+                                   first_sheet,
+                                   handle.state.colour,
+                                   handle.state.findOptions};
         }
         return result;
     });

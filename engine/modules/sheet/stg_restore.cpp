@@ -14,9 +14,14 @@ std::int32_t useColour(SheetHandle& handle, const HighlightColour& colour) {
                       std::tuple(guchar{colour[0]}, guchar{colour[1]}, guchar{colour[2]}));
 }
 
+std::int32_t useOptions(SheetHandle& handle, std::int32_t flags) {
+    return callEngine(handle, &lectern_ipc_sheet_call_set_find_options_sync, std::tuple(gint{flags}));
+}
+
 std::int32_t find(SheetHandle& handle, const SheetState::Search& search) {
     const GLibHolder<GVariant> wanted = unitsOf(search.text.data());
     return inTurn([&] { return useColour(handle, search.colour); },
+                  [&] { return useOptions(handle, search.options); },
                   [&] {
                       return callEngine(handle, &lectern_ipc_sheet_call_find_sync,
                                         std::tuple(gint{search.sheet}, wanted.get()));
@@ -63,7 +68,8 @@ std::int32_t SheetHandle::restoreChanges() {
 std::int32_t SheetHandle::restoreMarks() {
     return inTurn([&] { return state.search ? find(*this, *state.search) : std::int32_t{MODULE_OK}; },
                   [&] { return state.selection ? select(*this, *state.selection) : std::int32_t{MODULE_OK}; },
-                  [&] { return useColour(*this, state.colour); });
+                  [&] { return useColour(*this, state.colour); },
+                  [&] { return useOptions(*this, state.findOptions); });
 }
 
 std::int32_t SheetHandle::restoreSurfaces() {

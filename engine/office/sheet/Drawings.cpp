@@ -91,6 +91,25 @@ void Drawings::align(const Way& across, const Way& down, int32_t dpi) {
     }
 }
 
+std::optional<PixelRect> Drawings::at(const Tracks& columns, const Tracks& rows, int32_t dpi, int32_t x,
+                                      int32_t y) const {
+    const auto pixel = [dpi](const Tracks& tracks, int32_t place) {
+        return static_cast<int32_t>(
+            std::lround(tracks.paintedAt(place * TWIPS_PER_INCH / HUNDREDTH_MM_PER_INCH, dpi)));
+    };
+    for (auto drawing = mDrawings.rbegin(); drawing != mDrawings.rend(); ++drawing) {
+        const auto& [position, size] = drawing->inDocument;
+        const int32_t left = pixel(columns, position.X);
+        const int32_t top = pixel(rows, position.Y);
+        const int32_t right = pixel(columns, position.X + size.Width);
+        const int32_t bottom = pixel(rows, position.Y + size.Height);
+        if (left <= x && x < right && top <= y && y < bottom) {
+            return PixelRect{left, top, right - left, bottom - top};
+        }
+    }
+    return std::nullopt;
+}
+
 void Drawings::restore() {
     for (Drawing& drawing : mDrawings) {
         move(drawing, drawing.inDocument);

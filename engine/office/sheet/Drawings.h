@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "engine/layout/Surface.h"
 #include "engine/layout/Tracks.h"
 
 #include <com/sun/star/drawing/XShape.hpp>
 #include <com/sun/star/sheet/XSpreadsheet.hpp>
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace lectern::engine {
@@ -34,6 +36,9 @@ public:
         int64_t last;
     };
     void align(const Way& across, const Way& down, int32_t dpi);
+    // The rectangle, in document pixels at `dpi`, of the topmost drawing at a pixel.
+    std::optional<PixelRect> at(const Tracks& columns, const Tracks& rows, int32_t dpi, int32_t x,
+                                int32_t y) const;
     // Moves the drawings back to their positions in the document.
     void restore();
     // Reads the drawings and their positions from the document.

@@ -14,6 +14,16 @@
 
 namespace lectern::engine {
 
+// A cell or a merged area: its first cell, its rectangle in document pixels, what it
+// shows, and its formula if it has one.
+struct SheetCell {
+    int32_t column = 0;
+    int32_t row = 0;
+    PixelRect place;
+    std::u16string text;
+    std::u16string formula;
+};
+
 // A workbook. Operations have the meanings of the stg_ functions in
 // modules/SheetToGoModule.h. They return module_result codes; outputs are valid with
 // MODULE_OK only. Sheet numbers do not count hidden sheets. Use from one thread only.
@@ -78,6 +88,13 @@ public:
     int32_t restoreChanges(int32_t sheet, const std::vector<int32_t>& numbers);
     std::vector<int32_t> selection() const;
     int32_t restoreSelection(const std::vector<int32_t>& numbers);
+
+    // Those of modules/TouchSheetFunctions.h.
+    int32_t cell(int32_t sheet, int32_t column, int32_t row, SheetCell& cell);
+    int32_t cells(int32_t sheet, int32_t x, int32_t y, int32_t width, int32_t height,
+                  std::vector<SheetCell>& cells);
+    int32_t tapArea(int32_t sheet, int32_t x, int32_t y, PixelRect& area);
+    int32_t setFindOptions(int32_t flags);
 
     int32_t information(DocumentInformation& information);
 

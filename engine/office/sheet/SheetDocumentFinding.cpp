@@ -48,8 +48,13 @@ int32_t SheetDocument::setHighlightColor(const Colour& colour) {
 
 int32_t SheetDocument::find(int32_t sheet, const std::u16string& text) {
     Private& d = *mPrivate;
-    return d.onSheet(sheet, [&](const SheetGeometry&) -> int32_t {
-        d.hits = text.empty() ? CellHits() : findInSheet(d.book, sheet, text);
+    // Without the sheet's geometry, which takes long to read: most searches of all sheets
+    // find nothing on most of them.
+    return guardedInOffice([&]() -> int32_t {
+        if (!d.book.has(sheet)) {
+            return MODULE_BAD_ARGUMENT;
+        }
+        d.hits = text.empty() ? CellHits() : findInSheet(d.book, sheet, text, d.findOptions);
         d.hitColour = d.highlight;
         return MODULE_OK;
     });

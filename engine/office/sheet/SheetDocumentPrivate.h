@@ -65,6 +65,7 @@ struct SheetDocument::Private {
     int32_t dpi = DEFAULT_DPI;
 
     Colour highlight{128, 192, 255}; // for later finds and selections
+    int32_t findOptions = 0;         // for later finds
     CellHits hits;
     Colour hitColour{};
     std::optional<SheetSelection> selection;

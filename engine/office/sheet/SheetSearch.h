@@ -33,8 +33,9 @@ private:
     std::vector<CellBlock> mCells;
 };
 
-// Finds the cells that show `text`, ignoring case; formulas are searched by
-// their results. Returns at most the first million hits.
-CellHits findInSheet(const Workbook& book, int32_t sheet, const std::u16string& text);
+// Finds the cells that show `text`, ignoring case unless the options, FIND_MATCH_CASE
+// and FIND_WHOLE_WORDS, say otherwise; formulas are searched by their results. Returns
+// at most the first million hits.
+CellHits findInSheet(const Workbook& book, int32_t sheet, const std::u16string& text, int32_t options);
 
 } // namespace lectern::engine

@@ -187,6 +187,11 @@ void Workbook::alignDrawings(int32_t index, int64_t left, int64_t top, int64_t r
         {rows, rows.displacementAt(top, mDpi), top, bottom}, mDpi);
 }
 
+std::optional<PixelRect> Workbook::drawingAt(int32_t index, int32_t x, int32_t y) {
+    const auto& [columns, rows] = geometry(index);
+    return mSheets[static_cast<size_t>(index)].drawings.at(columns, rows, mDpi, x, y);
+}
+
 bool Workbook::showsGrid() const {
     return property<bool>(propertiesOf(model()->getCurrentController()), "ShowGrid");
 }

@@ -86,6 +86,7 @@ public:
     // Moves drawings to where their cells are painted in a tile of the suite's pixels
     // [left, right) and [top, bottom); call before painting it.
     void alignDrawings(int32_t sheet, int64_t left, int64_t top, int64_t right, int64_t bottom);
+    std::optional<PixelRect> drawingAt(int32_t sheet, int32_t x, int32_t y);
     // Whether the sheet that is shown has grid lines, and the switch for them.
     bool showsGrid() const;
     void showGrid(bool shown);

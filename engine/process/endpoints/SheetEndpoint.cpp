@@ -57,6 +57,45 @@ gboolean handleCellBounds(Skeleton* sheet, Invocation* invocation, gint index, g
                   bounds.x, bounds.y, bounds.width, bounds.height);
 }
 
+gboolean handleTapArea(Skeleton* sheet, Invocation* invocation, gint index, gint x, gint y, gpointer user) {
+    PixelRect area;
+    const std::int32_t result =
+        serviceOf(user).run([&](Document& document) { return document.tapArea(index, x, y, area); });
+    return answer(serviceOf(user), &lectern_ipc_sheet_complete_tap_area, sheet, invocation, result, area.x,
+                  area.y, area.width, area.height);
+}
+
+void appendNumbers(std::vector<std::int32_t>& numbers, const SheetCell& cell) {
+    const PixelRect& r = cell.place;
+    numbers.insert(numbers.end(), {cell.column, cell.row, r.x, r.y, r.width, r.height});
+}
+
+gboolean handleCell(Skeleton* sheet, Invocation* invocation, gint index, gint column, gint row,
+                    gpointer user) {
+    SheetCell cell;
+    std::vector<std::int32_t> numbers;
+    const std::int32_t result =
+        serviceOf(user).run([&](Document& document) { return document.cell(index, column, row, cell); });
+    appendNumbers(numbers, cell);
+    return answer(serviceOf(user), &lectern_ipc_sheet_complete_cell, sheet, invocation, result,
+                  written(numbers), written(cell.text), written(cell.formula));
+}
+
+gboolean handleCells(Skeleton* sheet, Invocation* invocation, gint index, gint x, gint y, gint width,
+                     gint height, gpointer user) {
+    std::vector<SheetCell> cells;
+    std::vector<std::int32_t> numbers;
+    std::u16string texts;
+    const std::int32_t result = serviceOf(user).run(
+        [&](Document& document) { return document.cells(index, x, y, width, height, cells); });
+    for (const SheetCell& cell : cells) {
+        appendNumbers(numbers, cell);
+        texts.append(cell.text.c_str(), cell.text.size() + 1);
+    }
+    return answer(serviceOf(user), &lectern_ipc_sheet_complete_cells, sheet, invocation, result,
+                  written(numbers), written(texts));
+}
+
 gboolean handleSelection(Skeleton* sheet, Invocation* invocation, gpointer user) {
     std::vector<std::int32_t> numbers;
     const std::int32_t result = serviceOf(user).run([&](Document& document) {
@@ -98,6 +137,14 @@ void connectFinding(const Connector<SheetEndpoint>& on) {
         "handle-copy-selection");
 }
 
+void connectCells(const Connector<SheetEndpoint>& on) {
+    on.handler("handle-cell", &handleCell);
+    on.handler("handle-cells", &handleCells);
+    on.handler("handle-tap-area", &handleTapArea);
+    on.operation<&Document::setFindOptions, &lectern_ipc_sheet_complete_set_find_options>(
+        "handle-set-find-options");
+}
+
 void connectChanges(const Connector<SheetEndpoint>& on) {
     on.operation<&Document::sort, &lectern_ipc_sheet_complete_sort>("handle-sort");
     on.operation<&Document::hide, &lectern_ipc_sheet_complete_hide>("handle-hide");
@@ -120,6 +167,7 @@ SheetEndpoint::SheetEndpoint() : DocumentEndpoint(lectern_ipc_sheet_skeleton_new
     const Connector<SheetEndpoint> connector(skeleton(), this);
     connectView(connector);
     connectFinding(connector);
+    connectCells(connector);
     connectChanges(connector);
 }
 

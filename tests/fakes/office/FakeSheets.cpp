@@ -10,7 +10,8 @@
 // + the document row of its pixels. Every second cell of row 1 has the comment
 // "Told". A search has as many hits, in cells of column 0, as its text is long.
 // The selection's text is "a\tb". Changes of sheet 1 are refused; their number
-// can be restored in another engine.
+// can be restored in another engine. Every cell shows "7" and has the formula "=7";
+// finds with options have one hit more for each flag.
 
 #include "engine/office/sheet/SheetDocument.h"
 #include "modules/ModuleResults.h"
@@ -45,6 +46,7 @@ struct SheetDocument::Private {
     fake::Settings settings;
     std::array<Surface, SHEET_AREAS> surfaces;
     int32_t hits = 0;
+    int32_t findOptions = 0;
     bool selected = false;
     int32_t measured = 0; // calls of dimensions()
     int32_t changed = 0;  // calls that changed sheet 0
@@ -171,7 +173,7 @@ int32_t SheetDocument::setHighlightColor(const Colour& /*colour*/) {
 }
 
 int32_t SheetDocument::find(int32_t sheet, const std::u16string& text) {
-    mPrivate->hits = static_cast<int32_t>(text.size());
+    mPrivate->hits = static_cast<int32_t>(text.size()) + mPrivate->findOptions;
     return whenSheet(sheet);
 }
 
@@ -259,6 +261,34 @@ std::vector<int32_t> SheetDocument::selection() const {
 int32_t SheetDocument::restoreSelection(const std::vector<int32_t>& numbers) {
     mPrivate->selected = numbers.at(0) != 0;
     return MODULE_OK;
+}
+
+int32_t SheetDocument::cell(int32_t sheet, int32_t column, int32_t row, SheetCell& cell) {
+    const PixelRect place{column * CELL_WIDTH, row * CELL_HEIGHT, mPrivate->lies() ? -1 : CELL_WIDTH,
+                          CELL_HEIGHT};
+    cell = {column, row, place, u"7", u"=7"};
+    return column < COLUMNS && row < ROWS ? whenSheet(sheet) : MODULE_BAD_ARGUMENT;
+}
+
+int32_t SheetDocument::cells(int32_t sheet, int32_t x, int32_t y, int32_t width, int32_t height,
+                             std::vector<SheetCell>& cells) {
+    for (int32_t row = trackAt(y, CELL_HEIGHT, ROWS); row <= trackAt(y + height - 1, CELL_HEIGHT, ROWS);
+         row++) {
+        for (int32_t column = trackAt(x, CELL_WIDTH, COLUMNS);
+             column <= trackAt(x + width - 1, CELL_WIDTH, COLUMNS); column++) {
+            cell(sheet, column, row, cells.emplace_back());
+        }
+    }
+    return whenSheet(sheet);
+}
+
+int32_t SheetDocument::tapArea(int32_t sheet, int32_t x, int32_t y, PixelRect& area) {
+    return cellBounds(sheet, x, y, area);
+}
+
+int32_t SheetDocument::setFindOptions(int32_t flags) {
+    mPrivate->findOptions = flags;
+    return flags < 0 || flags > 3 ? MODULE_BAD_ARGUMENT : MODULE_OK;
 }
 
 int32_t SheetDocument::information(DocumentInformation& information) {

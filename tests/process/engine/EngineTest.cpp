@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/process/engine/EngineTest.h"
 
+#include <signal.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -104,6 +105,13 @@ EngineInfo EngineTest::engineOfDocument() const {
 
 bool EngineTest::waitForEngines(std::size_t count) const {
     return waitUntil([&] { return engines().size() == count; });
+}
+
+void EngineTest::killEngine() const {
+    ASSERT_EQ(engines().size(), 1U);
+    const pid_t engine = engines().front().pid;
+    kill(engine, SIGKILL);
+    EXPECT_TRUE(waitUntil([&] { return kill(engine, 0) != 0; }));
 }
 
 bool EngineTest::waitUntil(const std::function<bool()>& condition) {

@@ -41,6 +41,8 @@ protected:
 
     // The engines of this test.
     std::vector<EngineInfo> engines() const;
+    // Ends the only engine.
+    void killEngine() const;
     // The engine of the document that was opened last.
     EngineInfo engineOfDocument() const;
     // Waits until this test has so many engines; returns false after a time limit.

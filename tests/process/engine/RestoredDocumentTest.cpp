@@ -13,12 +13,6 @@ namespace {
 class RestoredDocumentTest : public EngineTest {
 protected:
     // Ends the only engine of the test.
-    void killEngine() {
-        ASSERT_EQ(engines().size(), 1U);
-        const pid_t engine = engines().front().pid;
-        kill(engine, SIGKILL);
-        EXPECT_TRUE(waitUntil([&] { return kill(engine, 0) != 0; }));
-    }
     std::uint32_t topCharacter(const Document& document) {
         std::uint32_t position = 0;
         EXPECT_EQ(word.wtg_get_top_left_character(document.get(), 0, &position), MODULE_OK);
