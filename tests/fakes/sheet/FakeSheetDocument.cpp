@@ -56,6 +56,28 @@ module_rect FakeSheetDocument::bounds(const Cell& cell) const {
             saturateToInt(static_cast<long long>(cell.row) * height), width, height};
 }
 
+stg_cell FakeSheetDocument::contents(const Cell& cell) const {
+    const FakeSheetControl& control = *fake_sheet_control();
+    static constexpr uint16_t NONE[] = {0};
+    module_rect area{cell.column, cell.row, 1, 1};
+    for (const module_rect& m : control.merged) {
+        if (cell.column >= m.x && cell.column < m.x + m.width && cell.row >= m.y &&
+            cell.row < m.y + m.height) {
+            area = m;
+        }
+    }
+    const auto find = [&](const std::map<std::pair<int32_t, int32_t>, std::u16string>& texts) {
+        const auto text = texts.find({area.x, area.y});
+        return text == texts.end() ? NONE : reinterpret_cast<const uint16_t*>(text->second.c_str());
+    };
+    const module_rect first = bounds({area.x, area.y});
+    return {area.x,
+            area.y,
+            {first.x, first.y, first.width * area.width, first.height * area.height},
+            find(control.texts),
+            find(control.formulas)};
+}
+
 void FakeSheetDocument::render(int32_t sheet, int32_t x, int32_t y) {
     ++fake_sheet_control()->renders;
     const int32_t columnsLeft = sheetWidth(sheet) - x;
@@ -90,7 +112,12 @@ void FakeSheetDocument::fetchFound() {
     if (!searched) {
         return;
     }
-    for (const stg_region& hit : fake_sheet_control()->hits) {
+    const FakeSheetControl& control = *fake_sheet_control();
+    const auto ofSheet = control.hitsOfSheets.find(searchedSheet);
+    const std::vector<stg_region> none;
+    for (const stg_region& hit : control.hitsOfSheets.empty()            ? control.hits
+                                 : ofSheet == control.hitsOfSheets.end() ? none
+                                                                         : ofSheet->second) {
         found.push_back({0, scaled(hit.x), scaled(hit.y), scaled(hit.width), scaled(hit.height)});
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "modules/TouchSheetFunctions.h"
 #include "raster/Saturate.h"
 #include "tests/fakes/sheet/FakeSheetModule.h"
 
@@ -28,6 +29,8 @@ public:
     // The cell nearest to a point.
     Cell cellAt(int32_t sheet, int32_t x, int32_t y) const;
     module_rect bounds(const Cell& cell) const;
+    // Of the merged area that a cell belongs to, or else of the cell.
+    stg_cell contents(const Cell& cell) const;
     void fetchMarks();
     void fetchFound();
 
@@ -38,6 +41,8 @@ public:
     std::vector<stg_region> marks;
     std::vector<stg_region> found;
     bool searched = false;
+    int32_t searchedSheet = 0;
+    std::vector<stg_cell> cellsFound;
 
 private:
     int32_t mDpi = 72;

@@ -33,6 +33,8 @@ struct FakeSheetControl : FakeControl<FakeSheetControl> {
     int32_t rowHeaderWidth = 30;
     int32_t columnHeaderHeight = 15;
     std::vector<stg_region> hits; // found by every search
+    // Found instead by searches of a sheet, unless there are none at all.
+    std::map<int32_t, std::vector<stg_region>> hitsOfSheets;
 
     // Comments by column and row, the same on every sheet.
     std::map<std::pair<int32_t, int32_t>, std::u16string> comments;
@@ -43,6 +45,13 @@ struct FakeSheetControl : FakeControl<FakeSheetControl> {
     bool nullArrays = false;
 
     std::u16string selection; // text of any selection
+
+    // What cells show, and their formulas, by column and row; the same on every sheet.
+    std::map<std::pair<int32_t, int32_t>, std::u16string> texts;
+    std::map<std::pair<int32_t, int32_t>, std::u16string> formulas;
+    // Merged areas: the first column and row, and how many of each.
+    std::vector<module_rect> merged;
+    std::optional<module_rect> drawing; // document pixels, instead of any cell
 
     // The module's state.
     int32_t dpi = 72; // of the document used last

@@ -3,6 +3,7 @@
 // its scripted result, and calls the document.
 #include "modules/SheetToGoModule.h"
 
+#include "modules/TouchSheetFunctions.h"
 #include "tests/fakes/module/FakeModule.h"
 #include "tests/fakes/sheet/FakeSheetDocument.h"
 
@@ -172,7 +173,9 @@ int32_t stg_get_comment_marks_rects(void* doc, int32_t sheet, const stg_region**
 
 int32_t stg_get_comment(void* doc, int32_t sheet, int32_t x, int32_t y, uint16_t* text, int32_t capacity,
                         int32_t first, int32_t* length) {
-    text[0] = 0;
+    if (text != nullptr) {
+        text[0] = 0;
+    }
     *length = 0;
     if (const int32_t code = enteredSheet(doc, __func__, sheet, x, y, capacity, first)) {
         return code;
@@ -195,6 +198,7 @@ int32_t stg_find(void* doc, const uint16_t* text, int32_t first_sheet, int32_t f
         return code;
     }
     document(doc)->searched = true;
+    document(doc)->searchedSheet = first_sheet;
     return MODULE_OK;
 }
 
@@ -314,6 +318,54 @@ int32_t stg_get_document_creation_date(void* doc, time_t* time) {
 
 int32_t stg_get_document_last_saved_date(void* doc, time_t* time) {
     return fake::giveTime(doc, __func__, control().lastSaved, time);
+}
+
+// Optional functions.
+
+int32_t stg_get_cell(void* doc, int32_t sheet, int32_t column, int32_t row, stg_cell* cell) {
+    if (const int32_t code = enteredSheet(doc, __func__, sheet, column, row)) {
+        return code;
+    }
+    const FakeSheet& size = control().sheets[static_cast<size_t>(sheet)];
+    if (column < 0 || row < 0 || column >= size.columns || row >= size.rows) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    *cell = document(doc)->contents({column, row});
+    return MODULE_OK;
+}
+
+int32_t stg_get_cells(void* doc, int32_t sheet, int32_t x, int32_t y, int32_t width, int32_t height,
+                      const stg_cell** cells, int32_t* count) {
+    *cells = nullptr;
+    *count = 0;
+    if (const int32_t code = enteredSheet(doc, __func__, sheet, x, y, width, height)) {
+        return code;
+    }
+    FakeSheetDocument& d = *document(doc);
+    const FakeSheetDocument::Cell first = d.cellAt(sheet, x, y);
+    const FakeSheetDocument::Cell last = d.cellAt(sheet, x + width - 1, y + height - 1);
+    d.cellsFound.clear();
+    for (int32_t row = first.row; row <= last.row; ++row) {
+        for (int32_t column = first.column; column <= last.column; ++column) {
+            const stg_cell cell = d.contents({column, row});
+            if (cell.column == column && cell.row == row && *cell.text != 0) {
+                d.cellsFound.push_back(cell);
+            }
+        }
+    }
+    return fake::giveArray(control(), d.cellsFound, cells, count);
+}
+
+int32_t stg_get_tap_area(void* doc, int32_t sheet, int32_t x, int32_t y, module_rect* area) {
+    if (const int32_t code = enteredSheet(doc, __func__, sheet, x, y)) {
+        return code;
+    }
+    *area = control().drawing.value_or(document(doc)->contents(document(doc)->cellAt(sheet, x, y)).place);
+    return MODULE_OK;
+}
+
+int32_t stg_set_find_options(void* doc, int32_t flags) {
+    return entered(doc, __func__, flags);
 }
 
 // Only the loader needs the remaining functions; a call is recorded and fails.
