@@ -88,6 +88,7 @@ protected:
     bool isOnSheet(const CpPoint& point) const;
 
     const CellRange& tapped() const { return mTapped; }
+    const CpRect& rendered() const { return mRendered; }
     SheetFunctions& functions() { return mFunctions; }
 
 private:
