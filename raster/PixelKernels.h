@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // The inner loops over pixels, which determine the speed of all copies and fills.
-// Private to raster/. Each exists once per instruction set, compiled from the loops in
+// For raster/ and views that compose frames. Each exists once per instruction set, compiled from the loops in
 // PixelKernelLoops.h, which say what an instruction set has to supply; pixelKernels()
 // chooses. All versions return identical pixels.
 #pragma once

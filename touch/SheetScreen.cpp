@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "touch/SheetScreen.h"
 
+#include "raster/PixelKernels.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstring>
@@ -117,7 +119,7 @@ void SheetScreen::draw(const CpPixmap& picture, const int* left, const int* top,
         } else if (mPlace.scale == 1.0) {
             std::memcpy(to, from + *first, count * sizeof *to);
         } else {
-            std::transform(first, last, to, [from](int column) { return from[column]; });
+            pixelKernels().pick(from, &*first, to, count);
         }
     }
 }
