@@ -7,6 +7,7 @@
 #include <climits>
 #include <numeric>
 #include <type_traits>
+#include <utility>
 
 namespace {
 
@@ -22,7 +23,21 @@ using Pixels = std::vector<uint32_t>;
 
 TEST(Pixmap, HasNoSecondOwner) {
     static_assert(!std::is_copy_constructible_v<CpPixmap> && !std::is_copy_assignable_v<CpPixmap>);
-    static_assert(!std::is_move_constructible_v<CpPixmap> && !std::is_move_assignable_v<CpPixmap>);
+    static_assert(!std::is_move_constructible_v<CpPixmap>);
+}
+
+TEST(Pixmap, TakesOverThePixelsOfAnother) {
+    CpPixmap first(2, 3);
+    {
+        CpPixmap second(4, 1);
+        second.Pixels()[3] = 7;
+        const uint32_t* const pixels = second.Pixels();
+        first = std::move(second);
+        EXPECT_EQ(first.Pixels(), pixels);
+    }
+    EXPECT_EQ(first.Width(), 4);
+    EXPECT_EQ(first.Height(), 1);
+    EXPECT_EQ(first.Pixels()[3], 7U);
 }
 
 TEST(Pixmap, OwnsClearedPixelsOfItsSize) {
