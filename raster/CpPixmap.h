@@ -60,6 +60,12 @@ public:
     void CopyBitsRotatedRight(const CpRect& s, uint32_t* dst) const;
     void CopyBitsRotated180(const CpRect& s, uint32_t* dst) const;
 
+    // Copies of the whole image that are turned exactly, a quarter to the left or right or
+    // by half. dst has as many pixels as the image.
+    void CopyTurnedLeft(uint32_t* dst) const;
+    void CopyTurnedRight(uint32_t* dst) const;
+    void CopyTurnedHalf(uint32_t* dst) const;
+
     // Scales src into dstRect of an image of dstWidth * dstHeight pixels, by taking
     // the nearest source pixel to the top left. Does not write outside the image as
     // a whole, but where dstRect is wider than the image, its rows continue in the

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The rotated copies. Clients expect each to be shifted by one row or column from
-// the exact position, so the sums below are one too large on purpose.
+// The rotated copies. Clients expect each but the turned ones to be shifted by one row or
+// column from the exact position, so their sums below are one too large on purpose.
 #include "raster/CpPixmap.h"
 #include "raster/PixelKernels.h"
 
@@ -48,5 +48,26 @@ void CpPixmap::CopyBitsRotated180(const CpRect& s, uint32_t* dst) const {
     }
     for (; height > 0; height--, src += Width(), end -= stride) {
         pixelKernels().reverse(src, end - (width - 1), width);
+    }
+}
+
+void CpPixmap::CopyTurnedLeft(uint32_t* dst) const {
+    if (mPixels != nullptr) {
+        const ptrdiff_t rowLength = Height();
+        pixelKernels().transpose(mPixels, Width(), dst + (ptrdiff_t{Width()} - 1) * rowLength, -rowLength,
+                                 static_cast<size_t>(Width()), static_cast<size_t>(Height()));
+    }
+}
+
+void CpPixmap::CopyTurnedRight(uint32_t* dst) const {
+    if (mPixels != nullptr) {
+        pixelKernels().transpose(pixelAt(0, Height() - 1), -ptrdiff_t{Width()}, dst, Height(),
+                                 static_cast<size_t>(Width()), static_cast<size_t>(Height()));
+    }
+}
+
+void CpPixmap::CopyTurnedHalf(uint32_t* dst) const {
+    if (mPixels != nullptr) {
+        pixelKernels().reverse(mPixels, dst, static_cast<size_t>(Width()) * static_cast<size_t>(Height()));
     }
 }

@@ -8,6 +8,7 @@
 #include <numeric>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -136,6 +137,21 @@ TEST(CopyBitsTo, StartsAtThePlacesCornerWithTheFirstKeptPixel) {
 
 // 0 1 2
 // 3 4 5
+TEST(CopyTurned, IsTurnedExactlyAndStaysInsideTheImage) {
+    const Numbered pixmap(3, 2); // 0 1 2
+                                 // 3 4 5
+    const auto turned = [&](void (CpPixmap::*copy)(uint32_t*) const) {
+        std::vector<uint32_t> pixels(8, UNTOUCHED);
+        (pixmap.*copy)(pixels.data() + 1);
+        EXPECT_EQ(pixels.front(), UNTOUCHED);
+        EXPECT_EQ(pixels.back(), UNTOUCHED);
+        return std::vector<uint32_t>(pixels.begin() + 1, pixels.end() - 1);
+    };
+    EXPECT_EQ(turned(&CpPixmap::CopyTurnedLeft), (std::vector<uint32_t>{2, 5, 1, 4, 0, 3}));
+    EXPECT_EQ(turned(&CpPixmap::CopyTurnedRight), (std::vector<uint32_t>{3, 0, 4, 1, 5, 2}));
+    EXPECT_EQ(turned(&CpPixmap::CopyTurnedHalf), (std::vector<uint32_t>{5, 4, 3, 2, 1, 0}));
+}
+
 TEST(CopyBitsRotatedLeft, LeavesTheFirstRowAndEndsOneBeyondTheImage) {
     const Numbered pixmap(3, 2);
     Pixels dst(9, UNTOUCHED);
