@@ -54,7 +54,7 @@ public:
     // Sets how the device is turned: "left", "right", "down", or any other text for
     // upright. Null changes from upright to _WIDE, in which paints are black, and from
     // every other mode to upright.
-    void setFitWideMode(const char* mode);
+    virtual void setFitWideMode(const char* mode);
 
     // Starts a glide. Does not request a paint: callers do.
     bool handleFlick(int vx, int vy) override;
@@ -62,7 +62,7 @@ public:
 
     // Makes a slide current and notifies the client. Limits the index to the slides
     // of the document. Returns the slide's number, from 0.
-    int jumpToSlide(int index);
+    virtual int jumpToSlide(int index);
     int slideCount() const { return mSlideCount; }
     // {"list": [...]}, see view/DocumentList.h.
     std::string getSlideList();

@@ -68,9 +68,7 @@ TouchResult scrollTo(TouchView& view, const TouchPoint& parameters, json_object*
 }
 
 TouchResult zoomTo(TouchView& view, const TouchZoom& parameters, json_object* /*reply*/) {
-    const CpRect shown = view.place().view;
-    const CpPoint centre(shown.Width() / 2, shown.Height() / 2);
-    view.zoomTo(parameters.zoom, parameters.hasPoint ? parameters.point : centre);
+    view.zoomTo(parameters.zoom, parameters.hasPoint ? parameters.point : view.middle());
     return TouchResult::Ok;
 }
 

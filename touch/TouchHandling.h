@@ -189,6 +189,8 @@ public:
         this->InvalidateScreen();
     }
 
+    CpPoint middle() const override { return centre(); }
+
     void zoomTo(double zoom, const CpPoint& about) override {
         mGlide.stop();
         zoomAbout(limitedZoom(zoom), about, about);
@@ -220,7 +222,8 @@ protected:
 
     void tellOverscroll(const CpPoint& beyond) {
         if (mOverscroll.set(beyond)) {
-            this->SendDocMessage(_OVERSCROLL, beyond.x, beyond.y);
+            const CpPoint told = toldWay(beyond);
+            this->SendDocMessage(_OVERSCROLL, told.x, told.y);
         }
     }
 
@@ -241,6 +244,8 @@ private:
     virtual void layOutForSize() = 0;
     // Whether nearly straight drags stay on their axis.
     virtual bool dragLocks() const { return true; }
+    // A way in the view as the client sees it.
+    virtual CpPoint toldWay(const CpPoint& way) const { return way; }
     virtual void glideEnded() {}
 
     double limitedZoom(double zoom) const {

@@ -30,6 +30,8 @@ public:
     virtual ViewPlace place() const = 0;
     // Moves the view to a document pixel, as far as the document reaches, and ends a glide.
     virtual void scrollTo(int x, int y) = 0;
+    // The middle of the view.
+    virtual CpPoint middle() const = 0;
     // Zooms about a point of the view, inside the limits of the zoom.
     virtual void zoomTo(double zoom, const CpPoint& about) = 0;
     // The client's frame has another size. The place in the document stays.

@@ -18,11 +18,27 @@
 // A hit: one rectangle for each line it spans, in slide units.
 using FakeSlideHit = std::vector<module_rect>;
 
+// What the optional functions tell of a slide, with rectangles in slide units. The units of
+// a line share its width.
+struct FakeSlideLink {
+    module_rect area{};
+    int32_t target = -1;
+    std::u16string address = {};
+};
+struct FakeSlideLine {
+    std::u16string text;
+    module_rect area{};
+    int32_t paragraph = 0;
+};
+
 struct FakeSlide {
     std::u16string title = u"Slide";
     std::optional<std::u16string> note = std::nullopt;
     std::vector<FakeSlideHit> hits = {}; // found by every search
     int32_t noteHits = 0;
+    std::vector<FakeSlideLink> links = {};
+    std::vector<module_rect> shapes = {};
+    std::vector<FakeSlideLine> lines = {};
 };
 
 struct FakeSlideControl : FakeControl<FakeSlideControl> {
@@ -39,6 +55,9 @@ struct FakeSlideControl : FakeControl<FakeSlideControl> {
 
     // The module's state.
 };
+
+// Of the module that this is compiled into.
+extern "C" LECTERN_MODULE_EXPORT FakeSlideControl* fake_slide_control();
 
 // Pixel values: the slide in the highest byte, which tints leave unchanged,
 // then x and y modulo 4096 in pixels of the surface.

@@ -6,8 +6,6 @@
 #include "tests/fakes/module/FakeModule.h"
 #include "tests/fakes/slides/FakeSlideModule.h"
 
-extern "C" LECTERN_MODULE_EXPORT FakeSlideControl* fake_slide_control();
-
 FakeSlideControl* fake_slide_control() {
     static FakeSlideControl control; // destroyed when the module is unloaded
     return &control;
