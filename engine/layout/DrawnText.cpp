@@ -67,6 +67,30 @@ void DrawnText::append(const DrawnText& other) {
         run.line += line;
         runs.push_back(std::move(run));
     }
+    for (DrawnLink link : other.links) {
+        link.characters.start += start;
+        link.characters.end += start;
+        links.push_back(std::move(link));
+    }
+}
+
+std::vector<DrawnLine> DrawnText::lines() const {
+    std::vector<DrawnLine> lines;
+    int32_t paragraph = 0;
+    for (size_t i = 0; i < runs.size(); ++i) {
+        if (i > 0 && runs[i].line == runs[i - 1].line) {
+            continue;
+        }
+        const uint32_t start = runs[i].start;
+        if (!lines.empty()) {
+            CharacterRange& before = lines.back().characters;
+            const bool isNext = text[start - 1] == PARAGRAPH_SEPARATOR;
+            before.end = isNext ? start - 1 : start;
+            paragraph += isNext ? 1 : 0;
+        }
+        lines.push_back({{start, static_cast<uint32_t>(text.size())}, paragraph});
+    }
+    return lines;
 }
 
 std::vector<DrawnBox> DrawnText::boxes(CharacterRange range) const {

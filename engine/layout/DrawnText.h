@@ -32,16 +32,30 @@ struct DrawnBox {
     double bottom = 0;
 };
 
+// Characters that are a link.
+struct DrawnLink {
+    CharacterRange characters;
+    std::u16string address;
+};
+
+// A line of the text, without the separator of its paragraph.
+struct DrawnLine {
+    CharacterRange characters;
+    int32_t paragraph = 0; // counted through the text
+};
+
 // The text of a drawing and where it is drawn. PARAGRAPH_SEPARATOR separates
 // paragraphs; runs are in the order of their text.
 struct DrawnText {
     std::u16string text;
     std::vector<TextRun> runs;
+    std::vector<DrawnLink> links; // in the order of the text
 
     // Appends the paragraphs of `other`.
     void append(const DrawnText& other);
     // Where the characters are drawn: one box for each line that contains any.
     std::vector<DrawnBox> boxes(CharacterRange range) const;
+    std::vector<DrawnLine> lines() const;
 };
 
 } // namespace lectern::engine

@@ -10,6 +10,7 @@
 #include <cmath>
 #include <cstring>
 #include <numbers>
+#include <optional>
 #include <string_view>
 #include <type_traits>
 #include <unordered_map>
@@ -102,9 +103,18 @@ public:
         run.start = static_cast<uint32_t>(mParagraph.text.size());
         run.line = mLine;
         mParagraph.text.append(source, first, count);
+        if (mLink) {
+            addToLink({run.start, run.end()});
+        }
         mParagraph.runs.push_back(std::move(run));
         mSource = source;
         mSourceEnd = first + count;
+    }
+
+    // The text up to the next call is a link. Without an address it is none.
+    void setLink(std::u16string address) {
+        mLink = address.empty() ? std::nullopt : std::optional(std::move(address));
+        mContinuesLink = false;
     }
 
     void comment(std::string_view words) {
@@ -124,7 +134,17 @@ public:
     }
 
 private:
+    void addToLink(CharacterRange characters) {
+        if (mContinuesLink) {
+            mParagraph.links.back().characters.end = characters.end;
+        } else {
+            mParagraph.links.push_back({characters, *mLink});
+        }
+        mContinuesLink = true;
+    }
+
     void endParagraph() {
+        mContinuesLink = false;
         DrawnText paragraph = std::exchange(mParagraph, {});
         mSource.clear();
         mSourceEnd = 0;
@@ -151,6 +171,8 @@ private:
     uint32_t mSourceEnd = 0;
     uint32_t mLine = 0;
     bool mInShape = false;
+    std::optional<std::u16string> mLink; // its address, inside a link
+    bool mContinuesLink = false;         // ... of which the paragraph has a part
     std::unordered_map<std::u16string, std::pair<double, double>> mSeen; // paragraphs and their starts
 };
 
@@ -211,11 +233,9 @@ public:
         case Pop:
             pop();
             break;
-        case Comment: {
-            const Bytes words = action.take(action.number<uint16_t>());
-            mComposer.comment({reinterpret_cast<const char*>(words.data()), words.size()});
+        case Comment:
+            comment(action);
             break;
-        }
         default:
             break;
         }
@@ -223,6 +243,20 @@ public:
     DrawnText take() { return mComposer.take(); }
 
 private:
+    // A comment about a link comes with its address.
+    void comment(Reader action) {
+        const Bytes bytes = action.take(action.number<uint16_t>());
+        const std::string_view words(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+        if (words == "FIELD_SEQ_BEGIN") {
+            action.number<int32_t>();
+            mComposer.setLink(action.text(action.number<uint32_t>() / 2));
+        } else if (words == "FIELD_SEQ_END") {
+            mComposer.setLink({});
+        } else {
+            mComposer.comment(words);
+        }
+    }
+
     void pop() {
         if (mKept.empty()) {
             return;

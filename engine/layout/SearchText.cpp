@@ -117,7 +117,8 @@ uint32_t SearchText::Paragraph::origin(size_t unit) const {
     return start + (unit == origins.size() ? length : origins[unit]);
 }
 
-std::vector<CharacterRange> SearchText::find(std::u16string_view wanted, CharacterRange bounds) const {
+std::vector<CharacterRange> SearchText::find(std::u16string_view wanted, CharacterRange bounds,
+                                             const std::function<bool(CharacterRange)>& counts) const {
     std::vector<CharacterRange> hits;
     if (wanted.empty() || wanted.size() > std::numeric_limits<int32_t>::max() / 4 || !isWellFormed(wanted)) {
         return hits;
@@ -134,7 +135,7 @@ std::vector<CharacterRange> SearchText::find(std::u16string_view wanted, Charact
                 return false;
             }
             const CharacterRange hit{paragraph.origin(start), paragraph.origin(end)};
-            if (hit.start < bounds.start || hit.end > bounds.end) {
+            if (hit.start < bounds.start || hit.end > bounds.end || !counts(hit)) {
                 return false;
             }
             hits.push_back(hit);

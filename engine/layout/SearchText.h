@@ -3,6 +3,7 @@
 
 #include "engine/layout/TextTypes.h"
 
+#include <functional>
 #include <string_view>
 
 namespace lectern::engine {
@@ -15,8 +16,11 @@ public:
     explicit SearchText(std::u16string_view text);
 
     // The hits inside the bounds, in order. An empty text and one that is not
-    // valid UTF-16 have no hits.
-    std::vector<CharacterRange> find(std::u16string_view wanted, CharacterRange bounds) const;
+    // valid UTF-16 have no hits. Where the text is found but `counts` is false, the
+    // search goes on at the next character.
+    std::vector<CharacterRange> find(
+        std::u16string_view wanted, CharacterRange bounds,
+        const std::function<bool(CharacterRange)>& counts = [](CharacterRange) { return true; }) const;
 
 private:
     struct Paragraph {

@@ -64,6 +64,20 @@ public:
         action.insert(action.end(), words.begin(), words.end());
         return add(512, action);
     }
+    // The beginning of a link.
+    Metafile& link(const std::u16string& address) {
+        constexpr std::string_view WORDS = "FIELD_SEQ_BEGIN";
+        Bytes action;
+        put<std::uint16_t>(action, WORDS.size());
+        action.insert(action.end(), WORDS.begin(), WORDS.end());
+        put<std::int32_t>(action, 0);
+        put<std::uint32_t>(action, static_cast<std::uint32_t>(2 * address.size()));
+        for (const char16_t unit : address) {
+            put<std::uint16_t>(action, unit);
+        }
+        return add(512, action);
+    }
+    Metafile& linkEnd() { return comment("FIELD_SEQ_END"); }
     Metafile& line() { return comment("XTEXT_EOL"); }
     Metafile& paragraph() { return comment("XTEXT_EOP"); }
     Metafile& add(std::uint16_t type, const Bytes& action) {
@@ -125,6 +139,59 @@ TEST(MetafileText, RunsOfALineShareABox) {
     EXPECT_DOUBLE_EQ(boxes[0].left, 20);
     EXPECT_DOUBLE_EQ(boxes[0].right, 60);
     EXPECT_DOUBLE_EQ(boxes[0].top, 5);
+}
+
+TEST(MetafileText, LinksAreRangesOfTheText) {
+    const std::u16string words = u"see one here";
+    const DrawnText text = Metafile()
+                               .font(100)
+                               .text(0, 100, u"first", 0, 5)
+                               .paragraph()
+                               .text(0, 200, words, 0, 4)
+                               .link(u"https://a.example")
+                               .text(40, 200, words, 4, 1)
+                               .line()
+                               .text(0, 300, words, 5, 2)
+                               .linkEnd()
+                               .text(20, 300, words, 7, 5)
+                               .link(u"") // another field, such as a date
+                               .paragraph()
+                               .text(0, 400, u"last", 0, 4)
+                               .read();
+    ASSERT_EQ(text.links.size(), 1U);
+    EXPECT_EQ(text.links[0].characters, (CharacterRange{10, 13}));
+    EXPECT_EQ(text.text.substr(10, 3), u"one");
+    EXPECT_EQ(text.links[0].address, u"https://a.example");
+}
+
+TEST(MetafileText, ALinkThroughParagraphsIsOneInEach) {
+    const DrawnText text =
+        Metafile().font(9).link(u"x").text(0, 9, u"ab", 0, 2).paragraph().text(0, 20, u"cd", 0, 2).read();
+    ASSERT_EQ(text.links.size(), 2U);
+    EXPECT_EQ(text.links[1].characters, (CharacterRange{3, 5}));
+}
+
+TEST(MetafileText, LinesHaveTheirPartOfTheText) {
+    const std::u16string words = u"low  tide";
+    const DrawnText text = Metafile()
+                               .font(100)
+                               .text(0, 100, words, 0, 3)
+                               .line()
+                               .text(0, 200, words, 5, 2)
+                               .text(20, 200, words, 7, 2)
+                               .line()
+                               .paragraph()
+                               .text(0, 300, u"ebb", 0, 3)
+                               .paragraph()
+                               .read();
+    const std::vector<DrawnLine> lines = text.lines();
+    ASSERT_EQ(lines.size(), 3U);
+    EXPECT_EQ(lines[0].characters, (CharacterRange{0, 5})) << "with what is not drawn";
+    EXPECT_EQ(lines[1].characters, (CharacterRange{5, 9}));
+    EXPECT_EQ(lines[1].paragraph, 0);
+    EXPECT_EQ(lines[2].characters, (CharacterRange{10, 13}));
+    EXPECT_EQ(lines[2].paragraph, 1);
+    EXPECT_TRUE(DrawnText().lines().empty());
 }
 
 TEST(MetafileText, WhatIsNotDrawnKeepsItsPlaceInTheText) {
