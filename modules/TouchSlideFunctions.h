@@ -43,8 +43,8 @@ LECTERN_MODULE_EXPORT int32_t sstg_get_link(void* doc, int32_t slide, int32_t x,
                                             int32_t height, int32_t* target, uint16_t* address,
                                             int32_t capacity, int32_t* length);
 
-/* The rectangle around the topmost shape at a point: a text, a picture, a table, a
- * chart. It may reach beyond the slide. Fails if there is none. */
+/* The rectangle around the topmost picture, table or chart at a point. It may reach beyond
+ * the slide. Fails if there is none. */
 LECTERN_MODULE_EXPORT int32_t sstg_get_shape_area(void* doc, int32_t slide, int32_t x, int32_t y,
                                                   int32_t width, int32_t height, module_rect* area);
 

@@ -8,6 +8,7 @@
 #include "engine/modules/Utf16.h"
 #include "engine/protocol/Vocabulary.h"
 #include "modules/SlideshowToGoModule.h"
+#include "modules/TouchSlideFunctions.h"
 
 #include <cstdint>
 #include <map>
@@ -32,10 +33,19 @@ struct SlideState {
         std::int32_t first = 0;
         std::int32_t last = 0;
         HighlightColour colour{};
+        std::int32_t options = 0;
     };
     HighlightColour colour = DEFAULT_HIGHLIGHT; // of later hits
+    std::int32_t options = 0;                   // of later finds
     std::optional<Search> search;
     std::optional<std::int32_t> rendered; // the slide, on the present surface
+};
+
+// Lines of text that were returned to the caller; they point into the texts and places.
+struct TextLines {
+    std::vector<std::uint16_t> units; // each text zero-terminated
+    std::vector<module_rect> places;
+    std::vector<sstg_text_line> lines;
 };
 
 // The object behind an sstg_ document handle.
@@ -52,6 +62,7 @@ struct SlideHandle : DocumentHandle {
     std::vector<module_rect> regionRectangles;
     std::vector<sstg_find_region> regions;
     std::vector<std::int32_t> noteOffsets;
+    TextLines textLines;
     // Outlines returned to the caller, by their first item; valid until they are freed.
     std::map<const sstg_outline_item*, OutlineTexts> outlines;
 

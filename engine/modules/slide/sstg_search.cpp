@@ -60,8 +60,11 @@ int32_t sstg_find(void* doc, const uint16_t* text, int32_t first_slide, int32_t 
             callEngine(handle, &lectern_ipc_slide_call_find_sync,
                        std::tuple(wanted.get(), gint{first_slide}, gint{last_slide}), out(found));
         if (result == MODULE_OK) {
-            handle.state.search = {
-                {text, text + unitCount(text) + 1}, first_slide, last_slide, handle.state.colour};
+            handle.state.search = {{text, text + unitCount(text) + 1},
+                                   first_slide,
+                                   last_slide,
+                                   handle.state.colour,
+                                   handle.state.options};
             const std::span<const std::int32_t> numbers = elementsOf<std::int32_t>(found.get());
             if (std::any_of(numbers.begin(), numbers.end(), [](std::int32_t number) { return number < 0; })) {
                 return std::int32_t{MODULE_FAILED};

@@ -21,6 +21,13 @@ struct SlideHits {
     int32_t inNotes = 0;
 };
 
+// A line of text on a slide, as sstg_text_line.
+struct SlideLine {
+    std::u16string text;
+    std::vector<PixelRect> places; // of each unit of the text
+    int32_t paragraph = 0;
+};
+
 // A presentation. Operations have the meanings of the sstg_ functions in
 // modules/SlideshowToGoModule.h. They return module_result codes; outputs are
 // valid with MODULE_OK only. Use from one thread only.
@@ -68,6 +75,15 @@ public:
     // Offset in UTF-16 units of each hit in the slide's notes.
     int32_t foundNoteOffsets(int32_t slide, std::vector<int32_t>& offsets);
     int32_t stopFind();
+    // Flags of HitOptions.h.
+    int32_t setFindOptions(int32_t flags);
+
+    // The operations below take the size of a picture of the slide, in whose pixels
+    // points and rectangles are.
+    int32_t link(int32_t slide, int32_t x, int32_t y, int32_t width, int32_t height, int32_t& target,
+                 std::u16string& address);
+    int32_t shapeArea(int32_t slide, int32_t x, int32_t y, int32_t width, int32_t height, PixelRect& area);
+    int32_t textLines(int32_t slide, int32_t width, int32_t height, std::vector<SlideLine>& lines);
 
     int32_t information(DocumentInformation& information);
     // Frees the data that is kept only for speed.

@@ -64,6 +64,7 @@ struct SlideDocument::Private {
     std::vector<std::optional<DrawnText>> texts; // of the slides searched so far
     Colour highlight{128, 192, 255};             // for later finds
     Colour hitColour{};
+    int32_t findOptions = 0;               // flags for later finds
     std::map<int32_t, FoundOnSlide> found; // by slide
 };
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Searching slides and notes.
+#include "engine/layout/HitOptions.h"
 #include "engine/layout/SearchText.h"
 #include "engine/layout/Tint.h"
 #include "engine/office/slide/SlideDocumentPrivate.h"
@@ -27,8 +28,9 @@ std::u16string searchable(std::u16string note) {
     return note;
 }
 
-std::vector<CharacterRange> hitsIn(std::u16string_view text, std::u16string_view wanted) {
-    return SearchText(text).find(wanted, {0, std::numeric_limits<uint32_t>::max()});
+std::vector<CharacterRange> hitsIn(std::u16string_view text, std::u16string_view wanted, int32_t options) {
+    return SearchText(text).find(wanted, {0, std::numeric_limits<uint32_t>::max()},
+                                 [&](CharacterRange hit) { return isWantedHit(text, wanted, hit, options); });
 }
 
 bool lies(const DrawnBox& box, const css::awt::Size& slide) {
@@ -49,7 +51,7 @@ FoundOnSlide SlideDocument::Private::search(int32_t slide, const std::u16string&
     FoundOnSlide hits;
     const DrawnText& text = drawnText(slide);
     const css::awt::Size size = deck.size(slide);
-    for (const CharacterRange& hit : hitsIn(text.text, wanted)) {
+    for (const CharacterRange& hit : hitsIn(text.text, wanted, findOptions)) {
         std::vector<DrawnBox> boxes = text.boxes(hit);
         std::erase_if(boxes, [&](const DrawnBox& box) { return !lies(box, size); });
         if (!boxes.empty()) {
@@ -59,7 +61,7 @@ FoundOnSlide SlideDocument::Private::search(int32_t slide, const std::u16string&
     std::stable_sort(hits.boxes.begin(), hits.boxes.end(), [](const auto& a, const auto& b) {
         return std::tie(a.front().top, a.front().left) < std::tie(b.front().top, b.front().left);
     });
-    for (const CharacterRange& hit : hitsIn(searchable(slideNote(deck.slide(slide))), wanted)) {
+    for (const CharacterRange& hit : hitsIn(searchable(slideNote(deck.slide(slide))), wanted, findOptions)) {
         hits.noteOffsets.push_back(static_cast<int32_t>(hit.start));
     }
     return hits;
@@ -102,6 +104,11 @@ int32_t SlideDocument::Private::markHits(int32_t slide, const FoundOnSlide& hits
 
 int32_t SlideDocument::setHighlightColor(const Colour& colour) {
     mPrivate->highlight = colour;
+    return MODULE_OK;
+}
+
+int32_t SlideDocument::setFindOptions(int32_t flags) {
+    mPrivate->findOptions = flags;
     return MODULE_OK;
 }
 

@@ -84,6 +84,34 @@ gboolean handleFoundRegions(Skeleton* slide, Invocation* invocation, gpointer us
                   written(counts), written(rectangles));
 }
 
+gboolean handleShapeArea(Skeleton* slide, Invocation* invocation, gint index, gint x, gint y, gint width,
+                         gint height, gpointer user) {
+    PixelRect area{};
+    const std::int32_t result = serviceOf(user).run(
+        [&](Document& document) { return document.shapeArea(index, x, y, width, height, area); });
+    return answer(serviceOf(user), &lectern_ipc_slide_complete_shape_area, slide, invocation, result,
+                  written(std::vector{area}));
+}
+
+gboolean handleTextLines(Skeleton* slide, Invocation* invocation, gint index, gint width, gint height,
+                         gpointer user) {
+    std::vector<SlideLine> lines;
+    const std::int32_t result = serviceOf(user).run(
+        [&](Document& document) { return document.textLines(index, width, height, lines); });
+    std::u16string text;
+    std::vector<std::uint32_t> lengths;
+    std::vector<std::int32_t> paragraphs;
+    std::vector<PixelRect> places;
+    for (const SlideLine& line : lines) {
+        text += line.text;
+        lengths.push_back(static_cast<std::uint32_t>(line.text.size()));
+        paragraphs.push_back(line.paragraph);
+        places.insert(places.end(), line.places.begin(), line.places.end());
+    }
+    return answer(serviceOf(user), &lectern_ipc_slide_complete_text_lines, slide, invocation, result,
+                  written(text), written(lengths), written(paragraphs), written(places));
+}
+
 gboolean handleReleaseMemory(Skeleton* slide, Invocation* invocation, gpointer user) {
     return answer(serviceOf(user), &lectern_ipc_slide_complete_release_memory, slide, invocation,
                   serviceOf(user).releaseMemory());
@@ -106,6 +134,11 @@ void connectHandlers(const Connector<SlideEndpoint>& on) {
     on.operation<&Document::foundNoteOffsets, &lectern_ipc_slide_complete_found_note_offsets>(
         "handle-found-note-offsets");
     on.operation<&Document::stopFind, &lectern_ipc_slide_complete_stop_find>("handle-stop-find");
+    on.operation<&Document::setFindOptions, &lectern_ipc_slide_complete_set_find_options>(
+        "handle-set-find-options");
+    on.operation<&Document::link, &lectern_ipc_slide_complete_link>("handle-link");
+    on.handler("handle-shape-area", &handleShapeArea);
+    on.handler("handle-text-lines", &handleTextLines);
     on.handler("handle-information",
                &handleInformation<SlideEndpoint, &lectern_ipc_slide_complete_information>);
     on.handler("handle-release-memory", &handleReleaseMemory);

@@ -5,8 +5,10 @@
 //   lie               return an impossible size and regions without rectangles
 // There are three slides of 720 x 540; slide s is painted 0xFF000000 + s *
 // 0x10000 + the row of its pixels. Its title is "Title s", and slide 1 has the
-// note "Remember". A search has one hit on slide 0, and on slide 1 as many as its
-// text is long, each with two rectangles, and one in the note.
+// note "Remember". The left half of each is a shape and a link, its upper part to
+// slide 2, and has the lines "ab" and "c". A search has one hit on slide 0, and on
+// slide 1 as many as its text is long, each with two rectangles, and one in the note
+// unless it has options.
 
 #include "engine/office/slide/SlideDocument.h"
 #include "modules/ModuleResults.h"
@@ -33,6 +35,7 @@ struct SlideDocument::Private {
     Surface surface;
     int32_t rendered = -1;
     int32_t length = 0; // of the searched text
+    int32_t options = 0;
 
     std::string setting(const std::string& key) const {
         const auto found = settings.find(key);
@@ -144,7 +147,7 @@ int32_t SlideDocument::find(const std::u16string& text, int32_t first, int32_t l
         slides.push_back({0, 1, 0});
     }
     if (!text.empty() && first <= 1 && last >= 1) {
-        slides.push_back({1, mPrivate->length, 1});
+        slides.push_back({1, mPrivate->length, mPrivate->options == 0 ? 1 : 0});
     }
     return MODULE_OK;
 }
@@ -164,6 +167,37 @@ int32_t SlideDocument::foundRegions(std::vector<std::vector<PixelRect>>& regions
 int32_t SlideDocument::foundNoteOffsets(int32_t slide, std::vector<int32_t>& offsets) {
     if (slide == 1 && mPrivate->length > 0) {
         offsets = {3};
+    }
+    return whenSlide(slide);
+}
+
+int32_t SlideDocument::setFindOptions(int32_t flags) {
+    mPrivate->options = flags;
+    return MODULE_OK;
+}
+
+int32_t SlideDocument::link(int32_t slide, int32_t x, int32_t y, int32_t width, int32_t height,
+                            int32_t& target, std::u16string& address) {
+    if (whenSlide(slide) != MODULE_OK || width < 1 || height < 1) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    target = mPrivate->lies() ? std::numeric_limits<int32_t>::min() : y < height / 2 ? 2 : -1;
+    address = target < 0 ? u"https://a.example" : u"";
+    return x < width / 2 ? MODULE_OK : MODULE_NOTHING_THERE;
+}
+
+int32_t SlideDocument::shapeArea(int32_t slide, int32_t x, int32_t /*y*/, int32_t width, int32_t height,
+                                 PixelRect& area) {
+    area = {0, 0, width / 2, height};
+    return x < width / 2 ? whenSlide(slide) : static_cast<int32_t>(MODULE_NOTHING_THERE);
+}
+
+int32_t SlideDocument::textLines(int32_t slide, int32_t width, int32_t height,
+                                 std::vector<SlideLine>& lines) {
+    const PixelRect half{0, 0, width / 2, height};
+    lines = {{u"ab", {half, half}, 0}, {u"c", {half}, 1}};
+    if (mPrivate->lies()) {
+        lines.front().places.pop_back();
     }
     return whenSlide(slide);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // A document that comes back in another engine is as it was in the lost one.
 
+#include "modules/TouchSlideFunctions.h"
 #include "tests/process/engine/EngineTest.h"
 #include "tests/process/engine/SheetHost.h"
 #include "tests/process/engine/SlideHost.h"
@@ -159,6 +160,8 @@ TEST_F(RestoredDocumentTest, APresentationKeepsItsPictureAndItsHits) {
     ASSERT_EQ(slideshow.open(write("deck.pptx", "name=Deck\n"), temporary()), MODULE_OK);
     ASSERT_EQ(sstg.sstg_set_highlight_color(slideshow.get(), colour), MODULE_OK);
     const sstg_find_info* infos = nullptr;
+    ASSERT_EQ(slideFunction<decltype(sstg_set_find_options)>("sstg_set_find_options")(slideshow.get(), 1),
+              MODULE_OK);
     ASSERT_EQ(sstg.sstg_find(slideshow.get(), wide("tide").data(), 0, 2, &infos, &number), MODULE_OK);
     ASSERT_EQ(sstg.sstg_render_slide(slideshow.get(), 1, 0, pixels.data(), 10, 10), MODULE_OK);
     const sstg_find_region* regions = nullptr;
@@ -170,6 +173,8 @@ TEST_F(RestoredDocumentTest, APresentationKeepsItsPictureAndItsHits) {
     EXPECT_EQ(number, hits);
     EXPECT_EQ(sstg.sstg_render_slide(slideshow.get(), 1, 0, pixels.data(), 10, 10), MODULE_OK);
     EXPECT_EQ(pixels, before);
+    EXPECT_EQ(sstg.sstg_find(slideshow.get(), wide("tide").data(), 0, 2, &infos, &number), MODULE_OK);
+    EXPECT_EQ(infos[1].note_hits, 0) << "as its find options say";
     EXPECT_EQ(lossOf("SlideshowToGoModule.so", slideshow.get()), MODULE_OK);
 }
 

@@ -36,6 +36,17 @@ const SSTGFunc& slideModule() {
     return functions;
 }
 
+void* slideSymbol(const char* name) {
+    slideModule(); // loads it
+    void* const module = dlopen(MODULE_FOLDER "/SlideshowToGoModule.so", RTLD_NOW | RTLD_NOLOAD);
+    void* const function = module != nullptr ? dlsym(module, name) : nullptr;
+    if (function == nullptr) {
+        std::fprintf(stderr, "%s is missing\n", name);
+        std::abort();
+    }
+    return function;
+}
+
 std::int32_t Slideshow::open(const std::string& path, const std::string& temporaryFolder) {
     return slideModule().sstg_open_file(wide(path).data(), wide("/usr/share/fonts").data(),
                                         wide(temporaryFolder).data(), &mHandle);

@@ -12,6 +12,13 @@ namespace lectern::test {
 // The presentation module, loaded from the build tree as the service loads it.
 const SSTGFunc& slideModule();
 
+// One of its optional functions. It must have it.
+void* slideSymbol(const char* name);
+template<class Function>
+Function* slideFunction(const char* name) {
+    return reinterpret_cast<Function*>(slideSymbol(name));
+}
+
 // A presentation that is closed on destruction.
 class Slideshow {
 public:
