@@ -16,23 +16,12 @@ int reachableOn(int scroll, int surface, int view) {
 
 } // namespace
 
-TouchPptSession::TouchPptSession(unsigned seed, int width, int height)
-    : mRandom(seed), mWidth(width), mHeight(height) {
-    FakeSlideControl& module = fakeSlides();
-    module.reset();
-    module.recording = false;
-    module.width = number(300, 1000);
-    module.height = number(300, 1000);
-    module.slides.resize(static_cast<size_t>(number(1, 6)));
-    for (FakeSlide& slide : module.slides) {
-        for (int i = 0, count = number(0, 3); i < count; ++i) {
-            slide.hits.push_back({{number(0, 250), 30 + 80 * i, 40, 20}});
-        }
-        slide.shapes = {{100, 100, 100, 50}};
-    }
+TouchPptSession::TouchPptSession(unsigned seed, int width, int height, const std::string& path,
+                                 const char* wanted, SlidePixel slidePixel)
+    : mRandom(seed), mWidth(width), mHeight(height), mWanted(wanted), mSlidePixel(slidePixel) {
     mFrame.resize(static_cast<size_t>(width) * static_cast<size_t>(height));
     mView = std::make_unique<TestTouchPpt>(width, height, 0, 0);
-    check(mView->openFile("/d/deck.ppt", nullptr) == 0, "open");
+    check(mView->openFile(path.c_str(), nullptr) == 0, "open");
     atPaint("opening");
 }
 
@@ -81,7 +70,7 @@ void TouchPptSession::checkPixels(const char* what) {
             const int row = at.y + mView->mScroll.y;
             const bool onSlide = column >= 0 && row >= 0 && column < mView->mSurface->Width() &&
                                  row < mView->mSurface->Height();
-            const uint32_t expected = onSlide ? fakeSlidePixel(mView->mCurrentSlide, column, row) : BLACK;
+            const uint32_t expected = onSlide ? mSlidePixel(*mView, column, row) : BLACK;
             const uint32_t seen =
                 mFrame[static_cast<size_t>(y) * static_cast<size_t>(mWidth) + static_cast<size_t>(x)];
             // Marks keep the highest byte.
@@ -224,14 +213,14 @@ void TouchPptSession::turnPage() {
     mView->handlePenDown(1, 1);
     mView->handleFlick(way * dx, way * dy);
     mView->handlePenUp(1, 1);
-    const int last = static_cast<int>(fakeSlides().slides.size()) - 1;
+    const int last = mView->place().parts - 1;
     check(mView->mCurrentSlide == std::clamp(before + (next ? 1 : -1), 0, last), "a page turned");
     atPaint("a page turned");
 }
 
 void TouchPptSession::stepThroughHits() {
     HitPlace hit;
-    if (mView->search("x", {}, hit) != TouchResult::Ok) {
+    if (mView->search(mWanted, {}, hit) != TouchResult::Ok) {
         check(mView->place().hits == 0, "hits that are not found");
         return;
     }
@@ -273,8 +262,7 @@ void TouchPptSession::jump() {
 
 void TouchPptSession::thumbnail() {
     std::vector<uint32_t> pixels(40 * 30);
-    check(mView->thumbnail(number(0, static_cast<int>(fakeSlides().slides.size()) - 1), pixels.data(), 40,
-                           30) == TouchResult::Ok,
+    check(mView->thumbnail(number(0, mView->place().parts - 1), pixels.data(), 40, 30) == TouchResult::Ok,
           "a thumbnail");
     atPaint("a thumbnail");
 }

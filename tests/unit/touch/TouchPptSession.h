@@ -13,7 +13,12 @@
 
 class TouchPptSession {
 public:
-    TouchPptSession(unsigned seed, int width, int height);
+    // The pixel of the current slide at a place of the surface.
+    using SlidePixel = uint32_t (*)(const TestTouchPpt& view, int column, int row);
+
+    // Opens a presentation, in which many slides have the text `wanted`.
+    TouchPptSession(unsigned seed, int width, int height, const std::string& path, const char* wanted,
+                    SlidePixel slidePixel);
 
     void play(int operations);
     // Goes to all edges of a zoomed slide.
@@ -55,6 +60,8 @@ private:
     TouchClock mClock;
     int mWidth;
     int mHeight;
+    const char* mWanted;
+    SlidePixel mSlidePixel;
     std::string mMode;
     std::unique_ptr<TestTouchPpt> mView;
     std::vector<uint32_t> mFrame;
