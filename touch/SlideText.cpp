@@ -196,12 +196,17 @@ std::vector<CpRect> SlideText::rectanglesOf(const UnitRange& range) const {
     return rectangles;
 }
 
+bool SlideText::isBlank(const UnitRange& range) const {
+    return std::all_of(mText.begin() + range.start, mText.begin() + range.end,
+                       [](char16_t unit) { return unit < u' ' || g_unichar_isspace(unit) != 0; });
+}
+
 std::vector<TextLine> SlideText::linesIn(const CpRect& area) const {
     std::vector<TextLine> lines;
     for (const Line& line : mLines) {
         CpRect visible = line.place;
         visible.Intersect(area);
-        if (!line.place.Empty() && !visible.Empty()) {
+        if (!line.place.Empty() && !visible.Empty() && !isBlank(line.units)) {
             lines.push_back({textOf(line.units), line.place});
         }
     }

@@ -38,7 +38,7 @@ public:
     std::string textOf(const UnitRange& range) const;
     // One rectangle for each line with drawn units of the range.
     std::vector<CpRect> rectanglesOf(const UnitRange& range) const;
-    // The lines that are drawn inside an area.
+    // The lines with words that are drawn inside an area.
     std::vector<TextLine> linesIn(const CpRect& area) const;
 
 private:
@@ -53,6 +53,7 @@ private:
     };
 
     void add(const sstg_text_line& line);
+    bool isBlank(const UnitRange& range) const;
     CpRect placeOf(const UnitRange& range) const;
     Nearest nearestTo(const CpPoint& point) const;
     const Line* lineOf(int unit) const;
