@@ -141,6 +141,17 @@ TEST_P(TouchPptTurnTest, AnotherSizeStaysTurned) {
     EXPECT_EQ(view->middle(), CpPoint(150, 100));
 }
 
+TEST_P(TouchPptTurnTest, RestIsNotSeen) {
+    const auto view = openView();
+    view->setFitWideMode(GetParam().mode);
+    expectTurned(*view, 320, 480);
+    const uint64_t bytes = view->pictureBytes();
+    view->rest();
+    EXPECT_EQ(view->pictureBytes(), bytes);
+    view->wake();
+    expectTurned(*view, 320, 480);
+}
+
 INSTANTIATE_TEST_SUITE_P(Modes, TouchPptTurnTest, testing::ValuesIn(MODES),
                          [](const auto& test) { return std::string(test.param.mode); });
 
