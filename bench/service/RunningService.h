@@ -46,8 +46,12 @@ class OpenedDocument {
 public:
     OpenedDocument(RunningService& service, const std::string& file, int width, int height)
         : mService(service), mDocument(service.bus(), service.queue(), file, width, height) {
-        if (mDocument.docid() < 0 || mDocument.openResult() != 0 || mDocument.paint() != 0) {
-            throw std::runtime_error("cannot open " + file);
+        if (mDocument.docid() < 0 || mDocument.openResult() != 0) {
+            throw std::runtime_error("cannot open " + file + ": " + std::to_string(mDocument.openResult()) +
+                                     ", " + mDocument.reply());
+        }
+        if (const int result = mDocument.paint(); result != 0) {
+            throw std::runtime_error("cannot paint " + file + ": " + std::to_string(result));
         }
     }
 
