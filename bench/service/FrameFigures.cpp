@@ -20,6 +20,19 @@ constexpr std::chrono::milliseconds LONGEST_GLIDE{2'000};
 // A glide that has not asked for a paint for so long has ended.
 constexpr std::chrono::milliseconds GLIDE_PAUSE{60};
 
+constexpr double AT_120_HZ = 8.3; // milliseconds
+constexpr double AT_60_HZ = 16;
+
+struct Frame {
+    const char* input;
+    double time;
+};
+constexpr char DRAG[] = "drag";
+constexpr char FLING[] = "fling";
+constexpr char PINCH[] = "pinch";
+constexpr char PINCH_END[] = "pinch-end";
+constexpr char STEP[] = "step";
+
 class Fingers {
 public:
     Fingers(OpenedDocument& opened, int width, int height, double seconds)
@@ -35,7 +48,7 @@ public:
         for (int i = 1; i <= DRAG_FRAMES && timeIsLeft(); ++i) {
             awaitFrame();
             mDocument.penMove(mWidth / 2, from - rows * i / DRAG_FRAMES);
-            frame();
+            frame(DRAG);
         }
         mDocument.penUp(mWidth / 2, from - rows);
     }
@@ -47,46 +60,46 @@ public:
             awaitFrame();
             if (isInvalidated()) {
                 asked = Clock::now();
-                frame();
+                frame(FLING);
             }
         }
         call("/events", "handlePenDown", ",\"xCoord\":1,\"yCoord\":1");
         call("/events", "handlePenUp", ",\"xCoord\":1,\"yCoord\":1");
     }
     void pinch(double factor) {
-        frame();
+        frame(PINCH);
         mQueue.postGesture(7, mDocument.docid(), 1.0);
         for (int i = 1; i <= PINCH_FRAMES; ++i) {
             awaitFrame();
             mQueue.postGesture(8, mDocument.docid(), 1.0 + (factor - 1.0) * i / PINCH_FRAMES);
             mQueue.settle(mDocument.store());
-            frame();
+            frame(PINCH);
         }
         awaitFrame();
         const double start = now();
         mQueue.postGesture(9, mDocument.docid(), factor);
         mQueue.settle(mDocument.store());
-        frame(start);
+        frame(PINCH_END, start);
     }
     void step() {
         awaitFrame();
         const double start = now();
         call("/common", "nextResult", "");
-        frame(start);
+        frame(STEP, start);
     }
     void search(const std::string& word) { call("/common", "Search", ",\"search\":\"" + word + "\""); }
 
-    const std::vector<double>& frames() const { return mFrames; }
+    const std::vector<Frame>& frames() const { return mFrames; }
 
 private:
     void awaitFrame() {
         mDue = std::max(mDue + PERIOD, Clock::now());
         std::this_thread::sleep_until(mDue);
     }
-    void frame() { frame(now()); }
-    void frame(double start) {
+    void frame(const char* input) { frame(input, now()); }
+    void frame(const char* input, double start) {
         mDocument.paint();
-        mFrames.push_back(now() - start);
+        mFrames.push_back({input, now() - start});
     }
     bool isInvalidated() {
         constexpr int INVALIDATED = 0;
@@ -109,7 +122,7 @@ private:
     int mHeight;
     Clock::time_point mEnd;
     Clock::time_point mDue = Clock::now();
-    std::vector<double> mFrames;
+    std::vector<Frame> mFrames;
 };
 
 // One minute of reading is many of these rounds: further down more than up, in and out,
@@ -126,9 +139,37 @@ void moveOnce(Fingers& fingers, int height, int round) {
     fingers.step();
 }
 
+std::vector<double> times(const std::vector<Frame>& frames, const char* input = nullptr) {
+    std::vector<double> found;
+    for (const Frame& frame : frames) {
+        if (input == nullptr || frame.input == input) {
+            found.push_back(frame.time);
+        }
+    }
+    return found;
+}
+
+auto countAbove(const std::vector<double>& frames, double limit) {
+    return std::count_if(frames.begin(), frames.end(), [=](double time) { return time > limit; });
+}
+
 double shareAbove(const std::vector<double>& frames, double limit) {
-    const auto count = std::count_if(frames.begin(), frames.end(), [=](double time) { return time > limit; });
-    return 100.0 * static_cast<double>(count) / static_cast<double>(frames.size());
+    return 100.0 * static_cast<double>(countAbove(frames, limit)) / static_cast<double>(frames.size());
+}
+
+// Which inputs the long frames belong to: of each, the number of its frames, of those over
+// 8.3 ms, and its longest.
+void printInputs(const std::vector<Frame>& frames) {
+    for (const char* input : {DRAG, FLING, PINCH, PINCH_END, STEP}) {
+        const std::vector<double> own = times(frames, input);
+        if (own.empty()) {
+            continue;
+        }
+        const std::string name = input;
+        printFigure(name + ".frames", static_cast<double>(own.size()));
+        printFigure(name + ".long", static_cast<double>(countAbove(own, AT_120_HZ)));
+        printFigure(name + ".longest", quantile(own, 1));
+    }
 }
 
 } // namespace
@@ -144,11 +185,11 @@ void frameFigures(const Arguments& arguments) {
     for (int round = 0; round == 0 || fingers.timeIsLeft(); ++round) {
         moveOnce(fingers, height, round);
     }
-    constexpr double AT_120_HZ = 8.3;
-    constexpr double AT_60_HZ = 16;
-    printFigure("frames", static_cast<double>(fingers.frames().size()));
-    printFigure("median", median(fingers.frames()));
-    printFigure("over-8.3", shareAbove(fingers.frames(), AT_120_HZ));
-    printFigure("over-16", shareAbove(fingers.frames(), AT_60_HZ));
-    printFigure("longest", quantile(fingers.frames(), 1));
+    const std::vector<double> frames = times(fingers.frames());
+    printFigure("frames", static_cast<double>(frames.size()));
+    printFigure("median", median(frames));
+    printFigure("over-8.3", shareAbove(frames, AT_120_HZ));
+    printFigure("over-16", shareAbove(frames, AT_60_HZ));
+    printFigure("longest", quantile(frames, 1));
+    printInputs(fingers.frames());
 }
