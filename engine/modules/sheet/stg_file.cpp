@@ -46,7 +46,14 @@ int32_t stg_close_file(void** doc) {
 
 int32_t stg_release_memory(void* doc) {
     return onWorkbook(
-        doc, [](SheetHandle& handle) { return releaseEngineMemory(handle); }, WhenLost::StayLost);
+        doc,
+        [](SheetHandle& handle) {
+            const std::int32_t result =
+                callEngine(handle, &lectern_ipc_sheet_call_release_memory_sync, std::tuple<>());
+            const std::int32_t released = releaseEngineMemory(handle); // packs also without an engine
+            return result == MODULE_OK ? released : result;
+        },
+        WhenLost::StayLost);
 }
 
 int32_t lectern_module_lost(void* doc) {

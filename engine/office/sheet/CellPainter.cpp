@@ -155,9 +155,13 @@ void CellPainter::paintRows(Workbook& book, WrappedRows& kept, const RowRange& r
     kept.write(rows, [&](int64_t row) { return mTile.row(row); });
 }
 
-void CellPainter::paintMissing(Workbook& book, WrappedRows& kept, const RowRange& window) {
+RowRange CellPainter::wantedAround(Workbook& book, const WrappedRows& kept, const RowRange& window) const {
     const RowRange whole = withWholeCells(book.geometry(mContents.sheet).rows, window);
-    const RowRange& wanted = whole.count() <= kept.room() ? whole : window;
+    return whole.count() <= kept.room() ? whole : window;
+}
+
+void CellPainter::paintMissing(Workbook& book, WrappedRows& kept, const RowRange& window) {
+    const RowRange wanted = wantedAround(book, kept, window);
     while (const auto rows = kept.missing(wanted)) {
         paintRows(book, kept, *rows);
     }
@@ -165,7 +169,7 @@ void CellPainter::paintMissing(Workbook& book, WrappedRows& kept, const RowRange
 
 bool CellPainter::paintNext(Workbook& book, WrappedRows& kept, const RowRange& window) {
     const Tracks& tracks = book.geometry(mContents.sheet).rows;
-    const auto next = kept.ahead(window, mMovesDown, STRIP, tracks.total());
+    const auto next = kept.ahead(wantedAround(book, kept, window), mMovesDown, STRIP, tracks.total());
     RowRange rows;
     if (next) {
         // The side next to the painted rows stays.
@@ -210,8 +214,15 @@ void CellPainter::leaveOutCrossedLines(Workbook& book, const Surface& surface) {
     });
 }
 
-bool CellPainter::paintAhead(Workbook& book) {
-    if (mWindow.isEmpty() || mContents.revision != book.revision() || book.hasDrawings(mContents.sheet)) {
+void CellPainter::releaseMemory() {
+    if (!mTileIsNew) {
+        mTile.discard();
+    }
+}
+
+bool CellPainter::paintAhead(Workbook& book, int32_t dpi) {
+    if (mWindow.isEmpty() || mContents.revision != book.revision() || mContents.dpi != dpi ||
+        book.hasDrawings(mContents.sheet)) {
         return false;
     }
     keepTile(book);
@@ -226,7 +237,6 @@ bool CellPainter::paintAhead(Workbook& book) {
         more = paintNext(book, mWithoutLines, mCrossedRows);
     }
     if (!more) {
-        mTile.discard();
         return false;
     }
     const bool slow = processorTime() - start > LONGEST_STEP;

@@ -23,7 +23,10 @@ public:
     void paint(Workbook& book, int32_t sheet, int64_t x, int64_t y, int32_t dpi, const Surface& surface);
     // Paints some rows next to the last window, in the direction in which it
     // moved. Returns false when nothing is left to do.
-    bool paintAhead(Workbook& book);
+    // Does nothing when `dpi`, the present resolution, is not that of the last window.
+    bool paintAhead(Workbook& book, int32_t dpi);
+    // Gives the memory back that holds no pixels of the window or next to it.
+    void releaseMemory();
 
 private:
     // The rows of pixels that are kept are parts of this.
@@ -44,6 +47,8 @@ private:
     // Rows are kept with whole cells: the suite places raised letters, for one, by
     // the top of the tile, and no letter may come from two tiles.
     void paintMissing(Workbook& book, WrappedRows& kept, const RowRange& window);
+    // The window with whole cells, where that has room.
+    RowRange wantedAround(Workbook& book, const WrappedRows& kept, const RowRange& window) const;
     // Returns false when nothing next to the window has room.
     bool paintNext(Workbook& book, WrappedRows& kept, const RowRange& window);
     void paintTile(Workbook& book, const RowRange& rows);

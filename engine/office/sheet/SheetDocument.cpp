@@ -143,10 +143,15 @@ int32_t SheetDocument::render(int32_t sheet, int32_t x, int32_t y) {
 bool SheetDocument::prepareNext() {
     bool more = false;
     const int32_t result = guardedInOffice([&]() -> int32_t {
-        more = mPrivate->cells.paintAhead(mPrivate->book);
+        more = mPrivate->cells.paintAhead(mPrivate->book, mPrivate->dpi);
         return MODULE_OK;
     });
     return result == MODULE_OK && more;
+}
+
+int32_t SheetDocument::releaseMemory() {
+    mPrivate->cells.releaseMemory();
+    return MODULE_OK;
 }
 
 int32_t SheetDocument::sheetCount(int32_t& count) {

@@ -49,6 +49,8 @@ public:
     // Prepares for the next window, for some milliseconds; false when nothing is
     // left to do.
     bool prepareNext();
+    // Frees the data that is kept only for speed.
+    int32_t releaseMemory();
 
     int32_t sheetCount(int32_t& count);
     int32_t title(int32_t sheet, std::u16string& text);

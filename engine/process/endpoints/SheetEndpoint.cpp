@@ -117,6 +117,8 @@ void connectView(const Connector<SheetEndpoint>& on) {
     on.handler("handle-measure", &handleMeasure);
     on.handler("handle-cell-bounds", &handleCellBounds);
     on.operation<&Document::cellAt, &lectern_ipc_sheet_complete_cell_at>("handle-cell-at");
+    on.operation<&Document::releaseMemory, &lectern_ipc_sheet_complete_release_memory>(
+        "handle-release-memory");
     on.handler("handle-information",
                &handleInformation<SheetEndpoint, &lectern_ipc_sheet_complete_information>);
 }

@@ -116,6 +116,10 @@ bool SheetDocument::prepareNext() {
     return false;
 }
 
+int32_t SheetDocument::releaseMemory() {
+    return MODULE_OK;
+}
+
 int32_t SheetDocument::sheetCount(int32_t& count) {
     count = mPrivate->lies() ? std::numeric_limits<int32_t>::max() : SHEETS;
     return MODULE_OK;

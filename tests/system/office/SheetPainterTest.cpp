@@ -13,6 +13,7 @@ constexpr int32_t SIZE = 300; // of a window, in pixels
 constexpr int32_t AHEAD = 150;
 constexpr int32_t ROW = 30; // most pixels of a row of cells
 constexpr int32_t DPI = 144;
+constexpr int ENDLESS = 100; // steps, far more than a neighbourhood needs
 constexpr int32_t NEW = 0x00AA00;
 constexpr uint32_t NEW_PIXEL = 0xFF00AA00;
 
@@ -20,14 +21,14 @@ class SheetPainterTest : public WorkbookTest {
 protected:
     SheetPainterTest() : WorkbookTest("plain", DPI, {"1,2", "3,4"}) {}
 
-    void paint(int32_t x, int32_t y, int32_t dpi = DPI) {
+    void paint(int32_t x, int32_t y, int32_t dpi = DPI, int32_t height = SIZE) {
         mPixels.assign(size_t{SIZE} * SIZE, 0);
-        guarded([&] { mPainter.paint(*mBook, 0, x, y, dpi, {mPixels.data(), SIZE, SIZE}); });
+        guarded([&] { mPainter.paint(*mBook, 0, x, y, dpi, {mPixels.data(), SIZE, height}); });
     }
-    int paintAhead() {
+    int paintAhead(int32_t dpi = DPI) {
         int steps = 0;
         guarded([&] {
-            while (mPainter.paintAhead(*mBook)) {
+            while (steps < ENDLESS && mPainter.paintAhead(*mBook, dpi)) {
                 ++steps;
             }
         });
@@ -78,6 +79,15 @@ TEST_F(SheetPainterTest, TheNeighbourhoodLiesInTheDirectionOfTravel) {
     EXPECT_EQ(newRows(), NONE);
 }
 
+TEST_F(SheetPainterTest, PreparingEndsForAWindowThatCutsCells) {
+    constexpr int32_t HEIGHT = SIZE - ROW / 3; // with its neighbourhood no number of whole cells
+    for (int32_t y = 600; y < 600 + ROW; y += 5) {
+        paint(0, y, DPI, HEIGHT);
+        EXPECT_LT(paintAhead(), ENDLESS) << y;
+        EXPECT_EQ(paintAhead(), 0) << y;
+    }
+}
+
 TEST_F(SheetPainterTest, AWindowThatMovesUpOrDownNeedsOnlyTheNewRows) {
     paint(0, 300);
     paint(0, 310);
@@ -112,6 +122,26 @@ TEST_F(SheetPainterTest, ChangesZoomsAndWindowsAsideArePaintedAnew) {
     EXPECT_EQ(paintAhead(), 0);
     paint(0, 0);
     EXPECT_EQ(newRows(), NONE);
+}
+
+TEST_F(SheetPainterTest, AWindowOfAnotherResolutionIsNotPreparedAnyMore) {
+    paint(0, 0);
+    EXPECT_EQ(paintAhead(DPI + 1), 0);
+    EXPECT_GT(paintAhead(), 0);
+}
+
+TEST_F(SheetPainterTest, ReleasedMemoryLeavesWhatWasPainted) {
+    paint(0, 0);
+    paintAhead();
+    recolour();
+    mPainter.releaseMemory();
+    paint(0, AHEAD - 2 * ROW);
+    EXPECT_EQ(newRows(), NONE);
+    paint(0, 5 * SIZE); // only the tile has these pixels yet
+    const std::vector<uint32_t> before = mPixels;
+    mPainter.releaseMemory();
+    paint(0, 5 * SIZE);
+    EXPECT_EQ(mPixels, before);
 }
 
 } // namespace
