@@ -36,8 +36,10 @@ bool TilePainter::prepare(const RowMap& map, int32_t width, int64_t first, int64
         const int64_t from = std::max(first, page.firstRow) - page.firstRow;
         const int64_t to = std::min(last, page.firstRow + page.rows) - page.firstRow;
         for (int64_t row = roundDown(from, height); from < to && row < to; row += height) {
-            if (const Band place = placeOf(map, page, row, width); !has(place)) {
-                bandAt(page, place);
+            const Band place = placeOf(map, page, row, width);
+            const bool isNew = !has(place);
+            bandAt(page, place); // stays for longer
+            if (isNew) {
                 return true;
             }
         }

@@ -222,6 +222,7 @@ int32_t WordDocument::jumpToCharacter(int32_t story, uint32_t position) {
     return mPrivate->onLayout([&]() -> int32_t {
         mPrivate->layOutTo(position);
         mPrivate->moveTo(mPrivate->lineRow(position));
+        mPrivate->noteJump(position);
         return MODULE_OK;
     });
 }

@@ -76,6 +76,21 @@ bool WordDocument::Private::prepareMove() {
     return ahead < 0 ? prepareStretch(row, row, top) : prepareStretch(row, bottom(), bottom() + ahead);
 }
 
+void WordDocument::Private::noteJump(uint32_t position) {
+    const std::vector<CharacterRange>& ranges = hits.ranges();
+    if (std::any_of(ranges.begin(), ranges.end(),
+                    [=](const CharacterRange& hit) { return hit.start == position; })) {
+        latestHit = position;
+    }
+}
+
+// Behind the hit that was jumped to last, if the stretch has left that; else below the
+// stretch.
+uint32_t WordDocument::Private::nextHitFrom() {
+    const uint32_t end = bottomRight();
+    return latestHit && (*latestHit < topLeft() || *latestHit >= end) ? *latestHit + 1 : end;
+}
+
 bool WordDocument::Private::prepareNextHit() {
     const std::vector<CharacterRange>& ranges = hits.ranges();
     if (ranges.empty()) {
@@ -84,7 +99,7 @@ bool WordDocument::Private::prepareNextHit() {
     if (!nextHit) {
         const auto next =
             std::find_if(ranges.begin(), ranges.end(),
-                         [end = bottomRight()](const CharacterRange& hit) { return hit.start >= end; });
+                         [from = nextHitFrom()](const CharacterRange& hit) { return hit.start >= from; });
         if (next == ranges.end() || next->start >= flow.end()) {
             return false;
         }
@@ -104,7 +119,8 @@ void WordDocument::Private::expectUsualMove() {
 void WordDocument::Private::setAhead(int64_t rows) {
     ahead = rows;
     const size_t forMove = TilePainter::bandsFor(std::abs(rows), dpi);
-    const size_t forHit = hits.ranges().empty() ? 0 : TilePainter::bandsFor(surface.height, dpi);
+    // Besides, what a move leaves, which is used later than the bands for the hit.
+    const size_t forHit = hits.ranges().empty() ? 0 : TilePainter::bandsFor(surface.height, dpi) + forMove;
     painter.keep(forMove + forHit);
     nextHit.reset();
 }

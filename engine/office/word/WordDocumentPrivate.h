@@ -54,8 +54,11 @@ struct WordDocument::Private {
     // Does a part of what the next move in the same direction needs. Returns false
     // when nothing of it is left to do.
     bool prepareMove();
-    // ... and what a jump to the first hit below the stretch needs.
+    // ... and what a jump to the next hit needs.
     bool prepareNextHit();
+    void noteJump(uint32_t position);
+    // The first character at which the next hit may begin.
+    uint32_t nextHitFrom();
     // Does a part of what a stretch that begins at `row` needs, when rows [first,
     // last) of it are new.
     bool prepareStretch(int64_t row, int64_t first, int64_t last);
@@ -102,12 +105,13 @@ struct WordDocument::Private {
     int64_t top = 0;   // first row of the stretch
     int64_t ahead = 0; // rows by which it moves next, if it moves on in the same way; negative upwards
     bool painted = false;
-    // The first hit below the stretch, until that moves.
+    // The hit that is jumped to next, until the stretch moves.
     struct NextHit {
         uint32_t position;
         int64_t row;
     };
     std::optional<NextHit> nextHit;
+    std::optional<uint32_t> latestHit; // where the hit begins that was jumped to last
     std::map<int64_t, uint32_t> lines; // the first characters of lines at or below rows
 
     Colour highlight{128, 192, 255};      // for later finds and selections

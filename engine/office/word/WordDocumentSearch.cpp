@@ -23,6 +23,7 @@ int32_t WordDocument::find(const std::u16string& text, CharacterRange bounds,
         hits = d.searchText->find(text, bounds);
         d.hits = PlacedRanges(hits);
         d.hitColour = d.highlight;
+        d.latestHit.reset();
         d.setAhead(d.ahead);
         // The hits are found whether or not they can be marked; a failure leaves a line in the log.
         std::ignore = guardedInOffice([&]() -> int32_t {

@@ -128,14 +128,15 @@ protected:
 
 private:
     // Milliseconds. After an answer the service copies the pixels, which needs
-    // both processors of a small machine.
-    static constexpr guint IDLE_PAUSE = 1;
+    // both processors of a small machine for up to 3 ms.
+    static constexpr guint IDLE_PAUSE = 4;
     static constexpr bool CAN_PREPARE = requires(Document & document) {
         { document.prepareNext() } -> std::same_as<bool>;
     };
 
-    // Milliseconds. A finger that moves makes calls more often than that.
-    static constexpr guint REST_PAUSE = 250;
+    // Milliseconds. A finger that moves, and a glide until shortly before its end, make
+    // calls more often than that.
+    static constexpr guint REST_PAUSE = 600;
     static constexpr bool HAS_REST = requires(Document & document) {
         { document.prepareRest() } -> std::same_as<bool>;
     };

@@ -211,6 +211,15 @@ TEST_F(LongText, MovesPreparedWhileIdleShowTheSame) {
             EXPECT_EQ(shown->document().jumpToCharacter(0, next == found.end() ? 0 : next->start), MODULE_OK);
             note();
         }
+        // To each of two hits, the second one after a way that leaves the first.
+        for (size_t i = 0; i < 2 && i < found.size(); ++i) {
+            EXPECT_EQ(shown->document().jumpToCharacter(0, found[i].start), MODULE_OK);
+            note();
+            for (int j = 0; j < 8; ++j) {
+                shown->scrollDown(167);
+                note();
+            }
+        }
         return moves;
     };
     for (const std::u16string word : {u"word48", u"zebra", u"nowhere"}) {
