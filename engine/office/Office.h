@@ -28,6 +28,10 @@ public:
     };
     // The `longest` of a turn while the suite waits for nothing.
     static constexpr auto FOREVER = std::chrono::microseconds::max();
+    // Timers of the suite that are at least so far away look after its caches, the layout
+    // of visible windows and the like, again and again. A process at rest does not wait
+    // for them; those that are over run before its next turn.
+    static constexpr std::chrono::microseconds FAR_TIMER = std::chrono::milliseconds(100);
 
     // Initialises the suite with its own profile in `profileDirectory`, an
     // absolute path that is created when missing. Returns null on failure and

@@ -14,6 +14,7 @@
 #include <gio/gio.h>
 #include <malloc.h>
 
+#include <chrono>
 #include <cstdio>
 #include <utility>
 
@@ -38,11 +39,11 @@ GLibHolder<GDBusConnection> connectTo(int socket) {
     return connection;
 }
 
-gboolean handleReleaseMemory(LecternIpcProcess* process, GDBusMethodInvocation* invocation, gpointer) {
-    malloc_trim(0);
-    lectern_ipc_process_complete_release_memory(process, invocation, MODULE_OK);
-    return TRUE;
-}
+using Clock = std::chrono::steady_clock;
+
+// The time from the release of memory to the rest. The suite frees pictures a minute after
+// their last use, which is about when the memory is released.
+constexpr std::chrono::seconds BEFORE_REST(5);
 
 // With what the process's own calls are answered.
 struct Exporter {
@@ -84,7 +85,21 @@ struct EngineLoop::State {
     GLibHolder<LecternIpcProcess> process;
     GLibHolder<GDBusConnection> connection;
     GLibHolder<GSource> alarm; // ends a turn in time
+    // From then on the process rests, until the next call of the document.
+    Clock::time_point restsFrom = Clock::time_point::max();
 };
+
+namespace {
+
+gboolean handleReleaseMemory(LecternIpcProcess* process, GDBusMethodInvocation* invocation,
+                             gpointer restsFrom) {
+    malloc_trim(0);
+    *static_cast<Clock::time_point*>(restsFrom) = Clock::now() + BEFORE_REST;
+    lectern_ipc_process_complete_release_memory(process, invocation, MODULE_OK);
+    return TRUE;
+}
+
+} // namespace
 
 std::unique_ptr<EngineLoop> EngineLoop::connect(int socket, Office& office, const std::string& folder) {
     std::unique_ptr<State> state(new State{{office, folder}, {}, {}, {}, {}, {}, {}});
@@ -94,10 +109,15 @@ std::unique_ptr<EngineLoop> EngineLoop::connect(int socket, Office& office, cons
     }
     state->process.reset(lectern_ipc_process_skeleton_new());
     state->alarm = makeAlarm();
-    state->word.useOffice(&office, folder);
-    state->sheet.useOffice(&office, folder);
-    state->slide.useOffice(&office, folder);
-    g_signal_connect(state->process.get(), "handle-release-memory", G_CALLBACK(handleReleaseMemory), nullptr);
+    const auto prepareEndpoint = [&, restsFrom = &state->restsFrom](auto& endpoint) {
+        endpoint.useOffice(&office, folder);
+        endpoint.notifyOfAnswers([=] { *restsFrom = Clock::time_point::max(); });
+    };
+    prepareEndpoint(state->word);
+    prepareEndpoint(state->sheet);
+    prepareEndpoint(state->slide);
+    g_signal_connect(state->process.get(), "handle-release-memory", G_CALLBACK(handleReleaseMemory),
+                     &state->restsFrom);
     g_signal_connect(state->process.get(), "handle-export", G_CALLBACK(handleExport), &state->exporter);
 
     GDBusConnection* connection = state->connection.get();
@@ -115,8 +135,10 @@ EngineLoop::EngineLoop(std::unique_ptr<State> state) : mState(std::move(state)) 
 EngineLoop::~EngineLoop() = default;
 
 void EngineLoop::take(std::chrono::microseconds longest) {
-    g_source_set_ready_time(mState->alarm.get(),
-                            longest == Office::FOREVER ? -1 : g_get_monotonic_time() + longest.count());
+    const bool rests = longest >= Office::FAR_TIMER && Clock::now() >= mState->restsFrom;
+    g_source_set_ready_time(mState->alarm.get(), rests || longest == Office::FOREVER
+                                                     ? -1
+                                                     : g_get_monotonic_time() + longest.count());
     g_main_context_iteration(nullptr, TRUE);
 }
 

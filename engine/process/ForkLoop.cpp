@@ -77,8 +77,8 @@ void ForkLoop::take(std::chrono::microseconds longest) {
     }
     pollfd requests{mRequests.get(), POLLIN, 0};
     const timespec limit = toTimespec(mPreparing ? mPause : longest);
-    const int ready =
-        ppoll(&requests, 1, longest == Office::FOREVER && !mPreparing ? nullptr : &limit, nullptr);
+    const bool hasLimit = mPreparing || longest < Office::FAR_TIMER;
+    const int ready = ppoll(&requests, 1, hasLimit ? &limit : nullptr, nullptr);
     if (ready > 0) {
         handleRequest();
     } else if (ready == 0 && mPreparing) {

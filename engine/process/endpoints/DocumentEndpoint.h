@@ -14,6 +14,7 @@
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -40,6 +41,8 @@ public:
         mOffice = office;
         mFolder = folder;
     }
+    // Sets what is called after every answer.
+    void notifyOfAnswers(std::function<void()> notify) { mNotify = std::move(notify); }
     // Returns false when the interface cannot be exported.
     bool exportOn(GDBusConnection* connection) {
         return g_dbus_interface_skeleton_export(G_DBUS_INTERFACE_SKELETON(mSkeleton.get()), connection, mPath,
@@ -82,6 +85,9 @@ public:
     // a time, as soon as no call is waiting; and one that has prepareRest() do
     // longer work once no call has come for a while. Call after every answer.
     void prepareWhenIdle() {
+        if (mNotify) {
+            mNotify();
+        }
         if constexpr (CAN_PREPARE) {
             if (mIdle == 0) {
                 mIdle = g_timeout_add_full(G_PRIORITY_DEFAULT_IDLE, IDLE_PAUSE, &prepare, this, nullptr);
@@ -161,6 +167,7 @@ private:
     }
 
     Office* mOffice = nullptr;
+    std::function<void()> mNotify;
     std::string mFolder;
     const GLibHolder<Skeleton> mSkeleton;
     const char* mPath;
