@@ -32,6 +32,10 @@ JsonMembers& JsonMembers::add(const char* key, int value) {
     return addValue(key, json_object_new_int(value));
 }
 
+JsonMembers& JsonMembers::add(const char* key, double value) {
+    return addValue(key, json_object_new_double(value));
+}
+
 JsonMembers& JsonMembers::add(const char* key, bool value) {
     return addValue(key, json_object_new_boolean(value ? 1 : 0));
 }
@@ -60,6 +64,41 @@ std::optional<int> JsonMembers::integer(const char* key) const {
         return std::nullopt;
     }
     return json_object_get_int(value);
+}
+
+std::optional<long long> JsonMembers::wideInteger(const char* key) const {
+    json_object* value = member(key);
+    return json_object_is_type(value, json_type_int) ? std::optional<long long>(json_object_get_int64(value))
+                                                     : std::nullopt;
+}
+
+std::optional<double> JsonMembers::real(const char* key) const {
+    json_object* value = member(key);
+    const bool isNumber =
+        json_object_is_type(value, json_type_double) || json_object_is_type(value, json_type_int);
+    return isNumber ? std::optional<double>(json_object_get_double(value)) : std::nullopt;
+}
+
+std::optional<bool> JsonMembers::boolean(const char* key) const {
+    json_object* value = member(key);
+    return json_object_is_type(value, json_type_boolean)
+               ? std::optional<bool>(json_object_get_boolean(value) != 0)
+               : std::nullopt;
+}
+
+std::optional<std::vector<JsonMembers>> JsonMembers::list(const char* key) const {
+    json_object* value = member(key);
+    if (!json_object_is_type(value, json_type_array)) {
+        return std::nullopt;
+    }
+    std::vector<JsonMembers> elements;
+    for (size_t i = 0; i < json_object_array_length(value); ++i) {
+        json_object* element = json_object_array_get_idx(value, i);
+        if (json_object_is_type(element, json_type_object)) {
+            elements.push_back(JsonMembers(json_object_get(element)));
+        }
+    }
+    return elements;
 }
 
 std::optional<std::string> JsonMembers::string(const char* key) const {
