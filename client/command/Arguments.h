@@ -4,6 +4,7 @@
 #pragma once
 
 #include "client/lib/ScrollPlan.h"
+#include <lectern/Document.h>
 
 #include <optional>
 #include <string>
@@ -11,6 +12,13 @@
 #include <vector>
 
 namespace lectern {
+
+// How a document is opened.
+struct ViewArguments {
+    Manners manners = Manners::Touch;
+    double dpi = 72.0;
+    DocumentKind kind = DocumentKind::Unknown; // by default the file's contents tell it
+};
 
 struct OpenArguments {
     std::string file;
@@ -26,6 +34,7 @@ struct OpenArguments {
     std::optional<std::string> search;
     int hit = 1; // number of the hit to show, from 1; the last hit if there are fewer
     std::optional<std::string> type = {}; // of the document on standard input
+    ViewArguments view = {};
 };
 
 // Arguments of the sub-commands that print information about a document.
@@ -34,6 +43,7 @@ struct PrintArguments {
     std::optional<std::string> password = {};
     bool json = false;                    // print the service's reply unchanged
     std::optional<std::string> type = {}; // of the document on standard input
+    ViewArguments view = {};
 };
 
 struct NoteArguments {
@@ -55,6 +65,7 @@ struct PlayArguments {
     int height = 800;
     std::optional<std::string> password = {};
     std::optional<std::string> type = {}; // of the document on standard input
+    ViewArguments view = {};
 };
 
 struct CallArguments {

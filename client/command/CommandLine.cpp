@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/command/CommandLine.h"
 
-#include "client/command/InputFile.h"
 #include "client/command/Values.h"
 
 #include <algorithm>
 #include <iterator>
-#include <string_view>
 #include <tuple>
 
 namespace lectern {
@@ -44,10 +42,6 @@ GOptionEntry jsonEntry(gboolean& json) {
     return flagEntry("json", 'j', json, "Print the service's JSON reply");
 }
 
-GOptionEntry typeEntry(TextOption& type) {
-    return textEntry("type", 't', type, "Type of the document on standard input, with FILE -", "EXT");
-}
-
 Misuse wrongValue(const TextOption& text, const char* why) {
     return {std::string("'") + text.value + "' " + why};
 }
@@ -80,23 +74,6 @@ std::optional<Misuse> readNumber(const TextOption& text, const char* what, std::
         }
         number = count;
     }
-    return std::nullopt;
-}
-
-std::optional<Misuse> readType(const TextOption& text, const std::string& file,
-                               std::optional<std::string>& type) {
-    if (file != STANDARD_INPUT) {
-        return text.given() ? std::optional(Misuse{"--type works with FILE - only"}) : std::nullopt;
-    }
-    if (!text.given()) {
-        return Misuse{"the type of the document on standard input is missing; add --type, such as "
-                      "--type docx"};
-    }
-    constexpr std::string_view KNOWN[] = {"doc", "docx", "txt", "xls", "xlsx", "ppt", "pptx"};
-    if (std::find(std::begin(KNOWN), std::end(KNOWN), text.value) == std::end(KNOWN)) {
-        return wrongValue(text, "is not a known type; use doc, docx, txt, xls, xlsx, ppt or pptx");
-    }
-    type = text.value;
     return std::nullopt;
 }
 

@@ -37,7 +37,6 @@ GOptionEntry flagEntry(const char* name, char letter, gboolean& flag, const char
 GOptionEntry passwordEntry(TextOption& password);
 GOptionEntry sizeEntry(TextOption& size);
 GOptionEntry jsonEntry(gboolean& json);
-GOptionEntry typeEntry(TextOption& type);
 
 // The error for a text that is not a valid value: "'9x' is not a valid size; ...".
 Misuse wrongValue(const TextOption& text, const char* why);
@@ -47,9 +46,25 @@ std::optional<Misuse> readSize(const TextOption& text, int& width, int& height);
 std::optional<Misuse> readNumber(const TextOption& text, const char* what, int& number);
 std::optional<Misuse> readNumber(const TextOption& text, const char* what, std::optional<int>& number);
 
-// Checks that the type is given for a document on standard input, and only then.
-std::optional<Misuse> readType(const TextOption& text, const std::string& file,
-                               std::optional<std::string>& type);
+// The options of all sub-commands that open a document: how, and of which kind it is.
+class ViewOptions {
+public:
+    std::vector<GOptionEntry> entries();
+    // The same and the option for pictures.
+    std::vector<GOptionEntry> pictureEntries();
+    // Checks that a document on standard input comes with its type or kind, and only such
+    // a document with its type.
+    std::optional<Misuse> read(const std::string& file, std::optional<std::string>& type,
+                               ViewArguments& arguments) const;
+
+private:
+    std::optional<Misuse> readType(const std::string& file, std::optional<std::string>& read) const;
+
+    TextOption mType;
+    TextOption mKind;
+    TextOption mDpi;
+    gboolean mClassic = FALSE;
+};
 
 // The command line of one sub-command: its own options, --help, and the
 // operands, which are all required.

@@ -15,7 +15,8 @@ int runInfo(const PrintArguments& arguments, Interrupt& interrupt) {
         }
         return print(arguments.json ? *properties + "\n" : propertyListing(document.kind(), *properties));
     };
-    return withDocument({arguments.file, arguments.type}, {.password = arguments.password}, interrupt, work);
+    return withDocument({arguments.file, arguments.type}, openOptions(arguments.view, arguments.password),
+                        interrupt, work);
 }
 
 } // namespace lectern

@@ -87,7 +87,7 @@ Result<InputFile> InputFile::open(const std::string& path, const std::optional<s
     if (mkdtemp(folder.data()) == nullptr) {
         return systemError("cannot create a folder for the document", errno);
     }
-    InputFile copy(folder + "/standard-input." + type.value_or("txt"), folder);
+    InputFile copy(folder + "/standard-input" + (type ? "." + *type : ""), folder);
     if (Failure failure = writeFile(copy.path(), *bytes)) {
         return *failure;
     }

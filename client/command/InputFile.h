@@ -17,7 +17,7 @@ inline constexpr const char* STANDARD_INPUT = "-";
 // Movable.
 class InputFile {
 public:
-    // `type` is the extension of a document on standard input. Reads it to its end; a
+    // `type` is the extension of a document on standard input, if it gets one. Reads it to its end; a
     // blocked signal that would end the process ends it meanwhile. Errors: system.
     static Result<InputFile> open(const std::string& path, const std::optional<std::string>& type);
 

@@ -36,7 +36,8 @@ int runList(const PrintArguments& arguments, Interrupt& interrupt, ListCall call
         }
         return arguments.json ? print(*reply + "\n") : printListing(readPartList(*reply), what);
     };
-    return withDocument({arguments.file, arguments.type}, {.password = arguments.password}, interrupt, work);
+    return withDocument({arguments.file, arguments.type}, openOptions(arguments.view, arguments.password),
+                        interrupt, work);
 }
 
 } // namespace

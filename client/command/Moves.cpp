@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/command/Moves.h"
 
+#include <lectern/CommonCalls.h>
 #include <lectern/ExcelCalls.h>
 #include <lectern/ListReply.h>
 #include <lectern/Navigation.h>
 #include <lectern/PptCalls.h>
+#include <lectern/TouchCalls.h>
 
 namespace lectern {
 
@@ -41,7 +43,58 @@ Failure checkNumber(const char* what, int number, int count) {
         (count == 1 ? "the document has only one" : "use a number from 1 to " + std::to_string(count)));
 }
 
+// Modules can be without what a search with touch manners needs.
+bool isUnsupported(const Error& error) {
+    return error.kind == Error::Kind::Refused && error.name == "errNotSupported";
+}
+
+bool isNothingThere(const Error& error) {
+    return error.kind == Error::Kind::Refused && error.name == "errNothingThere";
+}
+
+using TouchStep = Result<touch::Hit> (*)(const Bus&, int docid, const CallLimits&);
+using ClassicStep = Failure (*)(const Bus&, int docid, const CallLimits&);
+
+Failure step(Document& document, TouchStep touchStep, ClassicStep classicStep, const CallLimits& limits) {
+    if (document.manners() == Manners::Touch) {
+        const Result<touch::Hit> hit = touchStep(document.bus(), document.docid(), limits);
+        if (hit || isNothingThere(hit.error())) {
+            return std::nullopt;
+        }
+        if (!isUnsupported(hit.error())) {
+            return hit.error();
+        }
+    }
+    return classicStep(document.bus(), document.docid(), limits);
+}
+
 } // namespace
+
+Result<std::optional<int>> goToFirstHit(Document& document, const std::string& text,
+                                        const CallLimits& limits) {
+    if (document.manners() == Manners::Touch) {
+        const Result<touch::Hit> hit = touch::search(document.bus(), document.docid(), text, {}, limits);
+        if (hit || isNothingThere(hit.error())) {
+            return std::optional(hit ? hit->hits : 0);
+        }
+        if (!isUnsupported(hit.error())) {
+            return hit.error();
+        }
+    }
+    const Result<int> hits = common::search(document.bus(), document.docid(), text, limits);
+    if (!hits) {
+        return hits.error();
+    }
+    return document.kind() == DocumentKind::Presentation ? std::nullopt : std::optional(*hits);
+}
+
+Failure goToNextHit(Document& document, const CallLimits& limits) {
+    return step(document, touch::nextResult, common::nextResult, limits);
+}
+
+Failure goToPreviousHit(Document& document, const CallLimits& limits) {
+    return step(document, touch::previousResult, common::previousResult, limits);
+}
 
 Failure requireKind(const Document& document, DocumentKind kind, const char* what) {
     if (document.kind() == kind) {

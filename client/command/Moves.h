@@ -5,6 +5,7 @@
 
 #include <lectern/Document.h>
 
+#include <optional>
 #include <string>
 
 namespace lectern {
@@ -17,5 +18,13 @@ Failure requireKind(const Document& document, DocumentKind kind, const char* wha
 // service refuses.
 Failure goToSheet(Document& document, int number, const CallLimits& limits);
 Failure goToSlide(Document& document, int number, const CallLimits& limits);
+
+// Marks all hits and moves the view to the first one at its place. Returns their number;
+// nothing for presentations with classic manners, whose hits the service does not count.
+Result<std::optional<int>> goToFirstHit(Document& document, const std::string& text,
+                                        const CallLimits& limits);
+// Do nothing without hits.
+Failure goToNextHit(Document& document, const CallLimits& limits);
+Failure goToPreviousHit(Document& document, const CallLimits& limits);
 
 } // namespace lectern

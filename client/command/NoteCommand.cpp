@@ -35,8 +35,8 @@ int runNote(const NoteArguments& arguments, Interrupt& interrupt) {
         const Result<std::string> note = ppt::getSlideNote(document.bus(), document.docid(), limits);
         return note ? printNote(*note, arguments) : note.error();
     };
-    return withDocument({arguments.print.file, arguments.print.type}, {.password = arguments.print.password},
-                        interrupt, work);
+    return withDocument({arguments.print.file, arguments.print.type},
+                        openOptions(arguments.print.view, arguments.print.password), interrupt, work);
 }
 
 } // namespace lectern

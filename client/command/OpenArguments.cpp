@@ -14,7 +14,7 @@ struct OpenValues {
     TextOption sheet;
     TextOption slide;
     TextOption hit;
-    TextOption type;
+    ViewOptions view;
 
     std::optional<Misuse> read(OpenArguments& arguments) const {
         if (zoom.given()) {
@@ -36,7 +36,7 @@ struct OpenValues {
             misuse = readNumber(sheet, "sheet", arguments.sheet);
         }
         if (!misuse) {
-            misuse = readType(type, arguments.file, arguments.type);
+            misuse = view.read(arguments.file, arguments.type, arguments.view);
         }
         if (!misuse) {
             misuse = readNumber(slide, "slide", arguments.slide);
@@ -55,18 +55,22 @@ Parsed<OpenArguments> parseOpen(const Words& words) {
     gboolean wide = FALSE;
     CommandLine line("open", {"FILE"}, "Saves a document's view as a PNG file, as a screen would show it.",
                      "FILE -o OUT.png");
-    if (auto refusal = line.parse(
-            words, {textEntry("output", 'o', output,
-                              "The PNG file to write, replacing an old one; - is standard output", "OUT.png"),
-                    sizeEntry(values.size), passwordEntry(password), typeEntry(values.type),
-                    textEntry("sheet", 0, values.sheet, "Show this sheet, from 1 (spreadsheets only)", "N"),
-                    textEntry("slide", 0, values.slide, "Show this slide, from 1 (presentations only)", "N"),
-                    textEntry("zoom", 'z', values.zoom, "Zoom by this factor, as a pinch does", "F"),
-                    textEntry("scroll", 0, values.scroll,
-                              "Scroll to this point, in document pixels (default 0,0)", "X,Y"),
-                    flagEntry("wide", 'w', wide, "Lay text out wider than the view (word-processing only)"),
-                    textEntry("search", 0, search, "Mark all hits and move to the first one", "TEXT"),
-                    textEntry("hit", 0, values.hit, "With --search: go to this hit, from 1", "N")})) {
+    std::vector<GOptionEntry> entries = {
+        textEntry("output", 'o', output, "The PNG file to write, replacing an old one; - is standard output",
+                  "OUT.png"),
+        sizeEntry(values.size),
+        passwordEntry(password),
+        textEntry("sheet", 0, values.sheet, "Show this sheet, from 1 (spreadsheets only)", "N"),
+        textEntry("slide", 0, values.slide, "Show this slide, from 1 (presentations only)", "N"),
+        textEntry("zoom", 'z', values.zoom, "Zoom by this factor, as a pinch does", "F"),
+        textEntry("scroll", 0, values.scroll, "Scroll to this point, in document pixels (default 0,0)",
+                  "X,Y"),
+        flagEntry("wide", 'w', wide, "Lay text out wider than the view (word-processing only)"),
+        textEntry("search", 0, search, "Mark all hits and move to the first one", "TEXT"),
+        textEntry("hit", 0, values.hit, "With --search: go to this hit, from 1", "N")};
+    const std::vector<GOptionEntry> view = values.view.pictureEntries();
+    entries.insert(entries.end(), view.begin(), view.end());
+    if (auto refusal = line.parse(words, std::move(entries))) {
         return asParsed<OpenArguments>(std::move(*refusal));
     }
     if (!output.given()) {

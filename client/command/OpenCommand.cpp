@@ -4,7 +4,6 @@
 #include "client/command/OpenDocument.h"
 #include "client/command/OutputFile.h"
 #include "client/command/Picture.h"
-#include <lectern/CommonCalls.h>
 #include <lectern/Navigation.h>
 
 #include <algorithm>
@@ -67,20 +66,19 @@ Failure scroll(Document& document, Point target, const CallLimits& limits) {
 
 // Marks the hits and moves to hit number `hit`, or to the last one if there are fewer.
 Failure search(Document& document, const std::string& text, int hit, const CallLimits& limits) {
-    const Result<int> hits = common::search(document.bus(), document.docid(), text, limits);
-    if (!hits) {
-        return hits.error();
+    const Result<std::optional<int>> found = goToFirstHit(document, text, limits);
+    if (!found) {
+        return found.error();
     }
-    // The service counts hits in all documents but presentations.
-    const bool counted = document.kind() != DocumentKind::Presentation;
-    if (counted && *hits < hit) {
-        const std::string often = *hits == 0   ? "not found"
-                                  : *hits == 1 ? "found once"
-                                               : "found " + std::to_string(*hits) + " times";
+    const int hits = found->value_or(hit);
+    if (hits < hit) {
+        const std::string often = hits == 0   ? "not found"
+                                  : hits == 1 ? "found once"
+                                              : "found " + std::to_string(hits) + " times";
         std::fprintf(stderr, "lectern: '%s' was %s\n", text.c_str(), often.c_str());
     }
-    for (int at = 1; at < (counted ? std::min(hit, *hits) : hit); ++at) {
-        if (Failure failure = common::nextResult(document.bus(), document.docid(), limits)) {
+    for (int at = 1; at < std::min(hit, hits); ++at) {
+        if (Failure failure = goToNextHit(document, limits)) {
             return failure;
         }
     }
@@ -119,10 +117,10 @@ int runOpen(const OpenArguments& arguments, Interrupt& interrupt) {
         const Failure failure = show(document, arguments, limits);
         return failure ? failure : writePicture(arguments.output, document.frame());
     };
-    return withDocument(
-        {arguments.file, arguments.type},
-        {.width = arguments.width, .height = arguments.height, .password = arguments.password}, interrupt,
-        work);
+    OpenOptions options = openOptions(arguments.view, arguments.password);
+    options.width = arguments.width;
+    options.height = arguments.height;
+    return withDocument({arguments.file, arguments.type}, std::move(options), interrupt, work);
 }
 
 } // namespace lectern

@@ -37,6 +37,15 @@ Result<std::unique_ptr<Document>> open(const Bus& bus, const std::string& path, 
 
 } // namespace
 
+OpenOptions openOptions(const ViewArguments& view, const std::optional<std::string>& password) {
+    OpenOptions options;
+    options.password = password;
+    options.manners = view.manners;
+    options.dpi = view.dpi;
+    options.kind = view.kind;
+    return options;
+}
+
 int withDocument(const DocumentName& name, OpenOptions options, Interrupt& interrupt,
                  const DocumentWork& work) {
     const Result<InputFile> file = InputFile::open(name.file, name.type);

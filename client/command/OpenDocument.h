@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "client/command/Arguments.h"
 #include "client/command/Interrupt.h"
 #include <lectern/Document.h>
 
@@ -18,6 +19,9 @@ struct DocumentName {
     const std::string& file;
     const std::optional<std::string>& type;
 };
+
+// The options of an open of this kind, and a password.
+OpenOptions openOptions(const ViewArguments& view, const std::optional<std::string>& password);
 
 // Opens a document in the session's service or in a private one, runs the work,
 // reports errors, and returns the exit status. Shows progress during the open

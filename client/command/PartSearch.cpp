@@ -7,6 +7,7 @@
 #include <lectern/ExcelCalls.h>
 #include <lectern/ListReply.h>
 #include <lectern/PptCalls.h>
+#include <lectern/TouchCalls.h>
 
 #include <glib.h>
 
@@ -78,6 +79,46 @@ Result<std::vector<PartHits>> countSteps(Document& document, const SlidePicture&
     return listed(hits);
 }
 
+// With touch manners the service counts the hits, and each step tells its slide.
+Result<std::vector<PartHits>> countHits(Document& document, const touch::Hit& first,
+                                        const CallLimits& limits) {
+    std::map<int, int> hits;
+    touch::Hit current = first;
+    for (int count = 0; count < first.hits; ++count) {
+        ++hits[current.part];
+        const Result<touch::Hit> next = touch::nextResult(document.bus(), document.docid(), limits);
+        if (!next) {
+            return next.error();
+        }
+        current = *next;
+    }
+    return listed(hits);
+}
+
+// Counts the hits by what the view shows.
+Result<std::vector<PartHits>> searchShownSlides(Document& document, const std::string& text,
+                                                const CallLimits& limits) {
+    const Result<SlidePicture> before = paintSlide(document, limits);
+    if (!before) {
+        return before.error();
+    }
+    if (const auto searched = common::search(document.bus(), document.docid(), text, limits); !searched) {
+        return searched.error();
+    }
+    const Result<SlidePicture> first = paintSlide(document, limits);
+    if (!first) {
+        return first.error();
+    }
+    if (*first != *before) {
+        return countSteps(document, *first, limits);
+    }
+    const Result<bool> inNote = firstNoteHas(document, text, limits);
+    if (!inNote) {
+        return inNote.error();
+    }
+    return *inNote ? countSteps(document, *first, limits) : std::vector<PartHits>();
+}
+
 } // namespace
 
 Result<std::vector<PartHits>> searchSheets(Document& document, const std::string& text,
@@ -105,25 +146,19 @@ Result<std::vector<PartHits>> searchSheets(Document& document, const std::string
 
 Result<std::vector<PartHits>> searchSlides(Document& document, const std::string& text,
                                            const CallLimits& limits) {
-    const Result<SlidePicture> before = paintSlide(document, limits);
-    if (!before) {
-        return before.error();
+    if (document.manners() == Manners::Classic) {
+        return searchShownSlides(document, text, limits);
     }
-    if (const auto searched = common::search(document.bus(), document.docid(), text, limits); !searched) {
-        return searched.error();
+    const Result<touch::Hit> first = touch::search(document.bus(), document.docid(), text, {}, limits);
+    if (first) {
+        return countHits(document, *first, limits);
     }
-    const Result<SlidePicture> first = paintSlide(document, limits);
-    if (!first) {
-        return first.error();
+    if (first.error().name == "errNothingThere") {
+        return std::vector<PartHits>();
     }
-    if (*first != *before) {
-        return countSteps(document, *first, limits);
-    }
-    const Result<bool> inNote = firstNoteHas(document, text, limits);
-    if (!inNote) {
-        return inNote.error();
-    }
-    return *inNote ? countSteps(document, *first, limits) : std::vector<PartHits>();
+    // The module may be without what the search needs.
+    return first.error().name == "errNotSupported" ? searchShownSlides(document, text, limits)
+                                                   : first.error();
 }
 
 } // namespace lectern

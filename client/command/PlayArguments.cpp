@@ -7,15 +7,16 @@ Parsed<PlayArguments> parsePlay(const Words& words) {
     TextOption folder;
     TextOption size;
     TextOption password;
-    TextOption type;
+    ViewOptions view;
     CommandLine line(
         "play", {"SCRIPT", "FILE"},
         "Replays a script of timed touch input and saves what the view shows as numbered PNG files.",
         "SCRIPT FILE -o FOLDER");
-    if (auto refusal = line.parse(
-            words,
-            {textEntry("output", 'o', folder, "The folder for the pictures; created if missing", "FOLDER"),
-             sizeEntry(size), passwordEntry(password), typeEntry(type)})) {
+    std::vector<GOptionEntry> entries = view.pictureEntries();
+    entries.insert(entries.begin(), {textEntry("output", 'o', folder,
+                                               "The folder for the pictures; created if missing", "FOLDER"),
+                                     sizeEntry(size), passwordEntry(password)});
+    if (auto refusal = line.parse(words, std::move(entries))) {
         return asParsed<PlayArguments>(std::move(*refusal));
     }
     if (!folder.given()) {
@@ -28,7 +29,7 @@ Parsed<PlayArguments> parsePlay(const Words& words) {
     arguments.password = password.optional();
     std::optional<Misuse> misuse = readSize(size, arguments.width, arguments.height);
     if (!misuse) {
-        misuse = readType(type, arguments.file, arguments.type);
+        misuse = view.read(arguments.file, arguments.type, arguments.view);
     }
     if (misuse) {
         return *misuse;

@@ -20,10 +20,10 @@ int runPlay(const PlayArguments& arguments, Interrupt& interrupt) {
         const Failure failure = document.paint(limits);
         return failure ? failure : play::Player(document, *folder, limits).play(*script);
     };
-    return withDocument(
-        {arguments.file, arguments.type},
-        {.width = arguments.width, .height = arguments.height, .password = arguments.password}, interrupt,
-        work);
+    OpenOptions options = openOptions(arguments.view, arguments.password);
+    options.width = arguments.width;
+    options.height = arguments.height;
+    return withDocument({arguments.file, arguments.type}, std::move(options), interrupt, work);
 }
 
 } // namespace lectern

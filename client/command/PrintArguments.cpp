@@ -9,18 +9,20 @@ namespace {
 // The options that all of them have.
 struct PrintOptions {
     std::vector<GOptionEntry> entries() {
-        return {passwordEntry(password), jsonEntry(json), typeEntry(type)};
+        std::vector<GOptionEntry> all = view.entries();
+        all.insert(all.begin(), {passwordEntry(password), jsonEntry(json)});
+        return all;
     }
     std::optional<Misuse> read(const CommandLine& line, PrintArguments& arguments) const {
         arguments.file = line.operand();
         arguments.password = password.optional();
         arguments.json = json != FALSE;
-        return readType(type, arguments.file, arguments.type);
+        return view.read(arguments.file, arguments.type, arguments.view);
     }
 
     TextOption password;
     gboolean json = FALSE;
-    TextOption type;
+    ViewOptions view;
 };
 
 Parsed<PrintArguments> parsePlain(const char* subcommand, const char* summary, const Words& words) {

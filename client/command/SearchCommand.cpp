@@ -127,8 +127,9 @@ int runSearch(const SearchArguments& arguments, Interrupt& interrupt) {
     const auto work = [&](Document& document, const CallLimits& limits) -> Failure {
         return search(document, arguments, limits, hits);
     };
-    const int status = withDocument({arguments.print.file, arguments.print.type},
-                                    {.password = arguments.print.password}, interrupt, work);
+    const int status =
+        withDocument({arguments.print.file, arguments.print.type},
+                     openOptions(arguments.print.view, arguments.print.password), interrupt, work);
     return status == STATUS_DONE && hits == 0 ? STATUS_FAILED : status;
 }
 

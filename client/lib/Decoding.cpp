@@ -43,6 +43,24 @@ constexpr Decoding DECODINGS[] = {
              events.onOpened(record.extra);
          }
      }},
+    {_OVERSCROLL,
+     [](const ViewEvents& events, const ViewRecord& record) {
+         if (events.onOverscroll) {
+             events.onOverscroll(record.value, record.extra);
+         }
+     }},
+    {_PROGRESS,
+     [](const ViewEvents& events, const ViewRecord& record) {
+         if (events.onOpenProgress) {
+             events.onOpenProgress(record.extra);
+         }
+     }},
+    {_CELL_TAPPED,
+     [](const ViewEvents& events, const ViewRecord& record) {
+         if (events.onCellTapped) {
+             events.onCellTapped(record.value, record.extra);
+         }
+     }},
     {_DOCUMENT_LOST,
      [](const ViewEvents& events, const ViewRecord& record) {
          if (events.onDocumentLost) {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "client/lib/ContentKind.h"
 #include "client/lib/DocumentParts.h"
 #include <lectern/Document.h>
 #include <lectern/EventCalls.h>
@@ -18,7 +19,11 @@ Result<std::unique_ptr<Document>> Document::open(const Bus& bus, const std::stri
     if (!frame) {
         return frame.error();
     }
-    auto parts = std::make_unique<Parts>(bus, absolute, options, std::move(*frame));
+    OpenOptions known = options;
+    if (known.manners == Manners::Touch && known.kind == DocumentKind::Unknown) {
+        known.kind = contentKind(absolute);
+    }
+    auto parts = std::make_unique<Parts>(bus, absolute, std::move(known), std::move(*frame));
     const CallLimits limits{options.timeout, options.stop, options.onProgress};
     if (Failure failure = parts->open(options.restoreFrom, limits)) {
         return *failure;
@@ -50,8 +55,16 @@ DocumentKind Document::kind() const {
     return static_cast<DocumentKind>(mParts->view()->kind());
 }
 
+Manners Document::manners() const {
+    return mParts->options.manners;
+}
+
 const FrameBuffer& Document::frame() const {
-    return mParts->frame;
+    return *mParts->frame();
+}
+
+Failure Document::resize(int width, int height, const CallLimits& limits) {
+    return mParts->resize(width, height, limits);
 }
 
 ViewState Document::state() const {

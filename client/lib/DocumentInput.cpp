@@ -37,6 +37,22 @@ Failure Document::gestureEnd(double factor) {
     return mParts->sendFactor(_GESTURE_END, factor);
 }
 
+Failure Document::pinchAt(int x, int y, double factor, PinchStep phase) {
+    ClientServerMessage message(_PINCH, 0);
+    message.x = x;
+    message.y = y;
+    message.setPinch(static_cast<float>(factor), static_cast<int32_t>(phase));
+    return mParts->sendTouch(message);
+}
+
+Failure Document::scrollBy(int x, int y) {
+    ClientServerMessage message(_SCROLL_BY, 0);
+    message.setReals(0, 0); // initialise every byte that is sent
+    message.x = x;
+    message.y = y;
+    return mParts->sendTouch(message);
+}
+
 Failure Document::wideMode(bool on) {
     ClientServerMessage message(_WIDE_MODE, 0);
     message.setReals(0, 0);

@@ -3,6 +3,7 @@
 
 #include "client/lib/Decoding.h"
 #include <lectern/EventCalls.h>
+#include <lectern/TouchCalls.h>
 
 #include <thread>
 
@@ -22,15 +23,42 @@ constexpr std::chrono::milliseconds REST_PATIENCE{1'000};
 constexpr int SLOWEST = -1;
 constexpr std::chrono::milliseconds SLOWEST_GLIDE{3};
 
+// The word for a kind in "create".
+std::optional<std::string> wordFor(DocumentKind kind) {
+    switch (kind) {
+    case DocumentKind::Spreadsheet:
+        return "excel";
+    case DocumentKind::WordProcessing:
+        return "word";
+    case DocumentKind::Presentation:
+        return "ppt";
+    default:
+        return std::nullopt;
+    }
+}
+
+events::CreateRequest createRequest(const std::string& path, const OpenOptions& options,
+                                    const FrameBuffer& frame, unsigned int restoreFrom) {
+    events::CreateRequest request{
+        path,        frame.width(),   frame.height(), frame.identifier(), static_cast<int>(frame.size()),
+        restoreFrom, options.password};
+    if (options.manners == Manners::Touch) {
+        request.touch = true;
+        request.dpi = options.dpi;
+        request.kind = wordFor(options.kind);
+    }
+    return request;
+}
+
 } // namespace
 
 Document::Parts::Parts(const Bus& onBus, std::string absolutePath, OpenOptions openOptions,
                        FrameBuffer frameBuffer)
     : bus(onBus), path(std::move(absolutePath)), options(std::move(openOptions)),
-      frame(std::move(frameBuffer)), mEvents(std::make_shared<const ViewEvents>(options.events)),
-      mInvalidated(false), mDispatcher(options.context) {
+      mEvents(std::make_shared<const ViewEvents>(options.events)), mInvalidated(false),
+      mDispatcher(options.context), mFrame(std::make_shared<const FrameBuffer>(std::move(frameBuffer))) {
     if (mEvents->onFrame) {
-        mPainter.emplace(mEvents, frame, mDispatcher, [this](bool afterInput, const std::stop_token& stop) {
+        mPainter.emplace(mEvents, mDispatcher, [this](bool afterInput, const std::stop_token& stop) {
             return paintItself(afterInput, stop);
         });
     }
@@ -43,10 +71,7 @@ Failure Document::Parts::open(unsigned int restoreFrom, const CallLimits& limits
     if (const auto before = view()) {
         before->close();
     }
-    const events::CreateRequest request{
-        path,        frame.width(),   frame.height(), frame.identifier(), static_cast<int>(frame.size()),
-        restoreFrom, options.password};
-    auto opened = View::open(bus, request, limits,
+    auto opened = View::open(bus, createRequest(path, options, *frame(), restoreFrom), limits,
                              {[this](const ServerClientMessage& message) { take(message); },
                               [this] {
                                   mDispatcher.post([events = mEvents] {
@@ -71,6 +96,33 @@ std::shared_ptr<View> Document::Parts::view() const {
     return mView;
 }
 
+std::shared_ptr<const FrameBuffer> Document::Parts::frame() const {
+    const Lock lock(mViewMutex);
+    return mFrame;
+}
+
+// No paint is under way meanwhile, so that none ends up in the old frame.
+Failure Document::Parts::resize(int width, int height, const CallLimits& limits) {
+    Result<FrameBuffer> created = FrameBuffer::create(width, height);
+    if (!created) {
+        return created.error();
+    }
+    auto next = std::make_shared<const FrameBuffer>(std::move(*created));
+    const Lock opening(mOpening);
+    {
+        const Lock painting(mPainting);
+        Failure failure =
+            ask([&](const Bus& onBus, int id) { return touch::resize(onBus, id, *next, limits); });
+        if (failure) {
+            return failure;
+        }
+        const Lock lock(mViewMutex);
+        mFrame.swap(next);
+    }
+    requestPaint(false);
+    return std::nullopt;
+}
+
 void Document::Parts::take(const ServerClientMessage& message) {
     if (message.id == _INVALIDATED) {
         requestPaint(false);
@@ -92,7 +144,8 @@ Failure Document::Parts::paint(const CallLimits& limits) {
     return view()->paint(limits);
 }
 
-Failure Document::Parts::paintItself(bool afterInput, const std::stop_token& stop) {
+Result<std::shared_ptr<const FrameBuffer>> Document::Parts::paintItself(bool afterInput,
+                                                                        const std::stop_token& stop) {
     const std::shared_ptr<View> current = view();
     if (current == nullptr) { // requested during the first open, which requests again at its end
         return Error{Error::Kind::Cancelled, "not open yet", 0, {}};
@@ -102,7 +155,11 @@ Failure Document::Parts::paintItself(bool afterInput, const std::stop_token& sto
     }
     CallLimits limits;
     limits.stop = stop;
-    return paint(limits);
+    const Lock painting(mPainting);
+    if (Failure failure = view()->paint(limits)) {
+        return *failure;
+    }
+    return frame();
 }
 
 void Document::Parts::requestPaint(bool afterInput) {
@@ -119,6 +176,13 @@ Failure Document::Parts::send(const ClientServerMessage& message) {
     return failure;
 }
 
+Failure Document::Parts::sendTouch(const ClientServerMessage& message) {
+    if (options.manners == Manners::Touch) {
+        return send(message);
+    }
+    return Error{Error::Kind::Argument, "the document was opened without touch manners", 0, {}};
+}
+
 Failure Document::Parts::sendPoint(ClientMessageType type, int x, int y) {
     ClientServerMessage message(type, 0);
     message.setReals(0, 0); // initialise every byte that is sent
@@ -133,7 +197,7 @@ Failure Document::Parts::sendFactor(ClientMessageType type, double factor) {
     return send(message);
 }
 
-// How a drag on a sheet ends
+// How a drag on a sheet ends with classic manners
 //
 // The service measures a sheet and renders the cells around the view only when a
 // glide ends. A drag that ends without a flick would leave the view at cells that are
@@ -163,7 +227,8 @@ Failure Document::Parts::sendPen(ClientMessageType type, int x, int y) {
         dragEnds = type == _PEN_UP && mContact.active && mContact.dragged && !mContact.flicked;
         mContact.active = mContact.active && type != _PEN_UP;
     }
-    if (dragEnds && view()->kind() == static_cast<int>(DocumentKind::Spreadsheet)) {
+    const bool restsLate = options.manners == Manners::Classic;
+    if (restsLate && dragEnds && view()->kind() == static_cast<int>(DocumentKind::Spreadsheet)) {
         Failure failure = sendPoint(_PEN_MOVE, x, y);
         if (!failure) {
             failure = slowFlick({.timeout = REST_PATIENCE});
@@ -212,6 +277,9 @@ Failure Document::Parts::slowFlick(const CallLimits& limits) {
 }
 
 Failure Document::Parts::comeToRest(const CallLimits& limits) {
+    if (options.manners == Manners::Touch) {
+        return std::nullopt;
+    }
     Failure failure = slowFlick(limits);
     return failure ? failure : sendPoint(_PEN_UP, 0, 0);
 }

@@ -15,8 +15,8 @@
 
 namespace lectern {
 
-// The parts of a document: the frame buffer, which stays, and the view, which a
-// reopen replaces.
+// The parts of a document: the frame buffer, which a resize replaces, and the view,
+// which a reopen replaces.
 class Document::Parts {
 public:
     Parts(const Bus& bus, std::string path, OpenOptions options, FrameBuffer frame);
@@ -27,10 +27,14 @@ public:
     Failure open(unsigned int restoreFrom, const CallLimits& limits);
     // REQUIRES: open has succeeded once.
     std::shared_ptr<View> view() const;
+    std::shared_ptr<const FrameBuffer> frame() const;
 
     Failure paint(const CallLimits& limits);
     void requestPaint(bool afterInput);
+    Failure resize(int width, int height, const CallLimits& limits);
     Failure send(const ClientServerMessage& message);
+    // The same for records that only views with touch manners hear.
+    Failure sendTouch(const ClientServerMessage& message);
     Failure sendPoint(ClientMessageType type, int x, int y);
     Failure sendFactor(ClientMessageType type, double factor);
     // Sends a pen record; at the end of a drag in a spreadsheet also stops the
@@ -45,7 +49,6 @@ public:
     const Bus bus;
     const std::string path;
     const OpenOptions options;
-    const FrameBuffer frame;
 
 private:
     using Clock = std::chrono::steady_clock;
@@ -59,12 +62,12 @@ private:
 
     void take(const ServerClientMessage& message);
     Failure slowFlick(const CallLimits& limits);
-    Failure paintItself(bool afterInput, const std::stop_token& stop);
+    Result<std::shared_ptr<const FrameBuffer>> paintItself(bool afterInput, const std::stop_token& stop);
 
     const std::shared_ptr<const ViewEvents> mEvents;
-    Mutex mOpening; // held during an open
+    Mutex mOpening; // held during an open and a resize
     mutable Mutex mViewMutex;
-    Mutex mPainting;                // held during a paint
+    Mutex mPainting;                // held during a paint; taken after mOpening
     std::atomic<bool> mInvalidated; // a call of onInvalidated is pending
     Mutex mPenMutex;
     PenContact mContact GUARDED_BY(mPenMutex);
@@ -75,6 +78,7 @@ private:
     // Declared so that each is destroyed before those that it uses.
     Dispatcher mDispatcher;
     std::shared_ptr<View> mView GUARDED_BY(mViewMutex);
+    std::shared_ptr<const FrameBuffer> mFrame GUARDED_BY(mViewMutex);
     std::optional<Painter> mPainter;
 };
 

@@ -52,6 +52,15 @@ Result<CreateReply> create(const Bus& bus, const CreateRequest& request, const C
     if (request.password) {
         payload.add("password", *request.password);
     }
+    if (request.touch) {
+        payload.add("manners", std::string("touch"));
+    }
+    if (request.dpi) {
+        payload.add("dpi", *request.dpi);
+    }
+    if (request.kind) {
+        payload.add("kind", *request.kind);
+    }
     const Result<Reply> reply = bus.request(CATEGORY, "create", payload.text(), limits, destroyLate);
     if (!reply) {
         return reply.error();

@@ -3,6 +3,7 @@
 #include <lectern/ExcelCalls.h>
 #include <lectern/Navigation.h>
 #include <lectern/PptCalls.h>
+#include <lectern/TouchCalls.h>
 
 namespace lectern {
 
@@ -26,9 +27,33 @@ Point position(const Document& document) {
     return {state.scrollX, state.scrollY};
 }
 
+// With touch manners the service zooms and moves the view to any place by itself.
+Failure zoomBy(Document& document, double factor, const CallLimits& limits) {
+    const Result<touch::ViewPlace> place = touch::getView(document.bus(), document.docid(), limits);
+    if (!place) {
+        return place.error();
+    }
+    Failure failure = touch::zoomTo(document.bus(), document.docid(), place->zoom * factor, {}, limits);
+    return failure ? failure : paintAfterInput(document, limits);
+}
+
+Result<bool> moveTo(Document& document, Point target, const CallLimits& limits) {
+    Failure failure = touch::scrollTo(document.bus(), document.docid(), target, limits);
+    if (!failure) {
+        failure = paintAfterInput(document, limits);
+    }
+    if (failure) {
+        return *failure;
+    }
+    return position(document) == target;
+}
+
 } // namespace
 
 Failure pinch(Document& document, double factor, const CallLimits& limits) {
+    if (document.manners() == Manners::Touch) {
+        return zoomBy(document, factor, limits);
+    }
     // The preview is made from the last picture, and the end uses the factor of
     // the last preview.
     Failure failure = paintAfterInput(document, limits);
@@ -48,6 +73,9 @@ Failure pinch(Document& document, double factor, const CallLimits& limits) {
 }
 
 Result<bool> scrollTo(Document& document, Point target, const CallLimits& limits) {
+    if (document.manners() == Manners::Touch) {
+        return moveTo(document, target, limits);
+    }
     if (Failure failure = paintAfterInput(document, limits)) {
         return *failure;
     }

@@ -5,9 +5,8 @@
 
 namespace lectern {
 
-Painter::Painter(std::shared_ptr<const ViewEvents> events, const FrameBuffer& frame, Dispatcher& dispatcher,
-                 Paint paint)
-    : mEvents(std::move(events)), mFrame(frame), mDispatcher(dispatcher), mPaint(std::move(paint)),
+Painter::Painter(std::shared_ptr<const ViewEvents> events, Dispatcher& dispatcher, Paint paint)
+    : mEvents(std::move(events)), mDispatcher(dispatcher), mPaint(std::move(paint)),
       mThread([this](const std::stop_token& stop) { run(stop); }) {
     pthread_setname_np(mThread.native_handle(), "lectern-paints");
 }
@@ -33,10 +32,11 @@ void Painter::run(const std::stop_token& stop) {
     bool afterInput = false;
     while (awaitRequest(stop, afterInput)) {
         const auto next = std::chrono::steady_clock::now() + FRAME_PERIOD;
-        if (const Failure failure = mPaint(afterInput, stop); !failure) {
-            show(stop);
-        } else if (failure->kind != Error::Kind::Gone && failure->kind != Error::Kind::Cancelled) {
-            mDispatcher.post([events = mEvents, error = *failure] {
+        if (const auto painted = mPaint(afterInput, stop)) {
+            show(*painted, stop);
+        } else if (const Error& failure = painted.error();
+                   failure.kind != Error::Kind::Gone && failure.kind != Error::Kind::Cancelled) {
+            mDispatcher.post([events = mEvents, error = failure] {
                 if (events->onPaintFailed) {
                     events->onPaintFailed(error);
                 }
@@ -48,11 +48,11 @@ void Painter::run(const std::stop_token& stop) {
 }
 
 // Returns when the frame may be painted again.
-void Painter::show(const std::stop_token& stop) {
+void Painter::show(std::shared_ptr<const FrameBuffer> frame, const std::stop_token& stop) {
     Lock lock(mState->mutex);
     mState->lookedAt = true;
-    mDispatcher.post([events = mEvents, state = mState, &frame = mFrame] {
-        events->onFrame(frame);
+    mDispatcher.post([events = mEvents, state = mState, frame = std::move(frame)] {
+        events->onFrame(*frame);
         const Lock looked(state->mutex);
         state->lookedAt = false;
         state->changed.notify_all();

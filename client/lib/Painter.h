@@ -18,16 +18,17 @@ namespace lectern {
 // result in one paint, and none is done while a callback looks at the last frame.
 class Painter {
 public:
-    // Makes a paint; with afterInput, after all input sent so far.
-    using Paint = std::function<Failure(bool afterInput, const std::stop_token& stop)>;
+    // Makes a paint; with afterInput, after all input sent so far. Returns the frame that
+    // was painted.
+    using Paint = std::function<Result<std::shared_ptr<const FrameBuffer>>(bool afterInput,
+                                                                           const std::stop_token& stop)>;
 
     // Shortest time between two frames; the frame rate of a glide.
     static constexpr std::chrono::milliseconds FRAME_PERIOD{16};
 
-    // The frame and the dispatcher must outlive the painter, which may be
-    // destroyed in one of the events' callbacks.
-    Painter(std::shared_ptr<const ViewEvents> events, const FrameBuffer& frame, Dispatcher& dispatcher,
-            Paint paint);
+    // The dispatcher must outlive the painter, which may be destroyed in one of the
+    // events' callbacks.
+    Painter(std::shared_ptr<const ViewEvents> events, Dispatcher& dispatcher, Paint paint);
     Painter(const Painter&) = delete;
     Painter& operator=(const Painter&) = delete;
 
@@ -48,10 +49,9 @@ private:
     // Waits for a request and sets `afterInput`, whether the paint must show
     // input sent before. Returns false when stopped.
     bool awaitRequest(const std::stop_token& stop, bool& afterInput);
-    void show(const std::stop_token& stop);
+    void show(std::shared_ptr<const FrameBuffer> frame, const std::stop_token& stop);
 
     const std::shared_ptr<const ViewEvents> mEvents;
-    const FrameBuffer& mFrame;
     Dispatcher& mDispatcher;
     const Paint mPaint;
 

@@ -2,6 +2,7 @@
 #include "client/lib/View.h"
 
 #include "client/lib/Errors.h"
+#include <lectern/TouchCalls.h>
 
 #include <algorithm>
 #include <utility>
@@ -15,10 +16,13 @@ using Clock = std::chrono::steady_clock;
 // How long to wait when the queue is full; a service that reads nothing for so
 // long hangs.
 constexpr std::chrono::milliseconds QUEUE_PATIENCE{10'000};
-// How long to wait for the opened record, which follows the reply at once.
+// How long to wait for the opened record with classic manners: it follows the reply at
+// once.
 constexpr std::chrono::milliseconds OPENED_PATIENCE{10'000};
-// How often a wait checks that the bus is still connected.
+// How often a wait checks that the bus is still connected: for a paint, and for an open,
+// of whose progress it tells as often as a call does.
 constexpr std::chrono::milliseconds BETWEEN_CHECKS{1'000};
+constexpr std::chrono::milliseconds BETWEEN_OPEN_CHECKS{250};
 // The longest sleep while the opened record is awaited, which wakes its waiter.
 constexpr std::chrono::milliseconds OPENED_STEP{100};
 // How often a paint looks for its answer: at first as fast as the quickest paint
@@ -55,12 +59,18 @@ Result<std::shared_ptr<View>> View::open(const Bus& bus, const events::CreateReq
     if (Failure failure = view->listen()) {
         return *failure;
     }
-    const Result<int> result = view->openResult({OPENED_PATIENCE, limits.stop, {}});
+    const Result<int> result =
+        view->openResult(request.touch ? limits : CallLimits{OPENED_PATIENCE, limits.stop, {}});
     if (!result) {
+        if (request.touch) {
+            (void)touch::cancel(bus, view->docid(), view->owner()); // it is destroyed in any case
+        }
         return result.error();
     }
     if (*result != 0) {
-        return documentError(request.path, static_cast<DocumentKind>(view->kind()), *result);
+        // With touch manners, passwords open presentations too.
+        const auto kind = request.touch ? DocumentKind::Unknown : static_cast<DocumentKind>(view->kind());
+        return documentError(request.path, kind, *result);
     }
     return view;
 }
@@ -160,14 +170,14 @@ void View::takePaintsDone() {
 }
 
 template<typename Condition>
-Failure View::await(const char* what, const CallLimits& limits, Step step, Condition condition) {
+Failure View::await(const char* what, const CallLimits& limits, const Pace& pace, Condition condition) {
     const Clock::time_point start = Clock::now();
-    Clock::time_point nextCheck = start + BETWEEN_CHECKS;
+    Clock::time_point nextCheck = start + pace.betweenChecks;
     Lock lock(mMutex);
     const auto over = [&]() NO_THREAD_SAFETY_ANALYSIS { return condition() || mLife != Life::Open; };
     Clock::time_point now = start;
     const auto sleep = [&] {
-        return step(std::chrono::duration_cast<std::chrono::microseconds>(now - start));
+        return pace.nextLook(std::chrono::duration_cast<std::chrono::microseconds>(now - start));
     };
     while (!mArrived.wait_for(lock, limits.stop, sleep(), over)) {
         now = Clock::now();
@@ -182,7 +192,7 @@ Failure View::await(const char* what, const CallLimits& limits, Step step, Condi
         if (now < nextCheck) {
             continue;
         }
-        nextCheck = now + BETWEEN_CHECKS;
+        nextCheck = now + pace.betweenChecks;
         if (mBus.isClosed()) {
             return goneError();
         }
@@ -196,10 +206,11 @@ Failure View::await(const char* what, const CallLimits& limits, Step step, Condi
 }
 
 Result<int> View::openResult(const CallLimits& limits) {
-    if (Failure failure = await(
-            "report the result of the open", limits,
-            [](std::chrono::microseconds) -> std::chrono::microseconds { return OPENED_STEP; },
-            [this]() REQUIRES(mMutex) { return mOpenResult.has_value(); })) {
+    if (Failure failure =
+            await("report the result of the open", limits,
+                  {[](std::chrono::microseconds) -> std::chrono::microseconds { return OPENED_STEP; },
+                   BETWEEN_OPEN_CHECKS},
+                  [this]() REQUIRES(mMutex) { return mOpenResult.has_value(); })) {
         return *failure;
     }
     const Lock lock(mMutex);
@@ -217,7 +228,7 @@ Failure View::paint(const CallLimits& limits) {
         takePaintsDone();
         return mPaintsDone >= wanted;
     };
-    if (Failure failure = await("paint", limits, &betweenLooks, isDone)) {
+    if (Failure failure = await("paint", limits, {&betweenLooks, BETWEEN_CHECKS}, isDone)) {
         return failure;
     }
     const Lock lock(mMutex);
@@ -231,7 +242,8 @@ Failure View::paint(const CallLimits& limits) {
 // overtake moves, because it includes the pen's position; the start of a
 // contact must not overtake the end of the previous one.
 Failure View::send(ClientServerMessage message) {
-    const bool begins = message.type == _PEN_DOWN || message.type == _GESTURE_START;
+    const bool begins = message.type == _PEN_DOWN || message.type == _GESTURE_START ||
+                        (message.type == _PINCH && message.pinchPhase() == _PINCH_BEGINS);
     if (begins && mHighestSent > message.type) {
         settle(ORDER_PATIENCE);
     }

@@ -91,7 +91,12 @@ public:
 
 private:
     enum class Life { Open, Gone, Closed };
-    using Step = std::chrono::microseconds (*)(std::chrono::microseconds waited);
+    // How often a wait looks, which the time waited so far tells, and how often it checks
+    // the bus and tells of its progress.
+    struct Pace {
+        std::chrono::microseconds (*nextLook)(std::chrono::microseconds waited);
+        std::chrono::milliseconds betweenChecks;
+    };
     // What listens for an open view, on threads of its own and of the connection.
     struct Attendants {
         std::unique_ptr<RecordReader> reader;
@@ -111,10 +116,10 @@ private:
     Result<int> openResult(const CallLimits& limits);
     void endWith(Life life);
     // Waits until the condition, which is tested with mMutex held, is true; tests it
-    // when something has arrived, and after each step, which the time waited so far
-    // tells. The analysis cannot tell that a lambda's mutex is this view's.
+    // when something has arrived, and at its own pace. The analysis cannot tell that a lambda's mutex is this
+    // view's.
     template<typename Condition>
-    Failure await(const char* what, const CallLimits& limits, Step step,
+    Failure await(const char* what, const CallLimits& limits, const Pace& pace,
                   Condition condition) NO_THREAD_SAFETY_ANALYSIS;
 
     const Bus mBus;

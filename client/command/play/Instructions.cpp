@@ -66,6 +66,22 @@ Read readPinch(const Line& line) {
     return factor && duration ? given(Pinch{*factor, std::chrono::milliseconds(*duration)}) : std::nullopt;
 }
 
+Read readPinchAt(const Line& line) {
+    const Operands& operands = line.operands();
+    const auto x = parseInteger(operands[0], INT32_MIN, INT32_MAX);
+    const auto y = parseInteger(operands[1], INT32_MIN, INT32_MAX);
+    const auto factor = parseFactor(operands[2]);
+    const auto duration = operands.size() < 4 ? 0 : parseInteger(operands[3], 0, LONGEST_WAIT);
+    return x && y && factor && duration
+               ? given(Pinch{*factor, std::chrono::milliseconds(*duration), Point{*x, *y}})
+               : std::nullopt;
+}
+
+Read readResize(const Line& line) {
+    const auto size = parseSize(line.operands()[0]);
+    return size ? given(Resize{size->first, size->second}) : std::nullopt;
+}
+
 Read readKey(const Line& line) {
     const Operands& operands = line.operands();
     const auto key = parseInteger(operands[0], 0, INT32_MAX);
@@ -120,6 +136,9 @@ constexpr Form FORMS[] = {
     {"doubleclick", 2, 2, "X Y", readPoint<DoubleClick>},
     {"flick", 2, 2, "VX VY", readPoint<Flick>},
     {"pinch", 1, 2, "FACTOR [MILLISECONDS]", readPinch},
+    {"pinchat", 3, 4, "X Y FACTOR [MILLISECONDS]", readPinchAt},
+    {"scrollby", 2, 2, "X Y", readPoint<ScrollBy>},
+    {"resize", 1, 1, "WIDTHxHEIGHT", readResize},
     {"key", 1, 2, "CODE [MODIFIERS]", readKey},
     {"sheet", 1, 1, "NUMBER", readJump<GoToSheet>},
     {"slide", 1, 1, "NUMBER", readJump<GoToSlide>},

@@ -71,26 +71,40 @@ Failure Player::perform(const Flick& flick) {
     return mDocument.flick(flick.velocity.x, flick.velocity.y, mLimits);
 }
 
+Failure Player::sendPinch(const Pinch& pinch, double factor, PinchStep phase) {
+    if (pinch.at) {
+        return mDocument.pinchAt(pinch.at->x, pinch.at->y, factor, phase);
+    }
+    switch (phase) {
+    case PinchStep::Begins:
+        return mDocument.gestureStart(factor);
+    case PinchStep::Moves:
+        return mDocument.gestureChange(factor);
+    default:
+        return mDocument.gestureEnd(factor);
+    }
+}
+
 // The fingers move at a constant speed. A view previews a pinch from its last
 // picture, and its end uses the factor of the last painted preview.
 Failure Player::perform(const Pinch& pinch) {
     Failure failure = paint();
     if (!failure) {
-        failure = mDocument.gestureStart(1.0);
+        failure = sendPinch(pinch, 1.0, PinchStep::Begins);
     }
     const auto steps = std::max<Time::rep>(1, pinch.duration / FINGER_STEP);
     for (Time::rep i = 1; !failure && i <= steps; ++i) {
         failure = waitUntil(mDue + pinch.duration * i / steps);
         if (!failure) {
             const double part = static_cast<double>(i) / static_cast<double>(steps);
-            failure = mDocument.gestureChange(1.0 + (pinch.factor - 1.0) * part);
+            failure = sendPinch(pinch, 1.0 + (pinch.factor - 1.0) * part, PinchStep::Moves);
         }
         if (!failure) {
             failure = paint();
         }
     }
     if (!failure) {
-        failure = mDocument.gestureEnd(pinch.factor);
+        failure = sendPinch(pinch, pinch.factor, PinchStep::Ends);
     }
     return failure ? failure : paint();
 }
@@ -111,16 +125,16 @@ Failure Player::perform(const GoToSlide& jump) {
 }
 
 Failure Player::perform(const Search& search) {
-    const Result<int> hits = common::search(mDocument.bus(), mDocument.docid(), search.text, mLimits);
+    const Result<std::optional<int>> hits = goToFirstHit(mDocument, search.text, mLimits);
     return hits ? Failure() : hits.error();
 }
 
 Failure Player::perform(const NextHit& /*hit*/) {
-    return common::nextResult(mDocument.bus(), mDocument.docid(), mLimits);
+    return goToNextHit(mDocument, mLimits);
 }
 
 Failure Player::perform(const PreviousHit& /*hit*/) {
-    return common::previousResult(mDocument.bus(), mDocument.docid(), mLimits);
+    return goToPreviousHit(mDocument, mLimits);
 }
 
 Failure Player::perform(const EndSearch& /*end*/) {

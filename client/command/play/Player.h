@@ -29,6 +29,7 @@ private:
     Failure waitUntil(Time due);
     Failure paint();
     Failure takeFrame(const std::string& name);
+    Failure sendPinch(const Pinch& pinch, double factor, PinchStep phase);
 
     Failure perform(const PenDown& pen) { return mDocument.penDown(pen.at.x, pen.at.y); }
     Failure perform(const PenMove& pen) { return mDocument.penMove(pen.at.x, pen.at.y); }
@@ -37,6 +38,8 @@ private:
     Failure perform(const DoubleClick& click);
     Failure perform(const Flick& flick);
     Failure perform(const Pinch& pinch);
+    Failure perform(const ScrollBy& scroll) { return mDocument.scrollBy(scroll.way.x, scroll.way.y); }
+    Failure perform(const Resize& size) { return mDocument.resize(size.width, size.height, mLimits); }
     Failure perform(const Key& key);
     Failure perform(const GoToSheet& jump);
     Failure perform(const GoToSlide& jump);

@@ -7,6 +7,7 @@
 #include <lectern/Result.h>
 
 #include <chrono>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -35,6 +36,14 @@ struct Flick {
 struct Pinch {
     double factor = 1.0;
     std::chrono::milliseconds duration{0};
+    std::optional<Point> at = {}; // the point between the fingers; touch manners only
+};
+struct ScrollBy {
+    Point way; // touch manners only
+};
+struct Resize {
+    int width = 1;
+    int height = 1; // touch manners only
 };
 struct Key {
     int key = 0;
@@ -66,8 +75,8 @@ struct TakeFrames {
 struct Wait {};
 
 using Action =
-    std::variant<PenDown, PenMove, PenUp, Click, DoubleClick, Flick, Pinch, Key, GoToSheet, GoToSlide, Search,
-                 NextHit, PreviousHit, EndSearch, Wide, TakeFrame, TakeFrames, Wait>;
+    std::variant<PenDown, PenMove, PenUp, Click, DoubleClick, Flick, Pinch, ScrollBy, Resize, Key, GoToSheet,
+                 GoToSlide, Search, NextHit, PreviousHit, EndSearch, Wide, TakeFrame, TakeFrames, Wait>;
 
 struct Step {
     int line = 0;                     // of the script, from 1

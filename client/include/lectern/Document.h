@@ -21,10 +21,23 @@ namespace lectern {
 
 enum class DocumentKind { Unknown = 0, Spreadsheet = 1, WordProcessing = 2, Presentation = 3 };
 
+// How a view behaves. Touch: as people know it from their other devices (docs/touch.md).
+// Classic: with the ways that docs/bus.md describes.
+enum class Manners { Touch, Classic };
+
+// The steps of a pinch.
+enum class PinchStep { Begins = 0, Moves = 1, Ends = 2, GivenUp = 3 };
+
 struct OpenOptions {
     int width = 480;  // of the view in pixels, 1 to FrameBuffer::MAX_SIDE
     int height = 800; // the same
     std::optional<std::string> password = {};
+    Manners manners = Manners::Touch;
+    // The others need touch manners. dpi: the screen's dots per inch, 36 to 1200; text of
+    // 12 points then opens a sixth of an inch high.
+    double dpi = 72.0;
+    // By default the contents of the file tell the kind, and where they do not, its name.
+    DocumentKind kind = DocumentKind::Unknown;
     // Identifier of the state segment of an earlier view of the same document, where
     // the new view continues; 0 opens the document at its start. Some process must
     // still have the segment attached.
@@ -59,7 +72,7 @@ struct OpenOptions {
 class Document {
 public:
     // Opens a document and waits for the result. path: absolute, or relative to this
-    // process's working directory; its extension tells the kind. Errors: argument (path
+    // process's working directory; with classic manners its extension tells the kind. Errors: argument (path
     // or size), system (no shared memory or queue), bus, TimedOut, cancelled, refused,
     // and document (Error::code holds the rendering module's code).
     static Result<std::unique_ptr<Document>> open(const Bus& bus, const std::string& path,
@@ -81,8 +94,9 @@ public:
     // The service's number of the document, for the calls of the other headers.
     int docid() const;
     DocumentKind kind() const;
+    Manners manners() const;
     // The picture that the service painted last. Only paints change it. Valid as long
-    // as the document.
+    // as the document, or until the next resize().
     const FrameBuffer& frame() const;
     // The view's place in the document as of the last paint.
     ViewState state() const;
@@ -97,7 +111,8 @@ public:
     void requestPaint();
 
     // A finger or pen touches, moves and leaves. x and y: view pixels from the top left
-    // corner. On a sheet, a penUp() that ends a drag also does what comeToRest() does.
+    // corner. On a sheet with classic manners, a penUp() that ends a drag also does what
+    // comeToRest() does.
     // When a drag ends in a flick, call flick() before penUp().
     Failure penDown(int x, int y);
     Failure penMove(int x, int y);
@@ -113,14 +128,23 @@ public:
     Failure gestureEnd(double factor);
     // Word-processing documents: lays the text out wider than the view, or as wide.
     Failure wideMode(bool on);
+    // Touch manners only. A pinch about a point, which may move. factor: as above.
+    Failure pinchAt(int x, int y, double factor, PinchStep phase);
+    // Touch manners only. Moves the view by a way of a wheel, a trackpad or keys, in view
+    // pixels; a positive y moves it to later parts of the document.
+    Failure scrollBy(int x, int y);
+    // Touch manners only. Gives the view another size, after a turn of the device for
+    // example, and frame() another memory; the place in the document stays. On failure
+    // both stay as they are. Paint after it, unless the library paints by itself.
+    Failure resize(int width, int height, const CallLimits& limits = {});
     // Input that the service answers, so these calls block. A click without effect
     // triggers ViewEvents::onClickUnused. Velocities: finger pixels per second; a
     // negative velocityY moves the finger up, to later parts of the document.
     Failure click(int x, int y, const CallLimits& limits = {});
     Failure doubleClick(int x, int y, const CallLimits& limits = {});
     Failure flick(int velocityX, int velocityY, const CallLimits& limits = {});
-    // Call this after a jump to another sheet. It sends the slowest possible flick, at
-    // whose end the service measures the sheet and renders the cells around the view.
+    // Call this after a jump to another sheet; with touch manners it does nothing. It sends the slowest
+    // possible flick, at whose end the service measures the sheet and renders the cells around the view.
     Failure comeToRest(const CallLimits& limits = {});
     // Waits until the service has read all input sent so far, for at most two seconds,
     // and until a sheet has come to rest.

@@ -22,6 +22,10 @@ struct CreateRequest {
     int frameBufferSize = 0;      // bytes, at least width * height * 4
     unsigned int state = 0;       // state segment of an earlier view of the document, or 0
     std::optional<std::string> password;
+    // Asks for touch manners; without them the service does not hear the two others.
+    bool touch = false;
+    std::optional<double> dpi = {};       // of the screen, 36 to 1200; 72 by default
+    std::optional<std::string> kind = {}; // "word", "excel" or "ppt"; by default the extension tells it
 };
 
 struct CreateReply {
@@ -31,10 +35,10 @@ struct CreateReply {
     std::string owner;      // unique bus name of the process that has the document
 };
 
-// Opens a document. Returns when the open has ended. Success does not mean that
-// the document opened: a queue record with id 8 reports that, and the docid must be
-// destroyed in either case. After a time-out or a cancellation, the document is
-// destroyed as soon as the late reply arrives.
+// Opens a document. Returns when the open has ended; with touch manners, when it has
+// begun. Success does not mean that the document opened: a queue record with id 8
+// reports that, and the docid must be destroyed in either case. After a time-out or a cancellation, the
+// document is destroyed as soon as the late reply arrives.
 Result<CreateReply> create(const Bus& bus, const CreateRequest& request, const CallLimits& limits);
 // Closes a document. Sent without a reply. owner: CreateReply::owner. After a
 // restart of the service the same docid may be another client's document.

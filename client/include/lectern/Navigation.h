@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Moves the view for programs, by the input that a user would give. Each function
+// Moves the view for programs; with classic manners by the input that a user would give. Each function
 // ends with a paint, so that frame() and state() show the result. Like
 // Document::paint, they belong to the thread that paints; they block, and they fail
 // as paint does.
@@ -12,12 +12,12 @@
 
 namespace lectern {
 
-// Zooms by this factor, above 0, with a pinch. The view stops at its smallest or
-// largest scale. The same part of the document stays in view, but not exactly the
-// same row, because text is laid out again.
+// Zooms by this factor, above 0, about the view's centre. The view stops at its smallest
+// or largest scale. With classic manners the same part of the document stays in view, but
+// not exactly the same row, because text is laid out again.
 Failure pinch(Document& document, double factor, const CallLimits& limits = {});
 
-// Drags the view until its top left corner is at this point, in document pixels, or
+// Moves the view until its top left corner is at this point, in document pixels, or
 // until the document ends. Returns true when the view is at the point.
 Result<bool> scrollTo(Document& document, Point target, const CallLimits& limits = {});
 

@@ -50,6 +50,15 @@ struct ViewEvents {
     std::function<void()> onTrackResized;
     // Presentations: the view shows this slide, counted from 0.
     std::function<void(int slide)> onSlideChanged;
+    // Touch manners: the finger is this many view pixels beyond the right and the bottom
+    // edge of the document, below 0 beyond the left and top edge; 0 and 0 when it no longer
+    // is. Programs may move the picture a little by it.
+    std::function<void(int x, int y)> onOverscroll;
+    // Touch manners: the user tapped a cell; touch::getCell returns it. From 0.
+    std::function<void(int column, int row)> onCellTapped;
+    // Touch manners: this much of an open or reopen is done. Not every kind of document
+    // tells it.
+    std::function<void(int percent)> onOpenProgress;
     // An open or reopen has ended. result: 0 for success, else the rendering module's
     // code.
     std::function<void(int result)> onOpened;

@@ -10,6 +10,7 @@ Bus ClientTest::connect() const {
 }
 
 std::unique_ptr<Document> ClientTest::open(const Bus& bus, const std::string& path, OpenOptions options) {
+    options.manners = Manners::Classic;
     auto document = Document::open(bus, path, options);
     if (!document) {
         ADD_FAILURE() << document.error().text;

@@ -15,7 +15,8 @@ class ClientTest : public ServiceTest {
 protected:
     // Another client with its own connection.
     lectern::Bus connect() const;
-    // Opens a document; when that fails, fails the test and returns null.
+    // Opens a document with classic manners; when that fails, fails the test and returns
+    // null.
     static std::unique_ptr<lectern::Document> open(const lectern::Bus& bus, const std::string& path,
                                                    lectern::OpenOptions options = {});
     // Drags with a finger in steps, then paints; rows > 0 moves down.

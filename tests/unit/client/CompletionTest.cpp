@@ -175,7 +175,8 @@ TEST_F(Completion, OffersValuesOfOptions) {
 }
 
 TEST_F(Completion, OffersTheServicesCategories) {
-    EXPECT_THAT(after("call ''"), UnorderedElementsAre("/common", "/events", "/word", "/excel", "/ppt"));
+    EXPECT_THAT(after("call ''"),
+                UnorderedElementsAre("/common", "/events", "/word", "/excel", "/ppt", "/touch"));
     EXPECT_THAT(after("serve ''"), IsEmpty());
 }
 

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 
 namespace {
 
@@ -52,7 +53,20 @@ void FakeView::notify(ClientMessageId id, int value, int extra) {
 
 std::vector<long> FakeView::taken() const {
     const std::lock_guard lock(mMutex);
-    return mTaken;
+    std::vector<long> types;
+    types.reserve(mTaken.size());
+    for (const ClientServerMessage& message : mTaken) {
+        types.push_back(message.type);
+    }
+    return types;
+}
+
+std::vector<ClientServerMessage> FakeView::takenOf(long type) const {
+    const std::lock_guard lock(mMutex);
+    std::vector<ClientServerMessage> messages;
+    std::copy_if(mTaken.begin(), mTaken.end(), std::back_inserter(messages),
+                 [type](const ClientServerMessage& message) { return message.type == type; });
+    return messages;
 }
 
 void FakeView::waitForTaken(size_t count) const {
@@ -67,7 +81,7 @@ void FakeView::run() {
         mIdle.acquire();
         {
             const std::lock_guard lock(mMutex);
-            mTaken.push_back(message.type);
+            mTaken.push_back(message);
             take(message);
             mTakenOne.notify_all();
         }

@@ -32,6 +32,8 @@ public:
     void notify(ClientMessageId id, int value, int extra);
     // The types of the records taken so far, in order.
     std::vector<long> taken() const;
+    // The records of this type taken so far.
+    std::vector<ClientServerMessage> takenOf(long type) const;
     // Waits until `count` records have been taken.
     void waitForTaken(size_t count) const;
     // Holds up all input and paints in the queue while the returned object lives.
@@ -71,6 +73,6 @@ private:
     std::binary_semaphore mIdle{1};
     mutable std::mutex mMutex;
     mutable std::condition_variable mTakenOne;
-    std::vector<long> mTaken;
+    std::vector<ClientServerMessage> mTaken;
     std::thread mWorker;
 };

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The rules for good clients, which a document follows by itself.
+// The rules for good clients of views with classic manners, which a document follows by
+// itself.
 #include "tests/unit/client/FakeService.h"
 #include <lectern/Document.h>
 #include <lectern/EventCalls.h>
@@ -21,7 +22,8 @@ protected:
 
     std::unique_ptr<Document> open(DocumentKind kind) {
         mService.documentKind(static_cast<int>(kind));
-        return std::move(*Document::open(mBus, "/a", {.width = 48, .height = 80}));
+        return std::move(
+            *Document::open(mBus, "/a", {.width = 48, .height = 80, .manners = lectern::Manners::Classic}));
     }
     std::vector<std::string> flicks() const {
         std::vector<std::string> payloads;

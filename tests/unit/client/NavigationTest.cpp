@@ -16,7 +16,8 @@ protected:
 
     void reopen() {
         mDocument.reset();
-        mDocument = std::move(*Document::open(mBus, "/a", {.width = 48, .height = 80}));
+        mDocument =
+            std::move(*Document::open(mBus, "/a", {.width = 48, .height = 80, .manners = Manners::Classic}));
     }
 
     FakeService mService;

@@ -20,6 +20,7 @@ protected:
         mArguments.output = mFolder / "out.png";
         mArguments.width = 48;
         mArguments.height = 80;
+        mArguments.view.manners = Manners::Classic;
     }
 
     int run() {

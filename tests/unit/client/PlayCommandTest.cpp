@@ -21,7 +21,8 @@ protected:
         const std::string path = mFolder / "a.play";
         std::ofstream(path) << script;
         Interrupt interrupt;
-        return runPlay({path, "/letter.docx", mFolder / "frames", 48, 80, {}}, interrupt);
+        return runPlay({path, "/letter.docx", mFolder / "frames", 48, 80, {}, {}, {Manners::Classic}},
+                       interrupt);
     }
     std::set<std::string> frames() const {
         std::set<std::string> names;

@@ -144,11 +144,12 @@ TEST_F(PrintCommands, SearchLooksInTheNoteOfTheFirstSlide) {
     mService.answer("/common nextResult", R"({ "returnValue": true })");
     mService.answer("/ppt getSlideNote", R"({ "note": "By Boat" })");
     mService.answer("/ppt getSlideList", R"({"list": []})");
-    EXPECT_EQ(run(runSearch, {{"/a.ppt"}, "boat", {}}), STATUS_DONE);
+    const ViewArguments classic{Manners::Classic};
+    EXPECT_EQ(run(runSearch, {{"/a.ppt", {}, false, {}, classic}, "boat", {}}), STATUS_DONE);
     EXPECT_EQ(printed(), "1 hit for 'boat'\n  slide 1: 1 hit\n");
-    EXPECT_EQ(run(runSearch, {{"/a.ppt"}, "ship", {}}), STATUS_FAILED);
+    EXPECT_EQ(run(runSearch, {{"/a.ppt", {}, false, {}, classic}, "ship", {}}), STATUS_FAILED);
     EXPECT_EQ(printed(), "no hits for 'ship'\n");
-    EXPECT_EQ(run(runSearch, {{"/a.ppt", {}, true}, "ship", {}}), STATUS_FAILED);
+    EXPECT_EQ(run(runSearch, {{"/a.ppt", {}, true, {}, classic}, "ship", {}}), STATUS_FAILED);
     EXPECT_EQ(printed(), "{\"resultcount\": 0, \"slides\": []}\n");
     EXPECT_EQ(complaints(), "");
 }

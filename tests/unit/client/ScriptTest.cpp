@@ -91,7 +91,7 @@ TEST(Script, ErrorsNameTheLineAndTheForm) {
 }
 
 TEST(Script, EveryFormIsNamedOnce) {
-    EXPECT_EQ(instructionForms().size(), 19U);
+    EXPECT_EQ(instructionForms().size(), 22U);
     EXPECT_THAT(instructionForms(), testing::Contains("pinch FACTOR [MILLISECONDS]"));
 }
 
