@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// docs/formats.md compared with the compiled records.
+// docs/formats.md and docs/touch.md compared with the compiled records.
 #include "channel/DocAdapterCommon.h"
 #include "tests/guides/Markdown.h"
 #include "view/StateRecord.h"
@@ -12,21 +12,23 @@
 namespace {
 
 constexpr char GUIDE[] = "docs/formats.md";
+constexpr char TOUCH_GUIDE[] = "docs/touch.md";
 
 using Place = std::pair<size_t, size_t>; // offset and size
 using Fields = std::map<std::string, Place>;
 
-Fields fieldsOf(const std::string& heading) {
+Fields fieldsOf(const std::string& heading, const char* guide = GUIDE) {
     Fields fields;
-    for (const markdown::Row& row : markdown::table(GUIDE, heading, "Offset").rows) {
+    for (const markdown::Row& row : markdown::table(guide, heading, "Offset").rows) {
         fields[markdown::codes(row.at(2)).at(0)] = {std::stoul(row.at(0)), std::stoul(row.at(1))};
     }
     return fields;
 }
 
-std::map<long, std::string> numbersOf(const std::string& heading, const std::string& column) {
+std::map<long, std::string> numbersOf(const std::string& heading, const std::string& column,
+                                      const char* guide = GUIDE) {
     std::map<long, std::string> numbers;
-    for (const markdown::Row& row : markdown::table(GUIDE, heading, column).rows) {
+    for (const markdown::Row& row : markdown::table(guide, heading, column).rows) {
         numbers[std::stol(row.at(0))] = markdown::codes(row.at(1)).at(0);
     }
     return numbers;
@@ -57,6 +59,15 @@ Place placeOfReal(bool second) {
     ClientServerMessage ones = zeros;
     const double everyByte = -3.7206620809969886e-103; // all its bytes are AA
     ones.setReals(second ? 0 : everyByte, second ? everyByte : 0);
+    return changed(zeros, ones);
+}
+
+Place placeOfPinch(bool phase) {
+    ClientServerMessage zeros;
+    zeros.setPinch(0, 0);
+    ClientServerMessage ones = zeros;
+    const float everyByte = -3.0316488e-13F; // all its bytes are AA
+    ones.setPinch(phase ? 0 : everyByte, phase ? -1 : 0);
     return changed(zeros, ones);
 }
 
@@ -125,6 +136,32 @@ TEST(FormatsGuide, NumbersTheIdsToAClient) {
                                                           {_PAINT_DONE, "_PAINT_DONE"},
                                                           {_DOCUMENT_LOST, "_DOCUMENT_LOST"},
                                                       }));
+}
+
+TEST(TouchGuide, PlacesTheFieldsOfAPinch) {
+    EXPECT_EQ(fieldsOf("Records", TOUCH_GUIDE),
+              (Fields{{"pinchFactor", placeOfPinch(false)}, {"pinchPhase", placeOfPinch(true)}}));
+}
+
+TEST(TouchGuide, NumbersTheTypesToTheService) {
+    EXPECT_EQ(numbersOf("Records", "Type", TOUCH_GUIDE),
+              (std::map<long, std::string>{{_PINCH, "_PINCH"}, {_SCROLL_BY, "_SCROLL_BY"}}));
+}
+
+TEST(TouchGuide, NumbersThePhasesOfAPinch) {
+    const std::string guide = markdown::read(TOUCH_GUIDE);
+    const std::string phases = std::to_string(_PINCH_BEGINS) + ": begins, " + std::to_string(_PINCH_MOVES) +
+                               ": moves, " + std::to_string(_PINCH_ENDS) + ": ends, " +
+                               std::to_string(_PINCH_GIVEN_UP) + ": is given up";
+    EXPECT_NE(guide.find(phases), std::string::npos);
+}
+
+TEST(TouchGuide, NumbersTheIdsToAClient) {
+    EXPECT_EQ(numbersOf("Records", "Id", TOUCH_GUIDE), (std::map<long, std::string>{
+                                                           {_OVERSCROLL, "_OVERSCROLL"},
+                                                           {_PROGRESS, "_PROGRESS"},
+                                                           {_CELL_TAPPED, "_CELL_TAPPED"},
+                                                       }));
 }
 
 } // namespace

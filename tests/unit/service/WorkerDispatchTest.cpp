@@ -3,6 +3,9 @@
 #include "ClientSide.h"
 #include "service/RenderWorker.h"
 #include "tests/fakes/word/FakeWordModule.h"
+#include "touch/TouchWord.h"
+
+#include <utility>
 
 namespace {
 
@@ -83,6 +86,44 @@ TEST_F(WorkerDispatchTest, UnknownTypesAreTold) {
         EXPECT_THAT(traceOf(record(type, docid)), IsEmpty());
         EXPECT_EQ(GetCapturedStdout(), "Unknown message type " + std::to_string(type) + "\n");
     }
+}
+
+// Views without touch manners do not hear them.
+TEST_F(WorkerDispatchTest, RecordsForTouchViewsAreUnknownToOthers) {
+    fakeWord().reset();
+    const ClientFrame frame(SIZE);
+    create("a.doc", frame);
+    const int recording = addView();
+    for (const int docid : {0, recording}) {
+        for (const long type : {long{_PINCH}, long{_SCROLL_BY}}) {
+            ClientServerMessage message = record(type, docid, 10, 20);
+            message.setPinch(2.0F, _PINCH_BEGINS);
+            trace.clear();
+            CaptureStdout();
+            EXPECT_TRUE(serveMessage(message));
+            EXPECT_EQ(GetCapturedStdout(), "Unknown message type " + std::to_string(type) + "\n");
+            EXPECT_THAT(trace, IsEmpty());
+        }
+    }
+}
+
+// Types 13 to 98 are free.
+TEST_F(WorkerDispatchTest, OtherTypesAreUnknownToTouchViewsToo) {
+    fakeWord().reset();
+    Documents document;
+    document.view = std::make_unique<TouchWord>(WIDTH, HEIGHT, 0, 0U, double{DOTS_PER_INCH});
+    ASSERT_EQ(document.view->openFile("/d/a.doc", nullptr), 0);
+    gDocuments.push_back(std::move(document));
+    const auto& view = dynamic_cast<const TouchView&>(*gDocuments.back().view);
+    const CpRect shown = view.place().view;
+    for (long type = _SCROLL_BY + 1; type < DocAdapterMessageQueue::HIGHEST_CLIENT_TYPE; ++type) {
+        CaptureStdout();
+        EXPECT_TRUE(serveMessage(record(type, 0, 10, 20)));
+        EXPECT_EQ(GetCapturedStdout(), "Unknown message type " + std::to_string(type) + "\n");
+    }
+    EXPECT_EQ(view.place().view.Top(), shown.Top());
+    EXPECT_EQ(view.place().view.Left(), shown.Left());
+    EXPECT_EQ(view.place().zoom, 1.0);
 }
 
 TEST_F(WorkerDispatchTest, WideModeIsForWordsOnly) {
