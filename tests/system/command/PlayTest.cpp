@@ -12,7 +12,7 @@ class PlayTest : public CommandTest {
 protected:
     std::string frames() const { return folder.path() + "/frames"; }
     void play(const std::string& script, const std::string& file) {
-        EXPECT_EQ(done({"play", script, file, "-o", frames()}), "");
+        EXPECT_EQ(done({"play", "--classic", script, file, "-o", frames()}), "");
     }
     std::string scriptOf(const std::string& text) const {
         std::ofstream(folder.path() + "/a.play") << text;

@@ -45,7 +45,7 @@ std::string CommandTest::done(const std::vector<std::string>& arguments) {
 
 Picture CommandTest::opened(const std::string& file, const std::vector<std::string>& options) {
     const std::string path = folder.path() + "/opened.png";
-    std::vector<std::string> arguments{"open", file, "-o", path};
+    std::vector<std::string> arguments{"open", "--classic", file, "-o", path};
     arguments.insert(arguments.end(), options.begin(), options.end());
     EXPECT_EQ(done(arguments), "");
     return readPicture(path);

@@ -32,7 +32,7 @@ protected:
                     const std::map<std::string, std::string>& environment = {});
     // The same for a run that must succeed without messages; returns its output.
     std::string done(const std::vector<std::string>& arguments);
-    // The picture that "lectern open FILE" writes with these options.
+    // The picture that "lectern open --classic FILE" writes with these options.
     Picture opened(const std::string& file, const std::vector<std::string>& options);
     // Lines printed by office_facts.py.
     std::vector<std::string> facts(const std::string& what, const std::string& file);
