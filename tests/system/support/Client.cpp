@@ -134,6 +134,17 @@ std::set<int> Queue::settle(long store) {
     return ids;
 }
 
+void Queue::awaitTaken() {
+    const auto patience = std::chrono::steady_clock::now() + std::chrono::minutes(1);
+    while (hasClientRecord()) {
+        if (std::chrono::steady_clock::now() > patience) {
+            ADD_FAILURE() << "nobody takes the records of the client";
+            return;
+        }
+        sched_yield();
+    }
+}
+
 TestDocument::TestDocument(BusConnection& bus, Queue& queue, const std::string& path, int width, int height,
                            const Options& options)
     : mBus(bus), mQueue(queue), mWidth(width), mHeight(height) {

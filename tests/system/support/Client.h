@@ -35,6 +35,8 @@ public:
     // records for `store` and returns their ids. Paints and pen ups overtake pen
     // moves, so a test that needs an order must call this in between.
     std::set<int> settle(long store);
+    // The same without reading records.
+    void awaitTaken();
 
     int id() const { return mId; }
 
@@ -92,6 +94,8 @@ public:
     int scrollX() const { return state(0); }
     int scrollY() const { return state(4); }
     double scale() const;
+    // The whole record, of 28 bytes.
+    const unsigned char* state() const { return mState; }
     // The first character of the stretch that a word-processing view keeps painted.
     int stretchCharacter() const { return state(20); }
     // The slide that a presentation shows, from 0.
