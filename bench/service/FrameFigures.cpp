@@ -35,9 +35,11 @@ constexpr char STEP[] = "step";
 
 class Fingers {
 public:
-    Fingers(OpenedDocument& opened, int width, int height, double seconds)
+    // searches: the category whose search the view uses.
+    Fingers(OpenedDocument& opened, int width, int height, double seconds, const char* searches)
         : mOpened(opened), mDocument(opened.document()), mQueue(opened.service().queue()), mWidth(width),
-          mHeight(height), mEnd(Clock::now() + std::chrono::milliseconds(static_cast<int>(seconds * 1000))) {}
+          mHeight(height), mSearches(searches),
+          mEnd(Clock::now() + std::chrono::milliseconds(static_cast<int>(seconds * 1000))) {}
 
     bool timeIsLeft() const { return Clock::now() < mEnd; }
 
@@ -84,10 +86,12 @@ public:
     void step() {
         awaitFrame();
         const double start = now();
-        call("/common", "nextResult", "");
+        call(mSearches, "nextResult", "");
         frame(STEP, start);
     }
-    void search(const std::string& word) { call("/common", "Search", ",\"search\":\"" + word + "\""); }
+    void search(const char* method, const std::string& word) {
+        call(mSearches, method, ",\"search\":\"" + word + "\"");
+    }
 
     const std::vector<Frame>& frames() const { return mFrames; }
 
@@ -120,6 +124,7 @@ private:
     Queue& mQueue;
     int mWidth;
     int mHeight;
+    const char* mSearches;
     Clock::time_point mEnd;
     Clock::time_point mDue = Clock::now();
     std::vector<Frame> mFrames;
@@ -177,11 +182,12 @@ void printInputs(const std::vector<Frame>& frames) {
 void frameFigures(const Arguments& arguments) {
     const int width = std::stoi(arguments[1]);
     const int height = std::stoi(arguments[2]);
+    const bool touch = arguments.size() > 5 && arguments[5] == "touch";
     RunningService service;
-    OpenedDocument opened(service, arguments[0], width, height);
+    OpenedDocument opened(service, arguments[0], width, height, {.touch = touch});
     service.waitUntilQuiet();
-    Fingers fingers(opened, width, height, std::stod(arguments[3]));
-    fingers.search(arguments[4]);
+    Fingers fingers(opened, width, height, std::stod(arguments[3]), touch ? "/touch" : "/common");
+    fingers.search(touch ? "search" : "Search", arguments[4]);
     for (int round = 0; round == 0 || fingers.timeIsLeft(); ++round) {
         moveOnce(fingers, height, round);
     }

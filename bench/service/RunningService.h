@@ -44,8 +44,9 @@ std::vector<std::string> threadsOf(pid_t process);
 // A document whose first frame is painted. The constructor throws if that fails.
 class OpenedDocument {
 public:
-    OpenedDocument(RunningService& service, const std::string& file, int width, int height)
-        : mService(service), mDocument(service.bus(), service.queue(), file, width, height) {
+    OpenedDocument(RunningService& service, const std::string& file, int width, int height,
+                   const TestDocument::Options& options = {})
+        : mService(service), mDocument(service.bus(), service.queue(), file, width, height, options) {
         if (mDocument.docid() < 0 || mDocument.openResult() != 0) {
             throw std::runtime_error("cannot open " + file + ": " + std::to_string(mDocument.openResult()) +
                                      ", " + mDocument.reply());
