@@ -83,6 +83,7 @@ private:
         options.width = request.integer("width").value_or(options.width);
         options.height = request.integer("height").value_or(options.height);
         options.timeout = mLimits.timeout;
+        options.manners = Manners::Classic; // its pictures are compared
         Result<std::unique_ptr<Document>> opened =
             Document::open(mBus, request.string("file").value_or(""), options);
         if (!opened) {
