@@ -12,6 +12,8 @@
 #include <glib.h>
 
 #include <map>
+#include <optional>
+#include <utility>
 
 namespace lectern {
 
@@ -79,20 +81,30 @@ Result<std::vector<PartHits>> countSteps(Document& document, const SlidePicture&
     return listed(hits);
 }
 
-// With touch manners the service counts the hits, and each step tells its slide.
-Result<std::vector<PartHits>> countHits(Document& document, const touch::Hit& first,
-                                        const CallLimits& limits) {
-    std::map<int, int> hits;
-    touch::Hit current = first;
-    for (int count = 0; count < first.hits; ++count) {
-        ++hits[current.part];
-        const Result<touch::Hit> next = touch::nextResult(document.bus(), document.docid(), limits);
-        if (!next) {
-            return next.error();
-        }
-        current = *next;
+// With touch manners the service counts the hits, and each step tells the sheet or slide
+// of its hit. Hits that it counts only later come with the steps. Returns nothing where
+// the service does not search like that.
+Result<std::optional<std::vector<PartHits>>> searchByTouch(Document& document, const std::string& text,
+                                                           const CallLimits& limits) {
+    const std::optional<std::vector<PartHits>> otherwise;
+    if (document.manners() == Manners::Classic) {
+        return otherwise;
     }
-    return listed(hits);
+    std::map<int, int> hits;
+    Result<touch::Hit> hit = touch::search(document.bus(), document.docid(), text, {}, limits);
+    for (int count = 0; hit && count < hit->hits; ++count) {
+        ++hits[hit->part];
+        if (count + 1 < hit->hits) {
+            hit = touch::nextResult(document.bus(), document.docid(), limits);
+        }
+    }
+    if (hit || hit.error().name == "errNothingThere") {
+        return std::optional(listed(hits));
+    }
+    if (hit.error().name == "errNotSupported") { // the module is without what this needs
+        return otherwise;
+    }
+    return hit.error();
 }
 
 // Counts the hits by what the view shows.
@@ -119,10 +131,9 @@ Result<std::vector<PartHits>> searchShownSlides(Document& document, const std::s
     return *inNote ? countSteps(document, *first, limits) : std::vector<PartHits>();
 }
 
-} // namespace
-
-Result<std::vector<PartHits>> searchSheets(Document& document, const std::string& text,
-                                           const CallLimits& limits) {
+// Counts the hits of each sheet, which the view shows in turn.
+Result<std::vector<PartHits>> searchShownSheets(Document& document, const std::string& text,
+                                                const CallLimits& limits) {
     const Result<std::string> list = excel::getSheetList(document.bus(), document.docid(), limits);
     if (!list) {
         return list.error();
@@ -144,21 +155,24 @@ Result<std::vector<PartHits>> searchSheets(Document& document, const std::string
     return found;
 }
 
+} // namespace
+
+Result<std::vector<PartHits>> searchSheets(Document& document, const std::string& text,
+                                           const CallLimits& limits) {
+    Result<std::optional<std::vector<PartHits>>> found = searchByTouch(document, text, limits);
+    if (!found) {
+        return found.error();
+    }
+    return *found ? std::move(**found) : searchShownSheets(document, text, limits);
+}
+
 Result<std::vector<PartHits>> searchSlides(Document& document, const std::string& text,
                                            const CallLimits& limits) {
-    if (document.manners() == Manners::Classic) {
-        return searchShownSlides(document, text, limits);
+    Result<std::optional<std::vector<PartHits>>> found = searchByTouch(document, text, limits);
+    if (!found) {
+        return found.error();
     }
-    const Result<touch::Hit> first = touch::search(document.bus(), document.docid(), text, {}, limits);
-    if (first) {
-        return countHits(document, *first, limits);
-    }
-    if (first.error().name == "errNothingThere") {
-        return std::vector<PartHits>();
-    }
-    // The module may be without what the search needs.
-    return first.error().name == "errNotSupported" ? searchShownSlides(document, text, limits)
-                                                   : first.error();
+    return *found ? std::move(**found) : searchShownSlides(document, text, limits);
 }
 
 } // namespace lectern

@@ -16,8 +16,9 @@ struct PartHits {
 };
 
 // Search each sheet, or each slide, of a document of that kind. Return the parts that
-// have hits, in their order. A slide whose note alone has the text counts as one hit.
-// They move the view, and the hits found last stay marked.
+// have hits, in their order. With classic manners a slide whose note alone has the text
+// counts as one hit; with touch manners notes do not count. They move the view, and the
+// hits found last stay marked.
 Result<std::vector<PartHits>> searchSheets(Document& document, const std::string& text,
                                            const CallLimits& limits);
 Result<std::vector<PartHits>> searchSlides(Document& document, const std::string& text,

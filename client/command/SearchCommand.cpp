@@ -24,6 +24,14 @@ std::string quoted(const std::string& text) {
     return "'" + onOneLine(text) + "'";
 }
 
+Failure printHits(const std::string& reply, const SearchArguments& arguments, int hits) {
+    if (arguments.print.json) {
+        return print(reply + "\n");
+    }
+    const std::string where = arguments.sheet ? " in sheet " + std::to_string(*arguments.sheet) : "";
+    return print(hitsText(hits) + " for " + quoted(arguments.text) + where + "\n");
+}
+
 // Searches the shown part of a document, and prints the number of hits, of which the
 // service's reply tells.
 Failure searchShown(Document& document, const SearchArguments& arguments, const CallLimits& limits,
@@ -39,11 +47,20 @@ Failure searchShown(Document& document, const SearchArguments& arguments, const 
         return count.error();
     }
     hits = *count;
-    if (arguments.print.json) {
-        return print(*reply + "\n");
+    return printHits(*reply, arguments, hits);
+}
+
+// With touch manners a search goes through all sheets.
+Failure searchSheetByTouch(Document& document, const SearchArguments& arguments, const CallLimits& limits,
+                           int& hits) {
+    const Result<std::vector<PartHits>> found = searchSheets(document, arguments.text, limits);
+    if (!found) {
+        return found.error();
     }
-    const std::string where = arguments.sheet ? " in sheet " + std::to_string(*arguments.sheet) : "";
-    return print(hitsText(hits) + " for " + quoted(arguments.text) + where + "\n");
+    for (const PartHits& part : *found) {
+        hits += part.part == *arguments.sheet - 1 ? part.hits : 0;
+    }
+    return printHits(JsonMembers().add("resultcount", hits).text(), arguments, hits);
 }
 
 Failure searchSheet(Document& document, const SearchArguments& arguments, const CallLimits& limits,
@@ -52,7 +69,11 @@ Failure searchSheet(Document& document, const SearchArguments& arguments, const 
     if (!failure) {
         failure = goToSheet(document, *arguments.sheet, limits);
     }
-    return failure ? failure : searchShown(document, arguments, limits, hits);
+    if (failure) {
+        return failure;
+    }
+    return document.manners() == Manners::Touch ? searchSheetByTouch(document, arguments, limits, hits)
+                                                : searchShown(document, arguments, limits, hits);
 }
 
 // The parts of a kind of document, and how they are searched.

@@ -94,9 +94,9 @@ TEST_F(ListTest, SearchCountsTheHitsOnEachSlide) {
 }
 
 TEST_F(ListTest, SearchCountsASlideWhoseNoteAloneHasTheText) {
-    EXPECT_EQ(done({"search", sample("tour.pptx"), "Then begin"}),
+    EXPECT_EQ(done({"search", "--classic", sample("tour.pptx"), "Then begin"}),
               "1 hit for 'Then begin'\n  slide 1, The Harbour in Slides: 1 hit\n");
-    EXPECT_EQ(done({"search", sample("tour.pptx"), "point at"}),
+    EXPECT_EQ(done({"search", "--classic", sample("tour.pptx"), "point at"}),
               "1 hit for 'point at'\n  slide 2, What you will see: 1 hit\n");
 }
 

@@ -7,6 +7,8 @@ namespace {
 using namespace lectern;
 using testing::HasSubstr;
 
+const ViewArguments CLASSIC{Manners::Classic};
+
 class PrintCommands : public CommandTest {
 protected:
     // Runs a sub-command; returns its exit status. printed() returns its
@@ -118,9 +120,9 @@ TEST_F(PrintCommands, SearchLooksInOneSheet) {
     mService.answer("/excel getSheetList", mSheets);
     mService.answer("/excel jumpToSheet", R"({"cursheet": 1})");
     mService.answer("/common Search", R"({ "resultcount": 3 })");
-    EXPECT_EQ(run(runSearch, {{"/a.xls"}, "boat", 2}), STATUS_DONE);
+    EXPECT_EQ(run(runSearch, {{"/a.xls", {}, false, {}, CLASSIC}, "boat", 2}), STATUS_DONE);
     EXPECT_EQ(printed(), "3 hits for 'boat' in sheet 2\n");
-    EXPECT_EQ(run(runSearch, {{"/a.xls"}, "boat", 3}), STATUS_MISUSE);
+    EXPECT_EQ(run(runSearch, {{"/a.xls", {}, false, {}, CLASSIC}, "boat", 3}), STATUS_MISUSE);
     EXPECT_THAT(complaints(), HasSubstr("a number from 1 to 2"));
 }
 
@@ -129,9 +131,9 @@ TEST_F(PrintCommands, SearchLooksInAllSheets) {
     mService.answer("/excel getSheetList", mSheets);
     mService.answer("/excel jumpToSheet", R"({"cursheet": 1})");
     mService.answer("/common Search", R"({ "resultcount": 3 })");
-    EXPECT_EQ(run(runSearch, {{"/a.xls"}, "boat", {}}), STATUS_DONE);
+    EXPECT_EQ(run(runSearch, {{"/a.xls", {}, false, {}, CLASSIC}, "boat", {}}), STATUS_DONE);
     EXPECT_EQ(printed(), "6 hits for 'boat'\n  sheet 1, A \"B\": 3 hits\n  sheet 2, C: 3 hits\n");
-    EXPECT_EQ(run(runSearch, {{"/a.xls", {}, true}, "boat", {}}), STATUS_DONE);
+    EXPECT_EQ(run(runSearch, {{"/a.xls", {}, true, {}, CLASSIC}, "boat", {}}), STATUS_DONE);
     EXPECT_EQ(printed(), R"({"resultcount": 6, "sheets": [{"sheet": 0, "resultcount": 3}, )"
                          R"({"sheet": 1, "resultcount": 3}]})"
                          "\n");
@@ -144,12 +146,11 @@ TEST_F(PrintCommands, SearchLooksInTheNoteOfTheFirstSlide) {
     mService.answer("/common nextResult", R"({ "returnValue": true })");
     mService.answer("/ppt getSlideNote", R"({ "note": "By Boat" })");
     mService.answer("/ppt getSlideList", R"({"list": []})");
-    const ViewArguments classic{Manners::Classic};
-    EXPECT_EQ(run(runSearch, {{"/a.ppt", {}, false, {}, classic}, "boat", {}}), STATUS_DONE);
+    EXPECT_EQ(run(runSearch, {{"/a.ppt", {}, false, {}, CLASSIC}, "boat", {}}), STATUS_DONE);
     EXPECT_EQ(printed(), "1 hit for 'boat'\n  slide 1: 1 hit\n");
-    EXPECT_EQ(run(runSearch, {{"/a.ppt", {}, false, {}, classic}, "ship", {}}), STATUS_FAILED);
+    EXPECT_EQ(run(runSearch, {{"/a.ppt", {}, false, {}, CLASSIC}, "ship", {}}), STATUS_FAILED);
     EXPECT_EQ(printed(), "no hits for 'ship'\n");
-    EXPECT_EQ(run(runSearch, {{"/a.ppt", {}, true, {}, classic}, "ship", {}}), STATUS_FAILED);
+    EXPECT_EQ(run(runSearch, {{"/a.ppt", {}, true, {}, CLASSIC}, "ship", {}}), STATUS_FAILED);
     EXPECT_EQ(printed(), "{\"resultcount\": 0, \"slides\": []}\n");
     EXPECT_EQ(complaints(), "");
 }

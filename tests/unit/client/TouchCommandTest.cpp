@@ -104,6 +104,21 @@ TEST_F(TouchCommand, CountsTheHitsOfSlidesByTheAnswersOfTheService) {
     EXPECT_EQ(mPrinted, "no hits for 'ship'\n");
 }
 
+TEST_F(TouchCommand, CountsTheHitsOfSheetsByTheAnswersOfTheService) {
+    mService.documentKind(1);
+    mService.answer("/touch search", R"({"hit": 0, "hits": 2, "part": 0})");
+    mService.answer("/touch nextResult", R"({"hit": 1, "hits": 3, "part": 1})"); // one more was counted
+    mService.answer("/excel getSheetList", R"({"list": [{"data":"A", "listitem":"1", "status":""},)"
+                                           R"({"data":"C", "listitem":"2", "status":""}]})");
+    mService.answer("/excel jumpToSheet", R"({"cursheet": 1})");
+    EXPECT_EQ(search({{"/a.xls"}, "boat", {}}), STATUS_DONE);
+    EXPECT_EQ(mPrinted, "3 hits for 'boat'\n  sheet 1, A: 1 hit\n  sheet 2, C: 2 hits\n");
+    EXPECT_EQ(search({{"/a.xls"}, "boat", 2}), STATUS_DONE);
+    EXPECT_EQ(mPrinted, "2 hits for 'boat' in sheet 2\n");
+    EXPECT_EQ(search({{"/a.xls", {}, true}, "boat", 1}), STATUS_DONE);
+    EXPECT_EQ(mPrinted, "{ \"resultcount\": 1 }\n");
+}
+
 TEST_F(TouchCommand, PlaysPinchesAboutAPointAndScrolls) {
     EXPECT_EQ(play("pinchat 10 20 2 80\nscrollby 0 30\n"), STATUS_DONE);
     EXPECT_EQ(complaints(), "");
