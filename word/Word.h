@@ -39,7 +39,7 @@ public:
     void recenterDocument() override {}
     // Sets the layout's width: twice the zoom times the view's width if on, else the
     // view's width. Sets mScroll to (0, 0).
-    void setWideMode(bool on);
+    virtual void setWideMode(bool on);
 
     void handlePaintGesture(unsigned int* frameBuffer) override;
     // Paints the pop-up over the page. Locks mMutex.
@@ -94,11 +94,14 @@ protected:
     void moveStretchUnderView();
     void cover();
     void settle();
-    bool jumpToCharacter(int32_t story, uint32_t position);
+    virtual bool jumpToCharacter(int32_t story, uint32_t position);
 
     void* moduleDocument() const override { return mDocument; }
     std::vector<CpPixmap*> pictures() override;
     void releaseModuleMemory() override;
+
+    // A hyperlink was tapped; `target` is its address and the module's.
+    virtual void hyperlinkTapped(const uint16_t* target);
 
     // The pop-up.
     bool showsPopup() const override { return mPopupShown; }

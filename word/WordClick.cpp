@@ -34,7 +34,7 @@ bool Word::handleClick(int x, int y) {
     }
     switch (info != nullptr ? info->type : 0) {
     case HYPERLINK:
-        SendDocMessage(_HYPERLINK);
+        hyperlinkTapped(reinterpret_cast<const uint16_t*>(info->a));
         return true;
     case INTERNAL_LINK:
         if (jumpToCharacter(static_cast<int32_t>(info->a), static_cast<uint32_t>(info->b))) {
@@ -49,4 +49,8 @@ bool Word::handleClick(int x, int y) {
     default:
         return OfficeBase::handleClick(x, y);
     }
+}
+
+void Word::hyperlinkTapped(const uint16_t* /*target*/) {
+    SendDocMessage(_HYPERLINK);
 }
