@@ -83,7 +83,8 @@ public:
 
     bool handleFlick(int vx, int vy) override {
         if (!this->mGestureActive) {
-            const CpPoint way = dragLocks() ? mDragLock.apply(vx, vy, 0.0) : CpPoint(vx, vy);
+            CpPoint way = dragLocks() ? mDragLock.apply(vx, vy, 0.0) : CpPoint(vx, vy);
+            way.x = movesSideways() ? way.x : 0;
             this->mPenDown = false; // what is left of this contact does not drag any more
             tellOverscroll(CpPoint(0, 0));
             mDragLock.begin();
@@ -246,6 +247,8 @@ private:
     virtual bool dragLocks() const { return true; }
     // A way in the view as the client sees it.
     virtual CpPoint toldWay(const CpPoint& way) const { return way; }
+    // Whether the document can be wider than the view.
+    virtual bool movesSideways() const { return true; }
     virtual void glideEnded() {}
 
     double limitedZoom(double zoom) const {
@@ -258,6 +261,7 @@ private:
         if (dragLocks()) {
             way = mDragLock.apply(way.x, way.y, this->mDotsPerInch);
         }
+        way.x = movesSideways() ? way.x : 0;
         tellOverscroll(moveTo(
             {saturatedSum(this->mPenDownScroll.x, way.x), saturatedSum(this->mPenDownScroll.y, way.y)}));
     }
