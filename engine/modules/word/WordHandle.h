@@ -5,6 +5,7 @@
 #include "engine/modules/DocumentHandle.h"
 #include "engine/modules/EngineCalls.h"
 #include "engine/protocol/Vocabulary.h"
+#include "modules/TouchWordFunctions.h"
 #include "modules/WordToGoModule.h"
 
 #include <cstdint>
@@ -40,6 +41,7 @@ struct WordState {
         guint from = 0;
         guint to = 0;
         HighlightColour colour{};
+        gint options = 0;
     };
     struct Selection {
         guint start = 0;
@@ -50,8 +52,16 @@ struct WordState {
     std::int32_t dpi = 0; // 0: the engine's own
     std::optional<Shown> shown;
     HighlightColour colour = DEFAULT_HIGHLIGHT; // of later hits and selections
+    gint findOptions = 0;                       // of later finds
     std::optional<Search> search;
     std::optional<Selection> selection;
+};
+
+// Records with a text each. Moving it keeps the addresses of its elements.
+template<class Record>
+struct KeptTexts {
+    std::vector<std::uint16_t> units; // of all texts, each zero-terminated
+    std::vector<Record> records;
 };
 
 // The object behind a wtg_ document handle.
@@ -70,6 +80,9 @@ struct WordHandle : DocumentHandle {
     wtg_click_info click{};
     std::vector<std::uint16_t> clickAddress;
     std::vector<module_rect> clickRegions;
+    std::vector<module_rect> selectionRegions;
+    KeptTexts<wtg_text_line> lines;
+    KeptTexts<wtg_outline_entry> headings;
 
     void forgetStretch() {
         place.reset();

@@ -54,6 +54,12 @@ std::int32_t WordHandle::restoreMarks() {
         return tellQuietly(*this, &lectern_ipc_word_call_set_highlight_color_sync, guchar{colour[0]},
                            guchar{colour[1]}, guchar{colour[2]});
     };
+    gint compared = 0; // as after the open
+    const auto compare = [&](gint options) {
+        return std::exchange(compared, options) == options
+                   ? std::int32_t{MODULE_OK}
+                   : tellQuietly(*this, &lectern_ipc_word_call_set_find_options_sync, options);
+    };
     const auto find = [&](const WordState::Search& search) {
         const GLibHolder<GVariant> wanted = unitsOf(search.text.data());
         GLibHolder<GVariant> hits;
@@ -63,7 +69,11 @@ std::int32_t WordHandle::restoreMarks() {
     };
     std::int32_t result = MODULE_OK;
     if (state.search) {
-        result = inTurn([&] { return use(state.search->colour); }, [&] { return find(*state.search); });
+        result = inTurn([&] { return use(state.search->colour); },
+                        [&] { return compare(state.search->options); }, [&] { return find(*state.search); });
+    }
+    if (result == MODULE_OK) {
+        result = compare(state.findOptions);
     }
     if (result == MODULE_OK && state.selection) {
         result = inTurn([&] { return use(state.selection->colour); },

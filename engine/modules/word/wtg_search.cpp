@@ -75,7 +75,8 @@ int32_t wtg_find(void* doc, const uint16_t* text, int32_t /*flags*/, uint32_t* f
         for (std::size_t i = 0; i + 2 <= ends.size(); i += 2) {
             handle.results.push_back({0, ends[i], ends[i + 1]});
         }
-        handle.state.search = {{text, text + unitCount(text) + 1}, *from, *to, handle.state.colour};
+        handle.state.search = {
+            {text, text + unitCount(text) + 1}, *from, *to, handle.state.colour, handle.state.findOptions};
         *count = static_cast<std::int32_t>(handle.results.size());
         *results = handle.results.empty() ? nullptr : handle.results.data();
         return result;

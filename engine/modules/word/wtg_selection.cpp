@@ -89,3 +89,7 @@ int32_t wtg_select_word(void* doc, int32_t view, int32_t x, int32_t y) {
     return view != 0 ? MODULE_BAD_ARGUMENT
                      : selectBy(doc, &lectern_ipc_word_call_select_word_sync, gint{x}, gint{y});
 }
+
+int32_t wtg_move_selection_end(void* doc, int32_t end, int32_t x, int32_t y) {
+    return selectBy(doc, &lectern_ipc_word_call_move_selection_end_sync, gint{end}, gint{x}, gint{y});
+}

@@ -10,6 +10,7 @@
 #include <com/sun/star/text/XTextContent.hpp>
 #include <com/sun/star/text/XTextRangeCompare.hpp>
 #include <com/sun/star/view/XLineCursor.hpp>
+#include <com/sun/star/view/XViewCursor.hpp>
 
 #include <algorithm>
 #include <limits>
@@ -209,6 +210,23 @@ CharacterRange TextPositions::lineOf(uint32_t position) const {
     const uint32_t start = cursorPosition();
     line->gotoEndOfLine(false);
     return {start, cursorPosition()};
+}
+
+// The boundary behind a line's last character belongs to the next line.
+TextPositions::PlacedLine TextPositions::lineNear(const RowMap& map, int32_t x, int64_t row) const {
+    const uint32_t near = nearest(map, x, row);
+    const auto& cursor = mFlow.cursor();
+    const Reference<css::view::XLineCursor> line(cursor, UNO_QUERY_THROW);
+    line->gotoStartOfLine(false);
+    const uint32_t start = cursorPosition();
+    line->gotoEndOfLine(false);
+    const uint32_t end = std::max(cursorPosition(), start + 1);
+    const uint32_t character = std::clamp(near, start, end - 1);
+    const int64_t first = lineRow(map, character);
+    const Reference<css::view::XViewCursor> below(cursor, UNO_QUERY_THROW);
+    cursor->gotoRange(cursorTo(character)->getEnd(), false);
+    const int64_t next = below->goDown(1, false) ? map.rowOf(mFlow.cursorPlace()) : map.rows();
+    return {character, first, next > first ? next : map.rows()};
 }
 
 uint32_t TextPositions::cursorPosition() const {

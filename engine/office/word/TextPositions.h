@@ -62,6 +62,15 @@ public:
     // The line that contains a position.
     CharacterRange lineOf(uint32_t position) const;
 
+    // The character nearest to a point on the line there, its lineRow(), and the row at
+    // which the next line begins.
+    struct PlacedLine {
+        uint32_t character = 0;
+        int64_t first = 0;
+        int64_t last = 0;
+    };
+    PlacedLine lineNear(const RowMap& map, int32_t x, int64_t row) const;
+
 private:
     // Whether a position inside a field or similar unit means its start or its end.
     enum class Inside { Before, Behind };

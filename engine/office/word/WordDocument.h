@@ -45,8 +45,19 @@ public:
     // Width of the layout and number of rows of the whole text, in pixels.
     int32_t layoutSize(int32_t& width, int32_t& height);
 
+    // The next functions have the meanings of modules/TouchWordFunctions.h.
+    int32_t characterAt(int32_t x, int32_t y, uint32_t& character, std::vector<PixelRect>& line);
+    int32_t textSize(int64_t& top, int64_t& rows, uint32_t& characters);
+    int32_t tapArea(int32_t x, int32_t y, std::vector<PixelRect>& area, int32_t& mostDpi);
+    // `ends` are those of each line's text in `text`.
+    int32_t textLines(int32_t top, int32_t bottom, std::u16string& text, std::vector<uint32_t>& ends,
+                      std::vector<PixelRect>& places);
+    int32_t outline(std::u16string& text, std::vector<uint32_t>& ends, std::vector<int32_t>& levels,
+                    std::vector<uint32_t>& positions);
+
     // Sets the colour of hits and selections made from now on.
     int32_t setHighlightColor(uint8_t red, uint8_t green, uint8_t blue);
+    int32_t setFindOptions(int32_t flags);
     // Marks the hits until the next find or stopFind.
     int32_t find(const std::u16string& text, CharacterRange bounds, std::vector<CharacterRange>& hits);
     int32_t foundRegions(std::vector<FoundRegion>& regions);
@@ -65,6 +76,8 @@ public:
     int32_t selectLine(int32_t x, int32_t y);
     int32_t selectWord(int32_t x, int32_t y);
     int32_t clearSelection();
+    int32_t moveSelectionEnd(int32_t end, int32_t x, int32_t y);
+    int32_t selectionRegions(std::vector<PixelRect>& rectangles);
     CharacterRange selection() const;
     int32_t selectRange(CharacterRange range);
     // The text has a line feed between two paragraphs.

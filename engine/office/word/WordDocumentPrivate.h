@@ -116,6 +116,7 @@ struct WordDocument::Private {
 
     Colour highlight{128, 192, 255};      // for later finds and selections
     std::optional<SearchText> searchText; // created by the first search
+    int32_t findOptions = 0;
     PlacedRanges hits;
     Colour hitColour{};
     CharacterRange selection;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Finding text, and the places of hits on the surface.
+#include "engine/layout/HitOptions.h"
 #include "engine/office/word/WordDocumentPrivate.h"
 
 #include <algorithm>
@@ -12,6 +13,11 @@ int32_t WordDocument::setHighlightColor(uint8_t red, uint8_t green, uint8_t blue
     return MODULE_OK;
 }
 
+int32_t WordDocument::setFindOptions(int32_t flags) {
+    mPrivate->findOptions = flags;
+    return MODULE_OK;
+}
+
 int32_t WordDocument::find(const std::u16string& text, CharacterRange bounds,
                            std::vector<CharacterRange>& hits) {
     Private& d = *mPrivate;
@@ -20,7 +26,9 @@ int32_t WordDocument::find(const std::u16string& text, CharacterRange bounds,
             d.searchText.emplace(d.prepared.body.string());
         }
         const bool wasMarked = !d.hits.ranges().empty();
-        hits = d.searchText->find(text, bounds);
+        hits = d.searchText->find(text, bounds, [&](CharacterRange hit) {
+            return isWantedHit(d.prepared.body.string(), text, hit, d.findOptions);
+        });
         d.hits = PlacedRanges(hits);
         d.hitColour = d.highlight;
         d.latestHit.reset();

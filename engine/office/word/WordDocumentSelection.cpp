@@ -84,6 +84,43 @@ int32_t WordDocument::selectWord(int32_t x, int32_t y) {
     });
 }
 
+int32_t WordDocument::moveSelectionEnd(int32_t end, int32_t x, int32_t y) {
+    Private& d = *mPrivate;
+    if (end != 0 && end != 1) {
+        return MODULE_BAD_ARGUMENT;
+    }
+    return d.onLayout([&]() -> int32_t {
+        const int64_t used = d.usedRows();
+        CharacterRange range = d.selection;
+        if (range.isEmpty() || used < 1) {
+            return MODULE_NOTHING_THERE;
+        }
+        const uint32_t position = d.positions.nearest(d.map, std::clamp(x, 0, d.surface.width - 1),
+                                                      d.top + std::clamp<int64_t>(y, 0, used - 1));
+        if (end == 0) {
+            range.start = std::min(position, range.end - 1);
+        } else {
+            range.end = std::max(std::min(position, d.prepared.body.length()), range.start + 1);
+        }
+        d.select(range);
+        return MODULE_OK;
+    });
+}
+
+int32_t WordDocument::selectionRegions(std::vector<PixelRect>& rectangles) {
+    Private& d = *mPrivate;
+    return d.onLayout([&]() -> int32_t {
+        for (const size_t index : d.selectedLines.inRows(d.text(), d.top, d.bottom())) {
+            for (const TextBox& box : d.selectedLines.boxes(index)) {
+                if (box.top < d.bottom() && box.bottom > d.top) {
+                    rectangles.push_back(d.onSurface(box));
+                }
+            }
+        }
+        return MODULE_OK;
+    });
+}
+
 CharacterRange WordDocument::selection() const {
     return mPrivate->selection;
 }

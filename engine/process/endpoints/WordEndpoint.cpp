@@ -202,6 +202,20 @@ void connectFindingAndSelecting(const Connector<WordEndpoint>& on) {
         "handle-copy-selection");
 }
 
+void connectTouch(const Connector<WordEndpoint>& on) {
+    on.operation<&Document::characterAt, &lectern_ipc_word_complete_character_at>("handle-character-at");
+    on.operation<&Document::textSize, &lectern_ipc_word_complete_text_size>("handle-text-size");
+    on.operation<&Document::tapArea, &lectern_ipc_word_complete_tap_area>("handle-tap-area");
+    on.operation<&Document::textLines, &lectern_ipc_word_complete_text_lines>("handle-text-lines");
+    on.operation<&Document::outline, &lectern_ipc_word_complete_outline>("handle-outline");
+    on.operation<&Document::setFindOptions, &lectern_ipc_word_complete_set_find_options>(
+        "handle-set-find-options");
+    on.operation<&Document::moveSelectionEnd, &lectern_ipc_word_complete_move_selection_end>(
+        "handle-move-selection-end");
+    on.operation<&Document::selectionRegions, &lectern_ipc_word_complete_selection_regions>(
+        "handle-selection-regions");
+}
+
 void connectProperties(const Connector<WordEndpoint>& on) {
     on.operation<&Document::wordCount, &lectern_ipc_word_complete_word_count>("handle-word-count");
     on.handler("handle-information",
@@ -214,6 +228,7 @@ WordEndpoint::WordEndpoint() : DocumentEndpoint(lectern_ipc_word_skeleton_new(),
     const Connector<WordEndpoint> connector(skeleton(), this);
     connectView(connector);
     connectFindingAndSelecting(connector);
+    connectTouch(connector);
     connectProperties(connector);
 }
 
