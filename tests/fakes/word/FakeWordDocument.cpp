@@ -129,6 +129,16 @@ void FakeWordDocument::jump(uint32_t position) {
     paint();
 }
 
+int64_t FakeWordDocument::lineAt(int32_t y) {
+    layOut();
+    return std::clamp<int64_t>((mLayout.top + y) / mLayout.lineRows, 0, lines() - 1);
+}
+
+module_rect FakeWordDocument::lineRectangle(int64_t line) const {
+    return {0, static_cast<int32_t>(line * mLayout.lineRows - mLayout.top), mLayout.width,
+            static_cast<int32_t>(mLayout.lineRows)};
+}
+
 std::vector<module_rect> FakeWordDocument::rectangles(const FakeWordHit& hit) {
     layOut();
     std::vector<module_rect> list;

@@ -22,6 +22,15 @@ public:
     std::vector<module_rect> rectangles(const FakeWordHit& hit);
     bool isInStretch(const module_rect& rectangle) const;
     void paintSecondary(int32_t height);
+    const FakeWordLayout& layout() {
+        layOut();
+        return mLayout;
+    }
+    // The line at a buffer row, from 0, and its first character.
+    int64_t lineAt(int32_t y);
+    uint32_t characterOf(int64_t line) const { return firstCharacterOf(line); }
+    int64_t lineCount() const { return lines(); }
+    module_rect lineRectangle(int64_t line) const;
 
     uint32_t characters() const { return mCharacters; }
 
@@ -31,6 +40,10 @@ public:
     std::vector<std::vector<module_rect>> regionRectangles;
     std::vector<wtg_find_region> regions;
     wtg_click_info click{};
+    std::vector<module_rect> selectionRectangles;
+    std::vector<std::u16string> lineTexts;
+    std::vector<wtg_text_line> lineRecords;
+    std::vector<wtg_outline_entry> outline;
 
 private:
     void markStale();

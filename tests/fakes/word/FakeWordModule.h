@@ -8,6 +8,7 @@
 // its position in the text: see fakeWordPixel().
 #pragma once
 
+#include "modules/TouchWordFunctions.h"
 #include "modules/WordToGoModule.h"
 #include "tests/fakes/module/FakeCalls.h"
 
@@ -23,6 +24,13 @@ struct FakeWordHit {
     int32_t x = 10; // left edge of its rectangles, in buffer pixels
     int32_t width = 30;
     int32_t lines = 1; // each has a rectangle
+};
+
+// An entry of the outline.
+struct FakeWordHeading {
+    std::u16string title;
+    int32_t level;
+    uint32_t character;
 };
 
 // One region that wtg_get_found_regions reports.
@@ -54,6 +62,15 @@ struct FakeWordControl : FakeControl<FakeWordControl> {
     std::optional<std::vector<FakeWordRegion>> regions;
     wtg_click_info click{0, 0, 0, 0};
     std::u16string link = u"http://example.com/";
+
+    // What the optional functions return, besides what follows from the text.
+    module_rect tapArea{0, 0, 0, 0}; // nothing without a width
+    int32_t tapMostDpi = 0;
+    std::vector<FakeWordHeading> headings;
+    int64_t laidOutRows = -1; // -1: the whole text
+    int32_t findOptions = 0;
+    uint32_t selectionStart = 0;
+    uint32_t selectionEnd = 0;
 
     int32_t words = 0;
     int32_t loss = 0; // what lectern_module_lost returns
