@@ -71,8 +71,9 @@ private:
     // What a zoom holds: a character, and how far below its line's top it holds the text.
     struct Hold {
         uint32_t character = 0;
-        double offset = 0.0; // pixels at the zoom 1
-        int viewRow = 0;     // of that place
+        double offset = 0.0;  // pixels at the zoom 1
+        bool isInside = true; // that place is in the line
+        int viewRow = 0;      // of that place
         int documentRow = 0;
         int scroll = 0; // mScroll.y after the zoom: it is another one once the view has moved
     };

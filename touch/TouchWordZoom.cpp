@@ -69,7 +69,7 @@ std::optional<TouchWord::Hold> TouchWord::holdFirstLine() {
     if (!line) {
         return std::nullopt;
     }
-    return Hold{line->character, 0.0, saturatedDifference(line->row, mScroll.y), line->row, mScroll.y};
+    return Hold{line->character, 0.0, true, saturatedDifference(line->row, mScroll.y), line->row, mScroll.y};
 }
 
 // Characters of one line may begin at different rows, if their sizes differ.
@@ -92,7 +92,8 @@ std::optional<TouchWord::Hold> TouchWord::holdAt(const CpPoint& point) {
     }
     const int top = isSame ? mHold->documentRow : line->row;
     const double offset = (saturatedSum(mScroll.y, point.y) - static_cast<double>(top)) / mScale;
-    return Hold{isSame ? mHold->character : line->character, offset, point.y, top, mScroll.y};
+    const bool isInside = offset >= 0.0 && offset * mScale < line->height;
+    return Hold{isSame ? mHold->character : line->character, offset, isInside, point.y, top, mScroll.y};
 }
 
 void TouchWord::zoomAbout(double scale, const CpPoint& from, const CpPoint& to) {
@@ -156,7 +157,7 @@ void TouchWord::show(const Hold& hold, int viewRow, int documentRow) {
 int TouchWord::offsetInLine(const Hold& hold) {
     const int offset = saturateToInt(std::round(hold.offset * mScale));
     const bool isUsual = offset <= mDotsPerInch * mScale / 6.0;
-    if (isUsual || mTouchModule.characterAt == nullptr) {
+    if (isUsual || !hold.isInside || mTouchModule.characterAt == nullptr) {
         return offset;
     }
     const std::optional<Line> line = lineAt(0, mStretch.top());

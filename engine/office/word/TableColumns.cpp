@@ -6,7 +6,6 @@
 #include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/table/XTableRows.hpp>
 #include <com/sun/star/text/TableColumnSeparator.hpp>
-#include <com/sun/star/text/XTextContent.hpp>
 #include <com/sun/star/text/XTextTable.hpp>
 
 #include <algorithm>
@@ -22,10 +21,10 @@ namespace {
 using Separators = css::uno::Sequence<css::text::TableColumnSeparator>;
 
 constexpr int LETTERS = 4;
+constexpr double LETTER_WIDTH = 0.6; // of the font's height
 constexpr double TWIPS_PER_POINT = 20.0;
 constexpr double USUAL_HEIGHT = 12.0;     // points
 constexpr sal_Int32 ROWS_LOOKED_AT = 200; // rows further down are usually like those
-constexpr int MOST_NESTED = 16;
 
 Separators separatorsOf(const Reference<css::beans::XPropertySet>& row) {
     return property<Separators>(row, "TableColumnSeparators");
@@ -62,23 +61,15 @@ double widthOfLetters(const Reference<css::beans::XPropertySet>& cursor) {
     const auto cell = property<Reference<css::beans::XPropertySet>>(cursor, "Cell");
     const int64_t padding = int64_t{property<sal_Int32>(cell, "LeftBorderDistance")} +
                             property<sal_Int32>(cell, "RightBorderDistance");
-    return LETTERS * height / 2.0 * TWIPS_PER_POINT + static_cast<double>(twipsFromHundredthMm(padding));
+    return LETTERS * LETTER_WIDTH * height * TWIPS_PER_POINT +
+           static_cast<double>(twipsFromHundredthMm(padding));
 }
 
 } // namespace
 
 double leastTableWidth(const Reference<css::beans::XPropertySet>& cursor) {
-    auto table = property<Reference<css::text::XTextTable>>(cursor, "TextTable");
-    double width = table.is() ? widthOfLetters(cursor) : 0.0;
-    // A table inside another one is as wide as its cell, which is not narrower than that
-    // table's narrowest.
-    for (int i = 0; table.is() && i < MOST_NESTED; ++i) {
-        width /= narrowestColumn(table);
-        const auto place = table->getAnchor();
-        const auto outside = place->getText()->createTextCursorByRange(place);
-        table = property<Reference<css::text::XTextTable>>(propertiesOf(outside), "TextTable");
-    }
-    return width;
+    const auto table = property<Reference<css::text::XTextTable>>(cursor, "TextTable");
+    return table.is() ? widthOfLetters(cursor) / narrowestColumn(table) : 0.0;
 }
 
 } // namespace lectern::engine
