@@ -117,6 +117,7 @@ private:
     const std::vector<OutlineEntry>* readOutline();
 
     std::optional<Hold> mHold; // of the last zoom
+    bool mTapsAgain = false;   // a double tap where the last zoom was
     std::string mLastLink;
     int mHit = -1; // index of the current hit in mResults
 

@@ -17,6 +17,8 @@ constexpr double LEAST_INCHES = 5.0 / 12.0;
 constexpr double FIT = 1.0;
 // Lines of one row of a table, of which some begin above the view, may follow each other.
 constexpr int LINES_TRIED = 4;
+// How far in inches two taps at one place may be from each other.
+constexpr double TAP_REACH = 0.15;
 // A table or picture that is enlarged by less is as wide as the view already.
 constexpr double LEAST_ENLARGEMENT = 1.1;
 
@@ -81,6 +83,9 @@ bool TouchWord::isInLine(const Hold& hold, const Line& line) {
 // has held as long as it is in the line at the point.
 std::optional<TouchWord::Hold> TouchWord::holdAt(const CpPoint& point) {
     const bool wasHeld = mHold && mHold->scroll == mScroll.y;
+    if (wasHeld && mTapsAgain) {
+        return mHold;
+    }
     const int row = saturatedSum(mScroll.y, std::clamp(point.y, 0, std::max(0, mHeight - 1)));
     const std::optional<Line> line = lineAt(std::clamp(bufferX(point.x), 0, mDocPixmap->Width() - 1), row);
     if (!line) {
@@ -103,13 +108,12 @@ void TouchWord::zoomAbout(double scale, const CpPoint& from, const CpPoint& to) 
         return;
     }
     const double oldScale = mScale;
-    const bool isPoint = from.y > 0;
-    const std::optional<Hold> hold = isPoint ? holdAt(from) : holdFirstLine();
+    const std::optional<Hold> hold = from.y > 0 ? holdAt(from) : holdFirstLine();
     const CpPoint oldScroll = mScroll;
     mScale = scale;
     const double column = (static_cast<double>(mScroll.x) + from.x) * fittingScale(scale) / oldScale;
     mScroll.x = mWideMode ? saturateToInt(column - to.x) : 0;
-    layOutHolding(hold, isPoint || !hold ? to.y : hold->viewRow, oldScale);
+    layOutHolding(hold, (hold ? hold->viewRow : from.y) + saturatedDifference(to.y, from.y), oldScale);
     if (mRenderResult != 0) {
         mScroll = oldScroll;
     }
@@ -233,7 +237,13 @@ bool TouchWord::handleDoubleClick(int x, int y) {
         InvalidateScreen();
         return true;
     }
-    return TouchHandling::handleDoubleClick(x, y);
+    // A second double tap goes back to the place before the first, also if that has led to
+    // an end of the text and its line is not under the finger now.
+    const double away = mHold ? std::abs(static_cast<double>(y) - mHold->viewRow) : 0.0;
+    mTapsAgain = mHold && mHold->scroll == mScroll.y && away <= TAP_REACH * mDotsPerInch;
+    TouchHandling::handleDoubleClick(x, y);
+    mTapsAgain = false;
+    return true;
 }
 
 bool TouchWord::handleGestureStart(double scale, double unused) {

@@ -106,6 +106,17 @@ TEST_F(TouchWordTest, ADoubleTapLeavesTheColumnsOfATableRoomForFourLetters) {
     EXPECT_DOUBLE_EQ(view->place().zoom, 1.5);
 }
 
+TEST_F(TouchWordTest, ASecondDoubleTapGoesBackAlsoFromTheEndOfTheText) {
+    const auto view = openView();
+    view->scrollTo(0, 1500);
+    fakeWord().tapArea = {4, 100, 352, 90};
+    fakeWord().tapMostDpi = 36; // a quarter of the rows
+    view->handleDoubleClick(100, 150);
+    ASSERT_EQ(view->firstTextRow(), TestTouchWord::lastTop(640));
+    view->handleDoubleClick(110, 155);
+    EXPECT_EQ(view->firstTextRow(), 1500);
+}
+
 TEST_F(TouchWordTest, APinchHoldsTheLineBetweenTheFingers) {
     fakeWord().rows = 30000;
     for (const auto& [factor, toY] :
