@@ -50,12 +50,12 @@ TEST_F(TouchWordTest, AFlickGlidesAsTheFormulaSays) {
         view->handlePenDown(100, 500);
         view->handleFlick(300, -1500);
         view->handlePenUp(100, 500);
-        const double start = ControlledTouchClock::now();
+        const double start = touchTime();
         bool moving = true;
         while (moving) {
-            ControlledTouchClock::now() += frame;
+            TouchClock::advance(frame);
             moving = view->tick();
-            const double time = std::min(ControlledTouchClock::now() - start, 0.33 * std::log(150.0));
+            const double time = std::min(touchTime() - start, 0.33 * std::log(150.0));
             EXPECT_NEAR(static_cast<double>(view->firstTextRow()),
                         200.0 + 1500.0 * 0.33 * (1.0 - std::exp(-time / 0.33)), 1.0);
             EXPECT_EQ(view->whiteRows(), 0);
@@ -76,11 +76,11 @@ TEST_F(TouchWordTest, AGlideUpwardsAfterAJumpIsNotDisturbedByNewNumbersOfRows) {
     view->handlePenDown(10, 10);
     view->handlePenUp(10, 10);
     view->handleFlick(0, 9000);
-    const double start = ControlledTouchClock::now();
+    const double start = touchTime();
     for (bool moving = true; moving;) {
-        ControlledTouchClock::now() += 0.016;
+        TouchClock::advance(0.016);
         moving = view->tick();
-        const double time = ControlledTouchClock::now() - start;
+        const double time = touchTime() - start;
         const double way = 9000.0 * 0.33 * (1.0 - std::exp(-time / 0.33));
         EXPECT_NEAR(static_cast<double>(view->firstTextRow()), std::max(0.0, static_cast<double>(from) - way),
                     1.0);
@@ -145,7 +145,7 @@ TEST_F(TouchWordTest, KnowsTheHeightOfTheText) {
     fakeWord().calls.clear();
     view->place();
     EXPECT_TRUE(fakeWord().calls.empty()) << "the place is known without the module";
-    ControlledTouchClock::now() += 1.0;
+    TouchClock::advance(1.0);
     view->tick();
     EXPECT_EQ(view->place().documentHeight, fakeWord().layout.rows);
 }
@@ -175,7 +175,7 @@ TEST_F(TouchWordTest, ATappedLinkTellsItsAddress) {
 TEST_F(TouchWordTest, APenDownStopsAGlideAndDoesNotClick) {
     const auto view = openView();
     view->handleFlick(0, -1500);
-    ControlledTouchClock::now() += 0.1;
+    TouchClock::advance(0.1);
     view->tick();
     fakeWord().calls.clear();
     view->handlePenDown(10, 10);

@@ -117,16 +117,16 @@ void TouchWordSession::drag() {
 void TouchWordSession::fling() {
     const int speed = number(100, 6000) * (chance(50) ? 1 : -1);
     const auto from = static_cast<double>(mView->firstTextRow());
-    const double start = ControlledTouchClock::now();
+    const double start = touchTime();
     mView->handlePenDown(10, 10);
     mView->handleFlick(number(-300, 300), speed);
     mView->handlePenUp(10, 10);
     const double frame = FRAME * number(1, 6) / 2.0;
     const double duration = 0.33 * std::log(std::abs(speed) / 10.0);
     while (mView->glide().isMoving()) {
-        ControlledTouchClock::now() += frame;
+        TouchClock::advance(frame);
         atPaint("a glide");
-        const double time = std::min(ControlledTouchClock::now() - start, duration);
+        const double time = std::min(touchTime() - start, duration);
         const double way = -speed * 0.33 * (1.0 - std::exp(-time / 0.33));
         const double end = static_cast<double>(TestTouchWord::lastTop(mView->height()));
         const double wanted = std::clamp(from + way, 0.0, end);
@@ -137,7 +137,7 @@ void TouchWordSession::fling() {
         }
     }
     const int64_t rest = mView->firstTextRow();
-    ControlledTouchClock::now() += 1.0;
+    TouchClock::advance(1.0);
     atPaint("rest");
     check(mView->firstTextRow() == rest, "moves at rest");
 }

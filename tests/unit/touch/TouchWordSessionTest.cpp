@@ -25,7 +25,7 @@ protected:
     // Discards standard output, which has a line for every preview.
     static std::map<std::string, int> play(unsigned seed, const Reader& reader, int64_t rows, bool optional) {
         testing::internal::CaptureStdout();
-        const ControlledTouchClock clock;
+        const TouchClock clock;
         TouchWordSession session(seed, reader.width, reader.height, rows, optional);
         session.play(20);
         session.visitEnds();

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "tests/fakes/word/FakeWordModule.h"
+#include "tests/unit/touch/TouchClock.h"
 #include "tests/unit/view/Frame.h"
 #include "tests/unit/view/Notifications.h"
 #include "tests/unit/view/TestView.h"
@@ -48,23 +49,6 @@ public:
         const int64_t above = std::min(viewBottom, int64_t{mStretch.top()}) - viewTop;
         const int64_t below = viewBottom - std::max(viewTop, int64_t{mStretch.bottom()});
         return std::max<int64_t>(0, above) + std::max<int64_t>(0, below);
-    }
-};
-
-// The clock of glides, controlled by tests.
-class ControlledTouchClock {
-public:
-    ControlledTouchClock() {
-        now() = 1000.0;
-        setTouchClock([] { return now(); });
-    }
-    ~ControlledTouchClock() { setTouchClock(nullptr); }
-    ControlledTouchClock(const ControlledTouchClock&) = delete;
-    ControlledTouchClock& operator=(const ControlledTouchClock&) = delete;
-
-    static double& now() {
-        static double seconds = 0.0;
-        return seconds;
     }
 };
 
@@ -119,5 +103,5 @@ protected:
         view.handleRecord(pinchRecord(toX, toY, factor, _PINCH_ENDS));
     }
 
-    ControlledTouchClock mClock;
+    TouchClock mClock;
 };
