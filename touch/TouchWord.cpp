@@ -169,11 +169,12 @@ void TouchWord::learnSize() {
 void TouchWord::estimateSize() {
     const uint32_t count = mStretch.characterCount();
     uint32_t end = 0;
-    const bool known = mModule.wtg_get_bottom_right_character(mDocument, 0, &end) == 0 && end > 0;
-    mRows = known && end < count ? static_cast<long long>(mStretch.bottom()) * count / end
-                                 : std::max<long long>(mRows, mStretch.bottom());
-    if (known && end >= count) {
+    if (mModule.wtg_get_bottom_right_character(mDocument, 0, &end) != 0 || end == 0) {
+        mRows = std::max<long long>(mRows, mStretch.bottom());
+    } else if (end >= count) {
         mRows = mStretch.bottom();
+    } else {
+        mRows = saturateToInt(static_cast<double>(mStretch.bottom()) * count / end);
     }
 }
 

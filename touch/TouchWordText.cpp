@@ -9,6 +9,7 @@
 
 namespace {
 
+constexpr int32_t MOST_UNITS = 1 << 28; // of a selection: more than any text has
 constexpr uint8_t SELECTED_COLOUR[3] = {168, 205, 255};
 
 TouchResult prvResult(int32_t code) {
@@ -83,6 +84,9 @@ TouchResult TouchWord::selection(Selection& selection) {
     }
     int32_t length = 0;
     int32_t code = mModule.wtg_copy_selection(mDocument, nullptr, 0, 0, &length);
+    if (length > MOST_UNITS) {
+        return TouchResult::Failed;
+    }
     if (code != MODULE_OK || length < 1) {
         return code != MODULE_OK ? prvResult(code) : TouchResult::NothingThere;
     }

@@ -55,7 +55,9 @@ std::string payloadFor(int docid, Choices& choices) {
     return R"({"docid":)" + std::to_string(docid) + R"(,"search":"a","column":"/dev/null","mode":"on",)" +
            R"("orientation":"left","wideMode":)" + (choices.below(2) == 0 ? "true" : "false") +
            R"(,"xCoord":)" + number() + R"(,"yCoord":)" + number() + R"(,"sheet":)" + small + R"(,"slide":)" +
-           small + R"(,"chr":13,"modifiers":0})";
+           small + R"(,"chr":13,"modifiers":0,"x":)" + number() + R"(,"y":)" + number() + R"(,"entry":)" +
+           small + R"(,"zoom":)" + small + R"(.25,"unit":")" + (choices.below(2) == 0 ? "word" : "line") +
+           (choices.below(2) == 0 ? R"("})" : R"(","end":"end"})");
 }
 
 void callSomething(int docid, Choices& choices) {
@@ -64,21 +66,24 @@ void callSomething(int docid, Choices& choices) {
 }
 
 void sendSomething(int docid, Choices& choices) {
-    ClientServerMessage message(_PAINT + static_cast<long>(choices.below(_WIDE_MODE)), docid);
+    ClientServerMessage message(_PAINT + static_cast<long>(choices.below(_SCROLL_BY)), docid);
     if (message.type >= _GESTURE_START && message.type <= _GESTURE_END) {
         message.setReals(choices.below(40) / 10.0, 0);
     } else {
         message.x = static_cast<int32_t>(choices.below(256) * 2);
         message.y = static_cast<int32_t>(choices.below(256) * 3);
+        message.setPinch(static_cast<float>(choices.below(40)) / 10.0F,
+                         static_cast<int32_t>(choices.below(4)));
     }
     serveMessage(message);
 }
 
-void createDocument(const std::string& path, int frame) {
+void createDocument(const std::string& path, int frame, const char* manners) {
     char payload[512];
     std::snprintf(payload, sizeof payload,
-                  R"({"filename":"%s","width":%d,"height":%d,"shmid":%d,"size":%d,"datastoreshmid":0})",
-                  path.c_str(), WIDTH, HEIGHT, frame, FRAME_BYTES);
+                  R"({"filename":"%s","width":%d,"height":%d,"shmid":%d,"size":%d,"datastoreshmid":0,)"
+                  R"("manners":"%s"})",
+                  path.c_str(), WIDTH, HEIGHT, frame, FRAME_BYTES, manners);
     fakeHub.call("/events", "create", payload);
 }
 
@@ -111,7 +116,8 @@ void runSession(const std::string& folder, const std::string& bytes) {
         // Each document's engine lies in another way.
         std::ofstream(path, std::ios::binary)
             << bytes.substr(bytes.size() * static_cast<size_t>(docid) / 3) << KINDS[docid];
-        createDocument(path, frame);
+        const bool touch = docid == 0 && choices.below(2) == 0;
+        createDocument(path, frame, touch ? "touch" : "classic");
     }
     for (int step = 0; step < STEPS; ++step) {
         const int docid = static_cast<int>(choices.below(DOCUMENTS));
