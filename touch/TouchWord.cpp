@@ -105,6 +105,7 @@ void TouchWord::jumpNear(int row) {
     if (!mStretch.jump(0, character)) {
         return;
     }
+    mNumbered = false;
     if (character != 0) {
         mStretch.place(isEnd ? saturateToInt(mRows - mStretch.used()) : row);
     }
@@ -122,6 +123,7 @@ bool TouchWord::jumpToCharacter(int32_t story, uint32_t position) {
     }
     glide().stop();
     mHold.reset();
+    mNumbered = false;
     if (position != 0) {
         mStretch.place(guess);
     }
@@ -133,15 +135,17 @@ bool TouchWord::jumpToCharacter(int32_t story, uint32_t position) {
     return true;
 }
 
-// Learns the height of the whole text, and the number of the stretch's first row, after
-// the stretch has moved and as long as the text is not known to its end.
+// Learns the height of the whole text, and the number of the stretch's first row where that
+// is a guess. Moves of the stretch keep the number right, so they need no call.
 void TouchWord::learnSize() {
     if (mDocPixmap == nullptr) {
         return;
     }
-    const bool moved = mSizeGeneration != mStretch.generation();
+    const bool isKnown =
+        mTouchModule.textSize != nullptr ? mNumbered && mRowsExact : mSizeGeneration == mStretch.generation();
     const double now = touchTime();
-    if (!moved && (mRowsExact || mTouchModule.textSize == nullptr || now < mSizeTime + SIZE_PAUSE)) {
+    const bool isLate = mTouchModule.textSize == nullptr || !mNumbered || now >= mSizeTime + SIZE_PAUSE;
+    if (isKnown || !isLate) {
         return;
     }
     mSizeGeneration = mStretch.generation();
@@ -157,6 +161,7 @@ void TouchWord::learnSize() {
         return;
     }
     const uint32_t count = mStretch.characterCount();
+    mNumbered = true;
     mRowsExact = characters >= count;
     mRows = mRowsExact ? rows : rows * count / characters;
     if (const int wrong = saturatedDifference(static_cast<int>(top), mStretch.top()); wrong != 0) {

@@ -124,6 +124,7 @@ private:
     // The rows of the whole text, and what they were learned from.
     long long mRows = 0;
     bool mRowsExact = false;
+    bool mNumbered = false; // the number of the stretch's first row was learned, not guessed
     unsigned mSizeGeneration = 0;
     double mSizeTime = 0.0;
 

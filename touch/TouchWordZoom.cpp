@@ -127,7 +127,6 @@ void TouchWord::layOutHolding(const std::optional<Hold>& hold, int viewRow, doub
         mScale = oldScale;
         return;
     }
-    mRowsExact = false;
     if (hold) {
         show(*hold, viewRow, saturateToInt(hold->documentRow * ratio));
     } else {
@@ -171,6 +170,8 @@ int TouchWord::offsetInLine(const Hold& hold) {
 // Every layout makes places in the text those of another one.
 void TouchWord::resizeDocument() {
     mHold.reset();
+    mNumbered = false;
+    mRowsExact = false;
     Word::resizeDocument();
 }
 
@@ -195,7 +196,6 @@ void TouchWord::setWideMode(bool on) {
     glide().stop();
     Word::setWideMode(on);
     limitZoom();
-    mRowsExact = false;
     if (hold && mRenderResult == 0) {
         show(*hold, hold->viewRow, hold->documentRow);
         learnSize();
