@@ -160,3 +160,14 @@ void FakeWordDocument::paintSecondary(int32_t height) {
                     text ? fakeSecondaryPixel(y) : FAKE_WORD_WHITE);
     }
 }
+
+int32_t fakeSelect(uint32_t start, uint32_t end) {
+    fake_word_control()->selectionStart = start;
+    fake_word_control()->selectionEnd = end;
+    return 0;
+}
+
+std::u16string fakeNumbers(uint32_t start, uint32_t end) {
+    const std::string text = std::to_string(start) + "-" + std::to_string(end);
+    return {text.begin(), text.end()};
+}

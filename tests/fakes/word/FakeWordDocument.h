@@ -67,3 +67,8 @@ private:
     bool mStale = false;
     uint32_t mAnchor = 0; // a new layout keeps this character at the top
 };
+
+// Sets the selection. Always returns MODULE_OK.
+int32_t fakeSelect(uint32_t start, uint32_t end);
+// The text of these characters: their numbers, as in "7-19".
+std::u16string fakeNumbers(uint32_t start, uint32_t end);

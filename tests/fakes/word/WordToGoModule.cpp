@@ -3,7 +3,6 @@
 // its scripted result, and calls the document.
 #include "modules/WordToGoModule.h"
 
-#include "modules/TouchWordFunctions.h"
 #include "tests/fakes/module/FakeModule.h"
 #include "tests/fakes/word/FakeWordDocument.h"
 
@@ -29,17 +28,6 @@ FakeWordControl& control() {
 
 FakeWordDocument* document(void* doc) {
     return static_cast<FakeWordDocument*>(doc);
-}
-
-int32_t select(uint32_t start, uint32_t end) {
-    control().selectionStart = start;
-    control().selectionEnd = end;
-    return MODULE_OK;
-}
-
-std::u16string numbers(uint32_t start, uint32_t end) {
-    const std::string text = std::to_string(start) + "-" + std::to_string(end);
-    return {text.begin(), text.end()};
 }
 
 } // namespace
@@ -273,7 +261,7 @@ int32_t wtg_select_all(void* doc) {
     if (const int32_t code = entered(doc, __func__)) {
         return code;
     }
-    return select(0, document(doc)->characters());
+    return fakeSelect(0, document(doc)->characters());
 }
 
 int32_t wtg_select_area(void* /*doc*/, int32_t /*view*/, int32_t /*left*/, int32_t /*top*/, int32_t /*right*/,
@@ -287,7 +275,7 @@ int32_t wtg_select_line(void* doc, int32_t view, int32_t x, int32_t y) {
     }
     FakeWordDocument& d = *document(doc);
     const int64_t line = d.lineAt(y);
-    return select(d.characterOf(line), d.characterOf(line + 1));
+    return fakeSelect(d.characterOf(line), d.characterOf(line + 1));
 }
 
 // A line is one word.
@@ -297,7 +285,7 @@ int32_t wtg_select_word(void* doc, int32_t view, int32_t x, int32_t y) {
     }
     FakeWordDocument& d = *document(doc);
     const int64_t line = d.lineAt(y);
-    return select(d.characterOf(line), d.characterOf(line + 1));
+    return fakeSelect(d.characterOf(line), d.characterOf(line + 1));
 }
 
 // The text of a selection is the numbers of its characters: "7-19".
@@ -307,7 +295,7 @@ int32_t wtg_copy_selection(void* doc, uint16_t* text, int32_t capacity, int32_t 
     }
     std::u16string all;
     if (control().selectionStart < control().selectionEnd) {
-        all = numbers(control().selectionStart, control().selectionEnd);
+        all = fakeNumbers(control().selectionStart, control().selectionEnd);
     }
     return fake::giveText(all, text, capacity, length);
 }
@@ -341,128 +329,4 @@ int32_t wtg_smart_zoom(void* /*doc*/, int32_t /*view*/, int32_t /*x*/, int32_t /
 
 int32_t lectern_module_lost(void* /*doc*/) {
     return fake_word_control()->loss;
-}
-
-int32_t wtg_get_character_at(void* doc, int32_t x, int32_t y, uint32_t* character, module_rect* line) {
-    if (const int32_t code = entered(doc, __func__, x, y)) {
-        return code;
-    }
-    FakeWordDocument& d = *document(doc);
-    const int64_t at = d.lineAt(y);
-    *character = d.characterOf(at);
-    *line = d.lineRectangle(at);
-    return MODULE_OK;
-}
-
-int32_t wtg_get_text_size(void* doc, int64_t* top, int64_t* rows, uint32_t* characters) {
-    if (const int32_t code = entered(doc, __func__)) {
-        return code;
-    }
-    FakeWordDocument& d = *document(doc);
-    const FakeWordLayout& layout = d.layout();
-    *top = layout.top;
-    *rows = layout.rows;
-    *characters = d.characters();
-    if (control().laidOutRows >= 0 && control().laidOutRows < layout.rows) {
-        *rows = control().laidOutRows;
-        *characters = d.characterOf(*rows / layout.lineRows);
-    }
-    return MODULE_OK;
-}
-
-int32_t wtg_get_tap_area(void* doc, int32_t x, int32_t y, module_rect* area, int32_t* most_dpi) {
-    if (const int32_t code = entered(doc, __func__, x, y)) {
-        return code;
-    }
-    if (control().tapArea.width == 0) {
-        return MODULE_NOTHING_THERE;
-    }
-    *area = control().tapArea;
-    *most_dpi = control().tapMostDpi;
-    return MODULE_OK;
-}
-
-int32_t wtg_set_find_options(void* doc, int32_t flags) {
-    if (const int32_t code = entered(doc, __func__, flags)) {
-        return code;
-    }
-    control().findOptions = flags;
-    return MODULE_OK;
-}
-
-int32_t wtg_move_selection_end(void* doc, int32_t end, int32_t x, int32_t y) {
-    if (const int32_t code = entered(doc, __func__, end, x, y)) {
-        return code;
-    }
-    FakeWordDocument& d = *document(doc);
-    const uint32_t start = control().selectionStart;
-    const uint32_t last = control().selectionEnd;
-    if (start >= last) {
-        return MODULE_NOTHING_THERE;
-    }
-    const uint32_t position = d.characterOf(d.lineAt(y));
-    return end == 0 ? select(std::min(position, last - 1), last)
-                    : select(start, std::max(position, start + 1));
-}
-
-int32_t wtg_get_selection_regions(void* doc, int32_t* count, const module_rect** rectangles) {
-    *count = 0;
-    *rectangles = nullptr;
-    if (const int32_t code = entered(doc, __func__)) {
-        return code;
-    }
-    FakeWordDocument& d = *document(doc);
-    const FakeWordLayout& layout = d.layout();
-    d.selectionRectangles.clear();
-    for (int64_t line = d.lineAt(0); line <= d.lineAt(layout.height - 1); ++line) {
-        if (d.characterOf(line) < control().selectionEnd &&
-            d.characterOf(line + 1) > control().selectionStart) {
-            d.selectionRectangles.push_back(d.lineRectangle(line));
-        }
-    }
-    *count = static_cast<int32_t>(d.selectionRectangles.size());
-    *rectangles = d.selectionRectangles.data();
-    return MODULE_OK;
-}
-
-// The text of a line is the numbers of its characters.
-int32_t wtg_get_text_lines(void* doc, int32_t top, int32_t bottom, int32_t* count,
-                           const wtg_text_line** lines) {
-    *count = 0;
-    *lines = nullptr;
-    if (const int32_t code = entered(doc, __func__, top, bottom)) {
-        return code;
-    }
-    FakeWordDocument& d = *document(doc);
-    d.lineTexts.clear();
-    d.lineRecords.clear();
-    const int64_t first = d.lineAt(top);
-    const int64_t last = d.lineAt(bottom - 1);
-    for (int64_t line = first; line <= last; ++line) {
-        d.lineTexts.push_back(numbers(d.characterOf(line), d.characterOf(line + 1)));
-    }
-    for (int64_t line = first; line <= last; ++line) {
-        const std::u16string& text = d.lineTexts[static_cast<size_t>(line - first)];
-        d.lineRecords.push_back({reinterpret_cast<const uint16_t*>(text.c_str()), d.lineRectangle(line)});
-    }
-    *count = static_cast<int32_t>(d.lineRecords.size());
-    *lines = d.lineRecords.data();
-    return MODULE_OK;
-}
-
-int32_t wtg_get_outline(void* doc, int32_t* count, const wtg_outline_entry** entries) {
-    *count = 0;
-    *entries = nullptr;
-    if (const int32_t code = entered(doc, __func__)) {
-        return code;
-    }
-    FakeWordDocument& d = *document(doc);
-    d.outline.clear();
-    for (const FakeWordHeading& heading : control().headings) {
-        d.outline.push_back(
-            {reinterpret_cast<const uint16_t*>(heading.title.c_str()), heading.level, heading.character});
-    }
-    *count = static_cast<int32_t>(d.outline.size());
-    *entries = d.outline.data();
-    return MODULE_OK;
 }
