@@ -80,7 +80,7 @@ FuzzedDocument::~FuzzedDocument() {
     for (size_t docid = gDocuments.size(); docid-- > 0;) {
         doDestroy(static_cast<int>(docid));
     }
-    Openings::stop();
+    stopOpenings();
     shmctl(mFrame, IPC_RMID, nullptr);
     if (mState != 0) {
         shmctl(mState, IPC_RMID, nullptr);

@@ -190,7 +190,7 @@ bool create(HubHandle* handle, HubMessage* message, void* /*data*/) {
         return true;
     }
     if (const std::shared_ptr<Opening> opening = createDocument(call, request)) {
-        Openings::start(opening);
+        startOpening(opening);
     }
     return true;
 }

@@ -15,7 +15,7 @@ void prvUpdateTimer() {
 }
 
 gboolean prvCheckTimeout(void* /*data*/) {
-    if (Openings::areBusy()) {
+    if (hasOpenings()) {
         prvUpdateTimer(); // an open may take longer than IDLE_SECONDS
     }
     // Unsigned subtraction, so that the difference is right also when the 32-bit

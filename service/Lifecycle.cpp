@@ -112,7 +112,7 @@ bool startWorker() {
 // stopModulesSoon() shortens the rendering calls that they may be in.
 void stopWorker() {
     stopModulesSoon();
-    Openings::stop();
+    stopOpenings();
     pthread_cancel(pthread);
     gQueueReaders.stopStandbys();
     pthread_join(pthread, nullptr);

@@ -59,18 +59,14 @@ private:
     std::atomic<bool> mGivenUp = false;
 };
 
-// The openings that run and wait, each on a thread of its own. As many as MOST_AT_ONCE run
+// The openings that run and wait, each on a thread of its own. As many as MOST_OPENINGS run
 // at once, so that a client that opens many documents does not make all of them miss their
 // deadlines; the others begin in the order in which they came.
-namespace Openings {
-
-constexpr size_t MOST_AT_ONCE = 16;
+constexpr size_t MOST_OPENINGS = 16;
 
 // Runs the opening on a thread; without one, on the calling thread.
-void start(const std::shared_ptr<Opening>& opening) EXCLUDES(gRegistry);
+void startOpening(const std::shared_ptr<Opening>& opening) EXCLUDES(gRegistry);
 // Whether any runs or waits.
-bool areBusy();
+bool hasOpenings();
 // Cancels all. Returns when none runs any longer.
-void stop() EXCLUDES(gRegistry);
-
-} // namespace Openings
+void stopOpenings() EXCLUDES(gRegistry);

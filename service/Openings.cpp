@@ -42,7 +42,7 @@ void Threads::start(const std::shared_ptr<Opening>& opening) {
     {
         const lectern::Lock lock(mMutex);
         mWaiting.push_back(opening);
-        if (mThreads == Openings::MOST_AT_ONCE || addThread() || mThreads > 0) {
+        if (mThreads == MOST_OPENINGS || addThread() || mThreads > 0) {
             return;
         }
         mWaiting.pop_back();
@@ -111,14 +111,14 @@ void Threads::stop() {
 
 } // namespace
 
-void Openings::start(const std::shared_ptr<Opening>& opening) {
+void startOpening(const std::shared_ptr<Opening>& opening) {
     threads().start(opening);
 }
 
-bool Openings::areBusy() {
+bool hasOpenings() {
     return threads().areBusy();
 }
 
-void Openings::stop() {
+void stopOpenings() {
     threads().stop();
 }

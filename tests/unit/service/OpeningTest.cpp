@@ -87,7 +87,7 @@ protected:
         for (SlowOpen& open : opens) {
             open.end.release();
         }
-        Openings::stop();
+        stopOpenings();
         ClientSideTest::TearDown();
     }
     // A document whose open has begun, or waits for its turn.
@@ -105,7 +105,7 @@ protected:
             opening = Opening::of(document, docid, "/d/a.odt", password, make);
             document.opening = opening;
         }
-        Openings::start(opening);
+        startOpening(opening);
         return docid;
     }
     int addRunning(SlowOpen& open) {
@@ -130,7 +130,7 @@ protected:
         return IsOpening(static_cast<unsigned int>(docid));
     }
     static void awaitIdle() {
-        while (Openings::areBusy()) {
+        while (hasOpenings()) {
             std::this_thread::yield();
         }
     }
@@ -277,7 +277,7 @@ TEST_F(OpeningTest, DestroyDoesNotWait) {
 }
 
 TEST_F(OpeningTest, MoreThanTheMostWaitForTheirTurn) {
-    for (size_t i = 0; i < Openings::MOST_AT_ONCE; ++i) {
+    for (size_t i = 0; i < MOST_OPENINGS; ++i) {
         addRunning(opens.emplace_back());
     }
     SlowOpen& late = opens.emplace_back();
@@ -297,9 +297,9 @@ TEST_F(OpeningTest, MoreThanTheMostWaitForTheirTurn) {
 TEST_F(OpeningTest, TheEndOfTheServiceEndsTheOpens) {
     SlowOpen& open = opens.emplace_back();
     addRunning(open);
-    Openings::stop();
+    stopOpenings();
     EXPECT_TRUE(open.sawCancel);
-    EXPECT_FALSE(Openings::areBusy());
+    EXPECT_FALSE(hasOpenings());
 }
 
 TEST_F(OpeningTest, CreateAnswersBeforeTheFileIsOpenAndTellsItAfterwards) {
@@ -330,7 +330,7 @@ TEST_F(OpeningTest, ACreateWithoutTouchMannersOpensTheFileBeforeItAnswers) {
     fakeHub.onReply = [&](const std::string&) { EXPECT_EQ(fakeWord().openDocuments, 1); };
     expectCreated(0, payloadOf("a.doc", frame) + R"(, "manners": "other")");
     fakeHub.onReply = nullptr;
-    EXPECT_FALSE(Openings::areBusy());
+    EXPECT_FALSE(hasOpenings());
 }
 
 TEST_F(OpeningTest, AFileWithoutExtensionOpensWhenItsKindIsNamed) {

@@ -26,7 +26,7 @@ protected:
     }
     void open(const ClientFrame& frame) {
         create(payloadOf("a.doc", frame) + R"(, "manners": "touch")");
-        while (Openings::areBusy()) {
+        while (hasOpenings()) {
             std::this_thread::yield();
         }
         takeMessages(static_cast<long>(dataStoreOf(0)));
