@@ -34,9 +34,9 @@ int prvWindowEdge(int edge, int length, int from, int shown, int way, int sheetL
 } // namespace
 
 int TouchExcel::initializeExcel() {
-    mMaxScale = std::min(mMaxScale, MOST_DOTS / mDotsPerInch);
     mScale = wholeZoom(mScale);
     const int code = Excel::initializeExcel();
+    limitZoom();
     // The number comes from the client's record.
     if (isOpen() && !between(0, mCurrentSheet, mSheetCount - 1)) {
         jumpToSheet(0);
@@ -62,6 +62,17 @@ double TouchExcel::smallestZoom() const {
     // The headers' width changes with the zoom too.
     const double width = static_cast<double>(mSheetWidth) + corner().x;
     return std::clamp(mScale * mWidth / width, SMALLEST_ZOOM, fit());
+}
+
+// The headers grow with the zoom. They leave at least half of the view to the cells.
+void TouchExcel::limitZoom() {
+    const CpPoint header = corner();
+    const auto half = [this](int length, int headerLength) {
+        return mScale * length / (2.0 * std::max(1, headerLength));
+    };
+    const double largest =
+        std::min({half(mWidth, header.x), half(mHeight, header.y), LARGEST_ZOOM, MOST_DOTS / mDotsPerInch});
+    mMaxScale = std::max(fit(), largest);
 }
 
 CpRect TouchExcel::shownCells() const {
@@ -110,6 +121,7 @@ void TouchExcel::layOutAnew() {
     findPlace(mTapped);
     findPlace(mSelected);
     findSelectedTracks();
+    limitZoom();
     ReinitSearchRects();
     moveTo(mScroll);
     mIsStale = true;

@@ -103,6 +103,7 @@ private:
 
     // Layout.
     double wholeZoom(double zoom) const;
+    void limitZoom();
     void replaceSurface();
     void placeWindow(int left, int top);
     void takeChanges();

@@ -5,6 +5,7 @@
 #include "touch/TouchExcel.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -29,8 +30,10 @@ bool TouchExcel::handlePenMove(int x, int y) {
 
 bool TouchExcel::handlePenUp(int x, int y) {
     if (mPenDown && mStroke.isAny()) {
+        const bool hadSelection = std::exchange(mSelectionActive, false);
         Excel::handlePenUp(x, y);
         noteSelectedTracks();
+        mSelectionActive = mSelectionActive || hadSelection;
         return true;
     }
     mStroke = HeaderStroke();

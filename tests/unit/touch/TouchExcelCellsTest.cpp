@@ -255,6 +255,18 @@ TEST_F(TouchCellsTest, StrokesInResizeModeShowAGuideAtThePen) {
     EXPECT_NE(paint(*view).at(160, 5), 0xFF404040U);
 }
 
+TEST_F(TouchCellsTest, AStrokeThatSelectsNothingKeepsTheSelection) {
+    const auto view = openView(320, 480);
+    ASSERT_EQ(view->select(SelectUnit::Word, {100, 100}), TouchResult::Ok);
+    view->setResizeMode(true);
+    view->handlePenDown(100, 5);
+    view->handlePenMove(140, 5);
+    view->handlePenUp(140, 5);
+    view->setResizeMode(false);
+    EXPECT_EQ(selected(*view), "|70,95 40x20");
+    EXPECT_TRUE(view->mSelectionActive) << "a tap ends it";
+}
+
 TEST_F(TouchCellsTest, SheetsAreTheOutline) {
     fakeSheet().sheets = {{u"One", 50, 200}, {u"T\"wo", 10, 400}};
     const auto view = openView(320, 480);

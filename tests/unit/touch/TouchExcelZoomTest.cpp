@@ -25,7 +25,7 @@ TEST_F(TouchExcelTest, TellsThePlaceWithoutTheModule) {
     EXPECT_EQ(place.documentHeight, 4000);
     EXPECT_EQ(edges(place.view), (std::vector{100, 200, 390, 665})) << "what is beside the headers";
     EXPECT_EQ(place.smallestZoom, 0.25);
-    EXPECT_EQ(place.largestZoom, 8.0);
+    EXPECT_NEAR(place.largestZoom, 320 / 60.0, 1e-6) << "half of the view is left to the cells";
     EXPECT_EQ(place.fit, 1.0);
     EXPECT_EQ(place.part, 0);
     EXPECT_EQ(place.parts, 1);
@@ -75,8 +75,17 @@ TEST_F(TouchExcelTest, TheSmallestZoomShowsTheWholeWidth) {
     EXPECT_EQ(narrow->place().smallestZoom, 1.0) << "narrower than the view";
 }
 
+TEST_F(TouchExcelTest, TheHeadersLeaveRoomForTheCellsAtTheLargestZoom) {
+    const auto view = openView(320, 480);
+    view->zoomTo(100.0, {0, 0});
+    EXPECT_NEAR(view->corner().x, 160, 3);
+    expectSheet(*view, paint(*view), 3);
+    auto wide = openView(1000, 480);
+    EXPECT_EQ(wide->place().largestZoom, 8.0);
+}
+
 TEST_F(TouchExcelTest, TheModuleIsToldNoMoreDotsThanItTakes) {
-    auto view = std::make_unique<TestTouchExcel>(320, 480, 0, 0, 400.0);
+    auto view = std::make_unique<TestTouchExcel>(2400, 1000, 0, 0, 400.0);
     ASSERT_EQ(view->openFile(TestTouchExcel::DOCUMENT, nullptr), 0);
     EXPECT_EQ(view->place().largestZoom, 6.0);
     view->zoomTo(8.0, {0, 0});
