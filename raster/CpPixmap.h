@@ -75,6 +75,10 @@ public:
     void ScaleCopyToFit(const CpRect& src, uint32_t* dst, const CpRect& dstRect, int dstWidth,
                         int dstHeight) const;
 
+    // Copies pixels of a row: dst[i] is that of columns[i]. REQUIRES: columns ascend, and
+    // they and the row are inside the image.
+    void PickColumns(int row, const int* columns, uint32_t* dst, size_t count) const;
+
     // Translucent fills: blend the colour 0xAARRGGBB over the pixels, whose own alpha
     // does not change. All return 0. Lines may reach one column and one row past the
     // image, and triangles are not shortened at the left and top edges. A pixmap

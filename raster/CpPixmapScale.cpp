@@ -161,3 +161,7 @@ void CpPixmap::ScaleCopyToFit(const CpRect& src, uint32_t* dst, const CpRect& ds
         scaleRowsChecked(*this, sourceColumns, sourceRows, target, rows, dst);
     }
 }
+
+void CpPixmap::PickColumns(int row, const int* columns, uint32_t* dst, size_t count) const {
+    pixelKernels().pick(mPixels + ptrdiff_t{row} * Width(), columns, dst, count);
+}

@@ -137,6 +137,14 @@ TEST(CopyBitsTo, StartsAtThePlacesCornerWithTheFirstKeptPixel) {
 
 // 0 1 2
 // 3 4 5
+TEST(PickColumns, TakesTheColumnsOfOneRow) {
+    const Numbered pixmap(20, 2);
+    const std::vector<int> columns = {0, 0, 3, 4, 4, 7, 8, 9, 11, 19};
+    std::vector<uint32_t> picked(11, UNTOUCHED);
+    pixmap.PickColumns(1, columns.data(), picked.data(), columns.size());
+    EXPECT_EQ(picked, (std::vector<uint32_t>{20, 20, 23, 24, 24, 27, 28, 29, 31, 39, UNTOUCHED}));
+}
+
 TEST(CopyTurned, IsTurnedExactlyAndStaysInsideTheImage) {
     const Numbered pixmap(3, 2); // 0 1 2
                                  // 3 4 5
