@@ -38,9 +38,7 @@ void copyStretched(const CpPixmap& picture, const CpRect& to, uint32_t* frame, i
         if (source == sourceBefore) {
             std::memcpy(out, before, columns.sources.size() * sizeof *out);
         } else {
-            const uint32_t* row = picture.Pixels() + static_cast<ptrdiff_t>(source) * picture.Width();
-            std::transform(columns.sources.begin(), columns.sources.end(), out,
-                           [row](int column) { return row[column]; });
+            picture.PickColumns(source, columns.sources.data(), out, columns.sources.size());
         }
         before = out;
         sourceBefore = source;

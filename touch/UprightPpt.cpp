@@ -136,6 +136,23 @@ void UprightPpt::handlePaint(unsigned int* frameBuffer) {
     }
 }
 
+void UprightPpt::eraseAround(const CpRect& slide, unsigned int* frameBuffer) const {
+    const auto erase = [&](int row, int from, int to) {
+        eraseBuffer(frameBuffer + static_cast<ptrdiff_t>(row) * mWidth + from,
+                    static_cast<unsigned int>(to - from));
+    };
+    const int left = std::clamp(slide.Left(), 0, mWidth);
+    const int right = std::clamp(slide.Right(), left, mWidth);
+    for (int row = 0; row < mHeight; ++row) {
+        if (row < slide.Top() || row >= slide.Bottom()) {
+            erase(row, 0, mWidth);
+        } else {
+            erase(row, 0, left);
+            erase(row, right, mWidth);
+        }
+    }
+}
+
 // Shows the rendered surface where the pinch would leave it if it ended now.
 void UprightPpt::handlePaintGesture(unsigned int* frameBuffer) {
     if (mOffscreenDirty) {
@@ -144,9 +161,9 @@ void UprightPpt::handlePaintGesture(unsigned int* frameBuffer) {
     if (repeatLastFrame(frameBuffer)) {
         return;
     }
-    eraseBuffer(frameBuffer, framePixels());
     const PinchAnchor& pinch = pinchAnchor();
     const CpRect slide = placingAbout(mScale * pinch.previewFactor(), pinch.begun(), pinch.point()).inView();
+    eraseAround(slide, frameBuffer);
     copyStretched(*mSurface, slide, frameBuffer, mWidth, mHeight);
     mHasShown = true;
     CpPixmap frame(frameBuffer, mWidth, mHeight);

@@ -90,6 +90,8 @@ private:
     CpPoint onSurface(const CpPoint& point) const;
     CpRect onView(CpRect r) const;
     bool hasPicture() const { return mSurface != nullptr && mSurface->Pixels() != nullptr; }
+    // Paints what of the view lies around the slide.
+    void eraseAround(const CpRect& slide, unsigned int* frameBuffer) const;
     // Ends what a finger, a pinch or a glide is doing.
     void endContact();
     void changeSlide(int slide);
