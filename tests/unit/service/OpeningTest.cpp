@@ -72,6 +72,7 @@ public:
     ViewPlace place() const override { return {}; }
     void scrollTo(int, int) override {}
     void zoomTo(double, const CpPoint&) override {}
+    CpPoint middle() const override { return {0, 0}; }
     void resize(int, int) override {}
 
     std::string opened;
