@@ -112,11 +112,12 @@ void TouchExcel::findPlace(CellRange& range) const {
     findTrack(ROW_TRACKS, range.first.row, range.place.Top(), first.y, length.y);
     last.set(saturatedSum(first.x, length.x), saturatedSum(first.y, length.y));
     if (range.last.column != range.first.column) {
-        findTrack(COLUMN_TRACKS, range.last.column, range.place.Right() - 1, last.x, length.x);
+        findTrack(COLUMN_TRACKS, range.last.column, saturatedDifference(range.place.Right(), 1), last.x,
+                  length.x);
         last.x = saturatedSum(last.x, length.x);
     }
     if (range.last.row != range.first.row) {
-        findTrack(ROW_TRACKS, range.last.row, range.place.Bottom() - 1, last.y, length.y);
+        findTrack(ROW_TRACKS, range.last.row, saturatedDifference(range.place.Bottom(), 1), last.y, length.y);
         last.y = saturatedSum(last.y, length.y);
     }
     range.place = CpRect(first, last);
@@ -162,7 +163,8 @@ TouchExcel::CellRange TouchExcel::cellsAt(const CpPoint& documentPoint) const {
     if (mFunctions.getCell == nullptr || fetchCell(index, found) != TouchResult::Ok || found.place.Empty()) {
         return {mCurrentSheet, index, index, boundsAt(documentPoint)};
     }
-    const CellIndex last = cellAt({found.place.Right() - 1, found.place.Bottom() - 1});
+    const CellIndex last =
+        cellAt({saturatedDifference(found.place.Right(), 1), saturatedDifference(found.place.Bottom(), 1)});
     return {mCurrentSheet, {found.column, found.row}, last, found.place};
 }
 

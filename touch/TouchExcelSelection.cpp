@@ -52,9 +52,10 @@ void TouchExcel::findSelectedTracks() {
     }
     const CpRect& place = mSelected.place;
     if (mSelectedKind == Selected::Columns) {
-        mSelection = CpRect(place.Left(), 0, std::max(place.Left(), place.Right() - 1), 0);
+        mSelection =
+            CpRect(place.Left(), 0, std::max(place.Left(), saturatedDifference(place.Right(), 1)), 0);
     } else if (mSelectedKind == Selected::Rows) {
-        mSelection = CpRect(0, place.Top(), 0, std::max(place.Top(), place.Bottom() - 1));
+        mSelection = CpRect(0, place.Top(), 0, std::max(place.Top(), saturatedDifference(place.Bottom(), 1)));
     }
 }
 
@@ -63,9 +64,10 @@ void TouchExcel::selectRange(Selected selected, const CellRange& range) {
     mSelected = range;
     const CpRect& place = range.place;
     if (selected == Selected::Columns) {
-        selectTracks(COLUMN_TRACKS, place.Left(), std::max(place.Left(), place.Right() - 1));
+        selectTracks(COLUMN_TRACKS, place.Left(),
+                     std::max(place.Left(), saturatedDifference(place.Right(), 1)));
     } else if (selected == Selected::Rows) {
-        selectTracks(ROW_TRACKS, place.Top(), std::max(place.Top(), place.Bottom() - 1));
+        selectTracks(ROW_TRACKS, place.Top(), std::max(place.Top(), saturatedDifference(place.Bottom(), 1)));
     } else {
         mModule.stg_set_highlight_color(mDocument, SELECTION_COLOUR);
         mModule.stg_select_area(mDocument, mCurrentSheet, place.Left(), place.Top(),
