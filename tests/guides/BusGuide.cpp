@@ -63,10 +63,12 @@ std::vector<GuideMethod> busGuide() {
 
 std::vector<std::string> busGuideCommands() {
     std::vector<std::string> commands;
-    for (const std::string& block : markdown::blocks(markdown::read("docs/bus.md"), "sh")) {
-        std::istringstream lines(block);
-        for (std::string line; std::getline(lines, line);) {
-            commands.push_back(line);
+    for (const char* guide : {"docs/bus.md", "docs/touch.md"}) {
+        for (const std::string& block : markdown::blocks(markdown::read(guide), "sh")) {
+            std::istringstream lines(block);
+            for (std::string line; std::getline(lines, line);) {
+                commands.push_back(line);
+            }
         }
     }
     return commands;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Runs the commands of docs/bus.md unchanged in a shell.
+// Runs the commands of docs/bus.md and docs/touch.md unchanged in a shell.
 #include "tests/guides/BusGuide.h"
 #include "tests/system/support/ServiceFixture.h"
 
@@ -130,6 +130,7 @@ TEST_F(BusctlTest, EveryCommandOfTheGuideGetsTheReplyThatTheGuideShows) {
         }
     }
     EXPECT_TRUE(std::filesystem::remove("/tmp/lectern-copy.txt")) << "what the guide copies to";
+    EXPECT_TRUE(std::filesystem::remove("/tmp/lectern-export.txt")) << "what the guide exports to";
     EXPECT_TRUE(unused.empty()) << "no command for " << unused.begin()->first;
 }
 
