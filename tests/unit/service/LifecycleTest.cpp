@@ -27,6 +27,7 @@ const std::vector<std::string> START = {"register com.kestrel.office",
                                         "category /word",
                                         "category /excel",
                                         "category /ppt",
+                                        "category /touch",
                                         "attach"};
 
 TEST_F(LifecycleTest, RegistersEverythingInOrderAndStopsInOrderOnSigterm) {
