@@ -182,9 +182,11 @@ void printInputs(const std::vector<Frame>& frames) {
 void frameFigures(const Arguments& arguments) {
     const int width = std::stoi(arguments[1]);
     const int height = std::stoi(arguments[2]);
-    const bool touch = arguments.size() > 5 && arguments[5] == "touch";
+    TestDocument::Options options;
+    options.touchKind = arguments.size() > 5 ? arguments[5] : "";
+    const bool touch = !options.touchKind.empty();
     RunningService service;
-    OpenedDocument opened(service, arguments[0], width, height, {.touch = touch});
+    OpenedDocument opened(service, arguments[0], width, height, options);
     service.waitUntilQuiet();
     Fingers fingers(opened, width, height, std::stod(arguments[3]), touch ? "/touch" : "/common");
     fingers.search(touch ? "search" : "Search", arguments[4]);

@@ -24,7 +24,7 @@ constexpr Measurement MEASUREMENTS[] = {
     {"search", "FILE WORD STEPS", 3, searchFigures},
     {"paint", "FILE WIDTH HEIGHT ROUNDS", 4, paintFigures},
     {"call", "FILE ROUNDS", 2, callFigures},
-    {"frames", "FILE WIDTH HEIGHT SECONDS WORD [touch]", 5, frameFigures},
+    {"frames", "FILE WIDTH HEIGHT SECONDS WORD [KIND]", 5, frameFigures},
     {"idle", "FILE WIDTH HEIGHT SECONDS", 4, idleFigures},
     {"zoom", "FILE WIDTH HEIGHT", 3, zoomFigures},
 };

@@ -116,14 +116,15 @@ def _scales(ways: Ways, documents: Documents, sizes: Sizes) -> list[Experiment]:
 
 
 def _frames(ways: Ways, documents: Documents, sizes: Sizes) -> list[Experiment]:
-    kinds = [('text', documents.pages(sizes.long_text, hits=1_000), HIT),
-             ('sheet', documents.rows(min(5_000, sizes.long_sheet)), HIT), ('slides', documents.slides(40), 'needle')]
+    kinds = [('text', documents.pages(sizes.long_text, hits=1_000), HIT, 'word'),
+             ('sheet', documents.rows(min(5_000, sizes.long_sheet)), HIT, 'excel'),
+             ('slides', documents.slides(40), 'needle', 'ppt')]
     made = []
-    for kind, document, word in kinds:
+    for kind, document, word, touch_kind in kinds:
         for width, height in (PHONE, TABLET):
             moves = [document, width, height, sizes.seconds, word]
             measured = {'frames': Way(ways.own('service_bench', 'frames', *moves)),
-                        'touch': Way(ways.own('service_bench', 'frames', *moves, 'touch'))}
+                        'touch': Way(ways.own('service_bench', 'frames', *moves, touch_kind))}
             rows = [Row('frames over 8.3 ms', figure('frames.over-8.3'), goal=0.5, unit='%'),
                     Row('frames over 16 ms', figure('frames.over-16'), unit='%'),
                     Row('longest frame', figure('frames.longest'), goal=16),

@@ -108,8 +108,9 @@ struct Seen {
 
 class Onlooker {
 public:
-    Onlooker(BusConnection& bus, Queue& queue, const std::string& file, bool touch)
-        : mBus(bus), mQueue(queue), mDocument(bus, queue, file, WIDTH, HEIGHT, options(touch)) {
+    // touchKind: of a document with touch manners; empty without.
+    Onlooker(BusConnection& bus, Queue& queue, const std::string& file, const std::string& touchKind = "")
+        : mBus(bus), mQueue(queue), mDocument(bus, queue, file, WIDTH, HEIGHT, options(touchKind)) {
         look();
     }
 
@@ -120,9 +121,9 @@ public:
     const Seen& seen() const { return mSeen; }
 
 private:
-    static TestDocument::Options options(bool touch) {
+    static TestDocument::Options options(const std::string& touchKind) {
         TestDocument::Options options;
-        options.touch = touch;
+        options.touchKind = touchKind;
         return options;
     }
     void look() {
@@ -148,7 +149,7 @@ private:
 class TouchNeighbourTest : public ServiceTest, public testing::WithParamInterface<const char*> {
 protected:
     Seen alone(const std::string& file, const std::vector<Input>& all) {
-        Onlooker onlooker(*client, *queue, file, false);
+        Onlooker onlooker(*client, *queue, file);
         for (const Input& input : all) {
             onlooker.give(input);
         }
@@ -175,9 +176,9 @@ TEST_P(TouchNeighbourTest, AClassicViewIsByteForByteAsWithoutTouchViews) {
     stopService();
     startService();
 
-    Onlooker before(*client, *queue, file, false);
-    Onlooker touch(*client, *queue, file, true);
-    Onlooker after(*client, *queue, file, false);
+    Onlooker before(*client, *queue, file);
+    Onlooker touch(*client, *queue, file, kind == "docx" ? "word" : kind == "xlsx" ? "excel" : "ppt");
+    Onlooker after(*client, *queue, file);
     for (const Input& input : all) {
         for (Onlooker* each : {&before, &touch, &after}) {
             each->give(input);

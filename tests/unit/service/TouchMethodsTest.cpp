@@ -35,6 +35,7 @@ public:
         note("zoomTo " + std::to_string(zoom).substr(0, 4) + " " + at(about));
     }
     void resize(int /*width*/, int /*height*/) override {}
+    CpPoint middle() const override { return {240, 400}; }
     std::string lastLink() const override { return told.text; }
     TouchResult search(const char* text, const SearchOptions& options, HitPlace& hit) override {
         note(std::string("search ") + text + (options.matchCase ? " case" : "") +
