@@ -50,10 +50,10 @@ private:
 class TestDocument {
 public:
     struct Options {
-        std::string password;
+        std::string password{};
         unsigned int dataStore = 0;
-        std::string touchKind;  // not empty: with touch manners, as a document of this kind
-        bool awaitsOpen = true; // else the caller does, by awaitOpened()
+        std::string touchKind{}; // not empty: with touch manners, as a document of this kind
+        bool awaitsOpen = true;  // else the caller does, by awaitOpened()
     };
     TestDocument(BusConnection& bus, Queue& queue, const std::string& path, int width, int height,
                  const Options& options);
