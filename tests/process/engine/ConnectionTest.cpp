@@ -111,11 +111,12 @@ TEST_F(ConnectionTest, CallsAndSignalsOfAnEngineAreDroppedWithoutAnAnswer) {
 
 TEST_F(ConnectionTest, AnEngineThatSendsTooMuchUnaskedIsCutOff) {
     peer->sendUnasked(AnswerFilter::TOLERATED + 1);
-    EXPECT_FALSE(call());
+    call(); // it can still be answered before the engine is cut off
     for (int waited = 0; !peer->isClosed() && waited < 20000; ++waited) {
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
     EXPECT_TRUE(peer->isClosed());
+    EXPECT_FALSE(call());
 }
 
 // Files of an unfinished message would be kept by GLib, until this process has no
