@@ -177,7 +177,8 @@ int32_t SheetDocument::setHighlightColor(const Colour& /*colour*/) {
 }
 
 int32_t SheetDocument::find(int32_t sheet, const std::u16string& text) {
-    mPrivate->hits = static_cast<int32_t>(text.size()) + mPrivate->findOptions;
+    // Only the two flags count, because a fuzzer sends any number.
+    mPrivate->hits = static_cast<int32_t>(text.size()) + (mPrivate->findOptions & 3);
     return whenSheet(sheet);
 }
 
