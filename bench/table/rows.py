@@ -30,11 +30,12 @@ class Sizes:
     pages: tuple[int, ...]
     rows: tuple[int, ...]
     seconds: float
+    screens: tuple[tuple[int, int], ...]  # on which frames are measured
     raster_rounds: int
 
 
-FULL = Sizes(7, 200, 20_000, (1, 2, 10, 50), (10, 100, 1_000), (1_000, 10_000, 100_000), 60, 41)
-SHORT = Sizes(1, 6, 300, (1, 2), (2, 4), (100, 200), 1, 1)
+FULL = Sizes(7, 200, 20_000, (1, 2, 10, 50), (10, 100, 1_000), (1_000, 10_000, 100_000), 60, (PHONE, TABLET), 41)
+SHORT = Sizes(1, 6, 300, (1, 2), (2, 4), (100, 200), 1, (PHONE,), 1)
 
 
 def experiments(ways: Ways, documents: Documents, sizes: Sizes) -> list[Experiment]:
@@ -121,7 +122,7 @@ def _frames(ways: Ways, documents: Documents, sizes: Sizes) -> list[Experiment]:
              ('slides', documents.slides(40), 'needle', 'ppt')]
     made = []
     for kind, document, word, touch_kind in kinds:
-        for width, height in (PHONE, TABLET):
+        for width, height in sizes.screens:
             moves = [document, width, height, sizes.seconds, word]
             measured = {'frames': Way(ways.own('service_bench', 'frames', *moves)),
                         'touch': Way(ways.own('service_bench', 'frames', *moves, touch_kind))}
