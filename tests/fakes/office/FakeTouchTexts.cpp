@@ -19,6 +19,9 @@ int32_t WordDocument::characterAt(int32_t /*x*/, int32_t y, uint32_t& character,
     uint32_t count = 0;
     StretchPlace place;
     const int32_t result = std::max({characterCount(count), layoutSize(width, rows), stretchPlace(place)});
+    if (rows < 1) {
+        return std::max<int32_t>(result, MODULE_NOTHING_THERE); // a text without rows
+    }
     character = place.topLeft + static_cast<uint32_t>(y) * (count / static_cast<uint32_t>(rows));
     line = {{0, y, width, 1}};
     return result;
