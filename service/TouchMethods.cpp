@@ -101,32 +101,20 @@ TouchResult select(TouchView& view, const TouchSelect& parameters, json_object* 
                                : view.select(parameters.unit, parameters.point);
 }
 
-TouchResult getSelection(TouchView& view, const TouchDocid& /*parameters*/, json_object* reply) {
-    Selection selection;
-    const TouchResult result = view.selection(selection);
+// Adds what an operation of the view answers.
+template<typename Answer, TouchResult (TouchView::*ask)(Answer&), void (*add)(json_object*, const Answer&)>
+TouchResult answer(TouchView& view, const TouchDocid& /*parameters*/, json_object* reply) {
+    Answer told;
+    const TouchResult result = (view.*ask)(told);
     if (result == TouchResult::Ok) {
-        addSelection(reply, selection);
+        add(reply, told);
     }
     return result;
 }
 
-TouchResult getText(TouchView& view, const TouchDocid& /*parameters*/, json_object* reply) {
-    std::vector<TextLine> lines;
-    const TouchResult result = view.visibleText(lines);
-    if (result == TouchResult::Ok) {
-        addLines(reply, lines);
-    }
-    return result;
-}
-
-TouchResult getOutline(TouchView& view, const TouchDocid& /*parameters*/, json_object* reply) {
-    std::vector<OutlineEntry> entries;
-    const TouchResult result = view.outline(entries);
-    if (result == TouchResult::Ok) {
-        addOutline(reply, entries);
-    }
-    return result;
-}
+constexpr auto getSelection = answer<Selection, &TouchView::selection, addSelection>;
+constexpr auto getText = answer<std::vector<TextLine>, &TouchView::visibleText, addLines>;
+constexpr auto getOutline = answer<std::vector<OutlineEntry>, &TouchView::outline, addOutline>;
 
 TouchResult goTo(TouchView& view, const TouchEntry& parameters, json_object* /*reply*/) {
     return view.goTo(parameters.entry);

@@ -48,12 +48,8 @@ public:
     }
 
     bool handlePenDown(int x, int y) override {
-        const bool wasGliding = mGlide.isMoving();
+        this->mTapStoppedScroll = mGlide.isMoving();
         mGlide.stop();
-        if (wasGliding) {
-            glideEnded();
-        }
-        this->mTapStoppedScroll = wasGliding;
         if (!this->mGestureActive) {
             this->mPenDown = true;
             this->mPenDownPoint.set(x, y);
@@ -174,8 +170,6 @@ public:
             }
             if (mGlide.isMoving()) {
                 this->InvalidateScreen();
-            } else {
-                glideEnded();
             }
         }
         cover();
@@ -249,7 +243,6 @@ private:
     virtual CpPoint toldWay(const CpPoint& way) const { return way; }
     // Whether the document can be wider than the view.
     virtual bool movesSideways() const { return true; }
-    virtual void glideEnded() {}
 
     double limitedZoom(double zoom) const {
         return std::clamp(zoom, smallestZoom(), std::max(smallestZoom(), this->mMaxScale));

@@ -51,7 +51,6 @@ public:
 
     bool locksDrags = true;
     int covered = 0;
-    int glidesEnded = 0;
     int layouts = 0;
 
 private:
@@ -72,5 +71,4 @@ private:
     }
     void layOutForSize() override { ++layouts; }
     bool dragLocks() const override { return locksDrags; }
-    void glideEnded() override { ++glidesEnded; }
 };
