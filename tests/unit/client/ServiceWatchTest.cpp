@@ -40,6 +40,13 @@ protected:
         g_variant_get(reply.get(), "(u)", &process);
         return static_cast<pid_t>(process);
     }
+    // The end of the close does not wait until the connection knows that it is closed.
+    void loseBus() {
+        g_dbus_connection_close_sync(mBus.connection(), nullptr, nullptr);
+        while (!mBus.isClosed()) {
+            g_main_context_iteration(nullptr, TRUE); // wakes up for the signal "closed"
+        }
+    }
 
     FakeService mService;
     Bus mBus;
@@ -71,7 +78,7 @@ TEST_F(ServiceWatchTest, DoesNotWaitForTheBus) {
 }
 
 TEST_F(ServiceWatchTest, TellsOfABusThatIsLost) {
-    g_dbus_connection_close_sync(mBus.connection(), nullptr, nullptr);
+    loseBus();
     watch(LEFT_LONG_AGO);
     EXPECT_TRUE(isTold(10s));
 }
