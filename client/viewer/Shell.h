@@ -8,6 +8,10 @@
 
 namespace lectern::viewer {
 
+inline constexpr const char* APPLICATION_ID = "com.kestrel.office.Viewer";
+inline constexpr const char* RESOURCES = "/com/kestrel/office/viewer/";
+inline constexpr const char* TEXT_DOMAIN = "lectern"; // of gettext
+
 // What a window offers to its parts: the search bar, the side bar, the bar of a sheet,
 // the actions. It outlives them.
 class Shell {
@@ -15,7 +19,7 @@ public:
     virtual ~Shell() = default;
 
     virtual GtkWindow* window() = 0;
-    // The view; "notify::document" tells of another document.
+    // The view; "notify::document" tells of another document, which is open already.
     virtual LecternView* view() = 0;
     // The open document, or null.
     virtual LecternDocument* document() = 0;
@@ -26,6 +30,8 @@ public:
     virtual void say(const std::string& message) = 0;
     // Opens a file: in this window if it has no document, else in one of its own.
     virtual void open(GFile* file) = 0;
+    // Shows or hides all that is not the document: the header, bars and panes.
+    virtual void showBars(bool shown) = 0;
 };
 
 } // namespace lectern::viewer
