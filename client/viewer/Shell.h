@@ -19,19 +19,19 @@ public:
     virtual ~Shell() = default;
 
     virtual GtkWindow* window() = 0;
-    // The view; "notify::document" tells of another document, which is open already.
+    // The view. It has its document before that is opened: see signalsOfDocument() in Ui.h.
     virtual LecternView* view() = 0;
-    // The open document, or null.
+    // The opened document, or null.
     virtual LecternDocument* document() = 0;
     // Where parts add their actions, named "win.NAME" in menus and shortcuts.
     virtual GActionMap* actions() = 0;
 
     // Shows a short message for some seconds.
     virtual void say(const std::string& message) = 0;
+    // For messages with buttons or of another length.
+    virtual AdwToastOverlay* toasts() = 0;
     // Opens a file: in this window if it has no document, else in one of its own.
     virtual void open(GFile* file) = 0;
-    // Shows or hides all that is not the document: the header, bars and panes.
-    virtual void showBars(bool shown) = 0;
 };
 
 } // namespace lectern::viewer

@@ -20,15 +20,14 @@ void Window::fillPlaces() {}
 void Window::say(const std::string& message) {
     AdwToast* toast = adw_toast_new("");
     adw_toast_set_title(toast, GLibHolder<char>(g_markup_escape_text(message.c_str(), -1)).get());
-    adw_toast_overlay_add_toast(ADW_TOAST_OVERLAY(mUi.object("toasts")), toast);
+    adw_toast_overlay_add_toast(toasts(), toast);
 }
 
 void Window::open(GFile* /*file*/) {}
 
-void Window::showBars(bool shown) {
-    for (const char* bar : {"header", "search", "bottom"}) {
-        gtk_widget_set_visible(mUi.widget(bar), shown ? TRUE : FALSE);
-    }
+LecternDocument* Window::document() {
+    LecternDocument* shown = lectern_view_get_document(mView);
+    return shown != nullptr && lectern_document_get_opened(shown) != FALSE ? shown : nullptr;
 }
 
 } // namespace lectern::viewer
