@@ -8,8 +8,7 @@ namespace lectern {
 
 int runInfo(const PrintArguments& arguments, Interrupt& interrupt) {
     const auto work = [&](Document& document, const CallLimits& limits) -> Failure {
-        const Result<std::string> properties =
-            common::getDocProperties(document.bus(), document.docid(), limits);
+        const Result<std::string> properties = document.ask(common::getDocProperties(), limits);
         if (!properties) {
             return properties.error();
         }

@@ -13,7 +13,7 @@ namespace lectern {
 
 namespace {
 
-using ListCall = Result<std::string> (*)(const Bus&, int docid, const CallLimits&);
+using ListCall = Call<std::string> (*)();
 
 // Prints the list, with a note when the service's list was cut off.
 Failure printListing(const PartList& list, const char* what) {
@@ -30,7 +30,7 @@ Failure printListing(const PartList& list, const char* what) {
 
 int runList(const PrintArguments& arguments, Interrupt& interrupt, ListCall call, const char* what) {
     const auto work = [&](Document& document, const CallLimits& limits) -> Failure {
-        const Result<std::string> reply = call(document.bus(), document.docid(), limits);
+        const Result<std::string> reply = document.ask(call(), limits);
         if (!reply) {
             return reply.error();
         }

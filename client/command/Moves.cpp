@@ -52,12 +52,12 @@ bool isNothingThere(const Error& error) {
     return error.kind == Error::Kind::Refused && error.name == "errNothingThere";
 }
 
-using TouchStep = Result<touch::Hit> (*)(const Bus&, int docid, const CallLimits&);
-using ClassicStep = Failure (*)(const Bus&, int docid, const CallLimits&);
+using TouchStep = Call<touch::Hit> (*)();
+using ClassicStep = Call<void> (*)();
 
 Failure step(Document& document, TouchStep touchStep, ClassicStep classicStep, const CallLimits& limits) {
     if (document.manners() == Manners::Touch) {
-        const Result<touch::Hit> hit = touchStep(document.bus(), document.docid(), limits);
+        const Result<touch::Hit> hit = document.ask(touchStep(), limits);
         if (hit || isNothingThere(hit.error())) {
             return std::nullopt;
         }
@@ -65,7 +65,7 @@ Failure step(Document& document, TouchStep touchStep, ClassicStep classicStep, c
             return hit.error();
         }
     }
-    return classicStep(document.bus(), document.docid(), limits);
+    return document.ask(classicStep(), limits);
 }
 
 } // namespace
@@ -73,7 +73,7 @@ Failure step(Document& document, TouchStep touchStep, ClassicStep classicStep, c
 Result<std::optional<int>> goToFirstHit(Document& document, const std::string& text,
                                         const CallLimits& limits) {
     if (document.manners() == Manners::Touch) {
-        const Result<touch::Hit> hit = touch::search(document.bus(), document.docid(), text, {}, limits);
+        const Result<touch::Hit> hit = document.ask(touch::search(text), limits);
         if (hit || isNothingThere(hit.error())) {
             return std::optional(hit ? hit->hits : 0);
         }
@@ -81,7 +81,7 @@ Result<std::optional<int>> goToFirstHit(Document& document, const std::string& t
             return hit.error();
         }
     }
-    const Result<int> hits = common::search(document.bus(), document.docid(), text, limits);
+    const Result<int> hits = document.ask(common::search(text), limits);
     if (!hits) {
         return hits.error();
     }
@@ -104,7 +104,7 @@ Failure requireKind(const Document& document, DocumentKind kind, const char* wha
 }
 
 Failure goToSheet(Document& document, int number, const CallLimits& limits) {
-    const Result<std::string> list = excel::getSheetList(document.bus(), document.docid(), limits);
+    const Result<std::string> list = document.ask(excel::getSheetList(), limits);
     if (!list) {
         return list.error();
     }
@@ -113,7 +113,7 @@ Failure goToSheet(Document& document, int number, const CallLimits& limits) {
 }
 
 Failure goToSlide(Document& document, int number, const CallLimits& limits) {
-    const Result<int> count = ppt::getSlideCount(document.bus(), document.docid(), limits);
+    const Result<int> count = document.ask(ppt::getSlideCount(), limits);
     if (!count) {
         return count.error();
     }

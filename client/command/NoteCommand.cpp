@@ -32,7 +32,7 @@ int runNote(const NoteArguments& arguments, Interrupt& interrupt) {
         if (Failure failure = goToSlide(document, arguments.slide, limits)) {
             return failure;
         }
-        const Result<std::string> note = ppt::getSlideNote(document.bus(), document.docid(), limits);
+        const Result<std::string> note = document.ask(ppt::getSlideNote(), limits);
         return note ? printNote(*note, arguments) : note.error();
     };
     return withDocument({arguments.print.file, arguments.print.type},

@@ -39,7 +39,7 @@ Result<SlidePicture> paintSlide(Document& document, const CallLimits& limits) {
 // The service does not mark hits in notes, so a hit in the note of the first slide
 // looks like none.
 Result<bool> firstNoteHas(Document& document, const std::string& text, const CallLimits& limits) {
-    const Result<std::string> reply = ppt::getSlideNote(document.bus(), document.docid(), limits);
+    const Result<std::string> reply = document.ask(ppt::getSlideNote(), limits);
     if (!reply) {
         return reply.error();
     }
@@ -68,7 +68,7 @@ Result<std::vector<PartHits>> countSteps(Document& document, const SlidePicture&
     SlidePicture current = first;
     for (bool more = true; more;) {
         ++hits[current.slide];
-        if (Failure failure = common::nextResult(document.bus(), document.docid(), limits)) {
+        if (Failure failure = document.ask(common::nextResult(), limits)) {
             return *failure;
         }
         Result<SlidePicture> next = paintSlide(document, limits);
@@ -91,11 +91,11 @@ Result<std::optional<std::vector<PartHits>>> searchByTouch(Document& document, c
         return otherwise;
     }
     std::map<int, int> hits;
-    Result<touch::Hit> hit = touch::search(document.bus(), document.docid(), text, {}, limits);
+    Result<touch::Hit> hit = document.ask(touch::search(text), limits);
     for (int count = 0; hit && count < hit->hits; ++count) {
         ++hits[hit->part];
         if (count + 1 < hit->hits) {
-            hit = touch::nextResult(document.bus(), document.docid(), limits);
+            hit = document.ask(touch::nextResult(), limits);
         }
     }
     if (hit || hit.error().name == "errNothingThere") {
@@ -114,7 +114,7 @@ Result<std::vector<PartHits>> searchShownSlides(Document& document, const std::s
     if (!before) {
         return before.error();
     }
-    if (const auto searched = common::search(document.bus(), document.docid(), text, limits); !searched) {
+    if (const auto searched = document.ask(common::search(text), limits); !searched) {
         return searched.error();
     }
     const Result<SlidePicture> first = paintSlide(document, limits);
@@ -134,17 +134,17 @@ Result<std::vector<PartHits>> searchShownSlides(Document& document, const std::s
 // Counts the hits of each sheet, which the view shows in turn.
 Result<std::vector<PartHits>> searchShownSheets(Document& document, const std::string& text,
                                                 const CallLimits& limits) {
-    const Result<std::string> list = excel::getSheetList(document.bus(), document.docid(), limits);
+    const Result<std::string> list = document.ask(excel::getSheetList(), limits);
     if (!list) {
         return list.error();
     }
     const int count = readPartList(*list).count;
     std::vector<PartHits> found;
     for (int sheet = 0; sheet < count; ++sheet) {
-        if (const auto shown = excel::jumpToSheet(document.bus(), document.docid(), sheet, limits); !shown) {
+        if (const auto shown = document.ask(excel::jumpToSheet(sheet), limits); !shown) {
             return shown.error();
         }
-        const Result<int> hits = common::search(document.bus(), document.docid(), text, limits);
+        const Result<int> hits = document.ask(common::search(text), limits);
         if (!hits) {
             return hits.error();
         }

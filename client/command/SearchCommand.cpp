@@ -5,6 +5,7 @@
 #include "client/command/OpenDocument.h"
 #include "client/command/PartSearch.h"
 #include "client/lib/Calls.h"
+#include <lectern/CommonCalls.h>
 #include <lectern/ExcelCalls.h>
 #include <lectern/ListReply.h>
 #include <lectern/PptCalls.h>
@@ -36,8 +37,7 @@ Failure printHits(const std::string& reply, const SearchArguments& arguments, in
 // service's reply tells.
 Failure searchShown(Document& document, const SearchArguments& arguments, const CallLimits& limits,
                     int& hits) {
-    const Result<std::string> reply = document.bus().call(
-        "/common", "Search", documentPayload(document.docid()).add("search", arguments.text).text(), limits);
+    const Result<std::string> reply = document.ask(common::search(arguments.text).request, limits);
     if (!reply) {
         return reply.error();
     }
@@ -80,7 +80,7 @@ Failure searchSheet(Document& document, const SearchArguments& arguments, const 
 struct Parts {
     const char* name; // of one part
     Result<std::vector<PartHits>> (*search)(Document&, const std::string& text, const CallLimits&);
-    Result<std::string> (*list)(const Bus&, int docid, const CallLimits&);
+    Call<std::string> (*list)();
 };
 constexpr Parts SHEETS = {"sheet", searchSheets, excel::getSheetList};
 constexpr Parts SLIDES = {"slide", searchSlides, ppt::getSlideList};
@@ -119,7 +119,7 @@ Failure searchParts(const Parts& kind, Document& document, const SearchArguments
     if (arguments.print.json) {
         return print(partsJson(kind, *found, hits));
     }
-    const Result<std::string> list = kind.list(document.bus(), document.docid(), limits);
+    const Result<std::string> list = document.ask(kind.list(), limits);
     if (!list) {
         return list.error();
     }

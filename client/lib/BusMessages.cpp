@@ -83,7 +83,7 @@ Result<Reply> readReply(GDBusMessage* reply, const char* method) {
 
 Error busError(GError* failure, const char* method) {
     if (g_error_matches(failure, G_IO_ERROR, G_IO_ERROR_CANCELLED) != FALSE) {
-        return {Error::Kind::Cancelled, "interrupted", 0, {}};
+        return cancelledError();
     }
     if (g_error_matches(failure, G_IO_ERROR, G_IO_ERROR_TIMED_OUT) != FALSE ||
         g_error_matches(failure, G_DBUS_ERROR, G_DBUS_ERROR_TIMEOUT) != FALSE) {

@@ -27,11 +27,15 @@ Failure ClientQueue::connect() {
     return std::nullopt;
 }
 
-Failure ClientQueue::post(const ClientServerMessage& message, std::chrono::milliseconds patience) const {
+Failure ClientQueue::post(const ClientServerMessage& message, std::chrono::milliseconds patience,
+                          const std::function<Failure()>& giveUp) const {
     const Clock::time_point deadline = Clock::now() + patience;
     while (msgsnd(mQueueId, &message, ClientServerMessage::TEXT_SIZE, IPC_NOWAIT) != 0) {
         if (errno != EAGAIN && errno != EINTR) {
             return systemError("the message queue is gone; open the document again", errno);
+        }
+        if (Failure reason = giveUp ? giveUp() : std::nullopt) {
+            return reason;
         }
         if (Clock::now() >= deadline) {
             return Error{Error::Kind::TimedOut, "the service does not read its message queue", EAGAIN, {}};
@@ -57,22 +61,19 @@ bool ClientQueue::tryPost(const ServerClientMessage& message) const {
 }
 
 bool ClientQueue::settle(std::chrono::milliseconds patience,
-                         const std::function<void()>& whileWaiting) const {
+                         const std::function<bool()>& whileWaiting) const {
     const Clock::time_point deadline = Clock::now() + patience;
     msqid_ds status{};
-    const auto isEmpty = [&] {
-        if (whileWaiting) {
-            whileWaiting();
+    while (!whileWaiting || whileWaiting()) {
+        if (msgctl(mQueueId, IPC_STAT, &status) != 0 || status.msg_qnum == 0) {
+            return true;
         }
-        return msgctl(mQueueId, IPC_STAT, &status) != 0 || status.msg_qnum == 0;
-    };
-    while (!isEmpty()) {
         if (Clock::now() >= deadline) {
             return false;
         }
         std::this_thread::sleep_for(BETWEEN_TRIES);
     }
-    return true;
+    return false;
 }
 
 } // namespace lectern

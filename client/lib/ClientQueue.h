@@ -17,7 +17,9 @@ public:
     // Opens the queue of this IPC namespace; creates it if there is none.
     Failure connect();
 
-    Failure post(const ClientServerMessage& message, std::chrono::milliseconds patience) const;
+    // giveUp: asked while the queue is full; an error that it returns ends the wait.
+    Failure post(const ClientServerMessage& message, std::chrono::milliseconds patience,
+                 const std::function<Failure()>& giveUp = {}) const;
     // Takes the next record of this address, if one waits. A queue that is gone is no
     // longer open after this.
     bool tryTake(long address, ServerClientMessage& message);
@@ -29,8 +31,8 @@ public:
     // must show earlier input only after this. Returns false when records
     // remain after `patience`; on a queue with many users that tells little.
     // whileWaiting: called before each look at the queue, to take what is the
-    // caller's own.
-    bool settle(std::chrono::milliseconds patience, const std::function<void()>& whileWaiting = {}) const;
+    // caller's own. Returns false to end the wait.
+    bool settle(std::chrono::milliseconds patience, const std::function<bool()>& whileWaiting = {}) const;
 };
 
 } // namespace lectern

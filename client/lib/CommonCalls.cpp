@@ -10,33 +10,32 @@ constexpr char CATEGORY[] = "/common";
 
 } // namespace
 
-Result<std::string> getDocProperties(const Bus& bus, int docid, const CallLimits& limits) {
-    return bus.call(CATEGORY, "getDocProperties", documentPayload(docid).text(), limits);
+Call<std::string> getDocProperties() {
+    return textQuery(CATEGORY, "getDocProperties");
 }
 
-Result<int> search(const Bus& bus, int docid, const std::string& text, const CallLimits& limits) {
-    return queryInteger(bus, CATEGORY, "Search", documentPayload(docid).add("search", text), "resultcount",
-                        limits);
+Call<int> search(const std::string& text) {
+    return integerQuery(CATEGORY, "Search", "resultcount", JsonMembers().add("search", text));
 }
 
-Failure nextResult(const Bus& bus, int docid, const CallLimits& limits) {
-    return command(bus, CATEGORY, "nextResult", documentPayload(docid), limits);
+Call<void> nextResult() {
+    return command(CATEGORY, "nextResult");
 }
 
-Failure previousResult(const Bus& bus, int docid, const CallLimits& limits) {
-    return command(bus, CATEGORY, "previousResult", documentPayload(docid), limits);
+Call<void> previousResult() {
+    return command(CATEGORY, "previousResult");
 }
 
-Failure closeSearch(const Bus& bus, int docid, const CallLimits& limits) {
-    return command(bus, CATEGORY, "closeSearch", documentPayload(docid), limits);
+Call<void> closeSearch() {
+    return command(CATEGORY, "closeSearch");
 }
 
-Failure clearSelection(const Bus& bus, int docid, const CallLimits& limits) {
-    return command(bus, CATEGORY, "clearSelection", documentPayload(docid), limits);
+Call<void> clearSelection() {
+    return command(CATEGORY, "clearSelection");
 }
 
-Result<std::string> getMimeInfo(const Bus& bus, int docid, const CallLimits& limits) {
-    return bus.call(CATEGORY, "getMimeInfo", documentPayload(docid).text(), limits);
+Call<std::string> getMimeInfo() {
+    return textQuery(CATEGORY, "getMimeInfo");
 }
 
 } // namespace lectern::common

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/ContentKind.h"
+#include "client/lib/DocumentNumber.h"
 #include "client/lib/DocumentParts.h"
+#include "client/lib/Errors.h"
 #include <lectern/Document.h>
-#include <lectern/EventCalls.h>
 
 #include <filesystem>
 
@@ -47,8 +48,8 @@ const Bus& Document::bus() const {
     return mParts->bus;
 }
 
-int Document::docid() const {
-    return mParts->view()->docid();
+int DocumentNumber::of(const Document& document) {
+    return document.mParts->view()->docid();
 }
 
 DocumentKind Document::kind() const {
@@ -73,6 +74,32 @@ ViewState Document::state() const {
 
 unsigned int Document::stateIdentifier() const {
     return mParts->view()->state().identifier();
+}
+
+Result<std::string> Document::ask(const Request& request, const CallLimits& limits) {
+    return mParts->ask(request, limits);
+}
+
+void Document::later(Lane lane, Work work, std::function<void(Failure failure)> onDone,
+                     std::stop_token stop) {
+    const auto task = [this, work = std::move(work),
+                       onDone = std::move(onDone)](const std::stop_token& either) {
+        Failure failure = either.stop_requested() ? cancelledError() : work(*this, either);
+        if (onDone) {
+            mParts->tell([onDone, failure = std::move(failure)] { onDone(failure); });
+        }
+    };
+    mParts->later(lane, task, std::move(stop));
+}
+
+CallLimits Document::limitsInLane(const CallLimits& limits, const std::stop_token& stop) const {
+    CallLimits own{limits.timeout, stop, {}};
+    if (limits.onProgress) {
+        own.onProgress = [parts = mParts.get(), told = limits.onProgress](std::chrono::milliseconds elapsed) {
+            parts->tell([told, elapsed] { told(elapsed); });
+        };
+    }
+    return own;
 }
 
 Failure Document::paint(const CallLimits& limits) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Input from fingers, pens and keys.
 #include "client/lib/DocumentParts.h"
-#include <lectern/EventCalls.h>
+#include "client/lib/ViewCalls.h"
 
 namespace lectern {
 
@@ -61,12 +61,11 @@ Failure Document::wideMode(bool on) {
 }
 
 Failure Document::click(int x, int y, const CallLimits& limits) {
-    return mParts->ask([&](const Bus& bus, int id) { return events::handleClick(bus, id, x, y, limits); });
+    return mParts->askAfterInput(events::handleClick(x, y), limits);
 }
 
 Failure Document::doubleClick(int x, int y, const CallLimits& limits) {
-    return mParts->ask(
-        [&](const Bus& bus, int id) { return events::handleDoubleClick(bus, id, x, y, limits); });
+    return mParts->askAfterInput(events::handleDoubleClick(x, y), limits);
 }
 
 Failure Document::flick(int velocityX, int velocityY, const CallLimits& limits) {

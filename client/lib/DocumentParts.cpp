@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/DocumentParts.h"
 
+#include "client/lib/Calls.h"
 #include "client/lib/Decoding.h"
-#include <lectern/EventCalls.h>
-#include <lectern/TouchCalls.h>
+#include "client/lib/EitherStop.h"
+#include "client/lib/ViewCalls.h"
 
 #include <thread>
 
@@ -64,6 +65,18 @@ Document::Parts::Parts(const Bus& onBus, std::string absolutePath, OpenOptions o
     }
 }
 
+// Closing the view ends the waits of the work for room in the queue and for paints.
+Document::Parts::~Parts() {
+    mDispatcher.close();
+    mEnd.request_stop();
+    for (TaskThread& lane : mLanes) {
+        lane.stop();
+    }
+    if (const auto last = view()) {
+        last->close();
+    }
+}
+
 // Closes the old view first, because the new one listens to the same notifications.
 // Releases the old view's state segment only when the new view has it.
 Failure Document::Parts::open(unsigned int restoreFrom, const CallLimits& limits) {
@@ -71,7 +84,9 @@ Failure Document::Parts::open(unsigned int restoreFrom, const CallLimits& limits
     if (const auto before = view()) {
         before->close();
     }
-    auto opened = View::open(bus, createRequest(path, options, *frame(), restoreFrom), limits,
+    const EitherStop stop(limits.stop, mEnd.get_token());
+    auto opened = View::open(bus, createRequest(path, options, *frame(), restoreFrom),
+                             {limits.timeout, stop.token(), limits.onProgress},
                              {[this](const ServerClientMessage& message) { take(message); },
                               [this] {
                                   mDispatcher.post([events = mEvents] {
@@ -111,9 +126,7 @@ Failure Document::Parts::resize(int width, int height, const CallLimits& limits)
     const Lock opening(mOpening);
     {
         const Lock painting(mPainting);
-        Failure failure =
-            ask([&](const Bus& onBus, int id) { return touch::resize(onBus, id, *next, limits); });
-        if (failure) {
+        if (Failure failure = askAfterInput(touch::resize(*next), limits)) {
             return failure;
         }
         const Lock lock(mViewMutex);
@@ -135,7 +148,7 @@ void Document::Parts::take(const ServerClientMessage& message) {
         if (record.id == _INVALIDATED) {
             mInvalidated = false;
         }
-        tell(*events, record);
+        lectern::tell(*events, record);
     });
 }
 
@@ -205,7 +218,7 @@ Failure Document::Parts::sendFactor(ClientMessageType type, double factor) {
 //
 //  1. Queue: a pen move to the place of the pen up. The flick makes a glide of the
 //     contact, and the view ignores the place of a pen up that follows a flick.
-//  2. Settle: ask() waits until the service has taken the queue's records, moves
+//  2. Settle: askAfterInput() waits until the service has taken the queue's records, moves
 //     included. The flick goes over the bus and would overtake them.
 //  3. Bus: handleFlick with a velocity of -1. The glide lasts SLOWEST_GLIDE and ends at
 //     the pixel where it began. mRestFrom is the time when it has ended.
@@ -242,23 +255,39 @@ Failure Document::Parts::sendPen(ClientMessageType type, int x, int y) {
 
 // Calls a method after the records sent before have been taken, within
 // PEN_PATIENCE, so that, for example, a click follows its pen down.
-Failure Document::Parts::ask(const std::function<Failure(const Bus& bus, int docid)>& call) {
+Failure Document::Parts::askAfterInput(const Call<void>& call, const CallLimits& limits) {
     const std::shared_ptr<View> current = view();
     if (Failure failure = current->ended()) {
         return failure;
     }
     current->settle(PEN_PATIENCE);
-    Failure failure = call(bus, current->docid());
+    const Result<std::string> reply = ask(call.request, limits);
     requestPaint(false);
-    return failure;
+    return reply ? call.read(*reply) : reply.error();
+}
+
+Result<std::string> Document::Parts::ask(const Request& request, const CallLimits& limits) {
+    const std::shared_ptr<View> current = view();
+    if (Failure failure = current->ended()) {
+        return *failure;
+    }
+    const EitherStop stop(limits.stop, mEnd.get_token());
+    return lectern::ask(bus, current->docid(), request, {limits.timeout, stop.token(), limits.onProgress});
+}
+
+void Document::Parts::later(Lane lane, std::function<void(const std::stop_token& stop)> task,
+                            std::stop_token callers) {
+    mLanes.at(static_cast<size_t>(lane))
+        .post([task = std::move(task), callers = std::move(callers)](const std::stop_token& end) {
+            const EitherStop either(callers, end);
+            task(either.token());
+        });
 }
 
 // A flick outside of a pen contact is followed by a pen up; otherwise the view
 // would take the next contact for the flick's.
 Failure Document::Parts::flick(int velocityX, int velocityY, const CallLimits& limits) {
-    Failure failure = ask([&](const Bus& onBus, int id) {
-        return events::handleFlick(onBus, id, velocityX, velocityY, limits);
-    });
+    Failure failure = askAfterInput(events::handleFlick(velocityX, velocityY), limits);
     bool alone = false;
     {
         const Lock lock(mPenMutex);
@@ -269,8 +298,7 @@ Failure Document::Parts::flick(int velocityX, int velocityY, const CallLimits& l
 }
 
 Failure Document::Parts::slowFlick(const CallLimits& limits) {
-    Failure failure =
-        ask([&](const Bus& onBus, int id) { return events::handleFlick(onBus, id, 0, SLOWEST, limits); });
+    Failure failure = askAfterInput(events::handleFlick(0, SLOWEST), limits);
     const Lock lock(mPenMutex);
     mRestFrom = Clock::now() + SLOWEST_GLIDE;
     return failure;

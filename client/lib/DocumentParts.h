@@ -4,9 +4,11 @@
 #include "base/Mutex.h"
 #include "client/lib/Dispatcher.h"
 #include "client/lib/Painter.h"
+#include "client/lib/TaskThread.h"
 #include "client/lib/View.h"
 #include <lectern/Document.h>
 
+#include <array>
 #include <atomic>
 #include <chrono>
 #include <memory>
@@ -20,8 +22,11 @@ namespace lectern {
 class Document::Parts {
 public:
     Parts(const Bus& bus, std::string path, OpenOptions options, FrameBuffer frame);
-    // The destructors of the members stop everything: no callback runs after
-    // destruction.
+    // Ends the view and the work in the lanes. The destructors of the members stop
+    // everything: no callback runs after destruction.
+    ~Parts();
+    Parts(const Parts&) = delete;
+    Parts& operator=(const Parts&) = delete;
 
     // Opens the view, for the first time or again.
     Failure open(unsigned int restoreFrom, const CallLimits& limits);
@@ -40,11 +45,18 @@ public:
     // Sends a pen record; at the end of a drag in a spreadsheet also stops the
     // view's movement.
     Failure sendPen(ClientMessageType type, int x, int y);
-    // Calls a method for the current view, after the records sent before.
-    Failure ask(const std::function<Failure(const Bus& bus, int docid)>& call);
+    // Calls a method for the current view.
+    Result<std::string> ask(const Request& request, const CallLimits& limits);
+    // The same after the records sent before.
+    Failure askAfterInput(const Call<void>& call, const CallLimits& limits);
     Failure flick(int velocityX, int velocityY, const CallLimits& limits);
     Failure comeToRest(const CallLimits& limits);
     void settle();
+    // Does a task in a lane. stop: requested by the document's end or by the caller's
+    // token.
+    void later(Lane lane, std::function<void(const std::stop_token& stop)> task, std::stop_token callers);
+    // Calls a function as events are called.
+    void tell(std::function<void()> callback) { mDispatcher.post(std::move(callback)); }
 
     const Bus bus;
     const std::string path;
@@ -80,6 +92,9 @@ private:
     std::shared_ptr<View> mView GUARDED_BY(mViewMutex);
     std::shared_ptr<const FrameBuffer> mFrame GUARDED_BY(mViewMutex);
     std::optional<Painter> mPainter;
+    std::stop_source mEnd; // cancels the calls that go on
+    std::array<TaskThread, 3> mLanes{TaskThread("lectern-input"), TaskThread("lectern-frames"),
+                                     TaskThread("lectern-calls")};
 };
 
 } // namespace lectern

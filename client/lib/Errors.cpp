@@ -81,6 +81,10 @@ Error lossError(int code) {
             {}};
 }
 
+Error cancelledError() {
+    return {Error::Kind::Cancelled, "interrupted", 0, {}};
+}
+
 Error refusalError(const std::string& errorCode, const std::string& errorText) {
     std::string text;
     if (errorCode == "errDocType") {

@@ -22,6 +22,9 @@ Error paintError(int code);
 // The error of an open document that stays lost, for this reason (not 0).
 Error lossError(int code);
 
+// The error of a call or of work whose stop token was used.
+Error cancelledError();
+
 // The error for a reply's "errorCode" and "errorText".
 Error refusalError(const std::string& errorCode, const std::string& errorText);
 

@@ -10,51 +10,49 @@ constexpr char CATEGORY[] = "/excel";
 
 } // namespace
 
-Result<std::string> getSheetList(const Bus& bus, int docid, const CallLimits& limits) {
-    return bus.call(CATEGORY, "getSheetList", documentPayload(docid).text(), limits);
+Call<std::string> getSheetList() {
+    return textQuery(CATEGORY, "getSheetList");
 }
 
-Result<int> jumpToSheet(const Bus& bus, int docid, int sheet, const CallLimits& limits) {
-    return queryInteger(bus, CATEGORY, "jumpToSheet", documentPayload(docid).add("sheet", sheet), "cursheet",
-                        limits);
+Call<int> jumpToSheet(int sheet) {
+    return integerQuery(CATEGORY, "jumpToSheet", "cursheet", JsonMembers().add("sheet", sheet));
 }
 
-Result<int> getColumnCount(const Bus& bus, int docid, const CallLimits& limits) {
-    return queryInteger(bus, CATEGORY, "getColumnCount", documentPayload(docid), "columncnt", limits);
+Call<int> getColumnCount() {
+    return integerQuery(CATEGORY, "getColumnCount", "columncnt");
 }
 
-Result<std::string> getLastComment(const Bus& bus, int docid, const CallLimits& limits) {
-    return bus.call(CATEGORY, "getLastComment", documentPayload(docid).text(), limits);
+Call<std::string> getLastComment() {
+    return textQuery(CATEGORY, "getLastComment");
 }
 
-Result<int> sortAscending(const Bus& bus, int docid, const CallLimits& limits) {
-    return queryInteger(bus, CATEGORY, "sortAscending", documentPayload(docid), "column", limits);
+Call<int> sortAscending() {
+    return integerQuery(CATEGORY, "sortAscending", "column");
 }
 
-Result<int> sortDescending(const Bus& bus, int docid, const CallLimits& limits) {
-    return queryInteger(bus, CATEGORY, "sortDescending", documentPayload(docid), "column", limits);
+Call<int> sortDescending() {
+    return integerQuery(CATEGORY, "sortDescending", "column");
 }
 
-Failure resizeMode(const Bus& bus, int docid, bool on, const CallLimits& limits) {
-    return command(bus, CATEGORY, "resizeMode",
-                   documentPayload(docid).add("mode", std::string(on ? "on" : "off")), limits);
+Call<void> resizeMode(bool on) {
+    return command(CATEGORY, "resizeMode", JsonMembers().add("mode", std::string(on ? "on" : "off")));
 }
 
-Failure hideSelection(const Bus& bus, int docid, const CallLimits& limits) {
-    return command(bus, CATEGORY, "hideSelection", documentPayload(docid), limits);
+Call<void> hideSelection() {
+    return command(CATEGORY, "hideSelection");
 }
 
-Failure unhideSelection(const Bus& bus, int docid, const CallLimits& limits) {
-    return command(bus, CATEGORY, "unhideSelection", documentPayload(docid), limits);
+Call<void> unhideSelection() {
+    return command(CATEGORY, "unhideSelection");
 }
 
-Failure unhideAll(const Bus& bus, int docid, const CallLimits& limits) {
-    return command(bus, CATEGORY, "unhideAll", documentPayload(docid), limits);
+Call<void> unhideAll() {
+    return command(CATEGORY, "unhideAll");
 }
 
 // The service expects the path under the key "column".
-Failure copySelection(const Bus& bus, int docid, const std::string& path, const CallLimits& limits) {
-    return command(bus, CATEGORY, "copySelection", documentPayload(docid).add("column", path), limits);
+Call<void> copySelection(const std::string& path) {
+    return command(CATEGORY, "copySelection", JsonMembers().add("column", path));
 }
 
 } // namespace lectern::excel

@@ -48,6 +48,13 @@ JsonMembers& JsonMembers::addIdentifier(const char* key, unsigned int value) {
     return add(key, std::to_string(value));
 }
 
+JsonMembers& JsonMembers::addAll(const JsonMembers& others) {
+    json_object_object_foreach(others.mObject.get(), key, value) {
+        addValue(key, json_object_get(value));
+    }
+    return *this;
+}
+
 json_object* JsonMembers::member(const char* key) const {
     json_object* value = nullptr;
     json_object_object_get_ex(mObject.get(), key, &value);

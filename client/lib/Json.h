@@ -24,6 +24,8 @@ public:
     JsonMembers& add(const char* key, const std::string& value);
     // Adds a segment identifier, which is sent as decimal text.
     JsonMembers& addIdentifier(const char* key, unsigned int value);
+    // Adds the members of another object.
+    JsonMembers& addAll(const JsonMembers& others);
 
     bool has(const char* key) const;
     // Returns nothing when the member is missing or has another type.

@@ -2,7 +2,7 @@
 #include "client/lib/KeepAlive.h"
 
 #include "base/Mutex.h"
-#include <lectern/EventCalls.h>
+#include "client/lib/ViewCalls.h"
 
 #include <condition_variable>
 #include <map>

@@ -29,16 +29,16 @@ Point position(const Document& document) {
 
 // With touch manners the service zooms and moves the view to any place by itself.
 Failure zoomBy(Document& document, double factor, const CallLimits& limits) {
-    const Result<touch::ViewPlace> place = touch::getView(document.bus(), document.docid(), limits);
+    const Result<touch::ViewPlace> place = document.ask(touch::getView(), limits);
     if (!place) {
         return place.error();
     }
-    Failure failure = touch::zoomTo(document.bus(), document.docid(), place->zoom * factor, {}, limits);
+    Failure failure = document.ask(touch::zoomTo(place->zoom * factor), limits);
     return failure ? failure : paintAfterInput(document, limits);
 }
 
 Result<bool> moveTo(Document& document, Point target, const CallLimits& limits) {
-    Failure failure = touch::scrollTo(document.bus(), document.docid(), target, limits);
+    Failure failure = document.ask(touch::scrollTo(target), limits);
     if (!failure) {
         failure = paintAfterInput(document, limits);
     }
@@ -89,7 +89,7 @@ Result<bool> scrollTo(Document& document, Point target, const CallLimits& limits
 }
 
 Failure showSheet(Document& document, int sheet, const CallLimits& limits) {
-    const Result<int> shown = excel::jumpToSheet(document.bus(), document.docid(), sheet, limits);
+    const Result<int> shown = document.ask(excel::jumpToSheet(sheet), limits);
     if (!shown) {
         return shown.error();
     }
@@ -98,7 +98,7 @@ Failure showSheet(Document& document, int sheet, const CallLimits& limits) {
 }
 
 Failure showSlide(Document& document, int slide, const CallLimits& limits) {
-    const Result<int> shown = ppt::jumpToSlide(document.bus(), document.docid(), slide, limits);
+    const Result<int> shown = document.ask(ppt::jumpToSlide(slide), limits);
     return shown ? paintAfterInput(document, limits) : shown.error();
 }
 

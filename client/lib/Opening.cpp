@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/Dispatcher.h"
+#include "client/lib/EitherStop.h"
 #include <lectern/Opening.h>
 
 #include <thread>
@@ -24,10 +25,8 @@ private:
     void run(const Bus& bus, const std::string& path, OpenOptions options, OnOpened onOpened,
              const std::stop_token& stop) {
         // Requested by the caller's token and by this object's destruction.
-        std::stop_source either;
-        const auto end = [&either] { either.request_stop(); };
-        const std::stop_callback callers(std::exchange(options.stop, either.get_token()), end);
-        const std::stop_callback own(stop, end);
+        const EitherStop either(std::move(options.stop), stop);
+        options.stop = either.token();
         if (options.onProgress) {
             // The document keeps its options longer than this object lives.
             options.onProgress = [loop = std::weak_ptr(mDispatcher),

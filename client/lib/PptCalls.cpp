@@ -10,30 +10,28 @@ constexpr char CATEGORY[] = "/ppt";
 
 } // namespace
 
-Result<int> getSlideCount(const Bus& bus, int docid, const CallLimits& limits) {
-    return queryInteger(bus, CATEGORY, "getSlideCount", documentPayload(docid), "slidecnt", limits);
+Call<int> getSlideCount() {
+    return integerQuery(CATEGORY, "getSlideCount", "slidecnt");
 }
 
-Result<std::string> getSlideList(const Bus& bus, int docid, const CallLimits& limits) {
-    return bus.call(CATEGORY, "getSlideList", documentPayload(docid).text(), limits);
+Call<std::string> getSlideList() {
+    return textQuery(CATEGORY, "getSlideList");
 }
 
-Result<int> jumpToSlide(const Bus& bus, int docid, int slide, const CallLimits& limits) {
-    return queryInteger(bus, CATEGORY, "jumpToSlide", documentPayload(docid).add("slide", slide),
-                        "slideNumber", limits);
+Call<int> jumpToSlide(int slide) {
+    return integerQuery(CATEGORY, "jumpToSlide", "slideNumber", JsonMembers().add("slide", slide));
 }
 
-Result<std::string> getSlideNote(const Bus& bus, int docid, const CallLimits& limits) {
-    return bus.call(CATEGORY, "getSlideNote", documentPayload(docid).text(), limits);
+Call<std::string> getSlideNote() {
+    return textQuery(CATEGORY, "getSlideNote");
 }
 
-Failure fitWideMode(const Bus& bus, int docid, const std::optional<std::string>& orientation,
-                    const CallLimits& limits) {
-    JsonMembers payload = documentPayload(docid);
+Call<void> fitWideMode(const std::optional<std::string>& orientation) {
+    JsonMembers arguments;
     if (orientation) {
-        payload.add("orientation", *orientation);
+        arguments.add("orientation", *orientation);
     }
-    return command(bus, CATEGORY, "fitWideMode", payload, limits);
+    return command(CATEGORY, "fitWideMode", arguments);
 }
 
 } // namespace lectern::ppt

@@ -21,201 +21,158 @@ Rectangle rectangle(const JsonMembers& reply) {
     return {number(reply, "x"), number(reply, "y"), number(reply, "width"), number(reply, "height")};
 }
 
-// The elements of the reply's array, each read by `read`.
-template<typename Element>
-Result<std::vector<Element>> queryList(const Bus& bus, const char* method, int docid, const char* key,
-                                       Element (*read)(const JsonMembers&), const CallLimits& limits) {
-    const Result<JsonMembers> reply = query(bus, CATEGORY, method, documentPayload(docid), limits);
-    if (!reply) {
-        return reply.error();
-    }
-    const Result<std::vector<JsonMembers>> members = required(reply->list(key));
-    if (!members) {
-        return members.error();
-    }
-    std::vector<Element> elements;
-    for (const JsonMembers& element : *members) {
-        elements.push_back(read(element));
-    }
-    return elements;
+JsonMembers withPoint(JsonMembers arguments, Point point) {
+    arguments.add("x", point.x).add("y", point.y);
+    return arguments;
 }
 
-Result<Hit> queryHit(const Bus& bus, const char* method, const JsonMembers& payload,
-                     const CallLimits& limits) {
-    const Result<JsonMembers> reply = query(bus, CATEGORY, method, payload, limits);
-    if (!reply) {
-        return reply.error();
-    }
-    const Result<int> hits = required(reply->integer("hits"));
-    return hits ? Result<Hit>(Hit{reply->integer("hit").value_or(-1), *hits, number(*reply, "part")})
-                : hits.error();
-}
-
-JsonMembers withPoint(JsonMembers payload, Point point) {
-    payload.add("x", point.x).add("y", point.y);
-    return payload;
-}
-
-JsonMembers withFrame(JsonMembers payload, const FrameBuffer& frame) {
-    payload.add("width", frame.width())
-        .add("height", frame.height())
-        .addIdentifier("shmid", frame.identifier())
-        .add("size", static_cast<int>(frame.size()));
-    return payload;
-}
-
-} // namespace
-
-Result<ViewPlace> getView(const Bus& bus, int docid, const CallLimits& limits) {
-    const Result<JsonMembers> reply = query(bus, CATEGORY, "getView", documentPayload(docid), limits);
-    if (!reply) {
-        return reply.error();
-    }
-    const Result<double> zoom = required(reply->real("zoom"));
+Result<ViewPlace> readPlace(const JsonMembers& reply) {
+    const Result<double> zoom = required(reply.real("zoom"));
     if (!zoom) {
         return zoom.error();
     }
     ViewPlace place;
-    place.documentWidth = reply->wideInteger("documentWidth").value_or(0);
-    place.documentHeight = reply->wideInteger("documentHeight").value_or(0);
-    place.view = rectangle(*reply);
+    place.documentWidth = reply.wideInteger("documentWidth").value_or(0);
+    place.documentHeight = reply.wideInteger("documentHeight").value_or(0);
+    place.view = rectangle(reply);
     place.zoom = *zoom;
-    place.smallestZoom = reply->real("smallestZoom").value_or(*zoom);
-    place.largestZoom = reply->real("largestZoom").value_or(*zoom);
-    place.fit = reply->real("fit").value_or(*zoom);
-    place.part = number(*reply, "part");
-    place.parts = number(*reply, "parts");
-    place.hit = reply->integer("hit").value_or(-1);
-    place.hits = number(*reply, "hits");
-    place.isMoving = reply->boolean("moving").value_or(false);
+    place.smallestZoom = reply.real("smallestZoom").value_or(*zoom);
+    place.largestZoom = reply.real("largestZoom").value_or(*zoom);
+    place.fit = reply.real("fit").value_or(*zoom);
+    place.part = number(reply, "part");
+    place.parts = number(reply, "parts");
+    place.hit = reply.integer("hit").value_or(-1);
+    place.hits = number(reply, "hits");
+    place.isMoving = reply.boolean("moving").value_or(false);
     return place;
 }
 
-Failure scrollTo(const Bus& bus, int docid, Point at, const CallLimits& limits) {
-    return command(bus, CATEGORY, "scrollTo", withPoint(documentPayload(docid), at), limits);
+Result<std::string> readLink(const JsonMembers& reply) {
+    return required(reply.string("link"));
 }
 
-Failure zoomTo(const Bus& bus, int docid, double zoom, std::optional<Point> about, const CallLimits& limits) {
-    JsonMembers payload = documentPayload(docid);
-    payload.add("zoom", zoom);
-    return command(bus, CATEGORY, "zoomTo",
-                   about ? withPoint(std::move(payload), *about) : std::move(payload), limits);
+Result<Hit> readHit(const JsonMembers& reply) {
+    const Result<int> hits = required(reply.integer("hits"));
+    return hits ? Result<Hit>(Hit{reply.integer("hit").value_or(-1), *hits, number(reply, "part")})
+                : hits.error();
 }
 
-Result<std::string> getLink(const Bus& bus, int docid, const CallLimits& limits) {
-    const Result<JsonMembers> reply = query(bus, CATEGORY, "getLink", documentPayload(docid), limits);
-    return reply ? required(reply->string("link")) : reply.error();
-}
-
-Result<Hit> search(const Bus& bus, int docid, const std::string& text, const SearchOptions& options,
-                   const CallLimits& limits) {
-    JsonMembers payload = documentPayload(docid);
-    payload.add("search", text).add("matchCase", options.matchCase).add("wholeWords", options.wholeWords);
-    return queryHit(bus, "search", payload, limits);
-}
-
-Result<Hit> nextResult(const Bus& bus, int docid, const CallLimits& limits) {
-    return queryHit(bus, "nextResult", documentPayload(docid), limits);
-}
-
-Result<Hit> previousResult(const Bus& bus, int docid, const CallLimits& limits) {
-    return queryHit(bus, "previousResult", documentPayload(docid), limits);
-}
-
-Failure select(const Bus& bus, int docid, SelectUnit unit, Point at, const CallLimits& limits) {
-    constexpr const char* WORDS[] = {"none", "word", "line", "all"};
-    JsonMembers payload = documentPayload(docid);
-    payload.add("unit", std::string(WORDS[static_cast<size_t>(unit)]));
-    return command(bus, CATEGORY, "select", withPoint(std::move(payload), at), limits);
-}
-
-Failure moveSelectionEnd(const Bus& bus, int docid, SelectEnd end, Point to, const CallLimits& limits) {
-    JsonMembers payload = documentPayload(docid);
-    payload.add("end", std::string(end == SelectEnd::Start ? "start" : "end"));
-    return command(bus, CATEGORY, "select", withPoint(std::move(payload), to), limits);
-}
-
-Result<Selection> getSelection(const Bus& bus, int docid, const CallLimits& limits) {
-    const Result<JsonMembers> reply = query(bus, CATEGORY, "getSelection", documentPayload(docid), limits);
-    if (!reply) {
-        return reply.error();
-    }
-    Result<std::string> selected = required(reply->string("text"));
+Result<Selection> readSelection(const JsonMembers& reply) {
+    Result<std::string> selected = required(reply.string("text"));
     if (!selected) {
         return selected.error();
     }
     Selection selection{std::move(*selected), {}};
-    for (const JsonMembers& element : reply->list("rectangles").value_or(std::vector<JsonMembers>())) {
+    for (const JsonMembers& element : reply.list("rectangles").value_or(std::vector<JsonMembers>())) {
         selection.rectangles.push_back(rectangle(element));
     }
     return selection;
 }
 
-Result<std::vector<TextLine>> getText(const Bus& bus, int docid, const CallLimits& limits) {
-    return queryList<TextLine>(
-        bus, "getText", docid, "lines",
-        [](const JsonMembers& line) {
-            return TextLine{text(line, "text"), rectangle(line)};
-        },
-        limits);
+TextLine readLine(const JsonMembers& line) {
+    return {text(line, "text"), rectangle(line)};
 }
 
-Result<std::vector<OutlineEntry>> getOutline(const Bus& bus, int docid, const CallLimits& limits) {
-    return queryList<OutlineEntry>(
-        bus, "getOutline", docid, "entries",
-        [](const JsonMembers& entry) {
-            return OutlineEntry{text(entry, "title"), number(entry, "level"), number(entry, "part")};
-        },
-        limits);
+OutlineEntry readEntry(const JsonMembers& entry) {
+    return {text(entry, "title"), number(entry, "level"), number(entry, "part")};
 }
 
-Failure goTo(const Bus& bus, int docid, int entry, const CallLimits& limits) {
-    return command(bus, CATEGORY, "goTo", documentPayload(docid).add("entry", entry), limits);
-}
-
-Result<Cell> getCell(const Bus& bus, int docid, std::optional<CellAddress> at, const CallLimits& limits) {
-    JsonMembers payload = documentPayload(docid);
-    if (at) {
-        payload.add("column", at->column).add("row", at->row);
-    }
-    const Result<JsonMembers> reply = query(bus, CATEGORY, "getCell", payload, limits);
-    if (!reply) {
-        return reply.error();
-    }
-    Result<std::string> address = required(reply->string("address"));
+Result<Cell> readCell(const JsonMembers& reply) {
+    Result<std::string> address = required(reply.string("address"));
     if (!address) {
         return address.error();
     }
-    return Cell{{number(*reply, "column"), number(*reply, "row")},
+    return Cell{{number(reply, "column"), number(reply, "row")},
                 std::move(*address),
-                text(*reply, "text"),
-                text(*reply, "formula"),
-                text(*reply, "comment"),
-                rectangle(*reply)};
+                text(reply, "text"),
+                text(reply, "formula"),
+                text(reply, "comment"),
+                rectangle(reply)};
 }
 
-Failure getThumbnail(const Bus& bus, int docid, int part, const FrameBuffer& picture,
-                     const CallLimits& limits) {
-    JsonMembers payload = documentPayload(docid);
-    payload.add("part", part);
-    return command(bus, CATEGORY, "getThumbnail", withFrame(std::move(payload), picture), limits);
+} // namespace
+
+Call<ViewPlace> getView() {
+    return query(CATEGORY, "getView", readPlace);
 }
 
-Failure exportTo(const Bus& bus, int docid, ExportFormat format, const std::string& path,
-                 const CallLimits& limits) {
-    return command(bus, CATEGORY, "export",
-                   documentPayload(docid)
+Call<void> scrollTo(Point at) {
+    return command(CATEGORY, "scrollTo", withPoint({}, at));
+}
+
+Call<void> zoomTo(double zoom, std::optional<Point> about) {
+    JsonMembers arguments;
+    arguments.add("zoom", zoom);
+    return command(CATEGORY, "zoomTo",
+                   about ? withPoint(std::move(arguments), *about) : std::move(arguments));
+}
+
+Call<std::string> getLink() {
+    return query(CATEGORY, "getLink", readLink);
+}
+
+Call<Hit> search(const std::string& text, const SearchOptions& options) {
+    JsonMembers arguments;
+    arguments.add("search", text).add("matchCase", options.matchCase).add("wholeWords", options.wholeWords);
+    return query(CATEGORY, "search", readHit, arguments);
+}
+
+Call<Hit> nextResult() {
+    return query(CATEGORY, "nextResult", readHit);
+}
+
+Call<Hit> previousResult() {
+    return query(CATEGORY, "previousResult", readHit);
+}
+
+Call<void> select(SelectUnit unit, Point at) {
+    constexpr const char* WORDS[] = {"none", "word", "line", "all"};
+    JsonMembers arguments;
+    arguments.add("unit", std::string(WORDS[static_cast<size_t>(unit)]));
+    return command(CATEGORY, "select", withPoint(std::move(arguments), at));
+}
+
+Call<void> moveSelectionEnd(SelectEnd end, Point to) {
+    JsonMembers arguments;
+    arguments.add("end", std::string(end == SelectEnd::Start ? "start" : "end"));
+    return command(CATEGORY, "select", withPoint(std::move(arguments), to));
+}
+
+Call<Selection> getSelection() {
+    return query(CATEGORY, "getSelection", readSelection);
+}
+
+Call<std::vector<TextLine>> getText() {
+    return listQuery(CATEGORY, "getText", "lines", readLine);
+}
+
+Call<std::vector<OutlineEntry>> getOutline() {
+    return listQuery(CATEGORY, "getOutline", "entries", readEntry);
+}
+
+Call<void> goTo(int entry) {
+    return command(CATEGORY, "goTo", JsonMembers().add("entry", entry));
+}
+
+Call<Cell> getCell(std::optional<CellAddress> at) {
+    JsonMembers arguments;
+    if (at) {
+        arguments.add("column", at->column).add("row", at->row);
+    }
+    return query(CATEGORY, "getCell", readCell, arguments);
+}
+
+Call<void> getThumbnail(int part, const FrameBuffer& picture) {
+    JsonMembers arguments;
+    arguments.add("part", part);
+    return command(CATEGORY, "getThumbnail", addFrame(std::move(arguments), picture));
+}
+
+Call<void> exportTo(ExportFormat format, const std::string& path) {
+    return command(CATEGORY, "export",
+                   JsonMembers()
                        .add("format", std::string(format == ExportFormat::Pdf ? "pdf" : "text"))
-                       .add("path", path),
-                   limits);
-}
-
-Failure resize(const Bus& bus, int docid, const FrameBuffer& frame, const CallLimits& limits) {
-    return command(bus, CATEGORY, "resize", withFrame(documentPayload(docid), frame), limits);
-}
-
-Failure cancel(const Bus& bus, int docid, const std::string& owner) {
-    return bus.post(CATEGORY, "cancel", documentPayload(docid).text(), owner);
+                       .add("path", path));
 }
 
 } // namespace lectern::touch

@@ -2,7 +2,6 @@
 #include "client/lib/View.h"
 
 #include "client/lib/Errors.h"
-#include <lectern/TouchCalls.h>
 
 #include <algorithm>
 #include <utility>
@@ -183,7 +182,7 @@ Failure View::await(const char* what, const CallLimits& limits, const Pace& pace
         now = Clock::now();
         const auto elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(now - start);
         if (limits.stop.stop_requested()) {
-            return Error{Error::Kind::Cancelled, "interrupted", 0, {}};
+            return cancelledError();
         }
         if (elapsed >= limits.timeout) {
             return Error{
@@ -254,7 +253,7 @@ Failure View::send(ClientServerMessage message) {
     while (message.type > highest && !mHighestSent.compare_exchange_weak(highest, message.type)) {
     }
     message.docid = docid();
-    Failure failure = mQueue.post(message, QUEUE_PATIENCE);
+    Failure failure = mQueue.post(message, QUEUE_PATIENCE, [this] { return ended(); });
     if (failure && failure->kind == Error::Kind::System) {
         endWith(Life::Gone);
         return goneError();
@@ -267,6 +266,7 @@ bool View::settle(std::chrono::milliseconds patience) {
     const bool settled = mQueue.settle(patience, [this] {
         const Lock lock(mMutex);
         takePaintsDone();
+        return mLife == Life::Open;
     });
     if (settled) {
         long expected = before;

@@ -6,8 +6,8 @@
 #include "client/lib/KeepAlive.h"
 #include "client/lib/RecordReader.h"
 #include "client/lib/ServiceWatch.h"
+#include "client/lib/ViewCalls.h"
 #include <lectern/Bus.h>
-#include <lectern/EventCalls.h>
 #include <lectern/StateSegment.h>
 
 #include <atomic>

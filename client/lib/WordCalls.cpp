@@ -4,8 +4,8 @@
 
 namespace lectern::word {
 
-Failure wideMode(const Bus& bus, int docid, bool on, const CallLimits& limits) {
-    return command(bus, "/word", "wideMode", documentPayload(docid).add("wideMode", on), limits);
+Call<void> wideMode(bool on) {
+    return command("/word", "wideMode", JsonMembers().add("wideMode", on));
 }
 
 } // namespace lectern::word

@@ -107,8 +107,7 @@ private:
     }
 
     JsonMembers search(const JsonMembers& request) {
-        const Result<int> hits =
-            common::search(mBus, mDocument->docid(), request.string("text").value_or(""), mLimits);
+        const Result<int> hits = mDocument->ask(common::search(request.string("text").value_or("")), mLimits);
         if (!hits) {
             return failed(hits.error());
         }
@@ -118,7 +117,7 @@ private:
     }
 
     JsonMembers closeSearch(const JsonMembers& /*request*/) {
-        return outcome(common::closeSearch(mBus, mDocument->docid(), mLimits));
+        return outcome(mDocument->ask(common::closeSearch(), mLimits));
     }
 
     JsonMembers scroll(const JsonMembers& request) {
@@ -132,7 +131,7 @@ private:
     }
 
     JsonMembers slides(const JsonMembers& /*request*/) {
-        const Result<int> count = ppt::getSlideCount(mBus, mDocument->docid(), mLimits);
+        const Result<int> count = mDocument->ask(ppt::getSlideCount(), mLimits);
         if (!count) {
             return failed(count.error());
         }
@@ -157,8 +156,7 @@ private:
         if (failure = mDocument->paint(mLimits); failure) {
             return failed(*failure);
         }
-        return outcome(
-            excel::copySelection(mBus, mDocument->docid(), request.string("file").value_or(""), mLimits));
+        return outcome(mDocument->ask(excel::copySelection(request.string("file").value_or("")), mLimits));
     }
 
     const Bus& mBus;

@@ -62,11 +62,9 @@ protected:
         return [rows](Document& document) { drag(document, rows); };
     }
     static Step search(const std::string& text) {
-        return [text](Document& document) {
-            EXPECT_TRUE(common::search(document.bus(), document.docid(), text));
-        };
+        return [text](Document& document) { EXPECT_TRUE(document.ask(common::search(text))); };
     }
-    static void next(Document& document) { expectDone(common::nextResult(document.bus(), document.docid())); }
+    static void next(Document& document) { expectDone(document.ask(common::nextResult())); }
 };
 
 TEST_F(LostEngineTest, ATextIsShownAsIfNothingHadHappened) {
@@ -84,7 +82,7 @@ TEST_F(LostEngineTest, ASheetIsShownAsIfNothingHadHappened) {
         expectDone(document.penDown(150, 8));
         expectDone(document.click(150, 8));
         expectDone(document.penUp(150, 8));
-        EXPECT_TRUE(excel::sortDescending(document.bus(), document.docid()));
+        EXPECT_TRUE(document.ask(excel::sortDescending()));
     };
     const Step otherSheet = [](Document& document) { expectDone(showSheet(document, 1)); };
     const Step firstSheet = [](Document& document) { expectDone(showSheet(document, 0)); };

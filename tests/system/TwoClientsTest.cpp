@@ -48,7 +48,7 @@ protected:
             EXPECT_TRUE(isShownFrom(*text, 0));
             drag(*sheet, 40);
         }
-        const auto hits = common::search(own, text->docid(), "harbour");
+        const auto hits = text->ask(common::search("harbour"));
         ASSERT_TRUE(hits);
         EXPECT_GT(*hits, 0);
         ASSERT_FALSE(showSlide(*slides, slide));

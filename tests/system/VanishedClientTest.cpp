@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // A client that is killed.
+#include "client/lib/Calls.h"
+#include "client/lib/DocumentNumber.h"
 #include "tests/system/support/ClientFixture.h"
 #include <lectern/CommonCalls.h>
 
@@ -37,8 +39,8 @@ TEST_F(VanishedClientTest, LeavesItsDocumentToTheServiceAndOthersGoOn) {
     ASSERT_FALSE(before->paint());
     const auto after = open(own, sample("tour.xlsx"));
     ASSERT_TRUE(after);
-    EXPECT_EQ(after->docid(), 2) << "the number is still taken";
-    const auto properties = common::getDocProperties(own, docid);
+    EXPECT_EQ(DocumentNumber::of(*after), 2) << "the number is still taken";
+    const auto properties = ask(own, docid, common::getDocProperties());
     ASSERT_TRUE(properties) << "it may have been a tool that makes a connection for each call";
     EXPECT_NE(properties->find("A Tour of the Harbour"), std::string::npos);
     drag(*after, 40);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // vanishing_client ADDRESS FILE: a client for tests to kill. Opens a document,
 // paints it, prints its number and its state segment, and waits.
+#include "client/lib/DocumentNumber.h"
 #include <lectern/Document.h>
 
 #include <unistd.h>
@@ -16,7 +17,7 @@ int main(int argc, char** argv) {
     if (!document || (*document)->paint()) {
         return 1;
     }
-    std::printf("%d %u\n", (*document)->docid(), (*document)->stateIdentifier());
+    std::printf("%d %u\n", lectern::DocumentNumber::of(**document), (*document)->stateIdentifier());
     std::fflush(stdout);
     pause();
     return 0;

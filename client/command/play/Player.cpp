@@ -138,7 +138,7 @@ Failure Player::perform(const PreviousHit& /*hit*/) {
 }
 
 Failure Player::perform(const EndSearch& /*end*/) {
-    return common::closeSearch(mDocument.bus(), mDocument.docid(), mLimits);
+    return mDocument.ask(common::closeSearch(), mLimits);
 }
 
 Failure Player::perform(const Wide& wide) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <lectern/Bus.h>
+#include <lectern/Call.h>
 #include <lectern/FrameBuffer.h>
 #include <lectern/StateSegment.h>
 #include <lectern/ViewEvents.h>
@@ -12,8 +13,14 @@
 #include <optional>
 #include <stop_token>
 #include <string>
+#include <type_traits>
+#include <utility>
 
 struct _GMainContext; // GLib's GMainContext
+
+namespace lectern {
+class DocumentNumber; // not part of the interface
+}
 
 #pragma GCC visibility push(default)
 
@@ -56,11 +63,20 @@ struct OpenOptions {
     _GMainContext* context = nullptr;
 };
 
+// The threads on which a document does work for programs that must not block. Each does
+// its work in order; none waits for another one.
+enum class Lane {
+    Input, // pens, pinches, keys, scrolls, clicks, flicks
+    Paint, // paints, and what replaces the frame buffer: resize and reopen
+    Call,  // all other calls of the service
+};
+
 // An open document and its view. While it exists, it keeps the service running. Its
 // destructor closes the document in the service; it may run inside a callback.
 //
 // Threads: paint() and frame() belong to one thread of the program, or to onFrame
-// where the library paints. All other functions may be called from any thread.
+// where the library paints. All other functions may be called from any thread. Most of
+// them block; ask() with a callback and later() do not.
 //
 // Input: pens, keys, gestures and wide mode are queued for the service, which sends
 // no reply. A later paint shows the result. The service serves a paint before input
@@ -84,15 +100,13 @@ public:
     // Opens the document again after the service has stopped or has forgotten it; the
     // bus starts the service if it can. Restores the view's place, zoom, and sheet or
     // slide as of the last paint, but not wide mode, the selection or a search. The
-    // frame buffer stays; docid() and stateIdentifier() may change. A failed call can
+    // frame buffer stays; stateIdentifier() may change. A failed call can
     // be repeated. Without limits, the time-out and progress callback of the open
     // apply.
     Failure reopen();
     Failure reopen(const CallLimits& limits);
 
     const Bus& bus() const;
-    // The service's number of the document, for the calls of the other headers.
-    int docid() const;
     DocumentKind kind() const;
     Manners manners() const;
     // The picture that the service painted last. Only paints change it. Valid as long
@@ -102,6 +116,33 @@ public:
     ViewState state() const;
     // Identifier of the state segment, for OpenOptions::restoreFrom.
     unsigned int stateIdentifier() const;
+
+    // Makes a call, such as one of TouchCalls.h, and returns its answer: the value or the
+    // error; only the error or nothing where the call has no value.
+    template<typename Value>
+    Answer<Value> ask(const Call<Value>& call, const CallLimits& limits = {}) {
+        const Result<std::string> reply = ask(call.request, limits);
+        return reply ? call.read(*reply) : Answer<Value>(reply.error());
+    }
+    // The same for any method; returns the text of the reply.
+    Result<std::string> ask(const Request& request, const CallLimits& limits = {});
+    // The same without blocking: makes the call in Lane::Call. onDone is called with the
+    // answer, and limits.onProgress too, as events are.
+    template<typename Value>
+    void ask(const Call<Value>& call, std::function<void(std::type_identity_t<Answer<Value>> answer)> onDone,
+             const CallLimits& limits = {});
+
+    // Work that may block. It must not destroy the document. The token is requested when
+    // the result is not wanted any more; give it to the calls in the work.
+    using Work = std::function<Failure(Document& document, const std::stop_token& stop)>;
+    // Does work in a lane, after the lane's earlier work; never blocks. onDone is called
+    // as events are, with the result of the work. Where `stop` was used before the work
+    // could begin, it is not done, and the result is an error of kind cancelled.
+    //
+    // The destructor of the document cancels the work that goes on, waits for it and drops
+    // the rest; it calls no onDone.
+    void later(Lane lane, Work work, std::function<void(Failure failure)> onDone = {},
+               std::stop_token stop = {});
 
     // Asks the service to paint, and returns when the picture is in frame(). Fails with
     // an error of kind document if the rendering module could not render it.
@@ -151,10 +192,31 @@ public:
     void settle() const;
 
 private:
+    friend class DocumentNumber;
     class [[gnu::visibility("hidden")]] Parts;
     explicit Document(std::unique_ptr<Parts> parts);
+    // Limits for a call in a lane: the lane's token, and progress that is told as events are.
+    CallLimits limitsInLane(const CallLimits& limits, const std::stop_token& stop) const;
+
     std::unique_ptr<Parts> mParts;
 };
+
+template<typename Value>
+void Document::ask(const Call<Value>& call,
+                   std::function<void(std::type_identity_t<Answer<Value>> answer)> onDone,
+                   const CallLimits& limits) {
+    const auto answer = std::make_shared<std::optional<Answer<Value>>>();
+    later(
+        Lane::Call,
+        [call, limits, answer](Document& document, const std::stop_token& stop) {
+            answer->emplace(document.ask(call, document.limitsInLane(limits, stop)));
+            return Failure();
+        },
+        [answer, onDone = std::move(onDone)](const Failure& failure) {
+            onDone(failure ? Answer<Value>(*failure) : std::move(**answer));
+        },
+        limits.stop);
+}
 
 } // namespace lectern
 

@@ -2,8 +2,8 @@
 // The methods of the category "/touch", for documents that were opened with touch
 // manners. Points and rectangles are pixels of the view from its top left corner,
 // unless a comment says otherwise; texts are UTF-8; sheets, slides, columns, rows, hits
-// and entries count from 0. Bus.h describes the threads, the errors and the limits of a
-// call.
+// and entries count from 0. Document::ask makes the calls that these functions return; it
+// describes the threads, the errors and the limits.
 //
 // Errors of kind refused, by name: "errWrongType" (opened without touch manners),
 // "errNotOpen" (the document is still being opened), "errOutOfRange" (a number that the
@@ -12,7 +12,7 @@
 // "errFailed" (the rendering module failed).
 #pragma once
 
-#include <lectern/Bus.h>
+#include <lectern/Call.h>
 #include <lectern/FrameBuffer.h>
 #include <lectern/Point.h>
 
@@ -99,53 +99,42 @@ struct Cell {
 
 enum class ExportFormat { Pdf, Text };
 
-Result<ViewPlace> getView(const Bus& bus, int docid, const CallLimits& limits = {});
+Call<ViewPlace> getView();
 // Moves the view's top left corner to a point of the document, in pixels at the current
 // zoom, as far as the document reaches. Ends a glide.
-Failure scrollTo(const Bus& bus, int docid, Point at, const CallLimits& limits = {});
+Call<void> scrollTo(Point at);
 // Zooms inside the limits of the view. The document stays where it is under the point,
 // by default the view's centre.
-Failure zoomTo(const Bus& bus, int docid, double zoom, std::optional<Point> about = {},
-               const CallLimits& limits = {});
+Call<void> zoomTo(double zoom, std::optional<Point> about = {});
 // The address of the link that was tapped last; empty before that.
-Result<std::string> getLink(const Bus& bus, int docid, const CallLimits& limits = {});
+Call<std::string> getLink();
 
 // Marks all hits and moves the view to the first one at or below its top.
-Result<Hit> search(const Bus& bus, int docid, const std::string& text, const SearchOptions& options = {},
-                   const CallLimits& limits = {});
+Call<Hit> search(const std::string& text, const SearchOptions& options = {});
 // Move the view to the next or previous hit; the first one follows the last one.
-Result<Hit> nextResult(const Bus& bus, int docid, const CallLimits& limits = {});
-Result<Hit> previousResult(const Bus& bus, int docid, const CallLimits& limits = {});
+Call<Hit> nextResult();
+Call<Hit> previousResult();
 
 // Selects the word or line at a point, all, or nothing.
-Failure select(const Bus& bus, int docid, SelectUnit unit, Point at = {}, const CallLimits& limits = {});
+Call<void> select(SelectUnit unit, Point at = {});
 // Moves an end of the selection to a point.
-Failure moveSelectionEnd(const Bus& bus, int docid, SelectEnd end, Point to, const CallLimits& limits = {});
-Result<Selection> getSelection(const Bus& bus, int docid, const CallLimits& limits = {});
+Call<void> moveSelectionEnd(SelectEnd end, Point to);
+Call<Selection> getSelection();
 
 // The text on the screen, in reading order.
-Result<std::vector<TextLine>> getText(const Bus& bus, int docid, const CallLimits& limits = {});
+Call<std::vector<TextLine>> getText();
 // The headings of a text, or the sheets or slides.
-Result<std::vector<OutlineEntry>> getOutline(const Bus& bus, int docid, const CallLimits& limits = {});
+Call<std::vector<OutlineEntry>> getOutline();
 // Shows an entry of the outline.
-Failure goTo(const Bus& bus, int docid, int entry, const CallLimits& limits = {});
+Call<void> goTo(int entry);
 // A cell of the shown sheet; by default the one that was tapped last.
-Result<Cell> getCell(const Bus& bus, int docid, std::optional<CellAddress> at = {},
-                     const CallLimits& limits = {});
-// Paints a slide or page into a picture of the caller, whole and centred.
-Failure getThumbnail(const Bus& bus, int docid, int part, const FrameBuffer& picture,
-                     const CallLimits& limits = {});
+Call<Cell> getCell(std::optional<CellAddress> at = {});
+// Paints a slide or page into a picture of the caller, whole and centred. The picture
+// must exist until the call has ended.
+Call<void> getThumbnail(int part, const FrameBuffer& picture);
 // Writes the document to a file. path: absolute; the service creates the file or empties
 // it first.
-Failure exportTo(const Bus& bus, int docid, ExportFormat format, const std::string& path,
-                 const CallLimits& limits = {});
-
-// Gives the view another size and frame buffer. Use Document::resize for the document of
-// a program, which replaces its frame buffer too.
-Failure resize(const Bus& bus, int docid, const FrameBuffer& frame, const CallLimits& limits = {});
-// Gives up the open of a document. Sent without waiting for the reply. owner:
-// CreateReply::owner. The document must still be destroyed.
-Failure cancel(const Bus& bus, int docid, const std::string& owner = SERVICE_NAME);
+Call<void> exportTo(ExportFormat format, const std::string& path);
 
 } // namespace lectern::touch
 

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-// The methods of the category "/word", for word-processing documents. Bus.h
-// describes the threads, the errors and the limits of a call.
+// The methods of the category "/word", for word-processing documents. Document::ask makes
+// the calls that these functions return; it describes the threads, the errors and the
+// limits.
 #pragma once
 
-#include <lectern/Bus.h>
+#include <lectern/Call.h>
 
 #pragma GCC visibility push(default)
 
@@ -13,7 +14,7 @@ namespace lectern::word {
 // Off: lays it out as wide as the view. Returns when the service has queued the
 // request, not when the text is laid out; a document of another kind, or one that
 // does not exist, is no error.
-Failure wideMode(const Bus& bus, int docid, bool on, const CallLimits& limits = {});
+Call<void> wideMode(bool on);
 
 } // namespace lectern::word
 

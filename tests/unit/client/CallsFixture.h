@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "client/lib/Json.h"
+#include "client/lib/Calls.h"
 #include "tests/unit/client/FakeService.h"
 #include <lectern/Bus.h>
 
@@ -15,6 +15,11 @@ class CallsTest : public testing::Test {
 protected:
     CallsTest() : mBus(std::move(*lectern::Bus::connect(mService.address()))) {}
 
+    // Makes a call for the document with this number.
+    template<typename Value>
+    lectern::Answer<Value> ask(const lectern::Call<Value>& call, int docid = 1) {
+        return lectern::ask(mBus, docid, call);
+    }
     lectern::JsonMembers payload() {
         return std::move(*lectern::JsonMembers::parse(mService.calls().back().payload));
     }

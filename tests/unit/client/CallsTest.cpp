@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/KeepAlive.h"
+#include "client/lib/ViewCalls.h"
 #include "tests/unit/client/CallsFixture.h"
 #include "tests/unit/client/LibraryThreads.h"
 #include <lectern/CommonCalls.h>
-#include <lectern/EventCalls.h>
 #include <lectern/WordCalls.h>
 
 namespace {
@@ -12,13 +12,13 @@ using namespace lectern;
 using namespace std::chrono_literals;
 
 TEST_F(CallsTest, CommonMethodsNameTheDocument) {
-    using Method = Failure (*)(const Bus&, int, const CallLimits&);
+    using Method = Call<void> (*)();
     const std::pair<const char*, Method> methods[] = {{"/common nextResult", common::nextResult},
                                                       {"/common previousResult", common::previousResult},
                                                       {"/common closeSearch", common::closeSearch},
                                                       {"/common clearSelection", common::clearSelection}};
     for (const auto& [name, method] : methods) {
-        EXPECT_FALSE(method(mBus, 7, {}));
+        EXPECT_FALSE(ask(method(), 7));
         EXPECT_EQ(place(), name);
         EXPECT_EQ(payload().integer("docid"), 7);
     }
@@ -26,25 +26,25 @@ TEST_F(CallsTest, CommonMethodsNameTheDocument) {
 
 TEST_F(CallsTest, SearchGivesTheNumberOfHits) {
     mService.answer("/common Search", R"({"resultcount": 12})");
-    const auto hits = common::search(mBus, 1, "Größe");
+    const auto hits = ask(common::search("Größe"));
     ASSERT_TRUE(hits);
     EXPECT_EQ(*hits, 12);
     EXPECT_EQ(payload().string("search"), "Größe");
     mService.answer("/common Search", "{}");
-    EXPECT_FALSE(common::search(mBus, 1, "x"));
+    EXPECT_FALSE(ask(common::search("x")));
 }
 
 TEST_F(CallsTest, PropertiesAndMimeInfoComeAsTheyAre) {
     mService.answer("/common getDocProperties", R"({ "name": "A" })");
     mService.answer("/common getMimeInfo", "");
-    EXPECT_EQ(*common::getDocProperties(mBus, 0), R"({ "name": "A" })");
-    EXPECT_EQ(*common::getMimeInfo(mBus, 0), "");
+    EXPECT_EQ(*ask(common::getDocProperties(), 0), R"({ "name": "A" })");
+    EXPECT_EQ(*ask(common::getMimeInfo(), 0), "");
 }
 
 TEST_F(CallsTest, ErrorsOfTheServiceComeThrough) {
     mService.answer("/common nextResult",
                     R"({"errorCode": "errDoesNotExist", "errorText": "Document does not exist"})");
-    const auto failure = common::nextResult(mBus, 9);
+    const auto failure = ask(common::nextResult(), 9);
     ASSERT_TRUE(failure);
     EXPECT_EQ(failure->name, "errDoesNotExist");
 }
@@ -81,16 +81,13 @@ TEST_F(CallsTest, CreateMissesNothingInTheReply) {
 }
 
 TEST_F(CallsTest, PointerEventsCarryTheirPlace) {
-    using Method = Failure (*)(const Bus&, int, int, int, const CallLimits&);
+    using Method = Call<void> (*)(int, int);
     const std::pair<const char*, Method> methods[] = {
-        {"/events handlePenDown", events::handlePenDown},
-        {"/events handlePenUp", events::handlePenUp},
-        {"/events handlePenMove", events::handlePenMove},
         {"/events handleClick", events::handleClick},
         {"/events handleFlick", events::handleFlick},
         {"/events handleDoubleClick", events::handleDoubleClick}};
     for (const auto& [name, method] : methods) {
-        EXPECT_FALSE(method(mBus, 1, 20, -30, {}));
+        EXPECT_FALSE(ask(method(20, -30)));
         EXPECT_EQ(place(), name);
         EXPECT_EQ(payload().integer("xCoord"), 20);
         EXPECT_EQ(payload().integer("yCoord"), -30);
@@ -98,22 +95,13 @@ TEST_F(CallsTest, PointerEventsCarryTheirPlace) {
 }
 
 TEST_F(CallsTest, AFlickIsNeverPurelySideways) {
-    EXPECT_FALSE(events::handleFlick(mBus, 1, 500, 0));
+    EXPECT_FALSE(ask(events::handleFlick(500, 0)));
     EXPECT_EQ(payload().integer("xCoord"), 500);
     EXPECT_EQ(payload().integer("yCoord"), 1);
 }
 
-TEST_F(CallsTest, KeysCarryCharacterAndModifiers) {
-    EXPECT_FALSE(events::handleKeyDown(mBus, 1, 97, 2));
-    EXPECT_EQ(place(), "/events handleKeyDown");
-    EXPECT_EQ(payload().integer("chr"), 97);
-    EXPECT_EQ(payload().integer("modifiers"), 2);
-    EXPECT_FALSE(events::handleKeyUp(mBus, 1, 97, 2));
-    EXPECT_EQ(place(), "/events handleKeyUp");
-}
-
 TEST_F(CallsTest, WideModeIsAFlag) {
-    EXPECT_FALSE(word::wideMode(mBus, 1, true));
+    EXPECT_FALSE(ask(word::wideMode(true)));
     EXPECT_EQ(mService.calls().back(),
               (FakeService::Call{"/word wideMode", R"({ "docid": 1, "wideMode": true })"}));
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/ClientQueue.h"
+#include "client/lib/DocumentNumber.h"
 #include "client/lib/Json.h"
 #include "tests/unit/client/FakeService.h"
 #include <lectern/Document.h>
@@ -37,7 +38,7 @@ protected:
 TEST_F(DocumentTest, OpensWithAFrameBufferThatTheServiceCanAttach) {
     const auto document = open({.width = 32, .height = 48});
     ASSERT_TRUE(document) << document.error().text;
-    EXPECT_EQ((*document)->docid(), 3);
+    EXPECT_EQ(DocumentNumber::of(**document), 3);
     EXPECT_EQ((*document)->kind(), DocumentKind::WordProcessing);
     EXPECT_TRUE(mService.view().attached());
     EXPECT_EQ((*document)->stateIdentifier(), mService.view().stateIdentifier());
@@ -133,7 +134,7 @@ TEST_F(DocumentTest, TheAnswerToAnEarlierViewsPaintIsNotTakenForItsOwn) {
     ASSERT_TRUE(queue.tryPost(old));
     const auto document = open({.width = 20, .height = 10});
     ASSERT_TRUE(document);
-    ASSERT_EQ((*document)->docid(), 3);
+    ASSERT_EQ(DocumentNumber::of(**document), 3);
     EXPECT_FALSE((*document)->paint());
     EXPECT_EQ((*document)->frame().pixels()[199], FakeView::COLOUR);
 }

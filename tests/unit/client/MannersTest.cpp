@@ -3,7 +3,6 @@
 // itself.
 #include "tests/unit/client/FakeService.h"
 #include <lectern/Document.h>
-#include <lectern/EventCalls.h>
 
 #include <gmock/gmock.h>
 

@@ -12,33 +12,33 @@ TEST_F(PptCalls, ListAndNoteComeAsTheyAre) {
     const std::string list = R"({"list": [{"data":"Plan", "listitem":"1", "status":""}]})";
     mService.answer("/ppt getSlideList", list);
     mService.answer("/ppt getSlideNote", "");
-    EXPECT_EQ(*ppt::getSlideList(mBus, 2), list);
+    EXPECT_EQ(*ask(ppt::getSlideList(), 2), list);
     EXPECT_EQ(payload().integer("docid"), 2);
-    EXPECT_EQ(*ppt::getSlideNote(mBus, 2), "");
+    EXPECT_EQ(*ask(ppt::getSlideNote(), 2), "");
     EXPECT_EQ(place(), "/ppt getSlideNote");
     EXPECT_EQ(payload().integer("docid"), 2);
 }
 
 TEST_F(PptCalls, TheCountIsANumber) {
     mService.answer("/ppt getSlideCount", R"({"slidecnt": 12})");
-    EXPECT_EQ(*ppt::getSlideCount(mBus, 2), 12);
+    EXPECT_EQ(*ask(ppt::getSlideCount(), 2), 12);
     EXPECT_EQ(payload().integer("docid"), 2);
     mService.answer("/ppt getSlideCount", R"({"slidecnt": "12"})");
-    EXPECT_FALSE(ppt::getSlideCount(mBus, 2));
+    EXPECT_FALSE(ask(ppt::getSlideCount(), 2));
 }
 
 TEST_F(PptCalls, AJumpGivesTheSlideNowShown) {
     mService.answer("/ppt jumpToSlide", R"({"slideNumber": 4})");
-    EXPECT_EQ(*ppt::jumpToSlide(mBus, 5, 99), 4);
+    EXPECT_EQ(*ask(ppt::jumpToSlide(99), 5), 4);
     EXPECT_EQ(payload().integer("docid"), 5);
     EXPECT_EQ(payload().integer("slide"), 99);
 }
 
 TEST_F(PptCalls, AnOrientationIsSentWhereOneIsGiven) {
-    EXPECT_FALSE(ppt::fitWideMode(mBus, 1, "right"));
+    EXPECT_FALSE(ask(ppt::fitWideMode("right")));
     EXPECT_EQ(place(), "/ppt fitWideMode");
     EXPECT_EQ(payload().string("orientation"), "right");
-    EXPECT_FALSE(ppt::fitWideMode(mBus, 1));
+    EXPECT_FALSE(ask(ppt::fitWideMode()));
     EXPECT_FALSE(payload().has("orientation"));
     EXPECT_EQ(payload().integer("docid"), 1);
 }

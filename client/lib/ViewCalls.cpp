@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "client/lib/ViewCalls.h"
+
 #include "client/lib/Calls.h"
-#include <lectern/EventCalls.h>
 
 namespace lectern::events {
 
@@ -8,14 +9,8 @@ namespace {
 
 constexpr char CATEGORY[] = "/events";
 
-Failure pointer(const Bus& bus, const char* method, int docid, int x, int y, const CallLimits& limits) {
-    return command(bus, CATEGORY, method, documentPayload(docid).add("xCoord", x).add("yCoord", y), limits);
-}
-
-Failure key(const Bus& bus, const char* method, int docid, int character, int modifiers,
-            const CallLimits& limits) {
-    return command(bus, CATEGORY, method,
-                   documentPayload(docid).add("chr", character).add("modifiers", modifiers), limits);
+Call<void> pointer(const char* method, int x, int y) {
+    return command(CATEGORY, method, JsonMembers().add("xCoord", x).add("yCoord", y));
 }
 
 Result<CreateReply> readCreated(const Reply& reply) {
@@ -76,36 +71,28 @@ Failure ping(const Bus& bus) {
     return bus.post(CATEGORY, "ping", JsonMembers().text());
 }
 
-Failure handlePenDown(const Bus& bus, int docid, int x, int y, const CallLimits& limits) {
-    return pointer(bus, "handlePenDown", docid, x, y, limits);
+Call<void> handleClick(int x, int y) {
+    return pointer("handleClick", x, y);
 }
 
-Failure handlePenUp(const Bus& bus, int docid, int x, int y, const CallLimits& limits) {
-    return pointer(bus, "handlePenUp", docid, x, y, limits);
+Call<void> handleDoubleClick(int x, int y) {
+    return pointer("handleDoubleClick", x, y);
 }
 
-Failure handlePenMove(const Bus& bus, int docid, int x, int y, const CallLimits& limits) {
-    return pointer(bus, "handlePenMove", docid, x, y, limits);
-}
-
-Failure handleKeyDown(const Bus& bus, int docid, int character, int modifiers, const CallLimits& limits) {
-    return key(bus, "handleKeyDown", docid, character, modifiers, limits);
-}
-
-Failure handleKeyUp(const Bus& bus, int docid, int character, int modifiers, const CallLimits& limits) {
-    return key(bus, "handleKeyUp", docid, character, modifiers, limits);
-}
-
-Failure handleClick(const Bus& bus, int docid, int x, int y, const CallLimits& limits) {
-    return pointer(bus, "handleClick", docid, x, y, limits);
-}
-
-Failure handleDoubleClick(const Bus& bus, int docid, int x, int y, const CallLimits& limits) {
-    return pointer(bus, "handleDoubleClick", docid, x, y, limits);
-}
-
-Failure handleFlick(const Bus& bus, int docid, int velocityX, int velocityY, const CallLimits& limits) {
-    return pointer(bus, "handleFlick", docid, velocityX, velocityY == 0 ? 1 : velocityY, limits);
+Call<void> handleFlick(int velocityX, int velocityY) {
+    return pointer("handleFlick", velocityX, velocityY == 0 ? 1 : velocityY);
 }
 
 } // namespace lectern::events
+
+namespace lectern::touch {
+
+Call<void> resize(const FrameBuffer& frame) {
+    return command("/touch", "resize", addFrame({}, frame));
+}
+
+Failure cancel(const Bus& bus, int docid, const std::string& owner) {
+    return bus.post("/touch", "cancel", documentPayload(docid).text(), owner);
+}
+
+} // namespace lectern::touch

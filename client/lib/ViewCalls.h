@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
-// The methods of the category "/events": opening and closing documents, and input.
-// The service replies to input after the view has handled it. x and y are view
-// pixels from the top left corner. Bus.h describes the threads, the errors and the
-// limits of a call.
+// The calls that the library makes by itself for its views: those that open, resize and
+// close them, and input that the service answers.
 #pragma once
 
 #include <lectern/Bus.h>
+#include <lectern/Call.h>
+#include <lectern/FrameBuffer.h>
 
 #include <optional>
 #include <string>
-
-#pragma GCC visibility push(default)
 
 namespace lectern::events {
 
@@ -46,19 +44,21 @@ Failure destroy(const Bus& bus, int docid, const std::string& owner = SERVICE_NA
 // Keeps the service from stopping because it is idle. Sent without a reply.
 Failure ping(const Bus& bus);
 
-Failure handlePenDown(const Bus& bus, int docid, int x, int y, const CallLimits& limits = {});
-Failure handlePenUp(const Bus& bus, int docid, int x, int y, const CallLimits& limits = {});
-Failure handlePenMove(const Bus& bus, int docid, int x, int y, const CallLimits& limits = {});
-// key: a character's code. The keys a, d, w and s scroll by 5 pixels to the left,
-// to the right, up and down. Modifiers have no effect.
-Failure handleKeyDown(const Bus& bus, int docid, int key, int modifiers, const CallLimits& limits = {});
-Failure handleKeyUp(const Bus& bus, int docid, int key, int modifiers, const CallLimits& limits = {});
-Failure handleClick(const Bus& bus, int docid, int x, int y, const CallLimits& limits = {});
-Failure handleDoubleClick(const Bus& bus, int docid, int x, int y, const CallLimits& limits = {});
+// The service replies after the view has handled them. x and y: view pixels.
+Call<void> handleClick(int x, int y);
+Call<void> handleDoubleClick(int x, int y);
 // Velocity of the finger in pixels per second. The service takes the end of a
 // glide from the vertical axis, so a vertical velocity of 0 is sent as 1.
-Failure handleFlick(const Bus& bus, int docid, int velocityX, int velocityY, const CallLimits& limits = {});
+Call<void> handleFlick(int velocityX, int velocityY);
 
 } // namespace lectern::events
 
-#pragma GCC visibility pop
+namespace lectern::touch {
+
+// Gives the view another size and frame buffer.
+Call<void> resize(const FrameBuffer& frame);
+// Gives up the open of a document. Sent without waiting for the reply. owner:
+// CreateReply::owner. The document must still be destroyed.
+Failure cancel(const Bus& bus, int docid, const std::string& owner = SERVICE_NAME);
+
+} // namespace lectern::touch
