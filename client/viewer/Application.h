@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "base/GLibHolder.h"
+#include "client/viewer/Connection.h"
+#include "client/viewer/History.h"
 #include "client/viewer/Window.h"
 
 #include <memory>
@@ -21,8 +22,13 @@ public:
     // Returns the exit status of the process.
     int run(int argc, char** argv);
 
-    // Opens a file in a window of its own, or shows the window that has it.
-    void open(GFile* file);
+    // Opens a file: shows the window that has it, or opens it in this window if that is
+    // free, else in another free window or in a new one.
+    void open(GFile* file, Window* preferred = nullptr);
+    // Destroys a window.
+    void remove(const Window& window);
+    Connection& connection() { return mConnection; }
+    History& history() { return mHistory; }
 
 private:
     static void openAll(void* self, GFile** files, int count, const char* hint);
@@ -30,9 +36,15 @@ private:
     void showWindow();
     Window& addWindow();
     void newWindow() { addWindow(); }
+    void showAbout();
     void quit();
+    GtkWindow* activeWindow() const {
+        return gtk_application_get_active_window(GTK_APPLICATION(mApplication.get()));
+    }
 
     GLibHolder<AdwApplication> mApplication;
+    Connection mConnection;
+    History mHistory{History::usualPath()};
     std::vector<std::unique_ptr<Window>> mWindows;
 };
 

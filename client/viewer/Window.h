@@ -1,14 +1,23 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "client/viewer/Bookmark.h"
+#include "client/viewer/FileDialog.h"
+#include "client/viewer/Opener.h"
+#include "client/viewer/OpeningPage.h"
+#include "client/viewer/PasswordPage.h"
+#include "client/viewer/ProblemPage.h"
 #include "client/viewer/Ui.h"
+#include "client/viewer/WelcomePage.h"
 
 namespace lectern::viewer {
 
+class Application;
+
 // A window: its pages, and the parts of the page that shows a document.
-class Window : public Shell {
+class Window : public Shell, private Opener::Listener {
 public:
-    explicit Window(GtkApplication* application);
+    explicit Window(Application& application);
     ~Window() override;
     Window(const Window&) = delete;
     Window& operator=(const Window&) = delete;
@@ -18,10 +27,32 @@ public:
     LecternDocument* document() override;
     GActionMap* actions() override { return G_ACTION_MAP(mUi.object("window")); }
     void say(const std::string& message) override;
-    void open(GFile* file) override;
     AdwToastOverlay* toasts() override { return ADW_TOAST_OVERLAY(mUi.object("toasts")); }
+    void open(GFile* file) override;
+
+    // Opens a file in this window.
+    void show(GFile* file);
+    // The file that is shown, being opened, or cannot be opened; null on the welcome page.
+    GFile* file() const { return mOpener.file(); }
+    // True if the window has no document and opens none.
+    bool isFree() const { return !mOpener.inUse(); }
 
 private:
+    void opened() override;
+    void failed(const GError& error) override;
+
+    void addActions();
+    void acceptDrops();
+    static gboolean closed(void* self);
+    static gboolean drop(void* self, const GValue* value);
+    void reload() { openAgain(std::nullopt); }
+    void openAgain(std::optional<std::string> password);
+    void cancelOpen();
+    void close() { gtk_window_close(window()); }
+    void askForFile() { mFileDialog.show(); }
+    void showPage(const char* name);
+    void showOpening();
+
     // Puts a part's widget into a place of window.ui: an AdwBin.
     void fill(const char* place, GtkWidget* widget) { adw_bin_set_child(ADW_BIN(mUi.object(place)), widget); }
     AdwFlap* flap() { return ADW_FLAP(mUi.object("flap")); }
@@ -29,8 +60,16 @@ private:
     void overlay(GtkWidget* widget) { gtk_overlay_add_overlay(GTK_OVERLAY(mUi.object("overlay")), widget); }
     void fillPlaces();
 
+    Application& mApplication;
     Ui mUi{"window.ui"};
     LecternView* mView; // owned by the scrolled window
+    Opener mOpener;
+    Bookmark mBookmark;
+    FileDialog mFileDialog{*this};
+    WelcomePage mWelcome;
+    OpeningPage mOpening{*this};
+    ProblemPage mProblem;
+    PasswordPage mPassword;
 };
 
 } // namespace lectern::viewer
