@@ -7,6 +7,7 @@ import pathlib
 import shutil
 import subprocess
 
+from window.screen import Screen
 from window.touch import TouchScreen
 
 MODULES = pathlib.Path('/usr/lib/xorg/modules')
@@ -92,6 +93,7 @@ class Display:
             self.missing += 'Xorg is missing; '
         self.process, self.number = self._start(self._xvfb() if self.missing else self._xorg())
         self.name = f':{self.number}'
+        self.screen = Screen(self.name)
         self.touch = None if self.missing else TouchScreen(f'{folder}/touch', width, height)
 
     def _xorg(self):
@@ -121,6 +123,7 @@ class Display:
 
     def close(self):
         """Ends the server; it removes its sockets and locks itself."""
+        self.screen.close()
         if self.touch:
             self.touch.close()
         self.process.terminate()

@@ -64,6 +64,20 @@ class WithoutDriversTest(unittest.TestCase):
             self.assertEqual(session.display.missing, '/nonexistent/inputtest_drv.so is missing; ')
 
 
+class WaylandTest(unittest.TestCase):
+    """The same program under Wayland, without its accessibility tree, which a process has once."""
+
+    def test_the_screen_shows_what_fingers_do(self):
+        with Session(400, 300, wayland=True) as session:
+            program = session.start(sys.executable, HELLO)
+            session.wait(lambda: session.screen.picture((200, 290, 201, 291)).getpixel((0, 0)) == (255, 0, 0),
+                         'red at the bottom')
+            session.touch.drag((100, 250), (150, 150))
+            session.wait(lambda: 'drag 50 -100' in session.log(program.log), 'a drag')
+            session.touch.pinch((200, 200), 100, 250)
+            session.wait(lambda: 'pinch 2.5' in session.log(program.log), 'a pinch')
+
+
 class EndTest(unittest.TestCase):
     """What a session leaves behind."""
 

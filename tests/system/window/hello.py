@@ -8,6 +8,12 @@ gi.require_version('Gdk', '4.0')
 from gi.repository import Gdk, Gtk  # noqa: E402 pylint: disable=wrong-import-position
 
 
+def tell(label, text):
+    """Shows and prints what happened."""
+    label.set_label(text)
+    print(text, flush=True)
+
+
 def show(application):
     """Builds the window."""
     window = Gtk.ApplicationWindow(application=application, title='Hello', default_width=360, default_height=640)
@@ -18,9 +24,9 @@ def show(application):
     area = Gtk.DrawingArea(vexpand=True, hexpand=True)
     area.set_draw_func(lambda _, context, *__: (context.set_source_rgb(1, 0, 0), context.paint()))
     zoom = Gtk.GestureZoom()
-    zoom.connect('scale-changed', lambda _, scale: label.set_label(f'pinch {scale:.1f}'))
+    zoom.connect('scale-changed', lambda _, scale: tell(label, f'pinch {scale:.1f}'))
     drag = Gtk.GestureDrag()
-    drag.connect('drag-end', lambda gesture, x, y: label.set_label(f'drag {x:.0f} {y:.0f}'))
+    drag.connect('drag-end', lambda _, x, y: tell(label, f'drag {x:.0f} {y:.0f}'))
     for gesture in (zoom, drag):
         area.add_controller(gesture)
     for child in (entry, button, label, area):

@@ -15,14 +15,15 @@ import shutil
 import signal
 import subprocess
 import tempfile
+import unittest
 
 import window.namespace  # noqa: F401 pylint: disable=unused-import # before any thread starts
 from window.clipboard import clipboard_text
 from window.display import Display, end_with_parent
 from window.manager import WindowManager
 from window.processes import end_descendants
-from window.screen import Screen
 from window.tree import Tree
+from window.wayland import Compositor
 
 SOURCE = pathlib.Path(__file__).resolve().parents[3]
 BUILD = pathlib.Path(os.environ.get('LECTERN_BUILD', SOURCE / 'build/release'))
@@ -54,13 +55,15 @@ gtk-application-prefer-dark-theme={dark}
 
 
 class Session:
-    """See above. width, height: the screen's, in pixels. text_scale: the size of letters of
-    the desktop, 1.0 is usual. environment: more variables for all programs."""
+    """See above. width, height: the screen's, in pixels. wayland: a Wayland display, where every
+    window fills the screen, without `manager` and clipboard(). text_scale: the size of letters
+    of the desktop, 1.0 is usual. environment: more variables for all programs."""
 
-    def __init__(self, width=1280, height=1280, *, dark=False, text_scale=1.0, animations=False, environment=None):
+    def __init__(self, width=1280, height=1280, *, wayland=False, dark=False, text_scale=1.0, animations=False,
+                 environment=None):
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix='lectern-window-'))
         self.programs = []
-        self.display = self.manager = self.bus = None
+        self.tree = self.display = self.manager = self.screen = self.touch = self.bus = None
         self._kept = dict(os.environ)
         try:
             for name in ('home', 'home/.config/gtk-4.0', 'home/.local/state', 'run', 'services'):
@@ -68,9 +71,12 @@ class Session:
             (self.folder / 'home/.config/gtk-4.0/settings.ini').write_text(SETTINGS.format(
                 animations=int(animations), dpi=round(96 * 1024 * text_scale), dark=int(dark)), encoding='utf-8')
             self._environment(dark, environment or {})
-            self._start_display(width, height)
             self._start_bus()
             self.tree = Tree(self)
+            if wayland:
+                self._start_wayland(width, height)
+            else:
+                self._start_display(width, height)
         except BaseException:
             self.close()
             raise
@@ -79,8 +85,14 @@ class Session:
         self.display = Display(self.folder, width, height)
         os.environ['DISPLAY'] = self.display.name
         self.manager = WindowManager(self.display.name)
-        self.screen = Screen(self.display.name)
-        self.touch = self.display.touch
+        self.screen, self.touch = self.display.screen, self.display.touch
+
+    def _start_wayland(self, width, height):
+        missing = [name for name in ('mutter', 'weston', 'weston-screenshooter', 'pipewire') if not shutil.which(name)]
+        if missing:
+            raise unittest.SkipTest(f'{" and ".join(missing)} not installed')
+        self.display = Compositor(self, width, height)
+        self.screen, self.touch = self.display.screen, self.display.touch
 
     def _environment(self, dark, more):
         """The environment of this process and of all that it starts: nothing of the machine's session."""
@@ -171,7 +183,7 @@ class Session:
         """Ends all programs and removes the folder."""
         for program in reversed(self.programs):
             self.end(program)
-        for part in (getattr(self, 'tree', None), getattr(self, 'screen', None), self.manager, self.display):
+        for part in (self.tree, self.manager, self.display):
             if part:
                 part.close()
         if self.bus:
