@@ -76,6 +76,11 @@ struct CallArguments {
 
 struct ServeArguments {};
 
+// Arguments of the sub-command that shows documents in windows.
+struct WindowArguments {
+    std::vector<std::string> files;
+};
+
 // Help text to print instead of running the sub-command.
 struct Help {
     std::string text;
@@ -99,5 +104,6 @@ Parsed<SearchArguments> parseSearch(const Words& words);
 Parsed<PlayArguments> parsePlay(const Words& words);
 Parsed<CallArguments> parseCall(const Words& words);
 Parsed<ServeArguments> parseServe(const Words& words);
+Parsed<WindowArguments> parseView(const Words& words);
 
 } // namespace lectern

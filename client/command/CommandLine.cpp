@@ -114,12 +114,18 @@ char** CommandLine::copyOf(const Words& words) const {
     return copy;
 }
 
+Words CommandLine::operands() const {
+    return mOperands.words == nullptr
+               ? Words()
+               : Words(mOperands.words, mOperands.words + g_strv_length(mOperands.words));
+}
+
 std::optional<Misuse> CommandLine::checkOperands() const {
-    const size_t count = mOperands.words == nullptr ? 0 : g_strv_length(mOperands.words);
+    const size_t count = operands().size();
     if (count < mNames.size()) {
         return Misuse{std::string(mNames[count]) + " is missing"};
     }
-    if (count > mNames.size()) {
+    if (count > mNames.size() && !mMore) {
         return Misuse{"'" + operand(mNames.size()) +
                       "' is an unexpected argument; put quotes around a value that has spaces"};
     }

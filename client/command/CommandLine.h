@@ -67,7 +67,7 @@ private:
 };
 
 // The command line of one sub-command: its own options, --help, and the
-// operands, which are all required.
+// operands, which are all required; more are allowed only with acceptMore().
 class CommandLine {
 public:
     // operands: the names of the operands. usage: their form in the help; by
@@ -75,12 +75,16 @@ public:
     CommandLine(const char* subcommand, std::vector<const char*> operands, const char* summary,
                 const char* usage = nullptr);
 
+    // Allows any number of operands after the named ones.
+    void acceptMore() { mMore = true; }
+
     using Refusal = std::variant<Help, Misuse>;
     // Returns nothing when the command line is valid and fills in the entries'
     // targets; otherwise returns the help or the error.
     std::optional<Refusal> parse(const Words& words, std::vector<GOptionEntry> entries);
     // REQUIRES: parse has returned nothing.
     std::string operand(size_t index = 0) const { return mOperands.words[index]; }
+    Words operands() const;
 
 private:
     struct StringArray {
@@ -96,6 +100,7 @@ private:
     GLibHolder<GOptionContext> mContext;
     StringArray mOperands;
     gboolean mHelp = FALSE;
+    bool mMore = false;
 };
 
 template<typename Arguments>

@@ -20,6 +20,8 @@ int runNote(const NoteArguments& arguments, Interrupt& interrupt);
 int runSearch(const SearchArguments& arguments, Interrupt& interrupt);
 int runPlay(const PlayArguments& arguments, Interrupt& interrupt);
 int runServe(const ServeArguments& arguments, Interrupt& interrupt);
+// Continues as the viewer's process, and returns only if there is no viewer.
+int runView(const WindowArguments& arguments, Interrupt& interrupt);
 int runCall(const CallArguments& arguments, Interrupt& interrupt);
 
 // Reports an error on standard error, except an interruption by the user.

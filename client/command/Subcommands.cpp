@@ -43,6 +43,7 @@ int parseAndRun(const Words& words) {
 }
 
 constexpr Subcommand ALL[] = {
+    {"view", "[FILE...]", "Read documents in a window", parseAndRun<parseView, runView>},
     {"open", "FILE -o OUT.png", "Save a document's view as a PNG picture", parseAndRun<parseOpen, runOpen>},
     {"info", "FILE", "Print a document's properties", parseAndRun<parseInfo, runInfo>},
     {"sheets", "FILE", "Print the sheets of a spreadsheet", parseAndRun<parseSheets, runSheets>},

@@ -182,6 +182,14 @@ TEST(ServeArguments, AreNone) {
     EXPECT_THAT(misuse(parseServe({"now"})), HasSubstr("'now' is an unexpected argument"));
 }
 
+TEST(ViewArguments, AreAnyNumberOfFiles) {
+    EXPECT_TRUE(std::get<WindowArguments>(parseView({})).files.empty());
+    EXPECT_EQ(std::get<WindowArguments>(parseView({"a b.doc", "--", "-c.xls"})).files,
+              (std::vector<std::string>{"a b.doc", "-c.xls"}));
+    EXPECT_THAT(misuse(parseView({"-"})), HasSubstr("does not read standard input"));
+    EXPECT_THAT(misuse(parseView({"--big"})), HasSubstr("--big"));
+}
+
 TEST(Values, SizesAreTwoSidesWithinTheServicesLimits) {
     EXPECT_EQ(parseSize("1x16384"), std::pair(1, 16384));
     for (const char* word :

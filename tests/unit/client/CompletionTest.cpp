@@ -161,6 +161,10 @@ TEST_F(Completion, OffersDocumentsWhereOneIsWanted) {
     EXPECT_THAT(after("open a.docx ''"), IsEmpty());
 }
 
+TEST_F(Completion, OffersDocumentsForEachWindow) {
+    EXPECT_THAT(after("view a.docx ''"), UnorderedElementsAre("a.docx", "a b.xls"));
+}
+
 TEST_F(Completion, OffersAScriptFirstAndThenADocument) {
     EXPECT_THAT(after("play ''"), UnorderedElementsAre("d.play"));
     EXPECT_THAT(after("play d.play ''"), UnorderedElementsAre("a.docx", "a b.xls"));
