@@ -3,6 +3,7 @@
 asked for pictures, inside of mutter, which has a touch screen and a keyboard that programs
 can use. Both paint in software."""
 import os
+import re
 import subprocess
 
 from PIL import Image
@@ -97,19 +98,24 @@ class Compositor:
         session.start('mutter', '--headless', '--wayland', '--no-x11', '--virtual-monitor', f'{width}x{height}',
                       '--wayland-display', 'outer')
         session.wait((run / 'outer').exists, 'a display of mutter')
-        session.start('weston', '--backend=wayland-backend.so', '--display=outer', '--use-pixman', '--fullscreen',
-                      '--shell=kiosk-shell.so', '--debug', '--socket=inner', '--idle-time=0', '--no-config')
+        weston = session.start('weston', '--backend=wayland-backend.so', '--display=outer', '--use-pixman', '--fullscreen',
+                               '--shell=kiosk-shell.so', '--debug', '--socket=inner', '--idle-time=0', '--no-config',
+                               environment={'WAYLAND_DEBUG': 'client'})
         session.wait((run / 'inner').exists, 'a display of weston')
         self.remote = RemoteInput(os.environ['DBUS_SESSION_BUS_ADDRESS'])
         self.touch = WaylandTouch(self.remote)
         self.screen = WaylandScreen(self.remote, session.folder)
         os.environ.update({'WAYLAND_DISPLAY': 'inner', 'GDK_BACKEND': 'wayland'})
-        # mutter has a touch screen only from the first touch on.
-        self.touch.tap(0, 0)
-        session.wait(lambda: b' touch' in subprocess.run(['weston-info'], check=False, stdout=subprocess.PIPE,
-                                                         stderr=subprocess.DEVNULL).stdout, 'a touch screen of weston')
+        # mutter has a touch screen only from the first touch on, and weston's window grows for a while.
+        probe = width - 10, height - 10
+        session.wait(lambda: self._felt(weston, *probe), f'a touch of weston at {probe}')
         # These three end after all others.
         self.programs, session.programs = session.programs, []
+
+    def _felt(self, weston, x, y):
+        """Taps, and returns whether weston has felt a tap there, which its log of messages tells."""
+        self.touch.tap(x, y)
+        return re.search(rf'wl_touch@\d+\.down\(.*, {x}\.0+, {y}\.0+\)', self.session.log(weston.log))
 
     def close(self):
         """Ends the programs, the remote desktop first, because mutter 43 does not end while one runs."""
