@@ -36,6 +36,7 @@ void Window::fillPlaces() {
     gtk_stack_add_named(pages, mOpening.widget(), "opening");
     gtk_stack_add_named(pages, mProblem.widget(), "problem");
     gtk_stack_add_named(pages, mPassword.widget(), "password");
+    fill("zoom", mZoomActions.widget());
 }
 
 gboolean Window::closed(void* self) {

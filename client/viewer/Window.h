@@ -2,13 +2,17 @@
 #pragma once
 
 #include "client/viewer/Bookmark.h"
+#include "client/viewer/DocumentActions.h"
 #include "client/viewer/FileDialog.h"
+#include "client/viewer/NightReading.h"
 #include "client/viewer/Opener.h"
 #include "client/viewer/OpeningPage.h"
 #include "client/viewer/PasswordPage.h"
+#include "client/viewer/Presenter.h"
 #include "client/viewer/ProblemPage.h"
 #include "client/viewer/Ui.h"
 #include "client/viewer/WelcomePage.h"
+#include "client/viewer/ZoomActions.h"
 
 namespace lectern::viewer {
 
@@ -70,6 +74,11 @@ private:
     OpeningPage mOpening{*this};
     ProblemPage mProblem;
     PasswordPage mPassword;
+    DocumentActions mDocumentActions{*this};
+    ZoomActions mZoomActions{*this};
+    NightReading mNightReading{*this};
+    FullScreen mFullScreen{*this, ADW_FLAP(mUi.object("top")), GTK_REVEALER(mUi.object("bottom"))};
+    Presenter mPresenter{*this, mFullScreen};
 };
 
 } // namespace lectern::viewer
