@@ -10,6 +10,7 @@ namespace lectern {
 // Releases one reference to an object of GLib, or frees its memory.
 struct GLibRelease {
     void operator()(char* text) const { g_free(text); }
+    void operator()(GBytes* bytes) const { g_bytes_unref(bytes); }
     void operator()(GError* error) const { g_error_free(error); }
     void operator()(GVariant* variant) const { g_variant_unref(variant); }
     void operator()(GMainContext* context) const { g_main_context_unref(context); }

@@ -9,6 +9,7 @@
 #include <gio/gio.h>
 #include <sys/stat.h>
 
+#include <cerrno>
 #include <cstdlib>
 
 namespace lectern {
@@ -49,6 +50,14 @@ std::optional<std::string> sessionBusAddress() {
     }
     const GLibHolder<char> escaped(g_dbus_address_escape_value(path.c_str()));
     return std::string("unix:path=") + escaped.get();
+}
+
+Failure Service::isolate() {
+    const std::optional<std::string> session = sessionBusAddress();
+    if ((session && offersServiceAskedByOther(*session)) || isolateIpc()) {
+        return std::nullopt;
+    }
+    return Error{Error::Kind::System, "the system does not allow an IPC namespace", EPERM, {}};
 }
 
 Result<Service> Service::open(const ServiceOptions& options) {

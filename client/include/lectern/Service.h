@@ -34,6 +34,10 @@ struct ServiceOptions {
 // Threads: as Bus. Keep the object for as long as its documents.
 class Service {
 public:
+    // Does what ServiceOptions::isolate asks for, ahead of open(): for programs that open
+    // the service only after they have started threads. Has no effect when the session bus
+    // has the service. REQUIRES: the process has one thread. Errors: system (not allowed).
+    static Failure isolate();
     // Blocks until the connection exists. Does not start the service itself: the first
     // call does. Errors: system (a program is missing or cannot start), bus, cancelled.
     static Result<Service> open(const ServiceOptions& options = {});

@@ -23,6 +23,10 @@ typedef enum {
     LECTERN_DOCUMENT_KIND_PRESENTATION,
 } LecternDocumentKind;
 
+#define LECTERN_TYPE_DOCUMENT_KIND (lectern_document_kind_get_type())
+LECTERN_EXPORT
+GType lectern_document_kind_get_type(void);
+
 /**
  * LecternSearchFlags:
  * @LECTERN_SEARCH_NONE: any case, parts of words too
@@ -34,6 +38,10 @@ typedef enum {
     LECTERN_SEARCH_MATCH_CASE = 1 << 0,
     LECTERN_SEARCH_WHOLE_WORDS = 1 << 1,
 } LecternSearchFlags;
+
+#define LECTERN_TYPE_SEARCH_FLAGS (lectern_search_flags_get_type())
+LECTERN_EXPORT
+GType lectern_search_flags_get_type(void);
 
 /**
  * LecternSelectUnit:
@@ -49,6 +57,10 @@ typedef enum {
     LECTERN_SELECT_ALL,
 } LecternSelectUnit;
 
+#define LECTERN_TYPE_SELECT_UNIT (lectern_select_unit_get_type())
+LECTERN_EXPORT
+GType lectern_select_unit_get_type(void);
+
 /**
  * LecternSelectEnd:
  * @LECTERN_SELECT_END_START: where the selection starts
@@ -58,6 +70,10 @@ typedef enum {
     LECTERN_SELECT_END_START,
     LECTERN_SELECT_END_END,
 } LecternSelectEnd;
+
+#define LECTERN_TYPE_SELECT_END (lectern_select_end_get_type())
+LECTERN_EXPORT
+GType lectern_select_end_get_type(void);
 
 /**
  * LecternPinchPhase:
@@ -73,6 +89,10 @@ typedef enum {
     LECTERN_PINCH_GIVEN_UP,
 } LecternPinchPhase;
 
+#define LECTERN_TYPE_PINCH_PHASE (lectern_pinch_phase_get_type())
+LECTERN_EXPORT
+GType lectern_pinch_phase_get_type(void);
+
 /**
  * LecternExportFormat:
  * @LECTERN_EXPORT_PDF: the printed pages
@@ -82,6 +102,10 @@ typedef enum {
     LECTERN_EXPORT_PDF,
     LECTERN_EXPORT_TEXT,
 } LecternExportFormat;
+
+#define LECTERN_TYPE_EXPORT_FORMAT (lectern_export_format_get_type())
+LECTERN_EXPORT
+GType lectern_export_format_get_type(void);
 
 /**
  * LecternOrientation:
@@ -98,6 +122,10 @@ typedef enum {
     LECTERN_ORIENTATION_RIGHT,
     LECTERN_ORIENTATION_DOWN,
 } LecternOrientation;
+
+#define LECTERN_TYPE_ORIENTATION (lectern_orientation_get_type())
+LECTERN_EXPORT
+GType lectern_orientation_get_type(void);
 
 /**
  * LecternRectangle:

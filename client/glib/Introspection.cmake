@@ -1,0 +1,32 @@
+# SPDX-License-Identifier: Apache-2.0
+# What other languages need: the description of the library (GIR), its compiled form
+# (typelib), and the Vala binding.
+find_program(G_IR_SCANNER g-ir-scanner REQUIRED)
+find_program(G_IR_COMPILER g-ir-compiler REQUIRED)
+find_program(VAPIGEN vapigen REQUIRED)
+
+file(GLOB introspected_headers CONFIGURE_DEPENDS include/lectern-glib/lectern-*.h)
+list(FILTER introspected_headers EXCLUDE REGEX "lectern-glib\\.h$")
+set(introspected_sources ${glib_sources})
+list(FILTER introspected_sources INCLUDE REGEX "^(lectern-.*|DocumentEvents)\\.cpp$")
+set(introspection_dir ${CMAKE_CURRENT_BINARY_DIR}/introspection)
+set(gir ${introspection_dir}/Lectern-1.gir)
+set(typelib ${introspection_dir}/Lectern-1.typelib)
+set(vapi ${introspection_dir}/lectern-glib-1.vapi)
+file(WRITE ${introspection_dir}/lectern-glib-1.deps "gio-2.0\n")
+
+# Links a small program with the library and runs it, to ask GObject for properties and signals.
+add_custom_command(OUTPUT ${gir} DEPENDS lectern_glib ${introspected_headers} ${introspected_sources}
+    COMMAND ${CMAKE_COMMAND} -E env "CC=${CMAKE_C_COMPILER}" "LD_LIBRARY_PATH=${CMAKE_LIBRARY_OUTPUT_DIRECTORY}"
+            ${G_IR_SCANNER} --quiet --warn-all --warn-error --no-libtool
+            --namespace=Lectern --nsversion=1 --identifier-prefix=Lectern --symbol-prefix=lectern
+            --include=Gio-2.0 --pkg=gio-2.0 --pkg-export=lectern-glib-1 --c-include=lectern-glib/lectern-glib.h
+            -I${CMAKE_CURRENT_SOURCE_DIR}/include
+            --library=lectern-glib -L${CMAKE_LIBRARY_OUTPUT_DIRECTORY} --output=${gir}
+            ${introspected_headers} ${introspected_sources}
+    WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR} VERBATIM)
+add_custom_command(OUTPUT ${typelib} DEPENDS ${gir}
+    COMMAND ${G_IR_COMPILER} ${gir} --output=${typelib} VERBATIM)
+add_custom_command(OUTPUT ${vapi} DEPENDS ${gir}
+    COMMAND ${VAPIGEN} --quiet --library=lectern-glib-1 --directory=${introspection_dir} --pkg=gio-2.0 ${gir} VERBATIM)
+add_custom_target(lectern_glib_introspection ALL DEPENDS ${gir} ${typelib} ${vapi})
