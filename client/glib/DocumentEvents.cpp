@@ -3,6 +3,7 @@
 
 #include "client/glib/DocumentProperties.h"
 #include "client/glib/Error.h"
+#include <lectern/CommonCalls.h>
 
 #include <array>
 
@@ -162,20 +163,30 @@ void refreshView(LecternDocument* self) {
     }
     members.viewOutdated = false;
     members.document->ask(touch::getView(),
-                          std::function<void(Result<touch::ViewPlace>)>(
-                              [weak = WeakDocument(self)](const Result<touch::ViewPlace>& view) {
-                                  const auto document = weak.get();
-                                  if (document == nullptr) {
-                                      return;
-                                  }
-                                  document->members->viewAsked = false;
-                                  if (view) {
-                                      takeView(document.get(), *view);
-                                  }
-                                  if (view && document->members->viewOutdated) {
-                                      refreshView(document.get());
-                                  }
-                              }));
+                          [weak = WeakDocument(self)](const Result<touch::ViewPlace>& view) {
+                              const auto document = weak.get();
+                              if (document == nullptr) {
+                                  return;
+                              }
+                              document->members->viewAsked = false;
+                              if (view) {
+                                  takeView(document.get(), *view);
+                              }
+                              if (view && document->members->viewOutdated) {
+                                  refreshView(document.get());
+                              }
+                          });
+}
+
+void refreshTitle(LecternDocument* self) {
+    self->members->document->ask(
+        common::getProperties(),
+        [weak = WeakDocument(self)](const Result<common::DocumentProperties>& properties) {
+            const auto document = weak.get();
+            if (document != nullptr && properties && !properties->name.empty()) {
+                changeTitle(document.get(), properties->name);
+            }
+        });
 }
 
 } // namespace lectern

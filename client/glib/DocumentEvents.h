@@ -13,5 +13,7 @@ ViewEvents eventsOf(LecternDocument* self);
 
 // Asks for what a picture does not tell, unless that is under way.
 void refreshView(LecternDocument* self);
+// Asks for the document's title.
+void refreshTitle(LecternDocument* self);
 
 } // namespace lectern

@@ -3,8 +3,8 @@
 
 #include "base/GLibHolder.h"
 #include "client/glib/DocumentValues.h"
-#include "client/glib/Lanes.h"
 #include "client/glib/PaintedFrame.h"
+#include <lectern/Document.h>
 #include <lectern/Opening.h>
 
 #include <memory>
@@ -25,8 +25,8 @@ struct DocumentMembers {
 
     // Declared so that each is destroyed before those that it uses.
     std::shared_ptr<PaintedFrame> paintedFrame = std::make_shared<PaintedFrame>(); // of the lane Paint
-    std::unique_ptr<LaneDocument> document; // null before the open has succeeded
-    std::unique_ptr<Opening> opening;       // null unless an open is under way
+    std::unique_ptr<Document> document; // null before the open has succeeded
+    std::unique_ptr<Opening> opening;   // null unless an open is under way
 };
 
 // Signals, by their numbers in the class.

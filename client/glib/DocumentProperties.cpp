@@ -223,16 +223,21 @@ void takeView(LecternDocument* self, const touch::ViewPlace& view) {
     change(self, &DocumentValues::moving, view.isMoving);
 }
 
+void takeZoomAndPart(LecternDocument* self, const touch::ViewPlace& view) {
+    change(self, &DocumentValues::zoom, view.zoom);
+    change(self, &DocumentValues::part, view.part);
+}
+
 // The scale of a presentation's state counts from pixels and not from inches, and texts have no parts.
 void takeState(LecternDocument* self, const ViewState& state) {
     constexpr double POINTS_PER_INCH = 72.0;
     const Notifications notifications(self);
     const DocumentValues& values = self->members->values;
-    const double zoomOfScaleOne =
-        values.kind == LECTERN_DOCUMENT_KIND_PRESENTATION ? POINTS_PER_INCH / values.dpi : 1.0;
+    const double scaleOfOne =
+        values.kind == LECTERN_DOCUMENT_KIND_PRESENTATION ? values.dpi / POINTS_PER_INCH : 1.0;
     change(self, &DocumentValues::x, state.scrollX);
     change(self, &DocumentValues::y, state.scrollY);
-    change(self, &DocumentValues::zoom, state.scale * zoomOfScaleOne);
+    change(self, &DocumentValues::zoom, state.scale / scaleOfOne);
     change(self, &DocumentValues::part, values.kind == LECTERN_DOCUMENT_KIND_TEXT ? 0 : state.part);
 }
 

@@ -33,6 +33,8 @@ void changeTitle(LecternDocument* self, const std::string& title);
 
 // Takes over the answer to getView, but not the place of the view.
 void takeView(LecternDocument* self, const touch::ViewPlace& view);
+// And its zoom and part, ahead of the next paint.
+void takeZoomAndPart(LecternDocument* self, const touch::ViewPlace& view);
 // Takes over the place of the view that belongs to a painted picture.
 void takeState(LecternDocument* self, const ViewState& state);
 

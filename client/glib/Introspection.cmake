@@ -16,7 +16,7 @@ set(vapi ${introspection_dir}/lectern-glib-1.vapi)
 file(WRITE ${introspection_dir}/lectern-glib-1.deps "gio-2.0\n")
 
 # Links a small program with the library and runs it, to ask GObject for properties and signals.
-add_custom_command(OUTPUT ${gir} DEPENDS lectern_glib ${introspected_headers} ${introspected_sources}
+add_custom_command(OUTPUT ${gir} DEPENDS lectern_glib_shared ${introspected_headers} ${introspected_sources}
     COMMAND ${CMAKE_COMMAND} -E env "CC=${CMAKE_C_COMPILER}" "LD_LIBRARY_PATH=${CMAKE_LIBRARY_OUTPUT_DIRECTORY}"
             ${G_IR_SCANNER} --quiet --warn-all --warn-error --no-libtool
             --namespace=Lectern --nsversion=1 --identifier-prefix=Lectern --symbol-prefix=lectern

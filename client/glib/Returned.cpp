@@ -78,7 +78,7 @@ Returned returned(const common::DocumentProperties& properties) {
     value->description = g_strdup(properties.description.c_str());
     value->created = g_strdup(properties.created.c_str());
     value->saved = g_strdup(properties.saved.c_str());
-    value->n_words = properties.words;
+    value->n_words = properties.words.value_or(-1);
     return {value, freeValue<LecternProperties, lectern_properties_free>};
 }
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/GLibHolder.h"
-#include "client/glib/Lanes.h"
+#include <lectern/CommonCalls.h>
 #include <lectern/TouchCalls.h>
 
 #include <gio/gio.h>

@@ -70,15 +70,15 @@ template<typename Value, typename Finish>
 void ask(LecternDocument* self, const Caller& caller, const Call<Value>& call, Finish finish) {
     const std::shared_ptr<Task> task = startTask(self, caller);
     if (requireOpen(*task)) {
-        self->members->document->ask(
-            call, std::function<void(Result<Value>)>([task, finish](const Result<Value>& result) {
-                if (result) {
-                    finish(*task, *result);
-                } else {
-                    task->fail(result.error());
-                }
-            }),
-            {.stop = task->stop()});
+        self->members->document->ask(call,
+                                     [task, finish](const Result<Value>& result) {
+                                         if (result) {
+                                             finish(*task, *result);
+                                         } else {
+                                             task->fail(result.error());
+                                         }
+                                     },
+                                     {.stop = task->stop()});
     }
 }
 

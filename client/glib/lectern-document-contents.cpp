@@ -2,6 +2,8 @@
 // Calls that read a document or write it to files.
 #include "client/glib/DocumentProperties.h"
 #include "client/glib/Task.h"
+#include <lectern/CommonCalls.h>
+#include <lectern/PptCalls.h>
 
 namespace {
 

@@ -2,6 +2,9 @@
 // Calls that move the view: places, zooms, parts, entries of the outline.
 #include "client/glib/DocumentProperties.h"
 #include "client/glib/Task.h"
+#include <lectern/ExcelCalls.h>
+#include <lectern/PptCalls.h>
+#include <lectern/WordCalls.h>
 
 namespace {
 
@@ -10,10 +13,40 @@ std::optional<lectern::Point> aboutPoint(int x, int y) {
     return x < 0 || y < 0 ? std::nullopt : std::optional(lectern::Point{x, y});
 }
 
-// Ends a jump, whose answer is the part that is shown now.
-void endJump(lectern::Task& task, int part) {
-    lectern::change(task.document(), &lectern::DocumentValues::part, part);
-    task.succeed();
+// Ends a call that has moved the view when the properties tell of it: all but the place,
+// which belongs to the painted picture.
+void endMove(const std::shared_ptr<lectern::Task>& task, const lectern::Failure& failure) {
+    if (failure) {
+        task->fail(*failure);
+        return;
+    }
+    task->document()->members->document->ask(
+        lectern::touch::getView(), [task](const lectern::Result<lectern::touch::ViewPlace>& view) {
+            if (view) {
+                const lectern::Notifications notifications(task->document());
+                lectern::takeView(task->document(), *view);
+                lectern::takeZoomAndPart(task->document(), *view);
+            }
+            task->succeed();
+        });
+}
+
+lectern::Failure failureOf(const lectern::Failure& failure) {
+    return failure;
+}
+
+lectern::Failure failureOf(const lectern::Result<int>& part) {
+    return part ? lectern::Failure() : part.error();
+}
+
+template<typename Value>
+void move(LecternDocument* self, const lectern::Caller& caller, const lectern::Call<Value>& call) {
+    const std::shared_ptr<lectern::Task> task = lectern::startTask(self, caller);
+    if (lectern::requireOpen(*task)) {
+        self->members->document->ask(
+            call, [task](const lectern::Answer<Value>& answer) { endMove(task, failureOf(answer)); },
+            {.stop = task->stop()});
+    }
 }
 
 std::string wordFor(LecternOrientation orientation) {
@@ -50,8 +83,8 @@ lectern::Failure wrongKind() {
 void lectern_document_scroll_to_async(LecternDocument* self, int x, int y, GCancellable* cancellable,
                                       GAsyncReadyCallback callback, gpointer user_data) {
     g_return_if_fail(LECTERN_IS_DOCUMENT(self));
-    lectern::ask(self, {lectern_document_scroll_to_async, cancellable, callback, user_data},
-                 lectern::touch::scrollTo({x, y}));
+    move(self, {lectern_document_scroll_to_async, cancellable, callback, user_data},
+         lectern::touch::scrollTo({x, y}));
 }
 
 /**
@@ -84,8 +117,8 @@ void lectern_document_zoom_to_async(LecternDocument* self, double zoom, int x, i
                                     GCancellable* cancellable, GAsyncReadyCallback callback,
                                     gpointer user_data) {
     g_return_if_fail(LECTERN_IS_DOCUMENT(self));
-    lectern::ask(self, {lectern_document_zoom_to_async, cancellable, callback, user_data},
-                 lectern::touch::zoomTo(zoom, aboutPoint(x, y)));
+    move(self, {lectern_document_zoom_to_async, cancellable, callback, user_data},
+         lectern::touch::zoomTo(zoom, aboutPoint(x, y)));
 }
 
 /**
@@ -115,8 +148,7 @@ gboolean lectern_document_zoom_to_finish(LecternDocument* self, GAsyncResult* re
 void lectern_document_go_to_async(LecternDocument* self, int entry, GCancellable* cancellable,
                                   GAsyncReadyCallback callback, gpointer user_data) {
     g_return_if_fail(LECTERN_IS_DOCUMENT(self));
-    lectern::ask(self, {lectern_document_go_to_async, cancellable, callback, user_data},
-                 lectern::touch::goTo(entry));
+    move(self, {lectern_document_go_to_async, cancellable, callback, user_data}, lectern::touch::goTo(entry));
 }
 
 /**
@@ -149,10 +181,10 @@ void lectern_document_go_to_part_async(LecternDocument* self, int part, GCancell
     const lectern::Caller caller{lectern_document_go_to_part_async, cancellable, callback, user_data};
     switch (lectern_document_get_kind(self)) {
     case LECTERN_DOCUMENT_KIND_SPREADSHEET:
-        lectern::ask(self, caller, lectern::excel::jumpToSheet(part), endJump);
+        move(self, caller, lectern::excel::jumpToSheet(part));
         break;
     case LECTERN_DOCUMENT_KIND_PRESENTATION:
-        lectern::ask(self, caller, lectern::ppt::jumpToSlide(part), endJump);
+        move(self, caller, lectern::ppt::jumpToSlide(part));
         break;
     default:
         lectern::end(*lectern::startTask(self, caller), wrongKind());

@@ -2,6 +2,7 @@
 // Searches and selections.
 #include "client/glib/DocumentProperties.h"
 #include "client/glib/Task.h"
+#include <lectern/CommonCalls.h>
 
 namespace {
 
@@ -37,23 +38,21 @@ void askForHit(LecternDocument* self, const lectern::Caller& caller,
     }
     beginSearch(self);
     self->members->document->ask(call,
-                                 std::function<void(lectern::Result<lectern::touch::Hit>)>(
-                                     [task](const lectern::Result<lectern::touch::Hit>& result) {
-                                         LecternDocument* document = task->document();
-                                         endSearch(document);
-                                         const bool nothing = result
-                                                                  ? result->hits == 0
-                                                                  : result.error().name == "errNothingThere";
-                                         if (nothing) {
-                                             takeHit(document, {});
-                                             task->fail({Error::Kind::Refused, NO_HIT, 0, "errNothingThere"});
-                                         } else if (result) {
-                                             takeHit(document, *result);
-                                             task->succeed();
-                                         } else {
-                                             task->fail(result.error());
-                                         }
-                                     }),
+                                 [task](const lectern::Result<lectern::touch::Hit>& result) {
+                                     LecternDocument* document = task->document();
+                                     endSearch(document);
+                                     const bool nothing = result ? result->hits == 0
+                                                                 : result.error().name == "errNothingThere";
+                                     if (nothing) {
+                                         takeHit(document, {});
+                                         task->fail({Error::Kind::Refused, NO_HIT, 0, "errNothingThere"});
+                                     } else if (result) {
+                                         takeHit(document, *result);
+                                         task->succeed();
+                                     } else {
+                                         task->fail(result.error());
+                                     }
+                                 },
                                  {.stop = task->stop()});
 }
 

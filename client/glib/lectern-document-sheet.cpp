@@ -2,6 +2,7 @@
 // Calls for spreadsheets.
 #include "client/glib/DocumentProperties.h"
 #include "client/glib/Task.h"
+#include <lectern/ExcelCalls.h>
 
 namespace {
 

@@ -78,27 +78,25 @@ OpenOptions optionsOf(LecternDocument* self, const char* password, const Task& t
 
 // The open ends when the place of the view is known, so that programs find all
 // properties.
-void takeOpened(const std::shared_ptr<Task>& task, std::unique_ptr<Document> document,
-                GMainContext* context) {
+void takeOpened(const std::shared_ptr<Task>& task, std::unique_ptr<Document> document) {
     LecternDocument* self = task->document();
-    self->members->document = std::make_unique<LaneDocument>(std::move(document), context);
-    self->members->document->ask(
-        touch::getView(),
-        std::function<void(Result<touch::ViewPlace>)>([task](const Result<touch::ViewPlace>& view) {
-            LecternDocument* opened = task->document();
-            {
-                const Notifications notifications(opened);
-                changeKind(opened, static_cast<LecternDocumentKind>(opened->members->document->kind()));
-                change(opened, &DocumentValues::progress, 100);
-                change(opened, &DocumentValues::opened, true);
-                takeState(opened, opened->members->document->state());
-                if (view) {
-                    takeView(opened, *view);
-                }
+    self->members->document = std::move(document);
+    self->members->document->ask(touch::getView(), [task](const Result<touch::ViewPlace>& view) {
+        LecternDocument* opened = task->document();
+        {
+            const Notifications notifications(opened);
+            changeKind(opened, static_cast<LecternDocumentKind>(opened->members->document->kind()));
+            change(opened, &DocumentValues::progress, 100);
+            change(opened, &DocumentValues::opened, true);
+            if (view) {
+                takeView(opened, *view);
+                takeZoomAndPart(opened, *view);
             }
-            emit(opened, DocumentSignal::Invalidated);
-            task->succeed();
-        }));
+        }
+        emit(opened, DocumentSignal::Invalidated);
+        task->succeed();
+        refreshTitle(opened);
+    });
 }
 
 void open(LecternDocument* self, const char* password, const Caller& caller) {
@@ -114,14 +112,14 @@ void open(LecternDocument* self, const char* password, const Caller& caller) {
         return;
     }
     change(self, &DocumentValues::progress, 0);
-    const std::shared_ptr<GMainContext> context(g_main_context_ref_thread_default(), g_main_context_unref);
+    const GLibHolder<GMainContext> context(g_main_context_ref_thread_default());
     OpenOptions options = optionsOf(self, password, *task);
     options.context = context.get();
     members.opening = Opening::start(busOf(members.service.get()), path.get(), std::move(options),
-                                     [task, context](Result<std::unique_ptr<Document>> opened) {
+                                     [task](Result<std::unique_ptr<Document>> opened) {
                                          const auto ended = std::move(task->document()->members->opening);
                                          if (opened) {
-                                             takeOpened(task, std::move(*opened), context.get());
+                                             takeOpened(task, std::move(*opened));
                                          } else {
                                              task->fail(opened.error());
                                          }
@@ -135,7 +133,7 @@ void reopen(LecternDocument* self, const Caller& caller) {
     }
     change(self, &DocumentValues::progress, 0);
     self->members->document->later(
-        Lane::Call,
+        Lane::Paint,
         [](Document& document, const std::stop_token& stop) {
             return document.reopen({.timeout = OpenOptions().timeout, .stop = stop});
         },

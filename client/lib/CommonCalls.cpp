@@ -8,10 +8,34 @@ namespace {
 
 constexpr char CATEGORY[] = "/common";
 
+// The service returns the start of the Unix epoch for an unset date; west of Greenwich
+// that is in 1969. Returns an empty text for it.
+std::string knownDate(const std::string& date) {
+    const bool unknown =
+        date.find(", 1970,") != std::string::npos || date.find(", 1969,") != std::string::npos;
+    return unknown ? "" : date;
+}
+
+DocumentProperties readProperties(const JsonMembers& reply) {
+    const auto text = [&](const char* key) { return reply.string(key).value_or(""); };
+    return {.name = text("name"),
+            .author = text("author"),
+            .description = text("description"),
+            .created = knownDate(text("createdate")),
+            .saved = knownDate(text("lastsave")),
+            .words = reply.integer("wordcnt")};
+}
+
 } // namespace
 
 Call<std::string> getDocProperties() {
     return textQuery(CATEGORY, "getDocProperties");
+}
+
+Call<DocumentProperties> getProperties() {
+    return query<DocumentProperties>(CATEGORY, "getDocProperties", [](const JsonMembers& reply) {
+        return Result<DocumentProperties>(readProperties(reply));
+    });
 }
 
 Call<int> search(const std::string& text) {

@@ -26,6 +26,16 @@ Call<std::string> getSlideNote() {
     return textQuery(CATEGORY, "getSlideNote");
 }
 
+Call<std::string> getNote() {
+    return {{CATEGORY, "getSlideNote"}, [](const std::string& reply) -> Result<std::string> {
+                if (reply.empty()) {
+                    return std::string();
+                }
+                const std::optional<JsonMembers> members = JsonMembers::parse(reply);
+                return required(members ? members->string("note") : std::nullopt);
+            }};
+}
+
 Call<void> fitWideMode(const std::optional<std::string>& orientation) {
     JsonMembers arguments;
     if (orientation) {

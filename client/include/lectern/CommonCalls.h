@@ -7,6 +7,7 @@
 
 #include <lectern/Call.h>
 
+#include <optional>
 #include <string>
 
 #pragma GCC visibility push(default)
@@ -17,6 +18,18 @@ namespace lectern::common {
 // "author", "description", "lastsave" and "createdate", and for word-processing
 // documents the number "wordcnt".
 Call<std::string> getDocProperties();
+// What a document says of itself; texts and dates that it does not
+// have are empty. The dates are texts to show.
+struct DocumentProperties {
+    std::string name;
+    std::string author;
+    std::string description;
+    std::string created;
+    std::string saved;
+    std::optional<int> words = {}; // of word-processing documents
+};
+// The same as values.
+Call<DocumentProperties> getProperties();
 // Searches without regard to case, marks the hits, moves the view to one of them and
 // returns their number. In word-processing documents and presentations the search
 // starts at the view's place; it covers the shown sheet of a spreadsheet and the

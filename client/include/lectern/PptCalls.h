@@ -24,6 +24,8 @@ Call<int> jumpToSlide(int slide);
 // Returns a JSON object with "note", the note of the shown slide, or the empty text
 // when the slide has no note.
 Call<std::string> getSlideNote();
+// Returns the note of the shown slide; empty when it has none.
+Call<std::string> getNote();
 // Turns the picture for a device that is turned: "left" or "right" for a device on
 // its side, "down" for one upside down, any other text for an upright one. Without
 // an orientation the call switches between upright and a mode that shows nothing.

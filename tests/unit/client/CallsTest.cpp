@@ -41,6 +41,21 @@ TEST_F(CallsTest, PropertiesAndMimeInfoComeAsTheyAre) {
     EXPECT_EQ(*ask(common::getMimeInfo(), 0), "");
 }
 
+TEST_F(CallsTest, PropertiesHaveValuesAndNoUnsetDates) {
+    mService.answer("/common getDocProperties",
+                    R"({"name": "A", "author": "B", "description": "C", "lastsave": "Mon May 04, 2020, 10:00",
+                        "createdate": "Thu Jan 01, 1970, 00:00", "wordcnt": 7})");
+    const auto properties = ask(common::getProperties(), 3);
+    ASSERT_TRUE(properties);
+    EXPECT_EQ(payload().integer("docid"), 3);
+    EXPECT_EQ(properties->name + properties->author + properties->description, "ABC");
+    EXPECT_EQ(properties->saved, "Mon May 04, 2020, 10:00");
+    EXPECT_EQ(properties->created, "");
+    EXPECT_EQ(properties->words, 7);
+    mService.answer("/common getDocProperties", "{}");
+    EXPECT_EQ(ask(common::getProperties())->words, std::nullopt);
+}
+
 TEST_F(CallsTest, ErrorsOfTheServiceComeThrough) {
     mService.answer("/common nextResult",
                     R"({"errorCode": "errDoesNotExist", "errorText": "Document does not exist"})");

@@ -19,6 +19,16 @@ TEST_F(PptCalls, ListAndNoteComeAsTheyAre) {
     EXPECT_EQ(payload().integer("docid"), 2);
 }
 
+TEST_F(PptCalls, ANoteIsItsWords) {
+    mService.answer("/ppt getSlideNote", R"({"note": "Smile."})");
+    EXPECT_EQ(*ask(ppt::getNote(), 2), "Smile.");
+    EXPECT_EQ(payload().integer("docid"), 2);
+    mService.answer("/ppt getSlideNote", ""); // a slide without one
+    EXPECT_EQ(*ask(ppt::getNote()), "");
+    mService.answer("/ppt getSlideNote", "{}");
+    EXPECT_FALSE(ask(ppt::getNote()));
+}
+
 TEST_F(PptCalls, TheCountIsANumber) {
     mService.answer("/ppt getSlideCount", R"({"slidecnt": 12})");
     EXPECT_EQ(*ask(ppt::getSlideCount(), 2), 12);
