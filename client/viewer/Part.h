@@ -29,6 +29,9 @@ public:
     Part(const Part&) = delete;
     Part& operator=(const Part&) = delete;
 
+    // Tells the user why a call failed, except of calls that were given up.
+    void complain(const GError* error) const;
+
 protected:
     // Called with a document when it has opened, and with null when it is closed or
     // another one is being opened. Calls to the document before are given up.
@@ -37,8 +40,6 @@ protected:
     Shell& shell() const { return mShell; }
     // The document if it is open, else null.
     LecternDocument* document() const { return mShell.document(); }
-    // Tells the user why a call failed, except of calls that were given up.
-    void complain(const GError* error) const;
 
     // Calls the member function at each such signal of the document, also before it is open.
     template<auto member>
@@ -66,6 +67,28 @@ private:
     Shell& mShell;
     GLibHolder<GSignalGroup> mDocumentSignals;
 };
+
+// A GAsyncReadyCallback as asyncDone, for a call of the document with mPending: passes the
+// value that it replied to a member function, which owns it then, or complains.
+template<auto finish, auto member>
+void answered(GObject* source, GAsyncResult* result, void* self) {
+    auto* part = static_cast<typename MemberOf<decltype(member)>::Type*>(self);
+    if (g_cancellable_is_cancelled(g_task_get_cancellable(G_TASK(result))) == FALSE) {
+        GLibHolder<GError> error;
+        auto* value = finish(LECTERN_DOCUMENT(source), result, out(error));
+        value != nullptr ? (part->*member)(value) : part->complain(error.get());
+    }
+}
+
+// The same for a call without a value, of a part of this class.
+template<auto finish, typename Class>
+void done(GObject* source, GAsyncResult* result, void* self) {
+    GLibHolder<GError> error;
+    if (g_cancellable_is_cancelled(g_task_get_cancellable(G_TASK(result))) == FALSE &&
+        finish(LECTERN_DOCUMENT(source), result, out(error)) == FALSE) {
+        static_cast<Class*>(self)->complain(error.get());
+    }
+}
 
 bool isOn(GSimpleAction* toggle);
 void setOn(GSimpleAction* toggle, bool isOn);

@@ -37,6 +37,12 @@ void Window::fillPlaces() {
     gtk_stack_add_named(pages, mProblem.widget(), "problem");
     gtk_stack_add_named(pages, mPassword.widget(), "password");
     fill("zoom", mZoomActions.widget());
+    fill("search", mSearchBar.widget());
+    fill("sidebar", mSideBar.widget());
+    fill("notes", mNotesPane.widget());
+    gtk_revealer_set_child(GTK_REVEALER(mUi.object("bottom")), mSheetBar.widget());
+    overlay(mSearchBar.marks());
+    overlay(mPageIndicator.widget());
 }
 
 gboolean Window::closed(void* self) {

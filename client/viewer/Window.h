@@ -4,12 +4,19 @@
 #include "client/viewer/Bookmark.h"
 #include "client/viewer/DocumentActions.h"
 #include "client/viewer/FileDialog.h"
+#include "client/viewer/LinkDialog.h"
 #include "client/viewer/NightReading.h"
+#include "client/viewer/NotesPane.h"
 #include "client/viewer/Opener.h"
 #include "client/viewer/OpeningPage.h"
+#include "client/viewer/PageIndicator.h"
 #include "client/viewer/PasswordPage.h"
 #include "client/viewer/Presenter.h"
 #include "client/viewer/ProblemPage.h"
+#include "client/viewer/PropertiesDialog.h"
+#include "client/viewer/SearchBar.h"
+#include "client/viewer/SheetBar.h"
+#include "client/viewer/SideBar.h"
 #include "client/viewer/Ui.h"
 #include "client/viewer/WelcomePage.h"
 #include "client/viewer/ZoomActions.h"
@@ -79,6 +86,13 @@ private:
     NightReading mNightReading{*this};
     FullScreen mFullScreen{*this, ADW_FLAP(mUi.object("top")), GTK_REVEALER(mUi.object("bottom"))};
     Presenter mPresenter{*this, mFullScreen};
+    SearchBar mSearchBar{*this};
+    SideBar mSideBar{*this, flap()};
+    SheetBar mSheetBar{*this};
+    NotesPane mNotesPane{*this};
+    PageIndicator mPageIndicator{*this, mSheetBar.tabs()};
+    LinkDialog mLinkDialog{*this};
+    PropertiesDialog mPropertiesDialog{*this};
 };
 
 } // namespace lectern::viewer
