@@ -43,6 +43,10 @@ gint64 lectern_document_get_document_width(LecternDocument* self);
 LECTERN_EXPORT
 gint64 lectern_document_get_document_height(LecternDocument* self);
 LECTERN_EXPORT
+int lectern_document_get_visible_width(LecternDocument* self);
+LECTERN_EXPORT
+int lectern_document_get_visible_height(LecternDocument* self);
+LECTERN_EXPORT
 int lectern_document_get_x(LecternDocument* self);
 LECTERN_EXPORT
 int lectern_document_get_y(LecternDocument* self);
