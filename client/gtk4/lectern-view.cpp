@@ -1,25 +1,36 @@
 // SPDX-License-Identifier: Apache-2.0
-// The GObject face of the view: properties, signals, functions of C.
-#include "client/gtk4/View.h"
-#include "client/gtk4/include/lectern-gtk4/lectern-gtk4.h"
+// The class of the view: its properties, signals and actions.
+#include "client/gtk4/ViewObject.h"
 
 using lectern::gtk4::View;
+using lectern::gtk4::ViewEvents;
 
-struct _LecternView {
-    GtkWidget parent;
-    View* view;
-    // Taken from C++ as soon as it has a class for them.
-    GtkAdjustment* adjustments[2];
-    GtkScrollablePolicy policies[2];
-    double dpi;
-    gboolean night;
-    gboolean presenting;
-};
-
+/**
+ * LecternView:
+ *
+ * A widget that shows a document and takes its input.
+ *
+ * Put it into a [class@Gtk.ScrolledWindow] for scrollbars. It gives its document the
+ * size of the widget and paints it, at most once in a frame of the screen and never
+ * at rest. When the service stops, the last picture stays, and the view opens the
+ * document again by itself.
+ *
+ * Fingers drag, flick, pinch and tap the document; a finger that rests selects a word,
+ * which two handles extend. A mouse selects what it drags over, and wheels, trackpads
+ * and keys scroll, turn slides and zoom.
+ *
+ * The view has the actions `clipboard.copy`, `selection.select-all`, `link.open` and
+ * `menu.popup`, and the CSS node `lecternview` with the style class `view`.
+ *
+ * A view belongs to the thread of GTK.
+ */
 G_DEFINE_FINAL_TYPE_WITH_CODE(LecternView, lectern_view, GTK_TYPE_WIDGET,
                               G_IMPLEMENT_INTERFACE(GTK_TYPE_SCROLLABLE, nullptr))
 
 namespace {
+
+// What a window gets that leaves its size to the view: half of a small telephone.
+constexpr int NATURAL_SIDE = 360;
 
 enum Property {
     NO_PROPERTY,
@@ -38,11 +49,24 @@ enum Property {
 enum Signal { LINK_ACTIVATED, FAILED, N_SIGNALS };
 guint signals[N_SIGNALS];
 
+void notify(LecternView* self, const char* property) {
+    g_object_notify(G_OBJECT(self), property);
+}
+
+void setPolicy(LecternView* self, guint id, GtkScrollablePolicy policy) {
+    GtkScrollablePolicy& held = self->policies[id - HSCROLL_POLICY];
+    if (held != policy) {
+        held = policy;
+        gtk_widget_queue_resize(GTK_WIDGET(self));
+        notify(self, id == HSCROLL_POLICY ? "hscroll-policy" : "vscroll-policy");
+    }
+}
+
 void setProperty(GObject* object, guint id, const GValue* value, GParamSpec* pspec) {
     LecternView* self = LECTERN_VIEW(object);
     switch (id) {
     case DOCUMENT:
-        lectern_view_set_document(self, LECTERN_DOCUMENT(g_value_get_object(value)));
+        lectern_view_set_document(self, static_cast<LecternDocument*>(g_value_get_object(value)));
         break;
     case NIGHT:
         lectern_view_set_night(self, g_value_get_boolean(value));
@@ -55,11 +79,14 @@ void setProperty(GObject* object, guint id, const GValue* value, GParamSpec* psp
         break;
     case HADJUSTMENT:
     case VADJUSTMENT:
-        g_set_object(&self->adjustments[id - HADJUSTMENT], GTK_ADJUSTMENT(g_value_get_object(value)));
+        self->view->scrolling().setAdjustment(id == HADJUSTMENT ? GTK_ORIENTATION_HORIZONTAL
+                                                                : GTK_ORIENTATION_VERTICAL,
+                                              static_cast<GtkAdjustment*>(g_value_get_object(value)));
+        g_object_notify_by_pspec(object, pspec);
         break;
     case HSCROLL_POLICY:
     case VSCROLL_POLICY:
-        self->policies[id - HSCROLL_POLICY] = static_cast<GtkScrollablePolicy>(g_value_get_enum(value));
+        setPolicy(self, id, static_cast<GtkScrollablePolicy>(g_value_get_enum(value)));
         break;
     default:
         G_OBJECT_WARN_INVALID_PROPERTY_ID(object, id, pspec);
@@ -70,16 +97,16 @@ void getProperty(GObject* object, guint id, GValue* value, GParamSpec* pspec) {
     LecternView* self = LECTERN_VIEW(object);
     switch (id) {
     case DOCUMENT:
-        g_value_set_object(value, self->view->document());
+        g_value_set_object(value, lectern_view_get_document(self));
         break;
     case NIGHT:
-        g_value_set_boolean(value, self->night);
+        g_value_set_boolean(value, lectern_view_get_night(self));
         break;
     case PRESENTING:
-        g_value_set_boolean(value, self->presenting);
+        g_value_set_boolean(value, lectern_view_get_presenting(self));
         break;
     case DPI:
-        g_value_set_double(value, self->dpi);
+        g_value_set_double(value, lectern_view_get_dpi(self));
         break;
     case HAS_SELECTION:
         g_value_set_boolean(value, lectern_view_get_has_selection(self));
@@ -88,8 +115,10 @@ void getProperty(GObject* object, guint id, GValue* value, GParamSpec* pspec) {
         g_value_set_double(value, lectern_view_get_scale(self));
         break;
     case HADJUSTMENT:
+        g_value_set_object(value, self->view->scrolling().adjustment(GTK_ORIENTATION_HORIZONTAL));
+        break;
     case VADJUSTMENT:
-        g_value_set_object(value, self->adjustments[id - HADJUSTMENT]);
+        g_value_set_object(value, self->view->scrolling().adjustment(GTK_ORIENTATION_VERTICAL));
         break;
     case HSCROLL_POLICY:
     case VSCROLL_POLICY:
@@ -101,10 +130,7 @@ void getProperty(GObject* object, guint id, GValue* value, GParamSpec* pspec) {
 }
 
 void dispose(GObject* object) {
-    LecternView* self = LECTERN_VIEW(object);
-    self->view->setDocument(nullptr);
-    g_clear_object(&self->adjustments[0]);
-    g_clear_object(&self->adjustments[1]);
+    LECTERN_VIEW(object)->view->dispose();
     G_OBJECT_CLASS(lectern_view_parent_class)->dispose(object);
 }
 
@@ -113,22 +139,142 @@ void finalize(GObject* object) {
     G_OBJECT_CLASS(lectern_view_parent_class)->finalize(object);
 }
 
+void measure(GtkWidget* widget, GtkOrientation orientation, int /*side*/, int* minimum, int* natural,
+             int* /*minimumBaseline*/, int* /*naturalBaseline*/) {
+    const GtkScrollablePolicy policy =
+        LECTERN_VIEW(widget)->policies[orientation == GTK_ORIENTATION_HORIZONTAL ? 0 : 1];
+    *minimum = policy == GTK_SCROLL_NATURAL ? NATURAL_SIDE : 0;
+    *natural = NATURAL_SIDE;
+}
+
+void allocate(GtkWidget* widget, int width, int height, int /*baseline*/) {
+    LECTERN_VIEW(widget)->view->allocate(width, height);
+}
+
+void snapshot(GtkWidget* widget, GtkSnapshot* snapshot) {
+    LECTERN_VIEW(widget)->view->snapshot(snapshot);
+    GTK_WIDGET_CLASS(lectern_view_parent_class)->snapshot(widget, snapshot);
+}
+
+void map(GtkWidget* widget) {
+    GTK_WIDGET_CLASS(lectern_view_parent_class)->map(widget);
+    LECTERN_VIEW(widget)->view->show(true);
+}
+
+void unmap(GtkWidget* widget) {
+    LECTERN_VIEW(widget)->view->show(false);
+    GTK_WIDGET_CLASS(lectern_view_parent_class)->unmap(widget);
+}
+
+void root(GtkWidget* widget) {
+    GTK_WIDGET_CLASS(lectern_view_parent_class)->root(widget);
+    // The service makes the glides; those of the scrolled window would take the fingers.
+    GtkWidget* parent = gtk_widget_get_parent(widget);
+    if (GTK_IS_SCROLLED_WINDOW(parent)) {
+        gtk_scrolled_window_set_kinetic_scrolling(GTK_SCROLLED_WINDOW(parent), FALSE);
+    }
+}
+
+void onScaleFactor(LecternView* self) {
+    self->view->screenChanged();
+    notify(self, "scale");
+}
+
+void onAction(GtkWidget* widget, const char* action, GVariant* /*parameter*/) {
+    LecternView* self = LECTERN_VIEW(widget);
+    if (g_str_equal(action, "clipboard.copy") != FALSE) {
+        lectern_view_copy(self);
+    } else if (g_str_equal(action, "selection.select-all") != FALSE) {
+        lectern_view_select_all(self);
+    } else if (g_str_equal(action, "link.open") != FALSE) {
+        self->view->openSelectedLink();
+    } else {
+        self->view->popUpMenu();
+    }
+}
+
+gboolean onEscape(GtkWidget* widget, GVariant* /*arguments*/, gpointer /*data*/) {
+    LecternView* self = LECTERN_VIEW(widget);
+    const bool had = self->view->hasSelection();
+    lectern_view_clear_selection(self);
+    return had;
+}
+
+void installActions(GtkWidgetClass* widgets) {
+    for (const char* action : {"clipboard.copy", "selection.select-all", "link.open", "menu.popup"}) {
+        gtk_widget_class_install_action(widgets, action, nullptr, onAction);
+    }
+    gtk_widget_class_add_binding_action(widgets, GDK_KEY_c, GDK_CONTROL_MASK, "clipboard.copy", nullptr);
+    gtk_widget_class_add_binding_action(widgets, GDK_KEY_Insert, GDK_CONTROL_MASK, "clipboard.copy", nullptr);
+    gtk_widget_class_add_binding_action(widgets, GDK_KEY_a, GDK_CONTROL_MASK, "selection.select-all",
+                                        nullptr);
+    gtk_widget_class_add_binding_action(widgets, GDK_KEY_Menu, GdkModifierType{}, "menu.popup", nullptr);
+    gtk_widget_class_add_binding_action(widgets, GDK_KEY_F10, GDK_SHIFT_MASK, "menu.popup", nullptr);
+    gtk_widget_class_add_binding(widgets, GDK_KEY_Escape, GdkModifierType{}, onEscape, nullptr);
+}
+
+void installWidget(GtkWidgetClass* widgets) {
+    widgets->measure = measure;
+    widgets->size_allocate = allocate;
+    widgets->snapshot = snapshot;
+    widgets->map = map;
+    widgets->unmap = unmap;
+    widgets->root = root;
+    gtk_widget_class_set_css_name(widgets, "lecternview");
+    gtk_widget_class_set_accessible_role(widgets, GTK_ACCESSIBLE_ROLE_DOCUMENT);
+    installActions(widgets);
+}
+
 constexpr GParamFlags READABLE = static_cast<GParamFlags>(G_PARAM_READABLE | G_PARAM_STATIC_STRINGS);
 constexpr GParamFlags WRITABLE =
     static_cast<GParamFlags>(G_PARAM_READWRITE | G_PARAM_EXPLICIT_NOTIFY | G_PARAM_STATIC_STRINGS);
 
 void installProperties(GObjectClass* objects) {
+    /**
+     * LecternView:document:
+     *
+     * The document, open already or not yet. One that is not open yet gets the size of
+     * the view and the dots per inch of the screen, so that it opens at the right size.
+     */
     g_object_class_install_property(
         objects, DOCUMENT,
         g_param_spec_object("document", nullptr, nullptr, LECTERN_TYPE_DOCUMENT, WRITABLE));
+    /**
+     * LecternView:night:
+     *
+     * Light letters on a dark page: the lightness of the picture is inverted, and its
+     * hues stay.
+     */
     g_object_class_install_property(objects, NIGHT,
                                     g_param_spec_boolean("night", nullptr, nullptr, FALSE, WRITABLE));
+    /**
+     * LecternView:presenting:
+     *
+     * Nothing is selected and there is no context menu; a tap on a free place and all
+     * arrow keys turn slides.
+     */
     g_object_class_install_property(objects, PRESENTING,
                                     g_param_spec_boolean("presenting", nullptr, nullptr, FALSE, WRITABLE));
+    /**
+     * LecternView:dpi:
+     *
+     * Device pixels for one inch of the screen, 36 to 1200, for documents that are opened
+     * later; 0 for those of the monitor.
+     */
     g_object_class_install_property(objects, DPI,
                                     g_param_spec_double("dpi", nullptr, nullptr, 0, 1200, 0, WRITABLE));
+    /**
+     * LecternView:has-selection:
+     *
+     * Whether there is something to copy.
+     */
     g_object_class_install_property(objects, HAS_SELECTION,
                                     g_param_spec_boolean("has-selection", nullptr, nullptr, FALSE, READABLE));
+    /**
+     * LecternView:scale:
+     *
+     * Device pixels of the picture for one pixel of the widget, such as 2.0.
+     */
     g_object_class_install_property(objects, SCALE,
                                     g_param_spec_double("scale", nullptr, nullptr, 0, 100, 1, READABLE));
     g_object_class_override_property(objects, HADJUSTMENT, "hadjustment");
@@ -139,10 +285,31 @@ void installProperties(GObjectClass* objects) {
 
 void installSignals(GObjectClass* objects) {
     const GType type = G_TYPE_FROM_CLASS(objects);
+    /**
+     * LecternView::link-activated:
+     * @self: the view
+     * @uri: its address
+     *
+     * The user has tapped a link that leads out of the document.
+     */
     signals[LINK_ACTIVATED] = g_signal_new("link-activated", type, G_SIGNAL_RUN_LAST, 0, nullptr, nullptr,
                                            nullptr, G_TYPE_NONE, 1, G_TYPE_STRING);
+    /**
+     * LecternView::failed:
+     * @self: the view
+     * @error: why
+     *
+     * The service has lost the document, and opening it again has failed several times.
+     * The last picture stays. [method@Lectern.Document.reopen_async] may try once more.
+     */
     signals[FAILED] = g_signal_new("failed", type, G_SIGNAL_RUN_LAST, 0, nullptr, nullptr, nullptr,
                                    G_TYPE_NONE, 1, G_TYPE_ERROR);
+}
+
+ViewEvents eventsOf(LecternView* self) {
+    return {[self](const char* uri) { g_signal_emit(self, signals[LINK_ACTIVATED], 0, uri); },
+            [self](const GError* error) { g_signal_emit(self, signals[FAILED], 0, error); },
+            [self] { notify(self, "has-selection"); }};
 }
 
 } // namespace
@@ -153,104 +320,18 @@ static void lectern_view_class_init(LecternViewClass* views) {
     objects->get_property = getProperty;
     objects->dispose = dispose;
     objects->finalize = finalize;
+    installWidget(GTK_WIDGET_CLASS(views));
     installProperties(objects);
     installSignals(objects);
-    gtk_widget_class_set_css_name(GTK_WIDGET_CLASS(views), "lecternview");
-    gtk_widget_class_set_accessible_role(GTK_WIDGET_CLASS(views), GTK_ACCESSIBLE_ROLE_DOCUMENT);
 }
 
 static void lectern_view_init(LecternView* self) {
-    self->view = new View(GTK_WIDGET(self));
-}
-
-GtkWidget* lectern_view_new(void) {
-    return GTK_WIDGET(g_object_new(LECTERN_TYPE_VIEW, nullptr));
-}
-
-LecternDocument* lectern_view_get_document(LecternView* self) {
-    g_return_val_if_fail(LECTERN_IS_VIEW(self), nullptr);
-    return self->view->document();
-}
-
-void lectern_view_set_document(LecternView* self, LecternDocument* document) {
-    g_return_if_fail(LECTERN_IS_VIEW(self));
-    if (self->view->setDocument(document)) {
-        g_object_notify(G_OBJECT(self), "document");
-    }
-}
-
-gboolean lectern_view_get_night(LecternView* self) {
-    g_return_val_if_fail(LECTERN_IS_VIEW(self), FALSE);
-    return self->night;
-}
-
-void lectern_view_set_night(LecternView* self, gboolean night) {
-    g_return_if_fail(LECTERN_IS_VIEW(self));
-    if (self->night != (night != FALSE)) {
-        self->night = night != FALSE;
-        gtk_widget_queue_draw(GTK_WIDGET(self));
-        g_object_notify(G_OBJECT(self), "night");
-    }
-}
-
-gboolean lectern_view_get_presenting(LecternView* self) {
-    g_return_val_if_fail(LECTERN_IS_VIEW(self), FALSE);
-    return self->presenting;
-}
-
-void lectern_view_set_presenting(LecternView* self, gboolean presenting) {
-    g_return_if_fail(LECTERN_IS_VIEW(self));
-    if (self->presenting != (presenting != FALSE)) {
-        self->presenting = presenting != FALSE;
-        g_object_notify(G_OBJECT(self), "presenting");
-    }
-}
-
-double lectern_view_get_dpi(LecternView* self) {
-    g_return_val_if_fail(LECTERN_IS_VIEW(self), 0);
-    return self->dpi;
-}
-
-void lectern_view_set_dpi(LecternView* self, double dpi) {
-    g_return_if_fail(LECTERN_IS_VIEW(self));
-    self->dpi = dpi;
-    g_object_notify(G_OBJECT(self), "dpi");
-}
-
-gboolean lectern_view_get_has_selection(LecternView* self) {
-    g_return_val_if_fail(LECTERN_IS_VIEW(self), FALSE);
-    return FALSE;
-}
-
-void lectern_view_copy(LecternView* self) {
-    g_return_if_fail(LECTERN_IS_VIEW(self));
-}
-
-void lectern_view_select_all(LecternView* self) {
-    g_return_if_fail(LECTERN_IS_VIEW(self));
-}
-
-void lectern_view_clear_selection(LecternView* self) {
-    g_return_if_fail(LECTERN_IS_VIEW(self));
-}
-
-void lectern_view_zoom_in(LecternView* self) {
-    g_return_if_fail(LECTERN_IS_VIEW(self));
-}
-
-void lectern_view_zoom_out(LecternView* self) {
-    g_return_if_fail(LECTERN_IS_VIEW(self));
-}
-
-void lectern_view_zoom_to_fit(LecternView* self) {
-    g_return_if_fail(LECTERN_IS_VIEW(self));
-}
-
-void lectern_view_zoom_to_width(LecternView* self) {
-    g_return_if_fail(LECTERN_IS_VIEW(self));
-}
-
-double lectern_view_get_scale(LecternView* self) {
-    g_return_val_if_fail(LECTERN_IS_VIEW(self), 1);
-    return gtk_widget_get_scale_factor(GTK_WIDGET(self));
+    GtkWidget* widget = GTK_WIDGET(self);
+    gtk_widget_set_focusable(widget, TRUE);
+    gtk_widget_set_overflow(widget, GTK_OVERFLOW_HIDDEN);
+    gtk_widget_add_css_class(widget, "view");
+    self->view = new View(widget, eventsOf(self));
+    self->view->scrolling().setAdjustment(GTK_ORIENTATION_HORIZONTAL, nullptr);
+    self->view->scrolling().setAdjustment(GTK_ORIENTATION_VERTICAL, nullptr);
+    g_signal_connect(self, "notify::scale-factor", G_CALLBACK(onScaleFactor), nullptr);
 }
