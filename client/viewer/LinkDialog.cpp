@@ -5,8 +5,9 @@
 
 namespace lectern::viewer {
 
-LinkDialog::LinkDialog(Shell& shell) : mShell(shell), mViewSignals(signalsOfView(shell)) {
-    g_signal_group_connect_swapped(mViewSignals.get(), "link-activated", handler<&LinkDialog::ask>(), this);
+// The view ends before the parts of the window.
+LinkDialog::LinkDialog(Shell& shell) : mShell(shell) {
+    g_signal_connect_swapped(shell.view(), "link-activated", handler<&LinkDialog::ask>(), this);
 }
 
 void LinkDialog::ask(const char* address) {

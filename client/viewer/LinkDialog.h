@@ -21,7 +21,6 @@ private:
     void opened(GObject* window, GAsyncResult* result);
 
     Shell& mShell;
-    GLibHolder<GSignalGroup> mViewSignals;
     std::string mAddress; // of the last question
     Pending mPending;
 };

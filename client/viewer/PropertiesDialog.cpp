@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/viewer/PropertiesDialog.h"
 
-#include "client/viewer/DateText.h"
 #include "client/viewer/Texts.h"
 
 namespace lectern::viewer {
@@ -39,8 +38,8 @@ void addProperties(AdwPreferencesGroup* group, const LecternProperties& properti
     addRow(group, _("Title"), properties.title);
     addRow(group, _("Author"), properties.author);
     addRow(group, _("Description"), properties.description);
-    addRow(group, _("Created"), dateText(properties.created));
-    addRow(group, _("Last Saved"), dateText(properties.saved));
+    addRow(group, _("Created"), properties.created);
+    addRow(group, _("Last Saved"), properties.saved);
     addRow(group, _("Words"), properties.n_words < 0 ? "" : std::to_string(properties.n_words));
 }
 

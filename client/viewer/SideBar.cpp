@@ -10,7 +10,6 @@ namespace {
 
 constexpr int THUMBNAIL_WIDTH = 200; // pixels of a widget
 constexpr int INDENTATION = 16;      // of each level of headings
-constexpr const char* GO_TO = "outline-entry";
 
 LecternOutlineEntry* entryOf(GtkListItem* item) {
     return LECTERN_OUTLINE_ENTRY(gtk_list_item_get_item(item));
@@ -44,7 +43,7 @@ SideBar::SideBar(Shell& shell, AdwFlap* flap)
     mUi.connect("factory", "bind", handler<&SideBar::bindRow>(), this);
     mUi.connect("factory", "unbind", handler<&SideBar::unbindRow>(), this);
     mUi.connect("list", "activate", handler<&SideBar::goTo>(), this);
-    const GLibHolder<GSimpleAction> goTo(g_simple_action_new(GO_TO, G_VARIANT_TYPE_UINT32));
+    const GLibHolder<GSimpleAction> goTo(g_simple_action_new("outline-entry", G_VARIANT_TYPE_UINT32));
     g_signal_connect_swapped(goTo.get(), "activate", handler<&SideBar::goToTarget>(), this);
     g_action_map_add_action(shell.actions(), G_ACTION(goTo.get()));
 
@@ -131,8 +130,9 @@ void SideBar::bindRow(GtkListItem* item) {
     const int part = lectern_outline_entry_get_part(entry);
     const char* title = lectern_outline_entry_get_title(entry);
     gtk_label_set_text(titleOf(item), isPresentation(open) ? slideTitle(part, title).c_str() : title);
-    gtk_actionable_set_action_target(GTK_ACTIONABLE(gtk_list_item_get_child(item)), "u",
-                                     gtk_list_item_get_position(item));
+    auto* row = GTK_ACTIONABLE(gtk_list_item_get_child(item));
+    gtk_actionable_set_action_target(row, "u", gtk_list_item_get_position(item));
+    gtk_actionable_set_action_name(row, "win.outline-entry"); // its target comes first
     gtk_widget_set_margin_start(boxOf(item), lectern_outline_entry_get_level(entry) * INDENTATION);
     gtk_widget_set_visible(GTK_WIDGET(pictureOf(item)), isPresentation(open) ? TRUE : FALSE);
     if (isPresentation(open)) {
