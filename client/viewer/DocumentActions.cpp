@@ -17,9 +17,9 @@ DocumentActions::DocumentActions(Shell& shell)
               addAction<&DocumentActions::exportPdf>("export-pdf", this),
               addAction<&DocumentActions::exportText>("export-text", this),
               addAction<&DocumentActions::print>("print", this)},
-      mSelections(signalsOfView(shell)), mExporter(shell), mPrinting(shell) {
-    g_signal_group_connect_swapped(mSelections.get(), "notify::has-selection",
-                                   G_CALLBACK(onSignal<&DocumentActions::enableCopy>), this);
+      mSelections(
+          onView(shell, "notify::has-selection", G_CALLBACK(onSignal<&DocumentActions::enableCopy>), this)),
+      mExporter(shell), mPrinting(shell) {
     addKeys();
     show(document());
 }

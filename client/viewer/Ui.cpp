@@ -26,8 +26,9 @@ GLibHolder<GSignalGroup> signalsOfDocument(Shell& shell) {
     return group;
 }
 
-GLibHolder<GSignalGroup> signalsOfView(Shell& shell) {
+GLibHolder<GSignalGroup> onView(Shell& shell, const char* signal, GCallback handler, void* self) {
     GLibHolder<GSignalGroup> group(g_signal_group_new(LECTERN_TYPE_VIEW));
+    g_signal_group_connect_swapped(group.get(), signal, handler, self);
     g_signal_group_set_target(group.get(), shell.view());
     return group;
 }

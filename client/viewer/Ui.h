@@ -31,8 +31,8 @@ private:
 // Handlers of the signals of the view's document, whichever that is; without one they
 // wait. Connect with g_signal_group_connect_swapped. The end of the group disconnects.
 GLibHolder<GSignalGroup> signalsOfDocument(Shell& shell);
-// Handlers of signals of the view.
-GLibHolder<GSignalGroup> signalsOfView(Shell& shell);
+// Calls a handler at each such signal of the view, until the end of the group.
+GLibHolder<GSignalGroup> onView(Shell& shell, const char* signal, GCallback handler, void* self);
 
 // Adds an action without a parameter that calls self->member():
 //
