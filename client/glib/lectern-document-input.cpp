@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Input. Sent in order by a thread of the document, because sending may wait for the
-// service. Input has no reply, and a document that is not open has no use for it.
+// service. Input has no reply, and a document that is not open has no use for it. The
+// service asks for no paint after most of it, so this library does.
 #include "client/glib/DocumentObject.h"
 
 namespace {
@@ -11,7 +12,13 @@ void input(LecternDocument* self, Send send) {
     if (self->members->document != nullptr) {
         self->members->document->later(
             lectern::Lane::Input,
-            [send](lectern::Document& document, const std::stop_token&) { return send(document); });
+            [send](lectern::Document& document, const std::stop_token&) { return send(document); },
+            [weak = lectern::WeakDocument(self)](const lectern::Failure& failure) {
+                const auto document = weak.get();
+                if (document != nullptr && !failure) {
+                    lectern::emit(document.get(), lectern::DocumentSignal::Invalidated);
+                }
+            });
     }
 }
 

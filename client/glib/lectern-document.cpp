@@ -183,6 +183,7 @@ struct PaintResult {
 
 Failure paintAndLook(Document& document, const std::stop_token& stop, PaintedFrame& frame,
                      PaintResult& result) {
+    document.settle(); // a paint overtakes input that the service has not read
     Failure failure = document.paint({.stop = stop});
     if (failure) {
         return failure;
