@@ -102,8 +102,9 @@ void SearchBar::serviceCameOrWent() {
 template<auto finish>
 void SearchBar::arrived(GObject* source, GAsyncResult* result) {
     GLibHolder<GError> error;
-    if (finish(LECTERN_DOCUMENT(source), result, out(error)) == FALSE &&
-        g_error_matches(error.get(), LECTERN_SERVICE_ERROR, LECTERN_SERVICE_ERROR_NOTHING_THERE) == FALSE) {
+    const bool isDone = finish(LECTERN_DOCUMENT(source), result, out(error)) != FALSE;
+    constexpr int NO_HIT = LECTERN_SERVICE_ERROR_NOTHING_THERE;
+    if (!isDone && g_error_matches(error.get(), LECTERN_SERVICE_ERROR, NO_HIT) == FALSE) {
         showNoCount("");
         complain(error.get());
         return;
