@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/ClientQueue.h"
 
+#include "base/Cancellable.h"
 #include "channel/QueueRecord.h"
 #include "client/lib/Errors.h"
 
@@ -46,14 +47,33 @@ Failure ClientQueue::post(const ClientServerMessage& message, std::chrono::milli
 }
 
 bool ClientQueue::tryTake(long address, ServerClientMessage& message) {
-    int id = mQueueId;
-    if (TakeRecord(id, address, IPC_NOWAIT, message) >= 0) {
-        return true;
+    const int id = mQueueId;
+    if (TakeRecord(id, address, IPC_NOWAIT, message) < 0) {
+        closeIfGone(id);
+        return false;
     }
+    return true;
+}
+
+// The thread is cancelled nowhere else, where it could hold a lock.
+bool ClientQueue::take(long address, ServerClientMessage& message) {
+    const int id = mQueueId;
+    ssize_t size = 0;
+    {
+        const Cancellable whileAsleep;
+        size = TakeRecord(id, address, 0, message);
+    }
+    if (size < 0) {
+        closeIfGone(id);
+        return false;
+    }
+    return true;
+}
+
+void ClientQueue::closeIfGone(int id) {
     if (errno == EIDRM || errno == EINVAL) {
         mQueueId.compare_exchange_strong(id, NOT_OPEN);
     }
-    return false;
 }
 
 bool ClientQueue::tryPost(const ServerClientMessage& message) const {

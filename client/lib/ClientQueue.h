@@ -23,6 +23,9 @@ public:
     // Takes the next record of this address, if one waits. A queue that is gone is no
     // longer open after this.
     bool tryTake(long address, ServerClientMessage& message);
+    // The same after a wait for a record, during which the thread can be cancelled.
+    // Returns false when the wait was interrupted or the queue is gone.
+    bool take(long address, ServerClientMessage& message);
     // Sends a record to a client of this queue; returns false when the queue is full.
     bool tryPost(const ServerClientMessage& message) const;
 
@@ -33,6 +36,10 @@ public:
     // whileWaiting: called before each look at the queue, to take what is the
     // caller's own. Returns false to end the wait.
     bool settle(std::chrono::milliseconds patience, const std::function<bool()>& whileWaiting = {}) const;
+
+private:
+    // After a read that failed: the queue with this identifier may be gone.
+    void closeIfGone(int id);
 };
 
 } // namespace lectern

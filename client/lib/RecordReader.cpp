@@ -1,27 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/lib/RecordReader.h"
 
-#include <unistd.h>
-
-#include <cstdint>
+#include <pthread.h>
 
 namespace lectern {
-
-namespace {
-
-// Id of the record that the reader sends to itself to end a blocked read. No
-// service uses it.
-constexpr auto WAKE_ID = static_cast<ClientMessageId>(-1);
-constexpr std::chrono::milliseconds BEFORE_NEXT_WAKE{20};
-
-} // namespace
 
 Result<std::unique_ptr<RecordReader>> RecordReader::start(long address, Handler handler,
                                                           std::function<void()> onQueueGone) {
     std::unique_ptr<RecordReader> reader(
         new RecordReader(address, std::move(handler), std::move(onQueueGone)));
     if (Failure failure = reader->mQueue.connect()) {
-        reader->mEnded = true;
         return *failure;
     }
     reader->mThread = std::thread([self = reader.get()] { self->run(); });
@@ -30,50 +18,24 @@ Result<std::unique_ptr<RecordReader>> RecordReader::start(long address, Handler 
 }
 
 RecordReader::~RecordReader() {
-    // The queue may be full, or the service may drop the record to make room,
-    // so send it until the reader has ended.
-    while (!mEnded) {
-        if (!mWoken) {
-            stop();
-        }
-        for (auto waited = std::chrono::milliseconds(0); !mEnded && waited < BEFORE_NEXT_WAKE; ++waited) {
-            std::this_thread::sleep_for(std::chrono::milliseconds(1));
-        }
-        mWoken = false;
-    }
     if (mThread.joinable()) {
+        stop();
         mThread.join();
     }
 }
 
 void RecordReader::stop() {
-    mWoken = mQueue.tryPost(wakeRecord());
-}
-
-// The record is unique to this reader: one that was sent twice may still be in
-// the queue when the next reader of the address starts.
-ServerClientMessage RecordReader::wakeRecord() const {
-    ServerClientMessage record(mAddress, WAKE_ID);
-    record.value = getpid();
-    record.extra = static_cast<int32_t>(reinterpret_cast<uintptr_t>(this) / alignof(RecordReader));
-    return record;
+    pthread_cancel(mThread.native_handle());
 }
 
 void RecordReader::run() {
-    const ServerClientMessage ownWake = wakeRecord();
+    pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, nullptr); // except where it waits
     ServerClientMessage message;
     while (mQueue.isOpen()) {
-        if (mQueue.ReadMessage(mAddress, message, DocAdapterMessageQueue::TIMEOUT_INFINITE) < 0) {
-            continue; // interrupted, or the queue was removed and is closed
-        }
-        if (message.id != WAKE_ID) {
+        if (mQueue.take(mAddress, message)) {
             mHandler(message);
-        } else if (message.value == ownWake.value && message.extra == ownWake.extra) {
-            mEnded = true;
-            return;
         }
     }
-    mEnded = true;
     if (mOnQueueGone) {
         mOnQueueGone();
     }

@@ -33,6 +33,10 @@ struct ViewListener {
 //   lectern-paints   one for each document that paints by itself (Painter). Sends a
 //                    paint and looks for its answer in the queue until that is there.
 //                    It alone has the service write to the frame buffer.
+//   lectern-input, lectern-frames, lectern-calls
+//                    one for each lane of a document that has had work (TaskThread). Do
+//                    the program's work: input, paints, calls. Each call blocks its lane,
+//                    so a lane waits for the service, and nothing else waits for a lane.
 //   lectern-events   one for each document without a main context (Dispatcher). Calls
 //                    the program's functions, one after the other. With a context, the
 //                    program's loop does this.
@@ -42,20 +46,28 @@ struct ViewListener {
 //                    service leaves the bus.
 //   the program's    any number of threads, in any call.
 //
-// They meet in three places. View::mMutex guards what is known of the view; it is held
+// They meet in four places. View::mMutex guards what is known of the view; it is held
 // for short reads and writes and never during a callback, a bus call or a wait. The
 // Dispatcher's outbox takes callbacks from every thread and never blocks one. The
 // Painter's state holds the next request, and keeps the next paint waiting until the
-// program has looked at the last picture. Records, pings and GDBus's thread never wait
+// program has looked at the last picture. A TaskThread's mutex guards the work that has
+// not begun; it is free while work is done or dropped. Records, pings and GDBus's thread never wait
 // for the program, so a slow callback delays only paints and later callbacks.
 //
 // The answer to a paint has no reader of its own: whoever waits for it takes it, and
 // View::settle takes what came too late. A System V queue can be waited on for only one
 // address at a time, and a second reader would only hand the answer over.
 //
-// The end: close() stops lectern-records with a record to itself, then leaves the
-// watch and the pings, each of which waits for a call that is going on. mMutex and
-// mAttendantsMutex are free during this, because such a call may want them.
+// The end of a view: close() cancels lectern-records where it waits for a record, for the
+// queue may be full, then leaves the watch and the pings, each of which waits for a call
+// that is going on. mMutex and mAttendantsMutex are free during this, because such a call
+// may want them.
+//
+// The end of a document, in this order: the outbox is closed, so that no callback runs any
+// more; the bus calls that go on are cancelled and the lanes' work that has not begun is
+// dropped; the view is closed, which ends the waits for a paint and for room in the queue;
+// the lanes and the painter are joined. A callback may end the document: nothing of this
+// waits for lectern-events or for the program's loop when they do it.
 
 // One view in one process of the service, from "create" to "destroy". When that
 // process ends, the view is gone: calls fail at once with Error::Kind::Gone,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Calls and work of a document that do not block the program.
 #include "base/GLibHolder.h"
+#include "client/lib/ClientQueue.h"
 #include "tests/unit/client/FakeService.h"
 #include "tests/unit/client/LibraryThreads.h"
 #include "tests/unit/client/Told.h"
@@ -242,6 +243,26 @@ TEST_F(Lanes, TheEndOfTheDocumentCancelsWorkAndDropsTheRest) {
     while (g_main_context_iteration(context.get(), FALSE)) {
     }
     EXPECT_EQ(mTold.count(), 0U);
+}
+
+TEST_F(Lanes, TheEndOfTheDocumentEndsAWaitForRoomInTheQueue) {
+    auto document = open();
+    const auto hungService = mService.view().holdUp();
+    ClientQueue queue;
+    ASSERT_FALSE(queue.connect());
+    while (queue.tryPost(ServerClientMessage(9'999, _INVALIDATED))) {
+    }
+    std::promise<void> begun;
+    Failure failure;
+    document->later(Lane::Input, [&](Document& on, const auto&) {
+        begun.set_value();
+        return failure = on.penMove(1, 1);
+    });
+    begun.get_future().wait();
+    document.reset();
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->kind, Error::Kind::Gone) << failure->text;
+    queue.Drain();
 }
 
 } // namespace
