@@ -16,7 +16,8 @@ class WindowManager:
         self.root = self.display.screen().root
         self.atoms = {name: self.display.intern_atom(name) for name in (
             '_NET_SUPPORTED', '_NET_SUPPORTING_WM_CHECK', '_NET_WM_NAME', '_NET_WM_STATE', '_NET_ACTIVE_WINDOW',
-            '_NET_WM_STATE_FULLSCREEN', '_NET_WM_STATE_FOCUSED', '_NET_WM_WINDOW_TYPE', 'UTF8_STRING',
+            '_NET_WM_STATE_FULLSCREEN', '_NET_WM_STATE_FOCUSED', '_NET_WM_STATE_MAXIMIZED_VERT',
+            '_NET_WM_STATE_MAXIMIZED_HORZ', '_NET_WM_WINDOW_TYPE', 'UTF8_STRING',
             'WM_PROTOCOLS', 'WM_DELETE_WINDOW', '_LECTERN_END')}
         self.windows = []  # mapped ones, the newest last
         self.sizes = {}    # by window: what it has when it does not fill the screen
@@ -35,8 +36,7 @@ class WindowManager:
             window.change_property(self.atoms['_NET_SUPPORTING_WM_CHECK'], Xatom.WINDOW, 32, [self.check.id])
         self.check.change_property(self.atoms['_NET_WM_NAME'], self.atoms['UTF8_STRING'], 8, b'test')
         self.root.change_property(self.atoms['_NET_SUPPORTED'], Xatom.ATOM, 32, [
-            self.atoms[name] for name in ('_NET_WM_STATE', '_NET_WM_STATE_FULLSCREEN', '_NET_WM_STATE_FOCUSED',
-                                          '_NET_ACTIVE_WINDOW')])
+            atom for name, atom in self.atoms.items() if name.startswith(('_NET_WM_STATE', '_NET_ACTIVE'))])
 
     def _run(self):
         handlers = {X.MapRequest: self._map, X.ConfigureRequest: self._configure, X.DestroyNotify: self._forget,
@@ -75,7 +75,8 @@ class WindowManager:
             self.root.change_property(self.atoms['_NET_ACTIVE_WINDOW'], Xatom.WINDOW, 32, [window.id])
 
     def _state(self, window, names):
-        states = [self.atoms[name] for name in ['_NET_WM_STATE_FOCUSED', *names]]
+        """All windows are maximised, because toolkits then draw no borders."""
+        states = [self.atoms[f'_NET_WM_STATE_{name}'] for name in ('FOCUSED', 'MAXIMIZED_VERT', 'MAXIMIZED_HORZ', *names)]
         window.change_property(self.atoms['_NET_WM_STATE'], Xatom.ATOM, 32, states)
 
     def _message(self, message):
@@ -90,7 +91,7 @@ class WindowManager:
             now = window.get_geometry()
             self.sizes.setdefault(window, (now.width, now.height))
             screen = self.display.screen()
-            self._state(window, ['_NET_WM_STATE_FULLSCREEN'])
+            self._state(window, ['FULLSCREEN'])
             window.configure(x=0, y=0, width=screen.width_in_pixels, height=screen.height_in_pixels, stack_mode=X.Above)
         elif window in self.sizes:
             width, height = self.sizes.pop(window)

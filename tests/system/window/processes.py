@@ -17,6 +17,18 @@ def children(pid):
     return found
 
 
+def descendants(name, pid=None):
+    """The process ids of this process's living descendants that run a program of this name."""
+    found = []
+    for child in children(pid or os.getpid()):
+        try:
+            program = pathlib.Path(f'/proc/{child}/cmdline').read_bytes().split(b'\0')[0].decode()
+        except (FileNotFoundError, ProcessLookupError):
+            continue
+        found += ([child] if os.path.basename(program) == name else []) + descendants(name, child)
+    return found
+
+
 def end_descendants():
     """Ends all descendants of this process; orphans come to it as its own children."""
     deadline = time.monotonic() + 5

@@ -21,7 +21,7 @@ import window.namespace  # noqa: F401 pylint: disable=unused-import # before any
 from window.clipboard import clipboard_text
 from window.display import Display, end_with_parent
 from window.manager import WindowManager
-from window.processes import end_descendants
+from window.processes import descendants, end_descendants
 from window.tree import Tree
 from window.wayland import Compositor
 
@@ -111,7 +111,7 @@ class Session:
             'GSETTINGS_BACKEND': 'memory', 'GTK_A11Y': 'atspi', 'NO_AT_BRIDGE': '0',
             'ADW_DEBUG_COLOR_SCHEME': 'prefer-dark' if dark else 'prefer-light',
             'PATH': f'{BUILD}/bin:{os.environ["PATH"]}', 'LD_LIBRARY_PATH': f'{BUILD}/lib',
-            'GI_TYPELIB_PATH': f'{BUILD}/lib/girepository-1.0', 'PYTHONDONTWRITEBYTECODE': '1'})
+            'GI_TYPELIB_PATH': f'{BUILD}/introspection', 'PYTHONDONTWRITEBYTECODE': '1'})
         os.environ.update(more)
 
     def _start_bus(self):
@@ -168,6 +168,10 @@ class Session:
     def copy_of(self, path):
         """A copy of a document in the session's home, whose timestamps and neighbours are the test's own."""
         return pathlib.Path(shutil.copy(path, self.folder / 'home'))
+
+    def service(self):
+        """The process id of the document service; None while it does not run."""
+        return next(iter(descendants('lectern-service')), None)
 
     def end(self, program):
         """Ends a program that start() returned; returns its exit status."""
