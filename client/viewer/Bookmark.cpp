@@ -14,8 +14,9 @@ std::string uriOf(LecternDocument* document) {
     return GLibHolder<char>(g_file_get_uri(lectern_document_get_file(document))).get();
 }
 
+// A page that is smaller than the view begins at a negative place.
 double fraction(int way, gint64 whole) {
-    return whole > 0 ? static_cast<double>(way) / static_cast<double>(whole) : 0.0;
+    return way > 0 && whole > 0 ? static_cast<double>(way) / static_cast<double>(whole) : 0.0;
 }
 
 int wayOf(double fraction, gint64 whole) {

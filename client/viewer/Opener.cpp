@@ -24,16 +24,16 @@ void Opener::openAgain(std::optional<std::string> password) {
     });
 }
 
-// A window that has just been made gets its size at its first frame.
+// A view that has just been shown gets its size at the next frame.
 void Opener::startWhenSized() {
-    if (gtk_widget_get_width(window()) > 0) {
+    if (gtk_widget_get_width(GTK_WIDGET(mView)) > 0) {
         start();
         return;
     }
     mFrame = gtk_widget_add_tick_callback(
-        window(),
-        [](GtkWidget* window, GdkFrameClock* /*clock*/, void* self) -> gboolean {
-            if (gtk_widget_get_width(window) == 0) {
+        GTK_WIDGET(mView),
+        [](GtkWidget* view, GdkFrameClock* /*clock*/, void* self) -> gboolean {
+            if (gtk_widget_get_width(view) == 0) {
                 return G_SOURCE_CONTINUE;
             }
             static_cast<Opener*>(self)->mFrame = 0;
@@ -72,7 +72,7 @@ void Opener::stop() {
     mPending.giveUp();
     mConnection.giveUp(this);
     if (mFrame != 0) {
-        gtk_widget_remove_tick_callback(window(), std::exchange(mFrame, 0));
+        gtk_widget_remove_tick_callback(GTK_WIDGET(mView), std::exchange(mFrame, 0));
     }
     lectern_view_set_document(mView, nullptr);
 }

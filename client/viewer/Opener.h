@@ -45,15 +45,13 @@ private:
     void fail(const GError& error);
     void stop();
 
-    GtkWidget* window() const { return GTK_WIDGET(gtk_widget_get_root(GTK_WIDGET(mView))); }
-
     Connection& mConnection;
     LecternView* mView;
     Listener& mListener;
     GLibHolder<GFile> mFile;
     GLibHolder<LecternService> mService;
     bool mInUse = false;
-    guint mFrame = 0; // the callback that waits for the window's size
+    guint mFrame = 0; // the callback that waits for the view's size
     std::optional<std::string> mPassword;
     Pending mPending;
 };

@@ -17,6 +17,7 @@ OpeningPage::OpeningPage(Shell& shell) : mShell(shell), mSignals(signalsOfDocume
 void OpeningPage::show(const std::string& name) {
     gtk_label_set_label(mUi.label("name"), name.c_str());
     gtk_progress_bar_set_fraction(bar(), 0);
+    gtk_widget_set_visible(widget(), TRUE);
     gtk_widget_grab_focus(mUi.widget("cancel"));
 }
 

@@ -5,7 +5,8 @@
 
 namespace lectern::viewer {
 
-// What a window shows while its document opens. The button cancels it: "win.cancel-open".
+// What a window shows over the view while its document opens. The button cancels it:
+// "win.cancel-open".
 class OpeningPage {
 public:
     explicit OpeningPage(Shell& shell);
@@ -15,6 +16,7 @@ public:
 
     GtkWidget* widget() const { return mUi.widget("page"); }
     void show(const std::string& name);
+    void hide() { gtk_widget_set_visible(widget(), FALSE); }
 
 private:
     void progress();

@@ -12,6 +12,11 @@ Part::Part(Shell& shell) : mShell(shell), mDocumentSignals(signalsOfDocument(she
     onDocument<&Part::update>("notify::opened", this);
 }
 
+// The group's end emits "unbind", when the derived part has gone.
+Part::~Part() {
+    g_signal_handlers_disconnect_by_data(mDocumentSignals.get(), this);
+}
+
 void Part::update() {
     mPending.giveUp();
     show(document());

@@ -25,7 +25,7 @@ GCallback handler() {
 class Part {
 public:
     explicit Part(Shell& shell);
-    virtual ~Part() = default;
+    virtual ~Part();
     Part(const Part&) = delete;
     Part& operator=(const Part&) = delete;
 

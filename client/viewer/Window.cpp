@@ -5,16 +5,31 @@
 #include "client/viewer/Pending.h"
 #include "client/viewer/Texts.h"
 
+#include <algorithm>
 #include <cstring>
+#include <iterator>
 
 namespace lectern::viewer {
+
+namespace {
+
+// By its name: its contents tell only later.
+bool seemsText(GFile* file) {
+    const GLibHolder<char> type(g_content_type_guess(nameOf(file).c_str(), nullptr, 0, nullptr));
+    constexpr const char* OTHERS[] = {"spreadsheet",   "excel",        "csv",
+                                      "tab-separated", "presentation", "powerpoint"};
+    return std::none_of(std::begin(OTHERS), std::end(OTHERS),
+                        [&type](const char* other) { return std::strstr(type.get(), other) != nullptr; });
+}
+
+} // namespace
 
 Window::Window(Application& application)
     : mApplication(application), mView(LECTERN_VIEW(lectern_view_new())),
       mOpener(application.connection(), mView, *this), mBookmark(*this, application.history()),
       mWelcome(*this, application.history()),
       mPassword([this](const std::string& password) { openAgain(password); }) {
-    gtk_scrolled_window_set_child(GTK_SCROLLED_WINDOW(mUi.object("scroller")), GTK_WIDGET(mView));
+    adw_clamp_scrollable_set_child(ADW_CLAMP_SCROLLABLE(mUi.object("clamp")), GTK_WIDGET(mView));
     mUi.connect("window", "close-request", G_CALLBACK(&Window::closed), this);
     addActions();
     acceptDrops();
@@ -33,9 +48,9 @@ Window::~Window() {
 void Window::fillPlaces() {
     auto* pages = GTK_STACK(mUi.object("pages"));
     gtk_stack_add_named(pages, mWelcome.widget(), "welcome");
-    gtk_stack_add_named(pages, mOpening.widget(), "opening");
     gtk_stack_add_named(pages, mProblem.widget(), "problem");
     gtk_stack_add_named(pages, mPassword.widget(), "password");
+    overlay(mOpening.widget());
     fill("zoom", mZoomActions.widget());
     fill("search", mSearchBar.widget());
     fill("sidebar", mSideBar.widget());
@@ -107,6 +122,7 @@ void Window::cancelOpen() {
 }
 
 void Window::opened() {
+    limitWidth(lectern_document_get_kind(document()) == LECTERN_DOCUMENT_KIND_TEXT);
     mBookmark.restore([this] {
         showPage("document");
         gtk_widget_grab_focus(GTK_WIDGET(mView));
@@ -123,17 +139,32 @@ void Window::failed(const GError& error) {
     }
 }
 
+// Covers the view, which has its size already, so that the document opens at that size.
 void Window::showOpening() {
-    showPage("opening");
+    showPage("document");
+    limitWidth(seemsText(file()));
     mOpening.show(nameOf(file()));
+    showTools(false);
+}
+
+// Longer lines are hard to read.
+void Window::limitWidth(bool isText) {
+    constexpr int LONGEST_LINE = 800;
+    auto* clamp = ADW_CLAMP_SCROLLABLE(mUi.object("clamp"));
+    adw_clamp_scrollable_set_maximum_size(clamp, isText ? LONGEST_LINE : G_MAXINT);
+    adw_clamp_scrollable_set_tightening_threshold(clamp, isText ? LONGEST_LINE : G_MAXINT);
+}
+
+void Window::showTools(bool shown) {
+    for (const char* tool : {"sidebar-button", "tools"}) {
+        gtk_widget_set_visible(mUi.widget(tool), shown ? TRUE : FALSE);
+    }
 }
 
 void Window::showPage(const char* name) {
-    const bool reading = std::strcmp(name, "document") == 0;
     gtk_stack_set_visible_child_name(GTK_STACK(mUi.object("pages")), name);
-    for (const char* tool : {"sidebar-button", "tools"}) {
-        gtk_widget_set_visible(mUi.widget(tool), reading ? TRUE : FALSE);
-    }
+    mOpening.hide();
+    showTools(std::strcmp(name, "document") == 0);
     const std::string title = file() != nullptr ? nameOf(file()) : _("Lectern");
     const std::string folder = file() != nullptr ? folderOf(file()) : "";
     gtk_window_set_title(window(), title.c_str());

@@ -63,6 +63,8 @@ private:
     void askForFile() { mFileDialog.show(); }
     void showPage(const char* name);
     void showOpening();
+    void limitWidth(bool isText);
+    void showTools(bool shown);
 
     // Puts a part's widget into a place of window.ui: an AdwBin.
     void fill(const char* place, GtkWidget* widget) { adw_bin_set_child(ADW_BIN(mUi.object(place)), widget); }
