@@ -29,6 +29,9 @@ void TouchContact::move(Point at, Milliseconds time) {
 }
 
 void TouchContact::up(Point at, Milliseconds time) {
+    if (mState == State::Pinching) {
+        return; // of the first finger, when the second one has come
+    }
     const State state = std::exchange(mState, State::None);
     switch (state) {
     case State::Resting:
@@ -57,13 +60,14 @@ void TouchContact::up(Point at, Milliseconds time) {
 }
 
 void TouchContact::cancel() {
+    if (mState == State::Pinching) {
+        return;
+    }
     const State state = std::exchange(mState, State::None);
     if (state == State::Resting || state == State::Dragging) {
         mReceiver.penUp(mLast);
     } else if (state == State::Holding) {
         mReceiver.holdEnds(mLast);
-    } else if (state == State::Pinching) {
-        mReceiver.pinch(mLast, mFactor, LECTERN_PINCH_GIVEN_UP);
     }
     mTaps.forget();
 }

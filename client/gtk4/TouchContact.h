@@ -52,7 +52,7 @@ public:
     // Call it HOLD after down(), if the finger is down.
     void hold();
 
-    // Two fingers; the contact of the first one is over.
+    // Two fingers; the contact of the first one is over, whether it ends before or after.
     void pinchBegins(Point centre);
     void pinchMoves(Point centre, double factor);
     void pinchEnds(bool isGivenUp);

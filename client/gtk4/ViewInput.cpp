@@ -66,13 +66,14 @@ void ViewInput::addControllers() {
     g_signal_connect(drag, "cancel", G_CALLBACK(onDragCancel), this);
     gtk_widget_add_controller(widget, GTK_EVENT_CONTROLLER(drag));
 
+    // Added after the drag, so that it hears of a second finger before that ends the drag.
+    // Not in a group with it: a drag refuses second fingers for its whole group.
     GtkGesture* zoom = gtk_gesture_zoom_new();
     g_signal_connect(zoom, "begin", G_CALLBACK(onPinchBegin), this);
     g_signal_connect(zoom, "scale-changed", G_CALLBACK(onPinchScale), this);
     g_signal_connect(zoom, "end", G_CALLBACK(onPinchEnd), this);
     g_signal_connect(zoom, "cancel", G_CALLBACK(onPinchCancel), this);
     gtk_widget_add_controller(widget, GTK_EVENT_CONTROLLER(zoom));
-    gtk_gesture_group(drag, zoom);
 
     GtkGesture* secondary = gtk_gesture_click_new();
     gtk_gesture_single_set_button(GTK_GESTURE_SINGLE(secondary), GDK_BUTTON_SECONDARY);
@@ -128,9 +129,7 @@ void ViewInput::onDragUpdate(GtkGestureDrag* drag, double x, double y, gpointer 
     } else if (input->mContact == Contact::Touch) {
         input->mTouch->move(at, timeOf(GTK_EVENT_CONTROLLER(drag)));
         if (!input->mTouch->isResting()) {
-            // No other gesture takes the finger any more.
             input->stopHold();
-            gtk_gesture_set_state(GTK_GESTURE(drag), GTK_EVENT_SEQUENCE_CLAIMED);
         }
     } else if (input->mContact == Contact::Mouse) {
         input->mMouse->move(at);

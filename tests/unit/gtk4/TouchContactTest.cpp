@@ -167,7 +167,7 @@ TEST_F(TouchContactTest, ASecondFingerEndsTheDragAndPinches) {
     EXPECT_CALL(receiver, pinch(AWAY, 1.5, LECTERN_PINCH_ENDS));
     touch.down(AT, now);
     touch.pinchBegins(AT);
-    touch.move(AT + Point{50, 0}, now); // of the first finger
+    touch.up(AT, now); // of the first finger, which GTK tells late
     touch.pinchMoves(AWAY, 1.5);
     touch.pinchEnds(false);
 }
