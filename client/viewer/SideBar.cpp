@@ -54,9 +54,9 @@ SideBar::SideBar(Shell& shell, AdwFlap* flap)
     show(nullptr);
 }
 
-void SideBar::show(LecternDocument* document) {
+void SideBar::show(LecternDocument* /*document*/) {
     mIsLoaded = false;
-    mThumbnails.follow(document, THUMBNAIL_WIDTH * gtk_widget_get_scale_factor(widget()));
+    mThumbnails.follow(nullptr, 0);
     gtk_single_selection_set_model(mEntries, nullptr);
     gtk_stack_set_visible_child_name(mPages, "empty");
     load();
@@ -82,6 +82,7 @@ void SideBar::loaded(GObject* source, GAsyncResult* result) {
     }
     const bool isEmpty = entries == nullptr || g_list_model_get_n_items(entries.get()) == 0;
     gtk_stack_set_visible_child_name(mPages, isEmpty ? "empty" : "entries");
+    mThumbnails.follow(document(), THUMBNAIL_WIDTH * gtk_widget_get_scale_factor(widget()));
     gtk_single_selection_set_model(mEntries, entries.get());
     markCurrent();
 }
