@@ -7,15 +7,17 @@ namespace lectern::viewer {
 
 namespace {
 
-// A property that the document does not have has no row.
-void addRow(AdwPreferencesGroup* group, const char* name, const std::string& value) {
-    if (value.empty()) {
+// A property that the document does not have has no row, and a group without rows stays hidden.
+void addRow(AdwPreferencesGroup* group, const char* name, const std::string& text) {
+    const GLibHolder<char> value(g_strstrip(g_strdup(text.c_str())));
+    if (*value == '\0') {
         return;
     }
+    gtk_widget_set_visible(GTK_WIDGET(group), TRUE);
     GtkWidget* row = adw_action_row_new();
     adw_preferences_row_set_use_markup(ADW_PREFERENCES_ROW(row), FALSE);
     adw_preferences_row_set_title(ADW_PREFERENCES_ROW(row), name);
-    adw_action_row_set_subtitle(ADW_ACTION_ROW(row), value.c_str());
+    adw_action_row_set_subtitle(ADW_ACTION_ROW(row), value.get());
     adw_action_row_set_subtitle_lines(ADW_ACTION_ROW(row), 0);
     adw_preferences_group_add(group, row);
 }
