@@ -21,6 +21,7 @@ constexpr Shortcut SHORTCUTS[] = {
     {"app.new-window", {"<Control>n"}},
     {"win.close", {"<Control>w"}},
     {"app.quit", {"<Control>q"}},
+    {"win.show-help-overlay", {"<Control>question", "<Control>slash"}},
     {"win.reload", {"<Control>r"}},
     {"win.search", {"<Control>f"}},
     {"win.find-next", {"<Control>g", "F3"}},
