@@ -4,7 +4,10 @@
 #include "client/viewer/Pending.h"
 #include "client/viewer/Ui.h"
 
+#include <glib-unix.h>
+
 #include <algorithm>
+#include <csignal>
 
 namespace lectern::viewer {
 
@@ -69,6 +72,9 @@ void Application::startUp() {
     addAction(actions, "new-window", G_CALLBACK(onSignal<&Application::newWindow>), this);
     addAction(actions, "about", G_CALLBACK(onSignal<&Application::showAbout>), this);
     addAction(actions, "quit", G_CALLBACK(onSignal<&Application::quit>), this);
+    for (const int signal : {SIGHUP, SIGINT, SIGTERM}) {
+        g_unix_signal_add(signal, &Application::quitAtSignal, this);
+    }
     for (const Shortcut& shortcut : SHORTCUTS) {
         gtk_application_set_accels_for_action(GTK_APPLICATION(mApplication.get()), shortcut.action,
                                               shortcut.keys);
@@ -120,6 +126,11 @@ void Application::showAbout() {
                           GTK_LICENSE_APACHE_2_0,
                           // TRANSLATORS: put your name here
                           "translator-credits", _("translator-credits"), nullptr);
+}
+
+gboolean Application::quitAtSignal(void* self) {
+    static_cast<Application*>(self)->quit();
+    return G_SOURCE_CONTINUE;
 }
 
 // Each window keeps its place when it goes.

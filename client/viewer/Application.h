@@ -38,6 +38,7 @@ private:
     void newWindow() { addWindow(); }
     void showAbout();
     void quit();
+    static gboolean quitAtSignal(void* self);
     GtkWindow* activeWindow() const {
         return gtk_application_get_active_window(GTK_APPLICATION(mApplication.get()));
     }
