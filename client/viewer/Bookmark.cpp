@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/viewer/Bookmark.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -14,21 +15,38 @@ std::string uriOf(LecternDocument* document) {
     return GLibHolder<char>(g_file_get_uri(lectern_document_get_file(document))).get();
 }
 
-// A page that is smaller than the view begins at a negative place.
-double fraction(int way, gint64 whole) {
-    return way > 0 && whole > 0 ? static_cast<double>(way) / static_cast<double>(whole) : 0.0;
+// What a place is measured by. A text has another height in each window, so its places are
+// fractions. The height of a sheet grows as one scrolls, so its places are in inches.
+struct Unit {
+    double width;
+    double height;
+};
+
+Unit unitOf(LecternDocument* document) {
+    if (lectern_document_get_kind(document) == LECTERN_DOCUMENT_KIND_SPREADSHEET) {
+        const double inch = lectern_document_get_dpi(document) * lectern_document_get_zoom(document);
+        return {inch, inch};
+    }
+    return {static_cast<double>(lectern_document_get_document_width(document)),
+            static_cast<double>(lectern_document_get_document_height(document))};
 }
 
-int wayOf(double fraction, gint64 whole) {
-    return static_cast<int>(std::lround(fraction * static_cast<double>(whole)));
+// A page that is smaller than the view begins at a negative place.
+double inUnits(int way, double unit) {
+    return way > 0 && unit > 0 ? way / unit : 0.0;
+}
+
+int inPixels(double place, double unit) {
+    return static_cast<int>(std::lround(std::min(place * unit, static_cast<double>(G_MAXINT))));
 }
 
 Place placeOf(LecternDocument* document) {
     const double zoom = lectern_document_get_zoom(document);
+    const Unit unit = unitOf(document);
     return {.part = lectern_document_get_part(document),
             .zoom = zoom == lectern_document_get_fit_zoom(document) ? 0 : zoom,
-            .x = fraction(lectern_document_get_x(document), lectern_document_get_document_width(document)),
-            .y = fraction(lectern_document_get_y(document), lectern_document_get_document_height(document))};
+            .x = inUnits(lectern_document_get_x(document), unit.width),
+            .y = inUnits(lectern_document_get_y(document), unit.height)};
 }
 
 } // namespace
@@ -70,10 +88,22 @@ void Bookmark::zoom(GObject* source, GAsyncResult* /*result*/) {
 
 void Bookmark::scroll(GObject* source, GAsyncResult* /*result*/) {
     LecternDocument* document = LECTERN_DOCUMENT(source);
-    lectern_document_scroll_to_async(document,
-                                     wayOf(mTarget.x, lectern_document_get_document_width(document)),
-                                     wayOf(mTarget.y, lectern_document_get_document_height(document)),
-                                     mPending.get(), asyncDone<&Bookmark::finish>, this);
+    const Unit unit = unitOf(document);
+    mReached = lectern_document_get_y(document);
+    lectern_document_scroll_to_async(document, inPixels(mTarget.x, unit.width),
+                                     inPixels(mTarget.y, unit.height), mPending.get(),
+                                     asyncDone<&Bookmark::scrolled>, this);
+}
+
+// A sheet goes as far as it is known, and is then known further.
+void Bookmark::scrolled(GObject* source, GAsyncResult* result) {
+    LecternDocument* document = LECTERN_DOCUMENT(source);
+    const int reached = lectern_document_get_y(document);
+    if (reached > mReached && reached < inPixels(mTarget.y, unitOf(document).height)) {
+        scroll(source, nullptr);
+    } else {
+        finish(source, result);
+    }
 }
 
 void Bookmark::finish(GObject* /*source*/, GAsyncResult* /*result*/) {

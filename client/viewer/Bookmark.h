@@ -27,6 +27,7 @@ private:
     void moved();
     void zoom(GObject* source, GAsyncResult* result);
     void scroll(GObject* source, GAsyncResult* result);
+    void scrolled(GObject* source, GAsyncResult* result);
     void finish(GObject* source, GAsyncResult* result);
 
     Shell& mShell;
@@ -34,6 +35,7 @@ private:
     GLibHolder<GSignalGroup> mSignals;
     std::function<void()> mOnDone;
     Place mTarget;
+    int mReached = 0; // where the view was before the scroll under way
     bool mMoved = false;
     guint mTimer = 0;
     Pending mPending;

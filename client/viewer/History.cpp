@@ -94,11 +94,12 @@ void History::add(const std::string& uri, gint64 time) const {
 
 Place History::placeOf(const std::string& uri) const {
     constexpr double LARGEST_ZOOM = 8;
+    constexpr double FURTHEST = 1e6; // more inches than a sheet has
     const Table table(mPath);
     return {.part = std::max(0, g_key_file_get_integer(table.file(), uri.c_str(), PART, nullptr)),
             .zoom = inRange(table.number(uri, ZOOM), LARGEST_ZOOM),
-            .x = inRange(table.number(uri, X), 1),
-            .y = inRange(table.number(uri, Y), 1)};
+            .x = inRange(table.number(uri, X), FURTHEST),
+            .y = inRange(table.number(uri, Y), FURTHEST)};
 }
 
 void History::setPlace(const std::string& uri, const Place& place) const {

@@ -13,8 +13,8 @@ namespace lectern::viewer {
 struct Place {
     int part = 0;    // the sheet or slide, from 0
     double zoom = 0; // 0: the zoom that fits the window
-    double x = 0;    // of the visible part's corner, as a fraction of the document's width
-    double y = 0;    // and of its height
+    double x = 0;    // the corner of the visible part, in the unit of Bookmark.cpp
+    double y = 0;    // the same
 
     bool operator==(const Place&) const = default;
 };

@@ -123,8 +123,8 @@ TEST_F(HistoryFile, StartsAnewAfterADamagedFile) {
 }
 
 TEST_F(HistoryFile, BringsWrongPlacesIntoTheDocument) {
-    write("[file:///a.odt]\nopened=1\npart=-4\nzoom=-2\nx=nan\ny=17\n");
-    EXPECT_EQ(history.placeOf("file:///a.odt"), (Place{.part = 0, .zoom = 0, .x = 0, .y = 1}));
+    write("[file:///a.odt]\nopened=1\npart=-4\nzoom=-2\nx=nan\ny=1e99\n");
+    EXPECT_EQ(history.placeOf("file:///a.odt"), (Place{.part = 0, .zoom = 0, .x = 0, .y = 1e6}));
     write("[file:///a.odt]\nopened=soon\npart=two\nzoom=1000\ny=-inf\n");
     EXPECT_EQ(history.placeOf("file:///a.odt"), (Place{.part = 0, .zoom = 8, .x = 0, .y = 0}));
 }
