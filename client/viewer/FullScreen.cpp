@@ -49,7 +49,7 @@ void FullScreen::follow() {
     if (isFull()) {
         for (const char* pane : {"sidebar", "notes"}) {
             if (GAction* action = g_action_map_lookup_action(shell().actions(), pane)) {
-                setOn(G_SIMPLE_ACTION(action), false);
+                g_action_change_state(action, g_variant_new_boolean(FALSE));
             }
         }
     }
