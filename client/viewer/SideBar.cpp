@@ -29,8 +29,14 @@ GtkPicture* pictureOf(GtkListItem* item) {
     return GTK_PICTURE(gtk_widget_get_first_child(boxOf(item)));
 }
 
-GtkLabel* titleOf(GtkListItem* item) {
-    return GTK_LABEL(gtk_widget_get_last_child(boxOf(item)));
+// Also for assistive technologies, which name neither a row nor its button by a label inside.
+void setTitle(GtkListItem* item, const std::string& title) {
+    gtk_label_set_text(GTK_LABEL(gtk_widget_get_last_child(boxOf(item))), title.c_str());
+    GtkWidget* button = gtk_list_item_get_child(item);
+    for (GtkWidget* named : {button, gtk_widget_get_parent(button)}) {
+        gtk_accessible_update_property(GTK_ACCESSIBLE(named), GTK_ACCESSIBLE_PROPERTY_LABEL, title.c_str(),
+                                       -1);
+    }
 }
 
 } // namespace
@@ -129,8 +135,8 @@ void SideBar::bindRow(GtkListItem* item) {
     }
     LecternOutlineEntry* entry = entryOf(item);
     const int part = lectern_outline_entry_get_part(entry);
-    const char* title = lectern_outline_entry_get_title(entry);
-    gtk_label_set_text(titleOf(item), isPresentation(open) ? slideTitle(part, title).c_str() : title);
+    const std::string title = lectern_outline_entry_get_title(entry);
+    setTitle(item, isPresentation(open) ? slideTitle(part, title) : title);
     auto* row = GTK_ACTIONABLE(gtk_list_item_get_child(item));
     gtk_actionable_set_action_target(row, "u", gtk_list_item_get_position(item));
     gtk_actionable_set_action_name(row, "win.outline-entry"); // its target comes first
