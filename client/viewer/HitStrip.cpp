@@ -13,7 +13,9 @@ constexpr double OTHERS = 0.5;    // opacity of the marks of hits that are not t
 
 } // namespace
 
-HitStrip::HitStrip() : mArea(GTK_WIDGET(g_object_ref_sink(gtk_drawing_area_new()))) {
+HitStrip::HitStrip()
+    : mArea(GTK_WIDGET(g_object_ref_sink(g_object_new(GTK_TYPE_DRAWING_AREA, "accessible-role",
+                                                      GTK_ACCESSIBLE_ROLE_PRESENTATION, nullptr)))) {
     gtk_widget_set_halign(mArea, GTK_ALIGN_END);
     gtk_widget_set_size_request(mArea, WIDTH, -1);
     gtk_widget_set_can_target(mArea, FALSE);

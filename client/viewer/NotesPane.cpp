@@ -4,7 +4,15 @@
 #include "client/viewer/Kinds.h"
 #include "client/viewer/PlaceText.h"
 
+#include <algorithm>
+
 namespace lectern::viewer {
+
+namespace {
+
+constexpr int LARGEST_HEIGHT = 160; // of the text, in pixels; more of it is scrolled
+
+} // namespace
 
 NotesPane::NotesPane(Shell& shell)
     : Part(shell), mRevealer(GTK_REVEALER(mUi.object("revealer"))),
@@ -67,9 +75,15 @@ void NotesPane::showComment(LecternCell* cell) {
     setOn(mNotes, true);
 }
 
+// A scrolled window would ask for the height that the text has at another width.
 void NotesPane::showText(const std::string& heading, const char* text) {
     gtk_label_set_text(mUi.label("heading"), heading.c_str());
     gtk_label_set_text(mUi.label("text"), text);
+    int height = 0;
+    gtk_widget_measure(mUi.widget("text"), GTK_ORIENTATION_VERTICAL, gtk_widget_get_width(widget()), nullptr,
+                       &height, nullptr, nullptr);
+    gtk_scrolled_window_set_min_content_height(GTK_SCROLLED_WINDOW(mUi.object("scroller")),
+                                               std::min(height, LARGEST_HEIGHT));
 }
 
 } // namespace lectern::viewer

@@ -37,6 +37,7 @@ void SearchBar::openedOrClosed() {
         mPending.giveUp();
         if (open != nullptr) {
             lectern_document_close_search_async(open, nullptr, nullptr, nullptr);
+            gtk_widget_grab_focus(GTK_WIDGET(shell().view()));
         }
         showNoCount("");
     } else if (open == nullptr) {
@@ -61,7 +62,7 @@ void SearchBar::search() {
         return;
     }
     mPending.giveUp();
-    showNoCount(text.empty() ? "" : _("Searching…"));
+    showNoCount(text.empty() ? "" : "…");
     if (text.empty()) {
         lectern_document_close_search_async(open, nullptr, nullptr, nullptr);
         return;

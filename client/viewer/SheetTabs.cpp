@@ -16,6 +16,7 @@ GLibHolder<LecternOutlineEntry> entryAt(GListModel* entries, guint position) {
 GtkWidget* newTab(LecternOutlineEntry* sheet) {
     GtkWidget* tab = gtk_toggle_button_new_with_label(lectern_outline_entry_get_title(sheet));
     gtk_widget_add_css_class(tab, "flat");
+    gtk_widget_set_focus_on_click(tab, FALSE); // keys still move the sheet
     gtk_actionable_set_action_target(GTK_ACTIONABLE(tab), "i", lectern_outline_entry_get_number(sheet));
     gtk_actionable_set_action_name(GTK_ACTIONABLE(tab), "win.sheet"); // its target comes first
     return tab;

@@ -74,7 +74,7 @@ void SideBar::load() {
         return;
     }
     mIsLoaded = true;
-    gtk_stack_set_visible_child_name(mPages, "loading");
+    gtk_stack_set_visible_child_name(mPages, "entries");
     lectern_document_get_outline_async(open, mPending.get(), asyncDone<&SideBar::loaded>, this);
 }
 
@@ -125,6 +125,7 @@ void SideBar::goTo(guint position) {
                                  done<lectern_document_go_to_finish, SideBar>, this);
     if (adw_flap_get_folded(mFlap) != FALSE) {
         adw_flap_set_reveal_flap(mFlap, FALSE); // it covers the document
+        gtk_widget_grab_focus(GTK_WIDGET(shell().view()));
     }
 }
 
