@@ -30,3 +30,7 @@ add_custom_command(OUTPUT ${typelib} DEPENDS ${gir}
 add_custom_command(OUTPUT ${vapi} DEPENDS ${gir}
     COMMAND ${VAPIGEN} --quiet --library=lectern-glib-1 --directory=${introspection_dir} --pkg=gio-2.0 ${gir} VERBATIM)
 add_custom_target(lectern_glib_introspection ALL DEPENDS ${gir} ${typelib} ${vapi})
+install(FILES ${gir} DESTINATION ${CMAKE_INSTALL_DATADIR}/gir-1.0 COMPONENT client)
+install(FILES ${typelib} DESTINATION ${CMAKE_INSTALL_LIBDIR}/girepository-1.0 COMPONENT client)
+install(FILES ${vapi} ${introspection_dir}/lectern-glib-1.deps DESTINATION ${CMAKE_INSTALL_DATADIR}/vala/vapi
+        COMPONENT client)

@@ -7,6 +7,38 @@
 #include <map>
 #include <string>
 
+G_DEFINE_ENUM_TYPE(LecternServiceError, lectern_service_error,
+                   G_DEFINE_ENUM_VALUE(LECTERN_SERVICE_ERROR_ARGUMENT, "argument"),
+                   G_DEFINE_ENUM_VALUE(LECTERN_SERVICE_ERROR_SYSTEM, "system"),
+                   G_DEFINE_ENUM_VALUE(LECTERN_SERVICE_ERROR_BUS, "bus"),
+                   G_DEFINE_ENUM_VALUE(LECTERN_SERVICE_ERROR_TIMED_OUT, "timed-out"),
+                   G_DEFINE_ENUM_VALUE(LECTERN_SERVICE_ERROR_GONE, "gone"),
+                   G_DEFINE_ENUM_VALUE(LECTERN_SERVICE_ERROR_NOT_OPEN, "not-open"),
+                   G_DEFINE_ENUM_VALUE(LECTERN_SERVICE_ERROR_WRONG_KIND, "wrong-kind"),
+                   G_DEFINE_ENUM_VALUE(LECTERN_SERVICE_ERROR_OUT_OF_RANGE, "out-of-range"),
+                   G_DEFINE_ENUM_VALUE(LECTERN_SERVICE_ERROR_NOTHING_THERE, "nothing-there"),
+                   G_DEFINE_ENUM_VALUE(LECTERN_SERVICE_ERROR_NOT_SUPPORTED, "not-supported"),
+                   G_DEFINE_ENUM_VALUE(LECTERN_SERVICE_ERROR_NOT_WRITABLE, "not-writable"),
+                   G_DEFINE_ENUM_VALUE(LECTERN_SERVICE_ERROR_FAILED, "failed"),
+                   G_DEFINE_ENUM_VALUE(LECTERN_SERVICE_ERROR_REFUSED, "refused"))
+
+G_DEFINE_ENUM_TYPE(LecternDocumentError, lectern_document_error,
+                   G_DEFINE_ENUM_VALUE(LECTERN_DOCUMENT_ERROR_FAILED, "failed"),
+                   G_DEFINE_ENUM_VALUE(LECTERN_DOCUMENT_ERROR_NOT_FOUND, "not-found"),
+                   G_DEFINE_ENUM_VALUE(LECTERN_DOCUMENT_ERROR_NOT_A_FILE, "not-a-file"),
+                   G_DEFINE_ENUM_VALUE(LECTERN_DOCUMENT_ERROR_NOT_READABLE, "not-readable"),
+                   G_DEFINE_ENUM_VALUE(LECTERN_DOCUMENT_ERROR_DAMAGED, "damaged"),
+                   G_DEFINE_ENUM_VALUE(LECTERN_DOCUMENT_ERROR_WRONG_KIND, "wrong-kind"),
+                   G_DEFINE_ENUM_VALUE(LECTERN_DOCUMENT_ERROR_NEEDS_PASSWORD, "needs-password"),
+                   G_DEFINE_ENUM_VALUE(LECTERN_DOCUMENT_ERROR_WRONG_PASSWORD, "wrong-password"),
+                   G_DEFINE_ENUM_VALUE(LECTERN_DOCUMENT_ERROR_TIMED_OUT, "timed-out"),
+                   G_DEFINE_ENUM_VALUE(LECTERN_DOCUMENT_ERROR_ENGINE_LOST, "engine-lost"),
+                   G_DEFINE_ENUM_VALUE(LECTERN_DOCUMENT_ERROR_NO_ENGINE, "no-engine"),
+                   G_DEFINE_ENUM_VALUE(LECTERN_DOCUMENT_ERROR_NOT_SUPPORTED, "not-supported"),
+                   G_DEFINE_ENUM_VALUE(LECTERN_DOCUMENT_ERROR_TOO_LARGE, "too-large"),
+                   G_DEFINE_ENUM_VALUE(LECTERN_DOCUMENT_ERROR_TOO_COMPLEX, "too-complex"),
+                   G_DEFINE_ENUM_VALUE(LECTERN_DOCUMENT_ERROR_CHANGED, "changed"))
+
 GQuark lectern_service_error_quark(void) {
     return g_quark_from_static_string("lectern-service-error-quark");
 }

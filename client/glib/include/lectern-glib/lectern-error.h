@@ -48,6 +48,10 @@ typedef enum {
     LECTERN_SERVICE_ERROR_REFUSED,
 } LecternServiceError;
 
+#define LECTERN_TYPE_SERVICE_ERROR (lectern_service_error_get_type())
+LECTERN_EXPORT
+GType lectern_service_error_get_type(void);
+
 LECTERN_EXPORT
 GQuark lectern_service_error_quark(void);
 
@@ -98,6 +102,10 @@ typedef enum {
     LECTERN_DOCUMENT_ERROR_TOO_COMPLEX,
     LECTERN_DOCUMENT_ERROR_CHANGED,
 } LecternDocumentError;
+
+#define LECTERN_TYPE_DOCUMENT_ERROR (lectern_document_error_get_type())
+LECTERN_EXPORT
+GType lectern_document_error_get_type(void);
 
 LECTERN_EXPORT
 GQuark lectern_document_error_quark(void);

@@ -15,6 +15,8 @@ G_BEGIN_DECLS
  * @LECTERN_DOCUMENT_KIND_SPREADSHEET: a spreadsheet
  * @LECTERN_DOCUMENT_KIND_TEXT: a word-processing document
  * @LECTERN_DOCUMENT_KIND_PRESENTATION: a presentation
+ *
+ * The kind of a document.
  */
 typedef enum {
     LECTERN_DOCUMENT_KIND_UNKNOWN,
@@ -32,6 +34,8 @@ GType lectern_document_kind_get_type(void);
  * @LECTERN_SEARCH_NONE: any case, parts of words too
  * @LECTERN_SEARCH_MATCH_CASE: capitals and small letters differ
  * @LECTERN_SEARCH_WHOLE_WORDS: whole words only
+ *
+ * How a search compares.
  */
 typedef enum {
     LECTERN_SEARCH_NONE = 0,
@@ -49,6 +53,8 @@ GType lectern_search_flags_get_type(void);
  * @LECTERN_SELECT_WORD: the word or cell at the point
  * @LECTERN_SELECT_LINE: the line or row at the point
  * @LECTERN_SELECT_ALL: all of the text, sheet or slide
+ *
+ * How much a selection takes.
  */
 typedef enum {
     LECTERN_SELECT_NONE,
@@ -65,6 +71,8 @@ GType lectern_select_unit_get_type(void);
  * LecternSelectEnd:
  * @LECTERN_SELECT_END_START: where the selection starts
  * @LECTERN_SELECT_END_END: where it ends
+ *
+ * The two ends of a selection.
  */
 typedef enum {
     LECTERN_SELECT_END_START,
@@ -81,6 +89,8 @@ GType lectern_select_end_get_type(void);
  * @LECTERN_PINCH_MOVES: the fingers move
  * @LECTERN_PINCH_ENDS: a finger is up: the view keeps the zoom
  * @LECTERN_PINCH_GIVEN_UP: the view returns to its zoom before
+ *
+ * The steps of a pinch.
  */
 typedef enum {
     LECTERN_PINCH_BEGINS,
@@ -97,6 +107,8 @@ GType lectern_pinch_phase_get_type(void);
  * LecternExportFormat:
  * @LECTERN_EXPORT_PDF: the printed pages
  * @LECTERN_EXPORT_TEXT: the text in UTF-8
+ *
+ * The format of an exported file.
  */
 typedef enum {
     LECTERN_EXPORT_PDF,
@@ -133,6 +145,8 @@ GType lectern_orientation_get_type(void);
  * @y: the upper edge
  * @width: 0 or more
  * @height: 0 or more
+ *
+ * Pixels of the view, unless the user of it says otherwise.
  */
 typedef struct {
     int x;
@@ -175,6 +189,8 @@ void lectern_text_line_free(LecternTextLine* self);
  * @rectangles: (array length=n_rectangles): where it stands in the view, in reading
  *   order; the first one begins where the selection starts
  * @n_rectangles: their number
+ *
+ * What is selected.
  */
 typedef struct {
     char* text;
@@ -199,6 +215,8 @@ void lectern_selection_free(LecternSelection* self);
  * @formula: its formula; empty for a cell without one
  * @comment: its comment; empty for a cell without one
  * @place: where it stands in the view
+ *
+ * A cell of a spreadsheet.
  */
 typedef struct {
     int column;
