@@ -9,7 +9,9 @@ file(GLOB introspected_headers CONFIGURE_DEPENDS include/lectern-glib/lectern-*.
 list(FILTER introspected_headers EXCLUDE REGEX "lectern-glib\\.h$")
 set(introspected_sources ${glib_sources})
 list(FILTER introspected_sources INCLUDE REGEX "^(lectern-.*|DocumentEvents)\\.cpp$")
-set(introspection_dir ${CMAKE_CURRENT_BINARY_DIR}/introspection)
+# Where GI_TYPELIB_PATH and the options of other compilers point to.
+set(LECTERN_INTROSPECTION_DIR ${PROJECT_BINARY_DIR}/introspection CACHE INTERNAL "")
+set(introspection_dir ${LECTERN_INTROSPECTION_DIR})
 set(gir ${introspection_dir}/Lectern-1.gir)
 set(typelib ${introspection_dir}/Lectern-1.typelib)
 set(vapi ${introspection_dir}/lectern-glib-1.vapi)
@@ -27,8 +29,9 @@ add_custom_command(OUTPUT ${gir} DEPENDS lectern_glib_shared ${introspected_head
     WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR} VERBATIM)
 add_custom_command(OUTPUT ${typelib} DEPENDS ${gir}
     COMMAND ${G_IR_COMPILER} ${gir} --output=${typelib} VERBATIM)
-add_custom_command(OUTPUT ${vapi} DEPENDS ${gir}
-    COMMAND ${VAPIGEN} --quiet --library=lectern-glib-1 --directory=${introspection_dir} --pkg=gio-2.0 ${gir} VERBATIM)
+add_custom_command(OUTPUT ${vapi} DEPENDS ${gir} Lectern-1.metadata
+    COMMAND ${VAPIGEN} --quiet --library=lectern-glib-1 --directory=${introspection_dir} --pkg=gio-2.0
+            --metadatadir=${CMAKE_CURRENT_SOURCE_DIR} ${gir} VERBATIM)
 add_custom_target(lectern_glib_introspection ALL DEPENDS ${gir} ${typelib} ${vapi})
 install(FILES ${gir} DESTINATION ${CMAKE_INSTALL_DATADIR}/gir-1.0 COMPONENT client)
 install(FILES ${typelib} DESTINATION ${CMAKE_INSTALL_LIBDIR}/girepository-1.0 COMPONENT client)
