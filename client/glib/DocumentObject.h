@@ -17,6 +17,7 @@ struct DocumentMembers {
     GLibHolder<GFile> file;
     DocumentValues values;
 
+    bool inputSent = false;    // since the last paint
     int searches = 0;          // under way
     bool viewAsked = false;    // a getView is under way
     bool viewOutdated = false; // and another one must follow

@@ -56,9 +56,8 @@ ValueProperty<double> gDoubles[] = {
     {"fit-zoom", &DocumentValues::fitZoom, 0, G_MAXDOUBLE},
 };
 ValueProperty<bool> gBools[] = {
-    {"searching", &DocumentValues::searching, false, true},
-    {"moving", &DocumentValues::moving, false, true},
-    {"opened", &DocumentValues::opened, false, true},
+    {"searching", &DocumentValues::searching, false, true}, {"moving", &DocumentValues::moving, false, true},
+    {"opening", &DocumentValues::opening, false, true},     {"opened", &DocumentValues::opened, false, true},
     {"gone", &DocumentValues::gone, false, true},
 };
 GParamSpec* gKind;

@@ -36,6 +36,7 @@ struct DocumentValues {
     bool searching = false;
     bool moving = false;
     int progress = 0;
+    bool opening = false;
     bool opened = false;
     bool gone = false;
 };

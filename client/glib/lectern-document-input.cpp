@@ -16,6 +16,7 @@ void input(LecternDocument* self, Send send) {
             [weak = lectern::WeakDocument(self)](const lectern::Failure& failure) {
                 const auto document = weak.get();
                 if (document != nullptr && !failure) {
+                    document->members->inputSent = true;
                     lectern::emit(document.get(), lectern::DocumentSignal::Invalidated);
                 }
             });

@@ -40,8 +40,11 @@ struct PaintResult {
     ViewState state{};
 };
 
-Failure paintAndLook(Document& document, const std::stop_token& stop, PaintedFrame& frame,
+Failure paintAndLook(Document& document, const std::stop_token& stop, bool afterInput, PaintedFrame& frame,
                      PaintResult& result) {
+    if (afterInput) {
+        document.settle(); // the paint would overtake input that the service has not read
+    }
     Failure failure = document.paint({.stop = stop});
     if (failure) {
         return failure;
@@ -77,8 +80,10 @@ void paint(LecternDocument* self, const Caller& caller) {
     const auto result = std::make_shared<PaintResult>();
     self->members->document->later(
         Lane::Paint,
-        [result, frame = self->members->paintedFrame](Document& document, const std::stop_token& stop) {
-            return paintAndLook(document, stop, *frame, *result);
+        [result, frame = self->members->paintedFrame,
+         afterInput = std::exchange(self->members->inputSent, false)](Document& document,
+                                                                      const std::stop_token& stop) {
+            return paintAndLook(document, stop, afterInput, *frame, *result);
         },
         [task, result](const Failure& failure) {
             if (failure) {

@@ -323,6 +323,21 @@ int lectern_document_get_progress(LecternDocument* self) {
 }
 
 /**
+ * LecternDocument:opening: (getter get_opening)
+ *
+ * Whether an open is under way.
+ */
+/**
+ * lectern_document_get_opening: (get-property opening)
+ * @self: a document
+ *
+ * Returns: whether an open is under way
+ */
+gboolean lectern_document_get_opening(LecternDocument* self) {
+    return valuesOf(self).opening ? TRUE : FALSE;
+}
+
+/**
  * LecternDocument:opened: (getter get_opened)
  *
  * Whether the document has been opened. Stays %TRUE when the service stops.

@@ -87,6 +87,7 @@ void takeOpened(const std::shared_ptr<Task>& task, std::unique_ptr<Document> doc
             const Notifications notifications(opened);
             changeKind(opened, static_cast<LecternDocumentKind>(opened->members->document->kind()));
             change(opened, &DocumentValues::progress, 100);
+            change(opened, &DocumentValues::opening, false);
             change(opened, &DocumentValues::opened, true);
             if (view) {
                 takeView(opened, *view);
@@ -112,6 +113,7 @@ void open(LecternDocument* self, const char* password, const Caller& caller) {
         return;
     }
     change(self, &DocumentValues::progress, 0);
+    change(self, &DocumentValues::opening, true);
     const GLibHolder<GMainContext> context(g_main_context_ref_thread_default());
     OpenOptions options = optionsOf(self, password, *task);
     options.context = context.get();
@@ -121,6 +123,7 @@ void open(LecternDocument* self, const char* password, const Caller& caller) {
                                          if (opened) {
                                              takeOpened(task, std::move(*opened));
                                          } else {
+                                             change(task->document(), &DocumentValues::opening, false);
                                              task->fail(opened.error());
                                          }
                                      });

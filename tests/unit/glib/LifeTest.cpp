@@ -55,8 +55,11 @@ TEST_F(Life, TheTitleIsThatOfTheDocument) {
 TEST_F(Life, AFailedOpenCanBeRepeatedWithAPassword) {
     const Document document = make();
     mFake.openResult(MODULE_NEEDS_PASSWORD);
+    Emissions opening(document.get(), "notify::opening");
     const GLibHolder<GError> error = open(document);
     EXPECT_TRUE(g_error_matches(error.get(), LECTERN_DOCUMENT_ERROR, LECTERN_DOCUMENT_ERROR_NEEDS_PASSWORD));
+    EXPECT_FALSE(lectern_document_get_opening(document.get()));
+    EXPECT_EQ(opening.seen(), 2);
     EXPECT_FALSE(lectern_document_get_opened(document.get()));
     mFake.openResult(0);
     EXPECT_EQ(open(document, "secret"), nullptr);

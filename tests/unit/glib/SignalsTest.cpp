@@ -80,6 +80,14 @@ TEST_F(Signals, InputReachesTheServiceInItsOrder) {
     EXPECT_EQ(mFake.view().takenOf(_SCROLL_BY)[0].y, 30);
 }
 
+TEST_F(Signals, InputAsksForAPaintThatFollowsIt) {
+    Emissions invalidated(mDocument.get(), "invalidated");
+    lectern_document_scroll_by(mDocument.get(), 0, 30);
+    invalidated.waitFor(1);
+    paint(mDocument);
+    EXPECT_THAT(mFake.view().taken(), ElementsAre(_SCROLL_BY, _PAINT));
+}
+
 TEST_F(Signals, ClicksAndFlicksReachTheService) {
     lectern_document_click(mDocument.get(), 1, 2);
     EXPECT_EQ(sent("/events handleClick").integer("yCoord"), 2);

@@ -73,6 +73,8 @@ gboolean lectern_document_get_moving(LecternDocument* self);
 LECTERN_EXPORT
 int lectern_document_get_progress(LecternDocument* self);
 LECTERN_EXPORT
+gboolean lectern_document_get_opening(LecternDocument* self);
+LECTERN_EXPORT
 gboolean lectern_document_get_opened(LecternDocument* self);
 LECTERN_EXPORT
 gboolean lectern_document_get_gone(LecternDocument* self);
