@@ -81,3 +81,14 @@ struct _LecternDocument {
     GObject parent;
     lectern::DocumentMembers* members; // owned
 };
+
+namespace lectern {
+
+// The values of a document; those of a new one for something else.
+inline const DocumentValues& valuesOf(LecternDocument* self) {
+    static const DocumentValues NO_VALUES;
+    g_return_val_if_fail(LECTERN_IS_DOCUMENT(self), NO_VALUES);
+    return self->members->values;
+}
+
+} // namespace lectern

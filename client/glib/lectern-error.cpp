@@ -39,10 +39,24 @@ G_DEFINE_ENUM_TYPE(LecternDocumentError, lectern_document_error,
                    G_DEFINE_ENUM_VALUE(LECTERN_DOCUMENT_ERROR_TOO_COMPLEX, "too-complex"),
                    G_DEFINE_ENUM_VALUE(LECTERN_DOCUMENT_ERROR_CHANGED, "changed"))
 
+/**
+ * lectern_service_error_quark:
+ *
+ * The domain of [error@ServiceError].
+ *
+ * Returns: its number
+ */
 GQuark lectern_service_error_quark(void) {
     return g_quark_from_static_string("lectern-service-error-quark");
 }
 
+/**
+ * lectern_document_error_quark:
+ *
+ * The domain of [error@DocumentError].
+ *
+ * Returns: its number
+ */
 GQuark lectern_document_error_quark(void) {
     return g_quark_from_static_string("lectern-document-error-quark");
 }

@@ -94,6 +94,8 @@ static void lectern_outline_entry_init(LecternOutlineEntry* self) {
  * lectern_outline_entry_get_title:
  * @self: an entry
  *
+ * Reads [property@OutlineEntry:title].
+ *
  * Returns: (transfer none): the words of the heading, or the name of the sheet or slide
  */
 const char* lectern_outline_entry_get_title(LecternOutlineEntry* self) {
@@ -104,6 +106,8 @@ const char* lectern_outline_entry_get_title(LecternOutlineEntry* self) {
 /**
  * lectern_outline_entry_get_level:
  * @self: an entry
+ *
+ * Reads [property@OutlineEntry:level].
  *
  * Returns: how deep it lies below other entries, from 0
  */
@@ -116,6 +120,8 @@ int lectern_outline_entry_get_level(LecternOutlineEntry* self) {
  * lectern_outline_entry_get_part:
  * @self: an entry
  *
+ * Reads [property@OutlineEntry:part].
+ *
  * Returns: its sheet, slide or page, from 0
  */
 int lectern_outline_entry_get_part(LecternOutlineEntry* self) {
@@ -126,6 +132,8 @@ int lectern_outline_entry_get_part(LecternOutlineEntry* self) {
 /**
  * lectern_outline_entry_get_number:
  * @self: an entry
+ *
+ * Reads [property@OutlineEntry:number].
  *
  * Returns: its number in the outline, from 0, for [method@Document.go_to_async]
  */

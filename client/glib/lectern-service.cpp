@@ -145,6 +145,8 @@ LecternService* lectern_service_connect_finish(GAsyncResult* result, GError** er
  * lectern_service_is_private: (get-property private)
  * @self: a connection
  *
+ * Reads [property@Service:private].
+ *
  * Returns: whether the connection is to a private bus of this program
  */
 gboolean lectern_service_is_private(LecternService* self) {

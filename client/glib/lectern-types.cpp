@@ -74,6 +74,8 @@ constexpr std::initializer_list<char* LecternProperties::*> PROPERTIES_TEXTS = {
  * lectern_rectangle_copy:
  * @self: a rectangle
  *
+ * Copies it.
+ *
  * Returns: (transfer full): a copy of it
  */
 LecternRectangle* lectern_rectangle_copy(const LecternRectangle* self) {
@@ -94,6 +96,8 @@ void lectern_rectangle_free(LecternRectangle* self) {
  * lectern_text_line_copy:
  * @self: a line
  *
+ * Copies it.
+ *
  * Returns: (transfer full): a copy of it
  */
 LecternTextLine* lectern_text_line_copy(const LecternTextLine* self) {
@@ -113,6 +117,8 @@ void lectern_text_line_free(LecternTextLine* self) {
 /**
  * lectern_selection_copy:
  * @self: a selection
+ *
+ * Copies it.
  *
  * Returns: (transfer full): a copy of it
  */
@@ -140,6 +146,8 @@ void lectern_selection_free(LecternSelection* self) {
  * lectern_cell_copy:
  * @self: a cell
  *
+ * Copies it.
+ *
  * Returns: (transfer full): a copy of it
  */
 LecternCell* lectern_cell_copy(const LecternCell* self) {
@@ -159,6 +167,8 @@ void lectern_cell_free(LecternCell* self) {
 /**
  * lectern_properties_copy:
  * @self: properties
+ *
+ * Copies them.
  *
  * Returns: (transfer full): a copy of them
  */
