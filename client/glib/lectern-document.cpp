@@ -95,8 +95,8 @@ void takeOpened(const std::shared_ptr<Task>& task, std::unique_ptr<Document> doc
             }
         }
         emit(opened, DocumentSignal::Invalidated);
-        task->succeed();
         refreshTitle(opened);
+        task->succeed(); // the callback may free the document
     });
 }
 

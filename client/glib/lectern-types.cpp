@@ -130,6 +130,20 @@ LecternSelection* lectern_selection_copy(const LecternSelection* self) {
 }
 
 /**
+ * lectern_selection_get_rectangle:
+ * @self: a selection
+ * @number: a rectangle, from 0 and below `n_rectangles`
+ * @rectangle: (out caller-allocates): where a part of the selection stands
+ *
+ * Reads one of the rectangles, for languages that cannot read an array of structures.
+ */
+void lectern_selection_get_rectangle(const LecternSelection* self, gsize number,
+                                     LecternRectangle* rectangle) {
+    g_return_if_fail(self != nullptr && number < self->n_rectangles && rectangle != nullptr);
+    *rectangle = self->rectangles[number];
+}
+
+/**
  * lectern_selection_free:
  * @self: (transfer full) (nullable): a selection
  *

@@ -84,6 +84,9 @@ class Reader:
         call(self.document, 'select', Lectern.SelectUnit.ALL, 0, 0)
         selection = call(self.document, 'get_selection')
         self.assertIn('a', selection.text)
+        rectangles = [selection.get_rectangle(number) for number in range(selection.n_rectangles)]
+        self.assertGreater(len(rectangles), 0)
+        self.assertTrue(all(rectangle.height > 0 for rectangle in rectangles))
         lines = call(self.document, 'get_text')
         self.assertTrue(all(line.text and line.place.height > 0 for line in lines))
         self.assertGreater(len(lines), 2)

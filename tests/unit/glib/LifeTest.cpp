@@ -67,6 +67,14 @@ TEST_F(Life, AFailedOpenCanBeRepeatedWithAPassword) {
     EXPECT_TRUE(lectern_document_get_opened(document.get()));
 }
 
+TEST_F(Life, TheCallbackOfTheOpenMayFreeTheDocument) {
+    Document document = make();
+    const auto release = [](GObject*, GAsyncResult*, gpointer own) { static_cast<Document*>(own)->reset(); };
+    lectern_document_open_async(document.get(), nullptr, nullptr, +release, &document);
+    iterateUntil([&] { return document == nullptr; });
+    mFake.waitForCall("/events destroy");
+}
+
 TEST_F(Life, ASecondOpenFails) {
     const Document document = opened();
     const GLibHolder<GError> error = open(document);

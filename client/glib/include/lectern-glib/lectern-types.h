@@ -204,6 +204,8 @@ GType lectern_selection_get_type(void);
 LECTERN_EXPORT
 LecternSelection* lectern_selection_copy(const LecternSelection* self);
 LECTERN_EXPORT
+void lectern_selection_get_rectangle(const LecternSelection* self, gsize number, LecternRectangle* rectangle);
+LECTERN_EXPORT
 void lectern_selection_free(LecternSelection* self);
 
 /**
