@@ -29,7 +29,8 @@ TEST(Guide, ShowsTheProgramInPython) {
 
 TEST(Guide, ShowsTheProgramInC) {
     const std::string program = contents("/client/glib/example/first-page.c");
-    EXPECT_NE(contents("/docs/glib.md").find("```c\n" + from(program, "#include") + "```\n"), std::string::npos);
+    EXPECT_NE(contents("/docs/glib.md").find("```c\n" + from(program, "#include") + "```\n"),
+              std::string::npos);
 }
 
 } // namespace
