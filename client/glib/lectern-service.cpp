@@ -85,7 +85,7 @@ gboolean lectern_service_isolate(GError** error) {
 }
 
 /**
- * lectern_service_connect_sync: (constructor)
+ * lectern_service_connect_sync:
  * @cancellable: (nullable): cancels the call
  * @error: return location for an error
  *
@@ -128,7 +128,7 @@ void lectern_service_connect_async(GCancellable* cancellable, GAsyncReadyCallbac
 }
 
 /**
- * lectern_service_connect_finish: (constructor)
+ * lectern_service_connect_finish:
  * @result: the result that the callback received
  * @error: return location for an error
  *
