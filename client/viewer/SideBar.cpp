@@ -8,7 +8,7 @@ namespace lectern::viewer {
 
 namespace {
 
-constexpr int THUMBNAIL_WIDTH = 200; // pixels of a widget
+constexpr int THUMBNAIL_WIDTH = 214; // pixels of a widget: that of a row, and an edge
 constexpr int INDENTATION = 16;      // of each level of headings
 
 LecternOutlineEntry* entryOf(GtkListItem* item) {

@@ -15,6 +15,16 @@ constexpr int BYTES_PER_PIXEL = 4;
 constexpr GdkMemoryFormat FORMAT =
     G_BYTE_ORDER == G_LITTLE_ENDIAN ? GDK_MEMORY_B8G8R8A8_PREMULTIPLIED : GDK_MEMORY_A8R8G8B8_PREMULTIPLIED;
 
+// The size of slides is known in whole pixels only, so a line of black may be left beside them.
+GdkTexture* withoutEdge(GBytes* pixels, int width, int height) {
+    const gsize stride = static_cast<gsize>(width) * BYTES_PER_PIXEL;
+    const gsize length = stride * static_cast<gsize>(height - 2) - 2 * BYTES_PER_PIXEL;
+    GBytes* inner = g_bytes_new_from_bytes(pixels, stride + BYTES_PER_PIXEL, length);
+    GdkTexture* texture = gdk_memory_texture_new(width - 2, height - 2, FORMAT, inner, stride);
+    g_bytes_unref(inner);
+    return texture;
+}
+
 } // namespace
 
 void Thumbnails::follow(LecternDocument* document, int width) {
@@ -28,7 +38,7 @@ void Thumbnails::follow(LecternDocument* document, int width) {
         const auto slideWidth = static_cast<double>(lectern_document_get_document_width(document));
         const auto slideHeight = static_cast<double>(lectern_document_get_document_height(document));
         mWidth = width;
-        mHeight = std::max(1, static_cast<int>(std::lround(width * slideHeight / std::max(1.0, slideWidth))));
+        mHeight = std::max(3, static_cast<int>(std::lround(width * slideHeight / std::max(1.0, slideWidth))));
     }
 }
 
@@ -67,8 +77,7 @@ void Thumbnails::made(GObject* source, GAsyncResult* result) {
             mMade.clear();
         }
         GLibHolder<GdkTexture>& texture = mMade[mMaking];
-        texture.reset(gdk_memory_texture_new(mWidth, mHeight, FORMAT, pixels,
-                                             static_cast<gsize>(mWidth) * BYTES_PER_PIXEL));
+        texture.reset(withoutEdge(pixels, mWidth, mHeight));
         g_bytes_unref(pixels);
         for (const Wanted& wanted : mWanted) {
             if (wanted.slide == mMaking) {
