@@ -20,6 +20,8 @@ public:
     // Forgets a paint that will not finish.
     void giveUp() { mIsPainting = false; }
 
+    bool isPainting() const { return mIsPainting; }
+
     // True if a paint is to begin now, which then counts as begun.
     bool begin() {
         if (!mIsWanted || !mIsShown || mIsPainting || mAwaitsTick) {

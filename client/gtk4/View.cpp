@@ -27,8 +27,9 @@ Point placeOnSurface(GtkWidget* widget) {
 
 View::View(GtkWidget* widget, ViewEvents events)
     : mContext(widget), mEvents(std::move(events)), mPainting(mContext, [this] { pictureArrived(); }),
-      mSizing(mContext), mScrolling(mContext), mZoom(mContext), mMoves(mContext, mScrolling, mZoom),
-      mGive(mContext), mSelection(mContext, [this] { selectionChanged(); }), mHandles(mContext, mSelection),
+      mSizing(mContext), mScrolling(mContext, mPainting), mZoom(mContext),
+      mMoves(mContext, mScrolling, mZoom), mGive(mContext),
+      mSelection(mContext, [this] { selectionChanged(); }), mHandles(mContext, mSelection),
       mMenu(mContext, mSelection), mInput(mContext, mSelection, mHandles, mMenu),
       mAccessible(mContext, mSelection), mRecovery(mContext, mEvents.onFailure) {
     mContext.onDocument("notify::moving", G_CALLBACK(onSignal<&View::motionChanged>), this);
@@ -111,7 +112,7 @@ void View::pictureArrived() {
     } else {
         selectionMoved();
     }
-    mScrolling.sync();
+    mScrolling.pictureArrived();
     mAccessible.noteChange();
 }
 

@@ -11,6 +11,8 @@ namespace lectern::gtk4 {
 
 namespace {
 
+constexpr int HANDLES = 24; // what the handles of a selection take below it, in pixels of the widget
+
 GdkRectangle placeOf(const std::vector<LecternRectangle>& rectangles, const PixelGrid& grid) {
     const LecternRectangle& first = rectangles.front();
     const LecternRectangle& last = rectangles.back();
@@ -59,6 +61,7 @@ void ViewMenu::popUp(By by, Point at) {
     if (by == By::Touch) {
         if (!mSelection.rectangles().empty()) {
             place = placeOf(mSelection.rectangles(), grid);
+            place.height += HANDLES;
         }
         gtk_popover_set_autohide(GTK_POPOVER(mPopover), FALSE);
         gtk_popover_set_position(GTK_POPOVER(mPopover), GTK_POS_TOP);

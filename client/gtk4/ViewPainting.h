@@ -23,6 +23,7 @@ public:
     // Whether the view is on the screen.
     void show(bool isShown);
     void want();
+    bool isPainting() const { return mPacing.isPainting(); }
     const ViewFrames& frames() const { return mFrames; }
 
 private:

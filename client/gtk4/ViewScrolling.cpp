@@ -19,7 +19,8 @@ void configure(GtkAdjustment* adjustment, double value, double length, double pa
 
 } // namespace
 
-ViewScrolling::ViewScrolling(ViewContext& context) : mContext(context) {
+ViewScrolling::ViewScrolling(ViewContext& context, const ViewPainting& painting)
+    : mContext(context), mPainting(painting) {
     for (const char* property :
          {"notify::document-width", "notify::document-height", "notify::x", "notify::y"}) {
         mContext.onDocument(property, G_CALLBACK(onSignal<&ViewScrolling::sync>), this);
@@ -61,13 +62,20 @@ void ViewScrolling::setAdjustment(GtkOrientation orientation, GtkAdjustment* adj
 void ViewScrolling::reset() {
     mPending.giveUp();
     mScrollTo.giveUp();
+    mPicturesAwaited = 0;
+    sync();
+}
+
+void ViewScrolling::pictureArrived() {
+    mPicturesAwaited = std::max(0, mPicturesAwaited - 1);
     sync();
 }
 
 void ViewScrolling::sync() {
     // What the user has moved the slider to counts more than the way of the document there.
     LecternDocument* document = mContext.openDocument();
-    if (!mHorizontal || !mVertical || !mScrollTo.isIdle() || document == nullptr) {
+    const bool isMoving = !mScrollTo.isIdle() || mPicturesAwaited > 0;
+    if (!mHorizontal || !mVertical || isMoving || document == nullptr) {
         return;
     }
     const PixelGrid grid = mContext.grid();
@@ -107,9 +115,10 @@ void ViewScrolling::scroll() {
 }
 
 void ViewScrolling::scrolled(GObject* source, GAsyncResult* result) {
-    // A failure leaves the document where it is; sync() then moves the slider back.
-    lectern_document_scroll_to_finish(LECTERN_DOCUMENT(source), result, nullptr);
+    const bool isDone = lectern_document_scroll_to_finish(LECTERN_DOCUMENT(source), result, nullptr) != FALSE;
     mScrollTo.finish();
+    // The picture that is being painted may still show the place before.
+    mPicturesAwaited = !isDone ? 0 : mPainting.isPainting() ? 2 : 1;
     scroll();
     sync();
 }

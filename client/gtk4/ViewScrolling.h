@@ -3,6 +3,7 @@
 
 #include "client/gtk4/LatestCall.h"
 #include "client/gtk4/ViewContext.h"
+#include "client/gtk4/ViewPainting.h"
 
 namespace lectern::gtk4 {
 
@@ -10,7 +11,7 @@ namespace lectern::gtk4 {
 // the place of the picture, and moving them moves the document.
 class ViewScrolling {
 public:
-    explicit ViewScrolling(ViewContext& context);
+    ViewScrolling(ViewContext& context, const ViewPainting& painting);
     ~ViewScrolling();
     ViewScrolling(const ViewScrolling&) = delete;
     ViewScrolling& operator=(const ViewScrolling&) = delete;
@@ -21,6 +22,8 @@ public:
 
     // The document, its place, or the widget's size has changed.
     void sync();
+    // A picture has arrived, and with it the place of the document.
+    void pictureArrived();
     void reset();
     // Moves the document as the adjustments did.
     void scrollTo(Point place);
@@ -33,9 +36,12 @@ private:
     void scrolled(GObject* source, GAsyncResult* result);
 
     ViewContext& mContext;
+    const ViewPainting& mPainting;
     GLibHolder<GtkAdjustment> mHorizontal;
     GLibHolder<GtkAdjustment> mVertical;
     LatestCall<Point> mScrollTo;
+    // Pictures until one shows the place that the document was moved to.
+    int mPicturesAwaited = 0;
     bool mIsSyncing = false;
     Pending mPending;
 };

@@ -166,10 +166,9 @@ void unmap(GtkWidget* widget) {
     GTK_WIDGET_CLASS(lectern_view_parent_class)->unmap(widget);
 }
 
-void root(GtkWidget* widget) {
-    GTK_WIDGET_CLASS(lectern_view_parent_class)->root(widget);
-    // The service makes the glides; those of the scrolled window would take the fingers.
-    GtkWidget* parent = gtk_widget_get_parent(widget);
+// The service makes the glides; those of the scrolled window would take the fingers.
+void onParent(LecternView* self) {
+    GtkWidget* parent = gtk_widget_get_parent(GTK_WIDGET(self));
     if (GTK_IS_SCROLLED_WINDOW(parent)) {
         gtk_scrolled_window_set_kinetic_scrolling(GTK_SCROLLED_WINDOW(parent), FALSE);
     }
@@ -204,8 +203,8 @@ void installActions(GtkWidgetClass* widgets) {
     for (const char* action : {"clipboard.copy", "selection.select-all", "link.open", "menu.popup"}) {
         gtk_widget_class_install_action(widgets, action, nullptr, onAction);
     }
-    gtk_widget_class_add_binding_action(widgets, GDK_KEY_c, GDK_CONTROL_MASK, "clipboard.copy", nullptr);
     gtk_widget_class_add_binding_action(widgets, GDK_KEY_Insert, GDK_CONTROL_MASK, "clipboard.copy", nullptr);
+    gtk_widget_class_add_binding_action(widgets, GDK_KEY_c, GDK_CONTROL_MASK, "clipboard.copy", nullptr);
     gtk_widget_class_add_binding_action(widgets, GDK_KEY_a, GDK_CONTROL_MASK, "selection.select-all",
                                         nullptr);
     gtk_widget_class_add_binding_action(widgets, GDK_KEY_Menu, GdkModifierType{}, "menu.popup", nullptr);
@@ -219,7 +218,6 @@ void installWidget(GtkWidgetClass* widgets) {
     widgets->snapshot = snapshot;
     widgets->map = map;
     widgets->unmap = unmap;
-    widgets->root = root;
     gtk_widget_class_set_css_name(widgets, "lecternview");
     gtk_widget_class_set_accessible_role(widgets, GTK_ACCESSIBLE_ROLE_DOCUMENT);
     installActions(widgets);
@@ -333,5 +331,6 @@ static void lectern_view_init(LecternView* self) {
     self->view = new View(widget, eventsOf(self));
     self->view->scrolling().setAdjustment(GTK_ORIENTATION_HORIZONTAL, nullptr);
     self->view->scrolling().setAdjustment(GTK_ORIENTATION_VERTICAL, nullptr);
+    g_signal_connect(self, "notify::parent", G_CALLBACK(onParent), nullptr);
     g_signal_connect(self, "notify::scale-factor", G_CALLBACK(onScaleFactor), nullptr);
 }
