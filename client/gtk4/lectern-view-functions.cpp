@@ -19,6 +19,8 @@ GtkWidget* lectern_view_new(void) {
  * lectern_view_get_document: (attributes org.gtk.Method.get_property=document)
  * @self: a view
  *
+ * Gets the document that the view shows.
+ *
  * Returns: (transfer none) (nullable): its document
  */
 LecternDocument* lectern_view_get_document(LecternView* self) {
@@ -46,6 +48,8 @@ void lectern_view_set_document(LecternView* self, LecternDocument* document) {
  * lectern_view_get_night: (attributes org.gtk.Method.get_property=night)
  * @self: a view
  *
+ * Tells the colours of the view.
+ *
  * Returns: whether it shows light letters on a dark page
  */
 gboolean lectern_view_get_night(LecternView* self) {
@@ -57,6 +61,8 @@ gboolean lectern_view_get_night(LecternView* self) {
  * lectern_view_set_night: (attributes org.gtk.Method.set_property=night)
  * @self: a view
  * @night: whether to show light letters on a dark page
+ *
+ * Changes the colours of the view.
  */
 void lectern_view_set_night(LecternView* self, gboolean night) {
     g_return_if_fail(LECTERN_IS_VIEW(self));
@@ -70,6 +76,8 @@ void lectern_view_set_night(LecternView* self, gboolean night) {
  * lectern_view_get_presenting: (attributes org.gtk.Method.get_property=presenting)
  * @self: a view
  *
+ * Tells whether the view presents slides.
+ *
  * Returns: whether taps turn slides
  */
 gboolean lectern_view_get_presenting(LecternView* self) {
@@ -81,6 +89,8 @@ gboolean lectern_view_get_presenting(LecternView* self) {
  * lectern_view_set_presenting: (attributes org.gtk.Method.set_property=presenting)
  * @self: a view
  * @presenting: whether taps turn slides, and nothing is selected
+ *
+ * Begins or ends a presentation.
  */
 void lectern_view_set_presenting(LecternView* self, gboolean presenting) {
     g_return_if_fail(LECTERN_IS_VIEW(self));
@@ -95,6 +105,8 @@ void lectern_view_set_presenting(LecternView* self, gboolean presenting) {
  * lectern_view_get_dpi: (attributes org.gtk.Method.get_property=dpi)
  * @self: a view
  *
+ * Gets the resolution for documents that are opened later.
+ *
  * Returns: device pixels for one inch of the screen; 0 for those of the monitor
  */
 double lectern_view_get_dpi(LecternView* self) {
@@ -106,6 +118,8 @@ double lectern_view_get_dpi(LecternView* self) {
  * lectern_view_set_dpi: (attributes org.gtk.Method.set_property=dpi)
  * @self: a view
  * @dpi: device pixels for one inch of the screen, 36 to 1200; 0 for those of the monitor
+ *
+ * Sets the resolution for documents that are opened later.
  */
 void lectern_view_set_dpi(LecternView* self, double dpi) {
     g_return_if_fail(LECTERN_IS_VIEW(self));
@@ -120,6 +134,8 @@ void lectern_view_set_dpi(LecternView* self, double dpi) {
 /**
  * lectern_view_get_has_selection: (attributes org.gtk.Method.get_property=has-selection)
  * @self: a view
+ *
+ * Tells whether [method@View.copy] has something to copy.
  *
  * Returns: whether there is something to copy
  */
@@ -209,6 +225,8 @@ void lectern_view_zoom_to_width(LecternView* self) {
 /**
  * lectern_view_get_scale: (attributes org.gtk.Method.get_property=scale)
  * @self: a view
+ *
+ * Gets the scale of the view's screen.
  *
  * Returns: device pixels of the picture for one pixel of the widget
  */

@@ -21,16 +21,20 @@ std::string from(const std::string& program, const std::string& line) {
     return start == std::string::npos ? "no such line" : program.substr(start);
 }
 
-TEST(Guide, ShowsTheProgramInPython) {
-    const std::string program = contents("/client/glib/example/first_page.py");
-    EXPECT_NE(contents("/docs/glib.md").find("```python\n" + from(program, "import sys") + "```\n"),
-              std::string::npos);
+void expectShown(const std::string& guide, const std::string& language, const std::string& program,
+                 const std::string& firstLine) {
+    const std::string block = "```" + language + "\n" + from(contents(program), firstLine) + "```\n";
+    EXPECT_NE(contents(guide).find(block), std::string::npos) << guide << " does not show " << program;
 }
 
-TEST(Guide, ShowsTheProgramInC) {
-    const std::string program = contents("/client/glib/example/first-page.c");
-    EXPECT_NE(contents("/docs/glib.md").find("```c\n" + from(program, "#include") + "```\n"),
-              std::string::npos);
+TEST(Guide, ShowsTheProgramsWithoutAToolkit) {
+    expectShown("/docs/glib.md", "python", "/client/glib/example/first_page.py", "import sys");
+    expectShown("/docs/glib.md", "c", "/client/glib/example/first-page.c", "#include");
+}
+
+TEST(Guide, ShowsTheProgramsWithTheWidget) {
+    expectShown("/docs/gtk4.md", "python", "/client/gtk4/example/lectern_show.py", "import sys");
+    expectShown("/docs/gtk4.md", "c", "/client/gtk4/example/lectern-show.c", "#include");
 }
 
 } // namespace

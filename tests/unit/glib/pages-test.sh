@@ -11,8 +11,9 @@ folder=$4
 log=$(mktemp)
 trap 'rm -f "$log"' EXIT
 rm -rf "$folder"
-"$docgen" check --quiet --fatal-warnings --config "$configuration" "$gir" >"$log" 2>&1 || { cat "$log"; exit 1; }
-"$docgen" generate --quiet --fatal-warnings --config "$configuration" --no-namespace-dir --output-dir "$folder" \
+include="--add-include-path=$(dirname "$gir")"
+"$docgen" check --quiet --fatal-warnings "$include" --config "$configuration" "$gir" >"$log" 2>&1 || { cat "$log"; exit 1; }
+"$docgen" generate --quiet --fatal-warnings "$include" --config "$configuration" --no-namespace-dir --output-dir "$folder" \
     "$gir" >>"$log" 2>&1 || { cat "$log"; exit 1; }
 ! grep -q WARNING "$log" || { cat "$log"; exit 1; }
 [ -s "$folder/index.html" ]
