@@ -3,6 +3,8 @@
 #include "modules/ModuleResults.h"
 #include "tests/unit/glib/DocumentFixture.h"
 
+#include <filesystem>
+
 namespace {
 
 using lectern::GLibHolder;
@@ -25,6 +27,24 @@ TEST_F(Life, ANewDocumentHasWhatItWasGiven) {
     EXPECT_EQ(request.real("dpi"), 264.0);
     EXPECT_EQ(request.string("kind"), "word");
     EXPECT_EQ(request.integer("width"), 48);
+}
+
+TEST_F(Life, NothingIsIsolatedWhereTheSessionHasTheService) {
+    const auto ipcNamespace = [] { return std::filesystem::read_symlink("/proc/thread-self/ns/ipc"); };
+    const auto before = ipcNamespace();
+    EXPECT_TRUE(lectern_service_isolate(nullptr));
+    EXPECT_EQ(ipcNamespace(), before);
+    EXPECT_FALSE(lectern_service_is_private(mService.get()));
+}
+
+TEST_F(Life, AConnectionCanBeAwaited) {
+    Result result;
+    lectern_service_connect_async(nullptr, Result::take, &result);
+    const GLibHolder<LecternService> service(lectern_service_connect_finish(result.wait(), nullptr));
+    ASSERT_NE(service, nullptr);
+    gboolean isPrivate = TRUE;
+    g_object_get(service.get(), "private", &isPrivate, nullptr);
+    EXPECT_FALSE(isPrivate);
 }
 
 TEST_F(Life, AnOpenedDocumentKnowsItsView) {
