@@ -23,6 +23,22 @@ Point placeOnSurface(GtkWidget* widget) {
     return shift + Point{place.x, place.y};
 }
 
+// The part of a picture that the document takes: all of it, unless a slide is smaller.
+graphene_rect_t pageOf(const ViewContext& context, Size picture, const PixelGrid& grid) {
+    double width = picture.width;
+    double height = picture.height;
+    if (context.isOf(LECTERN_DOCUMENT_KIND_PRESENTATION)) {
+        LecternDocument* document = context.document();
+        width = std::min(width, static_cast<double>(lectern_document_get_document_width(document)));
+        height = std::min(height, static_cast<double>(lectern_document_get_document_height(document)));
+    }
+    graphene_rect_t page;
+    graphene_rect_init(&page, static_cast<float>(grid.toWidget(std::floor((picture.width - width) / 2))),
+                       static_cast<float>(grid.toWidget(std::floor((picture.height - height) / 2))),
+                       static_cast<float>(grid.toWidget(width)), static_cast<float>(grid.toWidget(height)));
+    return page;
+}
+
 } // namespace
 
 View::View(GtkWidget* widget, ViewEvents events)
@@ -155,6 +171,17 @@ void View::linkRead(GObject* source, GAsyncResult* result) {
     }
 }
 
+// What surrounds a slide is dark already.
+void View::snapshotNight(GtkSnapshot* snapshot, const PixelGrid& grid) const {
+    const graphene_rect_t page = pageOf(mContext, mPainting.frames().size(), grid);
+    const ColourChange night = nightColours();
+    gtk_snapshot_push_clip(snapshot, &page);
+    gtk_snapshot_push_color_matrix(snapshot, &night.matrix, &night.offset);
+    mPainting.frames().snapshot(snapshot, grid);
+    gtk_snapshot_pop(snapshot);
+    gtk_snapshot_pop(snapshot);
+}
+
 void View::snapshot(GtkSnapshot* snapshot) {
     const PixelGrid grid = mContext.grid();
     const Point place = placeOnSurface(mContext.widget());
@@ -164,13 +191,9 @@ void View::snapshot(GtkSnapshot* snapshot) {
                         static_cast<float>(grid.toPixelEdge(place.y) + grid.toWidget(give.y)));
     gtk_snapshot_save(snapshot);
     gtk_snapshot_translate(snapshot, &origin);
-    if (mIsNight) {
-        const ColourChange night = nightColours();
-        gtk_snapshot_push_color_matrix(snapshot, &night.matrix, &night.offset);
-    }
     mPainting.frames().snapshot(snapshot, grid);
     if (mIsNight) {
-        gtk_snapshot_pop(snapshot);
+        snapshotNight(snapshot, grid);
     }
     mHandles.snapshot(snapshot, grid);
     gtk_snapshot_restore(snapshot);

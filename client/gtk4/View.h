@@ -61,6 +61,7 @@ public:
     void snapshot(GtkSnapshot* snapshot);
 
 private:
+    void snapshotNight(GtkSnapshot* snapshot, const PixelGrid& grid) const;
     void pictureArrived();
     void selectionChanged();
     void selectionMoved();

@@ -166,6 +166,14 @@ class ViewTest(unittest.TestCase):
         one.view.set_night(True)
         shown.until(lambda: one.screen().getpixel((2, 2)) == (0, 0, 0), 'the dark page')
 
+    def test_night_leaves_what_surrounds_a_slide_dark(self):
+        one = self.show('tour.pptx')
+        middle = 180 * SCALE, 320 * SCALE
+        self.assertEqual([one.screen().getpixel(at) for at in ((2, 2), middle)], [(0, 0, 0), (255, 255, 255)])
+        one.view.set_night(True)
+        shown.until(lambda: one.screen().getpixel(middle) == (0, 0, 0), 'the dark slide')
+        self.assertEqual(one.screen().getpixel((2, 2)), (0, 0, 0))
+
     def test_follows_the_size_of_its_window(self):
         one = self.show('tour.docx')
         self.session.manager.resize(480 * SCALE, 500 * SCALE)
