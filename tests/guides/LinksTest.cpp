@@ -68,7 +68,7 @@ TEST(Guides, FilesAndFoldersOfTheTreeThatAreNamedExist) {
 }
 
 TEST(Guides, TheReadmeNamesEveryDocument) {
-    std::set<std::string> named = matches(markdown::read("README.md"), R"(\]\((docs/[a-z]+\.md)\))");
+    std::set<std::string> named = matches(markdown::read("README.md"), R"(\]\((docs/[a-z0-9]+\.md)\))");
     named.insert("README.md");
     EXPECT_EQ(named, documents());
 }
