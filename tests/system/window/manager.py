@@ -16,8 +16,7 @@ class WindowManager:
         self.root = self.display.screen().root
         self.atoms = {name: self.display.intern_atom(name) for name in (
             '_NET_SUPPORTED', '_NET_SUPPORTING_WM_CHECK', '_NET_WM_NAME', '_NET_WM_STATE', '_NET_ACTIVE_WINDOW',
-            '_NET_WM_STATE_FULLSCREEN', '_NET_WM_STATE_FOCUSED', '_NET_WM_STATE_MAXIMIZED_VERT',
-            '_NET_WM_STATE_MAXIMIZED_HORZ', '_NET_WM_WINDOW_TYPE', 'UTF8_STRING',
+            '_NET_WM_STATE_FULLSCREEN', '_NET_WM_STATE_FOCUSED', '_NET_WM_WINDOW_TYPE', 'UTF8_STRING',
             'WM_PROTOCOLS', 'WM_DELETE_WINDOW', '_LECTERN_END')}
         self.windows = []  # mapped ones, the newest last
         self.sizes = {}    # by window: what it has when it does not fill the screen
@@ -75,8 +74,7 @@ class WindowManager:
             self.root.change_property(self.atoms['_NET_ACTIVE_WINDOW'], Xatom.WINDOW, 32, [window.id])
 
     def _state(self, window, names):
-        """All windows are maximised, because toolkits then draw no borders."""
-        states = [self.atoms[f'_NET_WM_STATE_{name}'] for name in ('FOCUSED', 'MAXIMIZED_VERT', 'MAXIMIZED_HORZ', *names)]
+        states = [self.atoms[f'_NET_WM_STATE_{name}'] for name in ('FOCUSED', *names)]
         window.change_property(self.atoms['_NET_WM_STATE'], Xatom.ATOM, 32, states)
 
     def _message(self, message):

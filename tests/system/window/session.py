@@ -51,16 +51,20 @@ gtk-xft-hinting=1
 gtk-xft-hintstyle=hintslight
 gtk-xft-rgba=none
 gtk-application-prefer-dark-theme={dark}
+gtk-decoration-layout={buttons}
 '''
+
+# Where nothing composes windows, GTK draws a border as its own; places in the window would not be those on the screen.
+STYLE = 'window.solid-csd { padding: 0; border: none; box-shadow: none; }'
 
 
 class Session:
     """See above. width, height: the screen's, in pixels. wayland: a Wayland display, where every
     window fills the screen, without `manager` and clipboard(). text_scale: the size of letters
-    of the desktop, 1.0 is usual. environment: more variables for all programs."""
+    of the desktop, 1.0 is usual. buttons: those in title bars, in GTK's words. environment: more variables for all programs."""
 
     def __init__(self, width=1280, height=1280, *, wayland=False, dark=False, text_scale=1.0, animations=False,
-                 environment=None):
+                 buttons=':close', environment=None):
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix='lectern-window-'))
         self.programs = []
         self.tree = self.display = self.manager = self.screen = self.touch = self.bus = None
@@ -69,7 +73,9 @@ class Session:
             for name in ('home', 'home/.config/gtk-4.0', 'home/.local/state', 'run', 'services'):
                 (self.folder / name).mkdir(mode=0o700, parents=True, exist_ok=True)
             (self.folder / 'home/.config/gtk-4.0/settings.ini').write_text(SETTINGS.format(
-                animations=int(animations), dpi=round(96 * 1024 * text_scale), dark=int(dark)), encoding='utf-8')
+                animations=int(animations), dpi=round(96 * 1024 * text_scale), dark=int(dark),
+                buttons=buttons), encoding='utf-8')
+            (self.folder / 'home/.config/gtk-4.0/gtk.css').write_text(STYLE, encoding='utf-8')
             self._environment(dark, environment or {})
             self._start_bus()
             self.tree = Tree(self)

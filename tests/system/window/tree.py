@@ -69,10 +69,13 @@ class Accessible:
 
     @property
     def showing(self):
-        """Whether it can be seen: GTK 4.8 calls only windows "showing", so it counts here that an
-        element is visible and takes room."""
+        """Whether it can be seen. GTK 4.8 calls only windows "showing", so an element counts that is
+        visible and has room on the screen. The page of a stack that was shown before keeps its room,
+        and pages themselves never have any: ask for what only the right page has."""
         left, top, right, bottom = self.box
-        return self.has('visible') and right > left and bottom > top
+        if self.name == 'GtkStackPage':
+            return True
+        return self.has('visible') and right > max(left, 0) and bottom > max(top, 0)
 
     def has(self, state):
         """Whether it has a state: 'visible', 'checked', 'focused', 'sensitive', 'selected' ..."""
