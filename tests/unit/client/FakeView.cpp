@@ -56,7 +56,7 @@ std::vector<long> FakeView::taken() const {
     std::vector<long> types;
     types.reserve(mTaken.size());
     for (const ClientServerMessage& message : mTaken) {
-        types.push_back(message.type);
+        types.push_back(long{message.type}); // a copy: records are packed, and a reference needs alignment
     }
     return types;
 }
