@@ -57,8 +57,7 @@ void ViewMoves::turn(int way) {
     }
     const int part = lectern_document_get_part(document) + way;
     if (part >= 0 && part < lectern_document_get_n_parts(document)) {
-        // The next page of a book lies at once on the table: turns may follow each other
-        // faster than they are painted, and each goes on from the part that is shown then.
+        // Counts from the part that is shown, so a turn before that changes has no further effect.
         lectern_document_go_to_part_async(document, part, mPending.get(), nullptr, nullptr);
     }
 }
