@@ -3,6 +3,7 @@
 
 #include "client/lib/ClientQueue.h"
 
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <thread>
@@ -24,7 +25,7 @@ public:
                                                        std::function<void()> onQueueGone = {});
     // Waits for a running handler.
     ~RecordReader();
-    // Makes the reader end soon, without waiting for it; a handler that runs returns first.
+    // Makes the reader end soon, without waiting for it.
     void stop();
     RecordReader(const RecordReader&) = delete;
     RecordReader& operator=(const RecordReader&) = delete;
@@ -33,12 +34,15 @@ private:
     RecordReader(long address, Handler handler, std::function<void()> onQueueGone)
         : mAddress(address), mHandler(std::move(handler)), mOnQueueGone(std::move(onQueueGone)) {}
     void run();
+    ServerClientMessage wakeRecord() const;
 
     ClientQueue mQueue;
     const long mAddress;
     const Handler mHandler;
     const std::function<void()> mOnQueueGone;
-    std::thread mThread; // cancelled while it waits; no record could end it when the queue is full
+    std::atomic<bool> mWoken{false}; // the record that ends the reader has been sent
+    std::atomic<bool> mEnded{false};
+    std::thread mThread;
 };
 
 } // namespace lectern

@@ -58,10 +58,10 @@ struct ViewListener {
 // View::settle takes what came too late. A System V queue can be waited on for only one
 // address at a time, and a second reader would only hand the answer over.
 //
-// The end of a view: close() cancels lectern-records where it waits for a record, for the
-// queue may be full, then leaves the watch and the pings, each of which waits for a call
-// that is going on. mMutex and mAttendantsMutex are free during this, because such a call
-// may want them.
+// The end of a view: close() stops lectern-records with a record to itself, or cancels it
+// where the queue is full, then leaves the watch and the pings, each of which waits for a
+// call that is going on. mMutex and mAttendantsMutex are free during this, because such a
+// call may want them.
 //
 // The end of a document, in this order: the outbox is closed, so that no callback runs any
 // more; the bus calls that go on are cancelled and the lanes' work that has not begun is
