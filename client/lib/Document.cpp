@@ -80,16 +80,20 @@ Result<std::string> Document::ask(const Request& request, const CallLimits& limi
     return mParts->ask(request, limits);
 }
 
+// Both functions are destroyed where callbacks are called, for they may hold the last
+// reference to an object that owns the document.
 void Document::later(Lane lane, Work work, std::function<void(Failure failure)> onDone,
                      std::stop_token stop) {
-    const auto task = [this, work = std::move(work),
-                       onDone = std::move(onDone)](const std::stop_token& either) {
+    auto task = [this, work = std::move(work),
+                 onDone = std::move(onDone)](const std::stop_token& either) mutable {
         Failure failure = either.stop_requested() ? cancelledError() : work(*this, either);
-        if (onDone) {
-            mParts->tell([onDone, failure = std::move(failure)] { onDone(failure); });
-        }
+        mParts->tell([work = std::move(work), onDone = std::move(onDone), failure = std::move(failure)] {
+            if (onDone) {
+                onDone(failure);
+            }
+        });
     };
-    mParts->later(lane, task, std::move(stop));
+    mParts->later(lane, std::move(task), std::move(stop));
 }
 
 CallLimits Document::limitsInLane(const CallLimits& limits, const std::stop_token& stop) const {

@@ -81,6 +81,8 @@ enum class Lane {
 // Input: pens, keys, gestures and wide mode are queued for the service, which sends
 // no reply. A later paint shows the result. The service serves a paint before input
 // that waits in the queue, so call settle() before a paint that must show an input.
+// Where the queue is full, they block for at most ten seconds; in Lane::Input that holds
+// up no loop of the program.
 //
 // Errors: calls fail with Error::Kind::Gone after the service has stopped, and with
 // TimedOut when the service does not answer, or does not read its queue for ten
@@ -139,8 +141,9 @@ public:
     // as events are, with the result of the work. Where `stop` was used before the work
     // could begin, it is not done, and the result is an error of kind cancelled.
     //
-    // The destructor of the document cancels the work that goes on, waits for it and drops
-    // the rest; it calls no onDone.
+    // Both functions are destroyed where events are called. The destructor of the document
+    // cancels the work that goes on, waits for it, destroys the rest and calls no onDone.
+    // A frame() that is painted in Lane::Paint may be read while no paint waits there.
     void later(Lane lane, Work work, std::function<void(Failure failure)> onDone = {},
                std::stop_token stop = {});
 

@@ -18,6 +18,7 @@ namespace {
 using namespace lectern;
 using namespace std::chrono_literals;
 using testing::Contains;
+using testing::Each;
 using testing::ElementsAre;
 using testing::Not;
 
@@ -132,7 +133,26 @@ TEST_F(Lanes, AnswersAndProgressAreToldOnTheProgramsLoop) {
         g_main_context_iteration(context.get(), TRUE);
     }
     EXPECT_GE(where.size(), 2U);
-    EXPECT_THAT(where, testing::Each(std::this_thread::get_id()));
+    EXPECT_THAT(where, Each(std::this_thread::get_id()));
+}
+
+TEST_F(Lanes, WorkAndItsCallbackAreDestroyedOnTheProgramsLoop) {
+    const GLibHolder<GMainContext> context(g_main_context_new());
+    mOptions.context = context.get();
+    const auto document = open();
+    std::vector<std::thread::id> where;
+    const auto held = [&] {
+        return std::shared_ptr<int>(new int, [&](const int* any) {
+            where.push_back(std::this_thread::get_id());
+            delete any;
+        });
+    };
+    document->later(Lane::Call, [inWork = held()](Document&, const auto&) { return Failure(); });
+    document->ask(touch::goTo(1), [inCallback = held()](const auto&) {});
+    while (where.size() < 2) {
+        g_main_context_iteration(context.get(), TRUE);
+    }
+    EXPECT_THAT(where, Each(std::this_thread::get_id()));
 }
 
 TEST_F(Lanes, AStopTokenCancelsTheCallThatGoesOnAndNoOther) {
