@@ -45,8 +45,13 @@ Presenter::Presenter(Shell& shell, FullScreen& fullScreen)
 // The window and its view may be gone.
 Presenter::~Presenter() {
     g_clear_handle_id(&mPointerTimer, g_source_remove);
-    if (mPresenting) {
-        gtk_application_uninhibit(application(), mInhibition);
+    letIdle();
+}
+
+// Without a manager of the desktop session there is nothing to end.
+void Presenter::letIdle() {
+    if (mInhibition != 0) {
+        gtk_application_uninhibit(application(), std::exchange(mInhibition, 0));
     }
 }
 
@@ -91,7 +96,7 @@ void Presenter::stop() {
     g_clear_handle_id(&mPointerTimer, g_source_remove);
     gtk_widget_set_cursor(GTK_WIDGET(window), nullptr);
     mConsole.reset();
-    gtk_application_uninhibit(application(), mInhibition);
+    letIdle();
     lectern_view_set_presenting(shell().view(), FALSE);
     mFullScreen.setHeaderComesBack(true);
     if (!mWasFull) {

@@ -22,6 +22,7 @@ private:
     void toggle();
     void start();
     void stop();
+    void letIdle();
     // Stops when the desktop ends the full screen.
     void follow();
     void openConsole(GdkMonitor* own);

@@ -64,7 +64,7 @@ void PresenterConsole::showSlide(const char* picture, GObject* document, GAsyncR
     constexpr int STRIDE = PICTURE_WIDTH * 4;
     const int height = static_cast<int>(g_bytes_get_size(pixels) / STRIDE);
     const GLibHolder<GdkTexture> texture(
-        gdk_memory_texture_new(PICTURE_WIDTH, height, GDK_MEMORY_B8G8R8A8_PREMULTIPLIED, pixels, STRIDE));
+        gdk_memory_texture_new(PICTURE_WIDTH, height, GDK_MEMORY_DEFAULT, pixels, STRIDE));
     gtk_picture_set_paintable(GTK_PICTURE(mUi.object(picture)), GDK_PAINTABLE(texture.get()));
     g_bytes_unref(pixels);
 }
