@@ -58,6 +58,17 @@ class ViewTest(unittest.TestCase):
         shown.until(lambda: one.document.get_y() == 0, 'the start')
 
     def test_control_and_the_wheel_zoom(self):
+        one = self.show('tour.docx', scrolled=True)
+        before = one.document.get_zoom()
+        with self.session.screen.held('Ctrl'):
+            self.session.screen.click(100, 100, 4)
+        shown.until(lambda: one.document.get_zoom() > before, 'the wheel')
+        with self.session.screen.held('Ctrl'):
+            self.session.screen.click(100, 100, 5)
+        shown.until(lambda: abs(one.document.get_zoom() - before) < 0.01, 'the way back')
+        self.assertEqual(one.document.get_y(), 0)
+
+    def test_keys_zoom(self):
         one = self.show('tour.docx')
         before = one.document.get_zoom()
         self.session.screen.key('plus')

@@ -1,5 +1,7 @@
 # SPDX-License-Identifier: Apache-2.0
 """Pictures of a display, and a mouse and a keyboard by the XTEST extension."""
+import contextlib
+
 from PIL import Image, ImageChops
 from Xlib import X, XK, display
 from Xlib.ext import xtest
@@ -61,6 +63,17 @@ class Screen:
         for code in reversed(codes):
             xtest.fake_input(self.display, X.KeyRelease, code)
         self.display.sync()
+
+    @contextlib.contextmanager
+    def held(self, modifier):
+        """A modifier, such as 'Ctrl', is down meanwhile."""
+        code = self._code(MODIFIERS[modifier])[0]
+        xtest.fake_input(self.display, X.KeyPress, code)
+        try:
+            yield
+        finally:
+            xtest.fake_input(self.display, X.KeyRelease, code)
+            self.display.sync()
 
     def _code(self, name):
         """The code of a key, and 0, or 1 if it needs Shift."""
