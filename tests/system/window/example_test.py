@@ -2,24 +2,14 @@
 """The example of a window without a toolkit, lectern-window, with fingers and keys."""
 import os
 import signal
-import subprocess
 import unittest
 
-from PIL import Image
-
 from window.case import main
+from window.painted import height_of_title, painted
 from window.screen import difference
-from window.session import BUILD, SOURCE, Session
+from window.session import SOURCE, Session
 
 WIDTH, HEIGHT = 480, 800
-
-
-def height_of_title(picture):
-    """How many rows of pixels the first line of a text has."""
-    rows = [any(value < 128 for value in picture.crop((0, y, picture.width, y + 1)).convert('L').getdata())
-            for y in range(picture.height)]
-    begin = rows.index(True) if True in rows else 0
-    return rows.index(False, begin) - begin if False in rows[begin:] else 0
 
 
 class ExampleWindowTest(unittest.TestCase):
@@ -34,12 +24,7 @@ class ExampleWindowTest(unittest.TestCase):
         self.wait_for(self.first)
 
     def painted(self, *options, size=(WIDTH, HEIGHT)):
-        """What the service paints for `lectern open`."""
-        out = self.session.folder / 'painted.png'
-        subprocess.run([BUILD / 'bin/lectern', 'open', self.path, '-o', out, '--dpi', '96',
-                        '--size', f'{size[0]}x{size[1]}', *options], check=True, stdout=subprocess.DEVNULL)
-        with Image.open(out) as image:
-            return image.convert('RGB')
+        return painted(self.session, self.path, size, *options)
 
     def shown(self, size=(WIDTH, HEIGHT)):
         return self.session.screen.picture((0, 0, *size))

@@ -59,11 +59,11 @@ STYLE = 'window.solid-csd { padding: 0; border: none; box-shadow: none; }'
 
 
 class Session:
-    """See above. width, height: the screen's, in pixels. wayland: a Wayland display, where every
+    """See above. width, height: the screen's, in pixels; 1920 are 508 mm, so that it has 96 dpi exactly. wayland: a Wayland display, where every
     window fills the screen, without `manager` and clipboard(). text_scale: the size of letters
     of the desktop, 1.0 is usual. buttons: those in title bars, in GTK's words. environment: more variables for all programs."""
 
-    def __init__(self, width=1280, height=1280, *, wayland=False, dark=False, text_scale=1.0, animations=False,
+    def __init__(self, width=1920, height=1920, *, wayland=False, dark=False, text_scale=1.0, animations=False,
                  buttons=':close', environment=None):
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix='lectern-window-'))
         self.programs = []
