@@ -31,7 +31,7 @@ class ViewerKindsTest(unittest.TestCase):
             session.manager.resize(*SIZE)
             view = session.wait(lambda: [element for element in session.tree.everything(showing=True)
                                          if element.role.startswith('document ')], 'a view')[0]
-            session.wait(lambda: view.box[2] == SIZE[0], 'a window of this size')
+            session.wait(lambda: session.find('frame').box[2:] == SIZE, 'a window of this size')
 
             def same():
                 left, top, right, bottom = view.box
