@@ -45,7 +45,7 @@ BUS_CONFIGURATION = '''<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus
 SETTINGS = '''[Settings]
 gtk-enable-animations={animations}
 gtk-cursor-blink=0
-gtk-xft-dpi={dpi}
+gtk-font-name=Sans {points}
 gtk-xft-antialias=1
 gtk-xft-hinting=1
 gtk-xft-hintstyle=hintslight
@@ -72,7 +72,7 @@ class Session:
             for name in ('home', 'home/.config/gtk-4.0', 'home/.local/state', 'run', 'services'):
                 (self.folder / name).mkdir(mode=0o700, parents=True, exist_ok=True)
             (self.folder / 'home/.config/gtk-4.0/settings.ini').write_text(SETTINGS.format(
-                animations=int(animations), dpi=round(96 * 1024 * text_scale),
+                animations=int(animations), points=round(11 * text_scale),
                 buttons=buttons), encoding='utf-8')
             (self.folder / 'home/.config/gtk-4.0/gtk.css').write_text(STYLE, encoding='utf-8')
             self._environment(dark, environment or {})
