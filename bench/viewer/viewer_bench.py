@@ -118,7 +118,8 @@ def running(command, count, rest):
         time.sleep(3)
         before = wake_ups(program.pid)
         time.sleep(rest)
-        found['wakes'] = (wake_ups(program.pid) - before) * 60 / rest
+        after = wake_ups(program.pid)  # threads that end meanwhile are not counted
+        found['wakes'] = sum(count - before.get(thread, 0) for thread, count in after.items()) * 60 / rest
         found['memory'] = private_memory(program.pid) / 2**20
         found['engine'] = sum(map(private_memory, descendants('lectern-engine') + descendants('lectern-service')
                                   + descendants('lectern-forksrv'))) / 2**20
