@@ -49,12 +49,21 @@ Place placeOf(LecternDocument* document) {
             .y = inUnits(lectern_document_get_y(document), unit.height)};
 }
 
+// The last row of the document at which a view can begin.
+gint64 reachOf(LecternDocument* document) {
+    return lectern_document_get_document_height(document) - lectern_document_get_visible_height(document);
+}
+
 } // namespace
 
 Bookmark::Bookmark(Shell& shell, History& history)
     : mShell(shell), mHistory(history), mSignals(signalsOfDocument(shell)) {
     for (const char* signal : {"notify::x", "notify::y", "notify::zoom", "notify::part"}) {
         g_signal_group_connect_swapped(mSignals.get(), signal, G_CALLBACK(onSignal<&Bookmark::moved>), this);
+    }
+    for (const char* signal : {"notify::document-height", "notify::visible-height"}) {
+        g_signal_group_connect_swapped(mSignals.get(), signal, G_CALLBACK(onSignal<&Bookmark::reachFurther>),
+                                       this);
     }
 }
 
@@ -63,6 +72,7 @@ void Bookmark::restore(std::function<void()> onDone) {
     const std::string uri = uriOf(document);
     mHistory.add(uri, g_get_real_time() / G_USEC_PER_SEC);
     mTarget = mHistory.placeOf(uri);
+    mShort = false;
     mOnDone = std::move(onDone);
     mPending.giveUp();
     if (mTarget == Place{}) {
@@ -89,20 +99,19 @@ void Bookmark::zoom(GObject* source, GAsyncResult* /*result*/) {
 void Bookmark::scroll(GObject* source, GAsyncResult* /*result*/) {
     LecternDocument* document = LECTERN_DOCUMENT(source);
     const Unit unit = unitOf(document);
-    mReached = lectern_document_get_y(document);
-    lectern_document_scroll_to_async(document, inPixels(mTarget.x, unit.width),
-                                     inPixels(mTarget.y, unit.height), mPending.get(),
-                                     asyncDone<&Bookmark::scrolled>, this);
+    const int wanted = inPixels(mTarget.y, unit.height);
+    mReach = reachOf(document);
+    mShort = wanted > mReach;
+    lectern_document_scroll_to_async(document, inPixels(mTarget.x, unit.width), wanted, mPending.get(),
+                                     asyncDone<&Bookmark::finish>, this);
 }
 
-// A sheet goes as far as it is known, and is then known further.
-void Bookmark::scrolled(GObject* source, GAsyncResult* result) {
-    LecternDocument* document = LECTERN_DOCUMENT(source);
-    const int reached = lectern_document_get_y(document);
-    if (reached > mReached && reached < inPixels(mTarget.y, unitOf(document).height)) {
-        scroll(source, nullptr);
-    } else {
-        finish(source, result);
+// The bars around the view come when the document is open, so the view gets smaller and
+// reaches further down than at first. What is known of a sheet grows, too.
+void Bookmark::reachFurther() {
+    LecternDocument* document = mShell.document();
+    if (document != nullptr && mShort && reachOf(document) > mReach) {
+        scroll(G_OBJECT(document), nullptr);
     }
 }
 
@@ -110,6 +119,7 @@ void Bookmark::finish(GObject* /*source*/, GAsyncResult* /*result*/) {
     if (const auto onDone = std::exchange(mOnDone, nullptr)) {
         onDone();
     }
+    reachFurther();
 }
 
 void Bookmark::moved() {
@@ -130,6 +140,7 @@ void Bookmark::keep() {
     if (mTimer != 0) {
         g_source_remove(std::exchange(mTimer, 0));
     }
+    mShort = false; // a reader who has moved on is not taken back
     LecternDocument* document = mShell.document();
     if (document != nullptr && !mOnDone && std::exchange(mMoved, false)) {
         mHistory.setPlace(uriOf(document), placeOf(document));

@@ -27,15 +27,16 @@ private:
     void moved();
     void zoom(GObject* source, GAsyncResult* result);
     void scroll(GObject* source, GAsyncResult* result);
-    void scrolled(GObject* source, GAsyncResult* result);
     void finish(GObject* source, GAsyncResult* result);
+    void reachFurther();
 
     Shell& mShell;
     History& mHistory;
     GLibHolder<GSignalGroup> mSignals;
     std::function<void()> mOnDone;
     Place mTarget;
-    int mReached = 0; // where the view was before the scroll under way
+    bool mShort = false; // the view did not reach the place
+    gint64 mReach = 0;   // how far it could go then
     bool mMoved = false;
     guint mTimer = 0;
     Pending mPending;

@@ -46,7 +46,7 @@ class OpeningTest(ViewerTest):
         self.wait_for_picture(missing)
 
     def test_the_place_in_a_document_is_remembered(self):
-        for extension in ('docx', 'pptx'):
+        for extension in ('docx', 'xlsx', 'pptx'):
             with self.subTest(extension):
                 copy = self.session.copy_of(SAMPLES / f'tour.{extension}')
                 program = self.open(copy, None)
