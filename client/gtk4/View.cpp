@@ -93,6 +93,7 @@ void View::selectAll() {
 }
 
 void View::clearSelection() {
+    mMenu.close();
     mHandles.show(false);
     mSelection.clear();
 }

@@ -77,14 +77,25 @@ class ViewerTouchTest(unittest.TestCase):
         self.session.touch.double_tap(100, self.top + 60)
         self.wait_for(self.first)
 
-    def test_a_long_press_selects_a_word_and_its_menu_copies_it(self):
+    def press_a_word(self):
+        """A finger rests on a word until it is selected, and leaves."""
         word = 60, self.top + 33  # the second one of "A Tour of the Harbour"
         before = self.part(self.shown(), 0, 60)
         self.session.touch.down(*word)
         self.session.wait(lambda: difference(self.part(self.shown(), 0, 60), before) > 0.02, 'a selection')
         self.session.touch.up(*word)
+
+    def test_a_long_press_selects_a_word_and_its_menu_copies_it(self):
+        self.press_a_word()
         self.session.find('menu item', 'Copy').click()
         self.session.wait(lambda: self.session.clipboard(0.2) == 'Tour', 'the word in the clipboard')
+
+    def test_escape_ends_a_selection_and_closes_its_menu(self):
+        self.press_a_word()
+        self.session.find('menu item', 'Copy')
+        self.session.screen.key('Escape')
+        self.session.wait(lambda: not self.session.tree.all('menu item', 'Copy'), 'a closed menu')
+        self.wait_for(self.first)
 
     def test_a_turned_window_is_laid_out_anew(self):
         self.session.manager.resize(*TURNED)
