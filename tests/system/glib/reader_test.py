@@ -27,15 +27,26 @@ def wait(condition):
 
 
 def descendants(process):
-    for child in pathlib.Path(f'/proc/{process}/task/{process}/children').read_text().split():
-        yield int(child)
-        yield from descendants(int(child))
+    try:
+        children = pathlib.Path(f'/proc/{process}/task/{process}/children').read_text().split()
+    except (FileNotFoundError, ProcessLookupError):  # it has ended meanwhile
+        return
+    for child in map(int, children):
+        yield child
+        yield from descendants(child)
+
+
+def runs_service(process):
+    try:
+        return os.readlink(f'/proc/{process}/exe').endswith('/lectern-service')
+    except (FileNotFoundError, ProcessLookupError):
+        return False
 
 
 def kill_service():
-    for process in descendants(os.getpid()):
-        if os.readlink(f'/proc/{process}/exe').endswith('/lectern-service'):
-            os.kill(process, signal.SIGKILL)
+    services = [process for process in descendants(os.getpid()) if runs_service(process)]
+    for process in services:
+        os.kill(process, signal.SIGKILL)
 
 
 class Reader:
