@@ -32,7 +32,7 @@ class SharingTest(ViewerTest):
         target = self.session.folder / name
         self.portal.results['SaveFile'] = {'uris': GLib.Variant('as', [target.as_uri()])}
         self.choose(*menu)
-        self.find('label', 'Saved')
+        self.wait(lambda: target.exists() and target.stat().st_size > 0, 'the saved file')
         return target.read_bytes()
 
     def test_a_copy_is_saved(self):

@@ -158,7 +158,7 @@ class Session:
         self.programs.append(started)
         return started
 
-    def wait(self, condition, what, seconds=20):
+    def wait(self, condition, what, seconds=60):
         """Returns the condition's value as soon as it is true; see Tree.wait()."""
         return self.tree.wait(condition, what, seconds)
 

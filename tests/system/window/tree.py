@@ -145,7 +145,7 @@ class Tree:
         """The whole tree as lines."""
         return ''.join(program.dump() for program in self.programs())
 
-    def wait(self, condition, what, seconds=20):
+    def wait(self, condition, what, seconds=60):
         """Returns the condition's value as soon as it is true. It is tried after every event of the tree,
         and every 20 ms, because pictures and files have no events. Fails with `what` and the tree."""
         context = GLib.MainContext.default()
@@ -171,6 +171,6 @@ class Tree:
             return name.search(element.name) is not None
         return [element for element in (within.all(showing) if within else self.everything(showing)) if fits(element)]
 
-    def find(self, role, name=None, *, within=None, showing=True, seconds=20):
+    def find(self, role, name=None, *, within=None, showing=True, seconds=60):
         """Waits for such an element and returns the first one."""
         return self.wait(lambda: self.all(role, name, within=within, showing=showing), f'a {role} "{name}"', seconds)[0]
