@@ -3,7 +3,7 @@
 
 #include "base/GLibHolder.h"
 #include "client/lib/Errors.h"
-#include "client/lib/Json.h"
+#include <lectern/CommonCalls.h>
 
 #include <glib.h>
 
@@ -48,14 +48,6 @@ std::string propertyLine(const std::string& label, const std::string& value) {
     return text.empty() ? "" : label + ":" + std::string(LABEL_WIDTH - label.size() - 1, ' ') + text + "\n";
 }
 
-// The service returns the start of the Unix epoch for an unset date; west of
-// Greenwich that is in 1969. Returns an empty text for it.
-std::string knownDate(const std::string& date) {
-    const bool unknown =
-        date.find(", 1970,") != std::string::npos || date.find(", 1969,") != std::string::npos;
-    return unknown ? "" : date;
-}
-
 } // namespace
 
 std::string onOneLine(const std::string& text) {
@@ -80,19 +72,17 @@ std::string onSeveralLines(const std::string& text) {
 
 std::string propertyListing(DocumentKind kind, const std::string& reply) {
     std::string lines = propertyLine("Kind", kindName(kind));
-    const std::optional<JsonMembers> properties = JsonMembers::parse(reply);
+    const auto properties = common::getProperties().read(reply);
     if (!properties) {
         return lines;
     }
-    constexpr std::pair<const char*, const char*> LABELS[] = {
-        {"Name", "name"}, {"Author", "author"}, {"Description", "description"}};
-    for (const auto& [label, key] : LABELS) {
-        lines += propertyLine(label, properties->string(key).value_or(""));
-    }
-    lines += propertyLine("Created", knownDate(properties->string("createdate").value_or("")));
-    lines += propertyLine("Last saved", knownDate(properties->string("lastsave").value_or("")));
-    if (const std::optional<int> words = properties->integer("wordcnt")) {
-        lines += propertyLine("Words", std::to_string(*words));
+    lines += propertyLine("Name", properties->name);
+    lines += propertyLine("Author", properties->author);
+    lines += propertyLine("Description", properties->description);
+    lines += propertyLine("Created", properties->created);
+    lines += propertyLine("Last saved", properties->saved);
+    if (properties->words) {
+        lines += propertyLine("Words", std::to_string(*properties->words));
     }
     return lines;
 }
